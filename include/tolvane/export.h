@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/qglobal.h>
+
+/// Marks what the shared library shows to its users; everything else stays hidden.
+#if defined(TOLVANE_CORE_STATIC)
+#define TOLVANE_EXPORT
+#elif defined(TOLVANE_BUILDING_CORE)
+#define TOLVANE_EXPORT Q_DECL_EXPORT
+#else
+#define TOLVANE_EXPORT Q_DECL_IMPORT
+#endif

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tolvane/error.h>
+
+#include <optional>
+#include <utility>
+#include <variant>
+
+namespace tolvane {
+
+/// What a piece of remote content is doing; a plain value that a store replaces as a whole.
+///
+/// | case                   | meaning                                                       |
+/// |------------------------|---------------------------------------------------------------|
+/// | `loadingWithPreview`   | a load is running, a provisional value can be shown meanwhile |
+/// | `loaded`               | the content is here                                           |
+/// | `error`                | the last load failed                                          |
+/// | `idle`                 | nothing was asked for yet                                     |
+/// | `loading`              | a load is running, nothing can be shown yet                   |
+/// | `empty`                | the load succeeded and there is nothing to show               |
+template <typename Value>
+class LoadingState
+{
+public:
+    enum class Case { loadingWithPreview, loaded, error, idle, loading, empty };
+
+    LoadingState() = default;
+
+    static LoadingState loadingWithPreview(Value preview)
+    {
+        return {Case::loadingWithPreview, std::move(preview)};
+    }
+    static LoadingState loaded(Value value) { return {Case::loaded, std::move(value)}; }
+    static LoadingState error(ErrorPtr error) { return {Case::error, std::move(error)}; }
+    static LoadingState idle() { return {}; }
+    static LoadingState loading() { return {Case::loading, std::monostate()}; }
+    static LoadingState empty() { return {Case::empty, std::monostate()}; }
+
+    Case current() const { return m_case; }
+
+    /// True while a load runs, with or without a preview.
+    bool isLoading() const { return m_case == Case::loading || m_case == Case::loadingWithPreview; }
+
+    /// The content; absent in every case but `loaded`, also where there is a preview.
+    std::optional<Value> value() const { return payload(Case::loaded); }
+
+    /// The provisional content; absent in every case but `loadingWithPreview`.
+    std::optional<Value> previewValue() const { return payload(Case::loadingWithPreview); }
+
+    /// Why the load failed; null in every case but `error`.
+    ErrorPtr failure() const
+    {
+        const ErrorPtr *error = std::get_if<ErrorPtr>(&m_payload);
+        return error ? *error : nullptr;
+    }
+
+private:
+    using Payload = std::variant<std::monostate, Value, ErrorPtr>;
+
+    LoadingState(Case current, Payload payload)
+        : m_case(current)
+        , m_payload(std::move(payload))
+    {
+    }
+
+    std::optional<Value> payload(Case wanted) const
+    {
+        if (m_case != wanted)
+            return std::nullopt;
+        return std::get<Value>(m_payload);
+    }
+
+    Case m_case = Case::idle;
+    Payload m_payload;
+};
+
+} // namespace tolvane

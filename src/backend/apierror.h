@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tolvane/error.h>
+
+#include <QtCore/QByteArray>
+
+namespace tolvane {
+
+/// An answer whose HTTP status is a failure.
+class APIError final : public Error
+{
+public:
+    enum Case { clientError, serverError, unknownError };
+
+    /// @param body the response's body, which becomes the text where it is valid UTF-8; not kept
+    /// for
+    ///        `unknownError`
+    explicit APIError(Case failure, const QByteArray &body = {});
+
+    Case failure() const { return static_cast<Case>(code()); }
+    QByteArray body() const { return m_body; }
+
+private:
+    QByteArray m_body;
+};
+
+} // namespace tolvane

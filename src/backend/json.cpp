@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "backend/json.h"
+
+#include "backend/jsonreader.h"
+#include "backend/jsonwriter.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+namespace tolvane::json {
+
+namespace {
+
+template <typename T>
+QVariant variant(const T &value)
+{
+    return QVariant::fromValue(value);
+}
+
+template <Record T>
+QVariant variant(const T &record)
+{
+    return dictionary(record);
+}
+
+template <typename T>
+QVariant variant(const QList<T> &list)
+{
+    QVariantList variants;
+    variants.reserve(list.size());
+    for (const T &item : list)
+        variants += variant(item);
+    return variants;
+}
+
+template <typename T>
+QVariant variant(const std::optional<T> &value)
+{
+    return value ? variant(*value) : QVariant();
+}
+
+} // namespace
+
+template <typename T>
+T decode(QByteArrayView bytes)
+{
+    simdjson::dom::parser parser;
+    Element root;
+    const auto error = parser.parse(bytes.data(), static_cast<std::size_t>(bytes.size())).get(root);
+    if (error) {
+        throw DecodingError(DecodingError::dataCorrupted, {},
+                            QStringLiteral("The data is not valid JSON. (%1)")
+                                .arg(QLatin1String(simdjson::error_message(error))));
+    }
+    T value;
+    read(root, value, CodingPath());
+    return value;
+}
+
+template <typename T>
+T decode(const QVariantMap &dictionary)
+{
+    const QJsonDocument document(QJsonObject::fromVariantMap(dictionary));
+    return decode<T>(document.toJson(QJsonDocument::Compact));
+}
+
+template <typename T>
+QByteArray encode(const T &record)
+{
+    QByteArray out;
+    write(out, record);
+    return out;
+}
+
+template <typename T>
+QVariantMap dictionary(const T &record)
+{
+    QVariantMap map;
+    forEachField<T>([&](const auto &field) {
+        map.insert(QString::fromLatin1(field.key.data(), static_cast<qsizetype>(field.key.size())),
+                   variant(record.*field.member));
+    });
+    return map;
+}
+
+QString text(const QVariantMap &dictionary)
+{
+    const QJsonDocument document(QJsonObject::fromVariantMap(dictionary));
+    return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+}
+
+template BrandingDto decode(QByteArrayView);
+template TicketDto decode(QByteArrayView);
+template QList<TicketPreviewDto> decode(QByteArrayView);
+template MessageDto decode(QByteArrayView);
+template SenderDto decode(QByteArrayView);
+template DeviceInfoDto decode(QByteArrayView);
+
+template MessageDto decode(const QVariantMap &);
+template TicketPreviewDto decode(const QVariantMap &);
+
+template QByteArray encode(const BrandingDto &);
+template QByteArray encode(const TicketDto &);
+template QByteArray encode(const TicketPreviewDto &);
+template QByteArray encode(const MessageDto &);
+template QByteArray encode(const CreateTicketDto &);
+template QByteArray encode(const UpdateCustomerDto &);
+template QByteArray encode(const UpdateDeviceDto &);
+
+template QVariantMap dictionary(const MessageDto &);
+template QVariantMap dictionary(const TicketPreviewDto &);
+template QVariantMap dictionary(const TicketDto &);
+
+} // namespace tolvane::json

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "backend/decodingerror.h"
+#include "backend/records.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QVariantMap>
+
+// The JSON mapping of the records. Everything here is driven by the field tables; the templates are
+// instantiated in json.cpp for the records that are read or written.
+
+namespace tolvane::json {
+
+/// Reads a record, or a list of records, from UTF-8 JSON. Strict: required fields must be there in
+/// their types, the text must be one well-formed JSON value with valid UTF-8. Unknown keys are
+/// passed over. Throws DecodingError.
+template <typename T>
+T decode(QByteArrayView bytes);
+
+/// Reads a record from the dictionary of a broadcast. Throws DecodingError.
+template <typename T>
+T decode(const QVariantMap &dictionary);
+
+/// Writes a record as compact JSON; absent optionals are left out.
+template <typename T>
+QByteArray encode(const T &record);
+
+/// A record as nested dictionaries, absent optionals as null values: the form in which it travels
+/// in a broadcast.
+template <typename T>
+QVariantMap dictionary(const T &record);
+
+/// A dictionary as a text for people: compact JSON, keys in order.
+QString text(const QVariantMap &dictionary);
+
+} // namespace tolvane::json

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tolvane/tolvane.h>
+
+/// What the facade does with the host's pushes, once it has made sure that it may. Main thread.
+namespace tolvane::pushrouting {
+
+bool isOurs(const QVariantMap &payload);
+void registerDevice(const QByteArray &deviceToken);
+PresentationOptions willPresent(const QVariantMap &payload);
+void handle(const QVariantMap &payload);
+
+} // namespace tolvane::pushrouting

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tolvane/error.h>
+
+namespace tolvane {
+
+/// An operation was told to stop before it was done.
+class CancellationError final : public Error
+{
+public:
+    CancellationError();
+};
+
+/// The transport could not bring a request to its answer. Codes are those that dashboards know from
+/// "NSURLErrorDomain".
+class UrlError final : public Error
+{
+public:
+    enum Code {
+        cancelled = -999,
+        badURL = -1000,
+        timedOut = -1001,
+        unsupportedURL = -1002,
+        cannotFindHost = -1003,
+        cannotConnectToHost = -1004,
+        networkConnectionLost = -1005,
+        notConnectedToInternet = -1009,
+        badServerResponse = -1011,
+        dataLengthExceedsMaximum = -1103,
+        secureConnectionFailed = -1200,
+    };
+
+    /// @param detail what the network stack says, for the developer's eyes; may be empty
+    explicit UrlError(Code code, const QString &detail = {});
+};
+
+/// The exception in flight as a shared error, whatever its type. To be called in a catch block.
+ErrorPtr currentError();
+
+} // namespace tolvane

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "platform/executor.h"
+
+#include "platform/guard.h"
+#include "platform/winddown.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QThreadPool>
+
+namespace tolvane {
+
+namespace {
+
+class MainExecutor final : public Executor
+{
+public:
+    void post(std::function<void()> work) override
+    {
+        QCoreApplication *app = QCoreApplication::instance();
+        if (!app)
+            return;
+        QMetaObject::invokeMethod(
+            app, [work = std::move(work)] { guarded("a posted call", work); },
+            Qt::QueuedConnection);
+    }
+};
+
+class WorkerPool final : public Executor
+{
+public:
+    WorkerPool()
+    {
+        m_pool.setObjectName(QStringLiteral("tolvane-workers"));
+        m_windDown = atWindDown([this] {
+            m_pool.clear();
+            m_pool.waitForDone();
+        });
+    }
+
+    void post(std::function<void()> work) override
+    {
+        m_pool.start([work = std::move(work)] { guarded("a worker's job", work); });
+    }
+
+private:
+    QThreadPool m_pool;
+    WindDownHook m_windDown;
+};
+
+} // namespace
+
+std::unique_ptr<Executor> makeMainExecutor()
+{
+    return std::make_unique<MainExecutor>();
+}
+
+std::unique_ptr<Executor> makeWorkerPool()
+{
+    return std::make_unique<WorkerPool>();
+}
+
+} // namespace tolvane

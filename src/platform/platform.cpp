@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "platform/platform.h"
+
+#include "platform/eventloopthread.h"
+
+#include <atomic>
+#include <mutex>
+
+namespace tolvane {
+
+namespace {
+
+std::optional<QString> processEnvironmentVariable(const char *name)
+{
+    if (!qEnvironmentVariableIsSet(name))
+        return std::nullopt;
+    return qEnvironmentVariable(name);
+}
+
+std::mutex &creation()
+{
+    static auto *mutex = new std::mutex;
+    return *mutex;
+}
+
+// Never destroyed: the services outlive static destruction, as do the instances that use them.
+std::atomic<Platform *> current = nullptr;
+
+} // namespace
+
+Platform makeProductionPlatform()
+{
+    auto mainThread = makeMainExecutor();
+    auto notificationCenter = std::make_unique<NotificationCenter>(*mainThread);
+    return Platform{
+        .mainThread = std::move(mainThread),
+        .workers = makeWorkerPool(),
+        .pollingThread = std::make_unique<EventLoopThread>(QStringLiteral("tolvane-polling")),
+        .notificationCenter = std::move(notificationCenter),
+        .preferences = makeFilePreferences(),
+        .clock = makeSystemClock(),
+        .urlSession = makeNetworkSession(),
+        .device = makeSystemDevice(),
+        .bundle = makeApplicationBundle(),
+        .makeLogSink = makeLoggingCategorySink,
+        .environmentVariable = processEnvironmentVariable,
+        .present = {},
+    };
+}
+
+Platform &platform()
+{
+    if (Platform *installed = current.load(std::memory_order_acquire))
+        return *installed;
+    const std::scoped_lock lock(creation());
+    if (!current.load(std::memory_order_acquire))
+        current.store(new Platform(makeProductionPlatform()), std::memory_order_release);
+    return *current.load(std::memory_order_acquire);
+}
+
+std::unique_ptr<Platform> exchangePlatform(std::unique_ptr<Platform> replacement)
+{
+    const std::scoped_lock lock(creation());
+    return std::unique_ptr<Platform>(current.exchange(replacement.release()));
+}
+
+} // namespace tolvane

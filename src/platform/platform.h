@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/executor.h"
+#include "platform/mainthread.h"
+#include "platform/notificationcenter.h"
+#include "platform/preferences.h"
+#include "platform/services.h"
+#include "platform/urlsession.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace tolvane {
+
+/// The services that the library stands on. Nothing else in it reads a clock, opens a socket,
+/// touches a file or asks the device anything.
+struct Platform
+{
+    std::unique_ptr<Executor> mainThread;
+    std::unique_ptr<Executor> workers;
+    std::unique_ptr<Executor> pollingThread;
+    std::unique_ptr<NotificationCenter> notificationCenter;
+    std::unique_ptr<Preferences> preferences;
+    std::unique_ptr<Clock> clock;
+    std::unique_ptr<UrlSession> urlSession;
+    std::unique_ptr<Device> device;
+    std::unique_ptr<Bundle> bundle;
+
+    /// The platform's log for a subsystem and a category within it.
+    std::function<std::unique_ptr<LogSink>(const QString &subsystem, const QString &category)>
+        makeLogSink;
+
+    /// A variable of the process environment, read anew at each call.
+    std::function<std::optional<QString>(const char *name)> environmentVariable;
+
+    /// Shows the messenger over the root view of the host's foreground window, if there is one.
+    /// Set by the user-interface library; empty in a process without it.
+    std::function<void()> present;
+};
+
+/// A platform with the production services.
+Platform makeProductionPlatform();
+
+/// The platform of this process: the production services, made at first use, unless another was
+/// installed before. Safe from any thread.
+Platform &platform();
+
+/// Puts another platform in place and gives back the one before. Only while nothing runs on it.
+std::unique_ptr<Platform> exchangePlatform(std::unique_ptr<Platform> replacement);
+
+} // namespace tolvane

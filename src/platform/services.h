@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+
+#include <memory>
+#include <optional>
+
+namespace tolvane {
+
+/// Gravity of a log line as the platform's log knows it.
+enum class LogType { debug, info, error, fault };
+
+/// Takes finished lines to the platform's log. Safe from any thread.
+class LogSink
+{
+public:
+    LogSink() = default;
+    LogSink(const LogSink &) = delete;
+    LogSink &operator=(const LogSink &) = delete;
+    virtual ~LogSink() = default;
+
+    virtual bool isEnabled(LogType type) const = 0;
+    virtual void write(LogType type, const QString &line) = 0;
+};
+
+/// Lines to Qt's logging under the category `subsystem`.`category`. A fault is a critical message:
+/// Qt's fatal one would end the host.
+std::unique_ptr<LogSink> makeLoggingCategorySink(const QString &subsystem, const QString &category);
+
+/// What the device says of itself.
+class Device
+{
+public:
+    enum class BatteryState { unknown, unplugged, charging, full };
+
+    Device() = default;
+    Device(const Device &) = delete;
+    Device &operator=(const Device &) = delete;
+    virtual ~Device() = default;
+
+    virtual QString model() const = 0;
+    virtual QString name() const = 0;
+    virtual QString systemVersion() const = 0;
+    /// 0 to 1; -1 when it is not known.
+    virtual float batteryLevel() const = 0;
+    virtual BatteryState batteryState() const = 0;
+    /// In device-independent pixels, as the screen is turned now; 0 by 0 without a screen.
+    virtual QSizeF screenSize() const = 0;
+    virtual QString localeIdentifier() const = 0;
+    virtual QString timeZoneIdentifier() const = 0;
+};
+
+/// The device that the process runs on. Screens are the user-interface library's to know.
+std::unique_ptr<Device> makeSystemDevice();
+
+/// What the host application says of itself.
+class Bundle
+{
+public:
+    Bundle() = default;
+    Bundle(const Bundle &) = delete;
+    Bundle &operator=(const Bundle &) = delete;
+    virtual ~Bundle() = default;
+
+    virtual std::optional<QString> hostVersion() const = 0;
+    virtual std::optional<QString> hostBuild() const = 0;
+};
+
+/// The version is QCoreApplication::applicationVersion(), the build the text in the application
+/// object's dynamic property "applicationBuild".
+std::unique_ptr<Bundle> makeApplicationBundle();
+
+} // namespace tolvane

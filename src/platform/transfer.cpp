@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "platform/transfer.h"
+
+#include "platform/onesendbody.h"
+
+#include <QtNetwork/QNetworkAccessManager>
+#include <QtNetwork/QNetworkReply>
+#include <QtNetwork/QNetworkRequest>
+
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+constexpr qsizetype maximumBodySize = 100 * 1024 * 1024;
+constexpr int maximumRedirects = 16;
+
+struct ErrorCode
+{
+    QNetworkReply::NetworkError error;
+    UrlError::Code code;
+};
+
+// What is not listed has no better name than a lost connection.
+constexpr std::array errorCodes = {
+    ErrorCode{QNetworkReply::ConnectionRefusedError, UrlError::cannotConnectToHost},
+    ErrorCode{QNetworkReply::HostNotFoundError, UrlError::cannotFindHost},
+    ErrorCode{QNetworkReply::TimeoutError, UrlError::timedOut},
+    // Nobody but the idle timer aborts a transfer.
+    ErrorCode{QNetworkReply::OperationCanceledError, UrlError::timedOut},
+    ErrorCode{QNetworkReply::SslHandshakeFailedError, UrlError::secureConnectionFailed},
+    ErrorCode{QNetworkReply::TemporaryNetworkFailureError, UrlError::notConnectedToInternet},
+    ErrorCode{QNetworkReply::NetworkSessionFailedError, UrlError::notConnectedToInternet},
+    ErrorCode{QNetworkReply::ProxyConnectionRefusedError, UrlError::cannotConnectToHost},
+    ErrorCode{QNetworkReply::ProxyNotFoundError, UrlError::cannotFindHost},
+    ErrorCode{QNetworkReply::ProxyTimeoutError, UrlError::timedOut},
+    ErrorCode{QNetworkReply::ProtocolUnknownError, UrlError::unsupportedURL},
+    ErrorCode{QNetworkReply::ProtocolFailure, UrlError::badServerResponse},
+    ErrorCode{QNetworkReply::UnknownContentError, UrlError::badServerResponse},
+};
+
+UrlError transportError(const QNetworkReply &reply)
+{
+    for (const ErrorCode &entry : errorCodes) {
+        if (entry.error == reply.error())
+            return UrlError(entry.code, reply.errorString());
+    }
+    return UrlError(UrlError::networkConnectionLost, reply.errorString());
+}
+
+/// Whether the "error" of a reply only says that its status is 4xx or 5xx, which makes it an
+/// answer.
+bool isHttpAnswer(QNetworkReply::NetworkError error, int status)
+{
+    if (status == 0)
+        return false;
+    if (error == QNetworkReply::NoError)
+        return true;
+    const bool clientFailure =
+        error == QNetworkReply::ProxyAuthenticationRequiredError ||
+        error == QNetworkReply::ProtocolInvalidOperationError ||
+        (error >= QNetworkReply::ContentAccessDenied &&
+         error <= QNetworkReply::UnknownContentError && error != QNetworkReply::ContentReSendError);
+    const bool serverFailure = error >= QNetworkReply::InternalServerError;
+    return (status >= 400 && clientFailure) || (status >= 500 && serverFailure);
+}
+
+bool isSameOrigin(const QUrl &a, const QUrl &b)
+{
+    const auto port = [](const QUrl &url) {
+        return url.port(url.scheme() == QLatin1String("https") ? 443 : 80);
+    };
+    return a.scheme() == b.scheme() && a.host() == b.host() && port(a) == port(b);
+}
+
+bool isHeaderText(const QByteArray &text)
+{
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
+}
+
+std::optional<UrlError> refusal(const UrlRequest &request)
+{
+    if (!request.url.isValid() || request.url.host().isEmpty())
+        return UrlError(UrlError::badURL);
+    const QString scheme = request.url.scheme();
+    if (scheme != QLatin1String("http") && scheme != QLatin1String("https"))
+        return UrlError(UrlError::unsupportedURL);
+    for (const auto &[name, value] : request.headers) {
+        // A line end in a value would let it add headers of its own.
+        if (!isHeaderText(value))
+            return UrlError(
+                UrlError::badURL,
+                QStringLiteral("header %1 has a line end").arg(QString::fromLatin1(name)));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Transfer::Transfer(QNetworkAccessManager &manager, UrlRequest request,
+                   std::shared_ptr<QPromise<UrlResponse>> promise)
+    : QObject(&manager)
+    , m_manager(manager)
+    , m_request(std::move(request))
+    , m_promise(std::move(promise))
+{
+}
+
+void Transfer::begin()
+{
+    if (const auto error = refusal(m_request))
+        fail(*error);
+    else
+        send();
+}
+
+void Transfer::send()
+{
+    QNetworkRequest request(m_request.url);
+    for (const auto &[name, value] : m_request.headers)
+        request.setRawHeader(name, value);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
+    request.setTransferTimeout(static_cast<int>(m_request.timeout.count()));
+
+    auto *body = new OneSendBody(m_request.body);
+    m_body.clear();
+    m_reply = m_manager.sendCustomRequest(request, m_request.method, body);
+    body->setParent(m_reply);
+    connect(m_reply, &QNetworkReply::readyRead, this, &Transfer::readAvailable);
+    connect(m_reply, &QNetworkReply::finished, this, &Transfer::finish);
+}
+
+void Transfer::readAvailable()
+{
+    m_body += m_reply->readAll();
+    if (m_body.size() <= maximumBodySize)
+        return;
+    m_tooLarge = true;
+    m_body.clear();
+    m_reply->abort();
+}
+
+void Transfer::finish()
+{
+    m_reply->deleteLater();
+    if (m_tooLarge)
+        return fail(UrlError(UrlError::dataLengthExceedsMaximum));
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (!isHttpAnswer(m_reply->error(), status))
+        return fail(transportError(*m_reply));
+    if (followRedirect(status))
+        return;
+    m_body += m_reply->readAll();
+    succeed(status);
+}
+
+bool Transfer::followRedirect(int status)
+{
+    const bool keepsMethod = status == 307 || status == 308;
+    const bool isRedirect = keepsMethod || (status >= 301 && status <= 303);
+    const QUrl location = m_reply->header(QNetworkRequest::LocationHeader).toUrl();
+    if (!isRedirect || location.isEmpty() || m_redirects == maximumRedirects)
+        return false;
+    const QUrl target = m_request.url.resolved(location);
+    if (!target.isValid() || !isSameOrigin(target, m_request.url))
+        return false;
+    ++m_redirects;
+    m_request.url = target;
+    if (!keepsMethod && m_request.method != "GET") {
+        // RFC 9110, 15.4: the answer to what was posted is to be fetched.
+        m_request.method = "GET";
+        m_request.body.clear();
+        m_request.headers.removeIf(
+            [](const auto &header) { return header.first == "Content-Type"; });
+    }
+    send();
+    return true;
+}
+
+void Transfer::succeed(int status)
+{
+    m_promise->addResult(UrlResponse{status, m_reply->rawHeaderPairs(), std::move(m_body)});
+    m_promise->finish();
+    deleteLater();
+}
+
+void Transfer::fail(const UrlError &error)
+{
+    m_promise->setException(std::make_exception_ptr(error));
+    m_promise->finish();
+    deleteLater();
+}
+
+} // namespace tolvane

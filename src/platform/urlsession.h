@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QFuture>
+#include <QtCore/QList>
+#include <QtCore/QPair>
+#include <QtCore/QUrl>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+namespace tolvane {
+
+using HttpHeaders = QList<QPair<QByteArray, QByteArray>>;
+
+struct UrlRequest
+{
+    QUrl url;
+    QByteArray method = "GET";
+    HttpHeaders headers;
+    QByteArray body;
+    /// How long nothing may arrive or leave before the request has timed out.
+    std::chrono::milliseconds timeout = std::chrono::seconds(60);
+};
+
+struct UrlResponse
+{
+    int status = 0;
+    HttpHeaders headers;
+    QByteArray body;
+
+    /// The value of a header, whose name is compared without regard to case.
+    std::optional<QByteArray> header(QByteArrayView name) const;
+};
+
+/// Brings requests to their answers.
+class UrlSession
+{
+public:
+    UrlSession() = default;
+    UrlSession(const UrlSession &) = delete;
+    UrlSession &operator=(const UrlSession &) = delete;
+    virtual ~UrlSession() = default;
+
+    /// Sends the request once, and never a second time by itself. Any answer with an HTTP status is
+    /// a response. Redirects are followed on the same origin only, since requests carry the API
+    /// key; others are the response. Fails with UrlError. Safe from any thread.
+    virtual QFuture<UrlResponse> data(UrlRequest request) = 0;
+};
+
+/// The session on the network, on a thread of its own. Responses are held whole in memory, up to
+/// 100 MiB, counted after decompression.
+std::unique_ptr<UrlSession> makeNetworkSession();
+
+} // namespace tolvane

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "state/sdkdata.h"
+
+#include "analytics/manager.h"
+#include "backend/apiclient.h"
+#include "core/notifications.h"
+#include "core/persistentstore.h"
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "platform/shared.h"
+#include "state/colorscheme.h"
+#include "state/reporting.h"
+
+namespace tolvane {
+
+namespace {
+
+/// Keeps a branding that came and gives the one that is kept now.
+std::optional<BrandingDto> storeAndReload(const std::optional<BrandingDto> &received)
+{
+    if (received)
+        persistentstore::setBranding(received);
+    return persistentstore::branding();
+}
+
+QCoro::Task<std::optional<BrandingDto>> loadBranding()
+{
+    Executor &workers = *platform().workers;
+    const auto stored = co_await settled(workers.run(persistentstore::branding));
+    std::optional<QString> updatedAt;
+    if (stored)
+        updatedAt = stored->updatedAt;
+    const APIClient client = APIClient::live();
+    const auto received = co_await client.getBranding(updatedAt);
+    auto kept = workers.run([received] { return storeAndReload(received); });
+    co_return co_await settled(kept);
+}
+
+} // namespace
+
+const std::shared_ptr<SdkData> &SdkData::shared()
+{
+    return sharedInstance<SdkData>();
+}
+
+SdkData::SdkData()
+{
+    m_stateObservation = platform().notificationCenter->observe(
+        notifications::didChangeState, NotificationCenter::Delivery::mainThread,
+        // The observation ends with this store, so the callback never outlives it.
+        [this](const NotificationCenter::UserInfo &userInfo) { onStateChange(userInfo); });
+}
+
+void SdkData::onStateChange(const NotificationCenter::UserInfo &userInfo)
+{
+    const QVariant open = userInfo.value_or(QVariantMap()).value(QStringLiteral("open"));
+    if (open.typeId() != QMetaType::Bool || open.toBool() == m_isOpen)
+        return;
+    m_isOpen = open.toBool();
+    Q_EMIT changed();
+}
+
+QCoro::Task<> SdkData::fetchSettings()
+{
+    const auto self = shared_from_this();
+    try {
+        const auto branding = co_await loadBranding();
+        if (branding)
+            ColorScheme::shared().update(*branding);
+        if (!m_settingsDidLoad) {
+            m_settingsDidLoad = true;
+            Q_EMIT changed();
+        }
+        TolvaneAnalyticsManager::shared().track(
+            TolvaneAnalyticsEvent::Lifecycle::fetchedSettings,
+            {{TolvaneAnalyticsEvent::PropertyKeys::actionType, QStringLiteral("lifecycle")}});
+    } catch (...) {
+        reportFailure(QStringLiteral("Error fetching styling: "), QStringLiteral("fetchSettings"),
+                      *currentError());
+    }
+}
+
+} // namespace tolvane

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/notificationcenter.h"
+
+#include <QCoroTask>
+#include <QtCore/QObject>
+
+#include <memory>
+
+namespace tolvane {
+
+/// What applies to the whole messenger: whether the settings have arrived and whether it is on
+/// screen. Main thread.
+class SdkData final : public QObject, public std::enable_shared_from_this<SdkData>
+{
+    Q_OBJECT
+    Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY changed)
+    Q_PROPERTY(bool isOpen READ isOpen NOTIFY changed)
+
+public:
+    static const std::shared_ptr<SdkData> &shared();
+
+    SdkData();
+
+    /// True once a load of the settings has ended well.
+    bool settingsDidLoad() const { return m_settingsDidLoad; }
+    /// True while the messenger is on screen, as the "didChangeState" broadcast tells.
+    bool isOpen() const { return m_isOpen; }
+
+    /// Loads the branding, keeps it and gives it to the ColorScheme. Failures are reported, and
+    /// leave everything as it was.
+    QCoro::Task<> fetchSettings();
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void onStateChange(const NotificationCenter::UserInfo &userInfo);
+
+    bool m_settingsDidLoad = false;
+    bool m_isOpen = false;
+    NotificationCenter::Observation m_stateObservation;
+};
+
+} // namespace tolvane

@@ -1,0 +1,309 @@
+// SPDX-License-Identifier: MIT
+#include "state/ticketdata.h"
+
+#include "analytics/manager.h"
+#include "backend/apiclient.h"
+#include "backend/json.h"
+#include "core/logger.h"
+#include "core/notifications.h"
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "state/pollingservice.h"
+#include "state/reporting.h"
+#include "state/textlength.h"
+
+#include <algorithm>
+
+namespace tolvane {
+
+using Keys = TolvaneAnalyticsEvent::PropertyKeys;
+
+namespace {
+
+/// What can be shown of a ticket while it is on its way.
+TicketDto provisionalTicket(const TicketPreviewDto &preview)
+{
+    return {.id = preview.id,
+            .state = preview.state,
+            .assignee = QStringLiteral("unknown"),
+            .messages = {preview.lastMessage},
+            .schedules = {}};
+}
+
+template <typename Record>
+std::optional<Record> decoded(const NotificationCenter::UserInfo &userInfo)
+{
+    if (!userInfo)
+        return std::nullopt;
+    try {
+        return json::decode<Record>(*userInfo);
+    } catch (const DecodingError &) {
+        return std::nullopt; // Broadcasts carry what others sent; what can't be read isn't for us.
+    }
+}
+
+void track(const QString &name, const QVariantMap &properties)
+{
+    TolvaneAnalyticsManager::shared().track(name, properties);
+}
+
+} // namespace
+
+TicketData::TicketData(std::optional<TicketPreviewDto> preview)
+    : m_preview(std::move(preview))
+{
+}
+
+void TicketData::setNewTicket(bool newTicket)
+{
+    if (std::exchange(m_newTicket, newTicket) != newTicket)
+        Q_EMIT changed();
+}
+
+void TicketData::setMessage(const QString &message)
+{
+    if (m_message == message)
+        return;
+    m_message = message;
+    Q_EMIT changed();
+}
+
+void TicketData::setAttachments(const QList<AttachmentDto> &attachments)
+{
+    m_attachments.clear();
+    for (const AttachmentDto &attachment : attachments) {
+        if (!m_attachments.contains(attachment))
+            m_attachments.append(attachment);
+    }
+    Q_EMIT changed();
+}
+
+std::optional<QString> TicketData::ticketId() const
+{
+    if (m_ticket)
+        return m_ticket->id;
+    if (m_preview)
+        return m_preview->id;
+    return std::nullopt;
+}
+
+bool TicketData::isSendDisabled() const
+{
+    return (m_message.isEmpty() && m_attachments.isEmpty()) || m_isSendingMessage;
+}
+
+bool TicketData::isAITyping() const
+{
+    return m_ticket && m_ticket->assignee == words::aiAgent && !m_ticket->messages.isEmpty() &&
+           m_ticket->messages.constLast().sender.type == words::customer;
+}
+
+TicketData::State TicketData::state() const
+{
+    if (m_isFetchingTicket) {
+        return m_preview ? State::loadingWithPreview(provisionalTicket(*m_preview))
+                         : State::loading();
+    }
+    if (m_fetchError)
+        return State::error(m_fetchError);
+    if (m_ticket)
+        return State::loaded(*m_ticket);
+    return m_hasAttemptedFetch || m_newTicket ? State::empty() : State::loading();
+}
+
+void TicketData::setTicket(TicketDto ticket)
+{
+    // Thousands of messages take a while to free; that is no work for the main thread.
+    auto replaced = std::exchange(m_ticket, std::move(ticket));
+    if (replaced)
+        platform().workers->post([old = std::make_shared<TicketDto>(*std::move(replaced))] {});
+}
+
+QCoro::Task<> TicketData::fetchTicket(std::optional<QString> ticketId)
+{
+    return fetch(std::move(ticketId), Fetch::visible);
+}
+
+QCoro::Task<> TicketData::silentFetchTicket(std::optional<QString> ticketId)
+{
+    return fetch(std::move(ticketId), Fetch::silent);
+}
+
+QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind)
+{
+    const auto self = shared_from_this();
+    const std::optional<QString> id = wanted ? wanted : ticketId();
+    if (!id)
+        co_return;
+    m_hasAttemptedFetch = true;
+    if (kind == Fetch::visible)
+        m_isFetchingTicket = true;
+    m_fetchError = nullptr;
+    Q_EMIT changed();
+    try {
+        const APIClient client = APIClient::live();
+        setTicket(co_await client.getTicket(*id));
+        if (kind == Fetch::visible) {
+            track(TolvaneAnalyticsEvent::Chat::ticketViewed,
+                  {{QStringLiteral("message_count"), m_ticket->messages.size()},
+                   {QStringLiteral("ticket_state"), m_ticket->state},
+                   {Keys::ticketId, m_ticket->id}});
+        }
+    } catch (...) {
+        m_fetchError = currentError();
+        const QString phrase = QStringLiteral("Error fetching ticket: ");
+        if (kind == Fetch::visible)
+            reportFailure(phrase, QStringLiteral("fetchTicket"), *m_fetchError);
+        else
+            logFailure(phrase, *m_fetchError);
+    }
+    if (kind == Fetch::visible)
+        m_isFetchingTicket = false;
+    Q_EMIT changed();
+}
+
+void TicketData::beginSending()
+{
+    m_isSendingMessage = true;
+    m_sendError = nullptr;
+    Q_EMIT changed();
+}
+
+QCoro::Task<> TicketData::createTicket()
+{
+    const auto self = shared_from_this();
+    if (m_message.isEmpty() && m_attachments.isEmpty())
+        co_return;
+    beginSending();
+    try {
+        const CreateTicketDto record{.message = m_message,
+                                     .channel = QStringLiteral("ios"),
+                                     .deviceInfo = DeviceInfoDto::current()};
+        const APIClient client = APIClient::live();
+        ticketWasCreated(co_await client.createTicket(record, m_attachments));
+    } catch (...) {
+        sendingFailed(QStringLiteral("Error creating ticket: "), QStringLiteral("createTicket"));
+    }
+}
+
+QCoro::Task<> TicketData::sendMessage()
+{
+    const auto self = shared_from_this();
+    if (!m_ticket)
+        co_return;
+    beginSending();
+    try {
+        const SendMessageDto record{.message = m_message, .attachments = m_attachments};
+        const APIClient client = APIClient::live();
+        const MessageDto sent = co_await client.sendMessage(m_ticket->id, record);
+        messageWasSent(sent);
+    } catch (...) {
+        sendingFailed(QStringLiteral("Error sending message: "), QStringLiteral("sendMessage"));
+    }
+}
+
+QVariantMap TicketData::sentProperties(bool isFirstMessage) const
+{
+    return {{Keys::messageLength, characterCount(m_message)},
+            {Keys::attachmentCount, m_attachments.size()},
+            {Keys::isFirstMessage, isFirstMessage},
+            {Keys::ticketId, m_ticket->id}};
+}
+
+void TicketData::ticketWasCreated(TicketDto ticket)
+{
+    setTicket(std::move(ticket));
+    platform().notificationCenter->post(notifications::didSendMessage,
+                                        QVariantMap{{QStringLiteral("ticketId"), m_ticket->id},
+                                                    {QStringLiteral("message"), m_message}});
+    const QVariantMap properties = sentProperties(true);
+    track(TolvaneAnalyticsEvent::Chat::ticketCreated, properties);
+    track(TolvaneAnalyticsEvent::Chat::messageSent, properties);
+    PollingService::shared()->startPolling(m_ticket->id, m_ticket->messages.size());
+    m_newTicket = false;
+    sendingSucceeded();
+}
+
+void TicketData::messageWasSent(const MessageDto &message)
+{
+    m_ticket->messages.append(message);
+    platform().notificationCenter->post(
+        notifications::didSendMessage,
+        QVariantMap{{QStringLiteral("ticketId"), m_ticket->id},
+                    {QStringLiteral("message"), QVariant::fromValue(message)},
+                    {QStringLiteral("messageId"), message.id}});
+    QVariantMap properties = sentProperties(false);
+    properties.insert(Keys::messageId, message.id);
+    track(TolvaneAnalyticsEvent::Chat::messageSent, properties);
+    PollingService::shared()->startPolling(m_ticket->id, m_ticket->messages.size());
+    sendingSucceeded();
+}
+
+void TicketData::sendingSucceeded()
+{
+    m_message.clear();
+    m_attachments.clear();
+    m_sendError = nullptr;
+    m_isSendingMessage = false;
+    Q_EMIT changed();
+}
+
+void TicketData::sendingFailed(const QString &phrase, const QString &context)
+{
+    m_sendError = currentError();
+    reportFailure(phrase, context, *m_sendError);
+    m_isSendingMessage = false;
+    Q_EMIT changed();
+}
+
+bool TicketData::hasMessage(const QString &id) const
+{
+    return m_ticket && std::ranges::any_of(m_ticket->messages, [&id](const MessageDto &message) {
+               return message.id == id;
+           });
+}
+
+void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userInfo)
+{
+    const auto message = decoded<MessageDto>(userInfo);
+    if (!message || ticketId() != message->ticketId)
+        return;
+    if (hasMessage(message->id)) {
+        Logger::shared().log(
+            LogLevel::info,
+            QStringLiteral("Message %1 already exists in ticket, skipping duplicate")
+                .arg(message->id));
+        return;
+    }
+    track(TolvaneAnalyticsEvent::Chat::messageReceived,
+          {{QStringLiteral("source"), QStringLiteral("ui_update")},
+           {QStringLiteral("sender_type"), message->sender.type},
+           {QStringLiteral("is_duplicate"), false},
+           {Keys::ticketId, message->ticketId},
+           {Keys::messageId, message->id}});
+    if (m_ticket) {
+        m_ticket->messages.append(*message);
+        Q_EMIT changed();
+    }
+    detach(refreshLater(message->ticketId));
+}
+
+QCoro::Task<> TicketData::refreshLater(QString ticketId)
+{
+    const auto self = shared_from_this();
+    co_await settled(platform().clock->sleep(std::chrono::seconds(1), {}));
+    co_await silentFetchTicket(ticketId);
+}
+
+void TicketData::onStateUpdateNotification(const NotificationCenter::UserInfo &userInfo)
+{
+    const auto update = decoded<TicketPreviewDto>(userInfo);
+    if (!update || !m_preview || m_preview->id != update->id)
+        return;
+    m_preview = update;
+    if (m_ticket)
+        m_ticket->state = update->state;
+    Q_EMIT changed();
+}
+
+} // namespace tolvane

@@ -1,0 +1,309 @@
+// SPDX-License-Identifier: MIT
+#include "backend/apierror.h"
+#include "core/notifications.h"
+#include "platform/errors.h"
+#include "state/pollingservice.h"
+#include "support/wire.h"
+
+#include <QtTest/QTest>
+
+using namespace tolvane;
+using namespace tolvane::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString ticketId = QStringLiteral("t1");
+
+MessageDto customer(const char *id)
+{
+    return makeMessage(QString::fromLatin1(id));
+}
+
+MessageDto agent(const char *id, const QString &type = words::aiAgent)
+{
+    return makeMessage(QString::fromLatin1(id), type);
+}
+
+/// A backend whose ticket is `messages`, or that throws while `failing` is set.
+struct Scene : Fixture
+{
+    Scene()
+    {
+        setKey();
+        session->handler = [this](const UrlRequest &) {
+            if (failing)
+                failing();
+            return answer(makeTicket(messages));
+        };
+        polling = PollingService::shared();
+        settle();
+    }
+
+    void start(qsizetype count)
+    {
+        polling->startPolling(ticketId, count);
+        settle();
+    }
+
+    QStringList active()
+    {
+        QFuture<QList<QString>> future = polling->activeTickets();
+        settle();
+        return future.result();
+    }
+
+    qsizetype polls() const { return session->requests.size(); }
+
+    QStringList broadcastIds() const
+    {
+        QStringList ids;
+        for (const Broadcast &broadcast : broadcasts)
+            ids += broadcast.userInfo->value(QStringLiteral("id")).toString();
+        return ids;
+    }
+
+    qsizetype lineCount(const QString &text) const { return log->lines.filter(text).size(); }
+
+    QList<MessageDto> messages = {customer("m1")};
+    std::function<void()> failing;
+    std::shared_ptr<PollingService> polling;
+};
+
+void failWithServerError()
+{
+    throw UrlError(UrlError::networkConnectionLost);
+}
+
+} // namespace
+
+class PollingServiceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void endsAtTheFirstNewMessage_data()
+    {
+        QTest::addColumn<QString>("senderType");
+        QTest::addColumn<QString>("trace");
+        const QString byNotification =
+            QStringLiteral("Message received via notification, stopping polling for ticket: t1");
+        QTest::newRow("AI") << words::aiAgent << byNotification;
+        QTest::newRow("human") << words::humanAgent << byNotification;
+        QTest::newRow("customer, by the loop's own broadcast") << words::customer << byNotification;
+    }
+
+    void endsAtTheFirstNewMessage()
+    {
+        QFETCH(const QString, senderType);
+        QFETCH(const QString, trace);
+        Scene scene;
+        scene.start(1);
+        QCOMPARE(scene.polls(), 1);
+        QVERIFY(scene.broadcasts.isEmpty());
+        QCOMPARE(scene.active(), QStringList{ticketId});
+
+        scene.messages += makeMessage(QStringLiteral("m2"), senderType);
+        scene.clock->advance(1s);
+        QCOMPARE(scene.broadcastIds(), QStringList{QStringLiteral("m2")});
+        QCOMPARE(scene.lineCount(trace), 1);
+        QCOMPARE(scene.active(), QStringList());
+        scene.clock->advance(10s);
+        QCOMPARE(scene.polls(), 2);
+        QCOMPARE(scene.delegate->names(), QStringList({QStringLiteral("polling_started"),
+                                                       QStringLiteral("polling_stopped")}));
+        const QVariantMap stopped = scene.delegate->properties(QStringLiteral("polling_stopped"));
+        QCOMPARE(stopped.value(QStringLiteral("duration")).toDouble(), 1.0);
+        QCOMPARE(stopped.value(QStringLiteral("reason")), QStringLiteral("manual_stop"));
+    }
+
+    void broadcastMirrorsTheMessage()
+    {
+        Scene scene;
+        scene.start(0);
+        QCOMPARE(scene.broadcasts.size(), 1);
+        const Broadcast &broadcast = scene.broadcasts.constFirst();
+        QCOMPARE(broadcast.name, notifications::didReceiveMessage);
+        QCOMPARE(tolvane::json::decode<MessageDto>(*broadcast.userInfo),
+                 scene.messages.constFirst());
+        // Absent values travel as nulls, under their keys.
+        const QVariantMap sender = broadcast.userInfo->value(QStringLiteral("sender")).toMap();
+        QVERIFY(sender.contains(QStringLiteral("name")));
+        QVERIFY(broadcast.userInfo->contains(QStringLiteral("attachments")));
+    }
+
+    void onlyTheTailIsNew()
+    {
+        Scene scene;
+        scene.messages = {customer("m1"), customer("m2"), customer("m3")};
+        scene.start(3);
+        // A shorter list is not followed, and what changes before the remembered count is not seen.
+        scene.messages = {agent("other")};
+        scene.clock->advance(1s);
+        scene.messages = {agent("a"), agent("b"), agent("c")};
+        scene.clock->advance(1s);
+        QVERIFY(scene.broadcasts.isEmpty());
+        scene.messages = {agent("a"), agent("b"), agent("c"), agent("d"), agent("e")};
+        scene.clock->advance(1s);
+        QCOMPARE(scene.broadcastIds(), QStringList({QStringLiteral("d"), QStringLiteral("e")}));
+    }
+
+    void timesOut()
+    {
+        Scene scene;
+        scene.start(1);
+        scene.clock->advance(119s);
+        QCOMPARE(scene.polls(), 120);
+        QCOMPARE(scene.active(), QStringList{ticketId});
+        scene.clock->advance(1s); // Exactly 120 seconds: no poll any more.
+        QCOMPARE(scene.polls(), 120);
+        QCOMPARE(scene.active(), QStringList());
+        QCOMPARE(scene.lineCount(QStringLiteral("Polling timeout reached for ticket: t1")), 1);
+        QCOMPARE(scene.delegate->names(),
+                 QStringList({QStringLiteral("polling_started"), QStringLiteral("polling_stopped"),
+                              QStringLiteral("polling_timeout")}));
+        QCOMPARE(scene.delegate->properties(QStringLiteral("polling_timeout"))
+                     .value(QStringLiteral("timeout_duration"))
+                     .toDouble(),
+                 120.0);
+    }
+
+    void backsOffAndGivesUp()
+    {
+        Scene scene;
+        scene.failing = failWithServerError;
+        scene.start(1);
+        scene.clock->advance(100s);
+        QCOMPARE(scene.clock->requestedSleeps(), QList<double>({2, 4, 8, 16}));
+        QCOMPARE(scene.polls(), 5);
+        QCOMPARE(scene.active(), QStringList());
+        QCOMPARE(scene.lineCount(QStringLiteral(
+                     "Max consecutive errors reached for ticket t1, stopping polling")),
+                 1);
+        QCOMPARE(scene.delegate->names().count(TolvaneAnalyticsEvent::Errors::networkError), 5);
+        QCOMPARE(scene.delegate->events.constLast().name(),
+                 QStringLiteral("polling_max_errors_reached"));
+        QList<int> counts;
+        for (const TolvaneAnalyticsEvent &event : std::as_const(scene.delegate->events)) {
+            if (event.name() == TolvaneAnalyticsEvent::Errors::networkError)
+                counts += event.properties().value(QStringLiteral("consecutive_errors")).toInt();
+        }
+        QCOMPARE(counts, QList<int>({1, 2, 3, 4, 5}));
+    }
+
+    void aGoodPollRestartsTheBackOff()
+    {
+        Scene scene;
+        scene.failing = failWithServerError;
+        scene.start(1);
+        scene.clock->advance(2s);
+        scene.failing = nullptr;
+        scene.clock->advance(4s);
+        scene.failing = failWithServerError;
+        scene.clock->advance(1s);
+        QCOMPARE(scene.clock->requestedSleeps(), QList<double>({2, 4, 1, 2}));
+    }
+
+    void aForeignCancellationIsRetriedAtOnce()
+    {
+        Scene scene;
+        int cancellations = 3;
+        scene.failing = [&] {
+            if (cancellations-- > 0)
+                throw CancellationError();
+        };
+        scene.start(1);
+        QCOMPARE(scene.polls(), 4);
+        QCOMPARE(scene.clock->requestedSleeps(), QList<double>{1});
+        QCOMPARE(scene.lineCount(QStringLiteral("Polling cancelled for ticket: t1")), 3);
+        QVERIFY(!scene.delegate->names().contains(TolvaneAnalyticsEvent::Errors::apiError));
+    }
+
+    void restartsWithOneLoop_data()
+    {
+        QTest::addColumn<bool>("inRequest");
+        QTest::newRow("while the older loop sleeps") << false;
+        QTest::newRow("while the older loop waits for its answer") << true;
+    }
+
+    void restartsWithOneLoop()
+    {
+        QFETCH(const bool, inRequest);
+        Scene scene;
+        scene.session->held = inRequest;
+        scene.start(1);
+        scene.start(1);
+        scene.session->release();
+        QCOMPARE(scene.active(), QStringList{ticketId});
+        QCOMPARE(scene.clock->sleeperCount(), 1);
+        QCOMPARE(scene.delegate->names(),
+                 QStringList({QStringLiteral("polling_started"), QStringLiteral("polling_stopped"),
+                              QStringLiteral("polling_started")}));
+        const qsizetype before = scene.polls();
+        scene.clock->advance(5s);
+        QCOMPARE(scene.polls(), before + 5);
+    }
+
+    void anOlderLoopsFailureLeavesTheNewerAlone()
+    {
+        Scene scene;
+        scene.session->held = true;
+        scene.failing = failWithServerError;
+        scene.start(1);
+        const auto older = std::exchange(scene.failing, nullptr);
+        scene.session->handler = [&, calls = 0](const UrlRequest &) mutable {
+            if (calls++ == 0)
+                older();
+            return answer(makeTicket(scene.messages));
+        };
+        scene.start(1);
+        scene.session->release();
+        QCOMPARE(scene.active(), QStringList{ticketId});
+        scene.clock->advance(3s);
+        QCOMPARE(scene.active(), QStringList{ticketId});
+    }
+
+    void stopsOnABroadcastFromElsewhere_data()
+    {
+        QTest::addColumn<NotificationCenter::UserInfo>("userInfo");
+        QTest::addColumn<bool>("stops");
+        using Info = NotificationCenter::UserInfo;
+        QTest::newRow("its ticket") << Info(tolvane::json::dictionary(agent("push"))) << true;
+        QTest::newRow("another ticket")
+            << Info(tolvane::json::dictionary(
+                   makeMessage(QStringLiteral("x"), words::aiAgent, QStringLiteral("t2"))))
+            << false;
+        QTest::newRow("no message") << Info(QVariantMap{{QStringLiteral("id"), 7}}) << false;
+        QTest::newRow("nothing") << Info() << false;
+    }
+
+    void stopsOnABroadcastFromElsewhere()
+    {
+        QFETCH(const NotificationCenter::UserInfo, userInfo);
+        QFETCH(const bool, stops);
+        Scene scene;
+        scene.start(1);
+        platform().notificationCenter->post(notifications::didReceiveMessage, userInfo);
+        settle();
+        QCOMPARE(scene.active().isEmpty(), stops);
+        QCOMPARE(scene.clock->sleeperCount(), stops ? 0 : 1);
+    }
+
+    void ticketsArePolledSideBySide()
+    {
+        Scene scene;
+        scene.session->handler = [&](const UrlRequest &request) {
+            if (request.url.path().endsWith(QLatin1String("t2")))
+                failWithServerError();
+            return answer(makeTicket(scene.messages));
+        };
+        scene.start(1);
+        scene.polling->startPolling(QStringLiteral("t2"), 1);
+        scene.clock->advance(60s);
+        QCOMPARE(scene.active(), QStringList{ticketId});
+        QCOMPARE(scene.polls(), 61 + 5);
+    }
+};
+
+QTEST_GUILESS_MAIN(PollingServiceTest)
+#include "tst_pollingservice.moc"

@@ -1,0 +1,355 @@
+// SPDX-License-Identifier: MIT
+#include "backend/apierror.h"
+#include "core/notifications.h"
+#include "platform/await.h"
+#include "state/pollingservice.h"
+#include "state/ticketdata.h"
+#include "support/wire.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+using namespace tolvane;
+using namespace tolvane::test;
+using namespace std::chrono_literals;
+
+using Chat = TolvaneAnalyticsEvent::Chat;
+using Case = TicketData::State::Case;
+
+namespace {
+
+AttachmentDto file(const char *name, const char *bytes = "x")
+{
+    return {QString::fromLatin1(name), QStringLiteral("image/png"), bytes};
+}
+
+struct Scene : Fixture
+{
+    explicit Scene(std::optional<TicketPreviewDto> preview = makePreview())
+        : store(std::make_shared<TicketData>(std::move(preview)))
+    {
+        setKey();
+        session->handler = [this](const UrlRequest &request) {
+            if (failing)
+                throw APIError(APIError::serverError, "down");
+            if (request.method == "POST" && !request.url.path().endsWith(QLatin1String("create")))
+                return answer(sent);
+            return answer(fetched);
+        };
+    }
+
+    void run(QCoro::Task<> task)
+    {
+        detach(std::move(task));
+        settle();
+    }
+
+    void notify(const MessageDto &message)
+    {
+        store->onMessageNotification(tolvane::json::dictionary(message));
+        settle();
+    }
+
+    QStringList messageIds() const
+    {
+        QStringList ids;
+        for (const MessageDto &message : store->ticket()->messages)
+            ids += message.id;
+        return ids;
+    }
+
+    bool failing = false;
+    TicketDto fetched = makeTicket({makeMessage(QStringLiteral("m1"))});
+    MessageDto sent = makeMessage(QStringLiteral("m2"));
+    std::shared_ptr<TicketData> store;
+};
+
+} // namespace
+
+class TicketDataTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void stateBeforeAnyFetch()
+    {
+        const Fixture fixture;
+        TicketData store({});
+        QCOMPARE(store.state().current(), Case::loading);
+        store.setNewTicket(true);
+        QCOMPARE(store.state().current(), Case::empty);
+        QVERIFY(!store.ticketId());
+    }
+
+    void fetchShowsThePreviewThenTheTicket()
+    {
+        Scene scene;
+        scene.session->held = true;
+        scene.run(scene.store->fetchTicket());
+        const auto provisional = scene.store->state().previewValue();
+        QVERIFY(provisional && !scene.store->state().value());
+        QCOMPARE(provisional->assignee, QStringLiteral("unknown"));
+        QCOMPARE(provisional->messages, QList{makePreview().lastMessage});
+        scene.session->release();
+        QCOMPARE(scene.store->state().value(), scene.fetched);
+        QVERIFY(!scene.store->isFetchingTicket());
+        const QVariantMap viewed = scene.delegate->properties(Chat::ticketViewed);
+        QCOMPARE(viewed.value(QStringLiteral("message_count")), 1);
+        QCOMPARE(viewed.value(QStringLiteral("ticket_state")), QStringLiteral("open"));
+        QCOMPARE(viewed.value(QStringLiteral("ticket_id")), QStringLiteral("t1"));
+    }
+
+    void fetchWithoutAnIdChangesNothing()
+    {
+        Scene scene{std::nullopt};
+        const QSignalSpy changes(scene.store.get(), &TicketData::changed);
+        scene.run(scene.store->fetchTicket());
+        scene.run(scene.store->sendMessage());
+        scene.run(scene.store->createTicket());
+        QVERIFY(changes.isEmpty() && scene.session->requests.isEmpty());
+        QVERIFY(!scene.store->hasAttemptedFetch());
+    }
+
+    void aFailedFetchKeepsTheTicketUnderneath_data()
+    {
+        QTest::addColumn<bool>("silent");
+        QTest::newRow("visible") << false;
+        QTest::newRow("silent") << true;
+    }
+
+    void aFailedFetchKeepsTheTicketUnderneath()
+    {
+        QFETCH(const bool, silent);
+        Scene scene;
+        scene.run(scene.store->fetchTicket());
+        scene.delegate->events.clear();
+        scene.failing = true;
+        scene.run(silent ? scene.store->silentFetchTicket() : scene.store->fetchTicket());
+        QCOMPARE(scene.store->state().current(), Case::error);
+        QVERIFY(scene.store->ticket() && !scene.store->isFetchingTicket());
+        QVERIFY(scene.log->lines.constLast().contains(
+                    QLatin1String("Error fetching ticket: Server error: down")) == silent);
+        QCOMPARE(scene.delegate->names(),
+                 silent ? QStringList() : QStringList{QStringLiteral("tolvane_api_error")});
+        scene.failing = false;
+        scene.run(scene.store->silentFetchTicket());
+        QCOMPARE(scene.store->state().current(), Case::loaded);
+        QVERIFY(!scene.delegate->names().contains(Chat::ticketViewed));
+    }
+
+    void createSendsOnceAndClears()
+    {
+        Scene scene{std::nullopt};
+        scene.store->setNewTicket(true);
+        // A family, a flag and two letters are four characters to whoever typed them.
+        scene.store->setMessage(QStringLiteral("👨‍👩‍👧‍👦🇩🇪ab"));
+        scene.store->setAttachments(
+            {file("b.png"), file("a.png"), file("b.png"), file("b.png", "y")});
+        QCOMPARE(scene.store->attachments().size(), 3);
+        scene.run(scene.store->createTicket());
+
+        const QByteArray body = scene.session->requests.constFirst().body;
+        const qsizetype first = body.indexOf("b.png");
+        QVERIFY(first > 0 && first < body.indexOf("a.png"));
+        QCOMPARE(scene.broadcasts.constFirst().name, notifications::didSendMessage);
+        QCOMPARE(*scene.broadcasts.constFirst().userInfo,
+                 QVariantMap({{QStringLiteral("ticketId"), QStringLiteral("t1")},
+                              {QStringLiteral("message"),
+                               QStringLiteral("👨‍👩‍👧‍👦🇩🇪ab")}}));
+        QCOMPARE(scene.delegate->names().first(2),
+                 QStringList({Chat::ticketCreated, Chat::messageSent}));
+        for (const QString &name : {Chat::ticketCreated, Chat::messageSent}) {
+            const QVariantMap properties = scene.delegate->properties(name);
+            QCOMPARE(properties.value(QStringLiteral("message_length")), 4);
+            QCOMPARE(properties.value(QStringLiteral("attachment_count")), 3);
+            QCOMPARE(properties.value(QStringLiteral("is_first_message")), true);
+            QCOMPARE(properties.value(QStringLiteral("ticket_id")), QStringLiteral("t1"));
+        }
+        QVERIFY(scene.store->message().isEmpty() && scene.store->attachments().isEmpty());
+        QVERIFY(!scene.store->newTicket() && !scene.store->isSendingMessage());
+        QVERIFY(scene.delegate->names().contains(QStringLiteral("polling_started")));
+    }
+
+    void sendAppendsTheAnswer()
+    {
+        Scene scene;
+        scene.run(scene.store->fetchTicket());
+        scene.store->setMessage(QStringLiteral("hi"));
+        scene.session->held = true;
+        scene.run(scene.store->sendMessage());
+        QVERIFY(scene.store->isSendDisabled());
+        QCOMPARE(scene.messageIds(), QStringList{QStringLiteral("m1")});
+        scene.session->release();
+        QCOMPARE(scene.messageIds(), QStringList({QStringLiteral("m1"), QStringLiteral("m2")}));
+        const QVariantMap userInfo = *scene.broadcasts.constFirst().userInfo;
+        QCOMPARE(userInfo.value(QStringLiteral("message")).value<MessageDto>(), scene.sent);
+        QCOMPARE(userInfo.value(QStringLiteral("messageId")), QStringLiteral("m2"));
+        const QVariantMap properties = scene.delegate->properties(Chat::messageSent);
+        QCOMPARE(properties.value(QStringLiteral("is_first_message")), false);
+        QCOMPARE(properties.value(QStringLiteral("message_id")), QStringLiteral("m2"));
+        // The customer's own message is counted in: polling doesn't take it for news.
+        QCOMPARE(scene.delegate->properties(QStringLiteral("polling_started"))
+                     .value(QStringLiteral("message_count")),
+                 2);
+    }
+
+    void aFailedSendCanBeRepeated_data()
+    {
+        QTest::addColumn<bool>("create");
+        QTest::addColumn<QString>("context");
+        QTest::newRow("create") << true << QStringLiteral("createTicket");
+        QTest::newRow("send") << false << QStringLiteral("sendMessage");
+    }
+
+    void aFailedSendCanBeRepeated()
+    {
+        QFETCH(const bool, create);
+        QFETCH(const QString, context);
+        Scene scene;
+        if (!create)
+            scene.run(scene.store->fetchTicket());
+        scene.store->setNewTicket(create);
+        scene.store->setMessage(QStringLiteral(" "));
+        scene.store->setAttachments({file("a.png")});
+        const auto send = [&] {
+            scene.run(create ? scene.store->createTicket() : scene.store->sendMessage());
+        };
+        scene.failing = true;
+        send();
+        QCOMPARE(scene.store->message(), QStringLiteral(" "));
+        QCOMPARE(scene.store->attachments(), QList{file("a.png")});
+        QVERIFY(scene.store->sendError() && !scene.store->isSendDisabled());
+        QCOMPARE(scene.store->newTicket(), create);
+        QVERIFY(scene.broadcasts.isEmpty());
+        QCOMPARE(
+            scene.delegate->events.constLast().properties().value(QStringLiteral("error_context")),
+            context);
+        scene.failing = false;
+        send();
+        QVERIFY(!scene.store->sendError() && scene.store->message().isEmpty());
+    }
+
+    void sendIsDisabled_data()
+    {
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<bool>("attachment");
+        QTest::addColumn<bool>("disabled");
+        QTest::newRow("nothing") << QString() << false << true;
+        QTest::newRow("white space counts") << QStringLiteral(" ") << false << false;
+        QTest::newRow("attachment alone") << QString() << true << false;
+    }
+
+    void sendIsDisabled()
+    {
+        QFETCH(const QString, message);
+        QFETCH(const bool, attachment);
+        QFETCH(const bool, disabled);
+        const Fixture fixture;
+        TicketData store({});
+        store.setMessage(message);
+        if (attachment)
+            store.setAttachments({file("a.png")});
+        QCOMPARE(store.isSendDisabled(), disabled);
+    }
+
+    void aiIsTyping_data()
+    {
+        QTest::addColumn<QString>("assignee");
+        QTest::addColumn<QStringList>("senders");
+        QTest::addColumn<bool>("typing");
+        QTest::newRow("customer spoke") << words::aiAgent << QStringList{words::customer} << true;
+        QTest::newRow("agent spoke")
+            << words::aiAgent << QStringList{words::customer, words::aiAgent} << false;
+        QTest::newRow("human has it") << words::humanAgent << QStringList{words::customer} << false;
+        QTest::newRow("case counts")
+            << QStringLiteral("AI agent") << QStringList{words::customer} << false;
+        QTest::newRow("no messages") << words::aiAgent << QStringList() << false;
+    }
+
+    void aiIsTyping()
+    {
+        QFETCH(const QString, assignee);
+        QFETCH(const QStringList, senders);
+        QFETCH(const bool, typing);
+        Scene scene;
+        scene.fetched.assignee = assignee;
+        scene.fetched.messages.clear();
+        for (const QString &sender : senders)
+            scene.fetched.messages += makeMessage(QStringLiteral("m"), sender);
+        QVERIFY(!scene.store->isAITyping());
+        scene.run(scene.store->fetchTicket());
+        QCOMPARE(scene.store->isAITyping(), typing);
+    }
+
+    void aNotifiedMessageArrivesOnceAndIsConfirmed()
+    {
+        Scene scene;
+        scene.run(scene.store->fetchTicket());
+        const MessageDto reply = makeMessage(QStringLiteral("r"), words::aiAgent);
+        scene.notify(reply);
+        scene.notify(reply);
+        QCOMPARE(scene.messageIds(), QStringList({QStringLiteral("m1"), QStringLiteral("r")}));
+        QVERIFY(scene.log->lines.constLast().endsWith(
+            QLatin1String("Message r already exists in ticket, skipping duplicate")));
+        const QVariantMap properties = scene.delegate->properties(Chat::messageReceived);
+        QCOMPARE(properties.value(QStringLiteral("source")), QStringLiteral("ui_update"));
+        QCOMPARE(properties.value(QStringLiteral("sender_type")), words::aiAgent);
+        QCOMPARE(properties.value(QStringLiteral("is_duplicate")), false);
+        QCOMPARE(scene.session->requests.size(), 1);
+        scene.fetched.messages += makeMessage(QStringLiteral("confirmed"));
+        scene.clock->advance(1s);
+        QCOMPARE(scene.session->requests.size(), 2);
+        QCOMPARE(scene.messageIds(),
+                 QStringList({QStringLiteral("m1"), QStringLiteral("confirmed")}));
+    }
+
+    void foreignNotificationsAreIgnored()
+    {
+        Scene scene;
+        scene.run(scene.store->fetchTicket());
+        scene.delegate->events.clear();
+        scene.notify(makeMessage(QStringLiteral("x"), words::aiAgent, QStringLiteral("t2")));
+        scene.store->onMessageNotification(std::nullopt);
+        scene.store->onMessageNotification(QVariantMap{{QStringLiteral("id"), 5}});
+        scene.store->onStateUpdateNotification(std::nullopt);
+        scene.store->onStateUpdateNotification(
+            tolvane::json::dictionary(makePreview(QStringLiteral("t2"))));
+        QCOMPARE(scene.messageIds(), QStringList{QStringLiteral("m1")});
+        QCOMPARE(scene.store->preview(), makePreview());
+        QVERIFY(scene.delegate->events.isEmpty() && scene.clock->sleeperCount() == 0);
+    }
+
+    void aStateUpdateReachesPreviewAndTicket()
+    {
+        TicketPreviewDto update = makePreview();
+        update.state = QStringLiteral("closed");
+        Scene scene;
+        scene.run(scene.store->fetchTicket());
+        scene.store->onStateUpdateNotification(tolvane::json::dictionary(update));
+        QCOMPARE(scene.store->preview(), update);
+        QCOMPARE(scene.store->ticket()->state, QStringLiteral("closed"));
+
+        Scene fresh{std::nullopt}; // Began as a new ticket: no preview, no updates.
+        fresh.store->setMessage(QStringLiteral("hi"));
+        fresh.run(fresh.store->createTicket());
+        fresh.store->onStateUpdateNotification(tolvane::json::dictionary(update));
+        QCOMPARE(fresh.store->ticket()->state, QStringLiteral("open"));
+    }
+
+    void aStoreLivesUntilItsWorkIsDone()
+    {
+        Scene scene;
+        scene.session->held = true;
+        detach(scene.store->fetchTicket());
+        const std::weak_ptr<TicketData> store = scene.store;
+        scene.store.reset();
+        settle();
+        QVERIFY(!store.expired());
+        scene.session->release();
+        QVERIFY(store.expired());
+        QVERIFY(scene.delegate->names().contains(Chat::ticketViewed));
+    }
+};
+
+QTEST_GUILESS_MAIN(TicketDataTest)
+#include "tst_ticketdata.moc"

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QByteArray>
+#include <QtCore/QList>
+#include <QtCore/QMap>
+#include <QtNetwork/QTcpServer>
+
+#include <functional>
+
+class QTcpSocket;
+
+namespace tolvane::test {
+
+/// A request as a ScriptedServer read it. Header names are in lower case.
+struct ServedRequest
+{
+    QByteArray method;
+    QByteArray target;
+    QList<QPair<QByteArray, QByteArray>> headers;
+    QByteArray body;
+
+    QByteArray header(const QByteArray &name) const;
+};
+
+/// An HTTP/1.1 server on loopback that does exactly what a test tells it, misbehaving included.
+class ScriptedServer final : public QTcpServer
+{
+public:
+    ScriptedServer();
+
+    /// Called for each request once its body is there; writes to the socket what it likes, breaks
+    /// it off, or leaves it alone. Connections are kept alive.
+    std::function<void(const ServedRequest &, QTcpSocket &)> handler;
+
+    QList<ServedRequest> requests;
+    int connectionCount = 0;
+
+    /// "http://127.0.0.1:PORT" and the path.
+    QString url(const QString &path = {}) const;
+
+    /// A whole response with its length.
+    static QByteArray response(int status, const QByteArray &body,
+                               const QList<QByteArray> &headers = {});
+
+private:
+    void read(QTcpSocket &socket);
+
+    QMap<QTcpSocket *, QByteArray> m_buffers;
+};
+
+} // namespace tolvane::test
