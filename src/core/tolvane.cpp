@@ -174,8 +174,7 @@ void Tolvane::open()
 {
     whenInitialized([] {
         TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Chat::opened, {});
-        if (platform().present)
-            platform().present();
+        platform().present();
     });
 }
 

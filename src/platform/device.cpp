@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/services.h"
+#include "platform/userinterface.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -84,7 +85,12 @@ public:
         return BatteryState::unknown;
     }
 
-    QSizeF screenSize() const override { return {0, 0}; }
+    QSizeF screenSize() const override
+    {
+        const auto size = userInterface().screenSize;
+        return size ? size() : QSizeF(0, 0);
+    }
+
     QString localeIdentifier() const override { return QLocale().name(); }
 
     QString timeZoneIdentifier() const override

@@ -2,6 +2,7 @@
 #include "platform/platform.h"
 
 #include "platform/eventloopthread.h"
+#include "platform/userinterface.h"
 
 #include <atomic>
 #include <mutex>
@@ -15,6 +16,12 @@ std::optional<QString> processEnvironmentVariable(const char *name)
     if (!qEnvironmentVariableIsSet(name))
         return std::nullopt;
     return qEnvironmentVariable(name);
+}
+
+void presentUserInterface()
+{
+    if (const auto present = userInterface().present)
+        present();
 }
 
 std::mutex &creation()
@@ -44,7 +51,7 @@ Platform makeProductionPlatform()
         .bundle = makeApplicationBundle(),
         .makeLogSink = makeLoggingCategorySink,
         .environmentVariable = processEnvironmentVariable,
-        .present = {},
+        .present = presentUserInterface,
     };
 }
 

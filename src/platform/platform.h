@@ -37,7 +37,6 @@ struct Platform
     std::function<std::optional<QString>(const char *name)> environmentVariable;
 
     /// Shows the messenger over the root view of the host's foreground window, if there is one.
-    /// Set by the user-interface library; empty in a process without it.
     std::function<void()> present;
 };
 

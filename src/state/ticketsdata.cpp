@@ -24,15 +24,17 @@ QCoro::Task<> TicketsData::load()
 
 QCoro::Task<> TicketsData::reload()
 {
+    const auto self = shared_from_this();
     m_reloadTask.request_stop();
     const Clock::Instant now = platform().clock->monotonicNow();
-    if (!m_lastReloadTime || now - *m_lastReloadTime >= minimumReloadInterval)
-        return silentReload();
+    if (!m_lastReloadTime || now - *m_lastReloadTime >= minimumReloadInterval) {
+        co_await silentReload();
+        co_return;
+    }
     Logger::shared().log(LogLevel::info,
                          QStringLiteral("Skipping reload - too soon since last reload"));
     m_reloadTask = std::stop_source();
     detach(reloadLater(m_reloadTask.get_token()));
-    return QCoro::Task<>();
 }
 
 QCoro::Task<> TicketsData::silentReload()

@@ -1,0 +1,450 @@
+// SPDX-License-Identifier: MIT
+#include "analytics/manager.h"
+#include "core/notifications.h"
+#include "core/persistentstore.h"
+#include "core/ulid.h"
+#include "platform/errors.h"
+#include "state/sdkdata.h"
+#include "support/wire.h"
+
+#include <tolvane/tolvane.h>
+#include <tolvane/version.h>
+
+#include <QtCore/QThread>
+#include <QtTest/QTest>
+
+#include <cstring>
+
+using namespace tolvane;
+using namespace tolvane::test;
+
+using Event = TolvaneAnalyticsEvent;
+
+namespace {
+
+const QString notInitialized = QStringLiteral("Tolvane is not initialized");
+
+struct Scene : Fixture
+{
+    Scene()
+    {
+        session->handler = [this](const UrlRequest &) {
+            if (failing)
+                throw UrlError(UrlError::notConnectedToInternet);
+            return test::json("{}", 304);
+        };
+        platform().present = [this] {
+            if (delegate)
+                presentations += delegate->names();
+        };
+    }
+
+    void initialize()
+    {
+        Tolvane::initialize(QStringLiteral("key"));
+        settle();
+        forget();
+    }
+
+    void forget()
+    {
+        delegate->events.clear();
+        log->lines.clear();
+        session->requests.clear();
+    }
+
+    /// The lines without category, level and time.
+    QStringList texts() const
+    {
+        QStringList texts;
+        for (const QString &line : log->lines)
+            texts += line.section(QStringLiteral("] "), 3);
+        return texts.filter(QRegularExpression(QStringLiteral("^(?!Analytics event)")));
+    }
+
+    bool failing = false;
+    QStringList presentations; ///< The names of the events sent before each.
+};
+
+QVariantMap push(const QVariantMap &content = {},
+                 const QVariant &source = QStringLiteral("tolvane"))
+{
+    QVariantMap payload = content;
+    payload.insert(QStringLiteral("source"), source);
+    return payload;
+}
+
+const QVariantMap messageContent = {{QStringLiteral("id"), QStringLiteral("m")},
+                                    {QStringLiteral("ticketId"), QStringLiteral("t")},
+                                    {QStringLiteral("odd"), QVariantList{1, QVariant(), 2.5}}};
+
+struct ThrowingDelegate final : TolvaneAnalyticsDelegate
+{
+    void didReceiveEvent(const Event &) override { throw std::runtime_error("host"); }
+};
+
+struct SelfRemovingDelegate final : TolvaneAnalyticsDelegate
+{
+    void didReceiveEvent(const Event &) override
+    {
+        Tolvane::setAnalyticsDelegate(nullptr);
+        self->reset();
+        ++calls;
+    }
+    std::shared_ptr<TolvaneAnalyticsDelegate> *self = nullptr;
+    int calls = 0;
+};
+
+} // namespace
+
+class TolvaneTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initializeInOrder()
+    {
+        Scene scene;
+        Tolvane::initialize(QString()); // Empty is a key like any other.
+        QCOMPARE(scene.session->requests.size(), 0);
+        const auto id = persistentstore::customerId();
+        QVERIFY(id && ULID::parse(*id));
+        QCOMPARE(scene.texts(), QStringList({QStringLiteral("New customer ID generated: ") + *id,
+                                             QStringLiteral("SDK initialized")}));
+        QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::sdkInitialized});
+        const Event event = scene.delegate->events.constFirst();
+        QCOMPARE(event.properties(),
+                 QVariantMap({{QStringLiteral("action_type"), QStringLiteral("lifecycle")},
+                              {QStringLiteral("device_model"), QStringLiteral("Test Model")},
+                              {QStringLiteral("os_version"), QStringLiteral("12.4")}}));
+        QCOMPARE(event.customerId(), id);
+        QVERIFY(!event.originalCustomerId());
+        QCOMPARE(event.environment(), QStringLiteral("production"));
+        QCOMPARE(event.sdkVersion(), QStringLiteral("0.1.0"));
+        settle();
+        QVERIFY(SdkData::shared()->settingsDidLoad());
+        scene.forget();
+
+        Tolvane::initialize(QStringLiteral("other"));
+        settle();
+        QVERIFY(scene.log->lines.isEmpty() && scene.delegate->events.isEmpty() &&
+                scene.session->requests.isEmpty());
+    }
+
+    void initializeKeepsAnId()
+    {
+        Scene scene;
+        persistentstore::setCustomerId(QStringLiteral("mine"));
+        Tolvane::initialize(QStringLiteral("key"));
+        QCOMPARE(persistentstore::customerId(), QStringLiteral("mine"));
+        QCOMPARE(scene.texts(), QStringList{QStringLiteral("SDK initialized")});
+    }
+
+    void initializeWithoutAStore()
+    {
+        Scene scene;
+        scene.preferences->canOpen = false;
+        Tolvane::initialize(QStringLiteral("key"));
+        settle();
+        QVERIFY(
+            scene.texts().constFirst().startsWith(QLatin1String("New customer ID generated: ")));
+        QVERIFY(!scene.delegate->events.constFirst().customerId());
+        QVERIFY(SdkData::shared()->settingsDidLoad());
+    }
+
+    void callsBeforeInitializeDoNothing_data()
+    {
+        QTest::addColumn<std::function<void()>>("call");
+        using Call = std::function<void()>;
+        QTest::newRow("open") << Call([] { Tolvane::open(); });
+        QTest::newRow("updateCustomer")
+            << Call([] { Tolvane::updateCustomer({}, QStringLiteral("id")); });
+        QTest::newRow("setDeviceToken") << Call([] { Tolvane::setDeviceToken("x"); });
+        QTest::newRow("handlePushNotification")
+            << Call([] { Tolvane::handlePushNotification(push(messageContent)); });
+        QTest::newRow("willPresentNotification") << Call(
+            [] { QCOMPARE(Tolvane::willPresentNotification(push()), PresentationOptions::none); });
+    }
+
+    void callsBeforeInitializeDoNothing()
+    {
+        QFETCH(const std::function<void()>, call);
+        Scene scene;
+        Tolvane::enableLogging(false);
+        call();
+        settle();
+        // Said even with logging off: the host's developer has to see it.
+        QCOMPARE(scene.texts(), QStringList{notInitialized});
+        QCOMPARE(scene.log->types, QList{LogType::fault});
+        QVERIFY(scene.delegate->events.isEmpty() && scene.session->requests.isEmpty() &&
+                scene.broadcasts.isEmpty() && scene.presentations.isEmpty());
+        QVERIFY(scene.preferences->values->isEmpty());
+    }
+
+    void updateCustomer_data()
+    {
+        QTest::addColumn<std::optional<QString>>("email");
+        QTest::addColumn<std::optional<QString>>("originalId");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QByteArray>("body");
+        using Text = std::optional<QString>;
+        QTest::newRow("both") << Text(QStringLiteral("a@b.c")) << Text(QStringLiteral("7"))
+                              << "Customer updated: a@b.c 7 mine"
+                              << QByteArray(R"({"email":"a@b.c","originalId":"7"})");
+        QTest::newRow("empty is present")
+            << Text(QString()) << Text() << "Customer updated:  nil mine"
+            << QByteArray(R"({"email":""})");
+        QTest::newRow("neither") << Text() << Text() << "Customer updated: nil nil mine"
+                                 << QByteArray("{}");
+        QTest::newRow("percent signs stay")
+            << Text(QStringLiteral("%2%1")) << Text(QStringLiteral("%3"))
+            << "Customer updated: %2%1 %3 mine"
+            << QByteArray(R"({"email":"%2%1","originalId":"%3"})");
+    }
+
+    void updateCustomer()
+    {
+        QFETCH(const std::optional<QString>, email);
+        QFETCH(const std::optional<QString>, originalId);
+        QFETCH(const QString, line);
+        QFETCH(const QByteArray, body);
+        Scene scene;
+        persistentstore::setCustomerId(QStringLiteral("mine"));
+        persistentstore::setCustomerOriginalId(QStringLiteral("before"));
+        scene.initialize();
+        scene.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
+        const QFuture<void> done = Tolvane::updateCustomer(email, originalId);
+        QCOMPARE(persistentstore::customerOriginalId(), originalId); // Before any answer.
+        settle();
+        QVERIFY(done.isFinished() && !done.isCanceled());
+        QCOMPARE(scene.session->requests.constFirst().body, body);
+        QCOMPARE(scene.texts(), QStringList{line});
+        const QVariantMap properties =
+            scene.delegate->properties(Event::Lifecycle::customerUpdated);
+        QCOMPARE(properties.value(QStringLiteral("has_email")), email.has_value());
+        QCOMPARE(properties.value(QStringLiteral("has_original_id")), originalId.has_value());
+    }
+
+    void aFailedUpdateKeepsTheOriginalId()
+    {
+        Scene scene;
+        scene.initialize();
+        scene.failing = true;
+        const QFuture<void> done = Tolvane::updateCustomer({}, QStringLiteral("7"));
+        settle();
+        QVERIFY(done.isFinished() && !done.isCanceled());
+        QCOMPARE(persistentstore::customerOriginalId(), QStringLiteral("7"));
+        QVERIFY(scene.texts().constFirst().startsWith(QLatin1String("Error updating customer: ")));
+        const QVariantMap error = scene.delegate->properties(Event::Errors::networkError);
+        QCOMPARE(error.value(QStringLiteral("error_context")), QStringLiteral("updateCustomer"));
+        QCOMPARE(error.value(QStringLiteral("error_code")), -1009);
+    }
+
+    void deviceTokensAreRegistered()
+    {
+        Scene scene;
+        scene.initialize();
+        persistentstore::setCustomerOriginalId(QStringLiteral("7"));
+        Tolvane::setDeviceToken(QByteArray::fromHex("0aff"));
+        QCOMPARE(scene.texts(), QStringList{QStringLiteral("Device token: 0aff")});
+        QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::deviceTokenSet});
+        QVERIFY(scene.session->requests.isEmpty());
+        settle();
+        QCOMPARE(scene.session->requests.constFirst().body,
+                 QByteArray(R"({"originalId":"7","deviceToken":"0aff"})"));
+        // The scripted 304 counts as a failure here: told to analytics, not to the log.
+        QCOMPARE(scene.delegate->properties(Event::Errors::apiError)
+                     .value(QStringLiteral("error_context")),
+                 QStringLiteral("setDeviceToken"));
+        QCOMPARE(scene.texts().size(), 1);
+    }
+
+    void pushesAreRecognised_data()
+    {
+        QTest::addColumn<QVariantMap>("payload");
+        QTest::addColumn<bool>("ours");
+        QTest::newRow("ours") << push() << true;
+        QTest::newRow("case counts") << push({}, QStringLiteral("Tolvane")) << false;
+        QTest::newRow("other type") << push({}, 5) << false;
+        QTest::newRow("bytes are no text") << push({}, QByteArray("tolvane")) << false;
+        QTest::newRow("null") << push({}, QVariant()) << false;
+        QTest::newRow("empty") << QVariantMap() << false;
+    }
+
+    void pushesAreRecognised()
+    {
+        QFETCH(const QVariantMap, payload);
+        QFETCH(const bool, ours);
+        Scene scene;
+        QCOMPARE(Tolvane::isTolvanePushNotification(payload), ours);
+        scene.initialize();
+        QCOMPARE(Tolvane::willPresentNotification(payload),
+                 ours ? PresentationOptions::soundAndBanner : PresentationOptions::none);
+        QCOMPARE(scene.delegate->names().contains(Event::Notifications::pushReceived), ours);
+        Tolvane::handlePushNotification(payload);
+        QCOMPARE(scene.delegate->names().contains(Event::Notifications::pushTapped), ours);
+        QVERIFY(scene.broadcasts.isEmpty());
+    }
+
+    void pushesAreRouted_data()
+    {
+        QTest::addColumn<QVariantMap>("content");
+        QTest::addColumn<QString>("broadcast");
+        QTest::addColumn<QVariantMap>("userInfo");
+        QTest::addColumn<bool>("isCounted");
+        const QString message = QStringLiteral("message");
+        const QString preview = QStringLiteral("ticketPreview");
+        const QVariantMap bare = {{QStringLiteral("id"), QStringLiteral("m")}};
+        QTest::newRow("message") << QVariantMap{{message, messageContent}, {preview, bare}}
+                                 << notifications::didReceiveMessage << messageContent << true;
+        QTest::newRow("message without its ticket")
+            << QVariantMap{{message, bare}} << notifications::didReceiveMessage << bare << false;
+        QTest::newRow("state") << QVariantMap{{preview, bare}}
+                               << notifications::didReceiveStateUpdate << bare << false;
+        QTest::newRow("message of another type falls through")
+            << QVariantMap{{message, 5}, {preview, bare}} << notifications::didReceiveStateUpdate
+            << bare << false;
+        QTest::newRow("neither") << QVariantMap() << QString() << QVariantMap() << false;
+    }
+
+    void pushesAreRouted()
+    {
+        QFETCH(const QVariantMap, content);
+        QFETCH(const QString, broadcast);
+        QFETCH(const QVariantMap, userInfo);
+        QFETCH(const bool, isCounted);
+        for (const bool isOpen : {false, true}) {
+            Scene scene;
+            scene.initialize();
+            SdkData::shared();
+            platform().notificationCenter->post(notifications::didChangeState,
+                                                QVariantMap{{QStringLiteral("open"), isOpen}});
+            scene.broadcasts.clear();
+            if (isOpen)
+                QCOMPARE(Tolvane::willPresentNotification(push(content)),
+                         PresentationOptions::sound);
+            else
+                Tolvane::handlePushNotification(push(content));
+            QCOMPARE(scene.broadcasts.size(), broadcast.isEmpty() ? 0 : 1);
+            if (!broadcast.isEmpty()) {
+                QCOMPARE(scene.broadcasts.constFirst().name, broadcast);
+                QCOMPARE(scene.broadcasts.constFirst().userInfo, userInfo);
+            }
+            QStringList events =
+                isOpen ? QStringList{Event::Notifications::pushReceived} : QStringList();
+            events += Event::Notifications::pushTapped;
+            if (!isOpen)
+                events += Event::Chat::opened;
+            QCOMPARE(scene.presentations, isOpen ? QStringList() : events);
+            if (isCounted)
+                events += Event::Chat::messageReceived;
+            QCOMPARE(scene.delegate->names(), events);
+        }
+    }
+
+    void callsFromOtherThreadsArriveInOrder()
+    {
+        Scene scene;
+        const std::unique_ptr<QThread> thread(QThread::create([] {
+            Tolvane::initialize(QStringLiteral("key"));
+            Tolvane::open();
+            Tolvane::handlePushNotification(push());
+            QCOMPARE(Tolvane::willPresentNotification(push()), PresentationOptions::none);
+        }));
+        thread->start();
+        thread->wait();
+        QVERIFY(scene.delegate->events.isEmpty());
+        settle();
+        QCOMPARE(scene.delegate->names().first(3),
+                 QStringList({Event::Lifecycle::sdkInitialized, Event::Chat::opened,
+                              Event::Notifications::pushTapped}));
+        QCOMPARE(scene.texts().filter(QStringLiteral("off the main thread")).size(), 1);
+    }
+
+    void delegatesDoNoHarm()
+    {
+        Scene scene;
+        const auto throwing = std::make_shared<ThrowingDelegate>();
+        Tolvane::setAnalyticsDelegate(throwing);
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("host")));
+        Tolvane::initialize(QStringLiteral("key"));
+
+        auto owned = std::make_shared<SelfRemovingDelegate>();
+        auto *raw = owned.get();
+        std::shared_ptr<TolvaneAnalyticsDelegate> self = std::move(owned);
+        raw->self = &self;
+        Tolvane::setAnalyticsDelegate(self);
+        Tolvane::open();
+        Tolvane::open();
+        QVERIFY(!self);
+
+        Tolvane::setAnalyticsDelegate(scene.delegate); // Nothing comes afterwards.
+        QVERIFY(scene.delegate->events.isEmpty());
+        QCOMPARE(scene.texts().filter(QStringLiteral("Analytics delegate set: ")),
+                 QStringList({QStringLiteral("Analytics delegate set: enabled"),
+                              QStringLiteral("Analytics delegate set: enabled"),
+                              QStringLiteral("Analytics delegate set: disabled"),
+                              QStringLiteral("Analytics delegate set: enabled")}));
+        std::weak_ptr<TolvaneAnalyticsDelegate> weak = scene.delegate;
+        scene.delegate.reset();
+        QVERIFY(weak.expired()); // The library holds it weakly.
+        Tolvane::open();
+    }
+
+    void errorsAreClassified_data()
+    {
+        QTest::addColumn<QString>("domain");
+        QTest::addColumn<QString>("description");
+        QTest::addColumn<QString>("event");
+        QTest::newRow("network") << "x.NSURLErrorDomain"
+                                 << "bad configuration" << Event::Errors::networkError;
+        QTest::newRow("configuration")
+            << "other"
+            << "The CONFIGURATION is off" << Event::Errors::configurationError;
+        QTest::newRow("else") << "other"
+                              << "text" << Event::Errors::apiError;
+    }
+
+    void errorsAreClassified()
+    {
+        QFETCH(const QString, domain);
+        QFETCH(const QString, description);
+        QFETCH(const QString, event);
+        Scene scene;
+        scene.bundle->version = QStringLiteral("3.1");
+        auto &manager = TolvaneAnalyticsManager::shared();
+        manager.trackError({}, {{QStringLiteral("k"), 1}}, Error(domain, 7, description));
+        QCOMPARE(scene.delegate->names(), QStringList{event});
+        const QVariantMap properties = scene.delegate->properties(event);
+        QCOMPARE(properties.value(QStringLiteral("error_message")), description);
+        QCOMPARE(properties.value(QStringLiteral("error_code")), 7);
+        QCOMPARE(properties.value(QStringLiteral("k")), 1);
+        QVERIFY(!properties.contains(QStringLiteral("error_context")));
+
+        manager.setEnabled(false);
+        scene.forget();
+        manager.trackUserAction(QStringLiteral("a"), QStringLiteral("s"), {});
+        QVERIFY(scene.delegate->events.isEmpty() && scene.log->lines.isEmpty());
+        manager.setEnabled(true);
+        manager.trackUserAction(QStringLiteral("a"), QStringLiteral("s"), {});
+        QCOMPARE(scene.delegate->properties(QStringLiteral("user_action"))
+                     .value(QStringLiteral("screen_name")),
+                 QStringLiteral("s"));
+    }
+
+    void environmentsHaveNames()
+    {
+        for (const char *name : {"production", "development", "alpha"}) {
+            const auto environment = Tolvane::environmentFromRawValue(QString::fromLatin1(name));
+            QVERIFY(environment);
+            QCOMPARE(Tolvane::rawValue(*environment), QString::fromLatin1(name));
+        }
+        QVERIFY(!Tolvane::environmentFromRawValue(QStringLiteral("Production")));
+        QCOMPARE(TolvaneSdkVersionNumber, 1.0);
+        QCOMPARE(
+            std::strcmp(TolvaneSdkVersionString, "@(#)PROGRAM:TolvaneSdk  PROJECT:Tolvane-1\n"), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TolvaneTest)
+#include "tst_tolvane.moc"

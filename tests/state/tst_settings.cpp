@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "core/notifications.h"
+#include "core/persistentstore.h"
+#include "platform/await.h"
+#include "platform/errors.h"
+#include "state/colorscheme.h"
+#include "state/sdkdata.h"
+#include "support/wire.h"
+
+#include <QtTest/QTest>
+
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+BrandingDto makeBranding(const QString &updatedAt, const QString &primaryLight)
+{
+    BrandingDto branding;
+    branding.primaryLight = primaryLight;
+    branding.bubbleAgentDark = QStringLiteral("#010203");
+    branding.updatedAt = updatedAt;
+    return branding;
+}
+
+struct Scene : Fixture
+{
+    Scene() { setKey(); }
+
+    void fetch()
+    {
+        detach(SdkData::shared()->fetchSettings());
+        settle();
+    }
+
+    QString primary() const { return ColorScheme::shared().primaryColor.light.name(); }
+    QString lastQuery() const
+    {
+        return session->requests.constLast().url.query(QUrl::FullyEncoded);
+    }
+};
+
+UrlResponse notModified(const UrlRequest &)
+{
+    return {.status = 304, .headers = {}, .body = {}};
+}
+
+} // namespace
+
+class SettingsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void brandingIsStoredAppliedAndAskedForAgain()
+    {
+        Scene scene;
+        const BrandingDto branding =
+            makeBranding(QStringLiteral("2026-01-01+2"), QStringLiteral(" #aabbcc\n"));
+        scene.session->handler = [&](const UrlRequest &) { return answer(branding); };
+        scene.fetch();
+        QCOMPARE(scene.lastQuery(), QStringLiteral("updatedAt"));
+        QCOMPARE(persistentstore::branding(), branding);
+        QCOMPARE(scene.primary(), QStringLiteral("#aabbcc"));
+        QCOMPARE(ColorScheme::shared().bubbleAgentColor.dark.name(), QStringLiteral("#010203"));
+        QVERIFY(!ColorScheme::shared().logoLight); // As the record has it, no longer empty text.
+        QCOMPARE(scene.delegate->names(),
+                 QStringList{TolvaneAnalyticsEvent::Lifecycle::fetchedSettings});
+
+        scene.session->handler = notModified;
+        ColorScheme::shared() = ColorScheme();
+        scene.fetch();
+        QCOMPARE(scene.lastQuery(), QStringLiteral("updatedAt=2026-01-01%2B2"));
+        QCOMPARE(scene.primary(), QStringLiteral("#aabbcc")); // The stored copy was applied.
+    }
+
+    void nothingNewAndNothingStoredKeepsTheDefaults()
+    {
+        Scene scene;
+        scene.session->handler = notModified;
+        QVERIFY(!SdkData::shared()->settingsDidLoad());
+        scene.fetch();
+        QVERIFY(SdkData::shared()->settingsDidLoad());
+        QCOMPARE(scene.primary(), QStringLiteral("#ffffff"));
+        QCOMPARE(ColorScheme::shared().logoLight, QStringLiteral(""));
+    }
+
+    void aFailureChangesNothing()
+    {
+        Scene scene;
+        persistentstore::setBranding(makeBranding(QStringLiteral("1"), QStringLiteral("#aabbcc")));
+        scene.session->handler = [](const UrlRequest &) -> UrlResponse {
+            throw UrlError(UrlError::timedOut);
+        };
+        scene.fetch();
+        QVERIFY(!SdkData::shared()->settingsDidLoad());
+        QCOMPARE(scene.primary(), QStringLiteral("#ffffff"));
+        QVERIFY(!scene.log->lines.filter(QStringLiteral("Error fetching styling: ")).isEmpty());
+        const QVariantMap error =
+            scene.delegate->properties(TolvaneAnalyticsEvent::Errors::networkError);
+        QCOMPARE(error.value(QStringLiteral("error_context")), QStringLiteral("fetchSettings"));
+        QCOMPARE(error.value(QStringLiteral("error_code")), -1001);
+        QCOMPARE(error.value(QStringLiteral("error_domain")), QStringLiteral("NSURLErrorDomain"));
+    }
+
+    void anUnreadableCopyCountsAsNone()
+    {
+        Scene scene;
+        scene.preferences->values->insert(QStringLiteral("com.tolvane.sdk/branding"),
+                                          QByteArray("{\"primaryLight\":"));
+        scene.session->handler = notModified;
+        scene.fetch();
+        QCOMPARE(scene.lastQuery(), QStringLiteral("updatedAt"));
+        QVERIFY(scene.preferences->values->contains(QStringLiteral("com.tolvane.sdk/branding")));
+    }
+
+    void openFollowsTheBroadcast_data()
+    {
+        QTest::addColumn<NotificationCenter::UserInfo>("userInfo");
+        QTest::addColumn<bool>("isOpen");
+        using Info = NotificationCenter::UserInfo;
+        const QString open = QStringLiteral("open");
+        QTest::newRow("true") << Info(QVariantMap{{open, true}}) << true;
+        QTest::newRow("false") << Info(QVariantMap{{open, false}}) << false;
+        QTest::newRow("no Boolean") << Info(QVariantMap{{open, 1}}) << false;
+        QTest::newRow("no entry") << Info(QVariantMap()) << false;
+        QTest::newRow("nothing") << Info() << false;
+    }
+
+    void openFollowsTheBroadcast()
+    {
+        QFETCH(const NotificationCenter::UserInfo, userInfo);
+        QFETCH(const bool, isOpen);
+        const Scene scene;
+        const auto settings = SdkData::shared();
+        platform().notificationCenter->post(notifications::didChangeState, userInfo);
+        QCOMPARE(settings->isOpen(), isOpen);
+    }
+
+    void hexTexts_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("name");
+        const QString gray = QStringLiteral("#808080");
+        const QString black = QStringLiteral("#000000");
+        QTest::newRow("plain") << "1A2B3C"
+                               << "#1a2b3c";
+        QTest::newRow("sign, lower case, white space") << " \t#1a2b3c\r\n"
+                                                       << "#1a2b3c";
+        QTest::newRow("longest prefix") << "12g456"
+                                        << "#000012";
+        QTest::newRow("no digits") << "zzzzzz" << black;
+        QTest::newRow("second sign") << "##12345" << black;
+        QTest::newRow("second sign, too long") << "##123456" << gray;
+        QTest::newRow("three digits") << "#abc" << gray;
+        QTest::newRow("with alpha") << "#11223344" << gray;
+        QTest::newRow("empty") << "" << gray;
+        QTest::newRow("six emoji") << "👍👍👍👍👍👍" << black;
+        QTest::newRow("three emoji") << "👍👍👍" << gray;
+    }
+
+    void hexTexts()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, name);
+        QCOMPARE(Color::fromHex(text).name(), name);
+    }
+};
+
+QTEST_GUILESS_MAIN(SettingsTest)
+#include "tst_settings.moc"

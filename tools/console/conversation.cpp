@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "conversation.h"
+
+#include "terminal.h"
+
+#include <QtCore/QDateTime>
+
+namespace tolvane::console {
+
+namespace {
+
+const QString closedState = QStringLiteral("closed");
+
+QString senderName(const SenderDto &sender)
+{
+    if (sender.type == words::customer)
+        return QStringLiteral("You");
+    const QString name = sender.name.value_or(sender.type);
+    return sender.type == words::aiAgent ? name + QStringLiteral(" (AI)") : name;
+}
+
+const char *senderStyle(const SenderDto &sender)
+{
+    if (sender.type == words::customer)
+        return "1;34";
+    return sender.type == words::aiAgent ? "1;35" : "1;32";
+}
+
+QString clockTime(const QString &timestamp)
+{
+    const QDateTime time = QDateTime::fromString(timestamp, Qt::ISODate);
+    return time.isValid() ? time.toLocalTime().toString(QStringLiteral("HH:mm"))
+                          : QStringLiteral("--:--");
+}
+
+} // namespace
+
+QString messageText(const Terminal &terminal, const MessageDto &message)
+{
+    QString text = terminal.styled("2", clockTime(message.timestamp)) + QLatin1String("  ") +
+                   terminal.styled(senderStyle(message.sender), senderName(message.sender));
+    const QString indent = QStringLiteral("\n       ");
+    if (!message.content.isEmpty())
+        text += indent + QString(message.content).replace(QLatin1Char('\n'), indent);
+    for (const QString &url : message.attachments.value_or(QList<QString>()))
+        text += indent + terminal.styled("2", QStringLiteral("📎 ") + url);
+    return text;
+}
+
+QString rowText(const Terminal &terminal, int number, const TicketPreviewDto &row)
+{
+    const bool isUnread = !row.lastMessage.isRead && row.lastMessage.sender.type != words::customer;
+    QString preview = row.lastMessage.content.simplified();
+    if (preview.size() > 60)
+        preview = preview.left(59) + QChar(0x2026);
+    return QStringLiteral("%1 %2  %3  %4: %5")
+        .arg(isUnread ? QStringLiteral("●") : QStringLiteral(" "))
+        .arg(number, 2)
+        .arg(terminal.styled("2", row.state), senderName(row.lastMessage.sender), preview);
+}
+
+Conversation::Conversation(Terminal &terminal, std::shared_ptr<TicketData> ticket)
+    : m_terminal(terminal)
+    , m_ticket(std::move(ticket))
+{
+    connect(m_ticket.get(), &TicketData::changed, this, &Conversation::showChanges);
+}
+
+bool Conversation::isClosed() const
+{
+    return m_ticket->ticket() && m_ticket->ticket()->state == closedState;
+}
+
+void Conversation::showError(const ErrorPtr &error, ErrorPtr &shown)
+{
+    if (std::exchange(shown, error) != error && error)
+        m_terminal.print(
+            m_terminal.styled("31", QStringLiteral("! ") + error->localizedDescription()));
+}
+
+void Conversation::showChanges()
+{
+    showError(m_ticket->fetchError(), m_shownFetchError);
+    showError(m_ticket->sendError(), m_shownSendError);
+    if (!m_ticket->ticket())
+        return;
+    const TicketDto ticket = *m_ticket->ticket();
+    bool isAnswer = false;
+    for (const MessageDto &message : ticket.messages) {
+        if (m_shownIds.contains(message.id))
+            continue;
+        m_shownIds.insert(message.id);
+        m_terminal.print(messageText(m_terminal, message));
+        isAnswer = message.sender.type != words::customer;
+    }
+    if (std::exchange(m_shownAssignee, ticket.assignee) != ticket.assignee) {
+        m_terminal.print(m_terminal.styled(
+            "2", QStringLiteral("       — assigned to: %1 —").arg(ticket.assignee)));
+    }
+    if (std::exchange(m_shownTyping, m_ticket->isAITyping()) != m_ticket->isAITyping() &&
+        m_shownTyping)
+        m_terminal.print(m_terminal.styled("2", QStringLiteral("       …")));
+    const bool wasClosed = std::exchange(m_shownState, ticket.state) == closedState;
+    if (isClosed() && !wasClosed) {
+        m_terminal.print(m_terminal.styled("2", QStringLiteral("       — closed —")));
+        Q_EMIT closed();
+    }
+    if (isAnswer)
+        Q_EMIT answered();
+}
+
+} // namespace tolvane::console

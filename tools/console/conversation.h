@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/ticketdata.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QSet>
+
+#include <memory>
+
+namespace tolvane::console {
+
+class Terminal;
+
+/// One message, or a row of the list, as lines for a person.
+QString messageText(const Terminal &terminal, const MessageDto &message);
+QString rowText(const Terminal &terminal, int number, const TicketPreviewDto &row);
+
+/// Prints a conversation, and what changes in it as it changes.
+class Conversation final : public QObject
+{
+    Q_OBJECT
+
+public:
+    Conversation(Terminal &terminal, std::shared_ptr<TicketData> ticket);
+
+    TicketData &ticket() const { return *m_ticket; }
+    bool isClosed() const;
+
+Q_SIGNALS:
+    /// Somebody else than the customer has written.
+    void answered();
+    void closed();
+
+private:
+    void showChanges();
+    void showError(const ErrorPtr &error, ErrorPtr &shown);
+
+    Terminal &m_terminal;
+    std::shared_ptr<TicketData> m_ticket;
+    QSet<QString> m_shownIds;
+    ErrorPtr m_shownFetchError;
+    ErrorPtr m_shownSendError;
+    bool m_shownTyping = false;
+    QString m_shownAssignee;
+    QString m_shownState;
+};
+
+} // namespace tolvane::console

@@ -1,0 +1,306 @@
+// SPDX-License-Identifier: MIT
+#include "interactive.h"
+
+#include "attachments.h"
+#include "core/persistentstore.h"
+#include "output.h"
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "wireforms.h"
+
+#include <tolvane/tolvane.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QJsonDocument>
+
+#include <array>
+
+namespace tolvane::console {
+
+using namespace std::chrono_literals;
+
+struct InteractiveFace::Command
+{
+    const char *name;
+    const char *arguments;
+    const char *help;
+    bool needsInitialization;
+    QCoro::Task<> (InteractiveFace::*run)(QString);
+};
+
+namespace {
+
+bool switchOn(const QString &onOff)
+{
+    if (onOff != QLatin1String("on") && onOff != QLatin1String("off"))
+        throw CommandError(QStringLiteral("Say \"on\" or \"off\""));
+    return onOff == QLatin1String("on");
+}
+
+} // namespace
+
+InteractiveFace::InteractiveFace()
+    : m_terminal([this](const QString &line) { enqueue(line); }, [this] { end(); })
+    , m_host((installPlatform(*this), *this))
+{
+    if (m_terminal.isInteractive()) {
+        m_terminal.print(QStringLiteral("tolvane-console: a host application without a window. "
+                                        "\"help\" lists the commands, \"init\" starts."));
+    }
+}
+
+void InteractiveFace::enqueue(const QString &line)
+{
+    m_queue += line.trimmed();
+    if (!m_isRunning)
+        detach(runQueue());
+}
+
+void InteractiveFace::end()
+{
+    m_hasEnded = true;
+    if (!m_isRunning)
+        QCoreApplication::exit(m_hasFailed ? 1 : 0);
+}
+
+QCoro::Task<> InteractiveFace::runQueue()
+{
+    m_isRunning = true;
+    while (!m_queue.isEmpty()) {
+        const QString line = m_queue.takeFirst();
+        QString problem;
+        try {
+            co_await run(line);
+        } catch (const CommandError &error) {
+            problem = error.text();
+        } catch (...) {
+            problem = currentError()->localizedDescription();
+        }
+        if (problem.isEmpty())
+            continue;
+        m_terminal.print(m_terminal.styled("31", QStringLiteral("! ") + problem));
+        // A person reads it and goes on; a script must not pretend that all went well.
+        m_hasFailed = !m_terminal.isInteractive();
+        if (m_hasFailed)
+            m_queue.clear();
+    }
+    m_isRunning = false;
+    if (m_hasEnded || m_hasFailed)
+        end();
+}
+
+std::span<const InteractiveFace::Command> InteractiveFace::commands()
+{
+    using Face = InteractiveFace;
+    static constexpr std::array table = {
+        Command{"help", "", "lists the commands", false, &Face::help},
+        Command{"init", "[KEY]", "starts the library", false, &Face::init},
+        Command{"env", "NAME", "production, development or alpha", false, &Face::environment},
+        Command{"list", "", "your conversations", true, &Face::list},
+        Command{"open", "NUMBER", "opens one of the list", true, &Face::openTicket},
+        Command{"new", "", "begins a new conversation", true, &Face::newTicket},
+        Command{"say", "TEXT", "sends a message, with what is attached", true, &Face::say},
+        Command{"attach", "PATH", "adds a file to the next message", true, &Face::attach},
+        Command{"refresh", "", "fetches the conversation", true, &Face::refresh},
+        Command{"wait", "[closed]", "until an answer, or the end, has come", true, &Face::wait},
+        Command{"who", "[EMAIL [ID]]", "who you are, or tells the backend", true, &Face::who},
+        Command{"log", "on|off", "the library's log lines", false, &Face::log},
+        Command{"events", "on|off", "analytics events", false, &Face::events},
+        Command{"quit", "", "ends", false, &Face::quit},
+    };
+    return table;
+}
+
+QCoro::Task<> InteractiveFace::run(QString line)
+{
+    if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+        co_return;
+    m_terminal.echo(line);
+    const QString name = line.section(QLatin1Char(' '), 0, 0);
+    const auto command = std::ranges::find_if(
+        commands(), [&name](const Command &entry) { return name == QLatin1String(entry.name); });
+    if (command == commands().end())
+        throw CommandError(QStringLiteral("There is no command \"%1\"; see \"help\"").arg(name));
+    if (command->needsInitialization && !isInitialized())
+        throw CommandError(QStringLiteral("Tolvane is not initialized: type \"init\" first"));
+    co_await (this->*command->run)(line.section(QLatin1Char(' '), 1).trimmed());
+}
+
+void InteractiveFace::enter(int handle)
+{
+    if (m_handle)
+        m_host.close(*m_handle);
+    m_handle = handle;
+    m_answered = false;
+    m_conversation = std::make_unique<Conversation>(m_terminal, m_host.ticket(handle));
+    QObject::connect(m_conversation.get(), &Conversation::answered, [this] { m_answered = true; });
+}
+
+Conversation &InteractiveFace::current() const
+{
+    if (!m_conversation)
+        throw CommandError(
+            QStringLiteral("No conversation is open: \"open\" one or begin a \"new\""));
+    return *m_conversation;
+}
+
+QCoro::Task<> InteractiveFace::help(QString)
+{
+    for (const Command &command : commands()) {
+        m_terminal.print(QStringLiteral("  %1 %2 %3")
+                             .arg(QLatin1String(command.name), -8)
+                             .arg(QLatin1String(command.arguments), -13)
+                             .arg(QLatin1String(command.help)));
+    }
+    co_return;
+}
+
+QCoro::Task<> InteractiveFace::init(QString key)
+{
+    Tolvane::initialize(key.isEmpty() ? QStringLiteral("console") : key);
+    co_await list({});
+}
+
+QCoro::Task<> InteractiveFace::environment(QString name)
+{
+    const auto environment = Tolvane::environmentFromRawValue(name);
+    if (!environment)
+        throw CommandError(QStringLiteral("There is no environment \"%1\"").arg(name));
+    Tolvane::setEnvironment(*environment);
+    co_return;
+}
+
+QCoro::Task<> InteractiveFace::list(QString)
+{
+    co_await m_host.tickets()->load();
+    const TicketsData::State state = m_host.tickets()->state();
+    if (state.failure())
+        throw CommandError(state.failure()->localizedDescription());
+    int number = 0;
+    for (const TicketPreviewDto &row : state.value().value_or(TicketsData::Tickets()))
+        m_terminal.print(rowText(m_terminal, ++number, row));
+    if (number == 0)
+        m_terminal.print(QStringLiteral("No conversations yet: \"new\" begins one"));
+}
+
+QCoro::Task<> InteractiveFace::openTicket(QString number)
+{
+    const auto rows = m_host.tickets()->state().value().value_or(TicketsData::Tickets());
+    const qsizetype index = number.toInt() - 1;
+    if (index < 0 || index >= rows.size())
+        throw CommandError(QStringLiteral("The list has no number \"%1\"").arg(number));
+    enter(m_host.open(rows.at(index)));
+    co_await current().ticket().fetchTicket();
+}
+
+QCoro::Task<> InteractiveFace::newTicket(QString)
+{
+    enter(m_host.open(std::nullopt));
+    current().ticket().setNewTicket(true);
+    m_terminal.print(QStringLiteral("A new conversation: \"say\" something"));
+    co_return;
+}
+
+QCoro::Task<> InteractiveFace::say(QString text)
+{
+    TicketData &ticket = current().ticket();
+    ticket.setMessage(text);
+    if (ticket.isSendDisabled())
+        throw CommandError(QStringLiteral("There is nothing to send"));
+    m_answered = false;
+    if (ticket.ticket())
+        co_await ticket.sendMessage();
+    else
+        co_await ticket.createTicket();
+}
+
+QCoro::Task<> InteractiveFace::attach(QString path)
+{
+    TicketData &ticket = current().ticket();
+    const AttachmentDto attachment = loadAttachment(path);
+    ticket.setAttachments(ticket.attachments() + QList{attachment});
+    m_terminal.print(QStringLiteral("📎 %1 (%2, %3 bytes)")
+                         .arg(attachment.name, attachment.mimeType)
+                         .arg(attachment.data.size()));
+    co_return;
+}
+
+QCoro::Task<> InteractiveFace::refresh(QString)
+{
+    co_await current().ticket().silentFetchTicket();
+}
+
+QCoro::Task<> InteractiveFace::wait(QString what)
+{
+    const bool forEnd = what == QLatin1String("closed");
+    constexpr int seconds = 30;
+    for (int i = 0; i < seconds * 10; ++i) {
+        if (forEnd ? current().isClosed() : m_answered)
+            co_return;
+        QFuture<void> pause = platform().clock->sleep(100ms, {});
+        co_await settled(pause);
+    }
+    throw CommandError(QStringLiteral("Nothing came within %1 seconds").arg(seconds));
+}
+
+QCoro::Task<> InteractiveFace::who(QString identity)
+{
+    if (!identity.isEmpty()) {
+        const QString email = identity.section(QLatin1Char(' '), 0, 0);
+        const QString id = identity.section(QLatin1Char(' '), 1).trimmed();
+        QFuture<void> updated =
+            Tolvane::updateCustomer(email, id.isEmpty() ? std::nullopt : std::optional(id));
+        co_await settled(updated);
+    }
+    const auto orNone = [](const std::optional<QString> &text) {
+        return text.value_or(QStringLiteral("none"));
+    };
+    m_terminal.print(QStringLiteral("Customer %1, the host's id: %2")
+                         .arg(orNone(persistentstore::customerId()),
+                              orNone(persistentstore::customerOriginalId())));
+}
+
+QCoro::Task<> InteractiveFace::log(QString onOff)
+{
+    Tolvane::enableLogging(switchOn(onOff));
+    co_return;
+}
+
+QCoro::Task<> InteractiveFace::events(QString onOff)
+{
+    m_host.setAnalyticsDelegate(switchOn(onOff));
+    co_return;
+}
+
+QCoro::Task<> InteractiveFace::quit(QString)
+{
+    m_queue.clear();
+    m_hasEnded = true;
+    co_return;
+}
+
+void InteractiveFace::onLog(LogType, const QString &line)
+{
+    // Lines come from any thread, and the terminal belongs to this one.
+    platform().mainThread->post([this, line] { m_terminal.print(m_terminal.styled("2", line)); });
+}
+
+void InteractiveFace::onEvent(const TolvaneAnalyticsEvent &event)
+{
+    const QJsonDocument properties(QJsonObject::fromVariantMap(event.properties()));
+    m_terminal.print(m_terminal.styled(
+        "2", QStringLiteral("event %1 %2")
+                 .arg(event.name(), QString::fromUtf8(properties.toJson(QJsonDocument::Compact)))));
+}
+
+void InteractiveFace::onBroadcast(const QString &, const NotificationCenter::UserInfo &)
+{
+    // The open conversation shows what it brings.
+}
+
+void InteractiveFace::onPresentation()
+{
+    m_terminal.print(QStringLiteral("(the messenger would open here)"));
+}
+
+} // namespace tolvane::console

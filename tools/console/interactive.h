@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "conversation.h"
+#include "host.h"
+#include "terminal.h"
+
+#include <QCoroTask>
+#include <QtCore/QStringList>
+
+#include <memory>
+#include <optional>
+#include <span>
+
+namespace tolvane::console {
+
+/// The face for people: short commands, a conversation printed as a conversation. Commands run one
+/// after the other; at the end of input, or at "quit", the process ends.
+class InteractiveFace final : public Listener
+{
+public:
+    InteractiveFace();
+
+    void onLog(LogType type, const QString &line) override;
+    void onEvent(const TolvaneAnalyticsEvent &event) override;
+    void onBroadcast(const QString &name, const NotificationCenter::UserInfo &userInfo) override;
+    void onPresentation() override;
+
+private:
+    struct Command;
+    static std::span<const Command> commands();
+
+    void enqueue(const QString &line);
+    void end();
+    QCoro::Task<> runQueue();
+    QCoro::Task<> run(QString line);
+    void enter(int handle);
+    Conversation &current() const;
+
+    QCoro::Task<> help(QString);
+    QCoro::Task<> init(QString key);
+    QCoro::Task<> environment(QString name);
+    QCoro::Task<> list(QString);
+    QCoro::Task<> openTicket(QString number);
+    QCoro::Task<> newTicket(QString);
+    QCoro::Task<> say(QString text);
+    QCoro::Task<> attach(QString path);
+    QCoro::Task<> refresh(QString);
+    QCoro::Task<> wait(QString what);
+    QCoro::Task<> who(QString identity);
+    QCoro::Task<> log(QString onOff);
+    QCoro::Task<> events(QString onOff);
+    QCoro::Task<> quit(QString);
+
+    Terminal m_terminal;
+    Host m_host;
+    std::unique_ptr<Conversation> m_conversation;
+    std::optional<int> m_handle;
+    QStringList m_queue;
+    bool m_isRunning = false;
+    bool m_hasEnded = false;
+    bool m_hasFailed = false;
+    bool m_answered = false;
+};
+
+} // namespace tolvane::console

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "interactive.h"
+#include "jsonface.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QCoreApplication>
+
+#include <csignal>
+
+int main(int argc, char **argv)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Tolvane"));
+    QCoreApplication::setApplicationName(QStringLiteral("tolvane-console"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.0.0"));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("A host application without a window, driven by a person or a script.\n"
+                       "The environment variable TOLVANE_API_URL names the backend."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption json(QStringLiteral("json"),
+                                  QStringLiteral("One JSON object a line in and out."));
+    parser.addOption(json);
+    parser.process(app);
+
+    if (parser.isSet(json)) {
+        const tolvane::console::JsonFace face;
+        return QCoreApplication::exec();
+    }
+    const tolvane::console::InteractiveFace face;
+    return QCoreApplication::exec();
+}

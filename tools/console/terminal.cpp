@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "terminal.h"
+
+#include "output.h"
+
+#include <cstdlib>
+#include <editline/readline.h>
+#include <unistd.h>
+
+namespace tolvane::console {
+
+namespace {
+
+constexpr auto prompt = "› ";
+
+// The line editor calls back without a context, and there is one terminal.
+std::function<void(const QString &)> *lineHandler = nullptr;
+std::function<void()> *endHandler = nullptr;
+
+void onEditedLine(char *line)
+{
+    if (!line) {
+        (*endHandler)();
+        return;
+    }
+    const std::unique_ptr<char, decltype(&std::free)> owned(line, &std::free);
+    if (*line != '\0')
+        add_history(line);
+    (*lineHandler)(QString::fromUtf8(line));
+}
+
+} // namespace
+
+Terminal::Terminal(std::function<void(const QString &)> onLine, std::function<void()> onEnd)
+    : m_onLine(std::move(onLine))
+    , m_onEnd(std::move(onEnd))
+    , m_editing(isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0)
+    , m_colors(isatty(STDOUT_FILENO) != 0 && !qEnvironmentVariableIsSet("NO_COLOR"))
+{
+    if (m_editing) {
+        startEditing();
+        return;
+    }
+    m_lines = std::make_unique<LineSource>();
+    QObject::connect(m_lines.get(), &LineSource::line,
+                     [this](const QByteArray &line) { m_onLine(QString::fromUtf8(line)); });
+    QObject::connect(m_lines.get(), &LineSource::ended, [this] { m_onEnd(); });
+}
+
+Terminal::~Terminal()
+{
+    if (m_editing)
+        rl_callback_handler_remove();
+}
+
+void Terminal::startEditing()
+{
+    lineHandler = &m_onLine;
+    endHandler = &m_onEnd;
+    using_history();
+    rl_callback_handler_install(prompt, onEditedLine);
+    m_keys = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
+    QObject::connect(m_keys.get(), &QSocketNotifier::activated, [] { rl_callback_read_char(); });
+}
+
+void Terminal::print(const QString &text)
+{
+    if (!m_editing) {
+        writeOut(text.toUtf8() + '\n');
+        return;
+    }
+    writeOut("\r\x1b[K" + text.toUtf8() + '\n');
+    rl_forced_update_display();
+}
+
+void Terminal::echo(const QString &command)
+{
+    if (!m_editing)
+        print(styled("2", QString::fromUtf8(prompt) + command));
+}
+
+QString Terminal::styled(const char *style, const QString &text) const
+{
+    if (!m_colors)
+        return text;
+    return QStringLiteral("\x1b[%1m%2\x1b[0m").arg(QLatin1String(style), text);
+}
+
+} // namespace tolvane::console

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "wireforms.h"
+
+#include "backend/json.h"
+#include "state/colorscheme.h"
+#include "state/sdkdata.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+#include <array>
+
+namespace tolvane::console {
+
+namespace {
+
+// Indexed by LoadingState::Case.
+constexpr std::array caseNames = {
+    "loadingWithPreview", "loaded", "error", "idle", "loading", "empty"};
+
+template <typename Value>
+QString caseName(const LoadingState<Value> &state)
+{
+    return QString::fromLatin1(caseNames.at(static_cast<std::size_t>(state.current())));
+}
+
+template <Record T>
+QJsonValue form(const T &record)
+{
+    return QJsonDocument::fromJson(json::encode(record)).object();
+}
+
+QJsonValue form(const TicketsData::Tickets &tickets)
+{
+    QJsonArray list;
+    for (const TicketPreviewDto &preview : tickets)
+        list.append(form(preview));
+    return list;
+}
+
+template <typename T>
+QJsonValue formOrNull(const std::optional<T> &value)
+{
+    return value ? form(*value) : QJsonValue();
+}
+
+QJsonValue errorText(const ErrorPtr &error)
+{
+    return error ? QJsonValue(error->localizedDescription()) : QJsonValue();
+}
+
+} // namespace
+
+QJsonValue textOrNull(const std::optional<QString> &text)
+{
+    return text ? QJsonValue(*text) : QJsonValue();
+}
+
+QJsonObject eventForm(const TolvaneAnalyticsEvent &event)
+{
+    return {{QStringLiteral("name"), event.name()},
+            {QStringLiteral("properties"), QJsonObject::fromVariantMap(event.properties())},
+            {QStringLiteral("timestamp"), event.timestamp().toString(Qt::ISODateWithMs)},
+            {QStringLiteral("sdkVersion"), event.sdkVersion()},
+            {QStringLiteral("customerId"), textOrNull(event.customerId())},
+            {QStringLiteral("originalCustomerId"), textOrNull(event.originalCustomerId())},
+            {QStringLiteral("environment"), event.environment()}};
+}
+
+QJsonValue userInfoForm(const NotificationCenter::UserInfo &userInfo)
+{
+    if (!userInfo)
+        return {};
+    QJsonObject object = QJsonObject::fromVariantMap(*userInfo);
+    // A sent reply travels as the record itself.
+    for (auto entry = userInfo->cbegin(); entry != userInfo->cend(); ++entry) {
+        if (entry->typeId() == qMetaTypeId<MessageDto>())
+            object.insert(entry.key(), form(entry->value<MessageDto>()));
+    }
+    return object;
+}
+
+QJsonObject settingsForm()
+{
+    struct NamedColor
+    {
+        const char *name;
+        DynamicColor ColorScheme::*color;
+    };
+    static constexpr std::array namedColors = {
+        NamedColor{"primaryColor", &ColorScheme::primaryColor},
+        NamedColor{"accentColor", &ColorScheme::accentColor},
+        NamedColor{"chatBackgroundColor", &ColorScheme::chatBackgroundColor},
+        NamedColor{"fontBasicColor", &ColorScheme::fontBasicColor},
+        NamedColor{"fontUserBubbleColor", &ColorScheme::fontUserBubbleColor},
+        NamedColor{"fontAgentBubbleColor", &ColorScheme::fontAgentBubbleColor},
+        NamedColor{"bubbleUserColor", &ColorScheme::bubbleUserColor},
+        NamedColor{"bubbleAgentColor", &ColorScheme::bubbleAgentColor},
+    };
+    const ColorScheme &scheme = ColorScheme::shared();
+    QJsonObject colors;
+    for (const NamedColor &entry : namedColors) {
+        const DynamicColor &color = scheme.*entry.color;
+        colors.insert(QLatin1String(entry.name),
+                      QJsonObject{{QStringLiteral("light"), color.light.name()},
+                                  {QStringLiteral("dark"), color.dark.name()}});
+    }
+    return {{QStringLiteral("settingsDidLoad"), SdkData::shared()->settingsDidLoad()},
+            {QStringLiteral("isOpen"), SdkData::shared()->isOpen()},
+            {QStringLiteral("colors"), colors},
+            {QStringLiteral("logoLight"), textOrNull(scheme.logoLight)},
+            {QStringLiteral("logoDark"), textOrNull(scheme.logoDark)}};
+}
+
+QJsonObject ticketsForm(const TicketsData &tickets)
+{
+    return {{QStringLiteral("state"), caseName(tickets.state())},
+            {QStringLiteral("value"), formOrNull(tickets.state().value())},
+            {QStringLiteral("error"), errorText(tickets.state().failure())},
+            {QStringLiteral("lastValue"), formOrNull(tickets.lastValue())}};
+}
+
+QJsonObject ticketForm(const TicketData &ticket)
+{
+    return {{QStringLiteral("state"), caseName(ticket.state())},
+            {QStringLiteral("isFetchingTicket"), ticket.isFetchingTicket()},
+            {QStringLiteral("isSendingMessage"), ticket.isSendingMessage()},
+            {QStringLiteral("newTicket"), ticket.newTicket()},
+            {QStringLiteral("message"), ticket.message()},
+            {QStringLiteral("attachmentCount"), ticket.attachments().size()},
+            {QStringLiteral("ticketId"), textOrNull(ticket.ticketId())},
+            {QStringLiteral("isSendDisabled"), ticket.isSendDisabled()},
+            {QStringLiteral("isAITyping"), ticket.isAITyping()},
+            {QStringLiteral("hasAttemptedFetch"), ticket.hasAttemptedFetch()},
+            {QStringLiteral("fetchError"), errorText(ticket.fetchError())},
+            {QStringLiteral("sendError"), errorText(ticket.sendError())},
+            {QStringLiteral("preview"), formOrNull(ticket.preview())},
+            {QStringLiteral("ticket"), formOrNull(ticket.ticket())}};
+}
+
+} // namespace tolvane::console
