@@ -9,8 +9,6 @@
 #include "platform/await.h"
 #include "platform/platform.h"
 
-#include <QtCore/QUuid>
-
 #include <array>
 
 namespace tolvane {
@@ -66,37 +64,44 @@ std::optional<BrandingDto> readBranding(const UrlResponse &response)
     return readRecord<BrandingDto>(response);
 }
 
-/// Sends one request and reads its answer. `build` and `read` run on the workers: bodies and
-/// answers can be large, and both look into the persistent store.
+/// Answers up to this size are read right where they arrive: handing them on would take longer.
+constexpr qsizetype smallBody = 32 * 1024;
+
+bool isSmall(const QFuture<UrlResponse> &received)
+{
+    return received.resultCount() == 0 || received.resultAt(0).body.size() <= smallBody;
+}
+
+/// Reads an answer once it has come: a large one on the workers, so that it holds up no other.
+template <typename Result>
+QFuture<Result> readAnswer(QFuture<UrlResponse> sent, Result (*read)(const UrlResponse &))
+{
+    auto promise = std::make_shared<QPromise<Result>>();
+    promise->start();
+    QFuture<Result> answer = promise->future();
+    sent.then(QtFuture::Launch::Sync, [promise, read](const QFuture<UrlResponse> &received) {
+        const auto finish = [promise, read, received] {
+            fulfil(*promise, [&] {
+                const UrlResponse response = received.result();
+                adoptCustomerId(response);
+                return read(response);
+            });
+        };
+        if (isSmall(received))
+            finish();
+        else
+            platform().workers->post(finish);
+    });
+    return answer;
+}
+
+/// Sends one request and reads its answer, both off the caller's thread.
 template <typename Result>
 QCoro::Task<Result> perform(std::function<UrlRequest()> build, Result (*read)(const UrlResponse &))
 {
-    UrlRequest request = co_await settled(platform().workers->run(std::move(build)));
-    UrlResponse response = co_await settled(platform().urlSession->data(std::move(request)));
-    auto answer = platform().workers->run([response = std::move(response), read] {
-        adoptCustomerId(response);
-        return read(response);
-    });
-    co_return co_await settled(std::move(answer));
-}
-
-MultipartBody makeForm(const QList<AttachmentDto> &attachments)
-{
-    MultipartBody form(QUuid::createUuid().toByteArray(QUuid::WithoutBraces).toUpper());
-    constexpr qsizetype overhead = 4096;
-    qsizetype size = overhead;
-    for (const AttachmentDto &attachment : attachments)
-        size += attachment.data.size() + overhead;
-    form.reserve(size);
-    return form;
-}
-
-void appendAttachments(MultipartBody &form, const QList<AttachmentDto> &attachments)
-{
-    for (const AttachmentDto &attachment : attachments) {
-        form.appendFile(QStringLiteral("attachments[]"), attachment.name, attachment.mimeType,
-                        attachment.data);
-    }
+    QFuture<UrlResponse> sent = platform().urlSession->send(std::move(build));
+    QFuture<Result> answer = readAnswer(sent, read);
+    co_return co_await settled(answer);
 }
 
 QString ticketPath(const QString &ticketId)
@@ -123,12 +128,8 @@ APIClient APIClient::live()
             [endpoint](CreateTicketDto ticket, std::optional<QList<AttachmentDto>> files) {
                 return perform<TicketDto>(
                     [=] {
-                        const QList<AttachmentDto> attachments =
-                            files.value_or(QList<AttachmentDto>());
-                        MultipartBody form = makeForm(attachments);
-                        form.appendRecord(ticket);
-                        appendAttachments(form, attachments);
-                        return multipartRequest(endpoint, QStringLiteral("/ticket/create"), form);
+                        return multipartRequest(endpoint, QStringLiteral("/ticket/create"),
+                                                ticketForm(ticket, files));
                     },
                     readRecord<TicketDto>);
             },
@@ -148,12 +149,8 @@ APIClient APIClient::live()
             [endpoint](QString ticketId, SendMessageDto message) {
                 return perform<MessageDto>(
                     [=] {
-                        const QList<AttachmentDto> attachments =
-                            message.attachments.value_or(QList<AttachmentDto>());
-                        MultipartBody form = makeForm(attachments);
-                        form.appendField(QStringLiteral("message"), message.message);
-                        appendAttachments(form, attachments);
-                        return multipartRequest(endpoint, ticketPath(ticketId), form);
+                        return multipartRequest(endpoint, ticketPath(ticketId),
+                                                messageForm(message));
                     },
                     readRecord<MessageDto>);
             },

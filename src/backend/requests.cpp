@@ -3,6 +3,8 @@
 
 #include "core/persistentstore.h"
 
+#include <QtCore/QUuid>
+
 namespace tolvane {
 
 namespace {
@@ -40,6 +42,26 @@ UrlRequest makeRequest(const Endpoint &endpoint, const QByteArray &method, const
     return {.url = url, .method = method, .headers = headers, .body = std::move(body)};
 }
 
+MultipartBody makeForm(const QList<AttachmentDto> &attachments)
+{
+    MultipartBody form(QUuid::createUuid().toByteArray(QUuid::WithoutBraces).toUpper());
+    // Room for the heads of the parts and the texts, and for each file.
+    constexpr qsizetype overhead = 4096;
+    qsizetype size = overhead;
+    for (const AttachmentDto &attachment : attachments)
+        size += attachment.data.size() + overhead;
+    form.reserve(size);
+    return form;
+}
+
+void appendAttachments(MultipartBody &form, const QList<AttachmentDto> &attachments)
+{
+    for (const AttachmentDto &attachment : attachments) {
+        form.appendFile(QStringLiteral("attachments[]"), attachment.name, attachment.mimeType,
+                        attachment.data);
+    }
+}
+
 } // namespace
 
 UrlRequest getRequest(const Endpoint &endpoint, const QString &path, const QList<QueryItem> &query)
@@ -57,6 +79,25 @@ UrlRequest multipartRequest(const Endpoint &endpoint, const QString &path,
 {
     return makeRequest(endpoint, "POST", address(endpoint, path, {}),
                        "multipart/form-data; boundary=" + body.boundary(), body.finish());
+}
+
+MultipartBody ticketForm(const CreateTicketDto &ticket,
+                         const std::optional<QList<AttachmentDto>> &attachments)
+{
+    const QList<AttachmentDto> files = attachments.value_or(QList<AttachmentDto>());
+    MultipartBody form = makeForm(files);
+    form.appendRecord(ticket);
+    appendAttachments(form, files);
+    return form;
+}
+
+MultipartBody messageForm(const SendMessageDto &message)
+{
+    const QList<AttachmentDto> files = message.attachments.value_or(QList<AttachmentDto>());
+    MultipartBody form = makeForm(files);
+    form.appendField(QStringLiteral("message"), message.message);
+    appendAttachments(form, files);
+    return form;
 }
 
 } // namespace tolvane

@@ -29,4 +29,9 @@ UrlRequest jsonRequest(const Endpoint &endpoint, const QString &path, const QByt
 UrlRequest multipartRequest(const Endpoint &endpoint, const QString &path,
                             const MultipartBody &body);
 
+/// The forms of a new ticket and of a further message, each under a boundary of its own.
+MultipartBody ticketForm(const CreateTicketDto &ticket,
+                         const std::optional<QList<AttachmentDto>> &attachments);
+MultipartBody messageForm(const SendMessageDto &message);
+
 } // namespace tolvane

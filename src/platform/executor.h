@@ -10,6 +10,21 @@
 
 namespace tolvane {
 
+/// Runs `work` and keeps the promise by its result, or by the exception that it throws.
+template <typename Result, typename Work>
+void fulfil(QPromise<Result> &promise, Work &&work)
+{
+    try {
+        if constexpr (std::is_void_v<Result>)
+            work();
+        else
+            promise.addResult(work());
+    } catch (...) {
+        promise.setException(std::current_exception());
+    }
+    promise.finish();
+}
+
 /// A place where code runs: the main thread, a serial executor, the worker pool.
 class Executor
 {
@@ -38,17 +53,7 @@ public:
         auto job = std::make_shared<Job>(QPromise<Result>(), std::move(work));
         job->promise.start();
         QFuture<Result> future = job->promise.future();
-        post([job] {
-            try {
-                if constexpr (std::is_void_v<Result>)
-                    job->work();
-                else
-                    job->promise.addResult(job->work());
-            } catch (...) {
-                job->promise.setException(std::current_exception());
-            }
-            job->promise.finish();
-        });
+        post([job] { fulfil(job->promise, job->work); });
         return future;
     }
 };

@@ -3,14 +3,13 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
 
 namespace tolvane {
 
 namespace {
-
-constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
 
 class FileDomain final : public PreferencesDomain
 {
@@ -50,12 +49,26 @@ public:
 private:
     void write(const QString &key, const QVariant &value)
     {
-        if (value.isNull() && !value.isValid())
-            m_settings.remove(key);
-        else
+        // Every answer of the backend names the customer, nearly always as before: no need to
+        // write.
+        if (m_settings.value(key) == value)
+            return;
+        makeSureOfFile();
+        if (value.isValid())
             m_settings.setValue(key, value);
+        else
+            m_settings.remove(key);
         m_settings.sync();
-        QFile::setPermissions(m_settings.fileName(), ownerOnly);
+    }
+
+    /// QSettings would make the file readable for all; rewriting keeps the permissions it has.
+    void makeSureOfFile() const
+    {
+        QFile file(m_settings.fileName());
+        if (file.exists())
+            return;
+        QDir().mkpath(QFileInfo(file).path());
+        file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner);
     }
 
     QSettings m_settings;

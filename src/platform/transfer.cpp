@@ -14,6 +14,9 @@ namespace tolvane {
 namespace {
 
 constexpr qsizetype maximumBodySize = 100 * 1024 * 1024;
+// How much may wait to be read. The stack receives on a thread of its own, and a sender who is
+// faster than this one would fill the memory before the bound on the body is looked at.
+constexpr qsizetype readBufferSize = 1024 * 1024;
 constexpr int maximumRedirects = 16;
 
 struct ErrorCode
@@ -49,6 +52,12 @@ UrlError transportError(const QNetworkReply &reply)
     return UrlError(UrlError::networkConnectionLost, reply.errorString());
 }
 
+/// Redirects that have the same request sent again, body included.
+bool keepsMethod(int status)
+{
+    return status == 307 || status == 308;
+}
+
 /// Whether the "error" of a reply only says that its status is 4xx or 5xx, which makes it an
 /// answer.
 bool isHttpAnswer(QNetworkReply::NetworkError error, int status)
@@ -63,6 +72,9 @@ bool isHttpAnswer(QNetworkReply::NetworkError error, int status)
         (error >= QNetworkReply::ContentAccessDenied &&
          error <= QNetworkReply::UnknownContentError && error != QNetworkReply::ContentReSendError);
     const bool serverFailure = error >= QNetworkReply::InternalServerError;
+    // The network stack rewinds the body for these before anybody decides to follow.
+    if (error == QNetworkReply::ContentReSendError && keepsMethod(status))
+        return true;
     return (status >= 400 && clientFailure) || (status >= 500 && serverFailure);
 }
 
@@ -82,11 +94,13 @@ bool isHeaderText(const QByteArray &text)
 
 std::optional<UrlError> refusal(const UrlRequest &request)
 {
-    if (!request.url.isValid() || request.url.host().isEmpty())
-        return UrlError(UrlError::badURL);
     const QString scheme = request.url.scheme();
+    if (!request.url.isValid() || scheme.isEmpty())
+        return UrlError(UrlError::badURL);
     if (scheme != QLatin1String("http") && scheme != QLatin1String("https"))
         return UrlError(UrlError::unsupportedURL);
+    if (request.url.host().isEmpty())
+        return UrlError(UrlError::badURL);
     for (const auto &[name, value] : request.headers) {
         // A line end in a value would let it add headers of its own.
         if (!isHeaderText(value))
@@ -124,28 +138,41 @@ void Transfer::send()
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
     request.setTransferTimeout(static_cast<int>(m_request.timeout.count()));
+    // The bound on the body, checked as it is read, serves for compressed ones too; the stack's own
+    // check would refuse long and repetitive conversations.
+    request.setDecompressedSafetyCheckThreshold(-1);
 
     auto *body = new OneSendBody(m_request.body);
     m_body.clear();
     m_reply = m_manager.sendCustomRequest(request, m_request.method, body);
     body->setParent(m_reply);
+    // Any earlier there is nobody yet to take notice of it.
+    connect(m_reply, &QNetworkReply::metaDataChanged, m_reply,
+            [reply = m_reply] { reply->setReadBufferSize(readBufferSize); });
     connect(m_reply, &QNetworkReply::readyRead, this, &Transfer::readAvailable);
     connect(m_reply, &QNetworkReply::finished, this, &Transfer::finish);
 }
 
 void Transfer::readAvailable()
 {
-    m_body += m_reply->readAll();
-    if (m_body.size() <= maximumBodySize)
-        return;
-    m_tooLarge = true;
-    m_body.clear();
-    m_reply->abort();
+    // In bounded steps, since what waits compressed can be any size once it is read, and up to the
+    // read that gives nothing: it is what lets more come in.
+    while (m_reply->isOpen() && m_body.size() <= maximumBodySize) {
+        const QByteArray part = m_reply->read(readBufferSize);
+        if (part.isEmpty())
+            break;
+        m_body += part;
+    }
+    m_tooLarge = m_body.size() > maximumBodySize;
+    if (m_tooLarge)
+        m_reply->abort();
 }
 
 void Transfer::finish()
 {
     m_reply->deleteLater();
+    if (!m_tooLarge)
+        readAvailable();
     if (m_tooLarge)
         return fail(UrlError(UrlError::dataLengthExceedsMaximum));
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
@@ -153,15 +180,14 @@ void Transfer::finish()
         return fail(transportError(*m_reply));
     if (followRedirect(status))
         return;
-    m_body += m_reply->readAll();
     succeed(status);
 }
 
 bool Transfer::followRedirect(int status)
 {
-    const bool keepsMethod = status == 307 || status == 308;
-    const bool isRedirect = keepsMethod || (status >= 301 && status <= 303);
-    const QUrl location = m_reply->header(QNetworkRequest::LocationHeader).toUrl();
+    const bool isRedirect = keepsMethod(status) || (status >= 301 && status <= 303);
+    // Not as the parsed header, which is empty for a relative address.
+    const QUrl location = QUrl::fromEncoded(m_reply->rawHeader("Location"));
     if (!isRedirect || location.isEmpty() || m_redirects == maximumRedirects)
         return false;
     const QUrl target = m_request.url.resolved(location);
@@ -169,7 +195,7 @@ bool Transfer::followRedirect(int status)
         return false;
     ++m_redirects;
     m_request.url = target;
-    if (!keepsMethod && m_request.method != "GET") {
+    if (!keepsMethod(status) && m_request.method != "GET") {
         // RFC 9110, 15.4: the answer to what was posted is to be fetched.
         m_request.method = "GET";
         m_request.body.clear();

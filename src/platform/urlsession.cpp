@@ -23,14 +23,20 @@ namespace {
 class NetworkSession final : public UrlSession
 {
 public:
-    QFuture<UrlResponse> data(UrlRequest request) override
+    QFuture<UrlResponse> send(std::function<UrlRequest()> build) override
     {
         auto promise = std::make_shared<QPromise<UrlResponse>>();
         promise->start();
-        m_thread.post([this, promise, request = std::move(request)] {
-            (new Transfer(manager(), request, promise))->begin();
+        QFuture<UrlResponse> response = promise->future();
+        m_thread.post([this, promise, build = std::move(build)] {
+            try {
+                (new Transfer(manager(), build(), promise))->begin();
+            } catch (...) {
+                promise->setException(std::current_exception());
+                promise->finish();
+            }
         });
-        return promise->future();
+        return response;
     }
 
 private:

@@ -8,6 +8,7 @@
 #include <QtCore/QUrl>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -44,10 +45,17 @@ public:
     UrlSession &operator=(const UrlSession &) = delete;
     virtual ~UrlSession() = default;
 
-    /// Sends the request once, and never a second time by itself. Any answer with an HTTP status is
-    /// a response. Redirects are followed on the same origin only, since requests carry the API
-    /// key; others are the response. Fails with UrlError. Safe from any thread.
-    virtual QFuture<UrlResponse> data(UrlRequest request) = 0;
+    /// Has the request built off the caller's thread, and sends it once, never a second time by
+    /// itself. Any answer with an HTTP status is a response. Redirects are followed on the same
+    /// origin only, since requests carry the API key; others are the response. Fails with UrlError,
+    /// or with what `build` throws. Safe from any thread.
+    virtual QFuture<UrlResponse> send(std::function<UrlRequest()> build) = 0;
+
+    /// As send(), for a request at hand.
+    QFuture<UrlResponse> data(const UrlRequest &request)
+    {
+        return send([request] { return request; });
+    }
 };
 
 /// The session on the network, on a thread of its own. Responses are held whole in memory, up to

@@ -28,7 +28,7 @@ struct Scene : Fixture
             return test::json('[' + rows.join(',') + ']');
         };
         QObject::connect(store.get(), &TicketsData::changed, &lifetime,
-                         [this] { cases += store->state().current(); });
+                         [this, raw = store.get()] { cases += raw->state().current(); });
     }
 
     void run(QCoro::Task<> task)

@@ -3,6 +3,8 @@
 
 #include <QtNetwork/QTcpSocket>
 
+#include <sys/socket.h>
+
 namespace tolvane::test {
 
 QByteArray ServedRequest::header(const QByteArray &name) const
@@ -47,10 +49,21 @@ QByteArray ScriptedServer::response(int status, const QByteArray &body,
     return text + "\r\n" + (hasBody ? body : QByteArray());
 }
 
+void ScriptedServer::reset(QTcpSocket &socket)
+{
+    socket.flush();
+    const linger atOnce{.l_onoff = 1, .l_linger = 0};
+    setsockopt(static_cast<int>(socket.socketDescriptor()), SOL_SOCKET, SO_LINGER, &atOnce,
+               sizeof atOnce);
+    socket.abort();
+}
+
 void ScriptedServer::read(QTcpSocket &socket)
 {
     QByteArray &buffer = m_buffers[&socket];
     buffer += socket.readAll();
+    if (breakAfter >= 0 && buffer.size() >= breakAfter)
+        return reset(socket);
     const qsizetype headEnd = buffer.indexOf("\r\n\r\n");
     if (headEnd < 0)
         return;

@@ -33,6 +33,9 @@ public:
     /// it off, or leaves it alone. Connections are kept alive.
     std::function<void(const ServedRequest &, QTcpSocket &)> handler;
 
+    /// Resets a connection as soon as so many bytes of one request have come; never if negative.
+    qsizetype breakAfter = -1;
+
     QList<ServedRequest> requests;
     int connectionCount = 0;
 
@@ -42,6 +45,9 @@ public:
     /// A whole response with its length.
     static QByteArray response(int status, const QByteArray &body,
                                const QList<QByteArray> &headers = {});
+
+    /// Breaks a connection off with a reset, as a crashed server or a middlebox does.
+    static void reset(QTcpSocket &socket);
 
 private:
     void read(QTcpSocket &socket);

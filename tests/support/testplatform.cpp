@@ -181,8 +181,9 @@ std::unique_ptr<PreferencesDomain> MemoryPreferences::open(const QString &name) 
     return canOpen ? std::make_unique<MemoryDomain>(name, values) : nullptr;
 }
 
-QFuture<UrlResponse> ScriptedSession::data(UrlRequest request)
+QFuture<UrlResponse> ScriptedSession::send(std::function<UrlRequest()> build)
 {
+    const UrlRequest request = build();
     requests.append(request);
     auto promise = std::make_shared<QPromise<UrlResponse>>();
     promise->start();

@@ -54,7 +54,7 @@ class ScriptedSession final : public UrlSession
 public:
     using Handler = std::function<UrlResponse(const UrlRequest &)>;
 
-    QFuture<UrlResponse> data(UrlRequest request) override;
+    QFuture<UrlResponse> send(std::function<UrlRequest()> build) override;
 
     /// Gives the response or throws an error.
     Handler handler;

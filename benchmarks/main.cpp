@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "core/configuration.h"
+#include "figures.h"
+#include "idle.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+using tolvane::bench::Promise;
+
+namespace {
+
+const std::vector<Promise> promises = {
+    {"initialize / one read and one event", "initialize", "readAndEvent", 2, "x"},
+    {"decoding 10,000 messages / QJsonDocument's parse", "decodeTicket", "parseWithQJsonDocument",
+     0.5, "x"},
+    {"body with 20 MB attached / two plain copies", "buildBody", "twoPlainCopies", 1.5, "x"},
+    {"main thread's share of a quiet poll of 10,000 messages", "quietPoll", "", 1, "ms"},
+    {"small request / the same through a bare manager", "requestThroughClient",
+     "requestThroughBareManager", 1.5, "x"},
+    {"console idle, peak memory / bare program's", "idle console memory", "idle baseline memory",
+     1.5, "x"},
+    {"console idle, wake-ups in 3 seconds", "idle console wake-ups", "", 0, "wake-ups"},
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    const QCoreApplication app(argc, argv);
+
+    std::vector<char *> arguments(argv, argv + argc);
+    // Several short rounds in turn: what disturbs one round disturbs neighbours of both kinds.
+    char repetitions[] = "--benchmark_repetitions=7";
+    char interleaving[] = "--benchmark_enable_random_interleaving=true";
+    char duration[] = "--benchmark_min_time=0.2";
+    arguments.insert(arguments.begin() + 1, {repetitions, interleaving, duration});
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
+        return 2;
+
+    tolvane::Configuration::shared().adoptApiKey(QStringLiteral("key"));
+    tolvane::bench::Figures figures;
+    benchmark::RunSpecifiedBenchmarks(&figures);
+    tolvane::bench::measureIdle(figures);
+    return figures.check(promises) ? 0 : 1;
+}

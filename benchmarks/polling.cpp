@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "samples.h"
+#include "state/ticketdata.h"
+
+#include <QtCore/QEventLoop>
+
+#include <benchmark/benchmark.h>
+#include <ctime>
+
+namespace tolvane::bench {
+
+namespace {
+
+/// A network that has the answer at once, on another thread, as the real one would.
+class CannedSession final : public UrlSession
+{
+public:
+    explicit CannedSession(QByteArray body)
+        : m_body(std::move(body))
+    {
+    }
+
+    QFuture<UrlResponse> send(std::function<UrlRequest()>) override
+    {
+        return platform().workers->run(
+            [body = m_body] { return UrlResponse{.status = 200, .headers = {}, .body = body}; });
+    }
+
+private:
+    QByteArray m_body;
+};
+
+double mainThreadSeconds()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+QCoro::Task<> refreshAndQuit(TicketData &ticket, QEventLoop &loop)
+{
+    co_await ticket.silentFetchTicket(QStringLiteral("ticket"));
+    loop.quit();
+}
+
+/// The main thread's share of a quiet fetch whose 10,000 messages replace the same ones.
+void quietPoll(benchmark::State &state)
+{
+    auto network =
+        std::exchange(platform().urlSession, std::make_unique<CannedSession>(ticketJson(10'000)));
+    const auto ticket = std::make_shared<TicketData>(std::nullopt);
+    for (auto _ : state) {
+        QEventLoop loop;
+        const double before = mainThreadSeconds();
+        detach(refreshAndQuit(*ticket, loop));
+        loop.exec();
+        state.SetIterationTime(mainThreadSeconds() - before);
+    }
+    platform().urlSession = std::move(network);
+    if (!ticket->ticket() || ticket->ticket()->messages.size() != 10'000)
+        state.SkipWithError("the ticket did not arrive");
+}
+BENCHMARK(quietPoll)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(30);
+
+} // namespace
+
+} // namespace tolvane::bench

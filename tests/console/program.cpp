@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "program.h"
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QJsonDocument>
+
+namespace tolvane::test {
+
+namespace {
+constexpr int patience = 20'000; // Sanitized programs on a busy machine.
+}
+
+BackendProgram::BackendProgram(const QString &folder)
+{
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(TOLVANE_BACKEND),
+                    {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--db"),
+                     folder + QStringLiteral("/backend.sqlite"), QStringLiteral("--reply-delay"),
+                     QStringLiteral("0.2")});
+    while (!m_process.canReadLine()) {
+        if (!m_process.waitForReadyRead(patience))
+            qFatal("The backend does not start");
+    }
+    m_url = QString::fromUtf8(m_process.readLine()).trimmed().section(QLatin1Char(' '), -1);
+}
+
+BackendProgram::~BackendProgram()
+{
+    m_process.terminate();
+    m_process.waitForFinished(patience);
+}
+
+ConsoleProgram::ConsoleProgram(const QString &configFolder, const QString &url)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
+    environment.insert(QStringLiteral("TOLVANE_API_URL"), url);
+    m_process.setProcessEnvironment(environment);
+    m_process.start(QStringLiteral(TOLVANE_CONSOLE), {QStringLiteral("--json")});
+}
+
+void ConsoleProgram::send(const QByteArray &line)
+{
+    m_process.write(line + '\n');
+}
+
+QJsonObject ConsoleProgram::await(const std::function<bool(const QJsonObject &)> &fits)
+{
+    const QDeadlineTimer deadline(patience);
+    for (qsizetype seen = 0;;) {
+        while (m_process.canReadLine())
+            m_unread += QJsonDocument::fromJson(m_process.readLine()).object();
+        for (; seen < m_unread.size(); ++seen) {
+            if (fits(m_unread.at(seen)))
+                return m_unread.takeAt(seen);
+        }
+        if (deadline.hasExpired() ||
+            (m_process.state() == QProcess::NotRunning && !m_process.canReadLine()))
+            return {};
+        m_process.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
+    }
+}
+
+QJsonObject ConsoleProgram::request(const QString &command, QJsonObject arguments)
+{
+    const int id = ++m_lastId;
+    arguments.insert(QStringLiteral("id"), id);
+    arguments.insert(QStringLiteral("cmd"), command);
+    send(QJsonDocument(arguments).toJson(QJsonDocument::Compact));
+    return await(
+        [id](const QJsonObject &line) { return line.value(QLatin1String("reply")).toInt() == id; });
+}
+
+QJsonObject ConsoleProgram::awaitEvent(const QString &event, const QString &name)
+{
+    return await([&](const QJsonObject &line) {
+        return line.value(QLatin1String("event")).toString() == event &&
+               line.value(QLatin1String("name")).toString() == name;
+    });
+}
+
+int ConsoleProgram::end()
+{
+    m_process.closeWriteChannel();
+    if (!m_process.waitForFinished(patience))
+        return -1;
+    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}
+
+} // namespace tolvane::test

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "agent.h"
+
+#include "agentrules.h"
+#include "text.h"
+
+#include <QtCore/QString>
+
+#include <algorithm>
+#include <set>
+
+namespace tolvane::backend {
+
+namespace {
+
+using Words = std::set<std::string, std::less<>>;
+
+Words wordsOf(std::string_view text)
+{
+    QString folded = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    folded = folded.normalized(QString::NormalizationForm_C).toCaseFolded();
+    for (QChar &character : folded) {
+        if (!character.isLetterOrNumber() && !character.isSurrogate())
+            character = QLatin1Char(' ');
+    }
+    Words words;
+    const std::string spaced = folded.toStdString();
+    for (const std::string_view word : split(spaced, ' '))
+        words.emplace(word);
+    words.erase(std::string());
+    return words;
+}
+
+bool anyOf(std::string_view candidates, const Words &words)
+{
+    const auto list = split(candidates, ' ');
+    return std::any_of(list.begin(), list.end(),
+                       [&words](std::string_view word) { return words.contains(word); });
+}
+
+const Rule &ruleFor(const Words &words, const Turn &turn)
+{
+    const bool isDone = !turn.isOvertaken && turn.text.find('?') == std::string_view::npos;
+    const auto found = std::find_if(rules.begin(), rules.end(), [&](const Rule &rule) {
+        return anyOf(rule.words, words) && !anyOf(rule.unless, words) &&
+               (isDone || rule.effect != Effect::Close);
+    });
+    return found == rules.end() ? otherwise : *found;
+}
+
+std::string filledIn(std::string_view reply, const Turn &turn)
+{
+    constexpr std::string_view place = "{hours}";
+    std::string text(reply);
+    if (const auto at = text.find(place); at != std::string::npos)
+        text.replace(at, place.size(), turn.openingHours);
+    return text;
+}
+
+std::string acknowledgement(int count)
+{
+    return count == 1 ? "I have your attachment. "
+                      : "I have your " + std::to_string(count) + " attachments. ";
+}
+
+} // namespace
+
+Answer answerTo(const Turn &turn)
+{
+    const Words words = wordsOf(turn.text);
+    const Rule &rule = ruleFor(words, turn);
+    const bool isHuman = turn.assignee == Author::Human;
+    Answer answer;
+    if (anyOf(greetings, words))
+        answer.text += "Hello! ";
+    if (turn.attachmentCount > 0)
+        answer.text += acknowledgement(turn.attachmentCount);
+    answer.text += filledIn(isHuman ? rule.human : rule.ai, turn);
+    // A human has nobody to hand over to.
+    answer.effect = isHuman && rule.effect == Effect::HandOver ? Effect::None : rule.effect;
+    return answer;
+}
+
+std::string introduction()
+{
+    return "Hi, this is *Maya*. I have read what you wrote so far. What would you like me to do?";
+}
+
+} // namespace tolvane::backend

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "agent.h"
+
+#include <array>
+
+namespace tolvane::backend {
+
+/// Applies to a message with one of the words and none of the words after `unless`. Words are
+/// separated by spaces, in lower case. A closing rule
+/// leaves questions alone. Replies may use inline Markdown and hold "{hours}".
+struct Rule
+{
+    std::string_view words;
+    std::string_view unless;
+    Effect effect = Effect::None;
+    std::string_view ai;
+    std::string_view human;
+};
+
+inline constexpr std::string_view greetings =
+    "hi hello hey greetings morning hallo moin servus hola buenas bonjour salut ciao hej";
+
+/// The first that applies is taken.
+inline constexpr std::array<Rule, 7> rules = {{
+    {.words = "human humans person people agent representative operator colleague"
+              " mensch menschen mitarbeiter mitarbeiterin berater beraterin"
+              " humano humana persona agente operador humain humaine personne conseiller"
+              " umano operatore mens medewerker människa",
+     .unless = "",
+     .effect = Effect::HandOver,
+     .ai = "Of course. I am handing you over to a colleague, who will be here in a moment.",
+     .human = "You are talking to a person already: I am *Maya*, and I stay with you until this "
+              "is settled."},
+    {.words = "thanks thank thx bye goodbye close solved resolved"
+              " danke tschüss gelöst gracias adiós merci grazie bedankt tack",
+     .unless = "not isn doesn didn hasn haven wasn won cannot but still nicht noch aber pas mais"
+               " pero ma",
+     .effect = Effect::Close,
+     .ai = "You are welcome! I am closing this conversation; write again whenever you need me, "
+           "and it opens again.",
+     .human = "Glad that this is settled. I am closing our conversation; write again at any "
+              "time. Have a good day!"},
+    {.words = "refund refunds refunded money return returns rückerstattung reembolso"
+              " remboursement",
+     .unless = "",
+     .ai = "You can return an item within **30 days**. Once it is back with us, the money is on "
+           "its way within *5 working days*, by the way you paid.",
+     .human = "I will look into the refund. Please tell me your *order number* if it is not in "
+              "this conversation yet."},
+    {.words = "delivery deliver delivered shipping shipment parcel package order tracking"
+              " lieferung paket bestellung envío pedido paquete livraison colis commande",
+     .unless = "",
+     .ai = "A delivery takes **2 to 4 working days**. The link in the mail that confirms your "
+           "order shows where the parcel is.",
+     .human = "I am asking the carrier where the parcel is and come back to you here."},
+    {.words = "password passwords login signin account passwort anmelden konto contraseña cuenta"
+              " passe compte",
+     .unless = "",
+     .ai = "Choose `Forgot password` where you sign in. The mail with the link is there within "
+           "*a few minutes*; look among the unwanted mails, too.",
+     .human = "I have sent a link for a *new password* to the address of your account."},
+    {.words = "hours opening open available schedule weekend öffnungszeiten horario horaires",
+     .unless = "",
+     .ai = "Our people are here **{hours}**. I am here around the clock.",
+     .human = "We are here **{hours}**."},
+    {.words = greetings,
+     .unless = "",
+     .ai = "I am the *assistant* here. What can I do for you?",
+     .human = "What can I do for you?"},
+}};
+
+/// For a message that no rule knows.
+inline constexpr Rule otherwise = {
+    .words = "",
+    .unless = "",
+    .ai = "I can tell you about *deliveries*, *refunds*, your *password* and our *opening hours*. "
+          "Write **human** to talk to a person instead.",
+    .human = "Thank you, I have noted that and look into it now.",
+};
+
+} // namespace tolvane::backend

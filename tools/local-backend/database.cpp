@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "database.h"
+
+namespace tolvane::backend {
+
+namespace {
+
+// Text is copied by SQLite: a temporary may be gone by the time the statement runs.
+const sqlite3_destructor_type copied = SQLITE_TRANSIENT;
+const sqlite3_destructor_type kept = SQLITE_STATIC;
+
+void check(sqlite3 *connection, int code)
+{
+    if (code != SQLITE_OK)
+        throw DatabaseError(sqlite3_errmsg(connection));
+}
+
+} // namespace
+
+Statement::~Statement()
+{
+    // Both report again what step() has reported already.
+    sqlite3_reset(m_statement);
+    sqlite3_clear_bindings(m_statement);
+}
+
+void Statement::bind(int place, std::string_view text)
+{
+    // An empty view may have no address, which SQLite would take for NULL.
+    check(sqlite3_bind_text64(m_statement, place, text.empty() ? "" : text.data(), text.size(),
+                              copied, SQLITE_UTF8));
+}
+
+void Statement::bind(int place, std::int64_t number)
+{
+    check(sqlite3_bind_int64(m_statement, place, number));
+}
+
+void Statement::bind(int place, Blob blob)
+{
+    check(sqlite3_bind_blob64(m_statement, place, blob.bytes.empty() ? "" : blob.bytes.data(),
+                              blob.bytes.size(), kept));
+}
+
+void Statement::bind(int place, std::nullopt_t)
+{
+    check(sqlite3_bind_null(m_statement, place));
+}
+
+bool Statement::step()
+{
+    const int code = sqlite3_step(m_statement);
+    if (code != SQLITE_ROW && code != SQLITE_DONE)
+        check(code);
+    return code == SQLITE_ROW;
+}
+
+std::string Statement::text(int column) const
+{
+    const auto *bytes = static_cast<const char *>(sqlite3_column_blob(m_statement, column));
+    const int size = sqlite3_column_bytes(m_statement, column);
+    return bytes ? std::string(bytes, static_cast<std::size_t>(size)) : std::string();
+}
+
+void Statement::check(int code) const
+{
+    backend::check(sqlite3_db_handle(m_statement), code);
+}
+
+Database::Database(const std::string &path)
+{
+    sqlite3 *connection = nullptr;
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
+    const int code = sqlite3_open_v2(path.c_str(), &connection, flags, nullptr);
+    m_connection.reset(connection);
+    check(connection, code);
+    sqlite3_extended_result_codes(connection, 1);
+    sqlite3_busy_timeout(connection, 5000);
+}
+
+void Database::script(const char *sql)
+{
+    check(m_connection.get(), sqlite3_exec(m_connection.get(), sql, nullptr, nullptr, nullptr));
+}
+
+sqlite3_stmt *Database::prepare(const char *sql)
+{
+    auto &statement = m_statements[sql];
+    if (!statement) {
+        sqlite3_stmt *prepared = nullptr;
+        check(m_connection.get(),
+              sqlite3_prepare_v3(m_connection.get(), sql, -1, SQLITE_PREPARE_PERSISTENT, &prepared,
+                                 nullptr));
+        statement.reset(prepared);
+    }
+    return statement.get();
+}
+
+Transaction::Transaction(Database &database)
+    : m_database(&database)
+{
+    // Taking the write lock at once keeps two processes from reading and then failing to write.
+    m_database->script("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction()
+{
+    // Without a transaction, as after an error that ended it, there is nothing left to undo.
+    if (m_database)
+        sqlite3_exec(m_database->connection(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Transaction::commit()
+{
+    m_database->script("COMMIT");
+    m_database = nullptr;
+}
+
+} // namespace tolvane::backend

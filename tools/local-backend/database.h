@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <sqlite3.h>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace tolvane::backend {
+
+class DatabaseError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Bytes that the caller keeps until the statement has run; they may be large and are not copied.
+struct Blob
+{
+    std::string_view bytes;
+};
+
+/// A prepared statement on loan from the database's cache, free for the next user when it goes.
+class Statement
+{
+public:
+    template <typename... Values>
+    explicit Statement(sqlite3_stmt *statement, const Values &...values)
+        : m_statement(statement)
+    {
+        [[maybe_unused]] int place = 0;
+        (bind(++place, values), ...);
+    }
+    Statement(const Statement &) = delete;
+    Statement &operator=(const Statement &) = delete;
+    ~Statement();
+
+    /// Whether there is a row.
+    bool step();
+    std::string text(int column) const;
+    std::int64_t number(int column) const { return sqlite3_column_int64(m_statement, column); }
+
+private:
+    void bind(int place, std::string_view text);
+    void bind(int place, std::int64_t number);
+    void bind(int place, Blob blob);
+    void bind(int place, std::nullopt_t);
+
+    template <typename Value>
+    void bind(int place, const std::optional<Value> &value)
+    {
+        value ? bind(place, *value) : bind(place, std::nullopt);
+    }
+
+    void check(int code) const;
+
+    sqlite3_stmt *m_statement;
+};
+
+/// One connection. Its user serialises the calls.
+class Database
+{
+public:
+    explicit Database(const std::string &path);
+
+    /// `sql` is a literal: statements are kept by its address.
+    template <typename... Values>
+    Statement query(const char *sql, const Values &...values)
+    {
+        return Statement(prepare(sql), values...);
+    }
+
+    /// Runs a statement that gives no rows; says how many it changed.
+    template <typename... Values>
+    int run(const char *sql, const Values &...values)
+    {
+        query(sql, values...).step();
+        return sqlite3_changes(m_connection.get());
+    }
+
+    /// Several statements without parameters.
+    void script(const char *sql);
+    sqlite3 *connection() const { return m_connection.get(); }
+    std::int64_t lastRow() const { return sqlite3_last_insert_rowid(m_connection.get()); }
+
+private:
+    struct Close
+    {
+        void operator()(sqlite3 *connection) const { sqlite3_close_v2(connection); }
+    };
+    struct Finalize
+    {
+        void operator()(sqlite3_stmt *statement) const { sqlite3_finalize(statement); }
+    };
+
+    sqlite3_stmt *prepare(const char *sql);
+
+    std::unique_ptr<sqlite3, Close> m_connection;
+    std::unordered_map<const char *, std::unique_ptr<sqlite3_stmt, Finalize>> m_statements;
+};
+
+/// Undone unless committed.
+class Transaction
+{
+public:
+    explicit Transaction(Database &database);
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+    ~Transaction();
+
+    void commit();
+
+private:
+    Database *m_database;
+};
+
+} // namespace tolvane::backend

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "desk.h"
+
+#include "agent.h"
+#include "text.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace tolvane::backend {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+// A reply that cannot be written, say on a full disk, is tried again after this.
+constexpr milliseconds retryDelay{1000};
+
+// With nothing owed there is nothing to wait for but news; a day is long enough to wake up for.
+constexpr milliseconds nothingOwed = std::chrono::hours(24);
+
+} // namespace
+
+Desk::Desk(Store &store, Setup setup)
+    : m_store(store)
+    , m_setup(std::move(setup))
+    , m_worker([this](const std::stop_token &stop) { work(stop); })
+{
+}
+
+Ticket Desk::open(const std::string &customer, const NewTicket &ticket)
+{
+    Ticket created = m_store.createTicket(customer, ticket, dueTime());
+    wake();
+    return created;
+}
+
+std::optional<Message> Desk::post(const std::string &customer, const std::string &ticketId,
+                                  const NewMessage &message)
+{
+    std::optional<Message> added = m_store.addMessage(customer, ticketId, message, dueTime());
+    wake();
+    return added;
+}
+
+void Desk::work(const std::stop_token &stop)
+{
+    while (!stop.stop_requested()) {
+        milliseconds pause = retryDelay;
+        try {
+            pause = serve();
+        } catch (const std::exception &error) {
+            std::fprintf(stderr, "tolvane-backend: a reply has to wait: %s\n", error.what());
+        }
+        std::unique_lock lock(m_mutex);
+        m_changed.wait_for(lock, stop, pause, [this] { return m_hasChanged; });
+        m_hasChanged = false;
+    }
+}
+
+milliseconds Desk::serve()
+{
+    const std::optional<PendingReply> reply = m_store.nextReply();
+    if (!reply)
+        return nothingOwed;
+    const milliseconds early(reply->due - now());
+    if (early.count() > 0)
+        return early;
+    m_store.settle(*reply, settlementOf(*reply));
+    return milliseconds(0);
+}
+
+Settlement Desk::settlementOf(const PendingReply &reply) const
+{
+    Settlement settlement;
+    settlement.author = reply.assignee;
+    if (reply.kind == ReplyKind::Introduction) {
+        settlement.content = introduction();
+        return settlement;
+    }
+    Answer answer = answerTo({.assignee = reply.assignee,
+                              .text = reply.content,
+                              .attachmentCount = reply.attachmentCount,
+                              .isOvertaken = reply.isOvertaken,
+                              .openingHours = m_setup.openingHours});
+    settlement.content = std::move(answer.text);
+    if (answer.effect == Effect::HandOver) {
+        settlement.newAssignee = Author::Human;
+        settlement.introductionDue = dueTime();
+    }
+    settlement.closes = answer.effect == Effect::Close;
+    return settlement;
+}
+
+Instant Desk::dueTime() const
+{
+    return now() + m_setup.replyDelay.count();
+}
+
+void Desk::wake()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_hasChanged = true;
+    }
+    m_changed.notify_one();
+}
+
+} // namespace tolvane::backend

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "event.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <sys/eventfd.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace tolvane::backend {
+
+namespace {
+
+[[noreturn]] void fail()
+{
+    throw std::system_error(errno, std::generic_category(), "eventfd");
+}
+
+} // namespace
+
+Event::Event()
+    : m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK | EFD_SEMAPHORE))
+{
+    if (m_descriptor < 0)
+        fail();
+}
+
+Event::~Event()
+{
+    ::close(m_descriptor);
+}
+
+void Event::add() const
+{
+    const std::uint64_t one = 1;
+    if (::write(m_descriptor, &one, sizeof(one)) != sizeof(one))
+        fail();
+}
+
+bool Event::take() const
+{
+    std::uint64_t one = 0;
+    return ::read(m_descriptor, &one, sizeof(one)) == sizeof(one);
+}
+
+} // namespace tolvane::backend

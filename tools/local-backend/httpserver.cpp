@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "httpserver.h"
+
+#include "socketstream.h"
+#include "text.h"
+
+#include <chrono>
+#include <cstdint>
+#include <poll.h>
+#include <sys/socket.h>
+#include <system_error>
+
+namespace tolvane::backend {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A connection keeps its worker while it lasts. A client that polls every second keeps a
+// connection; others get a worker soon even when all are taken.
+constexpr std::size_t workerCount = 128;
+constexpr std::chrono::seconds idleTimeout = 10s;
+constexpr std::chrono::seconds transferTimeout = 10s;
+constexpr std::chrono::milliseconds grace = 700ms;
+constexpr int backlog = 256;
+
+// httplib's default shares a port that another backend listens on, instead of failing.
+void shareNothing(socket_t socket)
+{
+    const int yes = 1;
+    ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof(yes));
+}
+
+// httplib decodes percent signs in headers, which changes keys and customer ids.
+httplib::Headers headersOf(std::string_view head)
+{
+    httplib::Headers headers;
+    for (std::string_view line : split(head, '\n')) {
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        const auto colon = line.find(':');
+        if (colon != std::string_view::npos && colon > 0)
+            headers.emplace(line.substr(0, colon), trimmed(line.substr(colon + 1)));
+    }
+    return headers;
+}
+
+void rename(httplib::Headers &headers, const char *from, const char *to)
+{
+    if (auto header = headers.extract(from); !header.empty()) {
+        header.key() = to;
+        headers.insert(std::move(header));
+    }
+    headers.erase(from);
+}
+
+} // namespace
+
+// When all workers have a connection, each new one asks an idle one to make room.
+class HttpServer::Workers : public httplib::ThreadPool
+{
+public:
+    explicit Workers(HttpServer &server)
+        : ThreadPool(workerCount)
+        , m_server(server)
+    {
+    }
+
+    void enqueue(std::function<void()> connection) override
+    {
+        if (++m_server.m_accepted > workerCount)
+            m_server.m_crowd.add();
+        ThreadPool::enqueue(std::move(connection));
+    }
+
+private:
+    HttpServer &m_server;
+};
+
+HttpServer::HttpServer()
+{
+    set_tcp_nodelay(true);
+    set_socket_options(shareNothing);
+    // Both are only what httplib tells the client about the connection.
+    set_keep_alive_timeout(idleTimeout.count());
+    set_keep_alive_max_count(1'000'000);
+    new_task_queue = [this] {
+        m_running.count_down();
+        return new Workers(*this);
+    };
+}
+
+int HttpServer::bind(const std::string &host, int port)
+{
+    const int bound = port == 0 ? bind_to_any_port(host) : bind_to_port(host, port) ? port : -1;
+    // httplib's backlog of five makes a burst of new connections wait for a second.
+    if (bound > 0 && ::listen(svr_sock_, backlog) != 0)
+        return -1;
+    return bound;
+}
+
+bool HttpServer::run()
+{
+    return listen_after_bind();
+}
+
+void HttpServer::shutDown()
+{
+    // Before it runs, httplib does not hear that it is to stop.
+    m_running.wait();
+    m_stop.add();
+    stop();
+    std::unique_lock lock(m_mutex);
+    m_connectionClosed.wait_for(lock, grace, [this] { return m_connections.empty(); });
+    for (const socket_t connection : m_connections)
+        ::shutdown(connection, SHUT_RDWR);
+}
+
+bool HttpServer::process_and_close_socket(socket_t socket)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_connections.insert(socket);
+    }
+    SocketStream stream(socket, transferTimeout);
+    bool goesOn = true;
+    while (goesOn && awaitRequest(stream)) {
+        // A request whose head is no good, or whose end is known by its body only, may leave bytes
+        // behind that are no request.
+        bool endsHere = true;
+        bool closed = false;
+        stream.recordHead();
+        const bool isLast = isStopping();
+        const bool answered =
+            process_request(stream, isLast, closed, [&](httplib::Request &request) {
+                endsHere = isLast || request.has_header("Transfer-Encoding");
+                prepare(request, stream.takeHead(), endsHere);
+            });
+        goesOn = answered && !closed && !endsHere;
+    }
+    const std::lock_guard lock(m_mutex);
+    m_connections.erase(socket);
+    --m_accepted;
+    m_connectionClosed.notify_all();
+    return true;
+}
+
+bool HttpServer::awaitRequest(SocketStream &stream) const
+{
+    if (stream.hasBuffered())
+        return true;
+    enum Source { socket, stop, crowd };
+    std::array<pollfd, 3> watched = {{
+        {stream.socket(), POLLIN, 0},
+        {m_stop.descriptor(), POLLIN, 0},
+        {m_crowd.descriptor(), POLLIN, 0},
+    }};
+    const auto timeout = static_cast<int>(std::chrono::milliseconds(idleTimeout).count());
+    while (::poll(watched.data(), watched.size(), timeout) > 0) {
+        // A request that has arrived is served, whatever else there is.
+        if (watched[socket].revents != 0)
+            return true;
+        if (watched[stop].revents != 0 || m_crowd.take())
+            return false;
+    }
+    return false;
+}
+
+bool HttpServer::isStopping() const
+{
+    pollfd event{m_stop.descriptor(), POLLIN, 0};
+    return ::poll(&event, 1, 0) > 0;
+}
+
+void HttpServer::prepare(httplib::Request &request, std::string head, bool isLast) const
+{
+    request.headers = headersOf(head);
+    rename(request.headers, "Content-Type", bodyType);
+    rename(request.headers, "Content-Encoding", bodyEncoding);
+    // On one machine compressing costs more than it saves; httplib would do it at the highest
+    // level.
+    request.headers.erase("Accept-Encoding");
+    if (isLast) {
+        request.headers.erase("Connection");
+        request.headers.emplace("Connection", "close");
+    }
+}
+
+} // namespace tolvane::backend

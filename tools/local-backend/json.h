@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "records.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tolvane::backend {
+
+/// What a record on the wire needs besides what is stored.
+struct Surroundings
+{
+    /// Like "http://127.0.0.1:8787/api"; the addresses in a record begin with it.
+    std::string baseUrl;
+    /// A JSON list, the same for every ticket.
+    std::string schedules;
+};
+
+std::string toJson(const Message &message, const Surroundings &surroundings);
+std::string toJson(const Ticket &ticket, const Surroundings &surroundings);
+std::string toJson(const std::vector<Preview> &previews, const Surroundings &surroundings);
+std::string toJson(const std::map<std::string, std::string> &texts);
+
+} // namespace tolvane::backend

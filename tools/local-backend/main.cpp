@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "desk.h"
+#include "errors.h"
+#include "options.h"
+#include "schema.h"
+#include "server.h"
+#include "settings.h"
+#include "store.h"
+
+#include <QtCore/QCoreApplication>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <pthread.h>
+#include <thread>
+
+namespace {
+
+using namespace tolvane::backend;
+
+constexpr int startFailed = 2;
+constexpr int endedEarly = 1;
+
+// Every thread inherits the mask, so that only the thread that waits for them gets the signals.
+sigset_t blockEndSignals()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGINT);
+    sigaddset(&signals, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    return signals;
+}
+
+bool serveUntilSignal(Server &server, const sigset_t &signals)
+{
+    std::thread ender([&server, &signals] {
+        int signal = 0;
+        sigwait(&signals, &signal);
+        server.shutDown();
+    });
+    const bool wasShutDown = server.run();
+    // When the server ended by itself the thread still waits.
+    if (!wasShutDown)
+        pthread_kill(ender.native_handle(), SIGINT);
+    ender.join();
+    return wasShutDown;
+}
+
+int run(const Options &options, const sigset_t &signals)
+{
+    Settings settings = loadSettings(options.brandingPath, options.schedulesPath);
+    Store store(openDatabase(options.databasePath));
+    Desk desk(store, {options.replyDelay, settings.openingHours});
+    Server server({options.host, options.port, options.keys, options.maxBody}, std::move(settings),
+                  store, desk);
+    server.bind();
+    std::printf("listening on %s\n", server.baseUrl().c_str());
+    std::fflush(stdout);
+    return serveUntilSignal(server, signals) ? EXIT_SUCCESS : endedEarly;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    const sigset_t signals = blockEndSignals();
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(TOLVANE_BACKEND_VERSION));
+    try {
+        const Options options = parseOptions(QCoreApplication::arguments());
+        if (!options.textToPrint.empty()) {
+            std::fputs(options.textToPrint.c_str(), stdout);
+            return EXIT_SUCCESS;
+        }
+        return run(options, signals);
+    } catch (const std::exception &error) {
+        std::string line = error.what();
+        std::replace(line.begin(), line.end(), '\n', ' ');
+        std::fprintf(stderr, "tolvane-backend: %s\n", line.c_str());
+        return startFailed;
+    }
+}

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "options.h"
+
+#include "errors.h"
+
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStandardPaths>
+
+namespace tolvane::backend {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Flag
+{
+    const char *name;
+    const char *valueName;
+    const char *defaultValue;
+    const char *help;
+};
+
+constexpr Flag flags[] = {
+    {"port", "N", "8787", "Port to listen on, 0 for a free one (8787)."},
+    {"host", "ADDR", "127.0.0.1",
+     "Address to listen on. Others than loopback open it to the "
+     "network."},
+    {"db", "FILE", "",
+     "Database, :memory: for none that lasts. By default "
+     "tolvane-backend/backend.sqlite in the user's data folder."},
+    {"branding", "FILE", "", "JSON object of the branding's texts, instead of the built-in one."},
+    {"schedules", "FILE", "", "JSON list of schedules, instead of weekdays from 9 to 18."},
+    {"key", "KEY", "",
+     "Key that requests have to bring; may be given several times. Without it "
+     "any request is taken."},
+    {"reply-delay", "SECONDS", "1.5", "How long an agent takes to reply (1.5)."},
+    {"max-body", "MIB", "64", "Largest request body in MiB (64)."},
+};
+
+constexpr const char *description =
+    "Local backend of TolvaneSdk for developing and trying out an app.\n"
+    "A developer's tool: not for production, nor for the data of real customers.";
+
+[[noreturn]] void refuse(const QString &reason)
+{
+    throw StartError(reason.toStdString() + " (see --help)");
+}
+
+void addFlags(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(QLatin1String(description));
+    parser.addOption({{u"h"_s, u"help"_s}, u"Shows this text."_s});
+    parser.addOption({{u"v"_s, u"version"_s}, u"Shows the version."_s});
+    for (const Flag &flag : flags) {
+        parser.addOption({QLatin1String(flag.name), QLatin1String(flag.help),
+                          QLatin1String(flag.valueName), QLatin1String(flag.defaultValue)});
+    }
+}
+
+double numberOf(const QCommandLineParser &parser, const QString &name, double least, double most)
+{
+    const QString text = parser.value(name);
+    bool valid = false;
+    const double number = text.toDouble(&valid);
+    // Written so that what is no number falls through, too.
+    if (!valid || !(number >= least && number <= most)) {
+        refuse(u"--%1 takes a number from %2 to %3, not '%4'"_s.arg(name).arg(least).arg(most).arg(
+            text));
+    }
+    return number;
+}
+
+int wholeNumberOf(const QCommandLineParser &parser, const QString &name, int least, int most)
+{
+    const double number = numberOf(parser, name, least, most);
+    const int whole = static_cast<int>(number);
+    if (whole != number)
+        refuse(u"--%1 takes a whole number, not '%2'"_s.arg(name, parser.value(name)));
+    return whole;
+}
+
+std::string defaultDatabasePath()
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (data.isEmpty())
+        refuse(u"there is no data folder for this user; name a file with --db"_s);
+    return (data + u"/tolvane-backend/backend.sqlite"_s).toStdString();
+}
+
+std::vector<std::string> keysOf(const QCommandLineParser &parser)
+{
+    std::vector<std::string> keys;
+    for (const QString &key : parser.values(u"key"_s)) {
+        // The flag's empty default comes as a value, too.
+        if (!key.trimmed().isEmpty())
+            keys.push_back(key.trimmed().toStdString());
+        else if (parser.isSet(u"key"_s))
+            refuse(u"--key takes a key that is not empty"_s);
+    }
+    return keys;
+}
+
+} // namespace
+
+Options parseOptions(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    addFlags(parser);
+    if (!parser.parse(arguments))
+        refuse(parser.errorText());
+    Options options;
+    if (parser.isSet(u"help"_s))
+        options.textToPrint = parser.helpText().toStdString();
+    else if (parser.isSet(u"version"_s))
+        options.textToPrint =
+            "tolvane-backend " + QCoreApplication::applicationVersion().toStdString() + '\n';
+    if (!options.textToPrint.empty())
+        return options;
+    if (!parser.positionalArguments().isEmpty())
+        refuse(u"'%1' is no flag"_s.arg(parser.positionalArguments().constFirst()));
+
+    options.host = parser.value(u"host"_s).toStdString();
+    options.port = wholeNumberOf(parser, u"port"_s, 0, 65535);
+    options.databasePath = parser.value(u"db"_s).toStdString();
+    if (options.databasePath.empty())
+        options.databasePath = defaultDatabasePath();
+    options.brandingPath = parser.value(u"branding"_s).toStdString();
+    options.schedulesPath = parser.value(u"schedules"_s).toStdString();
+    options.keys = keysOf(parser);
+    const double seconds = numberOf(parser, u"reply-delay"_s, 0, 3600);
+    options.replyDelay = std::chrono::milliseconds(qRound64(seconds * 1000));
+    options.maxBody = static_cast<std::size_t>(wholeNumberOf(parser, u"max-body"_s, 1, 512)) << 20;
+    return options;
+}
+
+} // namespace tolvane::backend

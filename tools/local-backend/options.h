@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QStringList>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+namespace tolvane::backend {
+
+struct Options
+{
+    std::string host;
+    int port = 0;
+    std::string databasePath;
+    std::string brandingPath;
+    std::string schedulesPath;
+    std::vector<std::string> keys;
+    std::chrono::milliseconds replyDelay{0};
+    std::size_t maxBody = 0;
+    /// Not empty when this text is all that was asked for.
+    std::string textToPrint;
+};
+
+/// Throws a StartError for a flag that is no good. Needs the application object.
+Options parseOptions(const QStringList &arguments);
+
+} // namespace tolvane::backend

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tolvane::backend {
+
+/// Milliseconds since 1970, UTC.
+using Instant = std::int64_t;
+
+enum class Author { Customer, Ai, Human };
+enum class State { Open, Closed };
+
+/// The name on the wire, which is also the one in the database.
+std::string_view nameOf(Author author);
+std::string_view nameOf(State state);
+Author authorNamed(std::string_view name);
+State stateNamed(std::string_view name);
+
+struct Upload
+{
+    std::string fileName;
+    std::string mimeType;
+    std::string bytes;
+};
+
+struct NewMessage
+{
+    std::string content;
+    std::vector<Upload> uploads;
+};
+
+struct NewTicket
+{
+    std::string channel;
+    std::map<std::string, std::string> device;
+    NewMessage message;
+};
+
+struct Message
+{
+    std::string id;
+    std::string ticketId;
+    /// Empty for an agent, whose identity follows from `author`.
+    std::string customerId;
+    Author author = Author::Customer;
+    std::string content;
+    bool isRead = false;
+    Instant at = 0;
+    /// Each "HASH/NAME", below the route of the attachments.
+    std::vector<std::string> attachments;
+};
+
+struct Ticket
+{
+    std::string id;
+    State state = State::Open;
+    Author assignee = Author::Ai;
+    std::vector<Message> messages;
+};
+
+struct Preview
+{
+    std::string id;
+    State state = State::Open;
+    Message lastMessage;
+};
+
+struct StoredFile
+{
+    std::string mimeType;
+    std::string bytes;
+};
+
+} // namespace tolvane::backend

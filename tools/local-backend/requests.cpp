@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "requests.h"
+
+#include "errors.h"
+#include "httpserver.h"
+#include "multipart.h"
+#include "text.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::array<std::string_view, 11> deviceFields = {
+    "appBuild", "appVersion", "batteryLevel", "batteryState", "deviceModel", "deviceName",
+    "locale",   "osVersion",  "screenHeight", "screenWidth",  "timezone",
+};
+
+bool isVisible(char character)
+{
+    return character > ' ' && character <= '~';
+}
+
+std::string textOf(const Part &part)
+{
+    if (!isUtf8(part.content))
+        throw Refusal(400, "the part '" + part.name + "' is not UTF-8");
+    return std::string(part.content);
+}
+
+/// The body's texts by their names, and its files in their order.
+struct Form
+{
+    std::map<std::string, std::string> texts;
+    std::vector<Upload> uploads;
+};
+
+Form formIn(const httplib::Request &request, const std::string &body)
+{
+    Form form;
+    for (const Part &part : parseMultipart(request.get_header_value(bodyType), body)) {
+        if (!isUtf8(part.name) || !isUtf8(part.fileName))
+            throw Refusal(400, "a part's name is not UTF-8");
+        if (part.name == "attachments[]")
+            form.uploads.push_back({part.fileName, part.mimeType, std::string(part.content)});
+        else if (!form.texts.emplace(part.name, textOf(part)).second)
+            throw Refusal(400, "the part '" + part.name + "' is there twice");
+    }
+    return form;
+}
+
+NewMessage messageIn(Form &form)
+{
+    const auto content = form.texts.find("message");
+    if (content == form.texts.end())
+        throw Refusal(400, "the part 'message' is missing");
+    if (content->second.empty() && form.uploads.empty())
+        throw Refusal(400, "a message needs a text or an attachment");
+    return {std::move(content->second), std::move(form.uploads)};
+}
+
+QJsonObject objectIn(const std::string &body)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(body));
+    if (!document.isObject())
+        throw Refusal(400, "the body has to be a JSON object");
+    return document.object();
+}
+
+std::optional<std::string> optionalText(const QJsonObject &object, const char *key)
+{
+    const QJsonValue value = object.value(QLatin1String(key));
+    if (value.isUndefined() || value.isNull())
+        return std::nullopt;
+    if (!value.isString())
+        throw Refusal(400, std::string("'") + key + "' has to be a text");
+    return value.toString().toStdString();
+}
+
+} // namespace
+
+std::string customerOf(const httplib::Request &request)
+{
+    constexpr std::size_t longest = 128;
+    std::string id = request.get_header_value(customerHeader);
+    if (id.empty())
+        return newId();
+    if (id.size() > longest || !std::all_of(id.begin(), id.end(), isVisible))
+        throw Refusal(400,
+                      std::string(customerHeader) + " takes up to 128 visible ASCII characters");
+    return id;
+}
+
+std::optional<std::string> queryItem(const httplib::Request &request, std::string_view name)
+{
+    const std::string_view target = request.target;
+    const auto start = target.find('?');
+    if (start == std::string_view::npos)
+        return std::nullopt;
+    for (const std::string_view item : split(target.substr(start + 1), '&')) {
+        const auto equals = std::min(item.find('='), item.size());
+        if (percentDecoded(item.substr(0, equals)) == name)
+            return percentDecoded(item.substr(std::min(equals + 1, item.size())));
+    }
+    return std::nullopt;
+}
+
+std::string hostOf(const httplib::Request &request, const std::string &otherwise)
+{
+    constexpr std::size_t longest = 255;
+    const std::string host = request.get_header_value("Host");
+    const bool sound =
+        !host.empty() && host.size() <= longest &&
+        std::all_of(host.begin(), host.end(), [](unsigned char c) {
+            return std::isalnum(c) ||
+                   std::string_view("-.:[]_").find(static_cast<char>(c)) != std::string_view::npos;
+        });
+    return sound ? host : otherwise;
+}
+
+NewTicket newTicketIn(const httplib::Request &request, const std::string &body)
+{
+    Form form = formIn(request, body);
+    NewTicket ticket;
+    ticket.channel = form.texts["channel"];
+    for (const std::string_view field : deviceFields) {
+        const auto text = form.texts.find("deviceInfo[" + std::string(field) + ']');
+        if (text != form.texts.end())
+            ticket.device.emplace(field, text->second);
+    }
+    ticket.message = messageIn(form);
+    return ticket;
+}
+
+NewMessage newMessageIn(const httplib::Request &request, const std::string &body)
+{
+    Form form = formIn(request, body);
+    return messageIn(form);
+}
+
+CustomerUpdate customerUpdateIn(const std::string &body)
+{
+    const QJsonObject object = objectIn(body);
+    return {optionalText(object, "email"), optionalText(object, "originalId")};
+}
+
+DeviceUpdate deviceUpdateIn(const std::string &body)
+{
+    const QJsonObject object = objectIn(body);
+    const std::optional<std::string> token = optionalText(object, "deviceToken");
+    if (!token)
+        throw Refusal(400, "'deviceToken' is missing");
+    return {optionalText(object, "originalId"), *token};
+}
+
+} // namespace tolvane::backend

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "records.h"
+
+#include <httplib.h>
+#include <optional>
+#include <string>
+
+namespace tolvane::backend {
+
+inline constexpr const char *customerHeader = "X-Tolvane-Customer";
+
+/// The customer that the request names, or a new one. Throws a Refusal for an id that is no good.
+std::string customerOf(const httplib::Request &request);
+
+/// The text of the query's item, which may lack a value; absent when there is no such item.
+std::optional<std::string> queryItem(const httplib::Request &request, std::string_view name);
+
+/// The "Host" header when it can stand in an address, else the other one.
+std::string hostOf(const httplib::Request &request, const std::string &otherwise);
+
+/// Of multipart bodies. Throw a Refusal.
+NewTicket newTicketIn(const httplib::Request &request, const std::string &body);
+NewMessage newMessageIn(const httplib::Request &request, const std::string &body);
+
+struct CustomerUpdate
+{
+    std::optional<std::string> email;
+    std::optional<std::string> originalId;
+};
+
+struct DeviceUpdate
+{
+    std::optional<std::string> originalId;
+    std::string deviceToken;
+};
+
+/// Of JSON bodies. Throw a Refusal.
+CustomerUpdate customerUpdateIn(const std::string &body);
+DeviceUpdate deviceUpdateIn(const std::string &body);
+
+} // namespace tolvane::backend

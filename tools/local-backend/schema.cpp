@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "schema.h"
+
+#include "errors.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::int64_t applicationId = 0x544F4C56;
+constexpr std::int64_t version = 1;
+
+// A ticket's `last` is its newest message; the list of tickets is ordered by it and joined with it.
+constexpr const char *tables = R"(
+CREATE TABLE customers (
+    id TEXT PRIMARY KEY,
+    email TEXT,
+    original_id TEXT,
+    device_token TEXT
+) WITHOUT ROWID;
+CREATE TABLE tickets (
+    id TEXT PRIMARY KEY,
+    customer_id TEXT NOT NULL REFERENCES customers (id),
+    state TEXT NOT NULL,
+    assignee TEXT NOT NULL,
+    channel TEXT NOT NULL,
+    device TEXT NOT NULL,
+    last INTEGER NOT NULL DEFAULT 0
+) WITHOUT ROWID;
+CREATE INDEX tickets_by_customer ON tickets (customer_id, last);
+CREATE TABLE messages (
+    seq INTEGER PRIMARY KEY AUTOINCREMENT,
+    id TEXT NOT NULL UNIQUE,
+    ticket_id TEXT NOT NULL REFERENCES tickets (id),
+    author TEXT NOT NULL,
+    content TEXT NOT NULL,
+    is_read INTEGER NOT NULL,
+    at INTEGER NOT NULL
+);
+CREATE INDEX messages_by_ticket ON messages (ticket_id, seq);
+CREATE INDEX messages_unread ON messages (ticket_id) WHERE is_read = 0;
+CREATE TABLE files (
+    hash TEXT PRIMARY KEY,
+    bytes BLOB NOT NULL
+);
+CREATE TABLE attachments (
+    message_seq INTEGER NOT NULL REFERENCES messages (seq),
+    place INTEGER NOT NULL,
+    hash TEXT NOT NULL REFERENCES files (hash),
+    name TEXT NOT NULL,
+    mime_type TEXT NOT NULL,
+    PRIMARY KEY (message_seq, place)
+) WITHOUT ROWID;
+CREATE INDEX attachments_by_address ON attachments (hash, name);
+CREATE TABLE replies (
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
+    kind TEXT NOT NULL,
+    message_seq INTEGER NOT NULL REFERENCES messages (seq),
+    due INTEGER NOT NULL
+);
+CREATE INDEX replies_by_due ON replies (due, id);
+PRAGMA application_id = 0x544F4C56;
+PRAGMA user_version = 1;
+)";
+
+std::string mend(const std::string &path)
+{
+    return "; move '" + path + "' away or name another file with --db";
+}
+
+// What customers write is theirs: the file is made for its owner only before SQLite fills it, and
+// its journals inherit that. A folder that is there already keeps the rights it has.
+void makeFile(const std::string &path)
+{
+    std::error_code error;
+    const auto folder = std::filesystem::path(path).parent_path();
+    if (!folder.empty() && !std::filesystem::exists(folder, error)) {
+        std::filesystem::create_directories(folder, error);
+        if (!error)
+            std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
+        if (error)
+            throw StartError("the folder '" + folder.string() + "' cannot be made (" +
+                             error.message() + "); name a file elsewhere with --db");
+    }
+    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file < 0)
+        throw StartError("the database '" + path + "' cannot be written (" + std::strerror(errno) +
+                         "); name a file elsewhere with --db");
+    ::close(file);
+}
+
+std::int64_t number(Database &database, const char *pragma)
+{
+    Statement statement = database.query(pragma);
+    return statement.step() ? statement.number(0) : 0;
+}
+
+bool isEmpty(Database &database)
+{
+    return number(database, "SELECT count(*) FROM sqlite_master") == 0 &&
+           number(database, "PRAGMA application_id") == 0 &&
+           number(database, "PRAGMA user_version") == 0;
+}
+
+void makeTables(Database &database)
+{
+    // Another backend may be starting on the same file: the second one finds the tables made.
+    Transaction transaction(database);
+    if (isEmpty(database))
+        database.script(tables);
+    transaction.commit();
+}
+
+void refuseForeign(Database &database, const std::string &path)
+{
+    if (number(database, "PRAGMA application_id") != applicationId)
+        throw StartError("'" + path + "' is another program's database" + mend(path));
+    if (number(database, "PRAGMA user_version") > version)
+        throw StartError("'" + path + "' was made by a newer tolvane-backend" + mend(path));
+}
+
+void refuseDamaged(Database &database)
+{
+    Statement check = database.query("PRAGMA quick_check(1)");
+    if (!check.step() || check.text(0) != "ok")
+        throw DatabaseError("its pages do not fit together");
+}
+
+} // namespace
+
+Database openDatabase(const std::string &path)
+{
+    if (path != inMemory)
+        makeFile(path);
+    try {
+        Database database(path);
+        if (isEmpty(database))
+            makeTables(database);
+        refuseForeign(database, path);
+        refuseDamaged(database);
+        database.script("PRAGMA journal_mode = WAL");
+        database.script("PRAGMA synchronous = NORMAL");
+        database.script("PRAGMA foreign_keys = ON");
+        return database;
+    } catch (const DatabaseError &error) {
+        throw StartError("'" + path + "' cannot be used as the database (" + error.what() + ")" +
+                         mend(path));
+    }
+}
+
+} // namespace tolvane::backend

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database.h"
+#include "records.h"
+
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tolvane::backend {
+
+enum class ReplyKind { Answer, Introduction };
+
+/// An agent's reply that is owed to a customer's message.
+struct PendingReply
+{
+    std::int64_t id = 0;
+    ReplyKind kind = ReplyKind::Answer;
+    std::int64_t messageSeq = 0;
+    Instant due = 0;
+    std::string ticketId;
+    Author assignee = Author::Ai;
+    /// What the customer wrote.
+    std::string content;
+    int attachmentCount = 0;
+    /// Whether the customer has written again since.
+    bool isOvertaken = false;
+};
+
+/// What becomes of a pending reply.
+struct Settlement
+{
+    Author author = Author::Ai;
+    std::string content;
+    std::optional<Author> newAssignee;
+    bool closes = false;
+    /// When the new assignee introduces themself.
+    std::optional<Instant> introductionDue;
+};
+
+/// All that outlasts the process. Safe for threads; each call is one transaction. A customer sees
+/// their own tickets only: another's is answered as one that does not exist.
+class Store
+{
+public:
+    explicit Store(Database database);
+
+    void updateCustomer(const std::string &customer, const std::optional<std::string> &email,
+                        const std::optional<std::string> &originalId);
+    void updateDevice(const std::string &customer, const std::optional<std::string> &originalId,
+                      const std::string &deviceToken);
+
+    /// Both write the customer's message and the answer that is owed to it.
+    Ticket createTicket(const std::string &customer, const NewTicket &ticket, Instant answerDue);
+    std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
+                                      const NewMessage &message, Instant answerDue);
+
+    /// Reading a ticket on the customer's behalf marks its messages as read.
+    std::optional<Ticket> readTicket(const std::string &customer, const std::string &ticketId);
+    /// The ticket with the newest message comes first.
+    std::vector<Preview> previews(const std::string &customer);
+    std::optional<StoredFile> file(const std::string &hash, const std::string &name);
+
+    std::optional<PendingReply> nextReply();
+    /// False when the reply has been settled already, for which nothing is written.
+    bool settle(const PendingReply &reply, const Settlement &settlement);
+
+    /// What a person at an agent's desk writes; the ticket is theirs from then on.
+    std::optional<Message> addAgentMessage(const std::string &ticketId, Author author,
+                                           const std::string &content);
+
+private:
+    std::int64_t insertMessage(Message &message);
+    void insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads);
+    Message insertCustomerMessage(const std::string &customer, const std::string &ticketId,
+                                  const NewMessage &message, Instant answerDue);
+    void owe(ReplyKind kind, std::int64_t messageSeq, Instant due);
+    void ensureCustomer(const std::string &customer);
+    bool hasTicket(const std::string &customer, const std::string &ticketId);
+    std::vector<Message> messagesOf(const std::string &customer, const std::string &ticketId);
+
+    std::mutex m_mutex;
+    Database m_database;
+};
+
+} // namespace tolvane::backend

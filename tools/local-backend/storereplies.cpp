@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+// The agents' side of the store.
+#include "store.h"
+
+#include <array>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::array<std::string_view, 2> replyKinds = {"answer", "introduction"};
+
+std::string_view nameOf(ReplyKind kind)
+{
+    return replyKinds.at(static_cast<std::size_t>(kind));
+}
+
+} // namespace
+
+std::optional<PendingReply> Store::nextReply()
+{
+    const std::lock_guard lock(m_mutex);
+    Statement row = m_database.query(
+        "SELECT r.id, r.kind, r.message_seq, r.due, m.ticket_id, t.assignee, m.content,"
+        " (SELECT count(*) FROM attachments a WHERE a.message_seq = m.seq),"
+        " EXISTS (SELECT 1 FROM messages l WHERE l.ticket_id = m.ticket_id AND l.seq > m.seq"
+        "  AND l.author = 'customer')"
+        " FROM replies r JOIN messages m ON m.seq = r.message_seq"
+        " JOIN tickets t ON t.id = m.ticket_id ORDER BY r.due, r.id LIMIT 1");
+    if (!row.step())
+        return std::nullopt;
+    PendingReply reply;
+    reply.id = row.number(0);
+    reply.kind =
+        row.text(1) == nameOf(ReplyKind::Answer) ? ReplyKind::Answer : ReplyKind::Introduction;
+    reply.messageSeq = row.number(2);
+    reply.due = row.number(3);
+    reply.ticketId = row.text(4);
+    reply.assignee = authorNamed(row.text(5));
+    reply.content = row.text(6);
+    reply.attachmentCount = static_cast<int>(row.number(7));
+    reply.isOvertaken = row.number(8) != 0;
+    return reply;
+}
+
+bool Store::settle(const PendingReply &reply, const Settlement &settlement)
+{
+    const std::lock_guard lock(m_mutex);
+    Transaction transaction(m_database);
+    // Whoever removes the row writes the reply: two backends on one file do not both answer.
+    if (m_database.run("DELETE FROM replies WHERE id = ?", reply.id) == 0)
+        return false;
+    Message message;
+    message.ticketId = reply.ticketId;
+    message.author = settlement.author;
+    message.content = settlement.content;
+    insertMessage(message);
+    if (settlement.newAssignee)
+        m_database.run("UPDATE tickets SET assignee = ? WHERE id = ?",
+                       nameOf(*settlement.newAssignee), reply.ticketId);
+    if (settlement.closes)
+        m_database.run("UPDATE tickets SET state = ? WHERE id = ?", nameOf(State::Closed),
+                       reply.ticketId);
+    if (settlement.introductionDue)
+        owe(ReplyKind::Introduction, reply.messageSeq, *settlement.introductionDue);
+    transaction.commit();
+    return true;
+}
+
+std::optional<Message> Store::addAgentMessage(const std::string &ticketId, Author author,
+                                              const std::string &content)
+{
+    const std::lock_guard lock(m_mutex);
+    Transaction transaction(m_database);
+    const int found =
+        m_database.run("UPDATE tickets SET assignee = ? WHERE id = ?", nameOf(author), ticketId);
+    if (found == 0)
+        return std::nullopt;
+    Message message;
+    message.ticketId = ticketId;
+    message.author = author;
+    message.content = content;
+    insertMessage(message);
+    transaction.commit();
+    return message;
+}
+
+void Store::owe(ReplyKind kind, std::int64_t messageSeq, Instant due)
+{
+    m_database.run("INSERT INTO replies (kind, message_seq, due) VALUES (?, ?, ?)", nameOf(kind),
+                   messageSeq, due);
+}
+
+} // namespace tolvane::backend
