@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <editline/readline.h>
+#include <optional>
 #include <unistd.h>
 
 namespace tolvane::console {
@@ -13,20 +14,20 @@ namespace {
 
 constexpr auto prompt = "› ";
 
-// The line editor calls back without a context, and there is one terminal.
-std::function<void(const QString &)> *lineHandler = nullptr;
-std::function<void()> *endHandler = nullptr;
+// The line editor calls back without a context, and there is one terminal. What it gives is kept
+// until it has done with the line: it must not be drawn anew from within its own callback.
+std::optional<QString> editedLine;
+bool inputEnded = false;
 
 void onEditedLine(char *line)
 {
-    if (!line) {
-        (*endHandler)();
+    inputEnded = !line;
+    if (!line)
         return;
-    }
     const std::unique_ptr<char, decltype(&std::free)> owned(line, &std::free);
     if (*line != '\0')
         add_history(line);
-    (*lineHandler)(QString::fromUtf8(line));
+    editedLine = QString::fromUtf8(line);
 }
 
 } // namespace
@@ -55,12 +56,26 @@ Terminal::~Terminal()
 
 void Terminal::startEditing()
 {
-    lineHandler = &m_onLine;
-    endHandler = &m_onEnd;
     using_history();
     rl_callback_handler_install(prompt, onEditedLine);
     m_keys = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(m_keys.get(), &QSocketNotifier::activated, [] { rl_callback_read_char(); });
+    QObject::connect(m_keys.get(), &QSocketNotifier::activated, [this] { readKey(); });
+}
+
+void Terminal::readKey()
+{
+    rl_callback_read_char();
+    if (inputEnded) {
+        m_keys->setEnabled(false);
+        m_onEnd();
+        return;
+    }
+    if (!editedLine)
+        return;
+    // The editor reads the next line key by key only once it is told so again.
+    rl_callback_handler_install(prompt, onEditedLine);
+    redraw({});
+    m_onLine(*std::exchange(editedLine, std::nullopt));
 }
 
 void Terminal::print(const QString &text)
@@ -69,7 +84,12 @@ void Terminal::print(const QString &text)
         writeOut(text.toUtf8() + '\n');
         return;
     }
-    writeOut("\r\x1b[K" + text.toUtf8() + '\n');
+    redraw(text.toUtf8() + '\n');
+}
+
+void Terminal::redraw(const QByteArray &above)
+{
+    writeOut("\r\x1b[K" + above);
     rl_forced_update_display();
 }
 

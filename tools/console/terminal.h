@@ -35,6 +35,9 @@ public:
 
 private:
     void startEditing();
+    void readKey();
+    /// Draws the line being edited anew, beneath what comes in its place.
+    void redraw(const QByteArray &above);
 
     std::function<void(const QString &)> m_onLine;
     std::function<void()> m_onEnd;
