@@ -65,7 +65,7 @@ std::optional<BrandingDto> readBranding(const UrlResponse &response)
 }
 
 /// Answers up to this size are read right where they arrive: handing them on would take longer.
-constexpr qsizetype smallBody = 32 * 1024;
+constexpr qsizetype smallBody = 32'768;
 
 bool isSmall(const QFuture<UrlResponse> &received)
 {

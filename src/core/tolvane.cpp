@@ -113,10 +113,21 @@ QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> 
     }
 }
 
-QCoro::Task<> finishWith(QCoro::Task<> task, std::shared_ptr<QPromise<void>> promise)
+/// A promise that is kept when the last one who knows of it lets go, whatever became of the work.
+std::shared_ptr<QPromise<void>> makeSelfKeepingPromise()
 {
+    std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *kept) {
+        kept->finish();
+        delete kept;
+    });
+    promise->start();
+    return promise;
+}
+
+QCoro::Task<> holdUntilDone(QCoro::Task<> task, std::shared_ptr<QPromise<void>> promise)
+{
+    const auto held = std::move(promise);
     co_await task;
-    promise->finish();
 }
 
 } // namespace
@@ -163,10 +174,9 @@ void Tolvane::setAnalyticsDelegate(const std::shared_ptr<TolvaneAnalyticsDelegat
 QFuture<void> Tolvane::updateCustomer(const std::optional<QString> &email,
                                       const std::optional<QString> &originalID)
 {
-    const auto promise = std::make_shared<QPromise<void>>();
-    promise->start();
+    const auto promise = makeSelfKeepingPromise();
     QFuture<void> future = promise->future();
-    whenInitialized([=] { detach(finishWith(sendCustomer(email, originalID), promise)); });
+    whenInitialized([=] { detach(holdUntilDone(sendCustomer(email, originalID), promise)); });
     return future;
 }
 

@@ -50,7 +50,7 @@ public:
             QPromise<Result> promise;
             Work work;
         };
-        auto job = std::make_shared<Job>(QPromise<Result>(), std::move(work));
+        std::shared_ptr<Job> job(new Job{QPromise<Result>(), std::move(work)});
         job->promise.start();
         QFuture<Result> future = job->promise.future();
         post([job] { fulfil(job->promise, job->work); });

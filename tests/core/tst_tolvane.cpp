@@ -157,8 +157,8 @@ private Q_SLOTS:
         QTest::addColumn<std::function<void()>>("call");
         using Call = std::function<void()>;
         QTest::newRow("open") << Call([] { Tolvane::open(); });
-        QTest::newRow("updateCustomer")
-            << Call([] { Tolvane::updateCustomer({}, QStringLiteral("id")); });
+        QTest::newRow("updateCustomer") << Call(
+            [] { QVERIFY(Tolvane::updateCustomer({}, QStringLiteral("id")).isFinished()); });
         QTest::newRow("setDeviceToken") << Call([] { Tolvane::setDeviceToken("x"); });
         QTest::newRow("handlePushNotification")
             << Call([] { Tolvane::handlePushNotification(push(messageContent)); });

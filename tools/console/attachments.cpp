@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "attachments.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonObject>
@@ -8,8 +9,11 @@
 
 namespace tolvane::console {
 
-AttachmentDto loadAttachment(const QString &path)
+AttachmentDto loadAttachment(const QString &given)
 {
+    // No shell has looked at what was typed here.
+    const bool isAtHome = given.startsWith(QLatin1String("~/"));
+    const QString path = isAtHome ? QDir::home().filePath(given.mid(2)) : given;
     QFile file(path);
     if (QFileInfo(path).isDir())
         throw CommandError(QStringLiteral("%1 is a folder, not a file").arg(path));

@@ -183,7 +183,8 @@ Reply compose(Host &host, Arguments arguments)
     const auto message = arguments.optionalText("message");
     const auto files = arguments.optionalList("attachments");
     QList<AttachmentDto> attachments;
-    for (const QJsonValue &file : files.value_or(QJsonArray()))
+    const QJsonArray given = files.value_or(QJsonArray());
+    for (const auto &file : given)
         attachments.append(attachmentFromJson(file.toObject()));
     // All arguments are sound from here on: a bad one has changed nothing.
     if (message)
