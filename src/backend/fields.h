@@ -51,8 +51,9 @@ std::size_t hashValue(const std::optional<T> &value, std::size_t seed)
     return value ? hashValue(*value, seed ^ 1) : seed;
 }
 
+// No default for the seed: Qt would take it for a hash that knows no seeds, and add an overload.
 template <Record T>
-std::size_t qHash(const T &record, std::size_t seed = 0)
+std::size_t qHash(const T &record, std::size_t seed)
 {
     forEachField<T>([&](const auto &field) {
         seed = QtPrivate::QHashCombine()(seed, hashValue(record.*field.member, 0));

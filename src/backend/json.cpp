@@ -44,6 +44,8 @@ QVariant variant(const std::optional<T> &value)
 template <typename T>
 T decode(QByteArrayView bytes)
 {
+    if (bytes.isEmpty())
+        throw DecodingError(DecodingError::dataCorrupted, {}, QStringLiteral("There is no data."));
     simdjson::dom::parser parser;
     Element root;
     const auto error = parser.parse(bytes.data(), static_cast<std::size_t>(bytes.size())).get(root);
@@ -93,7 +95,6 @@ template BrandingDto decode(QByteArrayView);
 template TicketDto decode(QByteArrayView);
 template QList<TicketPreviewDto> decode(QByteArrayView);
 template MessageDto decode(QByteArrayView);
-template SenderDto decode(QByteArrayView);
 template DeviceInfoDto decode(QByteArrayView);
 
 template MessageDto decode(const QVariantMap &);

@@ -60,8 +60,10 @@ void read(const Element &element, QList<T> &list, const CodingPath &path)
     if (element.get(array))
         throwMismatch(path, "a list");
     list.reserve(static_cast<qsizetype>(array.size()));
-    for (const Element item : array)
-        read(item, list.emplaceBack(), CodingPath(path, list.size() - 1));
+    for (const Element item : array) {
+        const CodingPath itemPath(path, list.size());
+        read(item, list.emplaceBack(), itemPath);
+    }
 }
 
 template <typename T>

@@ -46,7 +46,8 @@ std::optional<ULID> ULID::parse(const QString &text)
     if (utf8.size() != textLength)
         return std::nullopt;
     const auto decoded = decodeBase32(QByteArray(leadingZeroSymbols, '0') + utf8, crockfordBase32);
-    if (!decoded)
+    // Trailing padding would make for fewer bytes.
+    if (!decoded || decoded->size() != leadingZeroBytes + static_cast<qsizetype>(sizeof(Bytes)))
         return std::nullopt;
     Bytes bytes{};
     std::copy(decoded->begin() + leadingZeroBytes, decoded->end(), bytes.begin());

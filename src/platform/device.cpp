@@ -27,7 +27,7 @@ QString batteryFolder()
 {
     const QDir supplies(QStringLiteral("/sys/class/power_supply"));
     for (const QString &name : supplies.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString folder = supplies.filePath(name);
+        QString folder = supplies.filePath(name);
         const bool isBattery =
             readLine(folder + QStringLiteral("/type")) == QLatin1String("Battery");
         // Batteries of mice and the like have the scope "Device".

@@ -44,8 +44,10 @@ void EventLoopThread::post(std::function<void()> work)
 {
     const std::scoped_lock lock(m_mutex);
     if (!m_thread) {
-        if (!QCoreApplication::instance())
+        if (!QCoreApplication::instance() || isWindingDown()) {
+            abandon(std::move(work));
             return;
+        }
         start();
     }
     QMetaObject::invokeMethod(

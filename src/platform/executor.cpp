@@ -17,8 +17,10 @@ public:
     void post(std::function<void()> work) override
     {
         QCoreApplication *app = QCoreApplication::instance();
-        if (!app)
+        if (!app) {
+            abandon(std::move(work));
             return;
+        }
         QMetaObject::invokeMethod(
             app, [work = std::move(work)] { guarded("a posted call", work); },
             Qt::QueuedConnection);

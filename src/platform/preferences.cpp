@@ -64,11 +64,14 @@ private:
     /// QSettings would make the file readable for all; rewriting keeps the permissions it has.
     void makeSureOfFile() const
     {
+        constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
         QFile file(m_settings.fileName());
-        if (file.exists())
+        if (file.exists()) {
+            file.setPermissions(ownerOnly);
             return;
+        }
         QDir().mkpath(QFileInfo(file).path());
-        file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner);
+        file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerOnly);
     }
 
     QSettings m_settings;

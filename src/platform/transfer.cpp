@@ -13,10 +13,11 @@ namespace tolvane {
 
 namespace {
 
-constexpr qsizetype maximumBodySize = 100 * 1024 * 1024;
+constexpr qsizetype mebibyte = 1'048'576;
+constexpr qsizetype maximumBodySize = 100 * mebibyte;
 // How much may wait to be read. The stack receives on a thread of its own, and a sender who is
 // faster than this one would fill the memory before the bound on the body is looked at.
-constexpr qsizetype readBufferSize = 1024 * 1024;
+constexpr qsizetype readBufferSize = mebibyte;
 constexpr int maximumRedirects = 16;
 
 struct ErrorCode

@@ -3,6 +3,7 @@
 
 #include <QtCore/QCoreApplication>
 
+#include <atomic>
 #include <mutex>
 #include <vector>
 
@@ -14,7 +15,9 @@ struct Registry
 {
     std::mutex mutex;
     std::vector<std::weak_ptr<std::function<void()>>> functions;
+    std::vector<std::function<void()>> abandoned;
     bool hooked = false;
+    std::atomic<bool> windingDown = false;
 };
 
 // Never destroyed: instances that outlive static destruction still let go of their hooks.
@@ -26,6 +29,7 @@ Registry &registry()
 
 void windDown()
 {
+    registry().windingDown = true;
     std::vector<std::weak_ptr<std::function<void()>>> functions;
     {
         const std::scoped_lock lock(registry().mutex);
@@ -36,6 +40,12 @@ void windDown()
         if (const auto function = entry->lock())
             (*function)();
     }
+}
+
+void windDownWithApplication()
+{
+    windDown();
+    registry().windingDown = false; // The process may go on, and with another application object.
 }
 
 // For processes that end by exit() with the application object alive.
@@ -54,8 +64,19 @@ WindDownHook atWindDown(std::function<void()> stop)
     std::erase_if(registry().functions, [](const auto &entry) { return entry.expired(); });
     registry().functions.push_back(function);
     if (!std::exchange(registry().hooked, true))
-        qAddPostRoutine(windDown);
+        qAddPostRoutine(windDownWithApplication);
     return function;
+}
+
+bool isWindingDown()
+{
+    return registry().windingDown;
+}
+
+void abandon(std::function<void()> work)
+{
+    const std::scoped_lock lock(registry().mutex);
+    registry().abandoned.push_back(std::move(work));
 }
 
 } // namespace tolvane

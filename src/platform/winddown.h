@@ -17,4 +17,12 @@ using WindDownHook = std::shared_ptr<void>;
 /// that ends the process, and may run more than once. Safe from any thread.
 [[nodiscard]] WindDownHook atWindDown(std::function<void()> stop);
 
+/// True while those functions run: what has been stopped must not be started again by what has not
+/// been stopped yet. Safe from any thread.
+bool isWindingDown();
+
+/// Keeps work that has come too late to be done. Destroying it would break the promises in it, and
+/// wake up those who wait for them, who had better stay asleep. Safe from any thread.
+void abandon(std::function<void()> work);
+
 } // namespace tolvane

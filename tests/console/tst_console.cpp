@@ -6,21 +6,22 @@
 #include <QtNetwork/QTcpServer>
 #include <QtTest/QTest>
 
+using namespace Qt::StringLiterals;
 using namespace tolvane::test;
 
 namespace {
 
-const QString ticket = QStringLiteral("ticket");
-const QString nowhere = QStringLiteral("http://127.0.0.1:1/api");
+const QString ticket = u"ticket"_s;
+const QString nowhere = u"http://127.0.0.1:1/api"_s;
 
 bool isOk(const QJsonObject &reply)
 {
-    return reply.value(QLatin1String("ok")).toBool();
+    return reply.value("ok"_L1).toBool();
 }
 
 QString errorOf(const QJsonObject &reply)
 {
-    return reply.value(QLatin1String("error")).toString();
+    return reply.value("error"_L1).toString();
 }
 
 QJsonObject onTicket(int handle, QJsonObject more = {})
@@ -31,10 +32,10 @@ QJsonObject onTicket(int handle, QJsonObject more = {})
 
 QJsonArray messagesOf(ConsoleProgram &console, int handle)
 {
-    return console.request(QStringLiteral("ticket.state"), onTicket(handle))
+    return console.request(u"ticket.state"_s, onTicket(handle))
         .value(ticket)
         .toObject()
-        .value(QLatin1String("messages"))
+        .value("messages"_L1)
         .toArray();
 }
 
@@ -43,7 +44,7 @@ bool reaches(ConsoleProgram &console, int handle, const QString &key, const QStr
 {
     return QTest::qWaitFor(
         [&] {
-            return console.request(QStringLiteral("ticket.state"), onTicket(handle))
+            return console.request(u"ticket.state"_s, onTicket(handle))
                        .value(ticket)
                        .toObject()
                        .value(key)
@@ -69,8 +70,8 @@ private Q_SLOTS:
         QTest::newRow("no object")
             << QByteArray("[1]") << QJsonValue() << "The line is not a JSON object";
         QTest::newRow("empty") << QByteArray() << QJsonValue() << "The line is not a JSON object";
-        QTest::newRow("no command") << QByteArray(R"({"id":"a"})")
-                                    << QJsonValue(QStringLiteral("a")) << "Unknown command: \"\"";
+        QTest::newRow("no command")
+            << QByteArray(R"({"id":"a"})") << QJsonValue(u"a"_s) << "Unknown command: \"\"";
         QTest::newRow("unreadable id")
             << QByteArray(R"({"id":[],"cmd":"x"})") << QJsonValue() << "Unknown command: \"x\"";
         QTest::newRow("missing argument") << QByteArray(R"({"id":7,"cmd":"initialize"})")
@@ -100,10 +101,10 @@ private Q_SLOTS:
         console.send(line);
         const QJsonObject reply =
             console.await([](const QJsonObject &) { return true; }); // Nothing else comes.
-        QCOMPARE(reply.value(QLatin1String("reply")), id);
+        QCOMPARE(reply.value("reply"_L1), id);
         QCOMPARE(isOk(reply), error.isEmpty());
         QCOMPARE(errorOf(reply), error);
-        QVERIFY(isOk(console.request(QStringLiteral("settings")))); // The session goes on.
+        QVERIFY(isOk(console.request(u"settings"_s))); // The session goes on.
         QCOMPARE(console.end(), 0);
         QCOMPARE(console.errors(), QByteArray());
     }
@@ -112,27 +113,24 @@ private Q_SLOTS:
     {
         const QTemporaryDir config;
         ConsoleProgram console(config.path(), nowhere);
-        QCOMPARE(console.request(QStringLiteral("ticket.new")).value(ticket).toInt(), 1);
-        const QJsonObject inline1 = {{QStringLiteral("name"), QStringLiteral("a.png")},
-                                     {QStringLiteral("mimeType"), QStringLiteral("image/png")},
-                                     {QStringLiteral("base64"), QStringLiteral("AAEC")}};
-        const QString compose = QStringLiteral("ticket.compose");
-        const QString files = QStringLiteral("attachments");
-        QVERIFY(isOk(console.request(
-            compose, onTicket(1, {{QStringLiteral("message"), QStringLiteral("hello")},
-                                  {files, QJsonArray{inline1, inline1}}}))));
-        for (const QJsonObject &bad :
-             {QJsonObject{{QStringLiteral("path"), QStringLiteral("/no/such/file")}},
-              QJsonObject{{QStringLiteral("path"), QStringLiteral("/")}}, QJsonObject()}) {
+        QCOMPARE(console.request(u"ticket.new"_s).value(ticket).toInt(), 1);
+        const QJsonObject inline1 = {
+            {u"name"_s, u"a.png"_s}, {u"mimeType"_s, u"image/png"_s}, {u"base64"_s, u"AAEC"_s}};
+        const QString compose = u"ticket.compose"_s;
+        const QString files = u"attachments"_s;
+        QVERIFY(
+            isOk(console.request(compose, onTicket(1, {{u"message"_s, u"hello"_s},
+                                                       {files, QJsonArray{inline1, inline1}}}))));
+        for (const QJsonObject &bad : {QJsonObject{{u"path"_s, u"/no/such/file"_s}},
+                                       QJsonObject{{u"path"_s, u"/"_s}}, QJsonObject()}) {
             const QJsonObject reply = console.request(
-                compose, onTicket(1, {{QStringLiteral("message"), QStringLiteral("lost")},
-                                      {files, QJsonArray{bad}}}));
+                compose, onTicket(1, {{u"message"_s, u"lost"_s}, {files, QJsonArray{bad}}}));
             QVERIFY(!isOk(reply) && !errorOf(reply).isEmpty());
         }
-        const QJsonObject state = console.request(QStringLiteral("ticket.state"), onTicket(1));
-        QCOMPARE(state.value(QLatin1String("message")), QStringLiteral("hello"));
-        QCOMPARE(state.value(QLatin1String("attachmentCount")), 1);
-        QCOMPARE(state.value(QLatin1String("state")), QStringLiteral("empty"));
+        const QJsonObject state = console.request(u"ticket.state"_s, onTicket(1));
+        QCOMPARE(state.value("message"_L1), u"hello"_s);
+        QCOMPARE(state.value("attachmentCount"_L1), 1);
+        QCOMPARE(state.value("state"_L1), u"empty"_s);
     }
 
     void endsInTheMiddleOfEverything_data()
@@ -148,19 +146,17 @@ private Q_SLOTS:
         QTcpServer stalling; // Accepts and says nothing.
         QVERIFY(stalling.listen(QHostAddress::LocalHost));
         const QTemporaryDir config;
-        ConsoleProgram console(
-            config.path(), QStringLiteral("http://127.0.0.1:%1/api").arg(stalling.serverPort()));
-        QVERIFY(isOk(console.request(QStringLiteral("initialize"),
-                                     {{QStringLiteral("key"), QStringLiteral("k")}})));
-        console.request(QStringLiteral("ticket.new"));
-        console.request(QStringLiteral("ticket.compose"),
-                        onTicket(1, {{QStringLiteral("message"), QStringLiteral("hi")}}));
+        ConsoleProgram console(config.path(),
+                               u"http://127.0.0.1:%1/api"_s.arg(stalling.serverPort()));
+        QVERIFY(isOk(console.request(u"initialize"_s, {{u"key"_s, u"k"_s}})));
+        console.request(u"ticket.new"_s);
+        console.request(u"ticket.compose"_s, onTicket(1, {{u"message"_s, u"hi"_s}}));
         console.send(R"({"id":"a","cmd":"ticket.create","ticket":1})");
         console.send(R"({"id":"b","cmd":"tickets.reload"})");
         console.send(R"({"id":"c","cmd":"tickets.reload"})");
-        QVERIFY(isOk(console.request(QStringLiteral("ticket.close"), onTicket(1))));
+        QVERIFY(isOk(console.request(u"ticket.close"_s, onTicket(1))));
         if (byQuit)
-            QVERIFY(isOk(console.request(QStringLiteral("quit"))));
+            QVERIFY(isOk(console.request(u"quit"_s)));
         QCOMPARE(console.end(), 0);
         QCOMPARE(console.errors(), QByteArray());
     }
@@ -171,53 +167,43 @@ private Q_SLOTS:
         auto backend = std::make_unique<BackendProgram>(folder.path());
         auto console = std::make_unique<ConsoleProgram>(folder.path(), backend->url());
         const auto say = [&](int handle, const char *operation, const char *text) {
-            console->request(
-                QStringLiteral("ticket.compose"),
-                onTicket(handle, {{QStringLiteral("message"), QString::fromUtf8(text)}}));
+            console->request(u"ticket.compose"_s,
+                             onTicket(handle, {{u"message"_s, QString::fromUtf8(text)}}));
             return isOk(console->request(QString::fromLatin1(operation), onTicket(handle)));
         };
         const auto awaitAnswer = [&] {
-            return console
-                ->awaitEvent(QStringLiteral("notification"), QStringLiteral("didReceiveMessage"))
-                .value(QLatin1String("userInfo"))
+            return console->awaitEvent(u"notification"_s, u"didReceiveMessage"_s)
+                .value("userInfo"_L1)
                 .toObject();
         };
-        console->request(QStringLiteral("setAnalyticsDelegate"),
-                         {{QStringLiteral("enabled"), true}});
-        console->request(QStringLiteral("initialize"),
-                         {{QStringLiteral("key"), QStringLiteral("k")}});
-        console->request(QStringLiteral("ticket.new"));
-        console->request(
-            QStringLiteral("ticket.compose"),
-            onTicket(1, {{QStringLiteral("attachments"),
-                          QJsonArray{QJsonObject{
-                              {QStringLiteral("name"), QStringLiteral("photo.png")},
-                              {QStringLiteral("mimeType"), QStringLiteral("image/png")},
-                              {QStringLiteral("base64"), QStringLiteral("iVBORw0KGgo=")}}}}}));
+        console->request(u"setAnalyticsDelegate"_s, {{u"enabled"_s, true}});
+        console->request(u"initialize"_s, {{u"key"_s, u"k"_s}});
+        console->request(u"ticket.new"_s);
+        console->request(u"ticket.compose"_s,
+                         onTicket(1, {{u"attachments"_s, QJsonArray{QJsonObject{
+                                                             {u"name"_s, u"photo.png"_s},
+                                                             {u"mimeType"_s, u"image/png"_s},
+                                                             {u"base64"_s, u"iVBORw0KGgo="_s}}}}}));
         QVERIFY(say(1, "ticket.create", "Hello, see the photo 📦"));
         const QJsonObject first = messagesOf(*console, 1).at(0).toObject();
-        QCOMPARE(first.value(QLatin1String("content")), QStringLiteral("Hello, see the photo 📦"));
-        QVERIFY(first.value(QLatin1String("attachments"))
+        QCOMPARE(first.value("content"_L1), u"Hello, see the photo 📦"_s);
+        QVERIFY(first.value("attachments"_L1)
                     .toArray()
                     .at(0)
                     .toString()
-                    .startsWith(QLatin1String("http://127.0.0.1")));
+                    .startsWith("http://127.0.0.1"_L1));
 
         const QJsonObject reply = awaitAnswer(); // By polling: nothing pushes here.
-        QCOMPARE(reply.value(QLatin1String("sender")).toObject().value(QLatin1String("type")),
-                 QStringLiteral("ai agent"));
+        QCOMPARE(reply.value("sender"_L1).toObject().value("type"_L1), u"ai agent"_s);
         QVERIFY(say(1, "ticket.send", "I want to talk to a human"));
         QVERIFY(!awaitAnswer().isEmpty());
-        QVERIFY(reaches(*console, 1, QStringLiteral("assignee"), QStringLiteral("human agent")));
+        QVERIFY(reaches(*console, 1, u"assignee"_s, u"human agent"_s));
         QVERIFY(say(1, "ticket.send", "Thanks, that is solved, bye"));
         QVERIFY(!awaitAnswer().isEmpty());
-        QVERIFY(reaches(*console, 1, QStringLiteral("state"), QStringLiteral("closed")));
-        QVERIFY(
-            !console
-                 ->awaitEvent(QStringLiteral("analytics"), QStringLiteral("tolvane_ticket_created"))
-                 .isEmpty());
+        QVERIFY(reaches(*console, 1, u"state"_s, u"closed"_s));
+        QVERIFY(!console->awaitEvent(u"analytics"_s, u"tolvane_ticket_created"_s).isEmpty());
 
-        const QJsonObject customer = console->request(QStringLiteral("customer"));
+        const QJsonObject customer = console->request(u"customer"_s);
         const qsizetype count = messagesOf(*console, 1).size();
         QCOMPARE(console->end(), 0);
         QCOMPARE(console->errors(), QByteArray());
@@ -225,19 +211,15 @@ private Q_SLOTS:
 
         backend = std::make_unique<BackendProgram>(folder.path());
         console = std::make_unique<ConsoleProgram>(folder.path(), backend->url());
-        console->request(QStringLiteral("initialize"),
-                         {{QStringLiteral("key"), QStringLiteral("k")}});
-        QCOMPARE(console->request(QStringLiteral("customer")).value(QLatin1String("customerId")),
-                 customer.value(QLatin1String("customerId")));
-        console->request(QStringLiteral("tickets.load"));
-        const QJsonArray rows = console->request(QStringLiteral("tickets.state"))
-                                    .value(QLatin1String("value"))
-                                    .toArray();
+        console->request(u"initialize"_s, {{u"key"_s, u"k"_s}});
+        QCOMPARE(console->request(u"customer"_s).value("customerId"_L1),
+                 customer.value("customerId"_L1));
+        console->request(u"tickets.load"_s);
+        const QJsonArray rows = console->request(u"tickets.state"_s).value("value"_L1).toArray();
         QCOMPARE(rows.size(), 1);
-        QVERIFY(isOk(console->request(
-            QStringLiteral("ticket.open"),
-            {{QStringLiteral("ticketId"), rows.at(0).toObject().value(QLatin1String("id"))}})));
-        console->request(QStringLiteral("ticket.fetch"), onTicket(1));
+        QVERIFY(isOk(console->request(u"ticket.open"_s,
+                                      {{u"ticketId"_s, rows.at(0).toObject().value("id"_L1)}})));
+        console->request(u"ticket.fetch"_s, onTicket(1));
         QVERIFY(messagesOf(*console, 1).size() >= count);
         QVERIFY(say(1, "ticket.send", "One more question"));
         QVERIFY(!awaitAnswer().isEmpty());

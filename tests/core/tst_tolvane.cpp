@@ -15,6 +15,7 @@
 
 #include <cstring>
 
+using namespace Qt::StringLiterals;
 using namespace tolvane;
 using namespace tolvane::test;
 
@@ -22,7 +23,7 @@ using Event = TolvaneAnalyticsEvent;
 
 namespace {
 
-const QString notInitialized = QStringLiteral("Tolvane is not initialized");
+const QString notInitialized = u"Tolvane is not initialized"_s;
 
 struct Scene : Fixture
 {
@@ -41,7 +42,7 @@ struct Scene : Fixture
 
     void initialize()
     {
-        Tolvane::initialize(QStringLiteral("key"));
+        Tolvane::initialize(u"key"_s);
         settle();
         forget();
     }
@@ -58,25 +59,23 @@ struct Scene : Fixture
     {
         QStringList texts;
         for (const QString &line : log->lines)
-            texts += line.section(QStringLiteral("] "), 3);
-        return texts.filter(QRegularExpression(QStringLiteral("^(?!Analytics event)")));
+            texts += line.section(u"] "_s, 3);
+        return texts.filter(QRegularExpression(u"^(?!Analytics event)"_s));
     }
 
     bool failing = false;
     QStringList presentations; ///< The names of the events sent before each.
 };
 
-QVariantMap push(const QVariantMap &content = {},
-                 const QVariant &source = QStringLiteral("tolvane"))
+QVariantMap push(const QVariantMap &content = {}, const QVariant &source = u"tolvane"_s)
 {
     QVariantMap payload = content;
-    payload.insert(QStringLiteral("source"), source);
+    payload.insert(u"source"_s, source);
     return payload;
 }
 
-const QVariantMap messageContent = {{QStringLiteral("id"), QStringLiteral("m")},
-                                    {QStringLiteral("ticketId"), QStringLiteral("t")},
-                                    {QStringLiteral("odd"), QVariantList{1, QVariant(), 2.5}}};
+const QVariantMap messageContent = {
+    {u"id"_s, u"m"_s}, {u"ticketId"_s, u"t"_s}, {u"odd"_s, QVariantList{1, QVariant(), 2.5}}};
 
 struct ThrowingDelegate final : TolvaneAnalyticsDelegate
 {
@@ -109,23 +108,22 @@ private Q_SLOTS:
         QCOMPARE(scene.session->requests.size(), 0);
         const auto id = persistentstore::customerId();
         QVERIFY(id && ULID::parse(*id));
-        QCOMPARE(scene.texts(), QStringList({QStringLiteral("New customer ID generated: ") + *id,
-                                             QStringLiteral("SDK initialized")}));
+        QCOMPARE(scene.texts(),
+                 QStringList({u"New customer ID generated: "_s + *id, u"SDK initialized"_s}));
         QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::sdkInitialized});
         const Event event = scene.delegate->events.constFirst();
-        QCOMPARE(event.properties(),
-                 QVariantMap({{QStringLiteral("action_type"), QStringLiteral("lifecycle")},
-                              {QStringLiteral("device_model"), QStringLiteral("Test Model")},
-                              {QStringLiteral("os_version"), QStringLiteral("12.4")}}));
+        QCOMPARE(event.properties(), QVariantMap({{u"action_type"_s, u"lifecycle"_s},
+                                                  {u"device_model"_s, u"Test Model"_s},
+                                                  {u"os_version"_s, u"12.4"_s}}));
         QCOMPARE(event.customerId(), id);
         QVERIFY(!event.originalCustomerId());
-        QCOMPARE(event.environment(), QStringLiteral("production"));
-        QCOMPARE(event.sdkVersion(), QStringLiteral("0.1.0"));
+        QCOMPARE(event.environment(), u"production"_s);
+        QCOMPARE(event.sdkVersion(), u"0.1.0"_s);
         settle();
         QVERIFY(SdkData::shared()->settingsDidLoad());
         scene.forget();
 
-        Tolvane::initialize(QStringLiteral("other"));
+        Tolvane::initialize(u"other"_s);
         settle();
         QVERIFY(scene.log->lines.isEmpty() && scene.delegate->events.isEmpty() &&
                 scene.session->requests.isEmpty());
@@ -134,20 +132,19 @@ private Q_SLOTS:
     void initializeKeepsAnId()
     {
         Scene scene;
-        persistentstore::setCustomerId(QStringLiteral("mine"));
-        Tolvane::initialize(QStringLiteral("key"));
-        QCOMPARE(persistentstore::customerId(), QStringLiteral("mine"));
-        QCOMPARE(scene.texts(), QStringList{QStringLiteral("SDK initialized")});
+        persistentstore::setCustomerId(u"mine"_s);
+        Tolvane::initialize(u"key"_s);
+        QCOMPARE(persistentstore::customerId(), u"mine"_s);
+        QCOMPARE(scene.texts(), QStringList{u"SDK initialized"_s});
     }
 
     void initializeWithoutAStore()
     {
         Scene scene;
         scene.preferences->canOpen = false;
-        Tolvane::initialize(QStringLiteral("key"));
+        Tolvane::initialize(u"key"_s);
         settle();
-        QVERIFY(
-            scene.texts().constFirst().startsWith(QLatin1String("New customer ID generated: ")));
+        QVERIFY(scene.texts().constFirst().startsWith("New customer ID generated: "_L1));
         QVERIFY(!scene.delegate->events.constFirst().customerId());
         QVERIFY(SdkData::shared()->settingsDidLoad());
     }
@@ -157,8 +154,8 @@ private Q_SLOTS:
         QTest::addColumn<std::function<void()>>("call");
         using Call = std::function<void()>;
         QTest::newRow("open") << Call([] { Tolvane::open(); });
-        QTest::newRow("updateCustomer") << Call(
-            [] { QVERIFY(Tolvane::updateCustomer({}, QStringLiteral("id")).isFinished()); });
+        QTest::newRow("updateCustomer")
+            << Call([] { QVERIFY(Tolvane::updateCustomer({}, u"id"_s).isFinished()); });
         QTest::newRow("setDeviceToken") << Call([] { Tolvane::setDeviceToken("x"); });
         QTest::newRow("handlePushNotification")
             << Call([] { Tolvane::handlePushNotification(push(messageContent)); });
@@ -188,7 +185,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("line");
         QTest::addColumn<QByteArray>("body");
         using Text = std::optional<QString>;
-        QTest::newRow("both") << Text(QStringLiteral("a@b.c")) << Text(QStringLiteral("7"))
+        QTest::newRow("both") << Text(u"a@b.c"_s) << Text(u"7"_s)
                               << "Customer updated: a@b.c 7 mine"
                               << QByteArray(R"({"email":"a@b.c","originalId":"7"})");
         QTest::newRow("empty is present")
@@ -197,8 +194,7 @@ private Q_SLOTS:
         QTest::newRow("neither") << Text() << Text() << "Customer updated: nil nil mine"
                                  << QByteArray("{}");
         QTest::newRow("percent signs stay")
-            << Text(QStringLiteral("%2%1")) << Text(QStringLiteral("%3"))
-            << "Customer updated: %2%1 %3 mine"
+            << Text(u"%2%1"_s) << Text(u"%3"_s) << "Customer updated: %2%1 %3 mine"
             << QByteArray(R"({"email":"%2%1","originalId":"%3"})");
     }
 
@@ -209,8 +205,8 @@ private Q_SLOTS:
         QFETCH(const QString, line);
         QFETCH(const QByteArray, body);
         Scene scene;
-        persistentstore::setCustomerId(QStringLiteral("mine"));
-        persistentstore::setCustomerOriginalId(QStringLiteral("before"));
+        persistentstore::setCustomerId(u"mine"_s);
+        persistentstore::setCustomerOriginalId(u"before"_s);
         scene.initialize();
         scene.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
         const QFuture<void> done = Tolvane::updateCustomer(email, originalId);
@@ -221,8 +217,8 @@ private Q_SLOTS:
         QCOMPARE(scene.texts(), QStringList{line});
         const QVariantMap properties =
             scene.delegate->properties(Event::Lifecycle::customerUpdated);
-        QCOMPARE(properties.value(QStringLiteral("has_email")), email.has_value());
-        QCOMPARE(properties.value(QStringLiteral("has_original_id")), originalId.has_value());
+        QCOMPARE(properties.value(u"has_email"_s), email.has_value());
+        QCOMPARE(properties.value(u"has_original_id"_s), originalId.has_value());
     }
 
     void aFailedUpdateKeepsTheOriginalId()
@@ -230,32 +226,31 @@ private Q_SLOTS:
         Scene scene;
         scene.initialize();
         scene.failing = true;
-        const QFuture<void> done = Tolvane::updateCustomer({}, QStringLiteral("7"));
+        const QFuture<void> done = Tolvane::updateCustomer({}, u"7"_s);
         settle();
         QVERIFY(done.isFinished() && !done.isCanceled());
-        QCOMPARE(persistentstore::customerOriginalId(), QStringLiteral("7"));
-        QVERIFY(scene.texts().constFirst().startsWith(QLatin1String("Error updating customer: ")));
+        QCOMPARE(persistentstore::customerOriginalId(), u"7"_s);
+        QVERIFY(scene.texts().constFirst().startsWith("Error updating customer: "_L1));
         const QVariantMap error = scene.delegate->properties(Event::Errors::networkError);
-        QCOMPARE(error.value(QStringLiteral("error_context")), QStringLiteral("updateCustomer"));
-        QCOMPARE(error.value(QStringLiteral("error_code")), -1009);
+        QCOMPARE(error.value(u"error_context"_s), u"updateCustomer"_s);
+        QCOMPARE(error.value(u"error_code"_s), -1009);
     }
 
     void deviceTokensAreRegistered()
     {
         Scene scene;
         scene.initialize();
-        persistentstore::setCustomerOriginalId(QStringLiteral("7"));
+        persistentstore::setCustomerOriginalId(u"7"_s);
         Tolvane::setDeviceToken(QByteArray::fromHex("0aff"));
-        QCOMPARE(scene.texts(), QStringList{QStringLiteral("Device token: 0aff")});
+        QCOMPARE(scene.texts(), QStringList{u"Device token: 0aff"_s});
         QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::deviceTokenSet});
         QVERIFY(scene.session->requests.isEmpty());
         settle();
         QCOMPARE(scene.session->requests.constFirst().body,
                  QByteArray(R"({"originalId":"7","deviceToken":"0aff"})"));
         // The scripted 304 counts as a failure here: told to analytics, not to the log.
-        QCOMPARE(scene.delegate->properties(Event::Errors::apiError)
-                     .value(QStringLiteral("error_context")),
-                 QStringLiteral("setDeviceToken"));
+        QCOMPARE(scene.delegate->properties(Event::Errors::apiError).value(u"error_context"_s),
+                 u"setDeviceToken"_s);
         QCOMPARE(scene.texts().size(), 1);
     }
 
@@ -264,7 +259,7 @@ private Q_SLOTS:
         QTest::addColumn<QVariantMap>("payload");
         QTest::addColumn<bool>("ours");
         QTest::newRow("ours") << push() << true;
-        QTest::newRow("case counts") << push({}, QStringLiteral("Tolvane")) << false;
+        QTest::newRow("case counts") << push({}, u"Tolvane"_s) << false;
         QTest::newRow("other type") << push({}, 5) << false;
         QTest::newRow("bytes are no text") << push({}, QByteArray("tolvane")) << false;
         QTest::newRow("null") << push({}, QVariant()) << false;
@@ -292,9 +287,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("broadcast");
         QTest::addColumn<QVariantMap>("userInfo");
         QTest::addColumn<bool>("isCounted");
-        const QString message = QStringLiteral("message");
-        const QString preview = QStringLiteral("ticketPreview");
-        const QVariantMap bare = {{QStringLiteral("id"), QStringLiteral("m")}};
+        const QString message = u"message"_s;
+        const QString preview = u"ticketPreview"_s;
+        const QVariantMap bare = {{u"id"_s, u"m"_s}};
         QTest::newRow("message") << QVariantMap{{message, messageContent}, {preview, bare}}
                                  << notifications::didReceiveMessage << messageContent << true;
         QTest::newRow("message without its ticket")
@@ -318,7 +313,7 @@ private Q_SLOTS:
             scene.initialize();
             SdkData::shared();
             platform().notificationCenter->post(notifications::didChangeState,
-                                                QVariantMap{{QStringLiteral("open"), isOpen}});
+                                                QVariantMap{{u"open"_s, isOpen}});
             scene.broadcasts.clear();
             if (isOpen)
                 QCOMPARE(Tolvane::willPresentNotification(push(content)),
@@ -346,7 +341,7 @@ private Q_SLOTS:
     {
         Scene scene;
         const std::unique_ptr<QThread> thread(QThread::create([] {
-            Tolvane::initialize(QStringLiteral("key"));
+            Tolvane::initialize(u"key"_s);
             Tolvane::open();
             Tolvane::handlePushNotification(push());
             QCOMPARE(Tolvane::willPresentNotification(push()), PresentationOptions::none);
@@ -358,7 +353,7 @@ private Q_SLOTS:
         QCOMPARE(scene.delegate->names().first(3),
                  QStringList({Event::Lifecycle::sdkInitialized, Event::Chat::opened,
                               Event::Notifications::pushTapped}));
-        QCOMPARE(scene.texts().filter(QStringLiteral("off the main thread")).size(), 1);
+        QCOMPARE(scene.texts().filter(u"off the main thread"_s).size(), 1);
     }
 
     void delegatesDoNoHarm()
@@ -366,8 +361,8 @@ private Q_SLOTS:
         Scene scene;
         const auto throwing = std::make_shared<ThrowingDelegate>();
         Tolvane::setAnalyticsDelegate(throwing);
-        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("host")));
-        Tolvane::initialize(QStringLiteral("key"));
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"host"_s));
+        Tolvane::initialize(u"key"_s);
 
         auto owned = std::make_shared<SelfRemovingDelegate>();
         auto *raw = owned.get();
@@ -380,11 +375,11 @@ private Q_SLOTS:
 
         Tolvane::setAnalyticsDelegate(scene.delegate); // Nothing comes afterwards.
         QVERIFY(scene.delegate->events.isEmpty());
-        QCOMPARE(scene.texts().filter(QStringLiteral("Analytics delegate set: ")),
-                 QStringList({QStringLiteral("Analytics delegate set: enabled"),
-                              QStringLiteral("Analytics delegate set: enabled"),
-                              QStringLiteral("Analytics delegate set: disabled"),
-                              QStringLiteral("Analytics delegate set: enabled")}));
+        QCOMPARE(
+            scene.texts().filter(u"Analytics delegate set: "_s),
+            QStringList({u"Analytics delegate set: enabled"_s, u"Analytics delegate set: enabled"_s,
+                         u"Analytics delegate set: disabled"_s,
+                         u"Analytics delegate set: enabled"_s}));
         std::weak_ptr<TolvaneAnalyticsDelegate> weak = scene.delegate;
         scene.delegate.reset();
         QVERIFY(weak.expired()); // The library holds it weakly.
@@ -411,25 +406,23 @@ private Q_SLOTS:
         QFETCH(const QString, description);
         QFETCH(const QString, event);
         Scene scene;
-        scene.bundle->version = QStringLiteral("3.1");
+        scene.bundle->version = u"3.1"_s;
         auto &manager = TolvaneAnalyticsManager::shared();
-        manager.trackError({}, {{QStringLiteral("k"), 1}}, Error(domain, 7, description));
+        manager.trackError({}, {{u"k"_s, 1}}, Error(domain, 7, description));
         QCOMPARE(scene.delegate->names(), QStringList{event});
         const QVariantMap properties = scene.delegate->properties(event);
-        QCOMPARE(properties.value(QStringLiteral("error_message")), description);
-        QCOMPARE(properties.value(QStringLiteral("error_code")), 7);
-        QCOMPARE(properties.value(QStringLiteral("k")), 1);
-        QVERIFY(!properties.contains(QStringLiteral("error_context")));
+        QCOMPARE(properties.value(u"error_message"_s), description);
+        QCOMPARE(properties.value(u"error_code"_s), 7);
+        QCOMPARE(properties.value(u"k"_s), 1);
+        QVERIFY(!properties.contains(u"error_context"_s));
 
         manager.setEnabled(false);
         scene.forget();
-        manager.trackUserAction(QStringLiteral("a"), QStringLiteral("s"), {});
+        manager.trackUserAction(u"a"_s, u"s"_s, {});
         QVERIFY(scene.delegate->events.isEmpty() && scene.log->lines.isEmpty());
         manager.setEnabled(true);
-        manager.trackUserAction(QStringLiteral("a"), QStringLiteral("s"), {});
-        QCOMPARE(scene.delegate->properties(QStringLiteral("user_action"))
-                     .value(QStringLiteral("screen_name")),
-                 QStringLiteral("s"));
+        manager.trackUserAction(u"a"_s, u"s"_s, {});
+        QCOMPARE(scene.delegate->properties(u"user_action"_s).value(u"screen_name"_s), u"s"_s);
     }
 
     void environmentsHaveNames()
@@ -439,7 +432,7 @@ private Q_SLOTS:
             QVERIFY(environment);
             QCOMPARE(Tolvane::rawValue(*environment), QString::fromLatin1(name));
         }
-        QVERIFY(!Tolvane::environmentFromRawValue(QStringLiteral("Production")));
+        QVERIFY(!Tolvane::environmentFromRawValue(u"Production"_s));
         QCOMPARE(TolvaneSdkVersionNumber, 1.0);
         QCOMPARE(
             std::strcmp(TolvaneSdkVersionString, "@(#)PROGRAM:TolvaneSdk  PROJECT:Tolvane-1\n"), 0);

@@ -7,13 +7,14 @@
 
 #include <QtTest/QTest>
 
+using namespace Qt::StringLiterals;
 using namespace tolvane;
 using namespace tolvane::test;
 using namespace std::chrono_literals;
 
 namespace {
 
-const QString ticketId = QStringLiteral("t1");
+const QString ticketId = u"t1"_s;
 
 MessageDto customer(const char *id)
 {
@@ -59,7 +60,7 @@ struct Scene : Fixture
     {
         QStringList ids;
         for (const Broadcast &broadcast : broadcasts)
-            ids += broadcast.userInfo->value(QStringLiteral("id")).toString();
+            ids += broadcast.userInfo->value(u"id"_s).toString();
         return ids;
     }
 
@@ -87,7 +88,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("senderType");
         QTest::addColumn<QString>("trace");
         const QString byNotification =
-            QStringLiteral("Message received via notification, stopping polling for ticket: t1");
+            u"Message received via notification, stopping polling for ticket: t1"_s;
         QTest::newRow("AI") << words::aiAgent << byNotification;
         QTest::newRow("human") << words::humanAgent << byNotification;
         QTest::newRow("customer, by the loop's own broadcast") << words::customer << byNotification;
@@ -103,18 +104,18 @@ private Q_SLOTS:
         QVERIFY(scene.broadcasts.isEmpty());
         QCOMPARE(scene.active(), QStringList{ticketId});
 
-        scene.messages += makeMessage(QStringLiteral("m2"), senderType);
+        scene.messages += makeMessage(u"m2"_s, senderType);
         scene.clock->advance(1s);
-        QCOMPARE(scene.broadcastIds(), QStringList{QStringLiteral("m2")});
+        QCOMPARE(scene.broadcastIds(), QStringList{u"m2"_s});
         QCOMPARE(scene.lineCount(trace), 1);
         QCOMPARE(scene.active(), QStringList());
         scene.clock->advance(10s);
         QCOMPARE(scene.polls(), 2);
-        QCOMPARE(scene.delegate->names(), QStringList({QStringLiteral("polling_started"),
-                                                       QStringLiteral("polling_stopped")}));
-        const QVariantMap stopped = scene.delegate->properties(QStringLiteral("polling_stopped"));
-        QCOMPARE(stopped.value(QStringLiteral("duration")).toDouble(), 1.0);
-        QCOMPARE(stopped.value(QStringLiteral("reason")), QStringLiteral("manual_stop"));
+        QCOMPARE(scene.delegate->names(),
+                 QStringList({u"polling_started"_s, u"polling_stopped"_s}));
+        const QVariantMap stopped = scene.delegate->properties(u"polling_stopped"_s);
+        QCOMPARE(stopped.value(u"duration"_s).toDouble(), 1.0);
+        QCOMPARE(stopped.value(u"reason"_s), u"manual_stop"_s);
     }
 
     void broadcastMirrorsTheMessage()
@@ -127,9 +128,9 @@ private Q_SLOTS:
         QCOMPARE(tolvane::json::decode<MessageDto>(*broadcast.userInfo),
                  scene.messages.constFirst());
         // Absent values travel as nulls, under their keys.
-        const QVariantMap sender = broadcast.userInfo->value(QStringLiteral("sender")).toMap();
-        QVERIFY(sender.contains(QStringLiteral("name")));
-        QVERIFY(broadcast.userInfo->contains(QStringLiteral("attachments")));
+        const QVariantMap sender = broadcast.userInfo->value(u"sender"_s).toMap();
+        QVERIFY(sender.contains(u"name"_s));
+        QVERIFY(broadcast.userInfo->contains(u"attachments"_s));
     }
 
     void onlyTheTailIsNew()
@@ -145,7 +146,7 @@ private Q_SLOTS:
         QVERIFY(scene.broadcasts.isEmpty());
         scene.messages = {agent("a"), agent("b"), agent("c"), agent("d"), agent("e")};
         scene.clock->advance(1s);
-        QCOMPARE(scene.broadcastIds(), QStringList({QStringLiteral("d"), QStringLiteral("e")}));
+        QCOMPARE(scene.broadcastIds(), QStringList({u"d"_s, u"e"_s}));
     }
 
     void timesOut()
@@ -158,12 +159,11 @@ private Q_SLOTS:
         scene.clock->advance(1s); // Exactly 120 seconds: no poll any more.
         QCOMPARE(scene.polls(), 120);
         QCOMPARE(scene.active(), QStringList());
-        QCOMPARE(scene.lineCount(QStringLiteral("Polling timeout reached for ticket: t1")), 1);
+        QCOMPARE(scene.lineCount(u"Polling timeout reached for ticket: t1"_s), 1);
         QCOMPARE(scene.delegate->names(),
-                 QStringList({QStringLiteral("polling_started"), QStringLiteral("polling_stopped"),
-                              QStringLiteral("polling_timeout")}));
-        QCOMPARE(scene.delegate->properties(QStringLiteral("polling_timeout"))
-                     .value(QStringLiteral("timeout_duration"))
+                 QStringList({u"polling_started"_s, u"polling_stopped"_s, u"polling_timeout"_s}));
+        QCOMPARE(scene.delegate->properties(u"polling_timeout"_s)
+                     .value(u"timeout_duration"_s)
                      .toDouble(),
                  120.0);
     }
@@ -177,16 +177,15 @@ private Q_SLOTS:
         QCOMPARE(scene.clock->requestedSleeps(), QList<double>({2, 4, 8, 16}));
         QCOMPARE(scene.polls(), 5);
         QCOMPARE(scene.active(), QStringList());
-        QCOMPARE(scene.lineCount(QStringLiteral(
-                     "Max consecutive errors reached for ticket t1, stopping polling")),
-                 1);
+        QCOMPARE(
+            scene.lineCount(u"Max consecutive errors reached for ticket t1, stopping polling"_s),
+            1);
         QCOMPARE(scene.delegate->names().count(TolvaneAnalyticsEvent::Errors::networkError), 5);
-        QCOMPARE(scene.delegate->events.constLast().name(),
-                 QStringLiteral("polling_max_errors_reached"));
+        QCOMPARE(scene.delegate->events.constLast().name(), u"polling_max_errors_reached"_s);
         QList<int> counts;
         for (const TolvaneAnalyticsEvent &event : std::as_const(scene.delegate->events)) {
             if (event.name() == TolvaneAnalyticsEvent::Errors::networkError)
-                counts += event.properties().value(QStringLiteral("consecutive_errors")).toInt();
+                counts += event.properties().value(u"consecutive_errors"_s).toInt();
         }
         QCOMPARE(counts, QList<int>({1, 2, 3, 4, 5}));
     }
@@ -215,7 +214,7 @@ private Q_SLOTS:
         scene.start(1);
         QCOMPARE(scene.polls(), 4);
         QCOMPARE(scene.clock->requestedSleeps(), QList<double>{1});
-        QCOMPARE(scene.lineCount(QStringLiteral("Polling cancelled for ticket: t1")), 3);
+        QCOMPARE(scene.lineCount(u"Polling cancelled for ticket: t1"_s), 3);
         QVERIFY(!scene.delegate->names().contains(TolvaneAnalyticsEvent::Errors::apiError));
     }
 
@@ -237,8 +236,7 @@ private Q_SLOTS:
         QCOMPARE(scene.active(), QStringList{ticketId});
         QCOMPARE(scene.clock->sleeperCount(), 1);
         QCOMPARE(scene.delegate->names(),
-                 QStringList({QStringLiteral("polling_started"), QStringLiteral("polling_stopped"),
-                              QStringLiteral("polling_started")}));
+                 QStringList({u"polling_started"_s, u"polling_stopped"_s, u"polling_started"_s}));
         const qsizetype before = scene.polls();
         scene.clock->advance(5s);
         QCOMPARE(scene.polls(), before + 5);
@@ -270,10 +268,9 @@ private Q_SLOTS:
         using Info = NotificationCenter::UserInfo;
         QTest::newRow("its ticket") << Info(tolvane::json::dictionary(agent("push"))) << true;
         QTest::newRow("another ticket")
-            << Info(tolvane::json::dictionary(
-                   makeMessage(QStringLiteral("x"), words::aiAgent, QStringLiteral("t2"))))
+            << Info(tolvane::json::dictionary(makeMessage(u"x"_s, words::aiAgent, u"t2"_s)))
             << false;
-        QTest::newRow("no message") << Info(QVariantMap{{QStringLiteral("id"), 7}}) << false;
+        QTest::newRow("no message") << Info(QVariantMap{{u"id"_s, 7}}) << false;
         QTest::newRow("nothing") << Info() << false;
     }
 
@@ -293,12 +290,12 @@ private Q_SLOTS:
     {
         Scene scene;
         scene.session->handler = [&](const UrlRequest &request) {
-            if (request.url.path().endsWith(QLatin1String("t2")))
+            if (request.url.path().endsWith("t2"_L1))
                 failWithServerError();
             return answer(makeTicket(scene.messages));
         };
         scene.start(1);
-        scene.polling->startPolling(QStringLiteral("t2"), 1);
+        scene.polling->startPolling(u"t2"_s, 1);
         scene.clock->advance(60s);
         QCOMPARE(scene.active(), QStringList{ticketId});
         QCOMPARE(scene.polls(), 61 + 5);

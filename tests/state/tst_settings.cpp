@@ -9,6 +9,7 @@
 
 #include <QtTest/QTest>
 
+using namespace Qt::StringLiterals;
 using namespace tolvane;
 using namespace tolvane::test;
 
@@ -18,7 +19,7 @@ BrandingDto makeBranding(const QString &updatedAt, const QString &primaryLight)
 {
     BrandingDto branding;
     branding.primaryLight = primaryLight;
-    branding.bubbleAgentDark = QStringLiteral("#010203");
+    branding.bubbleAgentDark = u"#010203"_s;
     branding.updatedAt = updatedAt;
     return branding;
 }
@@ -55,14 +56,13 @@ private Q_SLOTS:
     void brandingIsStoredAppliedAndAskedForAgain()
     {
         Scene scene;
-        const BrandingDto branding =
-            makeBranding(QStringLiteral("2026-01-01+2"), QStringLiteral(" #aabbcc\n"));
+        const BrandingDto branding = makeBranding(u"2026-01-01+2"_s, u" #aabbcc\n"_s);
         scene.session->handler = [&](const UrlRequest &) { return answer(branding); };
         scene.fetch();
-        QCOMPARE(scene.lastQuery(), QStringLiteral("updatedAt"));
+        QCOMPARE(scene.lastQuery(), u"updatedAt"_s);
         QCOMPARE(persistentstore::branding(), branding);
-        QCOMPARE(scene.primary(), QStringLiteral("#aabbcc"));
-        QCOMPARE(ColorScheme::shared().bubbleAgentColor.dark.name(), QStringLiteral("#010203"));
+        QCOMPARE(scene.primary(), u"#aabbcc"_s);
+        QCOMPARE(ColorScheme::shared().bubbleAgentColor.dark.name(), u"#010203"_s);
         QVERIFY(!ColorScheme::shared().logoLight); // As the record has it, no longer empty text.
         QCOMPARE(scene.delegate->names(),
                  QStringList{TolvaneAnalyticsEvent::Lifecycle::fetchedSettings});
@@ -70,8 +70,8 @@ private Q_SLOTS:
         scene.session->handler = notModified;
         ColorScheme::shared() = ColorScheme();
         scene.fetch();
-        QCOMPARE(scene.lastQuery(), QStringLiteral("updatedAt=2026-01-01%2B2"));
-        QCOMPARE(scene.primary(), QStringLiteral("#aabbcc")); // The stored copy was applied.
+        QCOMPARE(scene.lastQuery(), u"updatedAt=2026-01-01%2B2"_s);
+        QCOMPARE(scene.primary(), u"#aabbcc"_s); // The stored copy was applied.
     }
 
     void nothingNewAndNothingStoredKeepsTheDefaults()
@@ -81,37 +81,37 @@ private Q_SLOTS:
         QVERIFY(!SdkData::shared()->settingsDidLoad());
         scene.fetch();
         QVERIFY(SdkData::shared()->settingsDidLoad());
-        QCOMPARE(scene.primary(), QStringLiteral("#ffffff"));
-        QCOMPARE(ColorScheme::shared().logoLight, QStringLiteral(""));
+        QCOMPARE(scene.primary(), u"#ffffff"_s);
+        QCOMPARE(ColorScheme::shared().logoLight, u""_s);
     }
 
     void aFailureChangesNothing()
     {
         Scene scene;
-        persistentstore::setBranding(makeBranding(QStringLiteral("1"), QStringLiteral("#aabbcc")));
+        persistentstore::setBranding(makeBranding(u"1"_s, u"#aabbcc"_s));
         scene.session->handler = [](const UrlRequest &) -> UrlResponse {
             throw UrlError(UrlError::timedOut);
         };
         scene.fetch();
         QVERIFY(!SdkData::shared()->settingsDidLoad());
-        QCOMPARE(scene.primary(), QStringLiteral("#ffffff"));
-        QVERIFY(!scene.log->lines.filter(QStringLiteral("Error fetching styling: ")).isEmpty());
+        QCOMPARE(scene.primary(), u"#ffffff"_s);
+        QVERIFY(!scene.log->lines.filter(u"Error fetching styling: "_s).isEmpty());
         const QVariantMap error =
             scene.delegate->properties(TolvaneAnalyticsEvent::Errors::networkError);
-        QCOMPARE(error.value(QStringLiteral("error_context")), QStringLiteral("fetchSettings"));
-        QCOMPARE(error.value(QStringLiteral("error_code")), -1001);
-        QCOMPARE(error.value(QStringLiteral("error_domain")), QStringLiteral("NSURLErrorDomain"));
+        QCOMPARE(error.value(u"error_context"_s), u"fetchSettings"_s);
+        QCOMPARE(error.value(u"error_code"_s), -1001);
+        QCOMPARE(error.value(u"error_domain"_s), u"NSURLErrorDomain"_s);
     }
 
     void anUnreadableCopyCountsAsNone()
     {
         Scene scene;
-        scene.preferences->values->insert(QStringLiteral("com.tolvane.sdk/branding"),
+        scene.preferences->values->insert(u"com.tolvane.sdk/branding"_s,
                                           QByteArray("{\"primaryLight\":"));
         scene.session->handler = notModified;
         scene.fetch();
-        QCOMPARE(scene.lastQuery(), QStringLiteral("updatedAt"));
-        QVERIFY(scene.preferences->values->contains(QStringLiteral("com.tolvane.sdk/branding")));
+        QCOMPARE(scene.lastQuery(), u"updatedAt"_s);
+        QVERIFY(scene.preferences->values->contains(u"com.tolvane.sdk/branding"_s));
     }
 
     void openFollowsTheBroadcast_data()
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QTest::addColumn<NotificationCenter::UserInfo>("userInfo");
         QTest::addColumn<bool>("isOpen");
         using Info = NotificationCenter::UserInfo;
-        const QString open = QStringLiteral("open");
+        const QString open = u"open"_s;
         QTest::newRow("true") << Info(QVariantMap{{open, true}}) << true;
         QTest::newRow("false") << Info(QVariantMap{{open, false}}) << false;
         QTest::newRow("no Boolean") << Info(QVariantMap{{open, 1}}) << false;
@@ -141,8 +141,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("name");
-        const QString gray = QStringLiteral("#808080");
-        const QString black = QStringLiteral("#000000");
+        const QString gray = u"#808080"_s;
+        const QString black = u"#000000"_s;
         QTest::newRow("plain") << "1A2B3C"
                                << "#1a2b3c";
         QTest::newRow("sign, lower case, white space") << " \t#1a2b3c\r\n"

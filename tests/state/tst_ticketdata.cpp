@@ -9,6 +9,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
+using namespace Qt::StringLiterals;
 using namespace tolvane;
 using namespace tolvane::test;
 using namespace std::chrono_literals;
@@ -20,7 +21,7 @@ namespace {
 
 AttachmentDto file(const char *name, const char *bytes = "x")
 {
-    return {QString::fromLatin1(name), QStringLiteral("image/png"), bytes};
+    return {QString::fromLatin1(name), u"image/png"_s, bytes};
 }
 
 struct Scene : Fixture
@@ -32,7 +33,7 @@ struct Scene : Fixture
         session->handler = [this](const UrlRequest &request) {
             if (failing)
                 throw APIError(APIError::serverError, "down");
-            if (request.method == "POST" && !request.url.path().endsWith(QLatin1String("create")))
+            if (request.method == "POST" && !request.url.path().endsWith("create"_L1))
                 return answer(sent);
             return answer(fetched);
         };
@@ -59,8 +60,8 @@ struct Scene : Fixture
     }
 
     bool failing = false;
-    TicketDto fetched = makeTicket({makeMessage(QStringLiteral("m1"))});
-    MessageDto sent = makeMessage(QStringLiteral("m2"));
+    TicketDto fetched = makeTicket({makeMessage(u"m1"_s)});
+    MessageDto sent = makeMessage(u"m2"_s);
     std::shared_ptr<TicketData> store;
 };
 
@@ -88,15 +89,15 @@ private Q_SLOTS:
         scene.run(scene.store->fetchTicket());
         const auto provisional = scene.store->state().previewValue();
         QVERIFY(provisional && !scene.store->state().value());
-        QCOMPARE(provisional->assignee, QStringLiteral("unknown"));
+        QCOMPARE(provisional->assignee, u"unknown"_s);
         QCOMPARE(provisional->messages, QList{makePreview().lastMessage});
         scene.session->release();
         QCOMPARE(scene.store->state().value(), scene.fetched);
         QVERIFY(!scene.store->isFetchingTicket());
         const QVariantMap viewed = scene.delegate->properties(Chat::ticketViewed);
-        QCOMPARE(viewed.value(QStringLiteral("message_count")), 1);
-        QCOMPARE(viewed.value(QStringLiteral("ticket_state")), QStringLiteral("open"));
-        QCOMPARE(viewed.value(QStringLiteral("ticket_id")), QStringLiteral("t1"));
+        QCOMPARE(viewed.value(u"message_count"_s), 1);
+        QCOMPARE(viewed.value(u"ticket_state"_s), u"open"_s);
+        QCOMPARE(viewed.value(u"ticket_id"_s), u"t1"_s);
     }
 
     void fetchWithoutAnIdChangesNothing()
@@ -128,9 +129,9 @@ private Q_SLOTS:
         QCOMPARE(scene.store->state().current(), Case::error);
         QVERIFY(scene.store->ticket() && !scene.store->isFetchingTicket());
         QVERIFY(scene.log->lines.constLast().contains(
-                    QLatin1String("Error fetching ticket: Server error: down")) == silent);
+                    "Error fetching ticket: Server error: down"_L1) == silent);
         QCOMPARE(scene.delegate->names(),
-                 silent ? QStringList() : QStringList{QStringLiteral("tolvane_api_error")});
+                 silent ? QStringList() : QStringList{u"tolvane_api_error"_s});
         scene.failing = false;
         scene.run(scene.store->silentFetchTicket());
         QCOMPARE(scene.store->state().current(), Case::loaded);
@@ -142,7 +143,7 @@ private Q_SLOTS:
         Scene scene{std::nullopt};
         scene.store->setNewTicket(true);
         // A family, a flag and two letters are four characters to whoever typed them.
-        scene.store->setMessage(QStringLiteral("👨‍👩‍👧‍👦🇩🇪ab"));
+        scene.store->setMessage(u"👨‍👩‍👧‍👦🇩🇪ab"_s);
         scene.store->setAttachments(
             {file("b.png"), file("a.png"), file("b.png"), file("b.png", "y")});
         QCOMPARE(scene.store->attachments().size(), 3);
@@ -153,52 +154,49 @@ private Q_SLOTS:
         QVERIFY(first > 0 && first < body.indexOf("a.png"));
         QCOMPARE(scene.broadcasts.constFirst().name, notifications::didSendMessage);
         QCOMPARE(*scene.broadcasts.constFirst().userInfo,
-                 QVariantMap({{QStringLiteral("ticketId"), QStringLiteral("t1")},
-                              {QStringLiteral("message"),
-                               QStringLiteral("👨‍👩‍👧‍👦🇩🇪ab")}}));
+                 QVariantMap({{u"ticketId"_s, u"t1"_s},
+                              {u"message"_s, u"👨‍👩‍👧‍👦🇩🇪ab"_s}}));
         QCOMPARE(scene.delegate->names().first(2),
                  QStringList({Chat::ticketCreated, Chat::messageSent}));
         for (const QString &name : {Chat::ticketCreated, Chat::messageSent}) {
             const QVariantMap properties = scene.delegate->properties(name);
-            QCOMPARE(properties.value(QStringLiteral("message_length")), 4);
-            QCOMPARE(properties.value(QStringLiteral("attachment_count")), 3);
-            QCOMPARE(properties.value(QStringLiteral("is_first_message")), true);
-            QCOMPARE(properties.value(QStringLiteral("ticket_id")), QStringLiteral("t1"));
+            QCOMPARE(properties.value(u"message_length"_s), 4);
+            QCOMPARE(properties.value(u"attachment_count"_s), 3);
+            QCOMPARE(properties.value(u"is_first_message"_s), true);
+            QCOMPARE(properties.value(u"ticket_id"_s), u"t1"_s);
         }
         QVERIFY(scene.store->message().isEmpty() && scene.store->attachments().isEmpty());
         QVERIFY(!scene.store->newTicket() && !scene.store->isSendingMessage());
-        QVERIFY(scene.delegate->names().contains(QStringLiteral("polling_started")));
+        QVERIFY(scene.delegate->names().contains(u"polling_started"_s));
     }
 
     void sendAppendsTheAnswer()
     {
         Scene scene;
         scene.run(scene.store->fetchTicket());
-        scene.store->setMessage(QStringLiteral("hi"));
+        scene.store->setMessage(u"hi"_s);
         scene.session->held = true;
         scene.run(scene.store->sendMessage());
         QVERIFY(scene.store->isSendDisabled());
-        QCOMPARE(scene.messageIds(), QStringList{QStringLiteral("m1")});
+        QCOMPARE(scene.messageIds(), QStringList{u"m1"_s});
         scene.session->release();
-        QCOMPARE(scene.messageIds(), QStringList({QStringLiteral("m1"), QStringLiteral("m2")}));
+        QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"m2"_s}));
         const QVariantMap userInfo = *scene.broadcasts.constFirst().userInfo;
-        QCOMPARE(userInfo.value(QStringLiteral("message")).value<MessageDto>(), scene.sent);
-        QCOMPARE(userInfo.value(QStringLiteral("messageId")), QStringLiteral("m2"));
+        QCOMPARE(userInfo.value(u"message"_s).value<MessageDto>(), scene.sent);
+        QCOMPARE(userInfo.value(u"messageId"_s), u"m2"_s);
         const QVariantMap properties = scene.delegate->properties(Chat::messageSent);
-        QCOMPARE(properties.value(QStringLiteral("is_first_message")), false);
-        QCOMPARE(properties.value(QStringLiteral("message_id")), QStringLiteral("m2"));
+        QCOMPARE(properties.value(u"is_first_message"_s), false);
+        QCOMPARE(properties.value(u"message_id"_s), u"m2"_s);
         // The customer's own message is counted in: polling doesn't take it for news.
-        QCOMPARE(scene.delegate->properties(QStringLiteral("polling_started"))
-                     .value(QStringLiteral("message_count")),
-                 2);
+        QCOMPARE(scene.delegate->properties(u"polling_started"_s).value(u"message_count"_s), 2);
     }
 
     void aFailedSendCanBeRepeated_data()
     {
         QTest::addColumn<bool>("create");
         QTest::addColumn<QString>("context");
-        QTest::newRow("create") << true << QStringLiteral("createTicket");
-        QTest::newRow("send") << false << QStringLiteral("sendMessage");
+        QTest::newRow("create") << true << u"createTicket"_s;
+        QTest::newRow("send") << false << u"sendMessage"_s;
     }
 
     void aFailedSendCanBeRepeated()
@@ -209,21 +207,20 @@ private Q_SLOTS:
         if (!create)
             scene.run(scene.store->fetchTicket());
         scene.store->setNewTicket(create);
-        scene.store->setMessage(QStringLiteral(" "));
+        scene.store->setMessage(u" "_s);
         scene.store->setAttachments({file("a.png")});
         const auto send = [&] {
             scene.run(create ? scene.store->createTicket() : scene.store->sendMessage());
         };
         scene.failing = true;
         send();
-        QCOMPARE(scene.store->message(), QStringLiteral(" "));
+        QCOMPARE(scene.store->message(), u" "_s);
         QCOMPARE(scene.store->attachments(), QList{file("a.png")});
         QVERIFY(scene.store->sendError() && !scene.store->isSendDisabled());
         QCOMPARE(scene.store->newTicket(), create);
         QVERIFY(scene.broadcasts.isEmpty());
-        QCOMPARE(
-            scene.delegate->events.constLast().properties().value(QStringLiteral("error_context")),
-            context);
+        QCOMPARE(scene.delegate->events.constLast().properties().value(u"error_context"_s),
+                 context);
         scene.failing = false;
         send();
         QVERIFY(!scene.store->sendError() && scene.store->message().isEmpty());
@@ -235,7 +232,7 @@ private Q_SLOTS:
         QTest::addColumn<bool>("attachment");
         QTest::addColumn<bool>("disabled");
         QTest::newRow("nothing") << QString() << false << true;
-        QTest::newRow("white space counts") << QStringLiteral(" ") << false << false;
+        QTest::newRow("white space counts") << u" "_s << false << false;
         QTest::newRow("attachment alone") << QString() << true << false;
     }
 
@@ -261,8 +258,7 @@ private Q_SLOTS:
         QTest::newRow("agent spoke")
             << words::aiAgent << QStringList{words::customer, words::aiAgent} << false;
         QTest::newRow("human has it") << words::humanAgent << QStringList{words::customer} << false;
-        QTest::newRow("case counts")
-            << QStringLiteral("AI agent") << QStringList{words::customer} << false;
+        QTest::newRow("case counts") << u"AI agent"_s << QStringList{words::customer} << false;
         QTest::newRow("no messages") << words::aiAgent << QStringList() << false;
     }
 
@@ -275,7 +271,7 @@ private Q_SLOTS:
         scene.fetched.assignee = assignee;
         scene.fetched.messages.clear();
         for (const QString &sender : senders)
-            scene.fetched.messages += makeMessage(QStringLiteral("m"), sender);
+            scene.fetched.messages += makeMessage(u"m"_s, sender);
         QVERIFY(!scene.store->isAITyping());
         scene.run(scene.store->fetchTicket());
         QCOMPARE(scene.store->isAITyping(), typing);
@@ -285,22 +281,21 @@ private Q_SLOTS:
     {
         Scene scene;
         scene.run(scene.store->fetchTicket());
-        const MessageDto reply = makeMessage(QStringLiteral("r"), words::aiAgent);
+        const MessageDto reply = makeMessage(u"r"_s, words::aiAgent);
         scene.notify(reply);
         scene.notify(reply);
-        QCOMPARE(scene.messageIds(), QStringList({QStringLiteral("m1"), QStringLiteral("r")}));
+        QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"r"_s}));
         QVERIFY(scene.log->lines.constLast().endsWith(
-            QLatin1String("Message r already exists in ticket, skipping duplicate")));
+            "Message r already exists in ticket, skipping duplicate"_L1));
         const QVariantMap properties = scene.delegate->properties(Chat::messageReceived);
-        QCOMPARE(properties.value(QStringLiteral("source")), QStringLiteral("ui_update"));
-        QCOMPARE(properties.value(QStringLiteral("sender_type")), words::aiAgent);
-        QCOMPARE(properties.value(QStringLiteral("is_duplicate")), false);
+        QCOMPARE(properties.value(u"source"_s), u"ui_update"_s);
+        QCOMPARE(properties.value(u"sender_type"_s), words::aiAgent);
+        QCOMPARE(properties.value(u"is_duplicate"_s), false);
         QCOMPARE(scene.session->requests.size(), 1);
-        scene.fetched.messages += makeMessage(QStringLiteral("confirmed"));
+        scene.fetched.messages += makeMessage(u"confirmed"_s);
         scene.clock->advance(1s);
         QCOMPARE(scene.session->requests.size(), 2);
-        QCOMPARE(scene.messageIds(),
-                 QStringList({QStringLiteral("m1"), QStringLiteral("confirmed")}));
+        QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"confirmed"_s}));
     }
 
     void foreignNotificationsAreIgnored()
@@ -308,13 +303,12 @@ private Q_SLOTS:
         Scene scene;
         scene.run(scene.store->fetchTicket());
         scene.delegate->events.clear();
-        scene.notify(makeMessage(QStringLiteral("x"), words::aiAgent, QStringLiteral("t2")));
+        scene.notify(makeMessage(u"x"_s, words::aiAgent, u"t2"_s));
         scene.store->onMessageNotification(std::nullopt);
-        scene.store->onMessageNotification(QVariantMap{{QStringLiteral("id"), 5}});
+        scene.store->onMessageNotification(QVariantMap{{u"id"_s, 5}});
         scene.store->onStateUpdateNotification(std::nullopt);
-        scene.store->onStateUpdateNotification(
-            tolvane::json::dictionary(makePreview(QStringLiteral("t2"))));
-        QCOMPARE(scene.messageIds(), QStringList{QStringLiteral("m1")});
+        scene.store->onStateUpdateNotification(tolvane::json::dictionary(makePreview(u"t2"_s)));
+        QCOMPARE(scene.messageIds(), QStringList{u"m1"_s});
         QCOMPARE(scene.store->preview(), makePreview());
         QVERIFY(scene.delegate->events.isEmpty() && scene.clock->sleeperCount() == 0);
     }
@@ -322,18 +316,18 @@ private Q_SLOTS:
     void aStateUpdateReachesPreviewAndTicket()
     {
         TicketPreviewDto update = makePreview();
-        update.state = QStringLiteral("closed");
+        update.state = u"closed"_s;
         Scene scene;
         scene.run(scene.store->fetchTicket());
         scene.store->onStateUpdateNotification(tolvane::json::dictionary(update));
         QCOMPARE(scene.store->preview(), update);
-        QCOMPARE(scene.store->ticket()->state, QStringLiteral("closed"));
+        QCOMPARE(scene.store->ticket()->state, u"closed"_s);
 
         Scene fresh{std::nullopt}; // Began as a new ticket: no preview, no updates.
-        fresh.store->setMessage(QStringLiteral("hi"));
+        fresh.store->setMessage(u"hi"_s);
         fresh.run(fresh.store->createTicket());
         fresh.store->onStateUpdateNotification(tolvane::json::dictionary(update));
-        QCOMPARE(fresh.store->ticket()->state, QStringLiteral("open"));
+        QCOMPARE(fresh.store->ticket()->state, u"open"_s);
     }
 
     void aStoreLivesUntilItsWorkIsDone()

@@ -6,6 +6,7 @@
 
 #include <QtTest/QTest>
 
+using namespace Qt::StringLiterals;
 using namespace tolvane;
 using namespace tolvane::test;
 using namespace std::chrono_literals;
@@ -40,13 +41,11 @@ struct Scene : Fixture
     qsizetype requestCount() const { return session->requests.size(); }
     qsizetype skipCount() const
     {
-        return log->lines.filter(QStringLiteral("Skipping reload - too soon since last reload"))
-            .size();
+        return log->lines.filter(u"Skipping reload - too soon since last reload"_s).size();
     }
 
     bool failing = false;
-    TicketsData::Tickets rows_ = {makePreview(QStringLiteral("b")),
-                                  makePreview(QStringLiteral("a"))};
+    TicketsData::Tickets rows_ = {makePreview(u"b"_s), makePreview(u"a"_s)};
     std::shared_ptr<TicketsData> store = std::make_shared<TicketsData>();
     QList<Case> cases;
     QObject lifetime; ///< Ends the connection before what it writes to.
@@ -104,10 +103,7 @@ private Q_SLOTS:
         scene.failing = failing;
         scene.run(silent ? scene.store->silentReload() : scene.store->load());
         QCOMPARE(scene.cases, cases);
-        QCOMPARE(scene.log->lines.filter(QStringLiteral("Error"))
-                     .value(0)
-                     .section(QStringLiteral("] "), 3),
-                 line);
+        QCOMPARE(scene.log->lines.filter(u"Error"_s).value(0).section(u"] "_s, 3), line);
         // Whatever came before but `loaded` leaves no last value.
         scene.run(scene.store->load());
         QVERIFY(!scene.store->lastValue());

@@ -62,8 +62,6 @@ void ScriptedServer::read(QTcpSocket &socket)
 {
     QByteArray &buffer = m_buffers[&socket];
     buffer += socket.readAll();
-    if (breakAfter >= 0 && buffer.size() >= breakAfter)
-        return reset(socket);
     const qsizetype headEnd = buffer.indexOf("\r\n\r\n");
     if (headEnd < 0)
         return;

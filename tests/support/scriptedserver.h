@@ -33,9 +33,6 @@ public:
     /// it off, or leaves it alone. Connections are kept alive.
     std::function<void(const ServedRequest &, QTcpSocket &)> handler;
 
-    /// Resets a connection as soon as so many bytes of one request have come; never if negative.
-    qsizetype breakAfter = -1;
-
     QList<ServedRequest> requests;
     int connectionCount = 0;
 

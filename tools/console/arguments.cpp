@@ -15,7 +15,7 @@ QJsonValue Arguments::value(const char *key, QJsonValue::Type type, const char *
 {
     if (!has(key))
         throw CommandError(QStringLiteral("Argument \"%1\" is missing").arg(QLatin1String(key)));
-    const QJsonValue found = m_request.value(QLatin1String(key));
+    QJsonValue found = m_request.value(QLatin1String(key));
     if (found.type() != type)
         throw CommandError(QStringLiteral("Argument \"%1\" must be %2")
                                .arg(QLatin1String(key), QLatin1String(typeName)));

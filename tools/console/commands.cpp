@@ -137,7 +137,7 @@ Reply fetchSettings(Host &, Arguments)
 template <QCoro::Task<> (TicketsData::*operation)()>
 Reply onTickets(Host &host, Arguments)
 {
-    const auto tickets = host.tickets();
+    std::shared_ptr<TicketsData> tickets = host.tickets(); // Kept alive for as long as it works.
     co_await (*tickets.*operation)();
     co_return {};
 }

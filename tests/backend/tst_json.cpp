@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "backend/json.h"
+#include "support/wire.h"
+
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+/// JSON that reads well in C++: its quotation marks are written as apostrophes.
+QByteArray operator""_j(const char *text, std::size_t size)
+{
+    return QByteArray(text, static_cast<qsizetype>(size)).replace('\'', '"');
+}
+
+const QByteArray sender = "'sender':{'id':'s','type':'customer'}"_j;
+
+QByteArray message(const QByteArray &more = {})
+{
+    return "{'id':'m','ticketId':'t',"_j + sender +
+           ",'content':'c','isRead':false,'timestamp':'now'"_j + more + '}';
+}
+
+QByteArray ticket(const QByteArray &messages)
+{
+    return "{'id':'t','state':'open','assignee':'x','schedules':[],'messages':["_j + messages +
+           "]}";
+}
+
+QByteArray nested(int depth)
+{
+    return QByteArray(depth, '[') + QByteArray(depth, ']');
+}
+
+} // namespace
+
+class JsonTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void decodes_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::addColumn<MessageDto>("expected");
+        MessageDto plain = makeMessage(u"m"_s);
+        plain.ticketId = u"t"_s;
+        plain.sender.id = u"s"_s;
+        plain.content = u"c"_s;
+        plain.timestamp = u"now"_s;
+        QTest::newRow("plain") << message() << plain;
+        QTest::newRow("unknown keys")
+            << message(",'x':{'id':[null,{'y':1e300}]},'':true"_j) << plain;
+        QTest::newRow("nulls are absent") << message(",'attachments':null"_j) << plain;
+        MessageDto with = plain;
+        with.attachments = QList<QString>();
+        QTest::newRow("an empty list is not") << message(",'attachments':[]"_j) << with;
+        with.attachments = {u"a"_s, u"😀\n\"é"_s};
+        QTest::newRow("escapes") << message(",'attachments':['a','\\ud83d\\ude00\\n\\'\\u00e9']"_j)
+                                 << with;
+        QTest::newRow("the last of equal keys")
+            << message(",'attachments':['a','😀\\n\\'é']"_j) << with;
+        with = plain;
+        with.sender.name = QString();
+        QTest::newRow("empty name")
+            << QByteArray(message()).replace("'type'"_j, "'name':'','profilePicture':null,'type'"_j)
+            << with;
+    }
+
+    void decodes()
+    {
+        QFETCH(const QByteArray, json);
+        QFETCH(const MessageDto, expected);
+        const auto decoded = tolvane::json::decode<MessageDto>(json);
+        QCOMPARE(decoded, expected);
+        QCOMPARE(tolvane::json::decode<MessageDto>(tolvane::json::encode(decoded)), expected);
+        QCOMPARE(tolvane::json::decode<MessageDto>(tolvane::json::dictionary(decoded)), expected);
+        QCOMPARE(qHash(decoded, 0), qHash(expected, 0));
+    }
+
+    void refuses_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("path");
+        const auto row = [](const char *name, const QByteArray &json, DecodingError::Kind kind,
+                            const QString &path) {
+            QTest::newRow(name) << json << int(kind) << path;
+        };
+        const QByteArray good = message();
+        const auto without = [&good](const char *part, const char *instead) {
+            return ticket(good + ',' + QByteArray(good).replace(part, instead));
+        };
+        using enum DecodingError::Kind;
+        row("missing", without(",'type':'customer'"_j, ""), keyNotFound,
+            u"messages[1].sender.type"_s);
+        row("null", without("'content':'c'"_j, "'content':null"_j), valueNotFound,
+            u"messages[1].content"_s);
+        row("wrong type", without("'isRead':false"_j, "'isRead':0"_j), typeMismatch,
+            u"messages[1].isRead"_s);
+        row("wrong element", ticket(good + ",7"), typeMismatch, u"messages[1]"_s);
+        row("wrong optional", ticket(message(",'attachments':'a'"_j)), typeMismatch,
+            u"messages[0].attachments"_s);
+        row("null in a list", ticket(message(",'attachments':['a',null]"_j)), typeMismatch,
+            u"messages[0].attachments[1]"_s);
+        row("a required list", QByteArray(ticket("")).replace("'schedules':[],"_j, ""), keyNotFound,
+            u"schedules"_s);
+        row("a list for an object", "[]", typeMismatch, QString());
+        row("empty", "", dataCorrupted, QString());
+        row("trailing", ticket("") + "{}", dataCorrupted, QString());
+        row("invalid UTF-8", ticket(message(",\"x\":\"\xc3\x28\"")), dataCorrupted, QString());
+        row("lone surrogate", ticket(message(",'x':'\\ud800'"_j)), dataCorrupted, QString());
+        row("malformed where nobody looks", ticket(message(",'x':[1,2}"_j)), dataCorrupted,
+            QString());
+        row("deep", nested(100'000), dataCorrupted, QString());
+        row("deep where nobody looks", ticket(message(",\"x\":" + nested(100'000))), dataCorrupted,
+            QString());
+    }
+
+    void refuses()
+    {
+        QFETCH(const QByteArray, json);
+        QFETCH(const int, kind);
+        QFETCH(const QString, path);
+        try {
+            tolvane::json::decode<TicketDto>(json);
+            QFAIL("It was decoded");
+        } catch (const DecodingError &error) {
+            QCOMPARE(int(error.kind()), kind);
+            QCOMPARE(error.codingPath(), path);
+            QVERIFY(error.localizedDescription().startsWith(path) &&
+                    error.localizedDescription().size() > path.size());
+        }
+    }
+
+    void nothingTruncatedIsDecoded()
+    {
+        const QByteArray whole = ticket(message() + ',' + message());
+        for (qsizetype size = 0; size < whole.size(); ++size)
+            QVERIFY_THROWS_EXCEPTION(DecodingError,
+                                     tolvane::json::decode<TicketDto>(whole.first(size)));
+        QCOMPARE(tolvane::json::decode<TicketDto>(whole).messages.size(), 2);
+    }
+
+    void encodes()
+    {
+        QCOMPARE(tolvane::json::encode(UpdateCustomerDto()), "{}");
+        QCOMPARE(tolvane::json::encode(UpdateDeviceDto{{}, u"a\x01\"\\\n\u00e9"_s}),
+                 "{\"deviceToken\":\"a\\u0001\\\"\\\\\\n\xc3\xa9\"}");
+        CreateTicketDto created;
+        created.deviceInfo.screenWidth = -3;
+        created.deviceInfo.batteryLevel = 0.83F;
+        const QByteArray ticketForm = tolvane::json::encode(created);
+        QVERIFY(ticketForm.contains("'screenWidth':-3,'screenHeight':0,'batteryLevel':0.83,"_j));
+    }
+
+    void absentAndEmptyHashApart()
+    {
+        SenderDto absent{.id = {}, .name = {}, .profilePicture = {}, .type = {}};
+        SenderDto empty = absent;
+        empty.name = QString();
+        QVERIFY(absent != empty && qHash(absent, 0) != qHash(empty, 0));
+        const AttachmentDto one{u"a"_s, u"b"_s, "1"};
+        const AttachmentDto other{u"a"_s, u"b"_s, "2"};
+        QCOMPARE((QSet<AttachmentDto>{one, other, one}.size()), 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(JsonTest)
+#include "tst_json.moc"

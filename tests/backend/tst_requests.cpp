@@ -1,0 +1,328 @@
+// SPDX-License-Identifier: MIT
+#include "backend/apiclient.h"
+#include "backend/apierror.h"
+#include "backend/formitems.h"
+#include "core/configuration.h"
+#include "core/persistentstore.h"
+#include "platform/await.h"
+#include "support/wire.h"
+
+#include <QtCore/QJsonDocument>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+using Operation = std::function<QCoro::Task<>(APIClient)>;
+
+// Coroutines of their own, since what they are called with has to outlive the answer.
+QCoro::Task<> getBranding(APIClient client, std::optional<QString> updatedAt)
+{
+    co_await client.getBranding(updatedAt);
+}
+QCoro::Task<> createTicket(APIClient client, CreateTicketDto ticket, QList<AttachmentDto> files)
+{
+    co_await client.createTicket(ticket, files);
+}
+QCoro::Task<> getTicket(APIClient client, QString id)
+{
+    co_await client.getTicket(id);
+}
+QCoro::Task<> getTickets(APIClient client)
+{
+    co_await client.getTickets();
+}
+QCoro::Task<> sendMessage(APIClient client, SendMessageDto message)
+{
+    co_await client.sendMessage(u"t1"_s, message);
+}
+
+const QList<AttachmentDto> twoFiles = {{u"ä\".png"_s, u"image/png"_s, QByteArray("\0\r\n--", 5)},
+                                       {u"b"_s, u"text/plain"_s, ""}};
+
+struct NamedOperation
+{
+    const char *name;
+    Operation run;
+    const char *method;
+    const char *address;
+    const char *contentType;
+};
+
+const QList<NamedOperation> &operations()
+{
+    static const QList<NamedOperation> all = {
+        {"getBranding", [](auto c) { return getBranding(c, {}); }, "GET", "/api/settings?updatedAt",
+         ""},
+        {"createTicket", [](auto c) { return createTicket(c, {}, {}); }, "POST",
+         "/api/ticket/create", "multipart/form-data"},
+        {"getTicket", [](auto c) { return getTicket(c, u"t1"_s); }, "GET", "/api/ticket/t1", ""},
+        {"getTickets", getTickets, "GET", "/api/tickets", ""},
+        {"sendMessage", [](auto c) { return sendMessage(c, {}); }, "POST", "/api/ticket/t1",
+         "multipart/form-data"},
+        {"updateCustomer", [](auto c) { return c.updateCustomer({}); }, "POST",
+         "/api/customer/update", "application/json"},
+        {"updateDevice", [](auto c) { return c.updateDevice({}); }, "POST",
+         "/api/customer/device/update", "application/json"},
+    };
+    return all;
+}
+
+struct Scene : Fixture
+{
+    Scene()
+    {
+        setKey();
+        environment.insert(u"TOLVANE_API_URL"_s, u"http://h/api"_s);
+        session->handler = [this](const UrlRequest &) { return response; };
+    }
+
+    /// Runs an operation to its end; null when that is a good one.
+    ErrorPtr run(const Operation &operation)
+    {
+        ErrorPtr failure;
+        detach(watch(operation, failure));
+        settle();
+        return failure;
+    }
+
+    static QCoro::Task<> watch(Operation operation, ErrorPtr &failure)
+    {
+        try {
+            co_await operation(APIClient::live());
+        } catch (...) {
+            failure = currentError();
+        }
+    }
+
+    const UrlRequest &last() const { return session->requests.constLast(); }
+
+    UrlResponse response;
+};
+
+QByteArrayList headerNames(const UrlRequest &request)
+{
+    QByteArrayList names;
+    for (const auto &header : request.headers)
+        names += header.first;
+    return names;
+}
+
+} // namespace
+
+class RequestsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void routesAndHeaders()
+    {
+        Scene scene;
+        scene.response.status = 500;
+        for (const NamedOperation &operation : operations()) {
+            persistentstore::setCustomerId(u"me"_s);
+            scene.run(operation.run);
+            const UrlRequest &request = scene.last();
+            QCOMPARE(request.method, operation.method);
+            QCOMPARE(request.url.toEncoded(), QByteArray("http://h") + operation.address);
+            const QByteArray type =
+                UrlResponse{0, request.headers, {}}.header("Content-Type").value_or("");
+            QVERIFY(type.startsWith(operation.contentType));
+            QByteArrayList names = {"Accept", "Authorization", "X-Tolvane-Customer"};
+            if (!type.isEmpty())
+                names.insert(1, "Content-Type");
+            QCOMPARE(headerNames(request), names);
+            QCOMPARE(request.timeout, std::chrono::seconds(60));
+        }
+    }
+
+    void addressesAreSound_data()
+    {
+        QTest::addColumn<QString>("base");
+        QTest::addColumn<QString>("id");
+        QTest::addColumn<QByteArray>("address"); // Empty where none can be made.
+        const QString base = u"http://h/api"_s;
+        QTest::newRow("as it stands")
+            << base << u"a%2Fb"_s << QByteArray("http://h/api/ticket/a%2Fb");
+        QTest::newRow("a query is dropped")
+            << base << u"a?x=1"_s << QByteArray("http://h/api/ticket/a");
+        QTest::newRow("blank") << base << u"a b"_s << QByteArray();
+        QTest::newRow("bad escape") << base << u"%zz"_s << QByteArray();
+        QTest::newRow("bad base") << u"http://[oops"_s << u"a"_s << QByteArray();
+    }
+
+    void addressesAreSound()
+    {
+        QFETCH(const QString, base);
+        QFETCH(const QString, id);
+        QFETCH(const QByteArray, address);
+        Scene scene;
+        scene.environment.insert(u"TOLVANE_API_URL"_s, base);
+        scene.run([id](auto client) { return getTicket(client, id); });
+        QCOMPARE(scene.last().url.isValid(), !address.isEmpty());
+        QCOMPARE(scene.last().url.toEncoded(), address);
+    }
+
+    void theCachedVersionTravelsUnharmed()
+    {
+        Scene scene;
+        scene.run([](auto client) { return getBranding(client, u"2+2&a=%20 é"_s); });
+        QCOMPARE(scene.last().url.query(QUrl::FullyEncoded),
+                 u"updatedAt=2%2B2%26a%3D%2520%20%C3%A9"_s);
+    }
+
+    void environmentsHaveTheirEndpoints()
+    {
+        Scene scene;
+        scene.environment.clear();
+        QSet<QString> hosts;
+        using enum Tolvane::Environment;
+        for (const auto environment : {production, development, alpha}) {
+            Configuration::shared().setEnvironment(environment);
+            scene.run(getTickets);
+            QCOMPARE(scene.last().url.scheme(), u"https"_s);
+            QCOMPARE(scene.last().url.path(), u"/api/tickets"_s);
+            QVERIFY(!headerNames(scene.last()).contains("X-Tolvane-Customer"));
+            hosts += scene.last().url.host();
+        }
+        QCOMPARE(hosts.size(), 3);
+        scene.environment.insert(u"TOLVANE_API_URL"_s, u"http://own"_s); // Read anew each time.
+        scene.run(getTickets);
+        QCOMPARE(scene.last().url.toString(), u"http://own/tickets"_s);
+    }
+
+    void statusesAreClassified_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QString>("text"); // Of operations with a result; empty for none.
+        QTest::newRow("404") << 404 << QByteArray("<h1>é</h1>") << u"Client error: <h1>é</h1>"_s;
+        QTest::newRow("400, empty") << 400 << QByteArray() << u"Client error: "_s;
+        QTest::newRow("500, no UTF-8")
+            << 500 << QByteArray("\xff") << u"Server error: No response"_s;
+        QTest::newRow("599") << 599 << QByteArray("x") << u"Server error: x"_s;
+        for (const int status : {199, 302, 304, 600})
+            QTest::addRow("%d", status) << status << QByteArray("x") << u"Unknown error"_s;
+        QTest::newRow("204") << 204 << QByteArray() << u"There is no data."_s;
+        QTest::newRow("299") << 299 << QByteArray("{}") << u"is missing."_s;
+    }
+
+    void statusesAreClassified()
+    {
+        QFETCH(const int, status);
+        QFETCH(const QByteArray, body);
+        QFETCH(const QString, text);
+        Scene scene;
+        scene.response = {.status = status, .headers = {}, .body = body};
+        for (const NamedOperation &operation : operations()) {
+            const ErrorPtr error = scene.run(operation.run);
+            const bool hasNoResult = QByteArrayView(operation.name).startsWith("update");
+            const bool isNothingNew = status == 304 && operation.method == "GET"_ba &&
+                                      QByteArrayView(operation.name) == "getBranding";
+            if (isNothingNew || (hasNoResult && status < 300 && status >= 200))
+                QVERIFY2(!error, operation.name);
+            else if (status == 299 && QByteArrayView(operation.name) == "getTickets")
+                QCOMPARE(error->localizedDescription(), u"expected a list."_s);
+            else
+                QVERIFY2(error && error->localizedDescription().contains(text), operation.name);
+            if (error && status > 299)
+                QVERIFY(dynamic_cast<const APIError *>(error.get()));
+        }
+    }
+
+    void theBackendNamesTheCustomer()
+    {
+        Scene scene;
+        scene.response = {.status = 500, .headers = {{"x-tolvane-customer", "new"}}, .body = {}};
+        scene.run(getTickets);
+        QCOMPARE(persistentstore::customerId(), u"new"_s);
+        scene.run(getTickets);
+        QCOMPARE(scene.last().headers.constLast().second, "new");
+    }
+
+    void largeAnswersAreReadToo()
+    {
+        Scene scene;
+        const QList<MessageDto> messages(2000, makeMessage(u"m"_s));
+        scene.response = answer(makeTicket(messages));
+        QVERIFY(!scene.run([](auto client) { return getTicket(client, u"t1"_s); }));
+    }
+
+    void formsHaveTheirBytes()
+    {
+        Scene scene;
+        const SendMessageDto message{.message = u"hä"_s, .attachments = twoFiles};
+        scene.run([message](auto client) { return sendMessage(client, message); });
+        const QByteArray type = scene.last().headers.at(1).second;
+        const QByteArray boundary = type.sliced(type.indexOf('=') + 1);
+        const QByteArray body =
+            "--B\r\nContent-Disposition: form-data; name=\"message\"\r\n\r\nhä\r\n"
+            "--B\r\nContent-Disposition: form-data; name=\"attachments[]\"; "
+            "filename=\"ä\".png\"\r\nContent-Type: image/png\r\n\r\n" +
+            QByteArray("\0\r\n--", 5) +
+            "\r\n--B\r\nContent-Disposition: form-data; name=\"attachments[]\"; "
+            "filename=\"b\"\r\nContent-Type: text/plain\r\n\r\n\r\n--B--";
+        QCOMPARE(scene.last().body, QByteArray(body).replace("--B", "--" + boundary));
+        scene.run([](auto client) { return sendMessage(client, {}); });
+        QCOMPARE(scene.last().body.count("Content-Disposition"), 1);
+        QVERIFY(!scene.last().body.contains(boundary));
+    }
+
+    void aNewTicketDescribesTheDevice_data()
+    {
+        QTest::addColumn<int>("battery");
+        QTest::addColumn<QByteArray>("word");
+        QTest::newRow("unknown") << 0 << QByteArray("Unknown");
+        QTest::newRow("unplugged") << 1 << QByteArray("Unplugged");
+        QTest::newRow("charging") << 2 << QByteArray("Charging");
+        QTest::newRow("full") << 3 << QByteArray("Full");
+    }
+
+    void aNewTicketDescribesTheDevice()
+    {
+        QFETCH(const int, battery);
+        QFETCH(const QByteArray, word);
+        Scene scene;
+        scene.device->state = static_cast<Device::BatteryState>(battery);
+        scene.bundle->version = u"2.0"_s; // The build is not known.
+        const CreateTicketDto ticket{u"hi"_s, u"ios"_s, DeviceInfoDto::current()};
+        scene.run([ticket](auto client) { return createTicket(client, ticket, twoFiles); });
+        QByteArrayList parts;
+        for (const QByteArray &line : scene.last().body.split('\n')) {
+            const qsizetype name = line.indexOf("name=\"");
+            if (line.startsWith("Content-Disposition"))
+                parts += line.sliced(name + 6, line.indexOf('"', name + 6) - name - 6);
+            else if (!line.startsWith("--") && !line.trimmed().isEmpty() && parts.size() < 14)
+                parts.last() += '=' + line.trimmed();
+        }
+        QCOMPARE(parts,
+                 QByteArrayList(
+                     {"channel=ios", "deviceInfo[appBuild]=Unknown", "deviceInfo[appVersion]=2.0",
+                      "deviceInfo[batteryLevel]=-1", "deviceInfo[batteryState]=" + word,
+                      "deviceInfo[deviceModel]=Test Model", "deviceInfo[deviceName]=Test Name",
+                      "deviceInfo[locale]=de_AT", "deviceInfo[osVersion]=12.4",
+                      "deviceInfo[screenHeight]=844", "deviceInfo[screenWidth]=390",
+                      "deviceInfo[timezone]=Europe/Vienna", "message=hi", "attachments[]",
+                      "attachments[]"}));
+    }
+
+    void flattens()
+    {
+        const auto items = [](const QByteArray &json) {
+            QStringList texts;
+            for (const FormItem &item : flattened(QJsonDocument::fromJson(json).object()))
+                texts += item.first + u'=' + item.second;
+            return texts;
+        };
+        QCOMPARE(items(R"({"b":{"y":[{"k":1},null,"t",2.5],"x":null},"a":"","Z":1e-7})"),
+                 QStringList({u"Z=0.0000001"_s, u"a="_s, u"b[y][0][k]=1"_s, u"b[y][2]=t"_s,
+                              u"b[y][3]=2.5"_s}));
+        QVERIFY_THROWS_EXCEPTION(Error, items(R"({"a":[[1]]})"));
+    }
+};
+
+QTEST_GUILESS_MAIN(RequestsTest)
+#include "tst_requests.moc"

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "state/pollingservice.h"
+
+#include <tolvane/tolvane.h>
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QThread>
+
+#include <cstdlib>
+
+using namespace tolvane;
+
+namespace {
+
+QCoro::Task<> sleepLong()
+{
+    QFuture<void> end = platform().clock->sleep(std::chrono::hours(1), {});
+    co_await settled(end);
+}
+
+QCoro::Task<> workAWhile()
+{
+    QFuture<int> work = platform().workers->run([] {
+        QThread::msleep(300);
+        return 1;
+    });
+    co_await settled(work);
+}
+
+} // namespace
+
+/// Leaves a process in the middle of what its first argument names, by the way of its second.
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    const QByteArray busy = argv[1];
+    Tolvane::initialize(QStringLiteral("key")); // Its load of the settings is in flight as well.
+    if (busy == "request")
+        Tolvane::updateCustomer({}, QStringLiteral("id"));
+    else if (busy == "sleep")
+        detach(sleepLong());
+    else if (busy == "work")
+        detach(workAWhile());
+    else if (busy == "polling")
+        PollingService::shared()->startPolling(QStringLiteral("t"), 0);
+    // Long enough for all of it to have begun.
+    platform().clock->sleep(std::chrono::milliseconds(150), {}).then(&app, [argv] {
+        if (QByteArrayView(argv[2]) == "exit")
+            std::exit(3);
+        QCoreApplication::exit(3);
+    });
+    return QCoreApplication::exec();
+}
