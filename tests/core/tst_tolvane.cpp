@@ -129,15 +129,6 @@ private Q_SLOTS:
                 scene.session->requests.isEmpty());
     }
 
-    void initializeKeepsAnId()
-    {
-        Scene scene;
-        persistentstore::setCustomerId(u"mine"_s);
-        Tolvane::initialize(u"key"_s);
-        QCOMPARE(persistentstore::customerId(), u"mine"_s);
-        QCOMPARE(scene.texts(), QStringList{u"SDK initialized"_s});
-    }
-
     void initializeWithoutAStore()
     {
         Scene scene;

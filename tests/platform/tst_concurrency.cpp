@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "platform/await.h"
+#include "platform/clock.h"
+#include "platform/eventloopthread.h"
+#include "platform/notificationcenter.h"
+
+#include <QtTest/QTest>
+
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using namespace tolvane;
+
+namespace {
+
+using Delivery = NotificationCenter::Delivery;
+
+const QString name = u"didReceiveMessage"_s;
+
+void onAnotherThread(const std::function<void()> &work)
+{
+    std::jthread thread(work);
+}
+
+/// The end of a future: "done", "cancelled", or the text of its exception.
+QString endOf(QFuture<void> future)
+{
+    if (!QTest::qWaitFor([&] { return future.isFinished(); }, 20'000))
+        return u"no end"_s;
+    try {
+        future.waitForFinished();
+        return u"done"_s;
+    } catch (const CancellationError &) {
+        return u"cancelled"_s;
+    } catch (const std::exception &error) {
+        return QString::fromUtf8(error.what());
+    }
+}
+
+} // namespace
+
+class ConcurrencyTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void observersComeAndGoWhileTold()
+    {
+        NotificationCenter center(*m_main);
+        QStringList told;
+        NotificationCenter::Observation itself, next, added;
+        itself = center.observe(name, Delivery::postingThread, [&](const auto &) {
+            told += u"itself"_s;
+            added = center.observe(name, Delivery::postingThread,
+                                   [&](const auto &) { told += u"added"_s; });
+            next.reset();
+            itself.reset();
+            center.post(u"nested"_s, {});
+            told += u"still there"_s;
+        });
+        next =
+            center.observe(name, Delivery::postingThread, [&](const auto &) { told += u"next"_s; });
+        const auto nested = center.observe(u"nested"_s, Delivery::postingThread,
+                                           [&](const auto &) { told += u"nested"_s; });
+        center.post(name, {});
+        QCOMPARE(told, QStringList({u"itself"_s, u"nested"_s, u"still there"_s}));
+        center.post(name, {});
+        QCOMPARE(told.last(), u"added"_s);
+    }
+
+    void theMainThreadIsToldOnItself()
+    {
+        NotificationCenter center(*m_main);
+        std::thread::id posting, main;
+        int dropped = 0;
+        const auto here = center.observe(name, Delivery::postingThread, [&](const auto &) {
+            posting = std::this_thread::get_id();
+        });
+        const auto there = center.observe(name, Delivery::mainThread,
+                                          [&](const auto &) { main = std::this_thread::get_id(); });
+        auto tooLate = center.observe(name, Delivery::mainThread, [&](const auto &) { ++dropped; });
+        onAnotherThread([&] { center.post(name, {}); });
+        QVERIFY(posting != std::thread::id() && posting != std::this_thread::get_id());
+        QCOMPARE(main, std::thread::id());
+        tooLate.reset(); // Posted, but not yet delivered.
+        QTRY_VERIFY(main == std::this_thread::get_id());
+        QCOMPARE(dropped, 0);
+    }
+
+    void executorsGiveResults()
+    {
+        EventLoopThread serial(u"serial"_s);
+        const auto pool = makeWorkerPool();
+        for (Executor *executor : {m_main.get(), static_cast<Executor *>(&serial), pool.get()}) {
+            // Neither the work nor the result can be copied.
+            auto work = executor->run(
+                [number = std::make_unique<int>(7)] { return std::make_unique<int>(*number + 1); });
+            QTRY_VERIFY(work.isFinished());
+            QCOMPARE(*work.takeResult(), 8);
+            QCOMPARE(endOf(executor->run([] {})), u"done"_s);
+            QCOMPARE(endOf(executor->run([] { throw std::runtime_error("no"); })), u"no"_s);
+            QCOMPARE(endOf(executor->run([] { throw CancellationError(); })), u"cancelled"_s);
+        }
+    }
+
+    void serialWorkKeepsItsOrder()
+    {
+        EventLoopThread serial(u"serial"_s);
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"a job's own"_s));
+        serial.post([] { throw std::runtime_error("a job's own"); });
+        constexpr int threads = 4;
+        constexpr int jobs = 250;
+        std::array<QList<int>, threads> seen;
+        QSet<QThread *> ranOn;
+        {
+            std::vector<std::jthread> posting;
+            for (int thread = 0; thread < threads; ++thread) {
+                posting.emplace_back([&, thread] {
+                    for (int job = 0; job < jobs; ++job)
+                        serial.post([&, thread, job] {
+                            seen.at(thread) += job;
+                            ranOn += QThread::currentThread();
+                        });
+                });
+            }
+        }
+        QCOMPARE(endOf(serial.run([] {})), u"done"_s);
+        for (const QList<int> &order : seen)
+            QVERIFY(order.size() == jobs && std::ranges::is_sorted(order));
+        QCOMPARE(ranOn.size(), 1);
+        QVERIFY(!ranOn.contains(QThread::currentThread()));
+    }
+
+    void sleepsEnd_data()
+    {
+        QTest::addColumn<int>("stopped"); // When the stop is requested: see the rows.
+        QTest::addColumn<bool>("elsewhere");
+        QTest::newRow("never") << 0 << false;
+        QTest::newRow("before") << 1 << false;
+        QTest::newRow("during") << 2 << false;
+        QTest::newRow("during, from another thread") << 2 << true;
+        QTest::newRow("after") << 3 << false;
+        QTest::newRow("after, from another thread") << 3 << true;
+    }
+
+    void sleepsEnd()
+    {
+        QFETCH(const int, stopped);
+        QFETCH(const bool, elsewhere);
+        const auto clock = makeSystemClock();
+        std::stop_source source;
+        const auto stop = [&] {
+            elsewhere ? onAnotherThread([&] { source.request_stop(); })
+                      : void(source.request_stop());
+        };
+        if (stopped == 1)
+            stop();
+        const bool cancelled = stopped == 1 || stopped == 2;
+        const auto duration = cancelled ? Clock::Duration(1h) : Clock::Duration(30ms);
+        const auto begun = clock->monotonicNow();
+        const QFuture<void> future = clock->sleep(duration, source.get_token());
+        QCOMPARE(future.isFinished(), stopped == 1);
+        if (stopped == 2) {
+            stop();
+            QVERIFY(future.isFinished());
+        }
+        QCOMPARE(endOf(future), cancelled ? u"cancelled"_s : u"done"_s);
+        QVERIFY(cancelled || clock->monotonicNow() - begun >= duration);
+        if (stopped == 3)
+            stop();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void stopsRaceWithTheEndOfSleeps()
+    {
+        const auto clock = makeSystemClock();
+        for (int i = 0; i < 200; ++i) {
+            std::stop_source source;
+            const QFuture<void> future = clock->sleep(1ms, source.get_token());
+            std::jthread stopping([&source, end = clock->monotonicNow() + 1ms] {
+                while (std::chrono::steady_clock::now() < end)
+                    std::this_thread::yield();
+                source.request_stop();
+            });
+            const QString end = endOf(future);
+            QVERIFY2(end == "done"_L1 || end == "cancelled"_L1, qPrintable(end));
+        }
+    }
+
+private:
+    const std::unique_ptr<Executor> m_main = makeMainExecutor();
+};
+
+QTEST_GUILESS_MAIN(ConcurrencyTest)
+#include "tst_concurrency.moc"
