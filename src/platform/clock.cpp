@@ -6,6 +6,7 @@
 #include <QtCore/QPromise>
 #include <QtCore/QTimer>
 
+#include <algorithm>
 #include <atomic>
 
 namespace tolvane {
@@ -24,7 +25,8 @@ public:
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.setSingleShot(true);
         connect(&m_timer, &QTimer::timeout, this, [this] { end(false); });
-        m_timer.start(std::chrono::ceil<std::chrono::milliseconds>(duration));
+        m_timer.start(std::chrono::ceil<std::chrono::milliseconds>(
+            std::max(duration, Clock::Duration::zero())));
         m_onStop.emplace(stop, Stop{this});
     }
 

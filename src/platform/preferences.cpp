@@ -53,7 +53,9 @@ private:
         // write.
         if (m_settings.value(key) == value)
             return;
-        makeSureOfFile();
+        // QSettings would keep what it cannot write for later readers of this process.
+        if (!makeSureOfFile())
+            return;
         if (value.isValid())
             m_settings.setValue(key, value);
         else
@@ -61,17 +63,15 @@ private:
         m_settings.sync();
     }
 
-    /// QSettings would make the file readable for all; rewriting keeps the permissions it has.
-    void makeSureOfFile() const
+    /// False where there can be no file. QSettings would make it readable for all; rewriting keeps
+    /// the permissions it has.
+    bool makeSureOfFile() const
     {
         constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
         QFile file(m_settings.fileName());
-        if (file.exists()) {
-            file.setPermissions(ownerOnly);
-            return;
-        }
-        QDir().mkpath(QFileInfo(file).path());
-        file.open(QIODevice::WriteOnly | QIODevice::NewOnly, ownerOnly);
+        if (!file.setPermissions(ownerOnly))
+            QDir().mkpath(QFileInfo(file).path());
+        return file.open(QIODevice::ReadWrite, ownerOnly);
     }
 
     QSettings m_settings;

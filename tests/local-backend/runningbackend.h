@@ -4,22 +4,17 @@
 #include "desk.h"
 #include "schema.h"
 #include "server.h"
-#include "settings.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QUrl>
 
-#include <httplib.h>
-#include <thread>
-
 using Headers = std::map<std::string, std::string>;
 
-/// How long to wait for what has to come, on a machine that is busy with other things.
-inline constexpr std::chrono::milliseconds patience = std::chrono::minutes(1);
+/// Milliseconds to wait for what has to come, on a machine that is busy with other things.
+inline constexpr int patience = 60'000;
 
-/// What a form's part is made of, put on the wire as it stands.
 struct FormPart
 {
     std::string name;
@@ -46,33 +41,26 @@ inline QJsonDocument json(const httplib::Response &response)
 }
 
 /// A backend in this process on a port that the system picks.
-class RunningBackend
+struct RunningBackend
 {
-public:
     explicit RunningBackend(const std::string &database = tolvane::backend::inMemory,
                             std::chrono::milliseconds replyDelay = std::chrono::hours(1),
                             const std::vector<std::string> &keys = {})
-        : m_store(tolvane::backend::openDatabase(database))
-        , m_desk(m_store, {replyDelay, {}})
-        , m_server({"127.0.0.1", 0, keys, std::size_t(1) << 20},
-                   tolvane::backend::loadSettings({}, {}), m_store, m_desk)
+        : store(tolvane::backend::openDatabase(database))
+        , desk(store, {replyDelay, {}})
+        , server({"127.0.0.1", 0, keys, 1 << 20}, tolvane::backend::loadSettings({}, {}), store,
+                 desk)
     {
-        m_server.bind();
-        m_thread = std::thread([this] { m_server.run(); });
+        server.bind();
+        thread = std::jthread([this] { server.run(); });
     }
-    ~RunningBackend()
-    {
-        m_server.shutDown();
-        m_thread.join();
-    }
+    ~RunningBackend() { server.shutDown(); }
+    int port() const { return QUrl(QString::fromStdString(server.baseUrl())).port(); }
 
-    int port() const { return QUrl(QString::fromStdString(m_server.baseUrl())).port(); }
-
-private:
-    tolvane::backend::Store m_store;
-    tolvane::backend::Desk m_desk;
-    tolvane::backend::Server m_server;
-    std::thread m_thread;
+    tolvane::backend::Store store;
+    tolvane::backend::Desk desk;
+    tolvane::backend::Server server;
+    std::jthread thread;
 };
 
 /// A customer's connection. Answers have the status -1 when there are none.
@@ -86,22 +74,19 @@ struct Customer
     {
         client.set_keep_alive(true);
         client.set_url_encode(false);
-        client.set_read_timeout(patience);
+        client.set_read_timeout(std::chrono::milliseconds(patience));
     }
-
-    /// An empty header is left out.
     httplib::Response send(const std::string &method, const std::string &path,
                            const std::string &body = {}, Headers special = {})
     {
         special.insert(headers.begin(), headers.end());
+        // An empty header is left out.
+        std::erase_if(special, [](const auto &header) { return header.second.empty(); });
         httplib::Request request;
         request.method = method;
         request.path = path;
         request.body = body;
-        for (const auto &[name, value] : special) {
-            if (!value.empty())
-                request.headers.emplace(name, value);
-        }
+        request.headers.insert(special.begin(), special.end());
         const httplib::Result result = client.send(request);
         return result ? result.value() : httplib::Response();
     }
@@ -112,9 +97,9 @@ struct Customer
         return send("POST", path, multipart({{"message", text}}));
     }
     /// The path of a new ticket.
-    std::string open(const std::string &text = "hello")
+    std::string open()
     {
-        const QJsonDocument ticket = json(write("/api/ticket/create", text));
+        const QJsonDocument ticket = json(write("/api/ticket/create", "hello"));
         return "/api/ticket/" + ticket[QLatin1String("id")].toString().toStdString();
     }
 

@@ -8,8 +8,8 @@
 namespace tolvane::backend {
 
 /// Applies to a message with one of the words and none of the words after `unless`. Words are
-/// separated by spaces, in lower case. A closing rule
-/// leaves questions alone. Replies may use inline Markdown and hold "{hours}".
+/// separated by spaces, in lower case. A closing rule leaves questions alone. Replies may use
+/// inline Markdown and hold "{hours}".
 struct Rule
 {
     std::string_view words;

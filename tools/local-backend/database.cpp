@@ -27,31 +27,32 @@ Statement::~Statement()
 void Statement::bind(int place, std::string_view text)
 {
     // An empty view may have no address, which SQLite would take for NULL.
-    check(sqlite3_bind_text64(m_statement, place, text.empty() ? "" : text.data(), text.size(),
-                              copied, SQLITE_UTF8));
+    check(connection(), sqlite3_bind_text64(m_statement, place, text.empty() ? "" : text.data(),
+                                            text.size(), copied, SQLITE_UTF8));
 }
 
 void Statement::bind(int place, std::int64_t number)
 {
-    check(sqlite3_bind_int64(m_statement, place, number));
+    check(connection(), sqlite3_bind_int64(m_statement, place, number));
 }
 
 void Statement::bind(int place, Blob blob)
 {
-    check(sqlite3_bind_blob64(m_statement, place, blob.bytes.empty() ? "" : blob.bytes.data(),
+    check(connection(),
+          sqlite3_bind_blob64(m_statement, place, blob.bytes.empty() ? "" : blob.bytes.data(),
                               blob.bytes.size(), kept));
 }
 
 void Statement::bind(int place, std::nullopt_t)
 {
-    check(sqlite3_bind_null(m_statement, place));
+    check(connection(), sqlite3_bind_null(m_statement, place));
 }
 
 bool Statement::step()
 {
     const int code = sqlite3_step(m_statement);
     if (code != SQLITE_ROW && code != SQLITE_DONE)
-        check(code);
+        check(connection(), code);
     return code == SQLITE_ROW;
 }
 
@@ -60,11 +61,6 @@ std::string Statement::text(int column) const
     const auto *bytes = static_cast<const char *>(sqlite3_column_blob(m_statement, column));
     const int size = sqlite3_column_bytes(m_statement, column);
     return bytes ? std::string(bytes, static_cast<std::size_t>(size)) : std::string();
-}
-
-void Statement::check(int code) const
-{
-    backend::check(sqlite3_db_handle(m_statement), code);
 }
 
 Database::Database(const std::string &path)

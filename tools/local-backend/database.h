@@ -56,7 +56,7 @@ private:
         value ? bind(place, *value) : bind(place, std::nullopt);
     }
 
-    void check(int code) const;
+    sqlite3 *connection() const { return sqlite3_db_handle(m_statement); }
 
     sqlite3_stmt *m_statement;
 };

@@ -60,20 +60,14 @@ void Desk::work(const std::stop_token &stop)
 
 milliseconds Desk::serve()
 {
-    const std::optional<PendingReply> reply = m_store.nextReply();
-    if (!reply)
-        return nothingOwed;
-    const milliseconds early(reply->due - now());
-    if (early.count() > 0)
-        return early;
-    m_store.settle(*reply, settlementOf(*reply));
-    return milliseconds(0);
+    const std::optional<Instant> due =
+        m_store.giveDueReply([this](const PendingReply &reply) { return settlementOf(reply); });
+    return due ? milliseconds(std::max<Instant>(*due - now(), 0)) : nothingOwed;
 }
 
 Settlement Desk::settlementOf(const PendingReply &reply) const
 {
     Settlement settlement;
-    settlement.author = reply.assignee;
     if (reply.kind == ReplyKind::Introduction) {
         settlement.content = introduction();
         return settlement;

@@ -31,7 +31,7 @@ public:
 
 private:
     void work(const std::stop_token &stop);
-    /// Gives the reply that is due, if any; says how long the next one can wait.
+    /// Gives the reply that is due, if any; says how long to wait before the next.
     std::chrono::milliseconds serve();
     Settlement settlementOf(const PendingReply &reply) const;
     Instant dueTime() const;

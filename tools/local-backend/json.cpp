@@ -45,12 +45,19 @@ public:
 
     void key(std::string_view name)
     {
-        quote(name);
+        value(name);
         m_text += ':';
         m_first = true;
     }
 
-    void value(std::string_view text) { quote(text); }
+    void value(std::string_view text)
+    {
+        separate();
+        m_text += '"';
+        for (const char character : text)
+            escape(character);
+        m_text += '"';
+    }
 
     void raw(std::string_view json)
     {
@@ -78,15 +85,6 @@ private:
         if (!m_first)
             m_text += ',';
         m_first = false;
-    }
-
-    void quote(std::string_view text)
-    {
-        separate();
-        m_text += '"';
-        for (const char character : text)
-            escape(character);
-        m_text += '"';
     }
 
     void escape(char character)

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,14 @@ std::string_view nameOf(Author author);
 std::string_view nameOf(State state);
 Author authorNamed(std::string_view name);
 State stateNamed(std::string_view name);
+
+/// What became known of a customer; what is absent stays as it is.
+struct CustomerUpdate
+{
+    std::optional<std::string> email;
+    std::optional<std::string> originalId;
+    std::optional<std::string> deviceToken;
+};
 
 struct Upload
 {

@@ -146,16 +146,20 @@ NewMessage newMessageIn(const httplib::Request &request, const std::string &body
 CustomerUpdate customerUpdateIn(const std::string &body)
 {
     const QJsonObject object = objectIn(body);
-    return {optionalText(object, "email"), optionalText(object, "originalId")};
+    return {.email = optionalText(object, "email"),
+            .originalId = optionalText(object, "originalId"),
+            .deviceToken = {}};
 }
 
-DeviceUpdate deviceUpdateIn(const std::string &body)
+CustomerUpdate deviceUpdateIn(const std::string &body)
 {
     const QJsonObject object = objectIn(body);
-    const std::optional<std::string> token = optionalText(object, "deviceToken");
-    if (!token)
+    CustomerUpdate update{.email = {},
+                          .originalId = optionalText(object, "originalId"),
+                          .deviceToken = optionalText(object, "deviceToken")};
+    if (!update.deviceToken)
         throw Refusal(400, "'deviceToken' is missing");
-    return {optionalText(object, "originalId"), *token};
+    return update;
 }
 
 } // namespace tolvane::backend

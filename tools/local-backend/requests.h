@@ -4,7 +4,6 @@
 #include "records.h"
 
 #include <httplib.h>
-#include <optional>
 #include <string>
 
 namespace tolvane::backend {
@@ -24,20 +23,8 @@ std::string hostOf(const httplib::Request &request, const std::string &otherwise
 NewTicket newTicketIn(const httplib::Request &request, const std::string &body);
 NewMessage newMessageIn(const httplib::Request &request, const std::string &body);
 
-struct CustomerUpdate
-{
-    std::optional<std::string> email;
-    std::optional<std::string> originalId;
-};
-
-struct DeviceUpdate
-{
-    std::optional<std::string> originalId;
-    std::string deviceToken;
-};
-
 /// Of JSON bodies. Throw a Refusal.
 CustomerUpdate customerUpdateIn(const std::string &body);
-DeviceUpdate deviceUpdateIn(const std::string &body);
+CustomerUpdate deviceUpdateIn(const std::string &body);
 
 } // namespace tolvane::backend

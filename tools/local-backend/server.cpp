@@ -16,6 +16,11 @@ constexpr const char *json = "application/json";
 constexpr std::string_view prefix = "/api/";
 constexpr const char *forever = "public, max-age=31536000, immutable";
 
+std::string baseUrlOn(const std::string &authority)
+{
+    return "http://" + authority + "/api";
+}
+
 void setError(httplib::Response &response, int status, const std::string &reason)
 {
     response.status = status;
@@ -103,9 +108,13 @@ void Server::bind()
 
 std::string Server::baseUrl() const
 {
+    return baseUrlOn(authority());
+}
+
+std::string Server::authority() const
+{
     const bool isV6 = m_setup.host.find(':') != std::string::npos;
-    return "http://" + (isV6 ? '[' + m_setup.host + ']' : m_setup.host) + ':' +
-           std::to_string(m_port) + "/api";
+    return (isV6 ? '[' + m_setup.host + ']' : m_setup.host) + ':' + std::to_string(m_port);
 }
 
 // httplib's own routing matches with regular expressions and reads a body without a bound, so that
@@ -207,10 +216,7 @@ void Server::authorise(const httplib::Request &request) const
 
 Surroundings Server::surroundings(const httplib::Request &request) const
 {
-    const std::string bound = baseUrl();
-    const auto hostStart = bound.find("//") + 2;
-    const std::string boundHost = bound.substr(hostStart, bound.rfind('/') - hostStart);
-    return {"http://" + hostOf(request, boundHost) + "/api", m_settings.schedules};
+    return {baseUrlOn(hostOf(request, authority())), m_settings.schedules};
 }
 
 void Server::getSettings(Call &call) const
@@ -251,15 +257,13 @@ void Server::getTickets(Call &call) const
 
 void Server::updateCustomer(Call &call) const
 {
-    const CustomerUpdate update = customerUpdateIn(call.body);
-    m_store.updateCustomer(call.customer, update.email, update.originalId);
+    m_store.updateCustomer(call.customer, customerUpdateIn(call.body));
     call.response.status = 204;
 }
 
 void Server::updateDevice(Call &call) const
 {
-    const DeviceUpdate update = deviceUpdateIn(call.body);
-    m_store.updateDevice(call.customer, update.originalId, update.deviceToken);
+    m_store.updateCustomer(call.customer, deviceUpdateIn(call.body));
     call.response.status = 204;
 }
 

@@ -40,6 +40,8 @@ private:
     struct Route;
     static const std::vector<Route> routes;
 
+    /// Like "127.0.0.1:8787".
+    std::string authority() const;
     void installHandlers();
     void answer(const httplib::Request &request, httplib::Response &response,
                 const std::string &body) const;

@@ -150,9 +150,11 @@ void loadSchedules(const Source &source, Settings &settings)
     for (const QJsonValue value : document.array()) {
         const QJsonObject schedule = value.toObject();
         source.text(schedule, u"id"_s);
-        hours.append(u"%1 %2-%3"_s.arg(daysOf(schedule, source),
-                                       clockTime(schedule, u"startTime"_s, source),
-                                       clockTime(schedule, u"endTime"_s, source)));
+        // One by one, so that of several faults the first is told.
+        const QString days = daysOf(schedule, source);
+        const QString start = clockTime(schedule, u"startTime"_s, source);
+        const QString end = clockTime(schedule, u"endTime"_s, source);
+        hours.append(u"%1 %2-%3"_s.arg(days, start, end));
     }
     settings.schedules = document.toJson(QJsonDocument::Compact).toStdString();
     settings.openingHours =

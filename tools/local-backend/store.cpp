@@ -43,27 +43,15 @@ Store::Store(Database database)
 {
 }
 
-void Store::updateCustomer(const std::string &customer, const std::optional<std::string> &email,
-                           const std::optional<std::string> &originalId)
+void Store::updateCustomer(const std::string &customer, const CustomerUpdate &update)
 {
     const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     ensureCustomer(customer);
     m_database.run("UPDATE customers SET email = coalesce(?2, email),"
-                   " original_id = coalesce(?3, original_id) WHERE id = ?1",
-                   customer, email, originalId);
-    transaction.commit();
-}
-
-void Store::updateDevice(const std::string &customer, const std::optional<std::string> &originalId,
-                         const std::string &deviceToken)
-{
-    const std::lock_guard lock(m_mutex);
-    Transaction transaction(m_database);
-    ensureCustomer(customer);
-    m_database.run("UPDATE customers SET original_id = coalesce(?2, original_id),"
-                   " device_token = ?3 WHERE id = ?1",
-                   customer, originalId, deviceToken);
+                   " original_id = coalesce(?3, original_id),"
+                   " device_token = coalesce(?4, device_token) WHERE id = ?1",
+                   customer, update.email, update.originalId, update.deviceToken);
     transaction.commit();
 }
 

@@ -4,8 +4,8 @@
 #include "database.h"
 #include "records.h"
 
+#include <functional>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,10 +29,9 @@ struct PendingReply
     bool isOvertaken = false;
 };
 
-/// What becomes of a pending reply.
+/// What becomes of a pending reply, which the ticket's assignee gives.
 struct Settlement
 {
-    Author author = Author::Ai;
     std::string content;
     std::optional<Author> newAssignee;
     bool closes = false;
@@ -47,10 +46,7 @@ class Store
 public:
     explicit Store(Database database);
 
-    void updateCustomer(const std::string &customer, const std::optional<std::string> &email,
-                        const std::optional<std::string> &originalId);
-    void updateDevice(const std::string &customer, const std::optional<std::string> &originalId,
-                      const std::string &deviceToken);
+    void updateCustomer(const std::string &customer, const CustomerUpdate &update);
 
     /// Both write the customer's message and the answer that is owed to it.
     Ticket createTicket(const std::string &customer, const NewTicket &ticket, Instant answerDue);
@@ -63,15 +59,15 @@ public:
     std::vector<Preview> previews(const std::string &customer);
     std::optional<StoredFile> file(const std::string &hash, const std::string &name);
 
-    std::optional<PendingReply> nextReply();
-    /// False when the reply has been settled already, for which nothing is written.
-    bool settle(const PendingReply &reply, const Settlement &settlement);
-
-    /// What a person at an agent's desk writes; the ticket is theirs from then on.
-    std::optional<Message> addAgentMessage(const std::string &ticketId, Author author,
-                                           const std::string &content);
+    /// Gives the reply that is due first if its time has come. `settle` decides on it in the same
+    /// transaction, so that no customer writes in between and no other backend on the file gives it
+    /// as well. Returns when to look again; absent when nothing is owed.
+    std::optional<Instant>
+    giveDueReply(const std::function<Settlement(const PendingReply &)> &settle);
 
 private:
+    std::optional<PendingReply> nextReply();
+    void give(const PendingReply &reply, const Settlement &settlement);
     std::int64_t insertMessage(Message &message);
     void insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads);
     Message insertCustomerMessage(const std::string &customer, const std::string &ticketId,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The agents' side of the store.
 #include "store.h"
+#include "text.h"
 
 #include <array>
 
@@ -17,9 +18,23 @@ std::string_view nameOf(ReplyKind kind)
 
 } // namespace
 
-std::optional<PendingReply> Store::nextReply()
+std::optional<Instant>
+Store::giveDueReply(const std::function<Settlement(const PendingReply &)> &settle)
 {
     const std::lock_guard lock(m_mutex);
+    Transaction transaction(m_database);
+    const std::optional<PendingReply> reply = nextReply();
+    if (!reply)
+        return std::nullopt;
+    if (reply->due <= now()) {
+        give(*reply, settle(*reply));
+        transaction.commit();
+    }
+    return reply->due;
+}
+
+std::optional<PendingReply> Store::nextReply()
+{
     Statement row = m_database.query(
         "SELECT r.id, r.kind, r.message_seq, r.due, m.ticket_id, t.assignee, m.content,"
         " (SELECT count(*) FROM attachments a WHERE a.message_seq = m.seq),"
@@ -43,16 +58,12 @@ std::optional<PendingReply> Store::nextReply()
     return reply;
 }
 
-bool Store::settle(const PendingReply &reply, const Settlement &settlement)
+void Store::give(const PendingReply &reply, const Settlement &settlement)
 {
-    const std::lock_guard lock(m_mutex);
-    Transaction transaction(m_database);
-    // Whoever removes the row writes the reply: two backends on one file do not both answer.
-    if (m_database.run("DELETE FROM replies WHERE id = ?", reply.id) == 0)
-        return false;
+    m_database.run("DELETE FROM replies WHERE id = ?", reply.id);
     Message message;
     message.ticketId = reply.ticketId;
-    message.author = settlement.author;
+    message.author = reply.assignee;
     message.content = settlement.content;
     insertMessage(message);
     if (settlement.newAssignee)
@@ -63,26 +74,6 @@ bool Store::settle(const PendingReply &reply, const Settlement &settlement)
                        reply.ticketId);
     if (settlement.introductionDue)
         owe(ReplyKind::Introduction, reply.messageSeq, *settlement.introductionDue);
-    transaction.commit();
-    return true;
-}
-
-std::optional<Message> Store::addAgentMessage(const std::string &ticketId, Author author,
-                                              const std::string &content)
-{
-    const std::lock_guard lock(m_mutex);
-    Transaction transaction(m_database);
-    const int found =
-        m_database.run("UPDATE tickets SET assignee = ? WHERE id = ?", nameOf(author), ticketId);
-    if (found == 0)
-        return std::nullopt;
-    Message message;
-    message.ticketId = ticketId;
-    message.author = author;
-    message.content = content;
-    insertMessage(message);
-    transaction.commit();
-    return message;
 }
 
 void Store::owe(ReplyKind kind, std::int64_t messageSeq, Instant due)
