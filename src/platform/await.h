@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/errors.h"
+#include "platform/privateexport.h"
 
 #include <QCoroTask>
 #include <QtCore/QFuture>
@@ -14,7 +15,7 @@ namespace tolvane {
 /// The parent of everything that suspended coroutines of this thread wait on. It outlives the
 /// thread, so a coroutine that is in flight when the process ends stays suspended and reachable
 /// instead of being resumed in a process half taken down.
-QObject *awaitScope();
+TOLVANE_PRIVATE_EXPORT QObject *awaitScope();
 
 namespace detail {
 
@@ -66,6 +67,6 @@ auto settled(QFuture<T> future)
 }
 
 /// Lets a task run on its own. A failure that it did not deal with is reported to the log.
-void detach(QCoro::Task<> task);
+TOLVANE_PRIVATE_EXPORT void detach(QCoro::Task<> task);
 
 } // namespace tolvane

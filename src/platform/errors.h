@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/privateexport.h"
+
 #include <tolvane/error.h>
 
 namespace tolvane {
 
 /// An operation was told to stop before it was done.
-class CancellationError final : public Error
+class TOLVANE_PRIVATE_EXPORT CancellationError final : public Error
 {
 public:
     CancellationError();

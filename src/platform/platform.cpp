@@ -50,6 +50,7 @@ Platform makeProductionPlatform()
         .device = makeSystemDevice(),
         .bundle = makeApplicationBundle(),
         .makeLogSink = makeLoggingCategorySink,
+        .makeUrlCache = makeUrlCache,
         .environmentVariable = processEnvironmentVariable,
         .present = presentUserInterface,
     };

@@ -6,7 +6,9 @@
 #include "platform/mainthread.h"
 #include "platform/notificationcenter.h"
 #include "platform/preferences.h"
+#include "platform/privateexport.h"
 #include "platform/services.h"
+#include "platform/urlcache.h"
 #include "platform/urlsession.h"
 
 #include <functional>
@@ -33,6 +35,9 @@ struct Platform
     std::function<std::unique_ptr<LogSink>(const QString &subsystem, const QString &category)>
         makeLogSink;
 
+    /// A cache of responses.
+    std::function<std::unique_ptr<UrlCache>(const UrlCache::Settings &settings)> makeUrlCache;
+
     /// A variable of the process environment, read anew at each call.
     std::function<std::optional<QString>(const char *name)> environmentVariable;
 
@@ -45,7 +50,7 @@ Platform makeProductionPlatform();
 
 /// The platform of this process: the production services, made at first use, unless another was
 /// installed before. Safe from any thread.
-Platform &platform();
+TOLVANE_PRIVATE_EXPORT Platform &platform();
 
 /// Puts another platform in place and gives back the one before. Only while nothing runs on it.
 std::unique_ptr<Platform> exchangePlatform(std::unique_ptr<Platform> replacement);

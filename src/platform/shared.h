@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/privateexport.h"
+
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -9,7 +11,7 @@ namespace tolvane {
 
 namespace detail {
 /// Has `reset` called by resetSharedInstances().
-void onResetOfSharedInstances(std::function<void()> reset);
+TOLVANE_PRIVATE_EXPORT void onResetOfSharedInstances(std::function<void()> reset);
 } // namespace detail
 
 /// The one instance of a type in this process: made by `make` at first use, exactly once, never

@@ -14,7 +14,6 @@ namespace tolvane {
 namespace {
 
 constexpr qsizetype mebibyte = 1'048'576;
-constexpr qsizetype maximumBodySize = 100 * mebibyte;
 // How much may wait to be read. The stack receives on a thread of its own, and a sender who is
 // faster than this one would fill the memory before the bound on the body is looked at.
 constexpr qsizetype readBufferSize = mebibyte;
@@ -87,6 +86,29 @@ bool isSameOrigin(const QUrl &a, const QUrl &b)
     return a.scheme() == b.scheme() && a.host() == b.host() && port(a) == port(b);
 }
 
+/// Whether a redirect may lead there. What carries the key stays with its origin, and nothing goes
+/// on in the clear that began encrypted.
+bool mayFollow(const UrlRequest &request, const QUrl &target)
+{
+    if (!request.isAnonymous)
+        return isSameOrigin(target, request.url);
+    const QString scheme = target.scheme();
+    return scheme == QLatin1String("https") ||
+           (scheme == QLatin1String("http") && request.url.scheme() == scheme);
+}
+
+/// Leaves out of a request whatever the stack would add to tell who asks.
+void makeAnonymous(QNetworkRequest &request)
+{
+    QUrl url = request.url();
+    url.setUserInfo({});
+    request.setUrl(url);
+    for (const auto attribute :
+         {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute,
+          QNetworkRequest::AuthenticationReuseAttribute})
+        request.setAttribute(attribute, QNetworkRequest::Manual);
+}
+
 bool isHeaderText(const QByteArray &text)
 {
     return std::none_of(text.begin(), text.end(),
@@ -138,6 +160,8 @@ void Transfer::send()
         request.setRawHeader(name, value);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
+    if (m_request.isAnonymous)
+        makeAnonymous(request);
     request.setTransferTimeout(static_cast<int>(m_request.timeout.count()));
     // The bound on the body, checked as it is read, serves for compressed ones too; the stack's own
     // check would refuse long and repetitive conversations.
@@ -158,13 +182,13 @@ void Transfer::readAvailable()
 {
     // In bounded steps, since what waits compressed can be any size once it is read, and up to the
     // read that gives nothing: it is what lets more come in.
-    while (m_reply->isOpen() && m_body.size() <= maximumBodySize) {
+    while (m_reply->isOpen() && m_body.size() <= m_request.maximumBodySize) {
         const QByteArray part = m_reply->read(readBufferSize);
         if (part.isEmpty())
             break;
         m_body += part;
     }
-    m_tooLarge = m_body.size() > maximumBodySize;
+    m_tooLarge = m_body.size() > m_request.maximumBodySize;
     if (m_tooLarge)
         m_reply->abort();
 }
@@ -192,7 +216,7 @@ bool Transfer::followRedirect(int status)
     if (!isRedirect || location.isEmpty() || m_redirects == maximumRedirects)
         return false;
     const QUrl target = m_request.url.resolved(location);
-    if (!target.isValid() || !isSameOrigin(target, m_request.url))
+    if (!target.isValid() || target.host().isEmpty() || !mayFollow(m_request, target))
         return false;
     ++m_redirects;
     m_request.url = target;

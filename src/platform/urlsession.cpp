@@ -7,6 +7,8 @@
 
 #include <QtNetwork/QNetworkAccessManager>
 
+#include <array>
+
 namespace tolvane {
 
 std::optional<QByteArray> UrlResponse::header(QByteArrayView name) const
@@ -30,7 +32,9 @@ public:
         QFuture<UrlResponse> response = promise->future();
         m_thread.post([this, promise, build = std::move(build)] {
             try {
-                (new Transfer(manager(), build(), promise))->begin();
+                UrlRequest request = build();
+                QNetworkAccessManager &its = manager(request.isAnonymous);
+                (new Transfer(its, std::move(request), promise))->begin();
             } catch (...) {
                 promise->setException(std::current_exception());
                 promise->finish();
@@ -40,16 +44,17 @@ public:
     }
 
 private:
-    QNetworkAccessManager &manager()
+    QNetworkAccessManager &manager(bool isAnonymous)
     {
+        QPointer<QNetworkAccessManager> &manager = m_managers[isAnonymous ? 1 : 0];
         // The thread may have ended with an application object and begun anew with the next.
-        if (!m_manager)
-            m_manager = new QNetworkAccessManager(m_thread.context());
-        return *m_manager;
+        if (!manager)
+            manager = new QNetworkAccessManager(m_thread.context());
+        return *manager;
     }
 
     EventLoopThread m_thread{QStringLiteral("tolvane-network")};
-    QPointer<QNetworkAccessManager> m_manager;
+    std::array<QPointer<QNetworkAccessManager>, 2> m_managers;
 };
 
 } // namespace

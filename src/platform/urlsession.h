@@ -24,6 +24,12 @@ struct UrlRequest
     QByteArray body;
     /// How long nothing may arrive or leave before the request has timed out.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
+    /// Nothing in it tells who asks: no cookies, and no name and password from its address. In turn
+    /// redirects may lead to other origins. These requests have connections of their own, so that
+    /// slow downloads hold up no conversation.
+    bool isAnonymous = false;
+    /// In bytes, counted after decompression; a longer answer is a failure.
+    qsizetype maximumBodySize = 104'857'600;
 };
 
 struct UrlResponse
@@ -47,8 +53,8 @@ public:
 
     /// Has the request built off the caller's thread, and sends it once, never a second time by
     /// itself. Any answer with an HTTP status is a response. Redirects are followed on the same
-    /// origin only, since requests carry the API key; others are the response. Fails with UrlError,
-    /// or with what `build` throws. Safe from any thread.
+    /// origin only, since requests carry the API key, unless the request is anonymous; others are
+    /// the response. Fails with UrlError, or with what `build` throws. Safe from any thread.
     virtual QFuture<UrlResponse> send(std::function<UrlRequest()> build) = 0;
 
     /// As send(), for a request at hand.
@@ -58,8 +64,7 @@ public:
     }
 };
 
-/// The session on the network, on a thread of its own. Responses are held whole in memory, up to
-/// 100 MiB, counted after decompression.
+/// The session on the network, on a thread of its own. Responses are held whole in memory.
 std::unique_ptr<UrlSession> makeNetworkSession();
 
 } // namespace tolvane

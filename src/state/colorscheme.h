@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backend/records.h"
+#include "platform/privateexport.h"
 
 #include <QtCore/QString>
 
@@ -54,7 +55,7 @@ struct DynamicColor
 /// nobody.
 struct ColorScheme
 {
-    static ColorScheme &shared();
+    TOLVANE_PRIVATE_EXPORT static ColorScheme &shared();
 
     ColorScheme();
 

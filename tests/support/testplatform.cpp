@@ -31,6 +31,10 @@ Fixture::Fixture()
                                            const QString &) -> std::unique_ptr<LogSink> {
         return makeCapturingSink(lines);
     };
+    installed->makeUrlCache = [this](UrlCache::Settings settings) {
+        settings.diskPath = m_caches.filePath(settings.diskPath);
+        return makeUrlCache(settings);
+    };
     installed->environmentVariable = [this](const char *name) -> std::optional<QString> {
         const auto found = environment.constFind(QString::fromLatin1(name));
         return found == environment.cend() ? std::nullopt : std::optional(*found);

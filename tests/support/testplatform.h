@@ -4,6 +4,7 @@
 #include "testing/replacements.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QTemporaryDir>
 
 namespace tolvane::test {
 
@@ -31,6 +32,7 @@ public:
     std::shared_ptr<RecordingDelegate> delegate = std::make_shared<RecordingDelegate>();
 
 private:
+    QTemporaryDir m_caches;
     std::unique_ptr<Platform> m_before;
 };
 

@@ -1,0 +1,33 @@
+#version 440
+
+layout(location = 0) in vec2 pictureAt;
+layout(location = 1) in vec2 place;
+
+layout(location = 0) out vec4 color;
+
+layout(std140, binding = 0) uniform Uniforms {
+    mat4 matrix;
+    vec4 radii; // Top left, top right, bottom left, bottom right.
+    vec2 halfSize;
+    float opacity;
+};
+
+layout(binding = 1) uniform sampler2D picture;
+
+// How far outside the rounded rectangle, negative inside; exact at the corners' arcs.
+float distanceOutside(vec2 at)
+{
+    vec2 leftAndRight = at.y < 0.0 ? radii.xy : radii.zw;
+    float radius = at.x < 0.0 ? leftAndRight.x : leftAndRight.y;
+    vec2 beyond = abs(at) - halfSize + radius;
+    return length(max(beyond, 0.0)) + min(max(beyond.x, beyond.y), 0.0) - radius;
+}
+
+void main()
+{
+    float outside = distanceOutside(place);
+    // One pixel of the screen, however the item is scaled and turned.
+    float pixel = max(length(vec2(dFdx(outside), dFdy(outside))), 0.0001);
+    float coverage = clamp(0.5 - outside / pixel, 0.0, 1.0);
+    color = texture(picture, pictureAt) * (coverage * opacity);
+}

@@ -1,0 +1,27 @@
+#version 440
+
+// A picture in a rounded rectangle. Positions relative to the middle travel along, because the
+// renderer may already have transformed the vertices when it draws several items at once.
+
+layout(location = 0) in vec4 position;
+layout(location = 1) in vec2 pictureCoordinate;
+layout(location = 2) in vec2 fromCenter;
+
+layout(location = 0) out vec2 pictureAt;
+layout(location = 1) out vec2 place;
+
+layout(std140, binding = 0) uniform Uniforms {
+    mat4 matrix;
+    vec4 radii;
+    vec2 halfSize;
+    float opacity;
+};
+
+out gl_PerVertex { vec4 gl_Position; };
+
+void main()
+{
+    pictureAt = pictureCoordinate;
+    place = fromCenter;
+    gl_Position = matrix * position;
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "backend/records.h"
+#include "platform/privateexport.h"
+
+#include <QtCore/QMetaType>
+#include <QtCore/QUrl>
+
+#include <variant>
+
+namespace tolvane {
+
+/// A place to go from the home screen: an existing conversation, the full-screen viewer of one
+/// image, or an empty conversation for a first message.
+class TOLVANE_PRIVATE_EXPORT TolvaneDestination
+{
+    Q_GADGET
+    /// "ticket", "imageViewer" or "newTicket"
+    Q_PROPERTY(QString kind READ kindName)
+    /// Empty where there is none.
+    Q_PROPERTY(QString ticketId READ ticketId)
+    /// Empty where there is none.
+    Q_PROPERTY(QUrl imageUrl READ imageUrl)
+
+public:
+    enum class Kind { ticket, imageViewer, newTicket };
+
+    static TolvaneDestination ticket(const TicketPreviewDto &preview);
+    static TolvaneDestination imageViewer(const QUrl &url);
+    static TolvaneDestination newTicket();
+
+    /// A new ticket.
+    TolvaneDestination() = default;
+
+    Kind kind() const { return static_cast<Kind>(m_payload.index()); }
+    QString kindName() const;
+    /// Null for anything but a ticket.
+    const TicketPreviewDto *preview() const { return std::get_if<TicketPreviewDto>(&m_payload); }
+    QString ticketId() const;
+    QUrl imageUrl() const;
+
+    bool operator==(const TolvaneDestination &) const = default;
+    friend TOLVANE_PRIVATE_EXPORT std::size_t qHash(const TolvaneDestination &destination,
+                                                    std::size_t seed) noexcept;
+
+private:
+    /// In the order of the kinds.
+    using Payload = std::variant<TicketPreviewDto, QUrl, std::monostate>;
+
+    explicit TolvaneDestination(Payload payload);
+
+    Payload m_payload = std::monostate();
+};
+
+} // namespace tolvane

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/privateexport.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QUrl>
+
+namespace tolvane {
+
+/// Which attachment was chosen to be looked at. Main thread.
+class TOLVANE_PRIVATE_EXPORT MessageData : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QUrl selectedAttachment READ selectedAttachment WRITE setSelectedAttachment NOTIFY
+                   selectedAttachmentChanged)
+
+public:
+    using QObject::QObject;
+
+    /// Empty when there is none.
+    const QUrl &selectedAttachment() const { return m_selectedAttachment; }
+    /// An equal one changes nothing.
+    void setSelectedAttachment(const QUrl &url);
+
+Q_SIGNALS:
+    void selectedAttachmentChanged();
+
+private:
+    QUrl m_selectedAttachment;
+};
+
+} // namespace tolvane

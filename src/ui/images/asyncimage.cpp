@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "ui/images/asyncimage.h"
+
+#include <QtQml/QQmlEngine>
+#include <QtQml/qqmlinfo.h>
+#include <QtQuick/QQuickWindow>
+
+namespace tolvane {
+
+namespace {
+
+// The cache key of a null image.
+constexpr qint64 noPicture = 0;
+
+} // namespace
+
+AsyncImage::AsyncImage(QQuickItem *parent, const std::optional<QSizeF> &thumbnailSize)
+    : QQuickItem(parent)
+    , m_thumbnailSize(thumbnailSize)
+{
+    startAnew();
+}
+
+void AsyncImage::setUrl(const QUrl &url)
+{
+    if (m_url == url)
+        return;
+    m_url = url;
+    startAnew();
+    Q_EMIT urlChanged();
+}
+
+void AsyncImage::requestSize(const QSizeF &size)
+{
+    m_thumbnailSize = size;
+    startAnew();
+}
+
+void AsyncImage::setContent(QQmlComponent *content)
+{
+    if (m_content == content)
+        return;
+    m_content = content;
+    if (m_shownPicture && *m_shownPicture != noPicture)
+        show(m_load->image());
+    Q_EMIT contentChanged();
+}
+
+void AsyncImage::setPlaceholder(QQmlComponent *placeholder)
+{
+    if (m_placeholder == placeholder)
+        return;
+    m_placeholder = placeholder;
+    if (m_shownPicture == noPicture)
+        show({});
+    Q_EMIT placeholderChanged();
+}
+
+void AsyncImage::startAnew()
+{
+    if (m_load)
+        m_load->disconnect(this);
+    m_load = std::make_shared<ImageLoad>(m_url, m_thumbnailSize);
+    connect(m_load.get(), &ImageLoad::changed, this, [this] {
+        Q_EMIT loadChanged();
+        updateBody();
+    });
+    Q_EMIT loadChanged();
+    if (m_isPresent)
+        appear();
+}
+
+void AsyncImage::componentComplete()
+{
+    QQuickItem::componentComplete();
+    updatePresence(window());
+}
+
+void AsyncImage::itemChange(ItemChange change, const ItemChangeData &data)
+{
+    QQuickItem::itemChange(change, data);
+    if (change == ItemSceneChange)
+        updatePresence(data.window);
+    else if (change == ItemVisibleHasChanged)
+        updatePresence(window());
+}
+
+void AsyncImage::updatePresence(const QQuickWindow *window)
+{
+    const bool isPresent = isComponentComplete() && window && isVisible();
+    if (m_isPresent == isPresent)
+        return;
+    m_isPresent = isPresent;
+    if (isPresent)
+        appear();
+}
+
+void AsyncImage::appear()
+{
+    m_load->lookAtCaches();
+    updateBody();
+    m_load->begin(window()->effectiveDevicePixelRatio());
+}
+
+void AsyncImage::updateBody()
+{
+    // What has never appeared makes nothing.
+    if (!m_isPresent && !m_shownPicture)
+        return;
+    const QImage picture = m_load->image();
+    if (m_shownPicture != picture.cacheKey())
+        show(picture);
+}
+
+void AsyncImage::show(const QImage &picture)
+{
+    m_shownPicture = picture.cacheKey();
+    if (picture.isNull())
+        replaceItem(make(m_placeholder ? *m_placeholder : commonPlaceholder(), {}));
+    else
+        replaceItem(m_content ? make(*m_content, {{QStringLiteral("image"), picture}}) : nullptr);
+}
+
+QQuickItem *AsyncImage::make(QQmlComponent &component, const QVariantMap &properties)
+{
+    QQmlContext *context = component.creationContext();
+    // Qt 6.4 crashes over initial properties for a component that did not compile.
+    QObject *object = component.isReady() ? component.createWithInitialProperties(
+                                                properties, context ? context : qmlContext(this))
+                                          : nullptr;
+    auto *item = qobject_cast<QQuickItem *>(object);
+    if (!item) {
+        delete object;
+        qmlWarning(this, component.errors()) << "cannot make the item to show";
+        return nullptr;
+    }
+    QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    return item;
+}
+
+QQmlComponent &AsyncImage::commonPlaceholder()
+{
+    // Compiled once for each engine, and goes with it.
+    const QString name = QStringLiteral("tolvaneCommonPlaceholder");
+    QQmlEngine *engine = qmlEngine(this);
+    auto *component = engine->findChild<QQmlComponent *>(name, Qt::FindDirectChildrenOnly);
+    if (!component) {
+        const QUrl file(QStringLiteral("qrc:/qt-project.org/imports/Tolvane/ImagePlaceholder.qml"));
+        component = new QQmlComponent(engine, file, engine);
+        component->setObjectName(name);
+    }
+    return *component;
+}
+
+void AsyncImage::replaceItem(QQuickItem *item)
+{
+    if (m_item) {
+        m_item->disconnect(this);
+        m_item->setParentItem(nullptr);
+        // It may be its own signal that led here.
+        m_item->deleteLater();
+    }
+    m_item = item;
+    if (item) {
+        item->setParent(this);
+        item->setParentItem(this);
+        connect(item, &QQuickItem::implicitWidthChanged, this, &AsyncImage::followItem);
+        connect(item, &QQuickItem::implicitHeightChanged, this, &AsyncImage::followItem);
+    }
+    followItem();
+    Q_EMIT itemChanged();
+}
+
+void AsyncImage::followItem()
+{
+    setImplicitSize(m_item ? m_item->implicitWidth() : 0, m_item ? m_item->implicitHeight() : 0);
+    if (m_item)
+        m_item->setSize(size());
+}
+
+void AsyncImage::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (m_item)
+        m_item->setSize(newGeometry.size());
+}
+
+void ThumbnailAsyncImage::setThumbnailSize(const QSizeF &size)
+{
+    if (thumbnailSize() == size)
+        return;
+    requestSize(size);
+    Q_EMIT thumbnailSizeChanged();
+}
+
+} // namespace tolvane

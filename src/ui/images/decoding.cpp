@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "ui/images/decoding.h"
+
+#include <QtCore/QBuffer>
+#include <QtGui/QColorSpace>
+#include <QtGui/QImageReader>
+
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace tolvane::images {
+
+namespace {
+
+struct Signature
+{
+    const char *format;
+    std::size_t offset;
+    std::string_view bytes;
+};
+
+using namespace std::string_view_literals;
+
+// Only what is listed reaches a decoder: the host may have plug-ins for formats that run scripts or
+// read files.
+constexpr std::array signatures = {
+    Signature{"png", 0, "\x89PNG\r\n\x1a\n"sv},
+    Signature{"jpeg", 0, "\xff\xd8\xff"sv},
+    Signature{"gif", 0, "GIF8"sv},
+    Signature{"webp", 8, "WEBP"sv},
+};
+
+QByteArray formatOf(const QByteArray &bytes)
+{
+    const std::string_view content(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    for (const Signature &signature : signatures) {
+        if (content.size() > signature.offset &&
+            content.substr(signature.offset).starts_with(signature.bytes))
+            return signature.format;
+    }
+    return {};
+}
+
+qint64 pixelCount(const QSize &size)
+{
+    return qint64(size.width()) * size.height();
+}
+
+/// The size times a factor, nowhere less than one pixel.
+QSize scaledBy(const QSize &size, double factor)
+{
+    return QSize(qRound(size.width() * factor), qRound(size.height() * factor))
+        .expandedTo(QSize(1, 1));
+}
+
+/// Reads one picture out of bytes that stay where they are.
+class Reader
+{
+public:
+    explicit Reader(const QByteArray &bytes)
+    {
+        const QByteArray format = formatOf(bytes);
+        if (format.isEmpty())
+            return;
+        m_buffer.setData(bytes);
+        m_buffer.open(QIODevice::ReadOnly);
+        m_reader.setAutoDetectImageFormat(false);
+        m_reader.setFormat(format);
+        m_reader.setDevice(&m_buffer);
+        m_reader.setAutoTransform(true);
+        m_scalesWhileDecoding = format == "jpeg";
+        m_size = m_reader.size();
+    }
+
+    /// As it is stored, before it is turned. Invalid for what is no picture.
+    const QSize &size() const { return m_size; }
+    bool isTurnedSideways()
+    {
+        return m_reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+    }
+    double readableFactor() const;
+    QImage read(double factor);
+
+private:
+    QBuffer m_buffer;
+    QImageReader m_reader;
+    QSize m_size;
+    bool m_scalesWhileDecoding = false;
+};
+
+/// 32 bits a pixel and in sRGB, as textures and painters take it without another conversion.
+QImage readyToDraw(QImage image)
+{
+    static const QColorSpace standard(QColorSpace::SRgb);
+    const QColorSpace space = image.colorSpace();
+    if (space.isValid() && space != standard)
+        image.convertToColorSpace(standard);
+    return std::move(image).convertToFormat(
+        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+}
+
+/// By how much the picture has to be scaled down to be read in bounded memory; 0 for what cannot be
+/// read.
+double Reader::readableFactor() const
+{
+    if (m_size.isEmpty())
+        return 0;
+    double factor = 1;
+    // The decoder gets smaller by halves only; in between it takes as much memory as for more.
+    while (pixelCount(scaledBy(m_size, factor)) > maximumPixels)
+        factor /= 2;
+    return factor == 1 || m_scalesWhileDecoding ? factor : 0;
+}
+
+QImage Reader::read(double factor)
+{
+    if (factor == 0)
+        return {};
+    if (factor < 1)
+        m_reader.setScaledSize(scaledBy(m_size, factor));
+    QImage image;
+    if (!m_reader.read(&image))
+        return {};
+    return readyToDraw(std::move(image));
+}
+
+/// How much smaller a picture becomes; 1 for one that stays as it is.
+double thumbnailFactor(const QSize &size, const QSize &target)
+{
+    constexpr double largestArea = 4;
+    if (target.isEmpty() || size.isEmpty())
+        return 1;
+    const double filling =
+        std::max(double(target.width()) / size.width(), double(target.height()) / size.height());
+    const double bounded =
+        std::sqrt(largestArea * double(pixelCount(target)) / double(pixelCount(size)));
+    return std::min({filling, bounded, 1.0});
+}
+
+} // namespace
+
+QSize claimedSize(const QByteArray &bytes)
+{
+    return Reader(bytes).size();
+}
+
+bool isModest(const QByteArray &bytes)
+{
+    const QSize size = claimedSize(bytes);
+    return !size.isEmpty() && pixelCount(size) <= modestPixels;
+}
+
+QImage decoded(const QByteArray &bytes)
+{
+    Reader reader(bytes);
+    return reader.read(reader.readableFactor());
+}
+
+QImage decodedThumbnail(const QByteArray &bytes, const QSize &target)
+{
+    Reader reader(bytes);
+    const QSize box = reader.isTurnedSideways() ? target.transposed() : target;
+    return reader.read(std::min(reader.readableFactor(), thumbnailFactor(reader.size(), box)));
+}
+
+QImage thumbnail(const QImage &image, const QSize &target)
+{
+    const double factor = thumbnailFactor(image.size(), target);
+    if (factor >= 1)
+        return image;
+    return image.scaled(scaledBy(image.size(), factor), Qt::IgnoreAspectRatio,
+                        Qt::SmoothTransformation);
+}
+
+} // namespace tolvane::images

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "ui/images/imageload.h"
+
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "ui/images/decoding.h"
+#include "ui/images/imagecache.h"
+
+namespace tolvane {
+
+namespace {
+
+// More than any photo; a longer answer is not worth its memory.
+constexpr qsizetype maximumDownload = 33'554'432;
+
+UrlRequest requestFor(const QUrl &url)
+{
+    UrlRequest request;
+    request.url = url;
+    request.isAnonymous = true;
+    request.maximumBodySize = maximumDownload;
+    return request;
+}
+
+/// Addresses are texts of the backend's: none may have a local file read.
+bool isLoadable(const QUrl &url)
+{
+    return url.isValid() && !url.host().isEmpty() &&
+           (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"));
+}
+
+} // namespace
+
+/// How pictures are made of bytes and of other pictures; goes to the workers.
+class ImageLoad::Recipe
+{
+public:
+    /// @param target of the thumbnail, in pixels; invalid for the whole picture
+    explicit Recipe(const QSize &target)
+        : m_target(target)
+    {
+    }
+
+    Pictures fromBytes(const QByteArray &bytes) const
+    {
+        // A photo is decoded at the size of its thumbnail: whole, it would cost many times the time
+        // and push everything else out of the cache.
+        if (m_target.isValid() && !images::isModest(bytes))
+            return {.whole = {}, .shown = images::decodedThumbnail(bytes, m_target)};
+        return fromWhole(images::decoded(bytes));
+    }
+
+    Pictures fromWhole(const QImage &whole) const
+    {
+        return {.whole = whole,
+                .shown = m_target.isValid() ? images::thumbnail(whole, m_target) : whole};
+    }
+
+    Pictures fromCache(const UrlRequest &request) const
+    {
+        const auto cached = ImageCache::shared().responses().cachedResponse(request);
+        return cached ? fromBytes(cached->body) : Pictures();
+    }
+
+    /// The response is kept whatever it is, before anybody looks into it.
+    Pictures fromResponse(const UrlRequest &request, const UrlResponse &response) const
+    {
+        ImageCache::shared().responses().store(response, request);
+        return fromBytes(response.body);
+    }
+
+private:
+    const QSize m_target;
+};
+
+ImageLoad::ImageLoad(const QUrl &url, std::optional<QSizeF> thumbnailSize)
+    : m_request(requestFor(url))
+    , m_key(ImageCache::key(url))
+    , m_thumbnailSize(thumbnailSize)
+    , m_isLoadable(tolvane::isLoadable(url))
+{
+}
+
+void ImageLoad::lookAtCaches()
+{
+    if (!m_isLoadable || m_thumbnailSize || !m_image.isNull())
+        return;
+    ImageCache &cache = ImageCache::shared();
+    QImage image = cache.image(m_key);
+    if (image.isNull()) {
+        const auto cached = cache.responses().cachedResponse(m_request, UrlCache::Look::quick);
+        if (!cached || !images::isModest(cached->body))
+            return;
+        image = images::decoded(cached->body);
+        if (image.isNull())
+            return;
+        cache.insert(m_key, image);
+    }
+    m_image = image;
+    Q_EMIT changed();
+}
+
+void ImageLoad::begin(qreal scale)
+{
+    if (!m_isLoadable || m_isLoading || !m_image.isNull())
+        return;
+    detach(load(m_thumbnailSize ? (*m_thumbnailSize * scale).toSize() : QSize()));
+}
+
+QCoro::Task<> ImageLoad::load(QSize target)
+{
+    const auto self = shared_from_this();
+    const Recipe recipe(target);
+    setLoading(true);
+
+    const QImage remembered = ImageCache::shared().image(m_key);
+    if (!remembered.isNull()) {
+        QFuture<Pictures> made =
+            platform().workers->run([recipe, remembered] { return recipe.fromWhole(remembered); });
+        const Pictures pictures = co_await settled(made);
+        finish(pictures.shown);
+        co_return;
+    }
+
+    QFuture<Pictures> found = platform().workers->run(
+        [recipe, request = m_request] { return recipe.fromCache(request); });
+    Pictures pictures = co_await settled(found);
+    if (pictures.shown.isNull()) {
+        UrlResponse response;
+        try {
+            QFuture<UrlResponse> answer = platform().urlSession->data(m_request);
+            response = co_await settled(answer);
+        } catch (...) {
+            // The placeholder says enough. The view's next appearance tries again.
+            setLoading(false);
+            co_return;
+        }
+        QFuture<Pictures> read = platform().workers->run([recipe, request = m_request, response] {
+            return recipe.fromResponse(request, response);
+        });
+        pictures = co_await settled(read);
+    }
+    if (pictures.shown.isNull())
+        co_return;
+    if (!pictures.whole.isNull())
+        ImageCache::shared().insert(m_key, pictures.whole);
+    finish(pictures.shown);
+}
+
+void ImageLoad::setLoading(bool isLoading)
+{
+    m_isLoading = isLoading;
+    Q_EMIT changed();
+}
+
+void ImageLoad::finish(const QImage &image)
+{
+    m_image = image;
+    m_isLoading = false;
+    Q_EMIT changed();
+}
+
+} // namespace tolvane

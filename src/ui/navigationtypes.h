@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/messagedata.h"
+#include "state/navigationdata.h"
+
+#include <QtQml/qqmlregistration.h>
+
+// The stores of the navigation, for QML.
+
+namespace tolvane {
+
+struct NavigationDataType
+{
+    Q_GADGET
+    QML_FOREIGN(tolvane::NavigationData)
+    QML_NAMED_ELEMENT(NavigationData)
+};
+
+struct MessageDataType
+{
+    Q_GADGET
+    QML_FOREIGN(tolvane::MessageData)
+    QML_NAMED_ELEMENT(MessageData)
+};
+
+/// Makes destinations: `navigation.navigate(Destination.newTicket())`.
+class DestinationType : public QObject
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(Destination)
+    QML_SINGLETON
+
+public:
+    using QObject::QObject;
+
+    Q_INVOKABLE tolvane::TolvaneDestination newTicket() const
+    {
+        return TolvaneDestination::newTicket();
+    }
+    Q_INVOKABLE tolvane::TolvaneDestination imageViewer(const QUrl &url) const
+    {
+        return TolvaneDestination::imageViewer(url);
+    }
+    /// @param preview a TicketPreviewDto, as the ticket list holds it
+    Q_INVOKABLE tolvane::TolvaneDestination ticket(const QVariant &preview) const
+    {
+        return TolvaneDestination::ticket(preview.value<TicketPreviewDto>());
+    }
+};
+
+} // namespace tolvane

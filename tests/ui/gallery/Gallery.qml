@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Every way to show a picture, on one page, for people to look at.
+Rectangle {
+    id: gallery
+
+    /// Decoded pictures: wide, tall, and one with fine detail that is shrunk a lot.
+    required property var wide
+    required property var tall
+    required property var detailed
+    /// An address that answers with a picture, and one that never does.
+    required property url address
+    required property url silent
+
+    readonly property int cell: 150
+    readonly property bool isDark: Theme.isDark
+
+    width: grid.implicitWidth + 48
+    height: grid.implicitHeight + 48
+    color: isDark ? "#16181d" : "#f4f5f7"
+
+    component Cell: Column {
+        property alias picture: picture
+        property string title
+
+        spacing: 6
+
+        Rectangle {
+            width: gallery.cell
+            height: gallery.cell
+            color: gallery.isDark ? "#262a33" : "#e3e6ec"
+
+            RoundedImage {
+                id: picture
+
+                anchors.fill: parent
+                image: gallery.wide
+            }
+        }
+        Caption {
+            text: parent.title
+        }
+    }
+
+    component Caption: Text {
+        textFormat: Text.PlainText
+        color: gallery.isDark ? "white" : "black"
+        font.pixelSize: 12
+    }
+
+    Grid {
+        id: grid
+
+        anchors.centerIn: parent
+        columns: 5
+        spacing: 20
+
+        Cell { title: "stretch" }
+        Cell { title: "fit"; picture.fillMode: RoundedImage.Fit }
+        Cell { title: "fill"; picture.fillMode: RoundedImage.Fill }
+        Cell { title: "fit, tall"; picture.fillMode: RoundedImage.Fit; picture.image: gallery.tall }
+        Cell { title: "fill, tall"; picture.fillMode: RoundedImage.Fill; picture.image: gallery.tall }
+
+        Cell { title: "radius 24"; picture.radius: 24; picture.fillMode: RoundedImage.Fill }
+        Cell {
+            title: "three corners"
+            picture.radius: 24
+            picture.fillMode: RoundedImage.Fill
+            picture.corners: RoundedImage.TopLeft | RoundedImage.TopRight | RoundedImage.BottomLeft
+        }
+        Cell { title: "circle"; picture.circle: true; picture.fillMode: RoundedImage.Fill }
+        Cell { title: "circle, fit"; picture.circle: true; picture.fillMode: RoundedImage.Fit }
+        Cell { title: "radius 24, fit"; picture.radius: 24; picture.fillMode: RoundedImage.Fit }
+
+        Cell { title: "shrunk"; picture.image: gallery.detailed }
+        Cell { title: "shrunk, circle"; picture.image: gallery.detailed; picture.circle: true }
+        Cell {
+            title: "turned, half seen"
+            picture.radius: 24
+            picture.fillMode: RoundedImage.Fill
+            picture.rotation: 12
+            picture.scale: 0.8
+            picture.opacity: 0.6
+        }
+        Column {
+            spacing: 6
+
+            ThumbnailAsyncImage {
+                width: gallery.cell
+                height: gallery.cell
+                url: gallery.address
+                thumbnailSize: Qt.size(gallery.cell, gallery.cell)
+                content: RoundedImage {
+                    fillMode: RoundedImage.Fill
+                    radius: 10
+                }
+            }
+            Caption { text: "thumbnail" }
+        }
+        Column {
+            spacing: 6
+
+            Rectangle {
+                width: gallery.cell
+                height: gallery.cell
+                color: "#7d88a1"
+
+                CachedAsyncImage {
+                    anchors.fill: parent
+                    url: gallery.silent
+                }
+            }
+            Caption { text: "placeholder" }
+        }
+    }
+}

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// Shows the gallery in a window, and with a second argument saves it as a picture. Linked with the
+// library as hosts link it.
+#include <QtCore/QBuffer>
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QTimer>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtGui/QPalette>
+#include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickView>
+
+#include <cstdio>
+
+namespace {
+
+QImage sample(const QSize &size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    QPainter painter(&image);
+    QLinearGradient sky(0, 0, size.width(), size.height());
+    sky.setColorAt(0, QColor(0x2f, 0x6f, 0xed));
+    sky.setColorAt(1, QColor(0xf2, 0x8c, 0x38));
+    painter.fillRect(image.rect(), sky);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Qt::white, 6));
+    painter.drawEllipse(image.rect().center(), size.height() / 3, size.height() / 3);
+    painter.drawLine(0, 0, size.width(), size.height());
+    painter.setPen(QPen(QColor(0x14, 0x1e, 0x46), 8));
+    painter.drawRect(image.rect().adjusted(4, 4, -5, -5));
+    return image;
+}
+
+QImage stripes()
+{
+    QImage image(1500, 1500, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int angle = 0; angle < 360; angle += 2) {
+        painter.resetTransform();
+        painter.translate(750, 750);
+        painter.rotate(angle);
+        painter.fillRect(0, -2, 1100, 5, Qt::black);
+    }
+    return image;
+}
+
+/// Answers each request with a JPEG, except for those that it leaves waiting.
+class PictureServer : public QTcpServer
+{
+public:
+    PictureServer()
+    {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, [this] {
+            QTcpSocket *socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, [socket] {
+                if (socket->readAll().startsWith("GET /silent"))
+                    return;
+                QByteArray bytes;
+                QBuffer buffer(&bytes);
+                sample({1200, 800}).save(&buffer, "jpeg");
+                socket->write("HTTP/1.1 200 OK\r\nContent-Type: image/jpeg\r\nContent-Length: " +
+                              QByteArray::number(bytes.size()) + "\r\n\r\n" + bytes);
+            });
+        });
+    }
+    QUrl url(const QString &path) const
+    {
+        return QStringLiteral("http://127.0.0.1:%1/%2").arg(serverPort()).arg(path);
+    }
+};
+
+void darken()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0x16, 0x18, 0x1d));
+    palette.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(palette);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QGuiApplication app(argc, argv);
+    QGuiApplication::setApplicationName(QStringLiteral("tolvane-gallery"));
+    QCommandLineParser parser;
+    const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("The dark appearance."));
+    parser.addOption(dark);
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("page"), QStringLiteral("Gallery.qml"));
+    parser.addPositionalArgument(QStringLiteral("picture"), QStringLiteral("Where to save it."));
+    parser.process(app);
+    const QStringList files = parser.positionalArguments();
+    if (files.isEmpty())
+        parser.showHelp(2);
+    if (parser.isSet(dark))
+        darken();
+
+    const PictureServer server;
+    QQuickView view;
+    bool hasWarnings = false;
+    QObject::connect(view.engine(), &QQmlEngine::warnings, [&] { hasWarnings = true; });
+    view.setInitialProperties({{QStringLiteral("wide"), sample({600, 400})},
+                               {QStringLiteral("tall"), sample({300, 500})},
+                               {QStringLiteral("detailed"), stripes()},
+                               {QStringLiteral("address"), server.url(QStringLiteral("photo"))},
+                               {QStringLiteral("silent"), server.url(QStringLiteral("silent"))}});
+    view.setSource(QUrl::fromLocalFile(files.constFirst()));
+    view.show();
+    if (files.size() > 1) {
+        QTimer::singleShot(1500, &view, [&] {
+            const bool isSaved = view.grabWindow().save(files.at(1));
+            QGuiApplication::exit(isSaved && !hasWarnings ? 0 : 1);
+        });
+    }
+    return QGuiApplication::exec();
+}

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Samples
+import Tolvane
+
+Rectangle {
+    width: 240
+    height: 240
+    color: "white"
+
+    Rectangle {
+        id: backdrop
+
+        width: 120
+        height: 120
+        color: "gray"
+
+        RoundedImage {
+            id: picture
+
+            anchors.fill: parent
+        }
+    }
+
+    TestCase {
+        name: "RoundedImage"
+        when: windowShown
+
+        readonly property var wide: Samples.quarters(400, 200)
+        readonly property var tall: Samples.quarters(200, 400)
+
+        function init() {
+            picture.image = wide
+            picture.fillMode = RoundedImage.Stretch
+            picture.radius = 0
+            picture.corners = RoundedImage.AllCorners
+            picture.circle = false
+            picture.rotation = 0
+        }
+
+        /// A letter for each place: of the four quarters, the backdrop's (.) or something mixed (?).
+        function seen(places) {
+            const shot = grabImage(backdrop)
+            const letters = {"#ff0000": "r", "#00ff00": "g", "#0000ff": "b", "#ffff00": "y",
+                             "#808080": "."}
+            return places.map(([x, y]) => letters[String(shot.pixel(x, y))] ?? "?").join("")
+        }
+
+        function test_placement_data() {
+            const middles = [[30, 30], [90, 30], [30, 90], [90, 90]]
+            const edges = [[60, 2], [60, 117], [2, 50], [117, 50]]
+            return [
+                {tag: "stretch", mode: RoundedImage.Stretch, image: wide, at: middles, saw: "rgby"},
+                {tag: "fit, wide", mode: RoundedImage.Fit, image: wide,
+                 at: [[2, 32], [117, 32], [2, 88], [117, 88], [60, 27], [60, 93]], saw: "rgby.."},
+                {tag: "fit, tall", mode: RoundedImage.Fit, image: tall,
+                 at: [[32, 2], [88, 2], [32, 117], [88, 117], [27, 60], [93, 60]], saw: "rgby.."},
+                {tag: "fill, wide", mode: RoundedImage.Fill, image: wide,
+                 at: [[2, 2], [117, 2], [2, 117], [117, 117]], saw: "rgby"},
+                {tag: "fill, tall", mode: RoundedImage.Fill, image: tall,
+                 at: [[57, 2], [63, 2], [57, 117], [63, 117]], saw: "rgby"},
+            ]
+        }
+
+        function test_placement(data) {
+            picture.image = data.image
+            picture.fillMode = data.mode
+            compare(seen(data.at), data.saw)
+        }
+
+        function test_corners_data() {
+            return [
+                {tag: "none", corners: 0, saw: "rgby"},
+                {tag: "all", corners: RoundedImage.AllCorners, saw: "...."},
+                {tag: "top left", corners: RoundedImage.TopLeft, saw: ".gby"},
+                {tag: "three", corners: RoundedImage.AllCorners & ~RoundedImage.BottomRight,
+                 saw: "...y"},
+            ]
+        }
+
+        function test_corners(data) {
+            picture.radius = 30
+            picture.corners = data.corners
+            compare(seen([[3, 3], [116, 3], [3, 116], [116, 116]]), data.saw)
+            compare(seen([[12, 12], [107, 12], [12, 107], [107, 107]]), "rgby")
+        }
+
+        function test_cornersAreSmooth() {
+            picture.radius = 30
+            const shot = grabImage(backdrop)
+            const shades = new Set()
+            for (let x = 0; x < 30; ++x)
+                shades.add(String(shot.pixel(x, 3)))
+            verify(shades.size > 2) // Not only the picture's and the backdrop's.
+        }
+
+        function test_aRadiusIsAtMostHalfTheShorterSide() {
+            picture.radius = 1000
+            picture.fillMode = RoundedImage.Fit
+            compare(seen([[2, 35], [62, 35], [30, 45]]), ".gr")
+        }
+
+        function test_circle_data() {
+            const outside = [[16, 16], [103, 16], [16, 103], [103, 103]]
+            return [
+                {tag: "fill", mode: RoundedImage.Fill, at: outside, saw: "...."},
+                {tag: "stretch", mode: RoundedImage.Stretch, at: outside, saw: "...."},
+                {tag: "fit", mode: RoundedImage.Fit,
+                 at: [[27, 55], [93, 55], [33, 55], [87, 55], [33, 65], [87, 65]],
+                 saw: "..rgby"},
+            ]
+        }
+
+        function test_circle(data) {
+            picture.circle = true
+            picture.fillMode = data.mode
+            compare(seen(data.at), data.saw)
+            compare(seen([[50, 50], [70, 50], [50, 70], [70, 70]]), "rgby")
+        }
+
+        function test_shrunkPicturesAreSmooth() {
+            picture.image = Samples.checkerboard(1100)
+            const shot = grabImage(backdrop)
+            for (let i = 10; i < 110; ++i) {
+                const level = shot.red(i, (i * 7) % 100 + 10)
+                verify(level > 100 && level < 155, "a level of " + level)
+            }
+        }
+
+        function test_changesShow() {
+            picture.image = tall
+            compare(seen([[30, 30]]), "r")
+            picture.image = Samples.quarters(4, 4)
+            compare(seen([[30, 30], [90, 90]]), "ry")
+            picture.image = Samples.quarters(0, 0)
+            compare(seen([[30, 30], [90, 90]]), "..")
+            compare(picture.implicitWidth, 0)
+            picture.image = wide
+            compare(picture.implicitWidth, 400)
+            compare(seen([[30, 30], [90, 90]]), "ry")
+        }
+    }
+}

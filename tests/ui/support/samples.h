@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QBuffer>
+#include <QtGui/QImage>
+
+namespace tolvane::test {
+
+inline QImage solid(const QSize &size, const QColor &color,
+                    QImage::Format format = QImage::Format_RGB32)
+{
+    QImage image(size, format);
+    image.fill(color);
+    return image;
+}
+
+inline QByteArray encoded(const QImage &image, const char *format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, 95);
+    return bytes;
+}
+
+/// A JPEG that says how it is to be turned (Exif 2.3, tag 0x112).
+inline QByteArray turned(const QByteArray &jpeg, char orientation)
+{
+    QByteArray exif = QByteArray::fromHex("ffe100224578696600004d4d002a00000008"
+                                          "000101120003000000010000000000000000");
+    exif[exif.size() - 7] = orientation;
+    return jpeg.first(2) + exif + jpeg.sliced(2);
+}
+
+} // namespace tolvane::test
