@@ -7,6 +7,8 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 
+#include <algorithm>
+
 namespace tolvane::json {
 
 namespace {
@@ -39,6 +41,37 @@ QVariant variant(const std::optional<T> &value)
     return value ? variant(*value) : QVariant();
 }
 
+// Deeper than any record, and far from the end of the stack.
+constexpr int maximumDepth = 64;
+
+/// Whether there are more levels of dictionaries and lists than that.
+bool isDeeper(const QVariant &value, int levels)
+{
+    const auto anyDeeper = [levels](const auto &children) {
+        return levels == 0 || std::any_of(children.begin(), children.end(), [&](const auto &child) {
+                   return isDeeper(child, levels - 1);
+               });
+    };
+    switch (value.typeId()) {
+    case QMetaType::QVariantList:
+        return anyDeeper(value.toList());
+    case QMetaType::QVariantMap:
+        return anyDeeper(value.toMap());
+    case QMetaType::QVariantHash:
+        return anyDeeper(value.toHash());
+    default:
+        return false;
+    }
+}
+
+/// Absent for what is nested too deeply: Qt would convert it until the stack ends.
+std::optional<QByteArray> compactJson(const QVariantMap &dictionary)
+{
+    if (isDeeper(dictionary, maximumDepth))
+        return std::nullopt;
+    return QJsonDocument(QJsonObject::fromVariantMap(dictionary)).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
 template <typename T>
@@ -62,8 +95,11 @@ T decode(QByteArrayView bytes)
 template <typename T>
 T decode(const QVariantMap &dictionary)
 {
-    const QJsonDocument document(QJsonObject::fromVariantMap(dictionary));
-    return decode<T>(document.toJson(QJsonDocument::Compact));
+    const auto bytes = compactJson(dictionary);
+    if (!bytes)
+        throw DecodingError(DecodingError::dataCorrupted, {},
+                            QStringLiteral("The dictionary is nested too deeply."));
+    return decode<T>(*bytes);
 }
 
 template <typename T>
@@ -87,8 +123,8 @@ QVariantMap dictionary(const T &record)
 
 QString text(const QVariantMap &dictionary)
 {
-    const QJsonDocument document(QJsonObject::fromVariantMap(dictionary));
-    return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
+    const auto bytes = compactJson(dictionary);
+    return bytes ? QString::fromUtf8(*bytes) : QStringLiteral("(nested too deeply)");
 }
 
 template BrandingDto decode(QByteArrayView);

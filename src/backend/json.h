@@ -18,7 +18,8 @@ namespace tolvane::json {
 template <typename T>
 T decode(QByteArrayView bytes);
 
-/// Reads a record from the dictionary of a broadcast. Throws DecodingError.
+/// Reads a record from the dictionary of a broadcast, whatever there is in it. Throws
+/// DecodingError.
 template <typename T>
 T decode(const QVariantMap &dictionary);
 
@@ -31,7 +32,8 @@ QByteArray encode(const T &record);
 template <typename T>
 QVariantMap dictionary(const T &record);
 
-/// A dictionary as a text for people: compact JSON, keys in order.
+/// A dictionary as a text for people: compact JSON, keys in order. One that is nested more than 64
+/// levels deep is only named as such.
 QString text(const QVariantMap &dictionary);
 
 } // namespace tolvane::json

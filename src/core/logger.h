@@ -24,6 +24,8 @@ public:
     Logger(const QString &subsystem, const QString &category);
 
     void setEnabled(bool enabled) { m_enabled = enabled; }
+    /// For messages that take time to make.
+    bool isEnabled() const { return m_enabled; }
 
     void log(LogLevel level, const QString &message);
 

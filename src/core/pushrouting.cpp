@@ -108,7 +108,8 @@ void handle(const QVariantMap &payload)
 {
     if (!isOurs(payload))
         return;
-    logInfo(QStringLiteral("Handle push notification: ") + json::text(payload));
+    if (Logger::shared().isEnabled())
+        logInfo(QStringLiteral("Handle push notification: ") + json::text(payload));
     trackNotification(TolvaneAnalyticsEvent::Notifications::pushTapped,
                       QStringLiteral("handlePush"));
     if (!SdkData::shared()->isOpen())

@@ -40,8 +40,8 @@ DiskCache::DiskCache(const QString &folder, qint64 capacity)
 {
     if (folder.isEmpty() || !makePrivateFolder(folder))
         return;
-    m_cache.setMaximumCacheSize(capacity);
     m_cache.setCacheDirectory(folder);
+    m_cache.setMaximumCacheSize(capacity);
 }
 
 std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::milliseconds patience,
@@ -70,7 +70,7 @@ std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::millise
 
 void DiskCache::write(const QUrl &url, const UrlResponse &response)
 {
-    if (m_cache.cacheDirectory().isEmpty())
+    if (m_cache.cacheDirectory().isEmpty() || response.body.size() > m_cache.maximumCacheSize())
         return;
     const QNetworkCacheMetaData metaData = metaDataOf(url, response);
     const std::scoped_lock lock(m_mutex);

@@ -4,7 +4,9 @@
 #include "core/persistentstore.h"
 #include "core/ulid.h"
 #include "platform/errors.h"
+#include "state/pollingservice.h"
 #include "state/sdkdata.h"
+#include "state/ticketdata.h"
 #include "support/wire.h"
 
 #include <tolvane/tolvane.h>
@@ -326,6 +328,57 @@ private Q_SLOTS:
                 events += Event::Chat::messageReceived;
             QCOMPARE(scene.delegate->names(), events);
         }
+    }
+
+    void whateverIsInAPayloadIsSurvived_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QVariant deep = u"bottom"_s;
+        QVariant deepMap = deep;
+        for (int i = 0; i < 5'000; ++i) {
+            deep = QVariantList{deep};
+            deepMap = QVariantMap{{u"message"_s, deepMap}};
+        }
+        QTest::newRow("deep lists") << deep;
+        QTest::newRow("deep dictionaries") << deepMap;
+        QTest::newRow("huge text") << QVariant(QString(5'000'000, u'x'));
+        QTest::newRow("lone surrogate") << QVariant(QString(QChar(0xd800)));
+        QTest::newRow("number") << QVariant(1e308);
+        QTest::newRow("no number") << QVariant(qQNaN());
+        QTest::newRow("null") << QVariant();
+        QTest::newRow("null of a type") << QVariant(QMetaType(QMetaType::QVariantMap));
+        QTest::newRow("bytes") << QVariant(QByteArray("\0\xff", 2));
+        QTest::newRow("date") << QVariant(QDateTime());
+        QTest::newRow("hash") << QVariant(QVariantHash{{u"id"_s, 1}});
+        QTest::newRow("object") << QVariant::fromValue<QObject *>(nullptr);
+    }
+
+    void whateverIsInAPayloadIsSurvived()
+    {
+        QFETCH(const QVariant, value);
+        Scene scene;
+        scene.initialize();
+        const auto ticket = std::make_shared<TicketData>(makePreview());
+        const auto polling = PollingService::shared(); // Both read what is broadcast.
+        const auto observation = platform().notificationCenter->observe(
+            notifications::didReceiveMessage, NotificationCenter::Delivery::mainThread,
+            [ticket](const auto &userInfo) { ticket->onMessageNotification(userInfo); });
+        const bool isDictionary = value.typeId() == QMetaType::QVariantMap;
+        QVariantMap partly = tolvane::json::dictionary(makeMessage(u"m"_s));
+        partly.insert(u"attachments"_s, value);
+        for (const QVariantMap &content :
+             {QVariantMap{{u"message"_s, value}}, QVariantMap{{u"ticketPreview"_s, value}},
+              QVariantMap{{u"message"_s, partly}}, QVariantMap{{u"extra"_s, value}}}) {
+            scene.broadcasts.clear();
+            Tolvane::handlePushNotification(push(content));
+            settle();
+            const bool isRouted = !content.contains(u"extra"_s) &&
+                                  (isDictionary || content.value(u"message"_s) == partly);
+            QCOMPARE(scene.broadcasts.size(), isRouted ? 1 : 0);
+            if (isRouted)
+                QVERIFY(scene.broadcasts.constFirst().userInfo == content.constBegin()->toMap());
+        }
+        QVERIFY(!Tolvane::isTolvanePushNotification({{u"source"_s, value}}));
     }
 
     void callsFromOtherThreadsArriveInOrder()

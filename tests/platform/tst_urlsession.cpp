@@ -67,6 +67,64 @@ class UrlSessionTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void anonymousRequestsTellNothing()
+    {
+        Scene scene;
+        ScriptedServer elsewhere;
+        elsewhere.handler = [](const ServedRequest &, QTcpSocket &socket) {
+            socket.write(ScriptedServer::response(200, "there", {"Set-Cookie: id=1"}));
+        };
+        scene.server.handler = [&](const ServedRequest &request, QTcpSocket &socket) {
+            const QByteArray target = elsewhere.url(u"/b"_s).toLatin1().replace("//", "//u:p@");
+            socket.write(request.target == "/a"
+                             ? ScriptedServer::response(302, "", {"Location: " + target})
+                             : ScriptedServer::response(
+                                   401, "", {"WWW-Authenticate: Basic", "Set-Cookie: id=1"}));
+        };
+        UrlRequest request;
+        request.isAnonymous = true;
+        for (const QString &path : {u"/a"_s, u"/c"_s, u"/c"_s}) {
+            request.url = QUrl(scene.server.url(path).replace(u"//"_s, u"//me:pw@"_s));
+            QCOMPARE(scene.fetch(request).status, path == u"/a"_s ? 200 : 401);
+        }
+        QCOMPARE(elsewhere.requests.size(), 1);
+        for (const ServedRequest &served : scene.server.requests + elsewhere.requests) {
+            for (const char *name : {"authorization", "x-tolvane-customer", "cookie"})
+                QVERIFY(served.header(name).isEmpty());
+        }
+        request.isAnonymous = false;
+        request.url = QUrl(scene.server.url(u"/a"_s));
+        QCOMPARE(scene.fetch(request).status, 302); // Others stay where they are.
+    }
+
+    void anonymousRequestsHoldUpNoOthers()
+    {
+        Scene scene;
+        scene.server.handler = [](const ServedRequest &request, QTcpSocket &socket) {
+            if (request.target == "/drip") // A byte now, and then nothing for long.
+                socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nx");
+            else
+                socket.write(Scene::fine);
+        };
+        UrlRequest dripping;
+        dripping.url = QUrl(scene.server.url(u"/drip"_s));
+        dripping.isAnonymous = true;
+        for (int i = 0; i < 20; ++i)
+            scene.session->data(dripping);
+        QCOMPARE(scene.fetch(scene.request()).body, "fine");
+    }
+
+    void bodiesAreBounded()
+    {
+        Scene scene;
+        scene.answerWith(ScriptedServer::response(200, QByteArray(3000, 'x')));
+        UrlRequest request = scene.request();
+        request.maximumBodySize = 2999;
+        QCOMPARE(scene.fetch(request).status, UrlError::dataLengthExceedsMaximum);
+        request.maximumBodySize = 3000;
+        QCOMPARE(scene.fetch(request).body.size(), 3000);
+    }
+
     void oneRequestIsOneRequest_data()
     {
         QTest::addColumn<QByteArray>("method");

@@ -1,0 +1,242 @@
+// SPDX-License-Identifier: MIT
+#include "platform/urlcache.h"
+
+#include <QtCore/QDirIterator>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+
+namespace {
+
+constexpr qint64 mebibyte = 1'048'576;
+
+UrlRequest request(const QString &name = u"photo"_s)
+{
+    UrlRequest request;
+    request.url = QUrl(u"https://cdn.example/"_s + name + u"?a=1&b=%20#top"_s);
+    return request;
+}
+
+UrlResponse response(const QByteArray &body, int status = 200)
+{
+    return {.status = status,
+            .headers = {{"Content-Type", "image/png"}, {"ETag", "\"x\""}},
+            .body = body};
+}
+
+struct Scene
+{
+    std::unique_ptr<UrlCache> cache(qint64 memory = mebibyte, qint64 disk = 100 * mebibyte) const
+    {
+        return makeUrlCache({.memoryCapacity = memory, .diskCapacity = disk, .diskPath = path});
+    }
+
+    QStringList files() const
+    {
+        QStringList files;
+        QDirIterator each(path, QDir::Files, QDirIterator::Subdirectories);
+        while (each.hasNext())
+            files += each.next();
+        return files;
+    }
+
+    qint64 sizeOnDisk() const
+    {
+        qint64 size = 0;
+        for (const QString &file : files())
+            size += QFileInfo(file).size();
+        return size;
+    }
+
+    QTemporaryDir folder;
+    QString path = folder.filePath(u"below/images"_s);
+};
+
+/// No file grows beyond this: what a full disk looks like from inside.
+struct FullDisk
+{
+    explicit FullDisk(rlim_t size)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before);
+        rlimit limit = before;
+        limit.rlim_cur = size;
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before); }
+
+    rlimit before{};
+};
+
+using Damage = void (*)(QFile &);
+
+} // namespace
+Q_DECLARE_METATYPE(Damage)
+
+class UrlCacheTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void responsesOutlastTheProcess()
+    {
+        const Scene scene;
+        scene.cache()->store(response("page", 404), request());
+        const auto kept = scene.cache()->cachedResponse(request());
+        QVERIFY(kept);
+        QCOMPARE(kept->status, 404);
+        QCOMPARE(kept->body, "page");
+        QCOMPARE(kept->header("etag"), "\"x\"");
+        QVERIFY(!scene.cache()->cachedResponse(request(u"other"_s)));
+        scene.cache()->store(response("newer"), request());
+        QCOMPARE(scene.cache()->cachedResponse(request())->body, "newer");
+        QCOMPARE(scene.files().size(), 1);
+        QCOMPARE(QFileInfo(scene.path).permissions() &
+                     ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser),
+                 QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    void aQuickLookSeesWhatCostsLittle()
+    {
+        const Scene scene;
+        const QByteArray large(2 * mebibyte, 'x');
+        {
+            const auto cache = scene.cache(10 * mebibyte);
+            cache->store(response(large), request(u"large"_s));
+            cache->store(response("small"), request(u"small"_s));
+            QVERIFY(cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
+        }
+        const auto cache = scene.cache(10 * mebibyte);
+        QVERIFY(cache->cachedResponse(request(u"small"_s), UrlCache::Look::quick));
+        QVERIFY(!cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
+        QCOMPARE(cache->cachedResponse(request(u"large"_s))->body, large);
+        QVERIFY(cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
+    }
+
+    void bothLevelsAreBounded()
+    {
+        const Scene scene;
+        const auto cache = scene.cache(mebibyte, 3 * mebibyte);
+        for (int i = 0; i < 10; ++i) {
+            const QByteArray body(700'000, char('a' + i));
+            cache->store(response(body), request(QString::number(i)));
+            QCOMPARE(cache->cachedResponse(request(QString::number(i)))->body, body);
+        }
+        // Room is made before the next comes.
+        QVERIFY(scene.sizeOnDisk() <= 3 * mebibyte + 710'000);
+        QVERIFY(!cache->cachedResponse(request(u"0"_s)));
+        QVERIFY(cache->cachedResponse(request(u"8"_s))); // From disk: two do not fit in memory.
+        cache->store(response(QByteArray(4 * mebibyte, 'x')), request(u"too large"_s));
+        QVERIFY(scene.sizeOnDisk() <= 3 * mebibyte + 710'000);
+    }
+
+    void damageCountsAsAbsent_data()
+    {
+        QTest::addColumn<Damage>("damage");
+        const auto add = [](const char *name, Damage damage) { QTest::newRow(name) << damage; };
+        add("emptied", [](QFile &file) { file.resize(0); });
+        add("cut short", [](QFile &file) { file.resize(file.size() - 1); });
+        add("cut in its head", [](QFile &file) { file.resize(40); });
+        add("another picture's byte", [](QFile &file) {
+            file.seek(file.size() - 5);
+            file.write("X");
+        });
+        add("longer", [](QFile &file) {
+            file.seek(file.size());
+            file.write("tail");
+        });
+        add("foreign", [](QFile &file) {
+            file.resize(0);
+            file.write(QByteArray(5000, 'f'));
+        });
+        add("noise after a good start", [](QFile &file) {
+            file.seek(12);
+            file.write(QByteArray::fromHex("ffffffff").repeated(50));
+        });
+    }
+
+    void damageCountsAsAbsent()
+    {
+        QFETCH(const Damage, damage);
+        const Scene scene;
+        scene.cache()->store(response("the picture's bytes"), request());
+        QFile file(scene.files().constFirst());
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        damage(file);
+        file.close();
+        const auto cache = scene.cache();
+        QVERIFY(!cache->cachedResponse(request(), UrlCache::Look::quick));
+        QVERIFY(!cache->cachedResponse(request()));
+        cache->store(response("anew"), request());
+        QCOMPARE(scene.cache()->cachedResponse(request())->body, "anew");
+    }
+
+    void withoutADiskThereIsMemory_data()
+    {
+        QTest::addColumn<bool>("isFull");
+        QTest::newRow("full disk") << true;
+        QTest::newRow("no folder can be made") << false;
+    }
+
+    void withoutADiskThereIsMemory()
+    {
+        QFETCH(const bool, isFull);
+        const Scene scene;
+        const QByteArray body(500'000, 'x');
+        std::optional<FullDisk> full;
+        if (isFull) {
+            full.emplace(100'000);
+        } else {
+            QFile file(scene.folder.filePath(u"below"_s)); // In the folder's place.
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        const auto cache = scene.cache();
+        cache->store(response(body), request());
+        QCOMPARE(cache->cachedResponse(request())->body, body);
+        full.reset();
+        QVERIFY(!scene.cache()->cachedResponse(request()));
+        QVERIFY(scene.files().isEmpty());
+        if (isFull) {
+            cache->store(response(body), request());
+            QVERIFY(scene.cache()->cachedResponse(request()));
+        }
+    }
+
+    void severalCachesShareAFolder()
+    {
+        const Scene scene;
+        std::atomic<int> wrong = 0;
+        std::atomic<int> seen = 0;
+        const auto work = [&](int seed) {
+            const auto cache = scene.cache(0); // Nothing stays in memory.
+            for (int i = 0; i < 60; ++i) {
+                const QString name = QString::number(i % 4);
+                cache->store(response(QByteArray(20'000 + seed, char('a' + i % 4))), request(name));
+                if (const auto read = cache->cachedResponse(request(name))) {
+                    ++seen;
+                    wrong += read->body.count(char('a' + i % 4)) != read->body.size();
+                }
+            }
+        };
+        {
+            const std::jthread one(work, 1);
+            const std::jthread two(work, 2);
+            const std::jthread three(work, 3);
+        }
+        QCOMPARE(wrong.load(), 0);
+        QVERIFY(seen > 0);
+        for (int i = 0; i < 4; ++i)
+            QVERIFY(scene.cache()->cachedResponse(request(QString::number(i))));
+    }
+};
+
+QTEST_GUILESS_MAIN(UrlCacheTest)
+#include "tst_urlcache.moc"
