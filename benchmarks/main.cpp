@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "allocations.h"
 #include "core/configuration.h"
 #include "figures.h"
 #include "idle.h"
+#include "scrolling.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTemporaryDir>
@@ -23,6 +25,16 @@ const std::vector<Promise> promises = {
     {"console idle, peak memory / bare program's", "idle console memory", "idle baseline memory",
      1.5, "x"},
     {"console idle, wake-ups in 3 seconds", "idle console wake-ups", "", 0, "wake-ups"},
+    {"a picture in memory", "pictureInMemory", "", 0.001, "ms"},
+    {"a picture in memory, allocations", "allocations for a picture in memory", "", 0, "times"},
+    {"thumbnail of 12 megapixels / scaled by QImageReader", "thumbnailOfPhoto", "scaledByReader",
+     1.3, "x"},
+    {"thumbnail of 12 megapixels / decoded, then scaled", "thumbnailOfPhoto", "decodedThenScaled",
+     1, "x"},
+    {"main thread's share of a thumbnail in 1,000", "thumbnail on main thread", "", 0.3, "ms"},
+    {"memory for 1,000 thumbnails scrolled through", "thumbnails' memory", "", 110, "MiB"},
+    {"10,000 pushes handled", "tenThousandPushes", "", 200, "ms"},
+    {"10,000 pushes / 1,000 pushes", "tenThousandPushes", "thousandPushes", 12, "x"},
 };
 
 } // namespace
@@ -48,5 +60,7 @@ int main(int argc, char **argv)
     tolvane::bench::Figures figures;
     benchmark::RunSpecifiedBenchmarks(&figures);
     tolvane::bench::measureIdle(figures);
+    tolvane::bench::measureAllocations(figures);
+    tolvane::bench::measureScrolling(figures);
     return figures.check(promises) ? 0 : 1;
 }

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "scrolling.h"
+
+#include "figures.h"
+
+#include <QtCore/QProcess>
+
+namespace tolvane::bench {
+
+namespace {
+
+struct Cost
+{
+    double milliseconds;
+    double mebibytes;
+};
+
+Cost costOf(const QStringList &arguments)
+{
+    constexpr int patience = 600'000;
+    QProcess host;
+    host.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    host.start(QStringLiteral(TOLVANE_THUMBNAIL_HOST), arguments);
+    if (!host.waitForFinished(patience) || host.exitCode() != 0)
+        qFatal("the thumbnail host failed");
+    const QList<QByteArray> numbers = host.readAllStandardOutput().simplified().split(' ');
+    return {numbers.constFirst().toDouble(), numbers.constLast().toDouble()};
+}
+
+} // namespace
+
+void measureScrolling(Figures &figures)
+{
+    const Cost plain = costOf({QStringLiteral("plain")});
+    const Cost pictures = costOf({});
+    figures.record("thumbnail on main thread", pictures.milliseconds - plain.milliseconds);
+    figures.record("thumbnails' memory", pictures.mebibytes - plain.mebibytes);
+}
+
+} // namespace tolvane::bench
