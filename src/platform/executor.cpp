@@ -30,9 +30,10 @@ public:
 class WorkerPool final : public Executor
 {
 public:
-    WorkerPool()
+    WorkerPool(const QString &name, QThread::Priority priority)
     {
-        m_pool.setObjectName(QStringLiteral("tolvane-workers"));
+        m_pool.setObjectName(name);
+        m_pool.setThreadPriority(priority);
         m_windDown = atWindDown([this] {
             m_pool.clear();
             m_pool.waitForDone();
@@ -56,9 +57,9 @@ std::unique_ptr<Executor> makeMainExecutor()
     return std::make_unique<MainExecutor>();
 }
 
-std::unique_ptr<Executor> makeWorkerPool()
+std::unique_ptr<Executor> makeWorkerPool(const QString &name, QThread::Priority priority)
 {
-    return std::make_unique<WorkerPool>();
+    return std::make_unique<WorkerPool>(name, priority);
 }
 
 } // namespace tolvane

@@ -3,6 +3,8 @@
 
 #include <QtCore/QFuture>
 #include <QtCore/QPromise>
+#include <QtCore/QString>
+#include <QtCore/QThread>
 
 #include <functional>
 #include <memory>
@@ -62,6 +64,7 @@ public:
 std::unique_ptr<Executor> makeMainExecutor();
 
 /// Threads of a pool of the library's own, so that the host's global pool stays the host's.
-std::unique_ptr<Executor> makeWorkerPool();
+std::unique_ptr<Executor> makeWorkerPool(const QString &name,
+                                         QThread::Priority priority = QThread::InheritPriority);
 
 } // namespace tolvane

@@ -41,7 +41,8 @@ Platform makeProductionPlatform()
     auto notificationCenter = std::make_unique<NotificationCenter>(*mainThread);
     return Platform{
         .mainThread = std::move(mainThread),
-        .workers = makeWorkerPool(),
+        .workers = makeWorkerPool(QStringLiteral("tolvane-workers")),
+        .pictureWorkers = makeWorkerPool(QStringLiteral("tolvane-pictures"), QThread::LowPriority),
         .pollingThread = std::make_unique<EventLoopThread>(QStringLiteral("tolvane-polling")),
         .notificationCenter = std::move(notificationCenter),
         .preferences = makeFilePreferences(),

@@ -23,6 +23,8 @@ struct Platform
 {
     std::unique_ptr<Executor> mainThread;
     std::unique_ptr<Executor> workers;
+    /// A pool of its own: a screen full of photos must not hold up what the customer reads.
+    std::unique_ptr<Executor> pictureWorkers;
     std::unique_ptr<Executor> pollingThread;
     std::unique_ptr<NotificationCenter> notificationCenter;
     std::unique_ptr<Preferences> preferences;

@@ -91,7 +91,7 @@ private Q_SLOTS:
     void executorsGiveResults()
     {
         EventLoopThread serial(u"serial"_s);
-        const auto pool = makeWorkerPool();
+        const auto pool = makeWorkerPool(u"workers"_s);
         for (Executor *executor : {m_main.get(), static_cast<Executor *>(&serial), pool.get()}) {
             // Neither the work nor the result can be copied.
             auto work = executor->run(

@@ -14,6 +14,7 @@ Fixture::Fixture()
 {
     auto installed = std::make_unique<Platform>(makeProductionPlatform());
     installed->workers = std::make_unique<InlineExecutor>();
+    installed->pictureWorkers = std::make_unique<InlineExecutor>();
     installed->pollingThread = makeMainExecutor();
     installed->notificationCenter =
         std::make_unique<RecordingCenter>(*installed->mainThread, broadcasts);

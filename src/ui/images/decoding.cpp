@@ -147,6 +147,8 @@ QSize claimedSize(const QByteArray &bytes)
 
 bool isModest(const QByteArray &bytes)
 {
+    if (bytes.size() > modestBytes)
+        return false;
     const QSize size = claimedSize(bytes);
     return !size.isEmpty() && pixelCount(size) <= modestPixels;
 }

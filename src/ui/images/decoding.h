@@ -14,8 +14,10 @@ namespace tolvane::images {
 /// image reader allocates by itself.
 inline constexpr qint64 maximumPixels = 33'554'432;
 
-/// Pictures of up to so many pixels are cheap enough to be decoded whole at any time.
+/// Pictures of up to so many pixels in so many bytes are cheap enough to be decoded whole at any
+/// time.
 inline constexpr qint64 modestPixels = 2'097'152;
+inline constexpr qsizetype modestBytes = 4'194'304;
 
 /// The size that the bytes claim, without decoding them. Invalid when they are no picture.
 QSize claimedSize(const QByteArray &bytes);

@@ -115,14 +115,14 @@ QCoro::Task<> ImageLoad::load(QSize target)
 
     const QImage remembered = ImageCache::shared().image(m_key);
     if (!remembered.isNull()) {
-        QFuture<Pictures> made =
-            platform().workers->run([recipe, remembered] { return recipe.fromWhole(remembered); });
+        QFuture<Pictures> made = platform().pictureWorkers->run(
+            [recipe, remembered] { return recipe.fromWhole(remembered); });
         const Pictures pictures = co_await settled(made);
         finish(pictures.shown);
         co_return;
     }
 
-    QFuture<Pictures> found = platform().workers->run(
+    QFuture<Pictures> found = platform().pictureWorkers->run(
         [recipe, request = m_request] { return recipe.fromCache(request); });
     Pictures pictures = co_await settled(found);
     if (pictures.shown.isNull()) {
@@ -135,9 +135,10 @@ QCoro::Task<> ImageLoad::load(QSize target)
             setLoading(false);
             co_return;
         }
-        QFuture<Pictures> read = platform().workers->run([recipe, request = m_request, response] {
-            return recipe.fromResponse(request, response);
-        });
+        QFuture<Pictures> read =
+            platform().pictureWorkers->run([recipe, request = m_request, response] {
+                return recipe.fromResponse(request, response);
+            });
         pictures = co_await settled(read);
     }
     if (pictures.shown.isNull())
