@@ -5,6 +5,8 @@
 
 #include <QtCore/QDateTime>
 
+#include <map>
+
 namespace tolvane::console {
 
 namespace {
@@ -33,6 +35,28 @@ QString clockTime(const QString &timestamp)
                           : QStringLiteral("--:--");
 }
 
+QVariantMap mapAt(const QVariantMap &map, const QString &key)
+{
+    return map.value(key).toMap();
+}
+
+QString textAt(const QVariantMap &map, const QString &key)
+{
+    return map.value(key).toString();
+}
+
+QString pushedText(const QVariantMap &payload)
+{
+    const QVariantMap message = mapAt(payload, QStringLiteral("message"));
+    if (message.isEmpty()) {
+        const QVariantMap preview = mapAt(payload, QStringLiteral("ticketPreview"));
+        return QStringLiteral("the conversation is ") + textAt(preview, QStringLiteral("state"));
+    }
+    const QVariantMap sender = mapAt(message, QStringLiteral("sender"));
+    return textAt(sender, QStringLiteral("name")) + QLatin1String(": ") +
+           textAt(message, QStringLiteral("content")).simplified();
+}
+
 } // namespace
 
 QString messageText(const Terminal &terminal, const MessageDto &message)
@@ -57,6 +81,16 @@ QString rowText(const Terminal &terminal, int number, const TicketPreviewDto &ro
         .arg(isUnread ? QStringLiteral("●") : QStringLiteral(" "))
         .arg(number, 2)
         .arg(terminal.styled("2", row.state), senderName(row.lastMessage.sender), preview);
+}
+
+QString pushText(const QVariantMap &payload, PresentationOptions options)
+{
+    static const std::map<PresentationOptions, QString> presentations = {
+        {PresentationOptions::none, QStringLiteral("not shown")},
+        {PresentationOptions::sound, QStringLiteral("sound")},
+        {PresentationOptions::soundAndBanner, QStringLiteral("sound and banner")},
+    };
+    return QStringLiteral("🔔 push, %1: %2").arg(presentations.at(options), pushedText(payload));
 }
 
 Conversation::Conversation(Terminal &terminal, std::shared_ptr<TicketData> ticket)
