@@ -156,10 +156,10 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const BackendProgram backend(folder.path(), u"1"_s); // Time to leave before the answer.
         const auto [output, status] = sessionOutput(folder.path(), backend.url(), "push on\n");
-        QVERIFY(status != 0 && output.contains("not initialized"));
+        QVERIFY(status == 1 && output.contains("not initialized"));
         const auto [early, earlyStatus] =
             sessionOutput(folder.path(), backend.url(), "init\npush on\ntap\n");
-        QVERIFY(earlyStatus != 0 && early.contains("No push has come"));
+        QVERIFY(earlyStatus == 1 && early.contains("No push has come"));
         const auto [text, endStatus] = sessionOutput(
             folder.path(), backend.url(),
             "init\npush on\nnew\nsay a human, please\nwait push\nwait push\nsay my order\nleave\n"

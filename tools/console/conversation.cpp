@@ -35,6 +35,13 @@ QString clockTime(const QString &timestamp)
                           : QStringLiteral("--:--");
 }
 
+QString onOneLine(const QString &text)
+{
+    constexpr qsizetype longest = 60;
+    const QString line = text.simplified();
+    return line.size() > longest ? line.left(longest - 1) + QChar(0x2026) : line;
+}
+
 QVariantMap mapAt(const QVariantMap &map, const QString &key)
 {
     return map.value(key).toMap();
@@ -54,7 +61,7 @@ QString pushedText(const QVariantMap &payload)
     }
     const QVariantMap sender = mapAt(message, QStringLiteral("sender"));
     return textAt(sender, QStringLiteral("name")) + QLatin1String(": ") +
-           textAt(message, QStringLiteral("content")).simplified();
+           onOneLine(textAt(message, QStringLiteral("content")));
 }
 
 } // namespace
@@ -74,13 +81,11 @@ QString messageText(const Terminal &terminal, const MessageDto &message)
 QString rowText(const Terminal &terminal, int number, const TicketPreviewDto &row)
 {
     const bool isUnread = !row.lastMessage.isRead && row.lastMessage.sender.type != words::customer;
-    QString preview = row.lastMessage.content.simplified();
-    if (preview.size() > 60)
-        preview = preview.left(59) + QChar(0x2026);
     return QStringLiteral("%1 %2  %3  %4: %5")
         .arg(isUnread ? QStringLiteral("●") : QStringLiteral(" "))
         .arg(number, 2)
-        .arg(terminal.styled("2", row.state), senderName(row.lastMessage.sender), preview);
+        .arg(terminal.styled("2", row.state), senderName(row.lastMessage.sender),
+             onOneLine(row.lastMessage.content));
 }
 
 QString pushText(const QVariantMap &payload, PresentationOptions options)

@@ -176,13 +176,13 @@ HttpServer::Awaited HttpServer::awaitEvent(const Event &event, int connection,
         {m_stop.descriptor(), POLLIN, 0},
     }};
     if (::poll(watched.data(), watched.size(), static_cast<int>(timeout.count())) <= 0)
-        return Awaited::timeout;
+        return Awaited::Timeout;
     if (watched[client].revents != 0 || watched[stop].revents != 0)
-        return Awaited::end;
+        return Awaited::End;
     while (event.take()) {
         // However often it was told, one look suffices.
     }
-    return Awaited::event;
+    return Awaited::News;
 }
 
 bool HttpServer::isStopping() const

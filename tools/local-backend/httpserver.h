@@ -38,7 +38,7 @@ public:
     /// From another thread than run()'s. Requests in flight are given a moment to finish.
     void shutDown();
 
-    enum class Awaited { event, timeout, end };
+    enum class Awaited { News, Timeout, End };
     /// For an answer that goes on: waits for the event, and takes all of it. The end is there when
     /// the client has gone or the server shuts down.
     Awaited awaitEvent(const Event &event, int connection, std::chrono::milliseconds timeout) const;

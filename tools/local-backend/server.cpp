@@ -329,12 +329,12 @@ bool Server::continuePushes(PushStream &pushes, const Surroundings &surroundings
         pushes.confirm(push->number);
     }
     switch (m_http.awaitEvent(pushes.news(), connection, heartbeat)) {
-    case HttpServer::Awaited::end:
+    case HttpServer::Awaited::End:
         sink.done();
         return true;
-    case HttpServer::Awaited::timeout:
+    case HttpServer::Awaited::Timeout:
         return write(sink, ":\n\n");
-    case HttpServer::Awaited::event:
+    case HttpServer::Awaited::News:
         break;
     }
     return true;
