@@ -7,16 +7,36 @@
 namespace tolvane::test {
 
 namespace {
+
 constexpr int patience = 20'000; // Sanitized programs on a busy machine.
+
+void startConsole(QProcess &process, const QString &configFolder, const QString &url,
+                  const QStringList &arguments)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
+    environment.insert(QStringLiteral("TOLVANE_API_URL"), url);
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(TOLVANE_CONSOLE), arguments);
 }
 
-BackendProgram::BackendProgram(const QString &folder)
+int exitStatus(QProcess &process, int longest)
+{
+    process.closeWriteChannel();
+    if (!process.waitForFinished(longest))
+        return -1;
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}
+
+} // namespace
+
+BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay)
 {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(QStringLiteral(TOLVANE_BACKEND),
                     {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--db"),
                      folder + QStringLiteral("/backend.sqlite"), QStringLiteral("--reply-delay"),
-                     QStringLiteral("0.2")});
+                     replyDelay});
     while (!m_process.canReadLine()) {
         if (!m_process.waitForReadyRead(patience))
             qFatal("The backend does not start");
@@ -32,11 +52,7 @@ BackendProgram::~BackendProgram()
 
 ConsoleProgram::ConsoleProgram(const QString &configFolder, const QString &url)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
-    environment.insert(QStringLiteral("TOLVANE_API_URL"), url);
-    m_process.setProcessEnvironment(environment);
-    m_process.start(QStringLiteral(TOLVANE_CONSOLE), {QStringLiteral("--json")});
+    startConsole(m_process, configFolder, url, {QStringLiteral("--json")});
 }
 
 void ConsoleProgram::send(const QByteArray &line)
@@ -81,10 +97,18 @@ QJsonObject ConsoleProgram::awaitEvent(const QString &event, const QString &name
 
 int ConsoleProgram::end()
 {
-    m_process.closeWriteChannel();
-    if (!m_process.waitForFinished(patience))
-        return -1;
-    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+    return exitStatus(m_process, patience);
+}
+
+std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QString &url,
+                                         const QByteArray &commands)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    startConsole(process, configFolder, url, {});
+    process.write(commands);
+    const int status = exitStatus(process, 3 * patience);
+    return {process.readAll(), status};
 }
 
 } // namespace tolvane::test

@@ -14,7 +14,8 @@ namespace tolvane::test {
 class BackendProgram
 {
 public:
-    explicit BackendProgram(const QString &folder);
+    explicit BackendProgram(const QString &folder,
+                            const QString &replyDelay = QStringLiteral("0.2"));
     ~BackendProgram();
 
     QString url() const { return m_url; }
@@ -48,5 +49,9 @@ private:
     QList<QJsonObject> m_unread;
     int m_lastId = 0;
 };
+
+/// What the console prints for people while it carries out the commands; with the exit status.
+std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QString &url,
+                                         const QByteArray &commands);
 
 } // namespace tolvane::test

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "eventstream.h"
 #include "program.h"
 
 #include <QtCore/QJsonArray>
@@ -8,6 +9,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace tolvane::test;
+using tolvane::console::EventStream;
 
 namespace {
 
@@ -107,6 +109,74 @@ private Q_SLOTS:
         QVERIFY(isOk(console.request(u"settings"_s))); // The session goes on.
         QCOMPARE(console.end(), 0);
         QCOMPARE(console.errors(), QByteArray());
+    }
+
+    void eventsOfAStream_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArrayList>("events");
+        QTest::addColumn<QByteArray>("lastId");
+        const auto row = [](const char *name, const QByteArray &bytes, const QByteArrayList &events,
+                            const char *lastId = "") {
+            QTest::newRow(name) << bytes << events << QByteArray(lastId);
+        };
+        row("LF", "id: 1\ndata: a\n\ndata: b\n\n", {"a", "b"}, "1");
+        row("CR LF", "id: 1\r\ndata: a\r\n\r\ndata: b\r\n\r\n", {"a", "b"}, "1");
+        row("CR", "id: 1\rdata: a\r\rdata: b\r\r", {"a", "b"}, "1");
+        row("several lines", "data: a\ndata:b:c\ndata\ndata:  d\n\n", {"a\nb:c\n\n d"});
+        row("comments and other fields", ":data: x\nevent: x\nretry: 1\n\ndata: a\n\n", {"a"});
+        row("byte order mark",
+            "\xEF\xBB\xBF"
+            "data: a\n\n",
+            {"a"});
+        row("id alone", "id: 7\n\n", {}, "7");
+        row("id is taken back", "id: 7\n\nid\n\n", {});
+        row("id with a zero", QByteArray("id: 7\n\nid: ?8\n\n").replace('?', '\0'), {}, "7");
+        row("cut short", "id: 7\ndata: a\n", {});
+        const QByteArray aLot(EventStream::longest / 2, 'x');
+        row("long line", "data: " + aLot + aLot + "\n\ndata: b\n\n", {"", "b"});
+        row("long event", "data: " + aLot + "\ndata: " + aLot + "\n\ndata: b\n\n", {"", "b"});
+    }
+
+    void eventsOfAStream()
+    {
+        QFETCH(const QByteArray, bytes);
+        EventStream whole;
+        QTEST(whole.read(bytes), "events");
+        QTEST(whole.lastId(), "lastId");
+        EventStream inPieces;
+        QByteArrayList events;
+        for (const char byte : bytes)
+            events += inPieces.read(QByteArray(1, byte));
+        QTEST(events, "events");
+    }
+
+    void pushesReachTheHost()
+    {
+        const QTemporaryDir folder;
+        const BackendProgram backend(folder.path(), u"1"_s); // Time to leave before the answer.
+        const auto [output, status] = sessionOutput(folder.path(), backend.url(), "push on\n");
+        QVERIFY(status == 1 && output.contains("not initialized"));
+        const auto [early, earlyStatus] =
+            sessionOutput(folder.path(), backend.url(), "init\npush on\ntap\n");
+        QVERIFY(earlyStatus == 1 && early.contains("No push has come"));
+        const auto [text, endStatus] = sessionOutput(
+            folder.path(), backend.url(),
+            "init\npush on\nnew\nsay a human, please\nwait push\nwait push\nsay my order\nleave\n"
+            "wait push\ntap\nlist\nopen 1\nsay thanks, bye\nwait push\nwait push\nwait closed\n"
+            "push off\n");
+        QCOMPARE(endStatus, 0);
+        qsizetype at = 0;
+        for (const char *next : {"push, sound: Maya Lindqvist: Hi, this is *Maya*.", "\u203A leave",
+                                 "push, sound and banner: Maya Lindqvist: I am asking the carrier",
+                                 "\u203A tap", "(the messenger would open here)", "\u203A open 1",
+                                 "push, sound: Maya Lindqvist: Glad that",
+                                 "push, sound: the conversation is closed"}) {
+            at = text.indexOf(next, at);
+            QVERIFY2(at >= 0, next + ("\n" + text));
+        }
+        // Once by push or by polling, and once when the conversation is opened again.
+        QCOMPARE(text.count("       Hi, this is *Maya*."), 2);
     }
 
     void composeTakesAllOrNothing()

@@ -46,10 +46,13 @@ struct RunningBackend
     explicit RunningBackend(const std::string &database = tolvane::backend::inMemory,
                             std::chrono::milliseconds replyDelay = std::chrono::hours(1),
                             const std::vector<std::string> &keys = {})
-        : store(tolvane::backend::openDatabase(database))
+        : store(tolvane::backend::openDatabase(database),
+                [this](const std::string &token, tolvane::backend::Push push) {
+                    pushes.send(token, std::move(push));
+                })
         , desk(store, {replyDelay, {}})
         , server({"127.0.0.1", 0, keys, 1 << 20}, tolvane::backend::loadSettings({}, {}), store,
-                 desk)
+                 desk, pushes)
     {
         server.bind();
         thread = std::jthread([this] { server.run(); });
@@ -57,6 +60,7 @@ struct RunningBackend
     ~RunningBackend() { server.shutDown(); }
     int port() const { return QUrl(QString::fromStdString(server.baseUrl())).port(); }
 
+    tolvane::backend::Pushes pushes;
     tolvane::backend::Store store;
     tolvane::backend::Desk desk;
     tolvane::backend::Server server;

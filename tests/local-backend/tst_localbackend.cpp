@@ -43,8 +43,10 @@ private Q_SLOTS:
     {
         for (const char *key : {"Bearer first%41", "bearer second"})
             check(200, "GET", "tickets", {}, {{"Authorization", key}});
-        for (const char *key : {"", "Bearer firstA", "Bearer firs", "Bearer ", "Basic second"})
-            check(401, "GET", "tickets", {}, {{"Authorization", key}});
+        for (const char *key : {"", "Bearer firstA", "Bearer firs", "Bearer ", "Basic second"}) {
+            for (const char *path : {"tickets", "push/feed"})
+                check(401, "GET", path, {}, {{"Authorization", key}});
+        }
         for (const std::string &id : {std::string(129, 'a'), std::string("\xC3\xBC")})
             check(400, "GET", "tickets", {}, {{"X-Tolvane-Customer", id}});
         const auto answered = [this](const std::string &id) {

@@ -2,10 +2,8 @@
 #include "commands.h"
 
 #include "attachments.h"
-#include "core/notifications.h"
 #include "core/persistentstore.h"
 #include "platform/await.h"
-#include "platform/platform.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "wireforms.h"
@@ -109,9 +107,7 @@ Reply open(Host &, Arguments)
 
 Reply setOpen(Host &, Arguments arguments)
 {
-    const QVariantMap userInfo = {{QStringLiteral("open"), arguments.boolean("open")}};
-    SdkData::shared(); // An interface that opens would have it by now.
-    platform().notificationCenter->post(notifications::didChangeState, userInfo);
+    Host::setOpen(arguments.boolean("open"));
     co_return {};
 }
 

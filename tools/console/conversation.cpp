@@ -5,6 +5,8 @@
 
 #include <QtCore/QDateTime>
 
+#include <map>
+
 namespace tolvane::console {
 
 namespace {
@@ -33,6 +35,35 @@ QString clockTime(const QString &timestamp)
                           : QStringLiteral("--:--");
 }
 
+QString onOneLine(const QString &text)
+{
+    constexpr qsizetype longest = 60;
+    const QString line = text.simplified();
+    return line.size() > longest ? line.left(longest - 1) + QChar(0x2026) : line;
+}
+
+QVariantMap mapAt(const QVariantMap &map, const QString &key)
+{
+    return map.value(key).toMap();
+}
+
+QString textAt(const QVariantMap &map, const QString &key)
+{
+    return map.value(key).toString();
+}
+
+QString pushedText(const QVariantMap &payload)
+{
+    const QVariantMap message = mapAt(payload, QStringLiteral("message"));
+    if (message.isEmpty()) {
+        const QVariantMap preview = mapAt(payload, QStringLiteral("ticketPreview"));
+        return QStringLiteral("the conversation is ") + textAt(preview, QStringLiteral("state"));
+    }
+    const QVariantMap sender = mapAt(message, QStringLiteral("sender"));
+    return textAt(sender, QStringLiteral("name")) + QLatin1String(": ") +
+           onOneLine(textAt(message, QStringLiteral("content")));
+}
+
 } // namespace
 
 QString messageText(const Terminal &terminal, const MessageDto &message)
@@ -50,13 +81,21 @@ QString messageText(const Terminal &terminal, const MessageDto &message)
 QString rowText(const Terminal &terminal, int number, const TicketPreviewDto &row)
 {
     const bool isUnread = !row.lastMessage.isRead && row.lastMessage.sender.type != words::customer;
-    QString preview = row.lastMessage.content.simplified();
-    if (preview.size() > 60)
-        preview = preview.left(59) + QChar(0x2026);
     return QStringLiteral("%1 %2  %3  %4: %5")
         .arg(isUnread ? QStringLiteral("●") : QStringLiteral(" "))
         .arg(number, 2)
-        .arg(terminal.styled("2", row.state), senderName(row.lastMessage.sender), preview);
+        .arg(terminal.styled("2", row.state), senderName(row.lastMessage.sender),
+             onOneLine(row.lastMessage.content));
+}
+
+QString pushText(const QVariantMap &payload, PresentationOptions options)
+{
+    static const std::map<PresentationOptions, QString> presentations = {
+        {PresentationOptions::none, QStringLiteral("not shown")},
+        {PresentationOptions::sound, QStringLiteral("sound")},
+        {PresentationOptions::soundAndBanner, QStringLiteral("sound and banner")},
+    };
+    return QStringLiteral("🔔 push, %1: %2").arg(presentations.at(options), pushedText(payload));
 }
 
 Conversation::Conversation(Terminal &terminal, std::shared_ptr<TicketData> ticket)

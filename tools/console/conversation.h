@@ -3,6 +3,8 @@
 
 #include "state/ticketdata.h"
 
+#include <tolvane/tolvane.h>
+
 #include <QtCore/QObject>
 #include <QtCore/QSet>
 
@@ -15,6 +17,9 @@ class Terminal;
 /// One message, or a row of the list, as lines for a person.
 QString messageText(const Terminal &terminal, const MessageDto &message);
 QString rowText(const Terminal &terminal, int number, const TicketPreviewDto &row);
+
+/// What has been pushed, and how it is to be shown, as a line for a person.
+QString pushText(const QVariantMap &payload, PresentationOptions options);
 
 /// Prints a conversation, and what changes in it as it changes.
 class Conversation final : public QObject

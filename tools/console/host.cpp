@@ -4,6 +4,7 @@
 #include "core/configuration.h"
 #include "core/notifications.h"
 #include "platform/platform.h"
+#include "state/sdkdata.h"
 
 #include <tolvane/tolvane.h>
 
@@ -76,6 +77,13 @@ Host::Host(Listener &listener)
 void Host::setAnalyticsDelegate(bool enabled)
 {
     Tolvane::setAnalyticsDelegate(enabled ? m_delegate : nullptr);
+}
+
+void Host::setOpen(bool open)
+{
+    SdkData::shared(); // An interface that opens would have it by now.
+    platform().notificationCenter->post(notifications::didChangeState,
+                                        QVariantMap{{QStringLiteral("open"), open}});
 }
 
 std::optional<TicketPreviewDto> Host::row(const QString &ticketId) const

@@ -41,6 +41,9 @@ public:
 
     void setAnalyticsDelegate(bool enabled);
 
+    /// Tells the library whether its interface is on show.
+    static void setOpen(bool open);
+
     const std::shared_ptr<TicketsData> &tickets() const { return m_tickets; }
 
     /// The row of a ticket in the list as it is now; absent when there is none.

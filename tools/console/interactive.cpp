@@ -28,6 +28,12 @@ struct InteractiveFace::Command
     QCoro::Task<> (InteractiveFace::*run)(QString);
 };
 
+struct InteractiveFace::Awaited
+{
+    const char *name;
+    bool (InteractiveFace::*hasCome)();
+};
+
 namespace {
 
 bool switchOn(const QString &onOff)
@@ -99,10 +105,14 @@ std::span<const InteractiveFace::Command> InteractiveFace::commands()
         Command{"list", "", "your conversations", true, &Face::list},
         Command{"open", "NUMBER", "opens one of the list", true, &Face::openTicket},
         Command{"new", "", "begins a new conversation", true, &Face::newTicket},
+        Command{"leave", "", "leaves the conversation", true, &Face::leave},
         Command{"say", "TEXT", "sends a message, with what is attached", true, &Face::say},
         Command{"attach", "PATH", "adds a file to the next message", true, &Face::attach},
         Command{"refresh", "", "fetches the conversation", true, &Face::refresh},
-        Command{"wait", "[closed]", "until an answer, or the end, has come", true, &Face::wait},
+        Command{"wait", "[closed|push]", "for an answer, the end or the next push", true,
+                &Face::wait},
+        Command{"push", "on|off", "pushes from the local backend", true, &Face::push},
+        Command{"tap", "", "taps the last push", true, &Face::tap},
         Command{"who", "[EMAIL [ID]]", "who you are, or tells the backend", true, &Face::who},
         Command{"log", "on|off", "the library's log lines", false, &Face::log},
         Command{"events", "on|off", "analytics events", false, &Face::events},
@@ -128,12 +138,20 @@ QCoro::Task<> InteractiveFace::run(QString line)
 
 void InteractiveFace::enter(int handle)
 {
-    if (m_handle)
-        m_host.close(*m_handle);
+    close();
     m_handle = handle;
     m_answered = false;
     m_conversation = std::make_unique<Conversation>(m_terminal, m_host.ticket(handle));
     QObject::connect(m_conversation.get(), &Conversation::answered, [this] { m_answered = true; });
+    Host::setOpen(true);
+}
+
+void InteractiveFace::close()
+{
+    m_conversation.reset();
+    if (m_handle)
+        m_host.close(*m_handle);
+    m_handle.reset();
 }
 
 Conversation &InteractiveFace::current() const
@@ -201,6 +219,14 @@ QCoro::Task<> InteractiveFace::newTicket(QString)
     co_return;
 }
 
+QCoro::Task<> InteractiveFace::leave(QString)
+{
+    current(); // Throws when there is none.
+    close();
+    Host::setOpen(false);
+    co_return;
+}
+
 QCoro::Task<> InteractiveFace::say(QString text)
 {
     TicketData &ticket = current().ticket();
@@ -230,17 +256,68 @@ QCoro::Task<> InteractiveFace::refresh(QString)
     co_await current().ticket().silentFetchTicket();
 }
 
+std::span<const InteractiveFace::Awaited> InteractiveFace::awaited()
+{
+    using Face = InteractiveFace;
+    static constexpr std::array table = {
+        Awaited{"", &Face::hasAnswer},
+        Awaited{"closed", &Face::hasEnd},
+        Awaited{"push", &Face::takePush},
+    };
+    return table;
+}
+
+bool InteractiveFace::hasAnswer()
+{
+    return m_answered;
+}
+
+bool InteractiveFace::hasEnd()
+{
+    return current().isClosed();
+}
+
+bool InteractiveFace::takePush()
+{
+    return m_newPushes > 0 && m_newPushes-- > 0;
+}
+
 QCoro::Task<> InteractiveFace::wait(QString what)
 {
-    const bool forEnd = what == QLatin1String("closed");
+    const auto wanted = std::ranges::find_if(
+        awaited(), [&what](const Awaited &entry) { return what == QLatin1String(entry.name); });
+    if (wanted == awaited().end())
+        throw CommandError(QStringLiteral("Say \"closed\", \"push\" or nothing"));
     constexpr int seconds = 30;
     for (int i = 0; i < seconds * 10; ++i) {
-        if (forEnd ? current().isClosed() : m_answered)
+        if ((this->*wanted->hasCome)())
             co_return;
         QFuture<void> pause = platform().clock->sleep(100ms, {});
         co_await settled(pause);
     }
     throw CommandError(QStringLiteral("Nothing came within %1 seconds").arg(seconds));
+}
+
+QCoro::Task<> InteractiveFace::push(QString onOff)
+{
+    const bool on = switchOn(onOff);
+    m_pushes.reset();
+    if (!on)
+        co_return;
+    m_pushes = registerDevice();
+    QObject::connect(m_pushes.get(), &PushChannel::pushed,
+                     [this](const QVariantMap &payload) { onPush(payload); });
+    QObject::connect(m_pushes.get(), &PushChannel::noted, [this](const QString &text) {
+        m_terminal.print(m_terminal.styled("2", text));
+    });
+}
+
+QCoro::Task<> InteractiveFace::tap(QString)
+{
+    if (!m_lastPush)
+        throw CommandError(QStringLiteral("No push has come; \"push on\" listens for them"));
+    Tolvane::handlePushNotification(*m_lastPush);
+    co_return;
 }
 
 QCoro::Task<> InteractiveFace::who(QString identity)
@@ -296,6 +373,14 @@ void InteractiveFace::onEvent(const TolvaneAnalyticsEvent &event)
 void InteractiveFace::onBroadcast(const QString &, const NotificationCenter::UserInfo &)
 {
     // The open conversation shows what it brings.
+}
+
+void InteractiveFace::onPush(const QVariantMap &payload)
+{
+    m_lastPush = payload;
+    ++m_newPushes;
+    const PresentationOptions options = Tolvane::willPresentNotification(payload);
+    m_terminal.print(m_terminal.styled("33", pushText(payload, options)));
 }
 
 void InteractiveFace::onPresentation()

@@ -3,6 +3,7 @@
 
 #include "conversation.h"
 #include "host.h"
+#include "pushchannel.h"
 #include "terminal.h"
 
 #include <QCoroTask>
@@ -35,7 +36,15 @@ private:
     QCoro::Task<> runQueue();
     QCoro::Task<> run(QString line);
     void enter(int handle);
+    void close();
     Conversation &current() const;
+    void onPush(const QVariantMap &payload);
+
+    struct Awaited;
+    static std::span<const Awaited> awaited();
+    bool hasAnswer();
+    bool hasEnd();
+    bool takePush();
 
     QCoro::Task<> help(QString);
     QCoro::Task<> init(QString key);
@@ -43,10 +52,13 @@ private:
     QCoro::Task<> list(QString);
     QCoro::Task<> openTicket(QString number);
     QCoro::Task<> newTicket(QString);
+    QCoro::Task<> leave(QString);
     QCoro::Task<> say(QString text);
     QCoro::Task<> attach(QString path);
     QCoro::Task<> refresh(QString);
     QCoro::Task<> wait(QString what);
+    QCoro::Task<> push(QString onOff);
+    QCoro::Task<> tap(QString);
     QCoro::Task<> who(QString identity);
     QCoro::Task<> log(QString onOff);
     QCoro::Task<> events(QString onOff);
@@ -56,6 +68,10 @@ private:
     Host m_host;
     std::unique_ptr<Conversation> m_conversation;
     std::optional<int> m_handle;
+    std::unique_ptr<PushChannel> m_pushes;
+    std::optional<QVariantMap> m_lastPush;
+    /// Pushes that no "wait" has taken note of.
+    int m_newPushes = 0;
     QStringList m_queue;
     bool m_isRunning = false;
     bool m_hasEnded = false;

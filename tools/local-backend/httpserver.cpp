@@ -134,7 +134,7 @@ bool HttpServer::process_and_close_socket(socket_t socket)
         const bool answered =
             process_request(stream, isLast, closed, [&](httplib::Request &request) {
                 endsHere = isLast || request.has_header("Transfer-Encoding");
-                prepare(request, stream.takeHead(), endsHere);
+                prepare(request, stream, stream.takeHead(), endsHere);
             });
         goesOn = answered && !closed && !endsHere;
     }
@@ -166,17 +166,38 @@ bool HttpServer::awaitRequest(SocketStream &stream) const
     return false;
 }
 
+HttpServer::Awaited HttpServer::awaitEvent(const Event &event, int connection,
+                                           std::chrono::milliseconds timeout) const
+{
+    enum Source { news, client, stop };
+    std::array<pollfd, 3> watched = {{
+        {event.descriptor(), POLLIN, 0},
+        {connection, POLLRDHUP, 0},
+        {m_stop.descriptor(), POLLIN, 0},
+    }};
+    if (::poll(watched.data(), watched.size(), static_cast<int>(timeout.count())) <= 0)
+        return Awaited::Timeout;
+    if (watched[client].revents != 0 || watched[stop].revents != 0)
+        return Awaited::End;
+    while (event.take()) {
+        // However often it was told, one look suffices.
+    }
+    return Awaited::News;
+}
+
 bool HttpServer::isStopping() const
 {
     pollfd event{m_stop.descriptor(), POLLIN, 0};
     return ::poll(&event, 1, 0) > 0;
 }
 
-void HttpServer::prepare(httplib::Request &request, std::string head, bool isLast) const
+void HttpServer::prepare(httplib::Request &request, const SocketStream &stream, std::string head,
+                         bool isLast) const
 {
     request.headers = headersOf(head);
     rename(request.headers, "Content-Type", bodyType);
     rename(request.headers, "Content-Encoding", bodyEncoding);
+    request.headers.emplace(connectionId, std::to_string(stream.socket()));
     // On one machine compressing costs more than it saves; httplib would do it at the highest
     // level.
     request.headers.erase("Accept-Encoding");

@@ -4,6 +4,7 @@
 #include "event.h"
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <httplib.h>
 #include <latch>
@@ -13,10 +14,14 @@
 
 namespace tolvane::backend {
 
+class SocketStream;
+
 /// Where a request's own Content-Type and Content-Encoding stand for the handlers; no client can
 /// send headers of these names.
 inline constexpr const char *bodyType = ":body-type";
 inline constexpr const char *bodyEncoding = ":body-encoding";
+/// Likewise, for awaitEvent().
+inline constexpr const char *connectionId = ":connection";
 
 /// httplib's server with its own care for connections: headers come as they were sent, bodies come
 /// raw, answers are not compressed, an idle connection costs no wake-ups, and none of them holds up
@@ -33,15 +38,21 @@ public:
     /// From another thread than run()'s. Requests in flight are given a moment to finish.
     void shutDown();
 
+    enum class Awaited { News, Timeout, End };
+    /// For an answer that goes on: waits for the event, and takes all of it. The end is there when
+    /// the client has gone or the server shuts down.
+    Awaited awaitEvent(const Event &event, int connection, std::chrono::milliseconds timeout) const;
+
 private:
     bool process_and_close_socket(socket_t socket) override;
     class Workers;
 
     /// Whether a request begins before the connection has been idle for too long, or has to make
     /// room for another.
-    bool awaitRequest(class SocketStream &stream) const;
+    bool awaitRequest(SocketStream &stream) const;
     bool isStopping() const;
-    void prepare(httplib::Request &request, std::string head, bool isLast) const;
+    void prepare(httplib::Request &request, const SocketStream &stream, std::string head,
+                 bool isLast) const;
 
     Event m_stop;
     Event m_crowd;

@@ -145,6 +145,19 @@ void write(Writer &writer, const Message &message, const Surroundings &surroundi
     writer.close('}');
 }
 
+void write(Writer &writer, const Preview &preview, const Surroundings &surroundings)
+{
+    writer.open('{');
+    writer.field("id", preview.id);
+    writer.field("state", nameOf(preview.state));
+    writer.key("lastMessage");
+    write(writer, preview.lastMessage, surroundings);
+    writer.close('}');
+}
+
+// Indexed by what a push holds.
+constexpr std::array<std::string_view, 2> pushKeys = {"message", "ticketPreview"};
+
 } // namespace
 
 std::string toJson(const Message &message, const Surroundings &surroundings)
@@ -176,15 +189,20 @@ std::string toJson(const std::vector<Preview> &previews, const Surroundings &sur
 {
     Writer writer;
     writer.open('[');
-    for (const Preview &preview : previews) {
-        writer.open('{');
-        writer.field("id", preview.id);
-        writer.field("state", nameOf(preview.state));
-        writer.key("lastMessage");
-        write(writer, preview.lastMessage, surroundings);
-        writer.close('}');
-    }
+    for (const Preview &preview : previews)
+        write(writer, preview, surroundings);
     writer.close(']');
+    return writer.take();
+}
+
+std::string toJson(const Push &push, const Surroundings &surroundings)
+{
+    Writer writer;
+    writer.open('{');
+    writer.field("source", "tolvane");
+    writer.key(pushKeys.at(push.index()));
+    std::visit([&](const auto &record) { write(writer, record, surroundings); }, push);
+    writer.close('}');
     return writer.take();
 }
 

@@ -21,6 +21,8 @@ struct Surroundings
 std::string toJson(const Message &message, const Surroundings &surroundings);
 std::string toJson(const Ticket &ticket, const Surroundings &surroundings);
 std::string toJson(const std::vector<Preview> &previews, const Surroundings &surroundings);
+/// The payload that the host gets.
+std::string toJson(const Push &push, const Surroundings &surroundings);
 std::string toJson(const std::map<std::string, std::string> &texts);
 
 } // namespace tolvane::backend

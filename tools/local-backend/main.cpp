@@ -2,6 +2,7 @@
 #include "desk.h"
 #include "errors.h"
 #include "options.h"
+#include "pushes.h"
 #include "schema.h"
 #include "server.h"
 #include "settings.h"
@@ -51,10 +52,13 @@ bool serveUntilSignal(Server &server, const sigset_t &signals)
 int run(const Options &options, const sigset_t &signals)
 {
     Settings settings = loadSettings(options.brandingPath, options.schedulesPath);
-    Store store(openDatabase(options.databasePath));
+    Pushes pushes;
+    Store store(openDatabase(options.databasePath), [&pushes](const std::string &token, Push push) {
+        pushes.send(token, std::move(push));
+    });
     Desk desk(store, {options.replyDelay, settings.openingHours});
     Server server({options.host, options.port, options.keys, options.maxBody}, std::move(settings),
-                  store, desk);
+                  store, desk, pushes);
     server.bind();
     std::printf("listening on %s\n", server.baseUrl().c_str());
     std::fflush(stdout);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace tolvane::backend {
@@ -78,6 +79,9 @@ struct Preview
     State state = State::Open;
     Message lastMessage;
 };
+
+/// What a customer's device is told: a message of an agent's, or a ticket whose state has changed.
+using Push = std::variant<Message, Preview>;
 
 struct StoredFile
 {

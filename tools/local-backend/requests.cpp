@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 
 namespace tolvane::backend {
 
@@ -108,6 +109,15 @@ std::optional<std::string> queryItem(const httplib::Request &request, std::strin
             return percentDecoded(item.substr(std::min(equals + 1, item.size())));
     }
     return std::nullopt;
+}
+
+std::optional<std::uint64_t> lastPushOf(const httplib::Request &request)
+{
+    const std::string text = request.get_header_value("Last-Event-ID");
+    std::uint64_t number = 0;
+    const char *const end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && parsed == end ? std::optional(number) : std::nullopt;
 }
 
 std::string hostOf(const httplib::Request &request, const std::string &otherwise)

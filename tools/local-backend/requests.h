@@ -16,6 +16,9 @@ std::string customerOf(const httplib::Request &request);
 /// The text of the query's item, which may lack a value; absent when there is no such item.
 std::optional<std::string> queryItem(const httplib::Request &request, std::string_view name);
 
+/// The number of the last push that the client has; absent when it tells none.
+std::optional<std::uint64_t> lastPushOf(const httplib::Request &request);
+
 /// The "Host" header when it can stand in an address, else the other one.
 std::string hostOf(const httplib::Request &request, const std::string &otherwise);
 

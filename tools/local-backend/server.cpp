@@ -16,6 +16,9 @@ constexpr const char *json = "application/json";
 constexpr std::string_view prefix = "/api/";
 constexpr const char *forever = "public, max-age=31536000, immutable";
 
+// How often a stream without news shows that it is still there.
+constexpr std::chrono::seconds heartbeat{15};
+
 std::string baseUrlOn(const std::string &authority)
 {
     return "http://" + authority + "/api";
@@ -46,6 +49,11 @@ bool matches(const Path &path, std::string_view pattern)
                       });
 }
 
+bool write(httplib::DataSink &sink, const std::string &text)
+{
+    return sink.write(text.data(), text.size());
+}
+
 // HEAD is GET whose body httplib keeps back.
 std::string_view methodOf(const httplib::Request &request)
 {
@@ -66,32 +74,37 @@ struct Server::Call
     void answer(const std::string &text) const { response.set_content(text, json); }
 };
 
+// Addresses that stand in messages are fetched without a key, and by nobody in particular; a device
+// may be any customer's.
+enum class Access { Public, Key, Customer };
+
 struct Server::Route
 {
     std::string_view method;
     std::string_view pattern;
-    /// Addresses that stand in messages are fetched without a key, and by nobody in particular.
-    bool isPublic;
+    Access access;
     void (Server::*handler)(Call &) const;
 };
 
 const std::vector<Server::Route> Server::routes = {
-    {"GET", "settings", false, &Server::getSettings},
-    {"POST", "ticket/create", false, &Server::createTicket},
-    {"POST", "ticket/*", false, &Server::postMessage},
-    {"GET", "ticket/*", false, &Server::getTicket},
-    {"GET", "tickets", false, &Server::getTickets},
-    {"POST", "customer/update", false, &Server::updateCustomer},
-    {"POST", "customer/device/update", false, &Server::updateDevice},
-    {"GET", "attachments/*/*", true, &Server::getAttachment},
-    {"GET", "agents/maya.png", true, &Server::getPortrait},
+    {"GET", "settings", Access::Customer, &Server::getSettings},
+    {"POST", "ticket/create", Access::Customer, &Server::createTicket},
+    {"POST", "ticket/*", Access::Customer, &Server::postMessage},
+    {"GET", "ticket/*", Access::Customer, &Server::getTicket},
+    {"GET", "tickets", Access::Customer, &Server::getTickets},
+    {"POST", "customer/update", Access::Customer, &Server::updateCustomer},
+    {"POST", "customer/device/update", Access::Customer, &Server::updateDevice},
+    {"GET", "attachments/*/*", Access::Public, &Server::getAttachment},
+    {"GET", "agents/maya.png", Access::Public, &Server::getPortrait},
+    {"GET", "push/*", Access::Key, &Server::getPushes},
 };
 
-Server::Server(Setup setup, Settings settings, Store &store, Desk &desk)
+Server::Server(Setup setup, Settings settings, Store &store, Desk &desk, Pushes &pushes)
     : m_setup(std::move(setup))
     , m_settings(std::move(settings))
     , m_store(store)
     , m_desk(desk)
+    , m_pushes(pushes)
 {
     installHandlers();
 }
@@ -176,8 +189,9 @@ void Server::dispatch(const httplib::Request &request, httplib::Response &respon
 {
     Call call{request, response, body, pathOf(request), {}};
     const Route &route = routeOf(call);
-    if (!route.isPublic) {
+    if (route.access != Access::Public)
         authorise(request);
+    if (route.access == Access::Customer) {
         call.customer = customerOf(request);
         response.set_header(customerHeader, call.customer);
     }
@@ -289,6 +303,41 @@ void Server::getAttachment(Call &call) const
 void Server::getPortrait(Call &call) const
 {
     call.response.set_content(m_settings.portrait, "image/png");
+}
+
+void Server::getPushes(Call &call) const
+{
+    const auto pushes =
+        std::make_shared<PushStream>(m_pushes, call.component(1), lastPushOf(call.request));
+    const int connection = std::stoi(call.request.get_header_value(connectionId));
+    call.response.set_header("Cache-Control", "no-store");
+    call.response.set_chunked_content_provider(
+        "text/event-stream", [this, pushes, connection, around = surroundings(call.request)](
+                                 std::size_t, httplib::DataSink &sink) {
+            return continuePushes(*pushes, around, connection, sink);
+        });
+}
+
+bool Server::continuePushes(PushStream &pushes, const Surroundings &surroundings, int connection,
+                            httplib::DataSink &sink) const
+{
+    while (const std::optional<NumberedPush> push = pushes.next()) {
+        const std::string event = "id: " + std::to_string(push->number) +
+                                  "\ndata: " + toJson(push->push, surroundings) + "\n\n";
+        if (!write(sink, event))
+            return false;
+        pushes.confirm(push->number);
+    }
+    switch (m_http.awaitEvent(pushes.news(), connection, heartbeat)) {
+    case HttpServer::Awaited::End:
+        sink.done();
+        return true;
+    case HttpServer::Awaited::Timeout:
+        return write(sink, ":\n\n");
+    case HttpServer::Awaited::News:
+        break;
+    }
+    return true;
 }
 
 } // namespace tolvane::backend

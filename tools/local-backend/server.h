@@ -4,6 +4,7 @@
 #include "desk.h"
 #include "httpserver.h"
 #include "json.h"
+#include "pushes.h"
 #include "settings.h"
 #include "store.h"
 
@@ -25,7 +26,7 @@ public:
         std::size_t maxBody = std::size_t(64) << 20;
     };
 
-    Server(Setup setup, Settings settings, Store &store, Desk &desk);
+    Server(Setup setup, Settings settings, Store &store, Desk &desk, Pushes &pushes);
 
     /// Throws a StartError when the address cannot be had. Requests wait from then on.
     void bind();
@@ -60,11 +61,16 @@ private:
     void updateDevice(Call &call) const;
     void getAttachment(Call &call) const;
     void getPortrait(Call &call) const;
+    void getPushes(Call &call) const;
+    /// Writes the pushes there are, and waits for the next. False when the client takes no more.
+    bool continuePushes(PushStream &pushes, const Surroundings &surroundings, int connection,
+                        httplib::DataSink &sink) const;
 
     const Setup m_setup;
     const Settings m_settings;
     Store &m_store;
     Desk &m_desk;
+    Pushes &m_pushes;
     HttpServer m_http;
     int m_port = 0;
 };

@@ -38,8 +38,9 @@ void addAttachmentAt(const Statement &row, Message &message)
 
 } // namespace
 
-Store::Store(Database database)
+Store::Store(Database database, Announce announce)
     : m_database(std::move(database))
+    , m_announce(std::move(announce))
 {
 }
 
@@ -81,8 +82,10 @@ std::optional<Message> Store::addMessage(const std::string &customer, const std:
     if (!hasTicket(customer, ticketId))
         return std::nullopt;
     Message added = insertCustomerMessage(customer, ticketId, message, answerDue);
-    m_database.run("UPDATE tickets SET state = ? WHERE id = ?", nameOf(State::Open), ticketId);
-    transaction.commit();
+    std::vector<Push> pushes;
+    if (changeState(ticketId, State::Open))
+        pushes.emplace_back(Preview{ticketId, State::Open, added});
+    commit(transaction, ticketId, std::move(pushes));
     return added;
 }
 
@@ -178,6 +181,27 @@ Message Store::insertCustomerMessage(const std::string &customer, const std::str
     insertUploads(seq, inserted, message.uploads);
     owe(ReplyKind::Answer, seq, answerDue);
     return inserted;
+}
+
+bool Store::changeState(const std::string &ticketId, State state)
+{
+    return m_database.run("UPDATE tickets SET state = ?2 WHERE id = ?1 AND state <> ?2", ticketId,
+                          nameOf(state)) > 0;
+}
+
+void Store::commit(Transaction &transaction, const std::string &ticketId, std::vector<Push> pushes)
+{
+    std::string token;
+    if (Statement row = m_database.query("SELECT c.device_token FROM tickets t"
+                                         " JOIN customers c ON c.id = t.customer_id WHERE t.id = ?",
+                                         ticketId);
+        row.step())
+        token = row.text(0);
+    transaction.commit();
+    if (token.empty())
+        return;
+    for (Push &push : pushes)
+        m_announce(token, std::move(push));
 }
 
 void Store::ensureCustomer(const std::string &customer)

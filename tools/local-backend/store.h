@@ -44,7 +44,12 @@ struct Settlement
 class Store
 {
 public:
-    explicit Store(Database database);
+    using Announce = std::function<void(const std::string &deviceToken, Push push)>;
+
+    /// `announce` hears of what is to be pushed once that is committed, in the order of the
+    /// commits, and must not call back.
+    explicit Store(
+        Database database, Announce announce = [](const std::string &, const Push &) {});
 
     void updateCustomer(const std::string &customer, const CustomerUpdate &update);
 
@@ -67,11 +72,15 @@ public:
 
 private:
     std::optional<PendingReply> nextReply();
-    void give(const PendingReply &reply, const Settlement &settlement);
+    std::vector<Push> give(const PendingReply &reply, const Settlement &settlement);
     std::int64_t insertMessage(Message &message);
     void insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads);
     Message insertCustomerMessage(const std::string &customer, const std::string &ticketId,
                                   const NewMessage &message, Instant answerDue);
+    /// Whether it was in another state before.
+    bool changeState(const std::string &ticketId, State state);
+    /// Commits, then tells the customer's device, if they have one.
+    void commit(Transaction &transaction, const std::string &ticketId, std::vector<Push> pushes);
     void owe(ReplyKind kind, std::int64_t messageSeq, Instant due);
     void ensureCustomer(const std::string &customer);
     bool hasTicket(const std::string &customer, const std::string &ticketId);
@@ -79,6 +88,7 @@ private:
 
     std::mutex m_mutex;
     Database m_database;
+    const Announce m_announce;
 };
 
 } // namespace tolvane::backend

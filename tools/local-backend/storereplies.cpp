@@ -27,8 +27,7 @@ Store::giveDueReply(const std::function<Settlement(const PendingReply &)> &settl
     if (!reply)
         return std::nullopt;
     if (reply->due <= now()) {
-        give(*reply, settle(*reply));
-        transaction.commit();
+        commit(transaction, reply->ticketId, give(*reply, settle(*reply)));
     }
     return reply->due;
 }
@@ -58,7 +57,7 @@ std::optional<PendingReply> Store::nextReply()
     return reply;
 }
 
-void Store::give(const PendingReply &reply, const Settlement &settlement)
+std::vector<Push> Store::give(const PendingReply &reply, const Settlement &settlement)
 {
     m_database.run("DELETE FROM replies WHERE id = ?", reply.id);
     Message message;
@@ -69,11 +68,12 @@ void Store::give(const PendingReply &reply, const Settlement &settlement)
     if (settlement.newAssignee)
         m_database.run("UPDATE tickets SET assignee = ? WHERE id = ?",
                        nameOf(*settlement.newAssignee), reply.ticketId);
-    if (settlement.closes)
-        m_database.run("UPDATE tickets SET state = ? WHERE id = ?", nameOf(State::Closed),
-                       reply.ticketId);
     if (settlement.introductionDue)
         owe(ReplyKind::Introduction, reply.messageSeq, *settlement.introductionDue);
+    std::vector<Push> pushes = {message};
+    if (settlement.closes && changeState(reply.ticketId, State::Closed))
+        pushes.emplace_back(Preview{reply.ticketId, State::Closed, message});
+    return pushes;
 }
 
 void Store::owe(ReplyKind kind, std::int64_t messageSeq, Instant due)

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+// What is pushed to a customer's device, and how a host that listens gets it.
+#include "runningbackend.h"
+
+#include <QtNetwork/QTcpSocket>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace std::literals;
+using namespace tolvane::backend;
+
+#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
+
+/// A host's connection to the stream. Each event and each heartbeat comes whole.
+class Listening
+{
+public:
+    Listening(const RunningBackend &backend, const QByteArray &token, const QByteArray &last = {})
+    {
+        m_socket.connectToHost(u"127.0.0.1"_s, quint16(backend.port()));
+        m_socket.write("GET /api/push/" + token +
+                       " HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(backend.port()) +
+                       "\r\nLast-Event-ID: " + last + "\r\n\r\n");
+    }
+
+    const QByteArray &received() { return m_received += m_socket.readAll(); }
+
+    /// What stands behind the name in the lines that begin with it.
+    QByteArrayList lines(const QByteArray &name)
+    {
+        QByteArrayList found;
+        for (const QByteArray &line : received().split('\n')) {
+            if (line.startsWith(name))
+                found += line.mid(name.size()).trimmed();
+        }
+        return found;
+    }
+
+    /// The contents of the messages by themselves, the states of the tickets.
+    QByteArray digest()
+    {
+        QByteArray text;
+        for (const QJsonObject &payload : payloads()) {
+            text += payload["message"_L1]["content"_L1].toString().toUtf8();
+            text += payload["ticketPreview"_L1]["state"_L1].toString().toUtf8();
+        }
+        return text;
+    }
+
+    QList<QJsonObject> payloads()
+    {
+        QList<QJsonObject> payloads;
+        for (const QByteArray &data : lines("data: "))
+            payloads += QJsonDocument::fromJson(data).object();
+        return payloads;
+    }
+
+private:
+    QTcpSocket m_socket;
+    QByteArray m_received;
+};
+
+namespace {
+
+void registerDevice(Customer &customer, const std::string &token)
+{
+    customer.send("POST", "/api/customer/device/update", "{\"deviceToken\":\"" + token + "\"}");
+}
+
+Push messageOf(const std::string &content)
+{
+    Message message;
+    message.content = content;
+    return message;
+}
+
+} // namespace
+
+class PushesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void agentsAndStatesArePushedToTheirCustomer()
+    {
+        const RunningBackend backend(inMemory, 5ms);
+        Customer ada(backend.port());
+        Customer bob(backend.port(), "bob");
+        registerDevice(ada, "feed");
+        registerDevice(bob, "beef");
+        Customer(backend.port(), "without a device").open();
+        Listening host(backend, "feed");
+        Listening other(backend, "feed");
+        Listening bobs(backend, "beef");
+        for (Listening *each : {&host, &other, &bobs})
+            QTRY_VERIFY_WITH_TIMEOUT(each->received().contains("\r\n\r\n"), patience);
+        const auto last = [&] { return ada.tickets()[0].toObject(); };
+        const auto message = [](const QJsonObject &preview) {
+            return QJsonObject{{u"source"_s, u"tolvane"_s},
+                               {u"message"_s, preview["lastMessage"_L1]}};
+        };
+        const auto pushed = [&](qsizetype place) { return host.payloads().value(place); };
+
+        const std::string path = ada.open();
+        TRY_COMPARE(host.payloads().size(), 1);
+        QCOMPARE(pushed(0), message(last()));
+        ada.write(path, "a human, please");
+        TRY_COMPARE(host.payloads().size(), 3);
+        QCOMPARE(pushed(2), message(last())); // With a portrait.
+        ada.write(path, "thanks");
+        TRY_COMPARE(host.payloads().size(), 5);
+        QCOMPARE(pushed(3), message(last()));
+        QCOMPARE(pushed(4),
+                 (QJsonObject{{u"source"_s, u"tolvane"_s}, {u"ticketPreview"_s, last()}}));
+        ada.write(path, "one more thing");
+        TRY_COMPARE(host.payloads().size(), 7);
+        const QJsonObject reopened = pushed(5)["ticketPreview"_L1].toObject();
+        QCOMPARE(reopened["state"_L1], u"open"_s);
+        QCOMPARE(reopened["lastMessage"_L1]["content"_L1], u"one more thing"_s);
+        QCOMPARE(reopened["lastMessage"_L1]["sender"_L1]["id"_L1], u"ada"_s);
+
+        TRY_COMPARE(other.payloads(), host.payloads());
+        bob.open();
+        TRY_COMPARE(bobs.payloads().size(), 1);
+        QVERIFY(bobs.payloads()[0]["message"_L1]["ticketId"_L1] != last()["id"_L1]);
+        QVERIFY(host.received().contains("Content-Type: text/event-stream\r\n"));
+        QVERIFY(host.received().contains("Cache-Control: no-store\r\n"));
+        QVERIFY(!host.received().contains("X-Tolvane-Customer"));
+    }
+
+    void nothingIsMissedOrPushedTwice()
+    {
+        RunningBackend backend;
+        const auto push = [&](const char *content) {
+            backend.pushes.send("feed", messageOf(content));
+        };
+        push("a");
+        push("b");
+        QByteArrayList ids;
+        {
+            Listening first(backend, "feed");
+            TRY_COMPARE(first.digest(), "ab");
+            ids = first.lines("id: ");
+        }
+        push("c");
+        Listening second(backend, "feed"); // After a while away, and without an id.
+        TRY_COMPARE(second.digest(), "c");
+        std::vector<std::pair<QByteArray, QByteArray>> expected = {
+            {ids[0], "bcd"}, {"junk", "d"}, {"18446744073709551615", "d"}, {"0", "abcd"}};
+        std::vector<std::unique_ptr<Listening>> hosts;
+        for (const auto &[last, digest] : expected) {
+            hosts.push_back(std::make_unique<Listening>(backend, "feed", last));
+            TRY_COMPARE(hosts.back()->digest() + 'd', digest);
+            QTRY_VERIFY(hosts.back()->received().contains("\r\n\r\n"));
+        }
+        push("d");
+        for (std::size_t i = 0; i < hosts.size(); ++i)
+            TRY_COMPARE(hosts[i]->digest(), expected[i].second);
+        // The numbers of a backend that runs later are greater.
+        Pushes later;
+        later.send("feed", messageOf("e"));
+        QVERIFY(PushStream(later, "feed", ids[1].toULongLong()).next());
+    }
+
+    void whatIsKeptIsBounded()
+    {
+        Pushes pushes;
+        PushStream kept(pushes, "kept", {});
+        pushes.send("oldest", messageOf("x"));
+        for (int i = 0; i < 300; ++i)
+            pushes.send(std::to_string(i), messageOf("x"));
+        QVERIFY(!PushStream(pushes, "oldest", {}).next());
+        QVERIFY(PushStream(pushes, "299", {}).next());
+        for (int i = 0; i < 150; ++i)
+            pushes.send("kept", messageOf(std::to_string(i)));
+        pushes.send("kept", messageOf(std::string(1 << 20, 'x')));
+        std::string contents;
+        while (const auto push = kept.next()) {
+            contents += std::get<Message>(push->push).content + ' ';
+            kept.confirm(push->number);
+        }
+        QVERIFY(contents.starts_with("50 51 ") && contents.ends_with(" 148 149 "));
+    }
+
+    void hostsComeAndGoAndHoldNothingUp()
+    {
+        auto backend = std::make_unique<RunningBackend>();
+        std::vector<std::unique_ptr<Listening>> hosts;
+        const auto join = [&] {
+            hosts.push_back(std::make_unique<Listening>(*backend, "feed"));
+            const auto isAnswered = [&] { return !hosts.back()->received().isEmpty(); };
+            return QTest::qWaitFor(isAnswered, patience) &&
+                   hosts.back()->received().startsWith("HTTP/1.1 200");
+        };
+        // More than may listen at once, one after the other.
+        for (int i = 0; i < 100; ++i, hosts.clear())
+            QVERIFY(QTest::qWaitFor(join, patience));
+        for (int i = 0; i < 32; ++i)
+            QVERIFY(QTest::qWaitFor(join, patience));
+        QVERIFY(!join());
+        QVERIFY(hosts.back()->received().startsWith("HTTP/1.1 503"));
+        QCOMPARE(Customer(backend->port()).get("/api/tickets").status, 200);
+
+        backend.reset();
+        // Each was told the end, and not cut off.
+        hosts.pop_back();
+        for (const auto &host : hosts)
+            TRY_COMPARE(host->received().last(5), "0\r\n\r\n");
+    }
+};
+
+QTEST_GUILESS_MAIN(PushesTest)
+#include "tst_pushes.moc"

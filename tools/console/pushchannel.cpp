@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "pushchannel.h"
+
+#include "attachments.h"
+#include "core/configuration.h"
+#include "platform/platform.h"
+
+#include <tolvane/tolvane.h>
+
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QRandomGenerator>
+#include <QtNetwork/QNetworkReply>
+
+#include <array>
+
+namespace tolvane::console {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto pauseBetweenTries = 1s;
+// The service lets hear of itself every fifteen seconds.
+constexpr std::chrono::milliseconds longestSilence = 45s;
+
+} // namespace
+
+PushChannel::PushChannel(const QUrl &url, const QString &key)
+    : m_request(url)
+{
+    m_request.setRawHeader("Authorization", "Bearer " + key.toUtf8());
+    m_request.setRawHeader("Accept", "text/event-stream");
+    m_request.setTransferTimeout(static_cast<int>(longestSilence.count()));
+    m_pause.setSingleShot(true);
+    connect(&m_pause, &QTimer::timeout, this, &PushChannel::open);
+    open();
+}
+
+PushChannel::~PushChannel()
+{
+    if (m_reply)
+        m_reply->disconnect(this);
+}
+
+void PushChannel::open()
+{
+    m_stream = EventStream(m_stream.lastId());
+    if (!m_stream.lastId().isEmpty())
+        m_request.setRawHeader("Last-Event-ID", m_stream.lastId());
+    m_reply = m_network.get(m_request);
+    connect(m_reply, &QNetworkReply::readyRead, this, &PushChannel::read);
+    connect(m_reply, &QNetworkReply::finished, this, &PushChannel::reopen);
+}
+
+void PushChannel::read()
+{
+    if (m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() != 200)
+        return;
+    m_isDown = false;
+    const QList<QByteArray> events = m_stream.read(m_reply->readAll());
+    for (const QByteArray &event : events)
+        deliver(event);
+}
+
+void PushChannel::deliver(const QByteArray &event)
+{
+    const QJsonDocument payload = QJsonDocument::fromJson(event);
+    if (payload.isObject())
+        Q_EMIT pushed(payload.object().toVariantMap());
+    else
+        Q_EMIT noted(QStringLiteral("A push that nobody can read was skipped"));
+}
+
+void PushChannel::reopen()
+{
+    const bool isBroken = m_reply->error() != QNetworkReply::NoError;
+    // Said once for all the tries until it is there again.
+    if (isBroken && !m_isDown) {
+        Q_EMIT noted(QStringLiteral("The push service is away (%1); trying again")
+                         .arg(m_reply->errorString()));
+    }
+    m_isDown = isBroken;
+    m_reply->deleteLater();
+    m_reply = nullptr;
+    m_pause.start(pauseBetweenTries);
+}
+
+std::unique_ptr<PushChannel> registerDevice()
+{
+    const auto backend = platform().environmentVariable("TOLVANE_API_URL");
+    if (!backend)
+        throw CommandError(
+            QStringLiteral("Only a local backend pushes to here: name one in TOLVANE_API_URL"));
+    std::array<quint32, 8> random{};
+    QRandomGenerator::system()->fillRange(random.data(), random.size());
+    const QByteArray token(reinterpret_cast<const char *>(random.data()), sizeof(random));
+    Tolvane::setDeviceToken(token);
+    return std::make_unique<PushChannel>(
+        QUrl(*backend + QStringLiteral("/push/") + QString::fromLatin1(token.toHex())),
+        Configuration::shared().apiKey().value_or(QString()));
+}
+
+} // namespace tolvane::console

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "pushes.h"
+
+#include "errors.h"
+#include "text.h"
+
+#include <algorithm>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::size_t longestBacklog = 100;
+constexpr std::size_t mostDevices = 256;
+constexpr std::size_t heaviest = 16'384;
+
+// A stream keeps a worker of the server; most of them have to be left for requests.
+constexpr std::size_t mostStreams = 32;
+
+const Message &messageIn(const Push &push)
+{
+    const auto *const preview = std::get_if<Preview>(&push);
+    return preview ? preview->lastMessage : std::get<Message>(push);
+}
+
+std::size_t weightOf(const Push &push)
+{
+    const Message &message = messageIn(push);
+    std::size_t weight = message.content.size();
+    for (const std::string &attachment : message.attachments)
+        weight += attachment.size();
+    return weight;
+}
+
+} // namespace
+
+// A host that comes back to a backend that was started anew knows the numbers of the one before:
+// they go on from the time, which is ahead of any count.
+Pushes::Pushes()
+    : m_lastNumber(static_cast<std::uint64_t>(now()))
+{
+}
+
+void Pushes::send(const std::string &token, Push push)
+{
+    if (token.size() + weightOf(push) > heaviest)
+        return;
+    const std::lock_guard lock(m_mutex);
+    Device &device = deviceOf(token);
+    device.backlog.push_back({++m_lastNumber, std::move(push)});
+    if (device.backlog.size() > longestBacklog)
+        device.backlog.pop_front();
+    for (const PushStream *stream : device.streams)
+        stream->m_news.add();
+}
+
+Pushes::Device &Pushes::deviceOf(const std::string &token)
+{
+    const auto known = m_devices.find(token);
+    if (known != m_devices.end())
+        return known->second;
+    if (m_devices.size() >= mostDevices)
+        makeRoom();
+    return m_devices[token];
+}
+
+// Streams are fewer than devices, so that one of those that nobody listens for can go: the one with
+// the oldest news, which is 0 where there are none.
+void Pushes::makeRoom()
+{
+    const auto rank = [](const auto &entry) {
+        const Device &device = entry.second;
+        return std::pair(!device.streams.empty(),
+                         device.backlog.empty() ? 0 : device.backlog.back().number);
+    };
+    m_devices.erase(std::min_element(
+        m_devices.begin(), m_devices.end(),
+        [&rank](const auto &left, const auto &right) { return rank(left) < rank(right); }));
+}
+
+PushStream::PushStream(Pushes &pushes, std::string token, std::optional<std::uint64_t> last)
+    : m_pushes(pushes)
+    , m_token(std::move(token))
+{
+    const std::lock_guard lock(m_pushes.m_mutex);
+    if (m_pushes.m_streamCount >= mostStreams)
+        throw Refusal(503, "too many listen for pushes");
+    ++m_pushes.m_streamCount;
+    Pushes::Device &device = m_pushes.deviceOf(m_token);
+    device.streams.insert(this);
+    // A number that is yet to come would hide what comes until then.
+    m_last = std::min(last.value_or(device.delivered), m_pushes.m_lastNumber);
+}
+
+PushStream::~PushStream()
+{
+    const std::lock_guard lock(m_pushes.m_mutex);
+    --m_pushes.m_streamCount;
+    m_pushes.deviceOf(m_token).streams.erase(this);
+}
+
+std::optional<NumberedPush> PushStream::next() const
+{
+    const std::lock_guard lock(m_pushes.m_mutex);
+    const auto &backlog = m_pushes.deviceOf(m_token).backlog;
+    const auto found = std::upper_bound(
+        backlog.begin(), backlog.end(), m_last,
+        [](std::uint64_t number, const auto &push) { return number < push.number; });
+    return found == backlog.end() ? std::nullopt : std::optional(*found);
+}
+
+void PushStream::confirm(std::uint64_t number)
+{
+    const std::lock_guard lock(m_pushes.m_mutex);
+    m_last = number;
+    std::uint64_t &delivered = m_pushes.deviceOf(m_token).delivered;
+    delivered = std::max(delivered, number);
+}
+
+} // namespace tolvane::backend
