@@ -11,3 +11,12 @@
 #else
 #define TOLVANE_EXPORT Q_DECL_IMPORT
 #endif
+
+/// The same, for what is in the library of views.
+#if defined(TOLVANE_CORE_STATIC)
+#define TOLVANE_VIEWS_EXPORT
+#elif defined(TOLVANE_BUILDING_VIEWS)
+#define TOLVANE_VIEWS_EXPORT Q_DECL_EXPORT
+#else
+#define TOLVANE_VIEWS_EXPORT Q_DECL_IMPORT
+#endif

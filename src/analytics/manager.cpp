@@ -50,7 +50,11 @@ std::shared_ptr<TolvaneAnalyticsDelegate> TolvaneAnalyticsManager::delegate() co
 
 void TolvaneAnalyticsManager::track(const QString &name, QVariantMap properties)
 {
-    if (!m_isEnabled)
+    // Held for the call: the delegate may let go of itself in it.
+    const auto receiver = delegate();
+    const bool isLogged = Logger::shared().isEnabled();
+    // Making an event takes a look at the disk; there has to be somebody who hears of it.
+    if (!m_isEnabled || (!receiver && !isLogged))
         return;
     properties.insert(Keys::deviceModel, platform().device->model());
     properties.insert(Keys::osVersion, platform().device->systemVersion());
@@ -58,11 +62,12 @@ void TolvaneAnalyticsManager::track(const QString &name, QVariantMap properties)
                                       persistentstore::customerId(),
                                       persistentstore::customerOriginalId(),
                                       Tolvane::rawValue(Configuration::shared().environment()));
-    Logger::shared().log(LogLevel::info, QStringLiteral("Analytics event: ") + name +
-                                             QStringLiteral(" with properties: ") +
-                                             json::text(properties));
-    // Held for the call: the delegate may let go of itself in it.
-    if (const auto receiver = delegate())
+    if (isLogged) {
+        Logger::shared().log(LogLevel::info, QStringLiteral("Analytics event: ") + name +
+                                                 QStringLiteral(" with properties: ") +
+                                                 json::text(properties));
+    }
+    if (receiver)
         guarded("the analytics delegate", [&] { receiver->didReceiveEvent(event); });
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/privateexport.h"
+
 #include <tolvane/analytics.h>
 #include <tolvane/error.h>
 
@@ -14,7 +16,7 @@ namespace tolvane {
 
 /// The one place through which all events go: adds their context, logs them and hands them to the
 /// host's delegate, on the caller's thread. An event without a delegate is gone.
-class TolvaneAnalyticsManager
+class TOLVANE_PRIVATE_EXPORT TolvaneAnalyticsManager
 {
 public:
     static TolvaneAnalyticsManager &shared();

@@ -262,6 +262,8 @@ namespace words {
 inline const QString customer = QStringLiteral("customer");
 inline const QString humanAgent = QStringLiteral("human agent");
 inline const QString aiAgent = QStringLiteral("ai agent");
+/// The state of a ticket that has come to its end.
+inline const QString closed = QStringLiteral("closed");
 } // namespace words
 
 } // namespace tolvane

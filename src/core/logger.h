@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/privateexport.h"
 #include "platform/services.h"
 
 #include <QtCore/QLocale>
@@ -15,7 +16,7 @@ enum class LogLevel { debug, info, warning, error, critical };
 
 /// The library's diagnostic output: one line a message, silent until the host asks for it.
 /// Safe from any thread.
-class Logger
+class TOLVANE_PRIVATE_EXPORT Logger
 {
 public:
     static Logger &shared();

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "platform/librarytexts.h"
 #include "platform/services.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QLocale>
 #include <QtCore/QVariant>
+
+#include <mutex>
 
 namespace tolvane {
 
@@ -22,11 +26,32 @@ public:
         return app ? textOrAbsent(app->property("applicationBuild").toString()) : std::nullopt;
     }
 
+    QString string(const QString &key) const override { return texts().text(key); }
+
+    QString string(const QString &key, qint64 count) const override
+    {
+        return texts().text(key, count);
+    }
+
+    QString hostString(const QString &key) const override
+    {
+        return QCoreApplication::translate("Tolvane", key.toUtf8().constData());
+    }
+
 private:
+    const LibraryTexts &texts() const
+    {
+        std::call_once(m_loading, [this] { m_texts.emplace(QLocale::system().uiLanguages()); });
+        return *m_texts;
+    }
+
     static std::optional<QString> textOrAbsent(const QString &text)
     {
         return text.isEmpty() ? std::nullopt : std::optional(text);
     }
+
+    mutable std::once_flag m_loading;
+    mutable std::optional<LibraryTexts> m_texts;
 };
 
 } // namespace

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/privateexport.h"
+
 #include <QtCore/QString>
 #include <QtCore/QVariantMap>
 
@@ -15,7 +17,7 @@ namespace tolvane {
 class Executor;
 
 /// In-process broadcasts by name, delivered synchronously on the posting thread.
-class NotificationCenter
+class TOLVANE_PRIVATE_EXPORT NotificationCenter
 {
 public:
     using UserInfo = std::optional<QVariantMap>;

@@ -55,7 +55,7 @@ public:
 /// The device that the process runs on. Screens are the user-interface library's to know.
 std::unique_ptr<Device> makeSystemDevice();
 
-/// What the host application says of itself.
+/// What comes with the library and the host application: texts, and what the host says of itself.
 class Bundle
 {
 public:
@@ -66,10 +66,19 @@ public:
 
     virtual std::optional<QString> hostVersion() const = 0;
     virtual std::optional<QString> hostBuild() const = 0;
+
+    /// A text of the library in the language of the user interface. It returns the key itself where
+    /// there is no such text, as do the others. All are safe from any thread.
+    virtual QString string(const QString &key) const = 0;
+    /// The same in the plural form for the count, which stands in it as a number.
+    virtual QString string(const QString &key, qint64 count) const = 0;
+    /// A text that is the host's: its translation of the key in the context "Tolvane".
+    virtual QString hostString(const QString &key) const = 0;
 };
 
-/// The version is QCoreApplication::applicationVersion(), the build the text in the application
-/// object's dynamic property "applicationBuild".
+/// The library's texts follow the system's languages and are loaded with the first that is asked
+/// for. The version is QCoreApplication::applicationVersion(), the build the text in the
+/// application object's dynamic property "applicationBuild".
 std::unique_ptr<Bundle> makeApplicationBundle();
 
 } // namespace tolvane

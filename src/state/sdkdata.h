@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/notificationcenter.h"
+#include "platform/privateexport.h"
 
 #include <QCoroTask>
 #include <QtCore/QObject>
@@ -12,7 +13,8 @@ namespace tolvane {
 
 /// What applies to the whole messenger: whether the settings have arrived and whether it is on
 /// screen. Main thread.
-class SdkData final : public QObject, public std::enable_shared_from_this<SdkData>
+class TOLVANE_PRIVATE_EXPORT SdkData final : public QObject,
+                                             public std::enable_shared_from_this<SdkData>
 {
     Q_OBJECT
     Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY changed)

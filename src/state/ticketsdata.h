@@ -3,6 +3,7 @@
 
 #include "backend/records.h"
 #include "platform/clock.h"
+#include "platform/privateexport.h"
 
 #include <tolvane/loadingstate.h>
 
@@ -17,7 +18,8 @@ namespace tolvane {
 
 /// The customer's tickets, in the backend's order. Main thread; a running operation keeps the store
 /// alive. Failures end up in the state.
-class TicketsData final : public QObject, public std::enable_shared_from_this<TicketsData>
+class TOLVANE_PRIVATE_EXPORT TicketsData final : public QObject,
+                                                 public std::enable_shared_from_this<TicketsData>
 {
     Q_OBJECT
 

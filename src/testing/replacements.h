@@ -97,6 +97,12 @@ struct FakeBundle final : Bundle
 {
     std::optional<QString> hostVersion() const override { return version; }
     std::optional<QString> hostBuild() const override { return build; }
+    QString string(const QString &key) const override { return key; }
+    QString string(const QString &key, qint64 count) const override
+    {
+        return QString::number(count) + QLatin1Char(' ') + key;
+    }
+    QString hostString(const QString &key) const override { return key; }
 
     std::optional<QString> version;
     std::optional<QString> build;

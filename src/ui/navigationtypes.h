@@ -10,6 +10,13 @@
 
 namespace tolvane {
 
+struct DestinationValue
+{
+    Q_GADGET
+    QML_FOREIGN(tolvane::TolvaneDestination)
+    QML_VALUE_TYPE(destination)
+};
+
 struct NavigationDataType
 {
     Q_GADGET

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/userinterface.h"
+#include "ui/home/viewcontroller.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -16,7 +17,8 @@ QSizeF screenSize()
 
 // Loading the library is what makes it available.
 [[maybe_unused]] const bool isRegistered = [] {
-    registerUserInterface({.present = {}, .screenSize = screenSize});
+    registerUserInterface(
+        {.present = TolvaneViewController::presentInForeground, .screenSize = screenSize});
     return true;
 }();
 

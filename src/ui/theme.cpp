@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/theme.h"
 
-#include "state/colorscheme.h"
-
 #include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
@@ -23,9 +21,10 @@ bool Theme::isDark() const
            palette.color(QPalette::Window).lightness();
 }
 
-QColor Theme::primaryColor() const
+const std::optional<QString> &Theme::logoText() const
 {
-    return resolved(ColorScheme::shared().primaryColor);
+    const ColorScheme &scheme = ColorScheme::shared();
+    return isDark() ? scheme.logoDark : scheme.logoLight;
 }
 
 bool Theme::eventFilter(QObject *watched, QEvent *event)
@@ -35,10 +34,16 @@ bool Theme::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-QColor Theme::resolved(const DynamicColor &color) const
+QColor Theme::branded(DynamicColor ColorScheme::*color) const
 {
-    const Color &shade = color.resolved(isDark() ? Appearance::dark : Appearance::light);
+    const DynamicColor &dynamic = ColorScheme::shared().*color;
+    const Color &shade = dynamic.resolved(isDark() ? Appearance::dark : Appearance::light);
     return QColor::fromRgbF(float(shade.red), float(shade.green), float(shade.blue));
+}
+
+QColor Theme::byAppearance(QRgb light, QRgb dark) const
+{
+    return QColor::fromRgba(isDark() ? dark : light);
 }
 
 } // namespace tolvane

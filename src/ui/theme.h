@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "state/colorscheme.h"
+
 #include <QtCore/QObject>
+#include <QtCore/QUrl>
 #include <QtGui/QColor>
 #include <QtQml/qqmlregistration.h>
 
 namespace tolvane {
 
-struct DynamicColor;
-
-/// The branding's colours for the appearance of the display. Views read them as they are built; a
-/// change of the appearance tells those that are there.
+/// The look, defined once: the branding's colours and the neutral ones for the appearance of the
+/// display, and the sizes of text. Views read the branding as they are built; a change of the
+/// appearance tells those that are there.
 class Theme : public QObject
 {
     Q_OBJECT
@@ -18,12 +20,43 @@ class Theme : public QObject
     QML_SINGLETON
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(QColor primaryColor READ primaryColor NOTIFY changed)
+    Q_PROPERTY(QColor accentColor READ accentColor NOTIFY changed)
+    Q_PROPERTY(QColor chatBackgroundColor READ chatBackgroundColor NOTIFY changed)
+    Q_PROPERTY(QColor fontBasicColor READ fontBasicColor NOTIFY changed)
+    Q_PROPERTY(QColor fontUserBubbleColor READ fontUserBubbleColor NOTIFY changed)
+    Q_PROPERTY(QColor fontAgentBubbleColor READ fontAgentBubbleColor NOTIFY changed)
+    Q_PROPERTY(QColor bubbleUserColor READ bubbleUserColor NOTIFY changed)
+    Q_PROPERTY(QColor bubbleAgentColor READ bubbleAgentColor NOTIFY changed)
+    Q_PROPERTY(QColor backgroundColor READ backgroundColor NOTIFY changed)
+    Q_PROPERTY(QColor secondaryColor READ secondaryColor NOTIFY changed)
+    Q_PROPERTY(QColor redColor READ redColor NOTIFY changed)
+    Q_PROPERTY(QColor blueColor READ blueColor NOTIFY changed)
+    /// Whether the branding names a logo for the appearance, and where it is.
+    Q_PROPERTY(bool hasLogo READ hasLogo NOTIFY changed)
+    Q_PROPERTY(QUrl logo READ logo NOTIFY changed)
 
 public:
+    /// Sizes of text, in points.
+    enum TextSize { Caption = 12, Callout = 16, Body = 17, Title3 = 20, Title2 = 22, Title = 28 };
+    Q_ENUM(TextSize)
+
     explicit Theme(QObject *parent = nullptr);
 
     bool isDark() const;
-    QColor primaryColor() const;
+    QColor primaryColor() const { return branded(&ColorScheme::primaryColor); }
+    QColor accentColor() const { return branded(&ColorScheme::accentColor); }
+    QColor chatBackgroundColor() const { return branded(&ColorScheme::chatBackgroundColor); }
+    QColor fontBasicColor() const { return branded(&ColorScheme::fontBasicColor); }
+    QColor fontUserBubbleColor() const { return branded(&ColorScheme::fontUserBubbleColor); }
+    QColor fontAgentBubbleColor() const { return branded(&ColorScheme::fontAgentBubbleColor); }
+    QColor bubbleUserColor() const { return branded(&ColorScheme::bubbleUserColor); }
+    QColor bubbleAgentColor() const { return branded(&ColorScheme::bubbleAgentColor); }
+    QColor backgroundColor() const { return byAppearance(0xffffffff, 0xff000000); }
+    QColor secondaryColor() const { return byAppearance(0x993c3c43, 0x99ebebf5); }
+    QColor redColor() const { return byAppearance(0xffff3b30, 0xffff453a); }
+    QColor blueColor() const { return byAppearance(0xff007aff, 0xff0a84ff); }
+    bool hasLogo() const { return logoText().has_value(); }
+    QUrl logo() const { return QUrl(logoText().value_or(QString())); }
 
 Q_SIGNALS:
     void changed();
@@ -32,7 +65,9 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QColor resolved(const DynamicColor &color) const;
+    const std::optional<QString> &logoText() const;
+    QColor branded(DynamicColor ColorScheme::*color) const;
+    QColor byAppearance(QRgb light, QRgb dark) const;
 };
 
 } // namespace tolvane

@@ -16,6 +16,7 @@ void startConsole(QProcess &process, const QString &configFolder, const QString 
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
     environment.insert(QStringLiteral("TOLVANE_API_URL"), url);
+    environment.insert(QStringLiteral("LANGUAGE"), QStringLiteral("en"));
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(TOLVANE_CONSOLE), arguments);
 }

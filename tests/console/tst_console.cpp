@@ -107,6 +107,8 @@ private Q_SLOTS:
         QCOMPARE(isOk(reply), error.isEmpty());
         QCOMPARE(errorOf(reply), error);
         QVERIFY(isOk(console.request(u"settings"_s))); // The session goes on.
+        const QJsonObject age = console.request(u"timeAgo"_s, {{u"timestamp"_s, u"long ago"_s}});
+        QCOMPARE(age.value("text"_L1), u"Unknown time"_s);
         QCOMPARE(console.end(), 0);
         QCOMPARE(console.errors(), QByteArray());
     }

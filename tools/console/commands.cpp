@@ -6,6 +6,7 @@
 #include "platform/await.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
+#include "state/timeago.h"
 #include "wireforms.h"
 
 #include <tolvane/tolvane.h>
@@ -218,6 +219,11 @@ Reply polling(Host &, Arguments)
     co_return result("active", QJsonArray::fromStringList(ids));
 }
 
+Reply timeAgo(Host &, Arguments arguments)
+{
+    co_return result("text", timeAgoText(arguments.text("timestamp")));
+}
+
 constexpr std::array commands = {
     Command{"initialize", false, initialize},
     Command{"setEnvironment", false, setEnvironment},
@@ -247,6 +253,7 @@ constexpr std::array commands = {
     Command{"ticket.state", false, ticketState},
     Command{"ticket.close", false, closeTicket},
     Command{"polling", false, polling},
+    Command{"timeAgo", false, timeAgo},
 };
 
 } // namespace

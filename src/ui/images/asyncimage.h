@@ -88,7 +88,7 @@ private:
 };
 
 /// Shows a picture at its full size. One that is at hand shows in the first frame.
-class CachedAsyncImage : public AsyncImage
+class CachedAsyncImage : public tolvane::AsyncImage
 {
     Q_OBJECT
     QML_ELEMENT
@@ -101,7 +101,7 @@ public:
 };
 
 /// Shows a picture scaled down; always begins with the placeholder.
-class ThumbnailAsyncImage : public AsyncImage
+class ThumbnailAsyncImage : public tolvane::AsyncImage
 {
     Q_OBJECT
     QML_ELEMENT

@@ -22,6 +22,15 @@ UrlRequest requestFor(const QUrl &url)
     return request;
 }
 
+/// Throws what the future holds instead of a result.
+UrlResponse resultOf(QFuture<UrlResponse> answer)
+{
+    answer.waitForFinished();
+    if (answer.resultCount() == 0)
+        throw CancellationError();
+    return answer.result();
+}
+
 /// Addresses are texts of the backend's: none may have a local file read.
 bool isLoadable(const QUrl &url)
 {
@@ -56,10 +65,38 @@ public:
                 .shown = m_target.isValid() ? images::thumbnail(whole, m_target) : whole};
     }
 
+    /// From the cache of responses, else from the network; a failure of that is the future's. One
+    /// way there and back, so that the main thread is woken once for each picture.
+    QFuture<Pictures> obtain(const UrlRequest &request) const
+    {
+        auto promise = std::make_shared<QPromise<Pictures>>();
+        promise->start();
+        platform().pictureWorkers->post([recipe = *this, request, promise] {
+            Pictures cached = recipe.fromCache(request);
+            if (cached.shown.isNull())
+                recipe.download(request, promise);
+            else
+                fulfil(*promise, [&] { return cached; });
+        });
+        return promise->future();
+    }
+
+private:
     Pictures fromCache(const UrlRequest &request) const
     {
         const auto cached = ImageCache::shared().responses().cachedResponse(request);
         return cached ? fromBytes(cached->body) : Pictures();
+    }
+
+    void download(const UrlRequest &request,
+                  const std::shared_ptr<QPromise<Pictures>> &promise) const
+    {
+        const auto read = [recipe = *this, request, promise](QFuture<UrlResponse> answer) {
+            platform().pictureWorkers->post([=] {
+                fulfil(*promise, [&] { return recipe.fromResponse(request, resultOf(answer)); });
+            });
+        };
+        platform().urlSession->data(request).then(QtFuture::Launch::Sync, read);
     }
 
     /// The response is kept whatever it is, before anybody looks into it.
@@ -69,7 +106,6 @@ public:
         return fromBytes(response.body);
     }
 
-private:
     const QSize m_target;
 };
 
@@ -122,24 +158,14 @@ QCoro::Task<> ImageLoad::load(QSize target)
         co_return;
     }
 
-    QFuture<Pictures> found = platform().pictureWorkers->run(
-        [recipe, request = m_request] { return recipe.fromCache(request); });
-    Pictures pictures = co_await settled(found);
-    if (pictures.shown.isNull()) {
-        UrlResponse response;
-        try {
-            QFuture<UrlResponse> answer = platform().urlSession->data(m_request);
-            response = co_await settled(answer);
-        } catch (...) {
-            // The placeholder says enough. The view's next appearance tries again.
-            setLoading(false);
-            co_return;
-        }
-        QFuture<Pictures> read =
-            platform().pictureWorkers->run([recipe, request = m_request, response] {
-                return recipe.fromResponse(request, response);
-            });
-        pictures = co_await settled(read);
+    Pictures pictures;
+    try {
+        QFuture<Pictures> obtained = recipe.obtain(m_request);
+        pictures = co_await settled(obtained);
+    } catch (...) {
+        // The placeholder says enough. The view's next appearance tries again.
+        setLoading(false);
+        co_return;
     }
     if (pictures.shown.isNull())
         co_return;

@@ -18,7 +18,7 @@ Rectangle {
     readonly property bool isDark: Theme.isDark
 
     width: grid.implicitWidth + 48
-    height: grid.implicitHeight + 48
+    height: grid.implicitHeight + icons.height + 72
     color: isDark ? "#16181d" : "#f4f5f7"
 
     component Cell: Column {
@@ -50,10 +50,34 @@ Rectangle {
         font.pixelSize: 12
     }
 
+    component IconRow: Row {
+        id: row
+
+        required property int iconSize
+        required property bool isDark
+
+        spacing: Math.floor((width - 12 * iconSize) / 11)
+
+        Repeater {
+            model: ["close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
+                    "clock", "lock", "warning", "checkmark-circle", "person-circle"]
+
+            Icon {
+                required property string modelData
+
+                name: modelData
+                color: row.isDark ? "white" : "#14181f"
+                width: row.iconSize
+                height: width
+            }
+        }
+    }
+
     Grid {
         id: grid
 
-        anchors.centerIn: parent
+        x: 24
+        y: 24
         columns: 5
         spacing: 20
 
@@ -113,6 +137,29 @@ Rectangle {
                 }
             }
             Caption { text: "placeholder" }
+        }
+    }
+
+    Column {
+        id: icons
+
+        readonly property var sizes: [18, 24, 44]
+
+        // Said rather than found out, for the window to be large enough from the start.
+        height: sizes.reduce((sum, size) => sum + size + spacing, -spacing)
+        anchors { left: grid.left; right: grid.right; top: grid.bottom; topMargin: 24 }
+        spacing: 12
+
+        Repeater {
+            model: icons.sizes
+
+            IconRow {
+                required property int modelData
+
+                iconSize: modelData
+                isDark: gallery.isDark
+                width: icons.width
+            }
         }
     }
 }

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#version 440
+
+// What an item shows, cut to a rectangle with rounded corners that begins somewhere below its top.
+
+layout(location = 0) in vec2 qt_TexCoord0;
+layout(location = 0) out vec4 color;
+
+layout(binding = 1) uniform sampler2D source;
+
+layout(std140, binding = 0) uniform Block
+{
+    mat4 qt_Matrix;
+    float qt_Opacity;
+    float radius;
+    float beginning;
+    vec2 size;
+};
+
+void main()
+{
+    vec2 halfSize = 0.5 * vec2(size.x, size.y - beginning);
+    vec2 fromCenter = qt_TexCoord0 * size - vec2(halfSize.x, beginning + halfSize.y);
+    vec2 fromCorner = abs(fromCenter) - halfSize + radius;
+    float beyond = length(max(fromCorner, 0.0)) + min(max(fromCorner.x, fromCorner.y), 0.0) - radius;
+    // One pixel of the screen from full to nothing.
+    float pixel = length(vec2(dFdx(beyond), dFdy(beyond)));
+    float cover = clamp(0.5 - beyond / max(pixel, 1e-6), 0.0, 1.0);
+    color = texture(source, qt_TexCoord0) * cover * qt_Opacity;
+}

@@ -1,0 +1,101 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es">
+<context>
+    <name>Library</name>
+    <message>
+        <source>main_title</source>
+        <extracomment>Greeting at the top of the home screen. A waving hand follows at once, so it ends with a blank.</extracomment>
+        <translation>¡Hola! </translation>
+    </message>
+    <message>
+        <source>main_subtitle</source>
+        <extracomment>Second line of the home screen, beneath the greeting.</extracomment>
+        <translation>¿Cómo podemos ayudarte?</translation>
+    </message>
+    <message>
+        <source>ticket_list_your_messages</source>
+        <extracomment>Heading above the list of the customer's conversations.</extracomment>
+        <translation>Tus mensajes</translation>
+    </message>
+    <message>
+        <source>main_sender_customer_name</source>
+        <extracomment>Stands as the sender's name on what the customer wrote. Alone, so with a capital.</extracomment>
+        <translation>Tú</translation>
+    </message>
+    <message>
+        <source>timeago_invalid</source>
+        <extracomment>In place of an age, where the date of a message cannot be read.</extracomment>
+        <translation>Fecha desconocida</translation>
+    </message>
+    <message>
+        <source>timeago_now</source>
+        <extracomment>Age of a message: less than a minute.</extracomment>
+        <translation>Ahora mismo</translation>
+    </message>
+    <message>
+        <source>timeago_more_than_a_week</source>
+        <extracomment>Age of a message: a week or more.</extracomment>
+        <translation>Hace más de una semana</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld timeago_minutes</source>
+        <extracomment>Age of a message: 1 to 59 minutes. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <translation>
+            <numerusform>Hace %Ln minuto</numerusform>
+            <numerusform>Hace %Ln minutos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld timeago_hours</source>
+        <extracomment>Age of a message: 1 to 24 hours. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <translation>
+            <numerusform>Hace %Ln hora</numerusform>
+            <numerusform>Hace %Ln horas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld timeago_days</source>
+        <extracomment>Age of a message: 1 to 6 days. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <translation>
+            <numerusform>Hace %Ln día</numerusform>
+            <numerusform>Hace %Ln días</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>ticket_closed</source>
+        <extracomment>In place of the field for writing, where support has ended the conversation.</extracomment>
+        <translation>Esta conversación está cerrada</translation>
+    </message>
+    <message>
+        <source>ticket_ai_is_typing</source>
+        <extracomment>Shown while the AI agent prepares an answer. Animated dots may follow, so there is no full stop.</extracomment>
+        <translation>El agente de IA está escribiendo</translation>
+    </message>
+    <message>
+        <source>accessibility_close</source>
+        <extracomment>Read aloud: the button that closes the messenger.</extracomment>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>accessibility_unread</source>
+        <extracomment>Read aloud: the dot on a conversation with messages that the customer has not seen.</extracomment>
+        <translation>No leída</translation>
+    </message>
+    <message>
+        <source>accessibility_new_ticket</source>
+        <extracomment>Read aloud: the button that begins a new conversation by writing a message.</extracomment>
+        <translation>Escribir un mensaje nuevo</translation>
+    </message>
+    <message>
+        <source>accessibility_loading</source>
+        <extracomment>Read aloud: the indicator of progress.</extracomment>
+        <translation>Cargando</translation>
+    </message>
+    <message>
+        <source>accessibility_refresh</source>
+        <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
+        <translation>Actualizar</translation>
+    </message>
+</context>
+</TS>

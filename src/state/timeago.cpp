@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "state/timeago.h"
+
+#include "platform/platform.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTimeZone>
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+constexpr qint64 minute = 60;
+constexpr qint64 hour = 60 * minute;
+constexpr qint64 day = 24 * hour;
+
+/// The moment in UTC; invalid for anything but the one form.
+QDateTime parsed(const QString &timestamp)
+{
+    // Qt's own parser takes more than this form, and not the same with every version.
+    static const QRegularExpression form(QRegularExpression::anchoredPattern(
+        QStringLiteral("([0-9]{4}-[0-9]{2}-[0-9]{2})T([0-9]{2}:[0-9]{2}:[0-9]{2})"
+                       "([+-])([01][0-9]|2[0-3])([0-5][0-9])")));
+    const auto match = form.match(timestamp);
+    const QDate date = QDate::fromString(match.captured(1), Qt::ISODate);
+    const QTime time = QTime::fromString(match.captured(2), QStringLiteral("HH:mm:ss"));
+    if (!date.isValid() || !time.isValid())
+        return {};
+    const qint64 offset = match.captured(4).toInt() * hour + match.captured(5).toInt() * minute;
+    const bool isAhead = match.captured(3) == QLatin1String("+");
+    return QDateTime(date, time, Qt::UTC).addSecs(isAhead ? -offset : offset);
+}
+
+QTimeZone deviceTimeZone()
+{
+    const QTimeZone zone(platform().device->timeZoneIdentifier().toUtf8());
+    return zone.isValid() ? zone : QTimeZone::utc();
+}
+
+/// The moment `days` later at the same time of day. Where the clock skips that time, it is the one
+/// that the clock jumps to instead. Qt's addDays() is wrong there in 6.4.
+QDateTime daysLater(const QDateTime &moment, qint64 days, const QTimeZone &zone)
+{
+    const QDateTime later = moment.addDays(days);
+    const int offset = zone.offsetFromUtc(later);
+    const QDateTime sameTime = later.addSecs(zone.offsetFromUtc(moment) - offset);
+    const bool isSkipped = zone.offsetFromUtc(sameTime) != offset;
+    return isSkipped ? std::max(later, sameTime) : sameTime;
+}
+
+/// A span on the calendar, apart in its components.
+struct Span
+{
+    qint64 days = 0;
+    qint64 hours = 0;
+    qint64 minutes = 0;
+};
+
+Span spanBetween(const QDateTime &start, const QDateTime &end, const QTimeZone &zone)
+{
+    // A change of the clock adds or takes less than a day.
+    qint64 days = start.secsTo(end) / day + 1;
+    while (days > 0 && daysLater(start, days, zone) > end)
+        --days;
+    const qint64 rest = daysLater(start, days, zone).secsTo(end);
+    return {days, rest / hour, rest % hour / minute};
+}
+
+/// What is said of a span that has at least `least` of a component.
+struct Rule
+{
+    qint64 Span::*component;
+    qint64 least;
+    const char *key;
+    bool isCounted;
+};
+
+// The first that holds is said.
+constexpr std::array rules = {
+    Rule{&Span::days, 7, "timeago_more_than_a_week", false},
+    Rule{&Span::days, 1, "%lld timeago_days", true},
+    Rule{&Span::hours, 1, "%lld timeago_hours", true},
+    Rule{&Span::minutes, 1, "%lld timeago_minutes", true},
+};
+
+} // namespace
+
+QString timeAgoText(const QString &timestamp)
+{
+    const Bundle &bundle = *platform().bundle;
+    const QDateTime start = parsed(timestamp);
+    if (!start.isValid())
+        return bundle.string(QStringLiteral("timeago_invalid"));
+
+    const QDateTime now = platform().clock->now();
+    const Span span = start < now ? spanBetween(start, now, deviceTimeZone()) : Span();
+    const auto rule = std::ranges::find_if(
+        rules, [&span](const Rule &each) { return span.*each.component >= each.least; });
+    if (rule == rules.end())
+        return bundle.string(QStringLiteral("timeago_now"));
+    const QString key = QString::fromLatin1(rule->key);
+    return rule->isCounted ? bundle.string(key, span.*rule->component) : bundle.string(key);
+}
+
+} // namespace tolvane

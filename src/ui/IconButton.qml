@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// An icon to press, 36 by 36, with pointer and keyboard.
+Item {
+    id: button
+
+    required property string icon
+    required property color color
+    /// What it does, for those who hear it.
+    required property string name
+
+    signal clicked()
+
+    implicitWidth: 36
+    implicitHeight: 36
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Button
+    Accessible.name: name
+    Accessible.focusable: true
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+    Keys.onSpacePressed: clicked()
+
+    FocusRing { tint: button.color }
+
+    Icon {
+        anchors.centerIn: parent
+        width: 18
+        height: 18
+        name: button.icon
+        color: button.color
+        opacity: area.pressed ? 0.4 : 1
+    }
+
+    MouseArea {
+        id: area
+
+        anchors.fill: parent
+        cursorShape: Qt.PointingHandCursor
+        onClicked: button.clicked()
+    }
+}

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The branding's logo for the appearance; an icon where the branding has none.
+Item {
+    id: logo
+
+    property int radius: 0
+
+    CachedAsyncImage {
+        anchors.fill: parent
+        visible: Theme.hasLogo
+        url: Theme.hasLogo ? Theme.logo : ""
+        content: RoundedImage {
+            fillMode: RoundedImage.Fit
+            radius: logo.radius
+        }
+        placeholder: Item {
+            ProgressIndicator {
+                anchors.centerIn: parent
+                width: 16
+                height: 16
+                tint: Theme.accentColor
+            }
+        }
+    }
+
+    Icon {
+        anchors.fill: parent
+        visible: !Theme.hasLogo
+        name: "photo"
+        color: Theme.accentColor
+    }
+}

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The effect of a sheet's layer: cuts what is on it to a rounded shape, smoothly at any scale.
+ShaderEffect {
+    /// Set by the layer.
+    property var source
+    readonly property real beginning: source ? source.sourceItem.contentTop : 0
+    readonly property real radius: Parallax.contentCornerRadius
+    readonly property size size: Qt.size(width, height)
+
+    fragmentShader: "qrc:/tolvane/shaders/roundedclip.frag.qsb"
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// What is seen of the list: its rows and, below them, the ground with rounded corners that goes
+// where the content begins. The ground is none of the list's items, so that it fills the sheet
+// whatever the list has.
+Item {
+    id: sheet
+
+    required property color background
+    /// Where the content begins; 0 once it has arrived at the top.
+    required property real contentTop
+
+    clip: true
+    // Rounds the corners of what is on the ground, too. The software renderer has no effects: there
+    // only the ground is round.
+    layer.enabled: GraphicsInfo.api !== GraphicsInfo.Software
+    layer.effect: ParallaxClip { }
+
+    Rectangle {
+        y: sheet.contentTop
+        width: parent.width
+        // Its lower corners are out of sight.
+        height: sheet.height - y + radius
+        radius: sheet.layer.enabled ? 0 : Parallax.contentCornerRadius
+        color: sheet.background
+
+        // The header lies below, and must not notice what happens on the sheet.
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+            Accessible.ignored: true
+        }
+    }
+}

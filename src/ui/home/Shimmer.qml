@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// A shine that travels over its parent from one side to the other, again and again. It is one
+// picture that moves; nothing else is touched.
+Item {
+    id: shimmer
+
+    anchors.fill: parent
+    clip: true
+
+    Rectangle {
+        width: shimmer.width
+        height: shimmer.height
+        gradient: Gradient {
+            orientation: Gradient.Horizontal
+
+            GradientStop { position: 0; color: "transparent" }
+            GradientStop { position: 0.45; color: "#4dffffff" }
+            GradientStop { position: 0.55; color: "#4dffffff" }
+            GradientStop { position: 1; color: "transparent" }
+        }
+
+        XAnimator on x {
+            from: -shimmer.width
+            to: shimmer.width
+            duration: 1500
+            loops: Animation.Infinite
+            running: shimmer.visible && shimmer.width > 0
+        }
+    }
+}

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// A bar in the place of something that is still to come.
+Rectangle {
+    id: box
+
+    property color tint
+
+    radius: 4
+    color: Qt.alpha(tint, tint.a * 0.3)
+}

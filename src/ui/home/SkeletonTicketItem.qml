@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// A ticket's row that is still to come.
+Rectangle {
+    id: row
+
+    readonly property color tint: Qt.alpha(Theme.fontAgentBubbleColor, 0.6)
+
+    implicitHeight: lines.implicitHeight + 32
+    radius: 12
+    color: Qt.alpha(Theme.bubbleAgentColor, 0.4)
+
+    Column {
+        id: lines
+
+        x: 16
+        y: 16
+        width: parent.width - 32
+        spacing: 8
+
+        RedactedText {
+            width: Math.min(implicitWidth, parent.width)
+            text: "Ticket subject line goes here"
+            font.pixelSize: Theme.Callout
+            font.weight: Font.DemiBold
+            maximumLineCount: 1
+            tint: row.tint
+        }
+        RedactedText {
+            width: parent.width
+            text: "This is a preview of the last message in the conversation that spans two lines"
+            font.pixelSize: 14
+            maximumLineCount: 2
+            tint: row.tint
+        }
+        RedactedText {
+            width: Math.min(implicitWidth, parent.width)
+            text: "◷ 2 hours ago"
+            font.pixelSize: Theme.Caption
+            maximumLineCount: 1
+            tint: row.tint
+        }
+    }
+
+    Shimmer { }
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Who is on the other side of a conversation, 32 by 32.
+Loader {
+    id: icon
+
+    /// "closed", "ai", "picture" or "person"
+    required property string kind
+    required property url picture
+
+    width: 32
+    height: 32
+    sourceComponent: ({"closed": closed, "ai": ai, "picture": portrait, "person": person})[kind]
+
+    Component {
+        id: closed
+
+        Icon {
+            name: "checkmark-circle"
+            color: Theme.primaryColor
+        }
+    }
+
+    Component {
+        id: ai
+
+        Rectangle {
+            radius: width / 2
+            color: Theme.bubbleAgentColor
+
+            Text {
+                anchors.centerIn: parent
+                text: "🤖"
+                textFormat: Text.PlainText
+                font.pixelSize: 20
+                Accessible.ignored: true
+            }
+        }
+    }
+
+    Component {
+        id: portrait
+
+        CachedAsyncImage {
+            url: icon.picture
+            content: RoundedImage {
+                fillMode: RoundedImage.Fit
+                circle: true
+            }
+        }
+    }
+
+    Component {
+        id: person
+
+        Icon {
+            name: "person-circle"
+            color: Qt.alpha(Theme.fontAgentBubbleColor, 0.6)
+        }
+    }
+}

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// One conversation in the list: who is on the other side, what was said last and when.
+Item {
+    id: item
+
+    required property int index
+    required property var preview
+    required property string icon
+    required property url picture
+    required property string content
+    required property string caption
+    required property bool isUnread
+    required property string description
+
+    property bool isCurrent: false
+
+    signal clicked()
+
+    implicitHeight: row.height + 10
+    Accessible.role: Accessible.ListItem
+    Accessible.name: description
+    Accessible.focusable: true
+    Accessible.onPressAction: clicked()
+
+    Rectangle {
+        id: row
+
+        x: 16
+        width: parent.width - 32
+        height: Math.max(32, texts.implicitHeight) + 32
+        radius: 8
+        color: Theme.bubbleAgentColor
+
+        TicketIcon {
+            id: ticketIcon
+
+            x: 8
+            anchors.verticalCenter: parent.verticalCenter
+            kind: item.icon
+            picture: item.picture
+        }
+
+        Column {
+            id: texts
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.left: ticketIcon.right
+            anchors.right: mark.left
+            anchors.margins: 10
+            spacing: 4
+
+            Text {
+                width: parent.width
+                // An empty line keeps its height.
+                text: item.content.length > 0 ? item.content : " "
+                textFormat: Text.PlainText
+                maximumLineCount: 1
+                elide: Text.ElideRight
+                color: Theme.fontAgentBubbleColor
+                font.pixelSize: Theme.Callout
+                font.weight: Font.DemiBold
+                Accessible.ignored: true
+            }
+            Text {
+                width: parent.width
+                text: item.caption
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                color: Theme.fontAgentBubbleColor
+                opacity: 0.6
+                font.pixelSize: Theme.Callout
+                Accessible.ignored: true
+            }
+        }
+
+        Rectangle {
+            id: mark
+
+            anchors.verticalCenter: parent.verticalCenter
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            width: 12
+            height: 12
+            radius: 6
+            color: Theme.redColor
+            border.width: 1
+            border.color: "white"
+            opacity: item.isUnread ? 1 : 0
+        }
+
+        FocusRing {
+            anchors.margins: 0
+            tint: Theme.fontBasicColor
+            isShown: item.isCurrent
+        }
+    }
+
+    MouseArea {
+        anchors.fill: row
+        cursorShape: Qt.PointingHandCursor
+        onClicked: item.clicked()
+    }
+}

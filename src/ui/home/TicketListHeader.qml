@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The title over the rows, which stays while they pass under it.
+Rectangle {
+    implicitHeight: title.implicitHeight + 18
+    color: Theme.chatBackgroundColor
+
+    Text {
+        id: title
+
+        x: 16
+        y: 10
+        width: parent.width - 32
+        text: Texts.string("ticket_list_your_messages")
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: Theme.fontBasicColor
+        font.pixelSize: 14
+        font.bold: true
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The home screen: branded header, the customer's conversations, and the button for a new one.
+FocusScope {
+    id: home
+
+    required property ScreenData screen
+    /// False while something else is on top of it.
+    property bool isOnTop: true
+
+    property bool hasInitiallyLoaded: false
+
+    // The first load is the screen's own; coming back refreshes what is there.
+    onIsOnTopChanged: {
+        if (isOnTop)
+            appear()
+    }
+    Component.onCompleted: {
+        parallax.list.focus = true
+        parallax.list.activeFocusOnTab = true
+        appear()
+    }
+
+    function appear() {
+        if (hasInitiallyLoaded)
+            screen.reload()
+        hasInitiallyLoaded = true
+    }
+
+    Keys.onReturnPressed: {
+        const row = parallax.list.currentItem as TicketItem
+        if (row && parallax.list.activeFocus)
+            row.clicked()
+    }
+    Keys.onPressed: event => {
+        if (event.matches(StandardKey.Refresh)) {
+            screen.load()
+            event.accepted = true
+        }
+    }
+
+    Connections {
+        target: parallax.list
+
+        // Let go of after a good pull.
+        function onDraggingChanged() {
+            if (!parallax.list.dragging && parallax.offset > 70)
+                home.screen.load()
+        }
+    }
+
+    ParallaxScrollView {
+        id: parallax
+
+        anchors.fill: parent
+        configuration: Parallax.configuration(Parallax.heights(240, 80), Parallax.heights(160, 60),
+                                              0.5, 1.5, 0.3, Theme.primaryColor,
+                                              Theme.chatBackgroundColor)
+        bottomContentMargin: 120
+        model: home.screen.state === "loaded" ? home.screen.tickets : null
+
+        header: TolvaneHeader {
+            isCollapsed: parallax.scrollState === ParallaxScroll.Collapsed
+            isLandscape: parallax.isLandscape
+            onCloseRequested: home.screen.close()
+        }
+
+        content: Item {
+            implicitHeight: stateView.implicitHeight
+
+            LoadingStateView {
+                id: stateView
+
+                width: parent.width
+                height: parent.height
+                loadingState: home.screen.state
+                content: Item { }
+                loading: TolvaneListSkeletonView { }
+                empty: TolvaneEmptyContentView { }
+                error: TolvaneErrorContentView { errorText: home.screen.errorText }
+            }
+        }
+
+        section.property: "section"
+        section.delegate: TicketListHeader { width: parallax.width }
+        section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
+
+        delegate: TicketItem {
+            width: parallax.width
+            isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
+            onClicked: home.screen.navigation.navigate(Destination.ticket(preview))
+        }
+    }
+
+    NewTicketArea {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: 6
+        isPresent: !home.screen.isLoading
+        onClicked: home.screen.navigation.navigate(Destination.newTicket())
+    }
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The customer has no tickets yet.
+TolvaneNotice {
+    icon: "bubbles"
+    iconColor: Qt.alpha(Theme.primaryColor, 0.8)
+    title: Texts.hostString("No conversations yet")
+    titleColor: Theme.accentColor
+    detail: Texts.hostString("Start a new conversation to get help")
+    detailColor: Qt.alpha(Theme.accentColor, 0.6)
+}

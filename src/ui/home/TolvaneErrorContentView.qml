@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The tickets could not be loaded. Pulling the list down tries again.
+TolvaneNotice {
+    id: view
+
+    /// What went wrong, in the customer's language.
+    required property string errorText
+
+    icon: "warning"
+    iconColor: Qt.alpha(Theme.redColor, 0.6)
+    title: Texts.hostString("Something went wrong")
+    titleColor: Theme.fontBasicColor
+    detail: errorText
+    detailColor: Theme.fontBasicColor
+}

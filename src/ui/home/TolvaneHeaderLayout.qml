@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Logo and greeting, one above the other or side by side.
+Item {
+    id: layout
+
+    required property bool isCollapsed
+    required property bool isLandscape
+    required property bool isPresent
+    required property int titleSize
+    required property int logoSize
+    required property int logoRadius
+
+    readonly property int spacing: isLandscape ? 7 : 10
+    /// What the close button in the corner leaves free.
+    readonly property int textRoom: width - 32 - (isCollapsed ? logoSize + spacing + 44 : 0)
+
+    opacity: isPresent ? 1 : 0
+    scale: isPresent ? 1 : 0.9
+    visible: opacity > 0
+    clip: true
+
+    Behavior on opacity {
+        NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
+    }
+    Behavior on scale {
+        NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
+    }
+
+    Grid {
+        x: 16
+        y: 16
+        columns: layout.isCollapsed ? 2 : 1
+        spacing: layout.spacing
+        verticalItemAlignment: Grid.AlignVCenter
+
+        BrandLogo {
+            width: layout.logoSize
+            height: layout.logoSize
+            radius: layout.logoRadius
+        }
+
+        Column {
+            Row {
+                id: firstLine
+
+                Text {
+                    id: greeting
+
+                    width: Math.min(implicitWidth, layout.textRoom - wave.width)
+                    text: Texts.string("main_title")
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    color: Theme.accentColor
+                    opacity: 0.4
+                    font.pixelSize: layout.titleSize
+                    font.bold: true
+                }
+                Text {
+                    id: wave
+
+                    text: "👋"
+                    textFormat: Text.PlainText
+                    font.pixelSize: layout.titleSize
+                    font.bold: true
+                    Accessible.ignored: true
+                }
+            }
+            Text {
+                width: Math.min(implicitWidth, layout.textRoom)
+                text: Texts.string("main_subtitle")
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                color: Theme.accentColor
+                font.pixelSize: layout.titleSize
+                font.bold: true
+            }
+        }
+    }
+}

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The header while the settings are still to come.
+Rectangle {
+    implicitHeight: 32 + 32 + 12 + 14
+    color: Theme.backgroundColor
+
+    SkeletonBox { x: 20; y: 16 + 6; width: 120; height: 20; tint: Theme.secondaryColor }
+    SkeletonBox { x: parent.width - 100; y: 16; width: 80; height: 32; tint: Theme.secondaryColor }
+    SkeletonBox {
+        x: 20
+        y: 16 + 32 + 12
+        width: Math.min(200, parent.width - 40)
+        height: 14
+        tint: Theme.secondaryColor
+    }
+}

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The way to a new conversation.
+Item {
+    id: button
+
+    required property string title
+    required property string subtitle
+
+    signal clicked()
+
+    readonly property bool isPressed: area.pressed
+
+    implicitHeight: label.implicitHeight + 20
+    activeFocusOnTab: true
+    scale: isPressed ? 0.96 : 1
+    Accessible.role: Accessible.Button
+    Accessible.name: title
+    Accessible.description: subtitle
+    Accessible.focusable: true
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+    Keys.onSpacePressed: clicked()
+
+    Behavior on scale {
+        NumberAnimation { duration: 300; easing.type: Easing.OutBack }
+    }
+
+    // A soft shadow: rings of little black that lie over each other.
+    Repeater {
+        model: 6
+
+        Rectangle {
+            required property int index
+
+            anchors.fill: parent
+            anchors.topMargin: 2 - index
+            anchors.bottomMargin: -2 - index
+            anchors.leftMargin: -index
+            anchors.rightMargin: -index
+            radius: 8 + index
+            color: "#05000000"
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: 8
+        color: Theme.accentColor
+    }
+
+    Column {
+        id: label
+
+        anchors.left: parent.left
+        anchors.right: plane.left
+        anchors.leftMargin: 20
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 4
+
+        Text {
+            width: parent.width
+            text: button.title
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            color: Theme.primaryColor
+            font.pixelSize: Theme.Callout
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
+        Text {
+            width: parent.width
+            text: button.subtitle
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: Theme.primaryColor
+            opacity: 0.6
+            font.pixelSize: Theme.Callout
+            Accessible.ignored: true
+        }
+    }
+
+    Icon {
+        id: plane
+
+        anchors.right: parent.right
+        anchors.rightMargin: 20
+        anchors.verticalCenter: parent.verticalCenter
+        width: 22
+        height: 22
+        name: "paperplane"
+        color: Theme.primaryColor
+        rotation: button.isPressed ? 45 : 0
+
+        Behavior on rotation {
+            NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
+        }
+    }
+
+    FocusRing { tint: Theme.fontBasicColor }
+
+    MouseArea {
+        id: area
+
+        anchors.fill: parent
+        cursorShape: Qt.PointingHandCursor
+        onClicked: button.clicked()
+    }
+}

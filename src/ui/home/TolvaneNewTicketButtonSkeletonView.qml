@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The button for a new ticket while the settings are still to come.
+Item {
+    implicitHeight: button.height + 20
+
+    Rectangle {
+        id: button
+
+        x: 20
+        width: parent.width - 40
+        height: lines.implicitHeight + 32
+        radius: 12
+        color: Qt.alpha(Theme.blueColor, 0.1)
+
+        Column {
+            id: lines
+
+            x: 16
+            y: 16
+            width: parent.width - 32
+            spacing: 4
+
+            RedactedText {
+                width: Math.min(implicitWidth, parent.width)
+                text: "Start a new conversation"
+                font.pixelSize: Theme.Callout
+                font.weight: Font.DemiBold
+                maximumLineCount: 1
+                tint: Theme.fontBasicColor
+            }
+            RedactedText {
+                width: Math.min(implicitWidth, parent.width)
+                text: "We're here to help"
+                font.pixelSize: 14
+                maximumLineCount: 1
+                tint: Theme.secondaryColor
+            }
+        }
+    }
+}

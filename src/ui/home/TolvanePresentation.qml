@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Slides the messenger in over all that the window shows, and out again. Nothing gets through to
+// what is below.
+FocusScope {
+    id: presentation
+
+    required property ScreenData screen
+    property bool wasShown: false
+
+    anchors.fill: parent
+    // Above the host's popups.
+    z: 2000000
+    focus: true
+    Keys.onEscapePressed: screen.close()
+
+    MouseArea {
+        anchors.fill: parent
+        hoverEnabled: true
+        acceptedButtons: Qt.AllButtons
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    TolvaneScreen {
+        id: content
+
+        width: parent.width
+        height: parent.height
+        y: parent.height
+        focus: true
+        screen: presentation.screen
+    }
+
+    states: State {
+        name: "shown"
+        when: presentation.screen.isShown
+
+        PropertyChanges {
+            target: content
+            y: 0
+        }
+    }
+
+    transitions: Transition {
+        onRunningChanged: {
+            if (!running && !presentation.screen.isShown)
+                presentation.screen.didHide()
+        }
+
+        YAnimator {
+            target: content
+            duration: 350
+            easing.type: Easing.OutCubic
+        }
+    }
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The root view: a skeleton until the settings have arrived, then the real interface.
+FocusScope {
+    id: root
+
+    required property ScreenData screen
+
+    Loader {
+        anchors.fill: parent
+        focus: true
+        sourceComponent: root.screen.settingsDidLoad ? running : waiting
+    }
+
+    Component {
+        id: waiting
+
+        TolvaneSkeletonView { focus: true }
+    }
+
+    Component {
+        id: running
+
+        TolvaneNavigationStack {
+            focus: true
+            screen: root.screen
+        }
+    }
+}

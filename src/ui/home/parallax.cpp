@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include <tolvane/parallax.h>
+
+#include <algorithm>
+
+namespace tolvane {
+
+namespace {
+
+/// The comparison is false for what is not a number, too.
+double atLeast(double least, double value)
+{
+    return value > least ? value : least;
+}
+
+double part(double value)
+{
+    return std::min(atLeast(0, value), 1.0);
+}
+
+} // namespace
+
+ParallaxHeightConfiguration::ParallaxHeightConfiguration(double openedHeight,
+                                                         double collapsedHeight)
+    : m_openedHeight(atLeast(0, openedHeight))
+    , m_collapsedHeight(atLeast(0, collapsedHeight))
+{
+}
+
+ParallaxConfiguration::ParallaxConfiguration(const ParallaxHeightConfiguration &portrait,
+                                             const ParallaxHeightConfiguration &landscape,
+                                             double parallaxFactor, double stretchFactor,
+                                             double thresholdPercentage,
+                                             const QColor &headerBackground,
+                                             const QColor &contentBackground)
+    : m_portrait(portrait)
+    , m_landscape(landscape)
+    , m_parallaxFactor(part(parallaxFactor))
+    , m_stretchFactor(atLeast(1, stretchFactor))
+    , m_thresholdPercentage(part(thresholdPercentage))
+    , m_headerBackground(headerBackground)
+    , m_contentBackground(contentBackground)
+{
+}
+
+} // namespace tolvane

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "ui/home/screendata.h"
+
+#include "core/notifications.h"
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "state/sdkdata.h"
+
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+// Indexed by LoadingState's Case.
+constexpr std::array stateNames = {
+    "loadingWithPreview", "loaded", "error", "idle", "loading", "empty"};
+
+} // namespace
+
+ScreenData::ScreenData(QObject *parent)
+    : QObject(parent)
+{
+    connect(m_ticketsData.get(), &TicketsData::changed, this, &ScreenData::takeOver);
+    connect(SdkData::shared().get(), &SdkData::changed, this, [this] {
+        begin();
+        Q_EMIT settingsChanged();
+    });
+    begin();
+}
+
+void ScreenData::setShown(bool isShown)
+{
+    if (m_isShown == isShown)
+        return;
+    m_isShown = isShown;
+    Q_EMIT isShownChanged();
+}
+
+bool ScreenData::settingsDidLoad() const
+{
+    return SdkData::shared()->settingsDidLoad();
+}
+
+QString ScreenData::state() const
+{
+    return QString::fromLatin1(
+        stateNames.at(static_cast<std::size_t>(m_ticketsData->state().current())));
+}
+
+QString ScreenData::errorText() const
+{
+    const ErrorPtr error = m_ticketsData->state().failure();
+    return error ? error->localizedDescription() : QString();
+}
+
+void ScreenData::begin()
+{
+    if (m_hasBegun || !settingsDidLoad())
+        return;
+    m_hasBegun = true;
+    for (const QString &name :
+         {notifications::didReceiveMessage, notifications::didReceiveStateUpdate,
+          notifications::didSendMessage})
+        m_observations.push_back(platform().notificationCenter->observe(
+            name, NotificationCenter::Delivery::mainThread, [this](const auto &) { reload(); }));
+    load();
+}
+
+void ScreenData::takeOver()
+{
+    // The rows stay behind a skeleton, for the list to keep its place.
+    if (const auto tickets = m_ticketsData->state().value())
+        m_tickets.setTickets(*tickets);
+    Q_EMIT ticketsChanged();
+}
+
+void ScreenData::load()
+{
+    detach(m_ticketsData->load());
+}
+
+void ScreenData::reload()
+{
+    detach(m_ticketsData->reload());
+}
+
+} // namespace tolvane

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/notificationcenter.h"
+#include "state/messagedata.h"
+#include "state/navigationdata.h"
+#include "state/ticketsdata.h"
+#include "ui/home/ticketlistmodel.h"
+
+#include <QtCore/QObject>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+#include <vector>
+
+namespace tolvane {
+
+/// What one presentation of the messenger owns: stores that are new with it, and go with it.
+/// Nothing is loaded before the settings have arrived. Main thread.
+class ScreenData : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("each presentation has its own")
+    Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY settingsChanged)
+    /// While true the messenger slides in and is there; then it slides out and calls didHide().
+    Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
+    /// "idle", "loading", "loadingWithPreview", "loaded", "empty" or "error"
+    Q_PROPERTY(QString state READ state NOTIFY ticketsChanged)
+    Q_PROPERTY(bool isLoading READ isLoading NOTIFY ticketsChanged)
+    Q_PROPERTY(QString errorText READ errorText NOTIFY ticketsChanged)
+    Q_PROPERTY(QAbstractItemModel *tickets READ tickets CONSTANT)
+    Q_PROPERTY(tolvane::NavigationData *navigation READ navigation CONSTANT)
+    Q_PROPERTY(tolvane::MessageData *messages READ messages CONSTANT)
+
+public:
+    explicit ScreenData(QObject *parent = nullptr);
+
+    bool isShown() const { return m_isShown; }
+    void setShown(bool isShown);
+    bool settingsDidLoad() const;
+    QString state() const;
+    bool isLoading() const { return m_ticketsData->state().isLoading(); }
+    QString errorText() const;
+    QAbstractItemModel *tickets() { return &m_tickets; }
+    NavigationData *navigation() { return &m_navigation; }
+    MessageData *messages() { return &m_messages; }
+
+    /// The load that shows, as after a pull.
+    Q_INVOKABLE void load();
+    /// The refresh that does not show, as on coming back to the list.
+    Q_INVOKABLE void reload();
+    /// As the close button does.
+    Q_INVOKABLE void close() { Q_EMIT closeRequested(); }
+    Q_INVOKABLE void didHide() { Q_EMIT hidden(); }
+
+Q_SIGNALS:
+    void settingsChanged();
+    void ticketsChanged();
+    void isShownChanged();
+    void closeRequested();
+    void hidden();
+
+private:
+    void begin();
+    void takeOver();
+
+    const std::shared_ptr<TicketsData> m_ticketsData = std::make_shared<TicketsData>();
+    TicketListModel m_tickets;
+    NavigationData m_navigation;
+    MessageData m_messages;
+    std::vector<NotificationCenter::Observation> m_observations;
+    bool m_hasBegun = false;
+    bool m_isShown = false;
+};
+
+} // namespace tolvane

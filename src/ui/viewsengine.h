@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QQmlEngine;
+
+namespace tolvane {
+
+/// The engine that all of the library's views run in: its own, so that the host's may come and go,
+/// and kept from one presentation to the next, so that a later one opens at once. Main thread.
+QQmlEngine &viewsEngine();
+
+} // namespace tolvane

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "platform/librarytexts.h"
+#include "platform/services.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+#include <QtCore/QRegularExpression>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+
+namespace {
+
+const QDir folder(QStringLiteral(TOLVANE_TRANSLATIONS));
+
+QString fileOf(const QString &language)
+{
+    QFile file(folder.filePath(u"tolvane_%1.ts"_s.arg(language)));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// What stands in each element of that name, in order.
+QStringList contents(const QString &file, const QString &element)
+{
+    const QRegularExpression form(u"<%1[^>]*>([^<]*)"_s.arg(element));
+    QStringList texts;
+    for (const QRegularExpressionMatch &match : form.globalMatch(file))
+        texts += match.captured(1);
+    return texts;
+}
+
+/// A host that has a translation for everything, in any context.
+struct EagerHost : QTranslator
+{
+    QString translate(const char *context, const char *key, const char *, int) const override
+    {
+        return QString::fromUtf8(context) + u'/' + QString::fromUtf8(key);
+    }
+    bool isEmpty() const override { return false; }
+};
+
+} // namespace
+
+class LibraryTextsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyLanguageIsComplete_data()
+    {
+        QTest::addColumn<int>("forms");
+        for (const char *two : {"en", "de", "fr", "es", "pt"})
+            QTest::newRow(two) << 2;
+        QTest::newRow("uk") << 3;
+        QTest::newRow("pl") << 3;
+        QTest::newRow("ar") << 6;
+        QTest::newRow("ja") << 1;
+        QCOMPARE(folder.entryList(QDir::Files).size(), 9);
+    }
+
+    void everyLanguageIsComplete()
+    {
+        QFETCH(const int, forms);
+        const QString language = QString::fromUtf8(QTest::currentDataTag());
+        const QString file = fileOf(language);
+        const QStringList keys = contents(file, u"source"_s);
+        QCOMPARE(keys.size(), 17);
+        QCOMPARE(keys, contents(fileOf(u"en"_s), u"source"_s));
+        QCOMPARE(contents(file, u"extracomment"_s).size(), keys.size());
+        QCOMPARE(contents(file, u"numerusform"_s).size(), 3 * forms);
+        for (const auto &part : {u"extracomment"_s, u"numerusform"_s, u"translation"_s})
+            QVERIFY(!contents(file, part).contains(QString()));
+        QVERIFY(!file.contains(u"unfinished"_s));
+
+        const LibraryTexts texts({language}); // What was compiled has it all, too.
+        for (const QString &key : keys) {
+            for (qint64 count = 0; count < 120; ++count) {
+                const bool isPlural = key.startsWith(u'%');
+                const QString text = isPlural ? texts.text(key, count) : texts.text(key);
+                QVERIFY2(text != key && !text.isEmpty() && !text.contains(u'%'), qPrintable(key));
+            }
+        }
+        QVERIFY(texts.text(u"main_title"_s).endsWith(u' '));
+    }
+
+    void countsTakeTheirForm_data()
+    {
+        QTest::addColumn<QStringList>("languages");
+        QTest::addColumn<qint64>("count");
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char *languages, qint64 count, const QString &text) {
+            QTest::addRow("%s %lld", languages, count)
+                << QString::fromUtf8(languages).split(u',', Qt::SkipEmptyParts) << count << text;
+        };
+        row("en-GB", 1, u"1 minute ago"_s);
+        row("", 2, u"2 minutes ago"_s);
+        row("it-IT,it,pl-PL,en", 3, u"3 minuty temu"_s);
+        row("pl", 22, u"22 minuty temu"_s);
+        row("pl", 12, u"12 minut temu"_s);
+        row("C,x", 12, u"12 minutes ago"_s);
+        row("uk", 21, u"21 хвилину тому"_s);
+        row("uk", 34, u"34 хвилини тому"_s);
+        row("uk", 11, u"11 хвилин тому"_s);
+        row("ar", 2, u"قبل دقيقتين"_s);
+        row("ar", 3, u"قبل ٣ دقائق"_s);
+        row("ar-MA", 11, u"قبل 11 دقيقة"_s);
+        row("ja-JP", 1, u"1分前"_s);
+        row("de", 5'000'000'000, u"Vor 5.000.000.000 Minuten"_s);
+    }
+
+    void countsTakeTheirForm()
+    {
+        QFETCH(const QStringList, languages);
+        QFETCH(const qint64, count);
+        QTEST(LibraryTexts(languages).text(u"%lld timeago_minutes"_s, count), "text");
+    }
+
+    void hostAndLibraryKeepApart()
+    {
+        qputenv("LANGUAGE", "it:pl");
+        const auto bundle = makeApplicationBundle();
+        QCOMPARE(bundle->hostString(u"Wörter"_s), u"Wörter"_s);
+        EagerHost host;
+        QVERIFY(QCoreApplication::installTranslator(&host));
+        QCOMPARE(bundle->hostString(u"Wörter"_s), u"Tolvane/Wörter"_s);
+        QCOMPARE(bundle->string(u"main_sender_customer_name"_s), u"Ty"_s);
+        QCOMPARE(bundle->string(u"Wörter"_s), u"Wörter"_s);
+        QCOMPARE(bundle->string(u"Wörter"_s, 2), u"Wörter"_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(LibraryTextsTest)
+#include "tst_librarytexts.moc"

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tolvane
+
+Item {
+    id: window
+
+    width: 300
+    height: 600
+
+    property int made
+    property int pressed
+    property int tapped
+
+    ParallaxScrollView {
+        id: view
+
+        anchors.fill: parent
+        isLandscape: false
+        configuration: Parallax.configuration(Parallax.heights(240, 80), Parallax.heights(160, 60),
+                                              0.5, 1, 0.3, "#ff0000", "#ffffff")
+        header: Item {
+            MouseArea {
+                objectName: "button"
+                anchors { right: parent.right; bottom: parent.bottom; bottomMargin: 30 }
+                width: 60
+                height: 60
+                onPressed: ++window.pressed
+            }
+        }
+        delegate: Rectangle {
+            required property int index
+
+            width: ListView.view ? ListView.view.width : 0
+            height: 50
+            color: "#0000ff"
+            Component.onCompleted: ++window.made
+
+            TapHandler {
+                onTapped: ++window.tapped
+            }
+        }
+    }
+
+    Component {
+        id: note
+
+        Rectangle {
+            implicitHeight: 70
+            color: "#00ff00"
+        }
+    }
+
+    SignalSpy {
+        id: states
+
+        target: view
+        signalName: "scrollStateChanged"
+    }
+
+    TestCase {
+        name: "Parallax"
+        when: windowShown
+
+        function init() {
+            view.isLandscape = false
+            view.bottomContentMargin = 0
+            view.content = null
+            view.model = 0
+            view.list.cancelFlick()
+            view.list.contentY = view.list.originY
+            compare(view.offset, 0)
+            window.pressed = 0
+            window.tapped = 0
+            states.clear()
+        }
+
+        function drag(x, y, distance) {
+            mousePress(window, x, y)
+            for (let step = 1; step <= 10; ++step)
+                mouseMove(window, x, y + distance * step / 10, 20)
+        }
+
+        function colorsAt(places) {
+            const shot = grabImage(window)
+            return places.map(([x, y]) => String(shot.pixel(x, y)))
+        }
+
+        function test_theHeaderCanAlwaysBeCovered_data() {
+            return [
+                {tag: "nothing", model: 0, content: null, end: -140},
+                {tag: "content", model: 0, content: note, end: -140},
+                {tag: "few rows", model: 3, content: null, end: -140},
+                {tag: "few rows and content", model: 3, content: note, end: -140},
+                {tag: "20 rows and content", model: 20, content: note, end: -140 - 70 - 1000 + 520},
+                {tag: "a margin", model: 20, content: null, end: -140 - 1000 - 30 + 520, margin: 30},
+                {tag: "a margin below content", model: 0, content: note, end: -140, margin: 30},
+            ]
+        }
+
+        function test_theHeaderCanAlwaysBeCovered(data) {
+            view.content = data.content
+            view.model = data.model
+            view.bottomContentMargin = data.margin ?? 0
+            waitForRendering(view)
+            compare(view.offset, 0)
+            compare(view.headerItem.height, 240)
+            if (data.content)
+                compare(view.contentItem.height, data.model ? 70 : 520 - view.bottomContentMargin)
+            view.list.positionViewAtEnd()
+            view.list.contentY += 1000
+            view.list.returnToBounds()
+            tryCompare(view, "offset", data.end)
+            compare(view.headerItem.height, 160)
+            compare(view.scrollState, ParallaxScroll.Collapsed)
+        }
+
+        function test_dragged_data() {
+            return [
+                {tag: "rows", from: [150, 500]},
+                {tag: "the header, through the clear room", from: [50, 150]},
+                {tag: "the header's button", from: [270, 180]},
+            ]
+        }
+        function test_dragged(data) {
+            view.model = 100
+            waitForRendering(view)
+            drag(data.from[0], data.from[1], -110)
+            verify(view.offset < -60 && view.offset >= -110, "moved to " + view.offset)
+            compare(view.headerItem.height, 240 + Math.max(-80, view.offset))
+            compare(states.count, 1)
+            compare(view.scrollState, ParallaxScroll.Collapsed)
+            mouseRelease(window, data.from[0], data.from[1] - 110)
+            compare(window.tapped, 0)
+        }
+
+        function test_pulledDown() {
+            view.model = 100
+            waitForRendering(view)
+            drag(150, 300, 150)
+            verify(view.offset > 20, "moved to " + view.offset)
+            compare(view.headerItem.height, 240 + view.offset)
+            mouseRelease(window, 150, 450)
+            tryCompare(view, "offset", 0)
+            compare(states.count, 0)
+        }
+
+        function test_wheel_data() {
+            return [{tag: "rows", at: [150, 500]}, {tag: "header", at: [270, 180]}]
+        }
+        function test_wheel(data) {
+            view.model = 100
+            waitForRendering(view)
+            mouseWheel(window, data.at[0], data.at[1], 0, -240)
+            tryCompare(view, "scrollState", ParallaxScroll.Collapsed)
+            tryCompare(view.list, "moving", false)
+            mouseWheel(window, data.at[0], data.at[1], 0, 2400)
+            tryCompare(view, "scrollState", ParallaxScroll.Opened)
+            tryCompare(view, "offset", 0)
+            compare(states.count, 2)
+        }
+
+        function test_presses_data() {
+            return [
+                {tag: "the header's button", at: [270, 180], offset: 0, pressed: 1, tapped: 0},
+                {tag: "beside it", at: [50, 180], offset: 0, pressed: 0, tapped: 0},
+                {tag: "a row", at: [150, 400], offset: 0, pressed: 0, tapped: 1},
+                {tag: "a row that covers the button", at: [270, 110], offset: -140, pressed: 0,
+                 tapped: 1},
+                {tag: "rows that are out of sight", at: [150, 50], offset: -400, pressed: 0,
+                 tapped: 0},
+                {tag: "the ground, over the button", at: [270, 110], offset: -140, pressed: 0,
+                 tapped: 0, model: 0},
+            ]
+        }
+        function test_presses(data) {
+            view.model = data.model ?? 100
+            view.list.contentY = view.list.originY - data.offset
+            waitForRendering(view)
+            mouseClick(window, data.at[0], data.at[1])
+            compare([window.pressed, window.tapped], [data.pressed, data.tapped])
+        }
+
+        function test_manyRowsAreMadeAsNeeded() {
+            window.made = 0
+            view.content = note
+            view.model = 10000
+            waitForRendering(view)
+            view.list.positionViewAtIndex(5000, ListView.Beginning)
+            waitForRendering(view)
+            verify(window.made < 100, window.made + " rows")
+            compare(view.offset, -140 - 70 - 5000 * 50)
+            view.list.positionViewAtBeginning()
+            compare(view.offset, 0)
+        }
+
+        function test_turning_data() {
+            return [
+                {tag: "at rest", offset: 0, state: ParallaxScroll.Opened},
+                {tag: "on the way", offset: -40, state: ParallaxScroll.Opened},
+                {tag: "further down", offset: -1000, state: ParallaxScroll.Collapsed},
+            ]
+        }
+        function test_turning(data) {
+            view.model = 100
+            view.content = note
+            view.list.contentY = view.list.originY - data.offset
+            const row = view.list.itemAtIndex(data.offset < -500 ? 20 : 0)
+            const seenAt = row.mapToItem(window, 0, 0).y
+            compare(view.scrollState, data.state)
+            for (const isLandscape of [true, false]) {
+                view.isLandscape = isLandscape
+                waitForRendering(view)
+                compare(view.scrollState, data.state)
+                compare(view.headerItem.height, isLandscape ? 160 + Math.max(data.offset, -60)
+                                                            : 240 + Math.max(data.offset, -80))
+            }
+            compare(view.offset, data.offset)
+            compare(row.mapToItem(window, 0, 0).y, seenAt)
+        }
+
+        function test_seen_data() {
+            const isSoftware = view.GraphicsInfo.api === GraphicsInfo.Software
+            const ground = "#ffffff", header = "#ff0000", rows = "#0000ff", note = "#00ff00"
+            return [
+                {tag: "at rest", model: 20, offset: 0, at: [[150, 215], [150, 225], [150, 300]],
+                 saw: [header, note, rows]},
+                {tag: "rows have passed", model: 20, offset: -300,
+                 at: [[150, 75], [150, 85], [150, 595]], saw: [header, rows, rows]},
+                {tag: "the corners at rest", model: 20, offset: 0, at: [[2, 222], [297, 222]],
+                 saw: isSoftware ? [note, note] : [header, header]},
+                {tag: "the corners of rows", model: 20, offset: -300,
+                 at: [[2, 82], [297, 82], [2, 597]],
+                 saw: isSoftware ? [rows, rows, rows] : [header, header, ground]},
+                {tag: "the ground", model: 0, offset: 0,
+                 at: [[2, 222], [297, 222], [150, 222], [150, 598]],
+                 saw: [header, header, ground, ground]},
+            ]
+        }
+        function test_seen(data) {
+            view.content = data.model ? note : null
+            view.model = data.model
+            waitForRendering(view)
+            view.list.contentY = view.list.originY - data.offset
+            compare(colorsAt(data.at), data.saw)
+        }
+    }
+}
