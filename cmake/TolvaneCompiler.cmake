@@ -24,7 +24,8 @@ target_compile_options(tolvane_compiler INTERFACE
   $<$<BOOL:${TOLVANE_WARNINGS_AS_ERRORS}>:-Werror>)
 
 if(TOLVANE_SANITIZE)
-  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # Reports need lines, not variables, which take a sixth of the build's time.
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   add_compile_options(${sanitizers})
   add_link_options(${sanitizers})
 endif()

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shows the gallery in a window, and with a second argument saves it as a picture. Linked with the
-// library as hosts link it.
+// Shows the gallery in a window, or saves it as a picture.
 #include <QtCore/QBuffer>
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QTimer>
@@ -93,12 +92,10 @@ int main(int argc, char **argv)
     const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("The dark appearance."));
     parser.addOption(dark);
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("page"), QStringLiteral("Gallery.qml"));
-    parser.addPositionalArgument(QStringLiteral("picture"), QStringLiteral("Where to save it."));
+    parser.addPositionalArgument(QStringLiteral("picture"), QStringLiteral("Where to save it."),
+                                 QStringLiteral("[picture]"));
     parser.process(app);
     const QStringList files = parser.positionalArguments();
-    if (files.isEmpty())
-        parser.showHelp(2);
     if (parser.isSet(dark))
         darken();
 
@@ -111,11 +108,11 @@ int main(int argc, char **argv)
                                {QStringLiteral("detailed"), stripes()},
                                {QStringLiteral("address"), server.url(QStringLiteral("photo"))},
                                {QStringLiteral("silent"), server.url(QStringLiteral("silent"))}});
-    view.setSource(QUrl::fromLocalFile(files.constFirst()));
+    view.setSource(QUrl(QStringLiteral("qrc:/Gallery.qml")));
     view.show();
-    if (files.size() > 1) {
+    if (!files.isEmpty()) {
         QTimer::singleShot(1500, &view, [&] {
-            const bool isSaved = view.grabWindow().save(files.at(1));
+            const bool isSaved = view.grabWindow().save(files.constFirst());
             QGuiApplication::exit(isSaved && !hasWarnings ? 0 : 1);
         });
     }
