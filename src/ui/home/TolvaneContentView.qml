@@ -44,6 +44,11 @@ FocusScope {
     Connections {
         target: parallax.list
 
+        // No row is marked before somebody uses the arrow keys.
+        function onModelChanged() {
+            parallax.list.currentIndex = -1
+        }
+
         // Let go of after a good pull.
         function onDraggingChanged() {
             if (!parallax.list.dragging && parallax.offset > 70)
@@ -58,6 +63,8 @@ FocusScope {
         configuration: Parallax.configuration(Parallax.heights(240, 80), Parallax.heights(160, 60),
                                               0.5, 1.5, 0.3, Theme.primaryColor,
                                               Theme.chatBackgroundColor)
+        // Little height, as of a phone on its side; a large window has room for the tall header.
+        isLandscape: width > height && height < 500
         bottomContentMargin: 120
         model: home.screen.state === "loaded" ? home.screen.tickets : null
 

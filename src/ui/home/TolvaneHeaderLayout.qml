@@ -13,6 +13,8 @@ Item {
     required property int logoSize
     required property int logoRadius
 
+    /// Fonts that take more room would not fit in the strip that stays.
+    readonly property int lineHeight: Math.ceil(titleSize * 1.2)
     readonly property int spacing: isLandscape ? 7 : 10
     /// What the close button in the corner leaves free.
     readonly property int textRoom: width - 32 - (isCollapsed ? logoSize + spacing + 44 : 0)
@@ -57,6 +59,8 @@ Item {
                     opacity: 0.4
                     font.pixelSize: layout.titleSize
                     font.bold: true
+                    lineHeightMode: Text.FixedHeight
+                    lineHeight: layout.lineHeight
                 }
                 Text {
                     id: wave
@@ -65,6 +69,8 @@ Item {
                     textFormat: Text.PlainText
                     font.pixelSize: layout.titleSize
                     font.bold: true
+                    lineHeightMode: Text.FixedHeight
+                    lineHeight: layout.lineHeight
                     Accessible.ignored: true
                 }
             }
@@ -76,6 +82,8 @@ Item {
                 color: Theme.accentColor
                 font.pixelSize: layout.titleSize
                 font.bold: true
+                lineHeightMode: Text.FixedHeight
+                lineHeight: layout.lineHeight
             }
         }
     }
