@@ -10,6 +10,8 @@ Item {
     required property color color
     /// What it does, for those who hear it.
     required property string name
+    /// Whether the icon points along the reading direction.
+    property bool mirrors: false
 
     signal clicked()
 
@@ -33,6 +35,7 @@ Item {
         name: button.icon
         color: button.color
         opacity: area.pressed ? 0.4 : 1
+        rotation: button.mirrors && button.LayoutMirroring.enabled ? 180 : 0
     }
 
     MouseArea {

@@ -48,6 +48,6 @@ FocusScope {
         textFormat: Text.PlainText
         elide: Text.ElideMiddle
         color: Theme.fontBasicColor
-        font.pixelSize: Theme.Body
+        font.pixelSize: Theme.body
     }
 }

@@ -32,7 +32,8 @@ Item {
     }
 
     Grid {
-        x: 16
+        anchors.left: parent.left
+        anchors.leftMargin: 16
         y: 16
         columns: layout.isCollapsed ? 2 : 1
         spacing: layout.spacing
@@ -54,6 +55,7 @@ Item {
                     width: Math.min(implicitWidth, layout.textRoom - wave.width)
                     text: Texts.string("main_title")
                     textFormat: Text.PlainText
+                    horizontalAlignment: Text.AlignLeft
                     elide: Text.ElideRight
                     color: Theme.accentColor
                     opacity: 0.4
@@ -78,6 +80,7 @@ Item {
                 width: Math.min(implicitWidth, layout.textRoom)
                 text: Texts.string("main_subtitle")
                 textFormat: Text.PlainText
+                horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideRight
                 color: Theme.accentColor
                 font.pixelSize: layout.titleSize

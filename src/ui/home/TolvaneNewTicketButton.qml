@@ -66,9 +66,10 @@ Item {
             width: parent.width
             text: button.title
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: Theme.primaryColor
-            font.pixelSize: Theme.Callout
+            font.pixelSize: Theme.callout
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
@@ -76,10 +77,11 @@ Item {
             width: parent.width
             text: button.subtitle
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             wrapMode: Text.Wrap
             color: Theme.primaryColor
             opacity: 0.6
-            font.pixelSize: Theme.Callout
+            font.pixelSize: Theme.callout
             Accessible.ignored: true
         }
     }
