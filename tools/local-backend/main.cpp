@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "desk.h"
+#include "backend.h"
 #include "errors.h"
 #include "options.h"
-#include "pushes.h"
 #include "schema.h"
 #include "server.h"
-#include "settings.h"
-#include "store.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -51,14 +48,9 @@ bool serveUntilSignal(Server &server, const sigset_t &signals)
 
 int run(const Options &options, const sigset_t &signals)
 {
-    Settings settings = loadSettings(options.brandingPath, options.schedulesPath);
-    Pushes pushes;
-    Store store(openDatabase(options.databasePath), [&pushes](const std::string &token, Push push) {
-        pushes.send(token, std::move(push));
-    });
-    Desk desk(store, {options.replyDelay, settings.openingHours});
-    Server server({options.host, options.port, options.keys, options.maxBody}, std::move(settings),
-                  store, desk, pushes);
+    Backend backend(openDatabase(options.databasePath), options.replyDelay, options.brandingPath,
+                    options.schedulesPath);
+    Server server({options.host, options.port, options.keys, options.maxBody}, backend);
     server.bind();
     std::printf("listening on %s\n", server.baseUrl().c_str());
     std::fflush(stdout);

@@ -51,13 +51,23 @@ struct NewTicket
     NewMessage message;
 };
 
+/// An agent who writes by their own hand, in place of the scripted one.
+struct Person
+{
+    /// May be empty, for an agent without a name.
+    std::string name;
+    /// "HASH/NAME" as of an attachment, or empty.
+    std::string picture;
+};
+
 struct Message
 {
     std::string id;
     std::string ticketId;
-    /// Empty for an agent, whose identity follows from `author`.
+    /// Empty for an agent, whose identity is that of `person`, else follows from `author`.
     std::string customerId;
     Author author = Author::Customer;
+    std::optional<Person> person;
     std::string content;
     bool isRead = false;
     Instant at = 0;
@@ -80,8 +90,45 @@ struct Preview
     Message lastMessage;
 };
 
+/// A ticket as the agents see it.
+struct Case
+{
+    /// In a list of cases, with its newest message only.
+    Ticket ticket;
+    /// Whether the scripted agents answer in it.
+    bool isAutomatic = true;
+    std::string customerId;
+    std::string email;
+    std::string originalId;
+    std::string deviceToken;
+    std::string channel;
+    /// A JSON object of texts.
+    std::string device;
+};
+
+struct AgentMessage
+{
+    Author author = Author::Human;
+    std::optional<Person> person;
+    NewMessage message;
+};
+
+/// What an agent does to a ticket; what is absent stays as it is.
+struct TicketChange
+{
+    std::optional<State> state;
+    std::optional<Author> assignee;
+    std::optional<bool> isAutomatic;
+};
+
+/// A payload of an agent's own making, a JSON object on one line.
+struct HandmadePush
+{
+    std::string payload;
+};
+
 /// What a customer's device is told: a message of an agent's, or a ticket whose state has changed.
-using Push = std::variant<Message, Preview>;
+using Push = std::variant<Message, Preview, HandmadePush>;
 
 struct StoredFile
 {
