@@ -67,7 +67,8 @@ struct Scene : Fixture
     bool isReady()
     {
         QMetaObject::invokeMethod(item.get(), "focusEditor");
-        return QTest::qWaitForWindowActive(&window) && editor() && editor()->hasActiveFocus();
+        return QTest::qWaitForWindowActive(&window) && editor()->hasActiveFocus() &&
+               QTest::qWaitFor([this] { return item->property("isAnimated").toBool(); });
     }
 
     static QQuickItem *find(QQuickItem *in, const char *type)
@@ -99,13 +100,9 @@ struct Scene : Fixture
         event.setCommitString(commit);
         QCoreApplication::sendEvent(editor(), &event);
     }
-    QString placeholder() const
+    bool hasPlaceholder() const
     {
-        for (QQuickItem *child : find("AutoSizingTextEditor")->childItems()) {
-            if (child->isVisible() && child->inherits("QQuickText"))
-                return child->property("text").toString();
-        }
-        return {};
+        return !find("AutoSizingTextEditor")->property("hasContent").toBool();
     }
 
     bool isFailing = false;
@@ -126,11 +123,10 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isReady());
-        QCOMPARE(scene.placeholder(), u"composer_placeholder"_s);
-        QTRY_VERIFY(scene.item->implicitHeight() < 70);
+        QVERIFY(scene.hasPlaceholder());
         const double rest = scene.item->implicitHeight();
         scene.type(u" "_s);
-        QCOMPARE(scene.placeholder(), QString());
+        QVERIFY(!scene.hasPlaceholder());
         scene.press(Qt::Key_Return);
         QCOMPARE(scene.store->message(), u" \n"_s);
         QTRY_VERIFY(scene.item->implicitHeight() >= rest + 15); // The cursor's line counts.
@@ -188,7 +184,7 @@ private Q_SLOTS:
         Scene scene;
         QVERIFY(scene.isReady());
         scene.compose(u"にほ"_s);
-        QCOMPARE(scene.placeholder(), QString());
+        QVERIFY(!scene.hasPlaceholder());
         QCOMPARE(scene.store->message(), QString());
         scene.press(Qt::Key_Return, Qt::ControlModifier);
         QVERIFY(scene.session->requests.isEmpty());
@@ -278,7 +274,6 @@ private Q_SLOTS:
     {
         Scene scene;
         QVERIFY(scene.isReady());
-        QTRY_VERIFY(scene.item->implicitHeight() < 70);
         const double rest = scene.item->implicitHeight();
         const QList attachments = {picture(u"1"_s), AttachmentDto{u"2"_s, u"image/heic"_s, "?"},
                                    picture(u"3"_s, Qt::blue)};
@@ -299,7 +294,8 @@ private Q_SLOTS:
         QCOMPARE(scene.store->attachments(), attachments.first(2));
         QTest::mouseClick(&scene.window, Qt::LeftButton, {}, QPoint(10 + 150 - 20, 100 + 20));
         QCOMPARE(scene.store->attachments(), attachments.sliced(1, 1));
-        QVERIFY(!scene.composer.isSendDisabled() && scene.editor()->hasActiveFocus());
+        QVERIFY(!scene.composer.isSendDisabled());
+        QTRY_VERIFY(scene.editor()->hasActiveFocus());
         QTRY_COMPARE(scene.item->implicitHeight(), rest);
     }
 
@@ -375,7 +371,7 @@ private Q_SLOTS:
         QVERIFY(solid({3, 3}, Qt::red).save(folder.filePath(u"a.png"_s)));
         QVERIFY(solid({3, 3}, Qt::blue).save(folder.filePath(u"b.png"_s)));
         write(u"Picker.qml"_s, "import QtQml\nQtObject { property var patterns\n"
-                               "signal picked(list<url> files)\nfunction open() { picked(["
+                               "signal picked(var files)\nfunction open() { picked(["
                                "Qt.resolvedUrl('a.png'), Qt.resolvedUrl('gone.png'),"
                                "Qt.resolvedUrl('b.png')]) } }");
         for (int round = 0; round < 2; ++round) {

@@ -16,77 +16,45 @@ class ComposerRulesTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void heights_data()
+    void heightsMoveByMoreThanHalfAPoint()
     {
-        QTest::addColumn<double>("measured");
-        QTest::addColumn<double>("present");
-        QTest::addColumn<std::optional<double>>("taken");
-        const auto add = [](const char *tag, double measured, double present,
-                            std::optional<double> taken) {
-            QTest::newRow(tag) << measured << present << taken;
+        struct Case
+        {
+            double measured;
+            double present;
+            std::optional<double> taken;
         };
-        add("first, one line", 37, 0, 40);
-        add("at the least", 37, 40, {});
-        add("grows", 62, 40, 62);
-        add("shrinks", 40, 62, 40);
-        add("within the dead band", 100.6, 100.2, {});
-        add("half a point", 100.5, 100, {});
-        add("beyond the dead band", 100.8, 100.2, 100.8);
-        add("above the most", 5000, 190, 200);
-        add("stays at the most", 5000, 200, {});
-    }
-
-    void heights()
-    {
-        QFETCH(const double, measured);
-        QFETCH(const double, present);
-        QFETCH(const std::optional<double>, taken);
-        QCOMPARE(ComposerRules().update(measured, present, 200), taken);
-    }
-
-    void cornersTighten_data()
-    {
-        QTest::addColumn<double>("height");
-        QTest::addColumn<double>("radius");
-        QTest::newRow("unmeasured") << 0.0 << 30.0;
-        QTest::newRow("one line") << 40.0 << 30.0;
-        QTest::newRow("rest") << 60.0 << 30.0;
-        QTest::newRow("half way") << 140.0 << 18.0;
-        QTest::newRow("full") << 200.0 << 14.25;
-        QTest::newRow("beyond") << 500.0 << 14.0;
+        const Case cases[] = {{37, 0, 40},           {37, 40, {}},       {62, 40, 62},
+                              {40, 62, 40},          {100.6, 100.2, {}}, {100.5, 100, {}},
+                              {100.8, 100.2, 100.8}, {5000, 190, 200},   {5000, 200, {}}};
+        for (const auto &[measured, present, taken] : cases)
+            QCOMPARE(ComposerRules().update(measured, present, 200), taken);
     }
 
     void cornersTighten()
     {
-        QFETCH(const double, height);
-        QFETCH(const double, radius);
-        QCOMPARE(ComposerRules().cornerRadius(height), radius);
+        const std::pair<double, double> cases[] = {{0, 30},   {40, 30},     {60, 30},
+                                                   {140, 18}, {200, 14.25}, {500, 14}};
         const ComposerRules flat{.editorMinHeight = 40, .editorMaxHeight = 40};
-        QCOMPARE(flat.cornerRadius(height), 30);
-    }
-
-    void roomIsShared_data()
-    {
-        QTest::addColumn<double>("available");
-        QTest::addColumn<bool>("hasStrip");
-        QTest::addColumn<double>("editor");
-        QTest::addColumn<double>("strip");
-        QTest::newRow("plenty") << 900.0 << true << 200.0 << 150.0;
-        QTest::newRow("just enough") << 374.0 << true << 200.0 << 150.0;
-        QTest::newRow("the editor gives way") << 300.0 << true << 126.0 << 150.0;
-        QTest::newRow("then the strip") << 150.0 << true << 40.0 << 86.0;
-        QTest::newRow("too little") << 20.0 << true << 40.0 << 56.0;
-        QTest::newRow("no strip") << 150.0 << false << 130.0 << 0.0;
+        for (const auto &[height, radius] : cases) {
+            QCOMPARE(ComposerRules().cornerRadius(height), radius);
+            QCOMPARE(flat.cornerRadius(height), 30);
+        }
     }
 
     void roomIsShared()
     {
-        QFETCH(const double, available);
-        QFETCH(const bool, hasStrip);
-        QFETCH(const double, editor);
-        QFETCH(const double, strip);
-        const ComposerRules::Room room{.editor = editor, .strip = strip};
-        QCOMPARE(ComposerRules().fit(available, hasStrip), room);
+        struct Case
+        {
+            double available;
+            bool hasStrip;
+            ComposerRules::Room room;
+        };
+        const Case cases[] = {{900, true, {200, 150}}, {374, true, {200, 150}},
+                              {300, true, {126, 150}}, {150, true, {40, 86}},
+                              {20, true, {40, 56}},    {150, false, {130, 0}}};
+        for (const auto &[available, hasStrip, room] : cases)
+            QCOMPARE(ComposerRules().fit(available, hasStrip), room);
     }
 
     void theLayoutFollowsOnceTheLayoutIsDone()

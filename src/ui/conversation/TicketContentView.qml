@@ -26,11 +26,25 @@ FocusScope {
             "error": view.bubbling
         })
         content: TicketMessageList {
+            id: list
+
             model: view.ticket.messages
             isAITyping: view.ticket.isAITyping
-            isClosed: view.ticket.isClosed
+            ticketState: view.ticket.ticketState
             messageData: view.messageData
             bottomContentMargin: composer.height + 32
+
+            Connections {
+                property bool wasShown: Keyboard.isShown
+
+                target: Keyboard
+
+                function onChanged() {
+                    if (Keyboard.isShown && !wasShown)
+                        list.keyboardShown()
+                    wasShown = Keyboard.isShown
+                }
+            }
         }
         loading: TicketMessagesSkeletonView { }
         loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }

@@ -58,6 +58,13 @@ FocusScope {
         focus: true
         ticket: conversation
         messageData: screen.messageData
+        keyboardHeight: keyboard.height
+    }
+
+    KeyboardArea {
+        id: keyboard
+
+        anchors.bottom: parent.bottom
     }
 
     TicketBar {
@@ -68,5 +75,10 @@ FocusScope {
         subtitle: conversation.subtitle
         isSupportAvailable: conversation.isSupportAvailable
         onBackRequested: screen.navigation.goBack()
+    }
+
+    AttachmentDropArea {
+        anchors.fill: parent
+        composer: conversation.composer
     }
 }

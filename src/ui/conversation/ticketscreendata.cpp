@@ -47,9 +47,9 @@ QString TicketScreenData::title() const
     return m_ticketData ? ticketheader::title(*m_ticketData) : QString();
 }
 
-bool TicketScreenData::isClosed() const
+QString TicketScreenData::ticketState() const
 {
-    return m_ticketData && m_ticketData->ticket() && m_ticketData->ticket()->state == words::closed;
+    return m_ticketData && m_ticketData->ticket() ? m_ticketData->ticket()->state : QString();
 }
 
 void TicketScreenData::appear()

@@ -35,10 +35,12 @@ class TicketScreenData : public QObject
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isSupportAvailable READ isSupportAvailable NOTIFY changed)
     Q_PROPERTY(bool isAITyping READ isAITyping NOTIFY changed)
-    Q_PROPERTY(bool isClosed READ isClosed NOTIFY changed)
-    Q_PROPERTY(tolvane::MessageListModel *messages READ messages CONSTANT)
-    /// What is known before the conversation is there: a message at most.
-    Q_PROPERTY(tolvane::MessageListModel *preview READ preview CONSTANT)
+    /// Empty until there is a ticket.
+    Q_PROPERTY(QString ticketState READ ticketState NOTIFY changed)
+    /// A MessageListModel.
+    Q_PROPERTY(QAbstractItemModel *messages READ messages CONSTANT)
+    /// The same of what is known before the conversation is there: a message at most.
+    Q_PROPERTY(QAbstractItemModel *preview READ preview CONSTANT)
     Q_PROPERTY(tolvane::ComposerData *composer READ composer NOTIFY destinationChanged)
 
 public:
@@ -52,9 +54,9 @@ public:
     QString subtitle() const { return m_availability.text; }
     bool isSupportAvailable() const { return m_availability.isAvailable; }
     bool isAITyping() const { return m_ticketData && m_ticketData->isAITyping(); }
-    bool isClosed() const;
-    MessageListModel *messages() { return &m_messages; }
-    MessageListModel *preview() { return &m_preview; }
+    QString ticketState() const;
+    QAbstractItemModel *messages() { return &m_messages; }
+    QAbstractItemModel *preview() { return &m_preview; }
     ComposerData *composer() { return m_composer ? &*m_composer : nullptr; }
 
     /// Each time the screen appears: the first fetch shows, later ones do not.

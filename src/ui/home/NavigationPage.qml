@@ -11,10 +11,32 @@ FocusScope {
     required property ScreenData screen
     required property bool isOnTop
 
-    RoutePage {
+    Loader {
         anchors.fill: parent
         focus: true
-        destination: page.destination
-        onBackRequested: page.screen.navigation.goBack()
+        sourceComponent: page.destination.kind === "imageViewer" ? viewer : conversation
+    }
+
+    Component {
+        id: conversation
+
+        TicketScreen {
+            destination: page.destination
+            navigation: page.screen.navigation
+            messageData: page.screen.messages
+            isOnTop: page.isOnTop
+            focus: true
+        }
+    }
+
+    Component {
+        id: viewer
+
+        ImageViewer {
+            imageUrl: page.destination.imageUrl
+            messageData: page.screen.messages
+            focus: true
+            onBackRequested: page.screen.navigation.goBack()
+        }
     }
 }

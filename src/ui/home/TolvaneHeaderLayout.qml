@@ -19,16 +19,17 @@ Item {
     /// What the close button in the corner leaves free.
     readonly property int textRoom: width - 32 - (isCollapsed ? logoSize + spacing + 44 : 0)
 
-    opacity: isPresent ? 1 : 0
-    scale: isPresent ? 1 : 0.9
+    opacity: Math.max(0, Math.min(1, presence.value))
+    scale: 0.9 + 0.1 * presence.value
     visible: opacity > 0
     clip: true
 
-    Behavior on opacity {
-        NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
-    }
-    Behavior on scale {
-        NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
+    SpringValue {
+        id: presence
+
+        target: layout.isPresent ? 1 : 0
+        response: 0.15
+        dampingFraction: 0.85
     }
 
     Grid {

@@ -48,7 +48,7 @@ DropArea {
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignHCenter
                 color: Theme.fontBasicColor
-                font.pixelSize: Theme.Title3
+                font.pixelSize: Theme.title3
                 Accessible.role: Accessible.StaticText
                 Accessible.name: text
             }

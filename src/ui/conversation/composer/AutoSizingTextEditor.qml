@@ -33,6 +33,7 @@ FocusScope {
     }
 
     enabled: !isDisabled
+    opacity: enabled ? 1 : 0.5
 
     Flickable {
         id: viewport
@@ -67,7 +68,7 @@ FocusScope {
             rightPadding: 5
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
-            font.pixelSize: Theme.Body
+            font.pixelSize: Theme.body
             color: Theme.fontBasicColor
             selectionColor: Theme.accentColor
             selectedTextColor: Theme.primaryColor
@@ -118,11 +119,12 @@ FocusScope {
         y: editor.verticalPadding
         text: editor.placeholder
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         maximumLineCount: 1
         color: Theme.fontBasicColor
         opacity: 0.6
-        font.pixelSize: Theme.Body
+        font.pixelSize: Theme.body
         visible: !editor.hasContent
         Accessible.ignored: true
     }

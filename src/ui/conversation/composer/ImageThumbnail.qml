@@ -33,7 +33,7 @@ Item {
 
     RoundedImage {
         anchors.fill: parent
-        image: thumbnail.image
+        image: thumbnail.image // qmllint disable
         fillMode: RoundedImage.Fill
         radius: 10
     }

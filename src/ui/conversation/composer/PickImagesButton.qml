@@ -10,7 +10,7 @@ IconButton {
     /// What has a signal `picked(files)`, a function `open()` and `patterns` to filter by. Made
     /// with the first press: its module takes a while to load, and not every host ships it.
     property url pickerSource: Qt.resolvedUrl("ImagePicker.qml")
-    property QtObject picker
+    property var picker: null
 
     implicitWidth: 40
     implicitHeight: 40

@@ -11,15 +11,20 @@ Rectangle {
     required property int orientation
 
     readonly property bool isVertical: orientation === Qt.Vertical
+    readonly property real room: isVertical ? flickable.height : flickable.width
     readonly property real ratio: isVertical ? flickable.visibleArea.heightRatio
                                              : flickable.visibleArea.widthRatio
-    readonly property real place: isVertical ? flickable.visibleArea.yPosition
-                                             : flickable.visibleArea.xPosition
+    readonly property real position: isVertical ? flickable.visibleArea.yPosition
+                                                : flickable.visibleArea.xPosition
+    // Long texts would leave a dot.
+    readonly property real length: Math.max(ratio * room, Math.min(24, room))
+    readonly property real place:
+        ratio < 1 ? Math.max(0, Math.min(1, position / (1 - ratio))) * (room - length) : 0
 
-    x: flickable.x + (isVertical ? flickable.width - 3 : place * flickable.width)
-    y: flickable.y + (isVertical ? place * flickable.height : flickable.height - 4)
-    width: isVertical ? 3 : ratio * flickable.width
-    height: isVertical ? ratio * flickable.height : 3
+    x: flickable.x + (isVertical ? flickable.width - 3 : place)
+    y: flickable.y + (isVertical ? place : flickable.height - 4)
+    width: isVertical ? 3 : length
+    height: isVertical ? length : 3
     radius: 1.5
     color: Theme.fontBasicColor
     opacity: 0.3

@@ -25,6 +25,12 @@ FocusScope {
         color: Theme.fontBasicColor
         name: Texts.string("accessibility_send")
         onClicked: button.clicked()
+
+        // It flies the way one writes.
+        transform: Scale {
+            origin.x: button.width / 2
+            xScale: button.LayoutMirroring.enabled ? -1 : 1
+        }
     }
 
     Item {

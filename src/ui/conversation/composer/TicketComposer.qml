@@ -14,6 +14,9 @@ FocusScope {
 
     implicitHeight: bar.y + bar.height
 
+    // What is there from the beginning does not move there.
+    property bool isAnimated: false
+
     /// Puts the cursor into the text.
     function focusEditor() {
         editor.forceActiveFocus()
@@ -34,6 +37,12 @@ FocusScope {
         hasStrip: thumbnails.count > 0
     }
 
+    Timer {
+        interval: 0
+        running: measures.measuredHeight > 0
+        onTriggered: view.isAnimated = true
+    }
+
     component Eased: NumberAnimation {
         duration: 350
         easing.type: Easing.InOutQuad
@@ -48,7 +57,11 @@ FocusScope {
         height: measures.hasStrip ? measures.stripHeight + measures.stripSpacing : 0
         clip: height < thumbnails.height
 
-        Behavior on height { Eased { } }
+        Behavior on height {
+            enabled: view.isAnimated
+
+            Eased { }
+        }
 
         ImageThumbnails {
             id: thumbnails
@@ -110,7 +123,7 @@ FocusScope {
             Component.onCompleted: measures.measure(textHeight)
 
             Behavior on height {
-                enabled: measures.measuredHeight > 0
+                enabled: view.isAnimated
 
                 Eased { }
             }

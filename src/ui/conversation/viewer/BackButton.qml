@@ -48,7 +48,7 @@ ViewerControl {
                 text: Texts.hostString("Back")
                 textFormat: Text.PlainText
                 color: "white"
-                font.pixelSize: Theme.Body
+                font.pixelSize: Theme.body
                 Accessible.ignored: true
             }
         }

@@ -42,7 +42,7 @@ Item {
             textFormat: Text.PlainText
             elide: Text.ElideRight
             color: "white"
-            font.pixelSize: Theme.Callout
+            font.pixelSize: Theme.callout
         }
         Text {
             width: parent.width
@@ -50,7 +50,7 @@ Item {
             textFormat: Text.PlainText
             elide: Text.ElideMiddle
             color: "#99ebebf5"
-            font.pixelSize: Theme.Caption
+            font.pixelSize: Theme.caption
         }
     }
 

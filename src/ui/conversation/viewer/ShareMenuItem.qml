@@ -37,7 +37,7 @@ Item {
         textFormat: Text.PlainText
         elide: Text.ElideRight
         color: "white"
-        font.pixelSize: Theme.Callout
+        font.pixelSize: Theme.callout
         Accessible.ignored: true
     }
 

@@ -37,7 +37,7 @@ Rectangle {
         maximumLineCount: 4
         elide: Text.ElideRight
         color: "white"
-        font.pixelSize: Theme.Callout
+        font.pixelSize: Theme.callout
         Accessible.ignored: true
     }
 
