@@ -13,11 +13,16 @@ FocusScope {
     /// False while something else is on top of it.
     required property bool isOnTop
 
+    property bool isComplete: false
+
     onIsOnTopChanged: {
-        if (isOnTop)
+        if (isOnTop && isComplete)
             conversation.appear()
     }
-    Component.onCompleted: conversation.appear()
+    Component.onCompleted: {
+        isComplete = true
+        conversation.appear()
+    }
 
     Keys.onEscapePressed: navigation.goBack()
     Keys.onBackPressed: navigation.goBack()
