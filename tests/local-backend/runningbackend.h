@@ -45,14 +45,15 @@ struct RunningBackend
 {
     explicit RunningBackend(const std::string &database = tolvane::backend::inMemory,
                             std::chrono::milliseconds replyDelay = std::chrono::hours(1),
-                            const std::vector<std::string> &keys = {})
+                            const std::vector<std::string> &keys = {},
+                            const std::string &branding = {})
         : store(tolvane::backend::openDatabase(database),
                 [this](const std::string &token, tolvane::backend::Push push) {
                     pushes.send(token, std::move(push));
                 })
         , desk(store, {replyDelay, {}})
-        , server({"127.0.0.1", 0, keys, 1 << 20}, tolvane::backend::loadSettings({}, {}), store,
-                 desk, pushes)
+        , server({"127.0.0.1", 0, keys, 1 << 20}, tolvane::backend::loadSettings(branding, {}),
+                 store, desk, pushes)
     {
         server.bind();
         thread = std::jthread([this] { server.run(); });

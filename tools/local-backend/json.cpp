@@ -104,9 +104,16 @@ private:
     bool m_first = true;
 };
 
+Agent agentOf(const Message &message)
+{
+    if (message.signature)
+        return {message.signature->id, message.signature->name, message.signature->picture};
+    return agents.at(static_cast<std::size_t>(message.author));
+}
+
 void writeSender(Writer &writer, const Message &message, const Surroundings &surroundings)
 {
-    const Agent &agent = agents.at(static_cast<std::size_t>(message.author));
+    const Agent agent = agentOf(message);
     writer.open('{');
     writer.field("id", message.author == Author::Customer ? message.customerId : agent.id);
     writer.optionalField("name", agent.name);

@@ -4,6 +4,7 @@
 #include "options.h"
 #include "pushes.h"
 #include "schema.h"
+#include "seed.h"
 #include "server.h"
 #include "settings.h"
 #include "store.h"
@@ -53,7 +54,10 @@ int run(const Options &options, const sigset_t &signals)
 {
     Settings settings = loadSettings(options.brandingPath, options.schedulesPath);
     Pushes pushes;
-    Store store(openDatabase(options.databasePath), [&pushes](const std::string &token, Push push) {
+    Database database = openDatabase(options.databasePath);
+    if (!options.seedPath.empty())
+        plantSeed(options.seedPath, database);
+    Store store(std::move(database), [&pushes](const std::string &token, Push push) {
         pushes.send(token, std::move(push));
     });
     Desk desk(store, {options.replyDelay, settings.openingHours});

@@ -51,13 +51,23 @@ struct NewTicket
     NewMessage message;
 };
 
+/// Who an agent is that is none of the backend's own.
+struct Signature
+{
+    std::string id;
+    std::string name;
+    /// Below the base address; empty when there is none.
+    std::string picture;
+};
+
 struct Message
 {
     std::string id;
     std::string ticketId;
-    /// Empty for an agent, whose identity follows from `author`.
+    /// Empty for an agent, whose identity follows from `author` where there is no signature.
     std::string customerId;
     Author author = Author::Customer;
+    std::optional<Signature> signature;
     std::string content;
     bool isRead = false;
     Instant at = 0;

@@ -70,6 +70,22 @@ PRAGMA application_id = 0x544F4C56;
 PRAGMA user_version = 1;
 )";
 
+// What files made by earlier backends lack. Agents of other names than the backend's own sign what
+// they wrote; pictures are what is served without being anybody's attachment.
+constexpr const char *additions = R"(
+CREATE TABLE IF NOT EXISTS signatures (
+    message_seq INTEGER PRIMARY KEY REFERENCES messages (seq),
+    agent_id TEXT NOT NULL,
+    name TEXT NOT NULL,
+    picture TEXT NOT NULL
+);
+CREATE TABLE IF NOT EXISTS pictures (
+    name TEXT PRIMARY KEY,
+    mime_type TEXT NOT NULL,
+    bytes BLOB NOT NULL
+);
+)";
+
 std::string mend(const std::string &path)
 {
     return "; move '" + path + "' away or name another file with --db";
@@ -148,6 +164,7 @@ Database openDatabase(const std::string &path)
         database.script("PRAGMA journal_mode = WAL");
         database.script("PRAGMA synchronous = NORMAL");
         database.script("PRAGMA foreign_keys = ON");
+        database.script(additions);
         return database;
     } catch (const DatabaseError &error) {
         throw StartError("'" + path + "' cannot be used as the database (" + error.what() + ")" +

@@ -96,6 +96,7 @@ const std::vector<Server::Route> Server::routes = {
     {"POST", "customer/device/update", Access::Customer, &Server::updateDevice},
     {"GET", "attachments/*/*", Access::Public, &Server::getAttachment},
     {"GET", "agents/maya.png", Access::Public, &Server::getPortrait},
+    {"GET", "pictures/*", Access::Public, &Server::getPicture},
     {"GET", "push/*", Access::Key, &Server::getPushes},
 };
 
@@ -238,7 +239,7 @@ void Server::getSettings(Call &call) const
     if (queryItem(call.request, "updatedAt") == m_settings.brandingUpdatedAt)
         call.response.status = 304;
     else
-        call.answer(m_settings.branding);
+        call.answer(replaced(m_settings.branding, "{base}", surroundings(call.request).baseUrl));
 }
 
 void Server::createTicket(Call &call) const
@@ -303,6 +304,14 @@ void Server::getAttachment(Call &call) const
 void Server::getPortrait(Call &call) const
 {
     call.response.set_content(m_settings.portrait, "image/png");
+}
+
+void Server::getPicture(Call &call) const
+{
+    const std::optional<StoredFile> picture = m_store.picture(call.component(1));
+    if (!picture)
+        throw Refusal(404, "there is no such picture");
+    call.response.set_content(picture->bytes, picture->mimeType);
 }
 
 void Server::getPushes(Call &call) const

@@ -61,6 +61,7 @@ private:
     void updateDevice(Call &call) const;
     void getAttachment(Call &call) const;
     void getPortrait(Call &call) const;
+    void getPicture(Call &call) const;
     void getPushes(Call &call) const;
     /// Writes the pushes there are, and waits for the next. False when the client takes no more.
     bool continuePushes(PushStream &pushes, const Surroundings &surroundings, int connection,

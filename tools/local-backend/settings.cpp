@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "settings.h"
 
-#include "errors.h"
+#include "source.h"
 #include "text.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QFile>
 #include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 #include <QtCore/QRegularExpression>
 
 #include <array>
@@ -37,52 +34,6 @@ constexpr std::array<const char *, 8> colours = {
 };
 constexpr std::array<const char *, 2> appearances = {"Light", "Dark"};
 constexpr std::array<const char *, 7> weekdays = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
-
-/// A file of settings, which names itself when it is no good.
-class Source
-{
-public:
-    Source(const std::string &path, const char *flag, const char *builtIn)
-        : m_path(path.empty() ? QString::fromLatin1(builtIn) : QString::fromStdString(path))
-        , m_flag(flag)
-    {
-    }
-
-    [[noreturn]] void refuse(const QString &reason) const
-    {
-        throw StartError("the file '" + m_path.toStdString() + "' of " + m_flag + ' ' +
-                         reason.toStdString());
-    }
-
-    QByteArray bytes() const
-    {
-        QFile file(m_path);
-        if (!file.open(QIODevice::ReadOnly))
-            refuse(u"cannot be read ("_s + file.errorString() + u"); check its name and rights"_s);
-        return file.readAll();
-    }
-
-    QJsonDocument json() const
-    {
-        QJsonParseError error;
-        QJsonDocument document = QJsonDocument::fromJson(bytes(), &error);
-        if (error.error != QJsonParseError::NoError)
-            refuse(u"is no JSON: %1 at byte %2"_s.arg(error.errorString()).arg(error.offset));
-        return document;
-    }
-
-    QString text(const QJsonObject &object, const QString &key) const
-    {
-        const QJsonValue value = object.value(key);
-        if (!value.isString() || value.toString().isEmpty())
-            refuse(u"needs the text '%1'"_s.arg(key));
-        return value.toString();
-    }
-
-private:
-    QString m_path;
-    const char *m_flag;
-};
 
 void checkColours(const QJsonObject &branding, const Source &source)
 {

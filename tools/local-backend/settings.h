@@ -8,7 +8,7 @@ namespace tolvane::backend {
 /// What is the same for all customers.
 struct Settings
 {
-    /// A JSON object, and its field of that name.
+    /// A JSON object, in which "{base}" stands for the base address; and its field of that name.
     std::string branding;
     std::string brandingUpdatedAt;
     /// A JSON list, and the same for people, like "Mon, Tue 09:00-18:00".

@@ -9,7 +9,11 @@ namespace tolvane::backend {
 namespace {
 
 // The first columns of each query for messages, with a row for each attachment.
-#define MESSAGE_COLUMNS "m.id, m.author, m.content, m.is_read, m.at, a.hash, a.name"
+#define MESSAGE_COLUMNS                                                                            \
+    "m.id, m.author, m.content, m.is_read, m.at, a.hash, a.name, s.agent_id, s.name, s.picture"
+#define MESSAGE_DETAILS                                                                            \
+    " LEFT JOIN attachments a ON a.message_seq = m.seq"                                            \
+    " LEFT JOIN signatures s ON s.message_seq = m.seq"
 
 Message messageAt(const Statement &row, const std::string &customer, const std::string &ticketId)
 {
@@ -22,6 +26,8 @@ Message messageAt(const Statement &row, const std::string &customer, const std::
     message.content = row.text(2);
     message.isRead = row.number(3) != 0;
     message.at = row.number(4);
+    if (const std::string agent = row.text(7); !agent.empty())
+        message.signature = {agent, row.text(8), row.text(9)};
     return message;
 }
 
@@ -114,16 +120,16 @@ std::vector<Preview> Store::previews(const std::string &customer)
 {
     const std::lock_guard lock(m_mutex);
     std::vector<Preview> previews;
-    Statement row = m_database.query("SELECT " MESSAGE_COLUMNS ", t.id, t.state"
-                                     " FROM tickets t JOIN messages m ON m.seq = t.last"
-                                     " LEFT JOIN attachments a ON a.message_seq = m.seq"
-                                     " WHERE t.customer_id = ? ORDER BY t.last DESC, a.place",
-                                     customer);
+    Statement row =
+        m_database.query("SELECT " MESSAGE_COLUMNS ", t.id, t.state"
+                         " FROM tickets t JOIN messages m ON m.seq = t.last" MESSAGE_DETAILS
+                         " WHERE t.customer_id = ? ORDER BY t.last DESC, a.place",
+                         customer);
     while (row.step()) {
-        const std::string ticketId = row.text(7);
+        const std::string ticketId = row.text(10);
         if (previews.empty() || previews.back().id != ticketId)
             previews.push_back(
-                {ticketId, stateNamed(row.text(8)), messageAt(row, customer, ticketId)});
+                {ticketId, stateNamed(row.text(11)), messageAt(row, customer, ticketId)});
         addAttachmentAt(row, previews.back().lastMessage);
     }
     return previews;
@@ -136,6 +142,15 @@ std::optional<StoredFile> Store::file(const std::string &hash, const std::string
         "SELECT a.mime_type, f.bytes FROM attachments a JOIN files f ON f.hash = a.hash"
         " WHERE a.hash = ? AND a.name = ? LIMIT 1",
         hash, name);
+    if (!row.step())
+        return std::nullopt;
+    return StoredFile{row.text(0), row.text(1)};
+}
+
+std::optional<StoredFile> Store::picture(const std::string &name)
+{
+    const std::lock_guard lock(m_mutex);
+    Statement row = m_database.query("SELECT mime_type, bytes FROM pictures WHERE name = ?", name);
     if (!row.step())
         return std::nullopt;
     return StoredFile{row.text(0), row.text(1)};
@@ -219,8 +234,7 @@ bool Store::hasTicket(const std::string &customer, const std::string &ticketId)
 std::vector<Message> Store::messagesOf(const std::string &customer, const std::string &ticketId)
 {
     std::vector<Message> messages;
-    Statement row = m_database.query("SELECT " MESSAGE_COLUMNS " FROM messages m"
-                                     " LEFT JOIN attachments a ON a.message_seq = m.seq"
+    Statement row = m_database.query("SELECT " MESSAGE_COLUMNS " FROM messages m" MESSAGE_DETAILS
                                      " WHERE m.ticket_id = ? ORDER BY m.seq, a.place",
                                      ticketId);
     while (row.step()) {

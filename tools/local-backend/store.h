@@ -63,6 +63,8 @@ public:
     /// The ticket with the newest message comes first.
     std::vector<Preview> previews(const std::string &customer);
     std::optional<StoredFile> file(const std::string &hash, const std::string &name);
+    /// Of a seeded agent's or a logo.
+    std::optional<StoredFile> picture(const std::string &name);
 
     /// Gives the reply that is due first if its time has come. `settle` decides on it in the same
     /// transaction, so that no customer writes in between and no other backend on the file gives it
