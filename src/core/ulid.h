@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/privateexport.h"
+
 #include <QtCore/QDateTime>
 #include <QtCore/QHashFunctions>
 #include <QtCore/QString>
@@ -17,7 +19,7 @@ namespace tolvane {
 ///
 /// The text form is 26 characters of Crockford's Base32, in lower case here, where it serves as the
 /// customer id. Ids of one millisecond are in no particular order.
-class ULID
+class TOLVANE_PRIVATE_EXPORT ULID
 {
 public:
     using Bytes = std::array<std::uint8_t, 16>;

@@ -38,6 +38,8 @@ public:
         return QCoreApplication::translate("Tolvane", key.toUtf8().constData());
     }
 
+    Qt::LayoutDirection layoutDirection() const override { return texts().direction(); }
+
 private:
     const LibraryTexts &texts() const
     {

@@ -22,6 +22,8 @@ public:
     /// In the plural form and with the digits that the count takes in the language.
     QString text(const QString &key, qint64 count) const;
 
+    Qt::LayoutDirection direction() const { return m_locale.textDirection(); }
+
 private:
     bool load(const QLocale &locale);
 

@@ -74,6 +74,8 @@ public:
     virtual QString string(const QString &key, qint64 count) const = 0;
     /// A text that is the host's: its translation of the key in the context "Tolvane".
     virtual QString hostString(const QString &key) const = 0;
+    /// In which direction the library's texts are read, and its views are laid out.
+    virtual Qt::LayoutDirection layoutDirection() const = 0;
 };
 
 /// The library's texts follow the system's languages and are loaded with the first that is asked

@@ -3,6 +3,7 @@
 
 #include "backend/records.h"
 #include "platform/notificationcenter.h"
+#include "platform/privateexport.h"
 
 #include <tolvane/loadingstate.h>
 
@@ -17,7 +18,8 @@ namespace tolvane {
 /// One open conversation: what is being written, the ticket as last fetched, and meanwhile what the
 /// ticket list knew of it. Main thread; a running operation keeps the store alive. Failures end up
 /// in fetchError() and sendError().
-class TicketData final : public QObject, public std::enable_shared_from_this<TicketData>
+class TOLVANE_PRIVATE_EXPORT TicketData final : public QObject,
+                                                public std::enable_shared_from_this<TicketData>
 {
     Q_OBJECT
     Q_PROPERTY(bool isFetchingTicket READ isFetchingTicket NOTIFY changed)

@@ -2,10 +2,10 @@
 #include "state/timeago.h"
 
 #include "platform/platform.h"
+#include "state/devicetimezone.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QTimeZone>
 
 #include <algorithm>
 #include <array>
@@ -33,12 +33,6 @@ QDateTime parsed(const QString &timestamp)
     const qint64 offset = match.captured(4).toInt() * hour + match.captured(5).toInt() * minute;
     const bool isAhead = match.captured(3) == QLatin1String("+");
     return QDateTime(date, time, Qt::UTC).addSecs(isAhead ? -offset : offset);
-}
-
-QTimeZone deviceTimeZone()
-{
-    const QTimeZone zone(platform().device->timeZoneIdentifier().toUtf8());
-    return zone.isValid() ? zone : QTimeZone::utc();
 }
 
 /// The moment `days` later at the same time of day. Where the clock skips that time, it is the one

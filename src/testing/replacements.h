@@ -86,11 +86,13 @@ struct FakeDevice final : Device
     BatteryState batteryState() const override { return state; }
     QSizeF screenSize() const override { return screen; }
     QString localeIdentifier() const override { return QStringLiteral("de_AT"); }
-    QString timeZoneIdentifier() const override { return QStringLiteral("Europe/Vienna"); }
+    QString timeZoneIdentifier() const override { return timeZone; }
 
     float level = -1;
     BatteryState state = BatteryState::unknown;
     QSizeF screen = {390.9, 844.2};
+
+    QString timeZone = QStringLiteral("Europe/Vienna");
 };
 
 struct FakeBundle final : Bundle
@@ -103,9 +105,11 @@ struct FakeBundle final : Bundle
         return QString::number(count) + QLatin1Char(' ') + key;
     }
     QString hostString(const QString &key) const override { return key; }
+    Qt::LayoutDirection layoutDirection() const override { return direction; }
 
     std::optional<QString> version;
     std::optional<QString> build;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
 };
 
 /// One broadcast as it was posted.

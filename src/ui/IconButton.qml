@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane
 
-// An icon to press, 36 by 36, with pointer and keyboard.
+// An icon to press, 36 by 36, with pointer and keyboard. Pale while disabled.
 Item {
     id: button
 
@@ -10,6 +10,9 @@ Item {
     required property color color
     /// What it does, for those who hear it.
     required property string name
+    /// Whether the icon points along the reading direction.
+    property bool mirrors: false
+    property real iconSize: 18
 
     signal clicked()
 
@@ -28,11 +31,12 @@ Item {
 
     Icon {
         anchors.centerIn: parent
-        width: 18
-        height: 18
+        width: button.iconSize
+        height: button.iconSize
         name: button.icon
         color: button.color
-        opacity: area.pressed ? 0.4 : 1
+        opacity: !button.enabled ? 0.3 : area.pressed ? 0.4 : 1
+        rotation: button.mirrors && button.LayoutMirroring.enabled ? 180 : 0
     }
 
     MouseArea {

@@ -2,8 +2,11 @@
 #include "ui/theme.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QFontInfo>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPalette>
+
+#include <algorithm>
 
 namespace tolvane {
 
@@ -29,7 +32,8 @@ const std::optional<QString> &Theme::logoText() const
 
 bool Theme::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
+    if (watched == qGuiApp && (event->type() == QEvent::ApplicationPaletteChange ||
+                               event->type() == QEvent::ApplicationFontChange))
         Q_EMIT changed();
     return QObject::eventFilter(watched, event);
 }
@@ -44,6 +48,21 @@ QColor Theme::branded(DynamicColor ColorScheme::*color) const
 QColor Theme::byAppearance(QRgb light, QRgb dark) const
 {
     return QColor::fromRgba(isDark() ? dark : light);
+}
+
+int Theme::scaled(int points) const
+{
+    return qRound(points * textScale(QFontInfo(QGuiApplication::font()).pixelSize()));
+}
+
+double textScale(int pixelSize)
+{
+    // What desktops and phones have their applications write in, unless somebody wants it larger.
+    constexpr double usual = 13;
+    constexpr double ordinary = 1.4;
+    constexpr double most = 2;
+    const double wanted = pixelSize / usual;
+    return wanted > ordinary ? std::min(wanted, most) : 1;
 }
 
 } // namespace tolvane

@@ -10,6 +10,10 @@
 
 namespace tolvane {
 
+/// How much larger than usual texts are for an application whose font has that size: 1 for the
+/// sizes that systems come with, up to 2 where people, or the host, have chosen a larger one.
+double textScale(int pixelSize);
+
 /// The look, defined once: the branding's colours and the neutral ones for the appearance of the
 /// display, and the sizes of text. Views read the branding as they are built; a change of the
 /// appearance tells those that are there.
@@ -30,16 +34,23 @@ class Theme : public QObject
     Q_PROPERTY(QColor backgroundColor READ backgroundColor NOTIFY changed)
     Q_PROPERTY(QColor secondaryColor READ secondaryColor NOTIFY changed)
     Q_PROPERTY(QColor redColor READ redColor NOTIFY changed)
+    Q_PROPERTY(QColor greenColor READ greenColor NOTIFY changed)
+    Q_PROPERTY(QColor grayColor READ grayColor CONSTANT)
     Q_PROPERTY(QColor blueColor READ blueColor NOTIFY changed)
+    /// Sizes of text, in points, as large as the application's font asks for.
+    Q_PROPERTY(int caption READ caption NOTIFY changed)
+    Q_PROPERTY(int footnote READ footnote NOTIFY changed)
+    Q_PROPERTY(int callout READ callout NOTIFY changed)
+    Q_PROPERTY(int body READ body NOTIFY changed)
+    Q_PROPERTY(int headline READ headline NOTIFY changed)
+    Q_PROPERTY(int title3 READ title3 NOTIFY changed)
+    Q_PROPERTY(int title2 READ title2 NOTIFY changed)
+    Q_PROPERTY(int title READ title NOTIFY changed)
     /// Whether the branding names a logo for the appearance, and where it is.
     Q_PROPERTY(bool hasLogo READ hasLogo NOTIFY changed)
     Q_PROPERTY(QUrl logo READ logo NOTIFY changed)
 
 public:
-    /// Sizes of text, in points.
-    enum TextSize { Caption = 12, Callout = 16, Body = 17, Title3 = 20, Title2 = 22, Title = 28 };
-    Q_ENUM(TextSize)
-
     explicit Theme(QObject *parent = nullptr);
 
     bool isDark() const;
@@ -54,7 +65,17 @@ public:
     QColor backgroundColor() const { return byAppearance(0xffffffff, 0xff000000); }
     QColor secondaryColor() const { return byAppearance(0x993c3c43, 0x99ebebf5); }
     QColor redColor() const { return byAppearance(0xffff3b30, 0xffff453a); }
+    QColor greenColor() const { return byAppearance(0xff34c759, 0xff30d158); }
+    QColor grayColor() const { return QColor::fromRgba(0xff8e8e93); }
     QColor blueColor() const { return byAppearance(0xff007aff, 0xff0a84ff); }
+    int caption() const { return scaled(12); }
+    int footnote() const { return scaled(14); }
+    int callout() const { return scaled(16); }
+    int body() const { return scaled(17); }
+    int headline() const { return scaled(18); }
+    int title3() const { return scaled(20); }
+    int title2() const { return scaled(22); }
+    int title() const { return scaled(28); }
     bool hasLogo() const { return logoText().has_value(); }
     QUrl logo() const { return QUrl(logoText().value_or(QString())); }
 
@@ -68,6 +89,7 @@ private:
     const std::optional<QString> &logoText() const;
     QColor branded(DynamicColor ColorScheme::*color) const;
     QColor byAppearance(QRgb light, QRgb dark) const;
+    int scaled(int points) const;
 };
 
 } // namespace tolvane

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desk.h"
+#include "backend.h"
 #include "schema.h"
 #include "server.h"
 
@@ -41,19 +41,14 @@ inline QJsonDocument json(const httplib::Response &response)
 }
 
 /// A backend in this process on a port that the system picks.
-struct RunningBackend
+struct RunningBackend : tolvane::backend::Backend
 {
     explicit RunningBackend(const std::string &database = tolvane::backend::inMemory,
                             std::chrono::milliseconds replyDelay = std::chrono::hours(1),
                             const std::vector<std::string> &keys = {},
                             const std::string &branding = {})
-        : store(tolvane::backend::openDatabase(database),
-                [this](const std::string &token, tolvane::backend::Push push) {
-                    pushes.send(token, std::move(push));
-                })
-        , desk(store, {replyDelay, {}})
-        , server({"127.0.0.1", 0, keys, 1 << 20}, tolvane::backend::loadSettings(branding, {}),
-                 store, desk, pushes)
+        : Backend(tolvane::backend::openDatabase(database), replyDelay, branding)
+        , server({"127.0.0.1", 0, keys, 1 << 20}, *this)
     {
         server.bind();
         thread = std::jthread([this] { server.run(); });
@@ -61,9 +56,6 @@ struct RunningBackend
     ~RunningBackend() { server.shutDown(); }
     int port() const { return QUrl(QString::fromStdString(server.baseUrl())).port(); }
 
-    tolvane::backend::Pushes pushes;
-    tolvane::backend::Store store;
-    tolvane::backend::Desk desk;
     tolvane::backend::Server server;
     std::jthread thread;
 };

@@ -279,7 +279,8 @@ private Q_SLOTS:
         const std::string id = store.createTicket("ada", {{}, {}, {"thanks", {}}}, 0).id;
         for (const char *text : {"where is my parcel", "a human please", "still there"})
             QVERIFY(store.addMessage("ada", id, {text, {}}, 0));
-        const Desk desk(store, {0ms, {}});
+        const LiveSettings settings(store, {}, {});
+        const Desk desk(store, settings, 0ms);
         const auto messages = [&] { return store.readTicket("ada", id)->messages; };
         TRY_COMPARE(messages().size(), std::size_t(9));
         QVERIFY(messages()[5].content.find("2 to 4 working days") != std::string::npos);
@@ -298,8 +299,9 @@ private Q_SLOTS:
         for (int start = 0; start < 2; ++start) {
             Store store(openDatabase(path));
             Store other(openDatabase(path));
-            const Desk desk(store, {0ms, {}});
-            const Desk otherDesk(other, {0ms, {}});
+            const LiveSettings settings(store, {}, {});
+            const Desk desk(store, settings, 0ms);
+            const Desk otherDesk(other, settings, 0ms);
             TRY_COMPARE(store.readTicket("ada", id)->messages.size(), std::size_t(3));
             QVERIFY(!store.giveDueReply([](const PendingReply &) { return Settlement{}; }));
         }

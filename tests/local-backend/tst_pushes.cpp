@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What is pushed to a customer's device, and how a host that listens gets it.
+#include "listening.h"
 #include "runningbackend.h"
 
-#include <QtNetwork/QTcpSocket>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -10,55 +10,6 @@ using namespace std::literals;
 using namespace tolvane::backend;
 
 #define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
-
-/// A host's connection to the stream. Each event and each heartbeat comes whole.
-class Listening
-{
-public:
-    Listening(const RunningBackend &backend, const QByteArray &token, const QByteArray &last = {})
-    {
-        m_socket.connectToHost(u"127.0.0.1"_s, quint16(backend.port()));
-        m_socket.write("GET /api/push/" + token +
-                       " HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(backend.port()) +
-                       "\r\nLast-Event-ID: " + last + "\r\n\r\n");
-    }
-
-    const QByteArray &received() { return m_received += m_socket.readAll(); }
-
-    /// What stands behind the name in the lines that begin with it.
-    QByteArrayList lines(const QByteArray &name)
-    {
-        QByteArrayList found;
-        for (const QByteArray &line : received().split('\n')) {
-            if (line.startsWith(name))
-                found += line.mid(name.size()).trimmed();
-        }
-        return found;
-    }
-
-    /// The contents of the messages by themselves, the states of the tickets.
-    QByteArray digest()
-    {
-        QByteArray text;
-        for (const QJsonObject &payload : payloads()) {
-            text += payload["message"_L1]["content"_L1].toString().toUtf8();
-            text += payload["ticketPreview"_L1]["state"_L1].toString().toUtf8();
-        }
-        return text;
-    }
-
-    QList<QJsonObject> payloads()
-    {
-        QList<QJsonObject> payloads;
-        for (const QByteArray &data : lines("data: "))
-            payloads += QJsonDocument::fromJson(data).object();
-        return payloads;
-    }
-
-private:
-    QTcpSocket m_socket;
-    QByteArray m_received;
-};
 
 namespace {
 
@@ -89,9 +40,9 @@ private Q_SLOTS:
         registerDevice(ada, "feed");
         registerDevice(bob, "beef");
         Customer(backend.port(), "without a device").open();
-        Listening host(backend, "feed");
-        Listening other(backend, "feed");
-        Listening bobs(backend, "beef");
+        Listening host(backend, "/api/push/feed");
+        Listening other(backend, "/api/push/feed");
+        Listening bobs(backend, "/api/push/beef");
         for (Listening *each : {&host, &other, &bobs})
             QTRY_VERIFY_WITH_TIMEOUT(each->received().contains("\r\n\r\n"), patience);
         const auto last = [&] { return ada.tickets()[0].toObject(); };
@@ -138,18 +89,18 @@ private Q_SLOTS:
         push("b");
         QByteArrayList ids;
         {
-            Listening first(backend, "feed");
+            Listening first(backend, "/api/push/feed");
             TRY_COMPARE(first.digest(), "ab");
             ids = first.lines("id: ");
         }
         push("c");
-        Listening second(backend, "feed"); // After a while away, and without an id.
+        Listening second(backend, "/api/push/feed"); // After a while away, and without an id.
         TRY_COMPARE(second.digest(), "c");
         std::vector<std::pair<QByteArray, QByteArray>> expected = {
             {ids[0], "bcd"}, {"junk", "d"}, {"18446744073709551615", "d"}, {"0", "abcd"}};
         std::vector<std::unique_ptr<Listening>> hosts;
         for (const auto &[last, digest] : expected) {
-            hosts.push_back(std::make_unique<Listening>(backend, "feed", last));
+            hosts.push_back(std::make_unique<Listening>(backend, "/api/push/feed", last));
             TRY_COMPARE(hosts.back()->digest() + 'd', digest);
             QTRY_VERIFY(hosts.back()->received().contains("\r\n\r\n"));
         }
@@ -187,7 +138,7 @@ private Q_SLOTS:
         auto backend = std::make_unique<RunningBackend>();
         std::vector<std::unique_ptr<Listening>> hosts;
         const auto join = [&] {
-            hosts.push_back(std::make_unique<Listening>(*backend, "feed"));
+            hosts.push_back(std::make_unique<Listening>(*backend, "/api/push/feed"));
             const auto isAnswered = [&] { return !hosts.back()->received().isEmpty(); };
             return QTest::qWaitFor(isAnswered, patience) &&
                    hosts.back()->received().startsWith("HTTP/1.1 200");

@@ -71,7 +71,7 @@ private Q_SLOTS:
 
         const QJsonDocument branding = json(customer.get("/api/settings"));
         QCOMPARE(fetch(customer, branding["logoDark"_L1]).status, 200);
-        QCOMPARE(customer.get("/api/pictures/none.png").status, 404);
+        QCOMPARE(customer.get("/api/attachments/none/logo-dark.png").status, 404);
     }
 
     void owedAnswersAreGivenAndPushed()

@@ -65,20 +65,24 @@ private Q_SLOTS:
         const QString language = QString::fromUtf8(QTest::currentDataTag());
         const QString file = fileOf(language);
         const QStringList keys = contents(file, u"source"_s);
-        QCOMPARE(keys.size(), 17);
+        QVERIFY(!keys.isEmpty());
         QCOMPARE(keys, contents(fileOf(u"en"_s), u"source"_s));
         QCOMPARE(contents(file, u"extracomment"_s).size(), keys.size());
-        QCOMPARE(contents(file, u"numerusform"_s).size(), 3 * forms);
+        QCOMPARE(contents(file, u"numerusform"_s).size(), 4 * forms);
         for (const auto &part : {u"extracomment"_s, u"numerusform"_s, u"translation"_s})
             QVERIFY(!contents(file, part).contains(QString()));
         QVERIFY(!file.contains(u"unfinished"_s));
 
         const LibraryTexts texts({language}); // What was compiled has it all, too.
+        const LibraryTexts english({u"en"_s});
         for (const QString &key : keys) {
             for (qint64 count = 0; count < 120; ++count) {
                 const bool isPlural = key.startsWith(u'%');
                 const QString text = isPlural ? texts.text(key, count) : texts.text(key);
-                QVERIFY2(text != key && !text.isEmpty() && !text.contains(u'%'), qPrintable(key));
+                QVERIFY2(text != key && !text.isEmpty(), qPrintable(key));
+                const QString model = isPlural ? QString() : english.text(key);
+                for (const QString &place : {u"%"_s, u"%1"_s, u"%2"_s})
+                    QCOMPARE(text.count(place), model.count(place));
             }
         }
         QVERIFY(texts.text(u"main_title"_s).endsWith(u' '));

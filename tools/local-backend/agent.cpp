@@ -50,7 +50,11 @@ const Rule &ruleFor(const Words &words, const Turn &turn)
 
 std::string filledIn(std::string_view reply, const Turn &turn)
 {
-    return replaced(std::string(reply), "{hours}", turn.openingHours);
+    constexpr std::string_view place = "{hours}";
+    std::string text(reply);
+    if (const auto at = text.find(place); at != std::string::npos)
+        text.replace(at, place.size(), turn.openingHours);
+    return text;
 }
 
 std::string acknowledgement(int count)

@@ -63,6 +63,12 @@ std::string Statement::text(int column) const
     return bytes ? std::string(bytes, static_cast<std::size_t>(size)) : std::string();
 }
 
+std::optional<std::string> Statement::optionalText(int column) const
+{
+    const bool isNull = sqlite3_column_type(m_statement, column) == SQLITE_NULL;
+    return isNull ? std::nullopt : std::optional(text(column));
+}
+
 Database::Database(const std::string &path)
 {
     sqlite3 *connection = nullptr;

@@ -42,6 +42,8 @@ public:
     /// Whether there is a row.
     bool step();
     std::string text(int column) const;
+    /// Absent for NULL.
+    std::optional<std::string> optionalText(int column) const;
     std::int64_t number(int column) const { return sqlite3_column_int64(m_statement, column); }
 
 private:

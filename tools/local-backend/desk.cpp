@@ -21,9 +21,10 @@ constexpr milliseconds nothingOwed = std::chrono::hours(24);
 
 } // namespace
 
-Desk::Desk(Store &store, Setup setup)
+Desk::Desk(Store &store, const LiveSettings &settings, std::chrono::milliseconds replyDelay)
     : m_store(store)
-    , m_setup(std::move(setup))
+    , m_settings(settings)
+    , m_replyDelay(replyDelay)
     , m_worker([this](const std::stop_token &stop) { work(stop); })
 {
 }
@@ -60,6 +61,8 @@ void Desk::work(const std::stop_token &stop)
 
 milliseconds Desk::serve()
 {
+    if (!m_settings.now()->answersAutomatically)
+        return nothingOwed;
     const std::optional<Instant> due =
         m_store.giveDueReply([this](const PendingReply &reply) { return settlementOf(reply); });
     return due ? milliseconds(std::max<Instant>(*due - now(), 0)) : nothingOwed;
@@ -72,11 +75,12 @@ Settlement Desk::settlementOf(const PendingReply &reply) const
         settlement.content = introduction();
         return settlement;
     }
+    const std::shared_ptr<const Settings> settings = m_settings.now();
     Answer answer = answerTo({.assignee = reply.assignee,
                               .text = reply.content,
                               .attachmentCount = reply.attachmentCount,
                               .isOvertaken = reply.isOvertaken,
-                              .openingHours = m_setup.openingHours});
+                              .openingHours = settings->schedules.openingHours});
     settlement.content = std::move(answer.text);
     if (answer.effect == Effect::HandOver) {
         settlement.newAssignee = Author::Human;
@@ -88,7 +92,7 @@ Settlement Desk::settlementOf(const PendingReply &reply) const
 
 Instant Desk::dueTime() const
 {
-    return now() + m_setup.replyDelay.count();
+    return now() + m_replyDelay.count();
 }
 
 void Desk::wake()

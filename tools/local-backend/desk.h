@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "livesettings.h"
 #include "store.h"
 
 #include <chrono>
@@ -16,18 +17,15 @@ namespace tolvane::backend {
 class Desk
 {
 public:
-    struct Setup
-    {
-        std::chrono::milliseconds replyDelay{1500};
-        std::string openingHours;
-    };
-
-    Desk(Store &store, Setup setup);
+    Desk(Store &store, const LiveSettings &settings, std::chrono::milliseconds replyDelay);
 
     Ticket open(const std::string &customer, const NewTicket &ticket);
     /// Absent when the customer has no such ticket.
     std::optional<Message> post(const std::string &customer, const std::string &ticketId,
                                 const NewMessage &message);
+
+    /// To be told when its agents may answer where they did not before.
+    void wake();
 
 private:
     void work(const std::stop_token &stop);
@@ -35,10 +33,10 @@ private:
     std::chrono::milliseconds serve();
     Settlement settlementOf(const PendingReply &reply) const;
     Instant dueTime() const;
-    void wake();
 
     Store &m_store;
-    const Setup m_setup;
+    const LiveSettings &m_settings;
+    const std::chrono::milliseconds m_replyDelay;
     std::mutex m_mutex;
     std::condition_variable_any m_changed;
     bool m_hasChanged = false;

@@ -13,6 +13,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// Why settings are no good; the text goes on from the name of what they came from.
+class SettingsError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
 /// Why a request is turned down; the text is for the developer of the client.
 class Refusal : public std::runtime_error
 {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "json.h"
 
+#include "jsonwriter.h"
 #include "text.h"
 
 #include <array>
-#include <cstdio>
 
 namespace tolvane::backend {
 
@@ -12,113 +12,44 @@ namespace {
 
 struct Agent
 {
-    std::string_view id;
-    std::string_view name;
+    std::string id;
+    std::string name;
     /// Below the base address; empty when there is none.
-    std::string_view picture;
+    std::string picture;
 };
 
 // Indexed by Author, the customer's place left empty.
-constexpr std::array<Agent, 3> agents = {
+const std::array<Agent, 3> agents = {
     Agent{},
     Agent{"ai-agent", "Tolvane Assistant", ""},
     Agent{"agent-maya-lindqvist", "Maya Lindqvist", "/agents/maya.png"},
 };
 
-// QJsonDocument's tree costs more than the query behind it for a conversation of thousands of
-// messages, so that records are written straight into the text.
-class Writer
+std::string fileAddress(std::string_view path)
 {
-public:
-    void open(char bracket)
-    {
-        separate();
-        m_text += bracket;
-        m_first = true;
-    }
+    // The hash, which ends at the only slash, needs no encoding.
+    const auto slash = path.find('/') + 1;
+    return "/attachments/" + std::string(path.substr(0, slash)) +
+           percentEncoded(path.substr(slash));
+}
 
-    void close(char bracket)
-    {
-        m_text += bracket;
-        m_first = false;
-    }
-
-    void key(std::string_view name)
-    {
-        value(name);
-        m_text += ':';
-        m_first = true;
-    }
-
-    void value(std::string_view text)
-    {
-        separate();
-        m_text += '"';
-        for (const char character : text)
-            escape(character);
-        m_text += '"';
-    }
-
-    void raw(std::string_view json)
-    {
-        separate();
-        m_text += json;
-    }
-
-    void field(std::string_view name, std::string_view text)
-    {
-        key(name);
-        value(text);
-    }
-
-    void optionalField(std::string_view name, std::string_view text)
-    {
-        if (!text.empty())
-            field(name, text);
-    }
-
-    std::string take() { return std::move(m_text); }
-
-private:
-    void separate()
-    {
-        if (!m_first)
-            m_text += ',';
-        m_first = false;
-    }
-
-    void escape(char character)
-    {
-        if (character == '"' || character == '\\') {
-            m_text += {'\\', character};
-        } else if (static_cast<unsigned char>(character) < 0x20) {
-            std::array<char, 8> code{};
-            std::snprintf(code.data(), code.size(), "\\u%04x", static_cast<unsigned>(character));
-            m_text += code.data();
-        } else {
-            m_text += character;
-        }
-    }
-
-    std::string m_text;
-    bool m_first = true;
-};
-
-Agent agentOf(const Message &message)
+// Somebody of the same name is taken for the same agent.
+Agent agentOf(const Person &person)
 {
-    if (message.signature)
-        return {message.signature->id, message.signature->name, message.signature->picture};
-    return agents.at(static_cast<std::size_t>(message.author));
+    constexpr std::size_t enough = 16;
+    return {"agent-" + sha256Hex(person.name).substr(0, enough), person.name,
+            person.picture.empty() ? std::string() : fileAddress(person.picture)};
 }
 
 void writeSender(Writer &writer, const Message &message, const Surroundings &surroundings)
 {
-    const Agent agent = agentOf(message);
+    const Agent agent = message.person ? agentOf(*message.person)
+                                       : agents.at(static_cast<std::size_t>(message.author));
     writer.open('{');
     writer.field("id", message.author == Author::Customer ? message.customerId : agent.id);
     writer.optionalField("name", agent.name);
     if (!agent.picture.empty())
-        writer.field("profilePicture", surroundings.baseUrl + std::string(agent.picture));
+        writer.field("profilePicture", surroundings.baseUrl + agent.picture);
     writer.field("type", nameOf(message.author));
     writer.close('}');
 }
@@ -127,12 +58,8 @@ void writeAttachments(Writer &writer, const Message &message, const Surroundings
 {
     writer.key("attachments");
     writer.open('[');
-    for (const std::string &path : message.attachments) {
-        // The hash, which ends at the only slash, needs no encoding.
-        const auto slash = path.find('/') + 1;
-        writer.value(surroundings.baseUrl + "/attachments/" + path.substr(0, slash) +
-                     percentEncoded(std::string_view(path).substr(slash)));
-    }
+    for (const std::string &path : message.attachments)
+        writer.value(attachmentUrl(path, surroundings));
     writer.close(']');
 }
 
@@ -144,12 +71,20 @@ void write(Writer &writer, const Message &message, const Surroundings &surroundi
     writer.key("sender");
     writeSender(writer, message, surroundings);
     writer.field("content", message.content);
-    writer.key("isRead");
-    writer.raw(message.isRead ? "true" : "false");
+    writer.field("isRead", message.isRead);
     writer.field("timestamp", timestamp(message.at));
     if (!message.attachments.empty())
         writeAttachments(writer, message, surroundings);
     writer.close('}');
+}
+
+void write(Writer &writer, const std::vector<Message> &messages, const Surroundings &surroundings)
+{
+    writer.key("messages");
+    writer.open('[');
+    for (const Message &message : messages)
+        write(writer, message, surroundings);
+    writer.close(']');
 }
 
 void write(Writer &writer, const Preview &preview, const Surroundings &surroundings)
@@ -162,8 +97,52 @@ void write(Writer &writer, const Preview &preview, const Surroundings &surroundi
     writer.close('}');
 }
 
-// Indexed by what a push holds.
-constexpr std::array<std::string_view, 2> pushKeys = {"message", "ticketPreview"};
+void write(Writer &writer, const Case &theCase, const Surroundings &surroundings)
+{
+    writer.open('{');
+    writer.field("id", theCase.ticket.id);
+    writer.field("state", nameOf(theCase.ticket.state));
+    writer.field("assignee", nameOf(theCase.ticket.assignee));
+    writer.field("automatic", theCase.isAutomatic);
+    writer.field("takesPushes", !theCase.deviceToken.empty());
+    writer.key("customer");
+    writer.open('{');
+    writer.field("id", theCase.customerId);
+    writer.optionalField("email", theCase.email);
+    writer.optionalField("originalId", theCase.originalId);
+    writer.close('}');
+    writer.optionalField("channel", theCase.channel);
+    writer.key("device");
+    writer.raw(theCase.device);
+    write(writer, theCase.ticket.messages, surroundings);
+    writer.close('}');
+}
+
+std::string pushOf(std::string_view key, const auto &record, const Surroundings &surroundings)
+{
+    Writer writer;
+    writer.open('{');
+    writer.field("source", "tolvane");
+    writer.key(key);
+    write(writer, record, surroundings);
+    writer.close('}');
+    return writer.take();
+}
+
+std::string payloadOf(const Message &message, const Surroundings &surroundings)
+{
+    return pushOf("message", message, surroundings);
+}
+
+std::string payloadOf(const Preview &preview, const Surroundings &surroundings)
+{
+    return pushOf("ticketPreview", preview, surroundings);
+}
+
+std::string payloadOf(const HandmadePush &push, const Surroundings &)
+{
+    return push.payload;
+}
 
 } // namespace
 
@@ -181,11 +160,7 @@ std::string toJson(const Ticket &ticket, const Surroundings &surroundings)
     writer.field("id", ticket.id);
     writer.field("state", nameOf(ticket.state));
     writer.field("assignee", nameOf(ticket.assignee));
-    writer.key("messages");
-    writer.open('[');
-    for (const Message &message : ticket.messages)
-        write(writer, message, surroundings);
-    writer.close(']');
+    write(writer, ticket.messages, surroundings);
     writer.key("schedules");
     writer.raw(surroundings.schedules);
     writer.close('}');
@@ -202,15 +177,26 @@ std::string toJson(const std::vector<Preview> &previews, const Surroundings &sur
     return writer.take();
 }
 
-std::string toJson(const Push &push, const Surroundings &surroundings)
+std::string toJson(const Case &theCase, const Surroundings &surroundings)
 {
     Writer writer;
-    writer.open('{');
-    writer.field("source", "tolvane");
-    writer.key(pushKeys.at(push.index()));
-    std::visit([&](const auto &record) { write(writer, record, surroundings); }, push);
-    writer.close('}');
+    write(writer, theCase, surroundings);
     return writer.take();
+}
+
+std::string toJson(const std::vector<Case> &cases, const Surroundings &surroundings)
+{
+    Writer writer;
+    writer.open('[');
+    for (const Case &theCase : cases)
+        write(writer, theCase, surroundings);
+    writer.close(']');
+    return writer.take();
+}
+
+std::string toJson(const Push &push, const Surroundings &surroundings)
+{
+    return std::visit([&](const auto &record) { return payloadOf(record, surroundings); }, push);
 }
 
 std::string toJson(const std::map<std::string, std::string> &texts)
@@ -221,6 +207,11 @@ std::string toJson(const std::map<std::string, std::string> &texts)
         writer.field(name, text);
     writer.close('}');
     return writer.take();
+}
+
+std::string attachmentUrl(std::string_view path, const Surroundings &surroundings)
+{
+    return surroundings.baseUrl + fileAddress(path);
 }
 
 } // namespace tolvane::backend

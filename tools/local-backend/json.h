@@ -21,8 +21,14 @@ struct Surroundings
 std::string toJson(const Message &message, const Surroundings &surroundings);
 std::string toJson(const Ticket &ticket, const Surroundings &surroundings);
 std::string toJson(const std::vector<Preview> &previews, const Surroundings &surroundings);
+/// As the agents see them; for their page only.
+std::string toJson(const Case &theCase, const Surroundings &surroundings);
+std::string toJson(const std::vector<Case> &cases, const Surroundings &surroundings);
 /// The payload that the host gets.
 std::string toJson(const Push &push, const Surroundings &surroundings);
 std::string toJson(const std::map<std::string, std::string> &texts);
+
+/// Of a file that is stored as "HASH/NAME".
+std::string attachmentUrl(std::string_view path, const Surroundings &surroundings);
 
 } // namespace tolvane::backend

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "desk.h"
+#include "backend.h"
 #include "errors.h"
 #include "options.h"
-#include "pushes.h"
 #include "schema.h"
 #include "seed.h"
 #include "server.h"
-#include "settings.h"
-#include "store.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -52,17 +49,12 @@ bool serveUntilSignal(Server &server, const sigset_t &signals)
 
 int run(const Options &options, const sigset_t &signals)
 {
-    Settings settings = loadSettings(options.brandingPath, options.schedulesPath);
-    Pushes pushes;
     Database database = openDatabase(options.databasePath);
     if (!options.seedPath.empty())
         plantSeed(options.seedPath, database);
-    Store store(std::move(database), [&pushes](const std::string &token, Push push) {
-        pushes.send(token, std::move(push));
-    });
-    Desk desk(store, {options.replyDelay, settings.openingHours});
-    Server server({options.host, options.port, options.keys, options.maxBody}, std::move(settings),
-                  store, desk, pushes);
+    Backend backend(std::move(database), options.replyDelay, options.brandingPath,
+                    options.schedulesPath);
+    Server server({options.host, options.port, options.keys, options.maxBody}, backend);
     server.bind();
     std::printf("listening on %s\n", server.baseUrl().c_str());
     std::fflush(stdout);

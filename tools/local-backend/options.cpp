@@ -31,10 +31,7 @@ constexpr Flag flags[] = {
      "tolvane-backend/backend.sqlite in the user's data folder."},
     {"seed", "FILE", "",
      "JSON file of conversations to begin with; their customer gets them once."},
-    {"branding", "FILE", "",
-     "JSON object of the branding's texts, instead of the built-in one; \"{base}\" in it stands "
-     "for "
-     "the base address."},
+    {"branding", "FILE", "", "JSON object of the branding's texts, instead of the built-in one."},
     {"schedules", "FILE", "", "JSON list of schedules, instead of weekdays from 9 to 18."},
     {"key", "KEY", "",
      "Key that requests have to bring; may be given several times. Without it "

@@ -17,19 +17,22 @@ constexpr std::size_t heaviest = 16'384;
 // A stream keeps a worker of the server; most of them have to be left for requests.
 constexpr std::size_t mostStreams = 32;
 
-const Message &messageIn(const Push &push)
+std::size_t weightOf(const Message &message)
 {
-    const auto *const preview = std::get_if<Preview>(&push);
-    return preview ? preview->lastMessage : std::get<Message>(push);
-}
-
-std::size_t weightOf(const Push &push)
-{
-    const Message &message = messageIn(push);
     std::size_t weight = message.content.size();
     for (const std::string &attachment : message.attachments)
         weight += attachment.size();
     return weight;
+}
+
+std::size_t weightOf(const Preview &preview)
+{
+    return weightOf(preview.lastMessage);
+}
+
+std::size_t weightOf(const HandmadePush &push)
+{
+    return push.payload.size();
 }
 
 } // namespace
@@ -41,10 +44,11 @@ Pushes::Pushes()
 {
 }
 
-void Pushes::send(const std::string &token, Push push)
+bool Pushes::send(const std::string &token, Push push)
 {
-    if (token.size() + weightOf(push) > heaviest)
-        return;
+    const auto weight = std::visit([](const auto &record) { return weightOf(record); }, push);
+    if (token.size() + weight > heaviest)
+        return false;
     const std::lock_guard lock(m_mutex);
     Device &device = deviceOf(token);
     device.backlog.push_back({++m_lastNumber, std::move(push)});
@@ -52,6 +56,7 @@ void Pushes::send(const std::string &token, Push push)
         device.backlog.pop_front();
     for (const PushStream *stream : device.streams)
         stream->m_news.add();
+    return true;
 }
 
 Pushes::Device &Pushes::deviceOf(const std::string &token)

@@ -27,8 +27,8 @@ class Pushes
 public:
     Pushes();
 
-    /// What is too heavy is dropped, as push services do.
-    void send(const std::string &token, Push push);
+    /// False for what is too heavy, which is dropped, as push services do.
+    bool send(const std::string &token, Push push);
 
 private:
     friend PushStream;

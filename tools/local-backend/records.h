@@ -51,12 +51,12 @@ struct NewTicket
     NewMessage message;
 };
 
-/// Who an agent is that is none of the backend's own.
-struct Signature
+/// An agent who writes by their own hand, in place of the scripted one.
+struct Person
 {
-    std::string id;
+    /// May be empty, for an agent without a name.
     std::string name;
-    /// Below the base address; empty when there is none.
+    /// "HASH/NAME" as of an attachment, or empty.
     std::string picture;
 };
 
@@ -64,10 +64,10 @@ struct Message
 {
     std::string id;
     std::string ticketId;
-    /// Empty for an agent, whose identity follows from `author` where there is no signature.
+    /// Empty for an agent, whose identity is that of `person`, else follows from `author`.
     std::string customerId;
     Author author = Author::Customer;
-    std::optional<Signature> signature;
+    std::optional<Person> person;
     std::string content;
     bool isRead = false;
     Instant at = 0;
@@ -90,8 +90,45 @@ struct Preview
     Message lastMessage;
 };
 
+/// A ticket as the agents see it.
+struct Case
+{
+    /// In a list of cases, with its newest message only.
+    Ticket ticket;
+    /// Whether the scripted agents answer in it.
+    bool isAutomatic = true;
+    std::string customerId;
+    std::string email;
+    std::string originalId;
+    std::string deviceToken;
+    std::string channel;
+    /// A JSON object of texts.
+    std::string device;
+};
+
+struct AgentMessage
+{
+    Author author = Author::Human;
+    std::optional<Person> person;
+    NewMessage message;
+};
+
+/// What an agent does to a ticket; what is absent stays as it is.
+struct TicketChange
+{
+    std::optional<State> state;
+    std::optional<Author> assignee;
+    std::optional<bool> isAutomatic;
+};
+
+/// A payload of an agent's own making, a JSON object on one line.
+struct HandmadePush
+{
+    std::string payload;
+};
+
 /// What a customer's device is told: a message of an agent's, or a ticket whose state has changed.
-using Push = std::variant<Message, Preview>;
+using Push = std::variant<Message, Preview, HandmadePush>;
 
 struct StoredFile
 {

@@ -7,7 +7,6 @@
 #include "text.h"
 
 #include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
 
 #include <algorithm>
 #include <array>
@@ -34,12 +33,7 @@ std::string textOf(const Part &part)
     return std::string(part.content);
 }
 
-/// The body's texts by their names, and its files in their order.
-struct Form
-{
-    std::map<std::string, std::string> texts;
-    std::vector<Upload> uploads;
-};
+} // namespace
 
 Form formIn(const httplib::Request &request, const std::string &body)
 {
@@ -55,7 +49,7 @@ Form formIn(const httplib::Request &request, const std::string &body)
     return form;
 }
 
-NewMessage messageIn(Form &form)
+NewMessage messageIn(Form form)
 {
     const auto content = form.texts.find("message");
     if (content == form.texts.end())
@@ -82,8 +76,6 @@ std::optional<std::string> optionalText(const QJsonObject &object, const char *k
         throw Refusal(400, std::string("'") + key + "' has to be a text");
     return value.toString().toStdString();
 }
-
-} // namespace
 
 std::string customerOf(const httplib::Request &request)
 {
@@ -133,6 +125,11 @@ std::string hostOf(const httplib::Request &request, const std::string &otherwise
     return sound ? host : otherwise;
 }
 
+std::string baseUrlOn(const std::string &host)
+{
+    return "http://" + host + "/api";
+}
+
 NewTicket newTicketIn(const httplib::Request &request, const std::string &body)
 {
     Form form = formIn(request, body);
@@ -143,14 +140,13 @@ NewTicket newTicketIn(const httplib::Request &request, const std::string &body)
         if (text != form.texts.end())
             ticket.device.emplace(field, text->second);
     }
-    ticket.message = messageIn(form);
+    ticket.message = messageIn(std::move(form));
     return ticket;
 }
 
 NewMessage newMessageIn(const httplib::Request &request, const std::string &body)
 {
-    Form form = formIn(request, body);
-    return messageIn(form);
+    return messageIn(formIn(request, body));
 }
 
 CustomerUpdate customerUpdateIn(const std::string &body)

@@ -3,6 +3,8 @@
 
 #include "records.h"
 
+#include <QtCore/QJsonObject>
+
 #include <httplib.h>
 #include <string>
 
@@ -22,11 +24,25 @@ std::optional<std::uint64_t> lastPushOf(const httplib::Request &request);
 /// The "Host" header when it can stand in an address, else the other one.
 std::string hostOf(const httplib::Request &request, const std::string &otherwise);
 
+/// Like "http://127.0.0.1:8787/api", of a host like "127.0.0.1:8787".
+std::string baseUrlOn(const std::string &host);
+
+/// The body's texts by their names, and its files in their order.
+struct Form
+{
+    std::map<std::string, std::string> texts;
+    std::vector<Upload> uploads;
+};
+
 /// Of multipart bodies. Throw a Refusal.
+Form formIn(const httplib::Request &request, const std::string &body);
+NewMessage messageIn(Form form);
 NewTicket newTicketIn(const httplib::Request &request, const std::string &body);
 NewMessage newMessageIn(const httplib::Request &request, const std::string &body);
 
 /// Of JSON bodies. Throw a Refusal.
+QJsonObject objectIn(const std::string &body);
+std::optional<std::string> optionalText(const QJsonObject &object, const char *key);
 CustomerUpdate customerUpdateIn(const std::string &body);
 CustomerUpdate deviceUpdateIn(const std::string &body);
 

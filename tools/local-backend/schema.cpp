@@ -3,6 +3,7 @@
 
 #include "errors.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -15,10 +16,9 @@ namespace tolvane::backend {
 namespace {
 
 constexpr std::int64_t applicationId = 0x544F4C56;
-constexpr std::int64_t version = 1;
 
 // A ticket's `last` is its newest message; the list of tickets is ordered by it and joined with it.
-constexpr const char *tables = R"(
+constexpr const char *first = R"(
 CREATE TABLE customers (
     id TEXT PRIMARY KEY,
     email TEXT,
@@ -70,21 +70,28 @@ PRAGMA application_id = 0x544F4C56;
 PRAGMA user_version = 1;
 )";
 
-// What files made by earlier backends lack. Agents of other names than the backend's own sign what
-// they wrote; pictures are what is served without being anybody's attachment.
-constexpr const char *additions = R"(
-CREATE TABLE IF NOT EXISTS signatures (
-    message_seq INTEGER PRIMARY KEY REFERENCES messages (seq),
-    agent_id TEXT NOT NULL,
+// What people at the agent page do: they write in their own name, which is NULL for the scripted
+// agents, and keep those out of a ticket.
+constexpr const char *agentPage = R"(
+ALTER TABLE tickets ADD COLUMN automatic INTEGER NOT NULL DEFAULT 1;
+ALTER TABLE messages ADD COLUMN person_name TEXT;
+ALTER TABLE messages ADD COLUMN person_picture TEXT;
+CREATE TABLE pictures (
+    hash TEXT NOT NULL REFERENCES files (hash),
     name TEXT NOT NULL,
-    picture TEXT NOT NULL
-);
-CREATE TABLE IF NOT EXISTS pictures (
-    name TEXT PRIMARY KEY,
     mime_type TEXT NOT NULL,
-    bytes BLOB NOT NULL
-);
+    PRIMARY KEY (hash, name)
+) WITHOUT ROWID;
+CREATE TABLE settings (
+    name TEXT PRIMARY KEY,
+    value TEXT NOT NULL
+) WITHOUT ROWID;
+PRAGMA user_version = 2;
 )";
+
+// Each brings a database of the version that is its index to the next one.
+constexpr std::array steps = {first, agentPage};
+constexpr auto version = static_cast<std::int64_t>(steps.size());
 
 std::string mend(const std::string &path)
 {
@@ -125,18 +132,18 @@ bool isEmpty(Database &database)
            number(database, "PRAGMA user_version") == 0;
 }
 
-void makeTables(Database &database)
+void bringUpToDate(Database &database)
 {
-    // Another backend may be starting on the same file: the second one finds the tables made.
+    // Another backend may be starting on the same file: the second one finds the steps made.
     Transaction transaction(database);
-    if (isEmpty(database))
-        database.script(tables);
+    for (auto at = number(database, "PRAGMA user_version"); at < version; ++at)
+        database.script(steps.at(static_cast<std::size_t>(at)));
     transaction.commit();
 }
 
 void refuseForeign(Database &database, const std::string &path)
 {
-    if (number(database, "PRAGMA application_id") != applicationId)
+    if (!isEmpty(database) && number(database, "PRAGMA application_id") != applicationId)
         throw StartError("'" + path + "' is another program's database" + mend(path));
     if (number(database, "PRAGMA user_version") > version)
         throw StartError("'" + path + "' was made by a newer tolvane-backend" + mend(path));
@@ -157,14 +164,13 @@ Database openDatabase(const std::string &path)
         makeFile(path);
     try {
         Database database(path);
-        if (isEmpty(database))
-            makeTables(database);
         refuseForeign(database, path);
         refuseDamaged(database);
+        if (number(database, "PRAGMA user_version") < version)
+            bringUpToDate(database);
         database.script("PRAGMA journal_mode = WAL");
         database.script("PRAGMA synchronous = NORMAL");
         database.script("PRAGMA foreign_keys = ON");
-        database.script(additions);
         return database;
     } catch (const DatabaseError &error) {
         throw StartError("'" + path + "' cannot be used as the database (" + error.what() + ")" +

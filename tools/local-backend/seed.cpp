@@ -2,7 +2,6 @@
 #include "seed.h"
 
 #include "seedfile.h"
-#include "store.h"
 #include "text.h"
 
 #include <algorithm>
@@ -32,11 +31,19 @@ Author assigneeOf(const SeededConversation &conversation)
     return agent == conversation.messages.rend() ? Author::Ai : agent->author;
 }
 
+/// Returns the hash, under which the bytes are kept.
+std::string plantFile(const Upload &file, Database &database)
+{
+    std::string hash = sha256Hex(file.bytes);
+    database.run("INSERT OR IGNORE INTO files (hash, bytes) VALUES (?, ?)", hash, Blob{file.bytes});
+    return hash;
+}
+
 void plantPictures(const Seed &seed, Database &database)
 {
     for (const Upload &picture : seed.pictures) {
-        database.run("INSERT OR REPLACE INTO pictures (name, mime_type, bytes) VALUES (?, ?, ?)",
-                     picture.fileName, picture.mimeType, Blob{picture.bytes});
+        database.run("INSERT OR IGNORE INTO pictures (hash, name, mime_type) VALUES (?, ?, ?)",
+                     plantFile(picture, database), picture.fileName, picture.mimeType);
     }
 }
 
@@ -44,9 +51,7 @@ void plantAttachments(std::int64_t seq, const SeededMessage &message, Database &
 {
     std::int64_t place = 0;
     for (const Upload &attachment : message.attachments) {
-        const std::string hash = sha256Hex(attachment.bytes);
-        database.run("INSERT OR IGNORE INTO files (hash, bytes) VALUES (?, ?)", hash,
-                     Blob{attachment.bytes});
+        const std::string hash = plantFile(attachment, database);
         database.run("INSERT INTO attachments (message_seq, place, hash, name, mime_type)"
                      " VALUES (?, ?, ?, ?, ?)",
                      seq, place++, hash, attachment.fileName, attachment.mimeType);
@@ -56,18 +61,19 @@ void plantAttachments(std::int64_t seq, const SeededMessage &message, Database &
 void plantMessage(const Entry &entry, Instant now, Database &database)
 {
     const SeededMessage &message = *entry.message;
-    database.run("INSERT INTO messages (id, ticket_id, author, content, is_read, at)"
-                 " VALUES (?, ?, ?, ?, ?, ?)",
+    std::optional<std::string> name;
+    std::optional<std::string> picture;
+    if (message.person) {
+        name = message.person->name;
+        picture = message.person->picture;
+    }
+    database.run("INSERT INTO messages"
+                 " (id, ticket_id, author, content, is_read, at, person_name, person_picture)"
+                 " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
                  newId(), entry.ticketId, nameOf(message.author), message.text, !message.isUnread,
-                 momentsAgo(now, message.minutesAgo));
+                 momentsAgo(now, message.minutesAgo), name, picture);
     const std::int64_t seq = database.lastRow();
     database.run("UPDATE tickets SET last = ? WHERE id = ?", seq, entry.ticketId);
-    if (message.signature) {
-        database.run("INSERT INTO signatures (message_seq, agent_id, name, picture)"
-                     " VALUES (?, ?, ?, ?)",
-                     seq, message.signature->id, message.signature->name,
-                     message.signature->picture);
-    }
     plantAttachments(seq, message, database);
     const auto &seconds = entry.conversation->secondsUntilAnswer;
     if (seconds && &message == &entry.conversation->messages.back()) {

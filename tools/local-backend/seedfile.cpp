@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "seedfile.h"
 
-#include "source.h"
+#include "messagerows.h"
+#include "settingsjson.h"
+#include "text.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -21,14 +23,14 @@ using namespace Qt::StringLiterals;
 constexpr double longestAgo = 10.0 * 366 * 24 * 60;
 constexpr double longestWait = 3600;
 
-using People = std::map<QString, Signature>;
+using People = std::map<QString, Person>;
 
 /// A value of the file, which knows where it stands.
 class Node
 {
 public:
-    Node(const Source &source, QJsonValue value, QString place)
-        : m_source(&source)
+    Node(const QDir &folder, QJsonValue value, QString place)
+        : m_folder(&folder)
         , m_value(std::move(value))
         , m_place(std::move(place))
     {
@@ -36,7 +38,8 @@ public:
 
     [[noreturn]] void refuse(const QString &reason) const
     {
-        m_source->refuse(m_place.isEmpty() ? reason : u"at "_s + m_place + u": "_s + reason);
+        const QString text = m_place.isEmpty() ? reason : u"at "_s + m_place + u": "_s + reason;
+        throw SettingsError(text.toStdString());
     }
 
     /// Of an object that has no other fields than these.
@@ -62,7 +65,7 @@ public:
 
     Node at(const QString &key) const
     {
-        return {*m_source, m_value.toObject().value(key),
+        return {*m_folder, m_value.toObject().value(key),
                 m_place.isEmpty() ? key : m_place + u'.' + key};
     }
 
@@ -74,7 +77,7 @@ public:
             node.refuse(u"needs a list"_s);
         std::vector<Node> nodes;
         for (const QJsonValue value : node.m_value.toArray())
-            nodes.emplace_back(*m_source, value, u"%1[%2]"_s.arg(node.m_place).arg(nodes.size()));
+            nodes.emplace_back(*m_folder, value, u"%1[%2]"_s.arg(node.m_place).arg(nodes.size()));
         return nodes;
     }
 
@@ -103,19 +106,20 @@ public:
     /// The picture that the text names.
     Upload picture() const
     {
-        const QFileInfo place(m_source->path());
-        QFile file(place.dir().filePath(text()));
+        QFile file(m_folder->filePath(text()));
         if (!file.open(QIODevice::ReadOnly))
             refuse(u"'%1' cannot be read (%2)"_s.arg(text(), file.errorString()));
         const QByteArray bytes = file.readAll();
         const QString type = QMimeDatabase().mimeTypeForData(bytes).name();
         if (!type.startsWith("image/"_L1))
             refuse(u"'%1' is no picture"_s.arg(text()));
-        return {QFileInfo(file).fileName().toStdString(), type.toStdString(), bytes.toStdString()};
+        return {safeFileName(QFileInfo(file).fileName().toStdString()), type.toStdString(),
+                bytes.toStdString()};
     }
 
 private:
-    const Source *m_source;
+    /// What files are named as seen from.
+    const QDir *m_folder;
     QJsonValue m_value;
     QString m_place;
 };
@@ -124,14 +128,14 @@ People readPeople(const Node &node, Seed &seed)
 {
     People people;
     for (const QString &key : node.keys()) {
-        const Node person = node.at(key).withFields({u"name"_s, u"picture"_s});
-        Signature &signature = people[key];
-        signature.id = "agent-" + key.toStdString();
-        signature.name = person.at(u"name"_s).text().toStdString();
-        if (!person.has(u"picture"_s))
+        const Node fields = node.at(key).withFields({u"name"_s, u"picture"_s});
+        Person &person = people[key];
+        person.name = fields.at(u"name"_s).text().toStdString();
+        if (!fields.has(u"picture"_s))
             continue;
-        seed.pictures.push_back(person.at(u"picture"_s).picture());
-        signature.picture = "/pictures/" + seed.pictures.back().fileName;
+        const Upload picture = fields.at(u"picture"_s).picture();
+        person.picture = filePath(sha256Hex(picture.bytes), picture.fileName);
+        seed.pictures.push_back(picture);
     }
     return people;
 }
@@ -142,7 +146,7 @@ void readSender(const Node &node, const People &people, SeededMessage &message)
     const auto person = people.find(from);
     if (person != people.end()) {
         message.author = Author::Human;
-        message.signature = person->second;
+        message.person = person->second;
     } else if (from == "ai"_L1) {
         message.author = Author::Ai;
     } else if (from != "customer"_L1) {
@@ -201,15 +205,12 @@ QString readCustomer(const Node &node)
     return node.text();
 }
 
-} // namespace
-
-Seed readSeed(const std::string &path)
+Seed parseSeed(std::string_view json, const QDir &folder)
 {
-    const Source source(path, "--seed", "");
-    const QJsonDocument document = source.json();
+    const QJsonDocument document = settingsJson(json);
     const QJsonValue value =
         document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
-    const Node root(source, value, {});
+    const Node root(folder, value, {});
     root.withFields(
         {u"customer"_s, u"deviceToken"_s, u"pictures"_s, u"people"_s, u"conversations"_s});
     Seed seed;
@@ -222,6 +223,15 @@ Seed readSeed(const std::string &path)
     for (const Node &conversation : root.list(u"conversations"_s))
         seed.conversations.push_back(readConversation(conversation, people));
     return seed;
+}
+
+} // namespace
+
+Seed readSeed(const std::string &path)
+{
+    const QDir folder = QFileInfo(QString::fromStdString(path)).dir();
+    return parseFile([&folder](std::string_view json) { return parseSeed(json, folder); }, path,
+                     "--seed");
 }
 
 } // namespace tolvane::backend

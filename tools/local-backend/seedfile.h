@@ -13,7 +13,7 @@ namespace tolvane::backend {
 struct SeededMessage
 {
     Author author = Author::Customer;
-    std::optional<Signature> signature;
+    std::optional<Person> person;
     double minutesAgo = 0;
     std::string text;
     bool isUnread = false;
@@ -33,7 +33,7 @@ struct Seed
     std::string customer;
     /// Empty when the customer has none.
     std::string deviceToken;
-    /// What is served below "/pictures/", by file name.
+    /// The people's, and those that stand in no message.
     std::vector<Upload> pictures;
     std::vector<SeededConversation> conversations;
 };

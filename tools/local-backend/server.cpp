@@ -2,77 +2,20 @@
 #include "server.h"
 
 #include "errors.h"
+#include "eventstream.h"
 #include "requests.h"
 #include "text.h"
 
-#include <algorithm>
 #include <cstdio>
 
 namespace tolvane::backend {
 
 namespace {
 
-constexpr const char *json = "application/json";
 constexpr std::string_view prefix = "/api/";
 constexpr const char *forever = "public, max-age=31536000, immutable";
 
-// How often a stream without news shows that it is still there.
-constexpr std::chrono::seconds heartbeat{15};
-
-std::string baseUrlOn(const std::string &authority)
-{
-    return "http://" + authority + "/api";
-}
-
-void setError(httplib::Response &response, int status, const std::string &reason)
-{
-    response.status = status;
-    response.set_content(toJson(std::map<std::string, std::string>{{"error", reason}}), json);
-}
-
-// The components behind the prefix, still encoded; "*" in a route stands for any one of them.
-using Path = std::vector<std::string_view>;
-
-Path pathOf(const httplib::Request &request)
-{
-    const std::string_view target = request.target;
-    const std::string_view path = target.substr(0, target.find('?'));
-    return path.starts_with(prefix) ? split(path.substr(prefix.size()), '/') : Path();
-}
-
-bool matches(const Path &path, std::string_view pattern)
-{
-    const Path expected = split(pattern, '/');
-    return std::equal(path.begin(), path.end(), expected.begin(), expected.end(),
-                      [](std::string_view component, std::string_view wanted) {
-                          return wanted == "*" ? !component.empty() : component == wanted;
-                      });
-}
-
-bool write(httplib::DataSink &sink, const std::string &text)
-{
-    return sink.write(text.data(), text.size());
-}
-
-// HEAD is GET whose body httplib keeps back.
-std::string_view methodOf(const httplib::Request &request)
-{
-    return request.method == "HEAD" ? std::string_view("GET") : std::string_view(request.method);
-}
-
 } // namespace
-
-struct Server::Call
-{
-    const httplib::Request &request;
-    httplib::Response &response;
-    const std::string &body;
-    Path path;
-    std::string customer;
-
-    std::string component(std::size_t place) const { return percentDecoded(path.at(place)); }
-    void answer(const std::string &text) const { response.set_content(text, json); }
-};
 
 // Addresses that stand in messages are fetched without a key, and by nobody in particular; a device
 // may be any customer's.
@@ -96,16 +39,13 @@ const std::vector<Server::Route> Server::routes = {
     {"POST", "customer/device/update", Access::Customer, &Server::updateDevice},
     {"GET", "attachments/*/*", Access::Public, &Server::getAttachment},
     {"GET", "agents/maya.png", Access::Public, &Server::getPortrait},
-    {"GET", "pictures/*", Access::Public, &Server::getPicture},
     {"GET", "push/*", Access::Key, &Server::getPushes},
 };
 
-Server::Server(Setup setup, Settings settings, Store &store, Desk &desk, Pushes &pushes)
+Server::Server(Setup setup, Backend &backend)
     : m_setup(std::move(setup))
-    , m_settings(std::move(settings))
-    , m_store(store)
-    , m_desk(desk)
-    , m_pushes(pushes)
+    , m_backend(backend)
+    , m_agents(backend, m_http)
 {
     installHandlers();
 }
@@ -188,8 +128,11 @@ void Server::answer(const httplib::Request &request, httplib::Response &response
 void Server::dispatch(const httplib::Request &request, httplib::Response &response,
                       const std::string &body) const
 {
-    Call call{request, response, body, pathOf(request), {}};
-    const Route &route = routeOf(call);
+    Call call{request, response, body};
+    if (AgentRoutes::has(request))
+        return m_agents.dispatch(call);
+    call.path = pathBehind(prefix, request);
+    const Route &route = routeOf(routes, call);
     if (route.access != Access::Public)
         authorise(request);
     if (route.access == Access::Customer) {
@@ -197,22 +140,6 @@ void Server::dispatch(const httplib::Request &request, httplib::Response &respon
         response.set_header(customerHeader, call.customer);
     }
     (this->*route.handler)(call);
-}
-
-const Server::Route &Server::routeOf(const Call &call)
-{
-    std::string allowed;
-    for (const Route &route : routes) {
-        if (!matches(call.path, route.pattern))
-            continue;
-        if (route.method == methodOf(call.request))
-            return route;
-        allowed += (allowed.empty() ? "" : ", ") + std::string(route.method);
-    }
-    if (allowed.empty())
-        throw Refusal(404, "there is no such address");
-    call.response.set_header("Allow", allowed);
-    throw Refusal(405, "the address does not take " + call.request.method);
 }
 
 void Server::authorise(const httplib::Request &request) const
@@ -231,27 +158,28 @@ void Server::authorise(const httplib::Request &request) const
 
 Surroundings Server::surroundings(const httplib::Request &request) const
 {
-    return {baseUrlOn(hostOf(request, authority())), m_settings.schedules};
+    return {baseUrlOn(hostOf(request, authority())), m_backend.settings.now()->schedules.json};
 }
 
 void Server::getSettings(Call &call) const
 {
-    if (queryItem(call.request, "updatedAt") == m_settings.brandingUpdatedAt)
+    const std::shared_ptr<const Settings> settings = m_backend.settings.now();
+    if (queryItem(call.request, "updatedAt") == settings->branding.updatedAt)
         call.response.status = 304;
     else
-        call.answer(replaced(m_settings.branding, "{base}", surroundings(call.request).baseUrl));
+        call.answer(brandingAt(surroundings(call.request).baseUrl, settings->branding));
 }
 
 void Server::createTicket(Call &call) const
 {
-    const Ticket ticket = m_desk.open(call.customer, newTicketIn(call.request, call.body));
+    const Ticket ticket = m_backend.desk.open(call.customer, newTicketIn(call.request, call.body));
     call.answer(toJson(ticket, surroundings(call.request)));
 }
 
 void Server::postMessage(Call &call) const
 {
-    const std::optional<Message> message =
-        m_desk.post(call.customer, call.component(1), newMessageIn(call.request, call.body));
+    const std::optional<Message> message = m_backend.desk.post(
+        call.customer, call.component(1), newMessageIn(call.request, call.body));
     if (!message)
         throw Refusal(404, "there is no such ticket");
     call.answer(toJson(*message, surroundings(call.request)));
@@ -259,7 +187,8 @@ void Server::postMessage(Call &call) const
 
 void Server::getTicket(Call &call) const
 {
-    const std::optional<Ticket> ticket = m_store.readTicket(call.customer, call.component(1));
+    const std::optional<Ticket> ticket =
+        m_backend.store.readTicket(call.customer, call.component(1));
     if (!ticket)
         throw Refusal(404, "there is no such ticket");
     call.answer(toJson(*ticket, surroundings(call.request)));
@@ -267,25 +196,25 @@ void Server::getTicket(Call &call) const
 
 void Server::getTickets(Call &call) const
 {
-    call.answer(toJson(m_store.previews(call.customer), surroundings(call.request)));
+    call.answer(toJson(m_backend.store.previews(call.customer), surroundings(call.request)));
 }
 
 void Server::updateCustomer(Call &call) const
 {
-    m_store.updateCustomer(call.customer, customerUpdateIn(call.body));
+    m_backend.store.updateCustomer(call.customer, customerUpdateIn(call.body));
     call.response.status = 204;
 }
 
 void Server::updateDevice(Call &call) const
 {
-    m_store.updateCustomer(call.customer, deviceUpdateIn(call.body));
+    m_backend.store.updateCustomer(call.customer, deviceUpdateIn(call.body));
     call.response.status = 204;
 }
 
 void Server::getAttachment(Call &call) const
 {
     const std::string hash = call.component(1);
-    const std::optional<StoredFile> file = m_store.file(hash, call.component(2));
+    const std::optional<StoredFile> file = m_backend.store.file(hash, call.component(2));
     if (!file)
         throw Refusal(404, "there is no such attachment");
     const std::string tag = '"' + hash + '"';
@@ -303,50 +232,25 @@ void Server::getAttachment(Call &call) const
 
 void Server::getPortrait(Call &call) const
 {
-    call.response.set_content(m_settings.portrait, "image/png");
-}
-
-void Server::getPicture(Call &call) const
-{
-    const std::optional<StoredFile> picture = m_store.picture(call.component(1));
-    if (!picture)
-        throw Refusal(404, "there is no such picture");
-    call.response.set_content(picture->bytes, picture->mimeType);
+    call.response.set_content(m_backend.settings.now()->portrait, "image/png");
 }
 
 void Server::getPushes(Call &call) const
 {
     const auto pushes =
-        std::make_shared<PushStream>(m_pushes, call.component(1), lastPushOf(call.request));
-    const int connection = std::stoi(call.request.get_header_value(connectionId));
-    call.response.set_header("Cache-Control", "no-store");
-    call.response.set_chunked_content_provider(
-        "text/event-stream", [this, pushes, connection, around = surroundings(call.request)](
-                                 std::size_t, httplib::DataSink &sink) {
-            return continuePushes(*pushes, around, connection, sink);
-        });
-}
-
-bool Server::continuePushes(PushStream &pushes, const Surroundings &surroundings, int connection,
-                            httplib::DataSink &sink) const
-{
-    while (const std::optional<NumberedPush> push = pushes.next()) {
-        const std::string event = "id: " + std::to_string(push->number) +
-                                  "\ndata: " + toJson(push->push, surroundings) + "\n\n";
-        if (!write(sink, event))
-            return false;
-        pushes.confirm(push->number);
-    }
-    switch (m_http.awaitEvent(pushes.news(), connection, heartbeat)) {
-    case HttpServer::Awaited::End:
-        sink.done();
-        return true;
-    case HttpServer::Awaited::Timeout:
-        return write(sink, ":\n\n");
-    case HttpServer::Awaited::News:
-        break;
-    }
-    return true;
+        std::make_shared<PushStream>(m_backend.pushes, call.component(1), lastPushOf(call.request));
+    answerWithEvents(call, m_http, pushes->news(),
+                     [pushes, around = surroundings(call.request)](httplib::DataSink &sink) {
+                         while (const std::optional<NumberedPush> push = pushes->next()) {
+                             const std::string event = "id: " + std::to_string(push->number) +
+                                                       "\ndata: " + toJson(push->push, around) +
+                                                       "\n\n";
+                             if (!write(sink, event))
+                                 return false;
+                             pushes->confirm(push->number);
+                         }
+                         return true;
+                     });
 }
 
 } // namespace tolvane::backend

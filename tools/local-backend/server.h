@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desk.h"
+#include "agentroutes.h"
+#include "backend.h"
 #include "httpserver.h"
 #include "json.h"
-#include "pushes.h"
-#include "settings.h"
-#include "store.h"
+#include "routing.h"
 
 #include <string>
 #include <vector>
 
 namespace tolvane::backend {
 
-/// The routes of the contract over HTTP.
+/// The routes of the contract over HTTP, and those of the agents.
 class Server
 {
 public:
@@ -26,7 +25,7 @@ public:
         std::size_t maxBody = std::size_t(64) << 20;
     };
 
-    Server(Setup setup, Settings settings, Store &store, Desk &desk, Pushes &pushes);
+    Server(Setup setup, Backend &backend);
 
     /// Throws a StartError when the address cannot be had. Requests wait from then on.
     void bind();
@@ -37,7 +36,6 @@ public:
     void shutDown() { m_http.shutDown(); }
 
 private:
-    struct Call;
     struct Route;
     static const std::vector<Route> routes;
 
@@ -48,7 +46,6 @@ private:
                 const std::string &body) const;
     void dispatch(const httplib::Request &request, httplib::Response &response,
                   const std::string &body) const;
-    static const Route &routeOf(const Call &call);
     void authorise(const httplib::Request &request) const;
     Surroundings surroundings(const httplib::Request &request) const;
 
@@ -61,18 +58,12 @@ private:
     void updateDevice(Call &call) const;
     void getAttachment(Call &call) const;
     void getPortrait(Call &call) const;
-    void getPicture(Call &call) const;
     void getPushes(Call &call) const;
-    /// Writes the pushes there are, and waits for the next. False when the client takes no more.
-    bool continuePushes(PushStream &pushes, const Surroundings &surroundings, int connection,
-                        httplib::DataSink &sink) const;
 
     const Setup m_setup;
-    const Settings m_settings;
-    Store &m_store;
-    Desk &m_desk;
-    Pushes &m_pushes;
+    Backend &m_backend;
     HttpServer m_http;
+    const AgentRoutes m_agents;
     int m_port = 0;
 };
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "branding.h"
+#include "schedules.h"
+
 #include <string>
 
 namespace tolvane::backend {
@@ -8,17 +11,18 @@ namespace tolvane::backend {
 /// What is the same for all customers.
 struct Settings
 {
-    /// A JSON object, in which "{base}" stands for the base address; and its field of that name.
-    std::string branding;
-    std::string brandingUpdatedAt;
-    /// A JSON list, and the same for people, like "Mon, Tue 09:00-18:00".
-    std::string schedules;
-    std::string openingHours;
-    /// The bytes of the human agent's picture, a PNG.
+    Branding branding;
+    Schedules schedules;
+    /// Whether the scripted agents answer at all.
+    bool answersAutomatically = true;
+    /// The bytes of the scripted human agent's picture, a PNG.
     std::string portrait;
 };
 
 /// An empty path takes what is built in. Throws a StartError that names the file and what is wrong.
 Settings loadSettings(const std::string &brandingPath, const std::string &schedulesPath);
+
+/// A file of the build, below ":/tolvane-backend/".
+std::string asset(const std::string &name);
 
 } // namespace tolvane::backend

@@ -2,51 +2,15 @@
 #include "store.h"
 
 #include "json.h"
+#include "messagerows.h"
 #include "text.h"
 
 namespace tolvane::backend {
 
-namespace {
-
-// The first columns of each query for messages, with a row for each attachment.
-#define MESSAGE_COLUMNS                                                                            \
-    "m.id, m.author, m.content, m.is_read, m.at, a.hash, a.name, s.agent_id, s.name, s.picture"
-#define MESSAGE_DETAILS                                                                            \
-    " LEFT JOIN attachments a ON a.message_seq = m.seq"                                            \
-    " LEFT JOIN signatures s ON s.message_seq = m.seq"
-
-Message messageAt(const Statement &row, const std::string &customer, const std::string &ticketId)
-{
-    Message message;
-    message.id = row.text(0);
-    message.ticketId = ticketId;
-    message.author = authorNamed(row.text(1));
-    if (message.author == Author::Customer)
-        message.customerId = customer;
-    message.content = row.text(2);
-    message.isRead = row.number(3) != 0;
-    message.at = row.number(4);
-    if (const std::string agent = row.text(7); !agent.empty())
-        message.signature = {agent, row.text(8), row.text(9)};
-    return message;
-}
-
-std::string attachmentPath(std::string_view hash, std::string_view name)
-{
-    return std::string(hash) + '/' + std::string(name);
-}
-
-void addAttachmentAt(const Statement &row, Message &message)
-{
-    if (const std::string hash = row.text(5); !hash.empty())
-        message.attachments.push_back(attachmentPath(hash, row.text(6)));
-}
-
-} // namespace
-
-Store::Store(Database database, Announce announce)
+Store::Store(Database database, Announce announce, NoteChange noteChange)
     : m_database(std::move(database))
     , m_announce(std::move(announce))
+    , m_noteChange(std::move(noteChange))
 {
 }
 
@@ -76,7 +40,7 @@ Ticket Store::createTicket(const std::string &customer, const NewTicket &ticket,
     created.messages = {
         insertCustomerMessage(customer, created.id, ticket.message, answerDue),
     };
-    transaction.commit();
+    commit(transaction, created.id, {});
     return created;
 }
 
@@ -110,9 +74,12 @@ std::optional<Ticket> Store::readTicket(const std::string &customer, const std::
         ticket.state = stateNamed(row.text(0));
         ticket.assignee = authorNamed(row.text(1));
     }
-    m_database.run("UPDATE messages SET is_read = 1 WHERE ticket_id = ? AND is_read = 0", ticketId);
+    const int read = m_database.run(
+        "UPDATE messages SET is_read = 1 WHERE ticket_id = ? AND is_read = 0", ticketId);
     ticket.messages = messagesOf(customer, ticketId);
     transaction.commit();
+    if (read > 0)
+        m_noteChange(ticketId);
     return ticket;
 }
 
@@ -120,16 +87,16 @@ std::vector<Preview> Store::previews(const std::string &customer)
 {
     const std::lock_guard lock(m_mutex);
     std::vector<Preview> previews;
-    Statement row =
-        m_database.query("SELECT " MESSAGE_COLUMNS ", t.id, t.state"
-                         " FROM tickets t JOIN messages m ON m.seq = t.last" MESSAGE_DETAILS
-                         " WHERE t.customer_id = ? ORDER BY t.last DESC, a.place",
-                         customer);
+    Statement row = m_database.query("SELECT " MESSAGE_COLUMNS ", t.id, t.state"
+                                     " FROM tickets t JOIN messages m ON m.seq = t.last"
+                                     " LEFT JOIN attachments a ON a.message_seq = m.seq"
+                                     " WHERE t.customer_id = ? ORDER BY t.last DESC, a.place",
+                                     customer);
     while (row.step()) {
-        const std::string ticketId = row.text(10);
+        const std::string ticketId = row.text(messageColumns);
         if (previews.empty() || previews.back().id != ticketId)
-            previews.push_back(
-                {ticketId, stateNamed(row.text(11)), messageAt(row, customer, ticketId)});
+            previews.push_back({ticketId, stateNamed(row.text(messageColumns + 1)),
+                                messageAt(row, customer, ticketId)});
         addAttachmentAt(row, previews.back().lastMessage);
     }
     return previews;
@@ -139,18 +106,10 @@ std::optional<StoredFile> Store::file(const std::string &hash, const std::string
 {
     const std::lock_guard lock(m_mutex);
     Statement row = m_database.query(
-        "SELECT a.mime_type, f.bytes FROM attachments a JOIN files f ON f.hash = a.hash"
-        " WHERE a.hash = ? AND a.name = ? LIMIT 1",
+        "SELECT n.mime_type, f.bytes FROM (SELECT hash, name, mime_type FROM attachments"
+        "  UNION ALL SELECT hash, name, mime_type FROM pictures) n"
+        " JOIN files f ON f.hash = n.hash WHERE n.hash = ? AND n.name = ? LIMIT 1",
         hash, name);
-    if (!row.step())
-        return std::nullopt;
-    return StoredFile{row.text(0), row.text(1)};
-}
-
-std::optional<StoredFile> Store::picture(const std::string &name)
-{
-    const std::lock_guard lock(m_mutex);
-    Statement row = m_database.query("SELECT mime_type, bytes FROM pictures WHERE name = ?", name);
     if (!row.step())
         return std::nullopt;
     return StoredFile{row.text(0), row.text(1)};
@@ -162,10 +121,17 @@ std::int64_t Store::insertMessage(Message &message)
     message.at = now();
     // Customers have read what they wrote themselves.
     message.isRead = message.author == Author::Customer;
-    m_database.run("INSERT INTO messages (id, ticket_id, author, content, is_read, at)"
-                   " VALUES (?, ?, ?, ?, ?, ?)",
+    std::optional<std::string> name;
+    std::optional<std::string> picture;
+    if (message.person) {
+        name = message.person->name;
+        picture = message.person->picture;
+    }
+    m_database.run("INSERT INTO messages"
+                   " (id, ticket_id, author, content, is_read, at, person_name, person_picture)"
+                   " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
                    message.id, message.ticketId, nameOf(message.author), message.content,
-                   message.isRead, message.at);
+                   message.isRead, message.at, name, picture);
     const std::int64_t seq = m_database.lastRow();
     m_database.run("UPDATE tickets SET last = ? WHERE id = ?", seq, message.ticketId);
     return seq;
@@ -174,15 +140,20 @@ std::int64_t Store::insertMessage(Message &message)
 void Store::insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads)
 {
     for (const Upload &upload : uploads) {
-        const std::string hash = sha256Hex(upload.bytes);
-        const std::string name = safeFileName(upload.fileName);
-        m_database.run("INSERT OR IGNORE INTO files (hash, bytes) VALUES (?, ?)", hash,
-                       Blob{upload.bytes});
+        const File file = insertFile(upload);
         m_database.run("INSERT INTO attachments (message_seq, place, hash, name, mime_type)"
                        " VALUES (?, ?, ?, ?, ?)",
-                       seq, message.attachments.size(), hash, name, upload.mimeType);
-        message.attachments.push_back(attachmentPath(hash, name));
+                       seq, message.attachments.size(), file.hash, file.name, upload.mimeType);
+        message.attachments.push_back(filePath(file.hash, file.name));
     }
+}
+
+Store::File Store::insertFile(const Upload &upload)
+{
+    const File file{sha256Hex(upload.bytes), safeFileName(upload.fileName)};
+    m_database.run("INSERT OR IGNORE INTO files (hash, bytes) VALUES (?, ?)", file.hash,
+                   Blob{upload.bytes});
+    return file;
 }
 
 Message Store::insertCustomerMessage(const std::string &customer, const std::string &ticketId,
@@ -213,6 +184,7 @@ void Store::commit(Transaction &transaction, const std::string &ticketId, std::v
         row.step())
         token = row.text(0);
     transaction.commit();
+    m_noteChange(ticketId);
     if (token.empty())
         return;
     for (Push &push : pushes)
@@ -231,10 +203,16 @@ bool Store::hasTicket(const std::string &customer, const std::string &ticketId)
         .step();
 }
 
+bool Store::hasTicket(const std::string &ticketId)
+{
+    return m_database.query("SELECT 1 FROM tickets WHERE id = ?", ticketId).step();
+}
+
 std::vector<Message> Store::messagesOf(const std::string &customer, const std::string &ticketId)
 {
     std::vector<Message> messages;
-    Statement row = m_database.query("SELECT " MESSAGE_COLUMNS " FROM messages m" MESSAGE_DETAILS
+    Statement row = m_database.query("SELECT " MESSAGE_COLUMNS " FROM messages m"
+                                     " LEFT JOIN attachments a ON a.message_seq = m.seq"
                                      " WHERE m.ticket_id = ? ORDER BY m.seq, a.place",
                                      ticketId);
     while (row.step()) {

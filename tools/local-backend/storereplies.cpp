@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The agents' side of the store.
+// What the store keeps for the scripted agents.
 #include "store.h"
 #include "text.h"
 
@@ -40,7 +40,7 @@ std::optional<PendingReply> Store::nextReply()
         " EXISTS (SELECT 1 FROM messages l WHERE l.ticket_id = m.ticket_id AND l.seq > m.seq"
         "  AND l.author = 'customer')"
         " FROM replies r JOIN messages m ON m.seq = r.message_seq"
-        " JOIN tickets t ON t.id = m.ticket_id ORDER BY r.due, r.id LIMIT 1");
+        " JOIN tickets t ON t.id = m.ticket_id WHERE t.automatic ORDER BY r.due, r.id LIMIT 1");
     if (!row.step())
         return std::nullopt;
     PendingReply reply;
@@ -74,6 +74,13 @@ std::vector<Push> Store::give(const PendingReply &reply, const Settlement &settl
     if (settlement.closes && changeState(reply.ticketId, State::Closed))
         pushes.emplace_back(Preview{reply.ticketId, State::Closed, message});
     return pushes;
+}
+
+void Store::settleReplies(const std::string &ticketId)
+{
+    m_database.run("DELETE FROM replies WHERE message_seq IN"
+                   " (SELECT seq FROM messages WHERE ticket_id = ?)",
+                   ticketId);
 }
 
 void Store::owe(ReplyKind kind, std::int64_t messageSeq, Instant due)

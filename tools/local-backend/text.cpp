@@ -116,13 +116,6 @@ std::string percentEncoded(std::string_view text)
     return encoded;
 }
 
-std::string replaced(std::string text, std::string_view what, std::string_view with)
-{
-    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size()))
-        text.replace(at, what.size(), with);
-    return text;
-}
-
 bool equalInConstantTime(std::string_view left, std::string_view right)
 {
     const QByteArray a = sha256(left);

@@ -18,8 +18,6 @@ std::vector<std::string_view> split(std::string_view text, char separator);
 std::string percentDecoded(std::string_view text);
 std::string percentEncoded(std::string_view text);
 
-std::string replaced(std::string text, std::string_view what, std::string_view with);
-
 /// Takes equally long wherever the two differ, so that a key cannot be guessed letter by letter.
 bool equalInConstantTime(std::string_view left, std::string_view right);
 

@@ -97,5 +97,123 @@
         <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
         <translation>Actualizar</translation>
     </message>
+    <message>
+        <source>ticket_new_discussion</source>
+        <extracomment>Title of a conversation that the customer is about to begin.</extracomment>
+        <translation>Nueva conversación</translation>
+    </message>
+    <message>
+        <source>ticket_support</source>
+        <extracomment>Stands for whoever answers, where the name is not known. Title of a conversation, too.</extracomment>
+        <translation>Soporte</translation>
+    </message>
+    <message>
+        <source>ticket_support_team</source>
+        <extracomment>Beneath the title of a conversation, while the opening hours are not known.</extracomment>
+        <translation>Equipo de soporte</translation>
+    </message>
+    <message>
+        <source>ticket_new_hint</source>
+        <extracomment>In place of the messages, where the customer has not written any yet.</extracomment>
+        <translation>Escribe tu primer mensaje. Estamos aquí para ayudarte.</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available</source>
+        <extracomment>Beneath the title of a conversation: people are there to answer now.</extracomment>
+        <translation>Disponible ahora</translation>
+    </message>
+    <message>
+        <source>ticket_cs_not_available</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, and when somebody will be is not known.</extracomment>
+        <translation>No disponible</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_day</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within a day.</extracomment>
+        <translation>De vuelta en menos de un día</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_days</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within some days.</extracomment>
+        <translation>De vuelta en unos días</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld ticket_cs_available_hours</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be in 1 to 7 hours. Keep %Ln, the number, where the language says it.</extracomment>
+        <translation>
+            <numerusform>De vuelta en %Ln hora</numerusform>
+            <numerusform>De vuelta en %Ln horas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>composer_placeholder</source>
+        <extracomment>In the empty field for writing.</extracomment>
+        <translation>Escribe un mensaje</translation>
+    </message>
+    <message>
+        <source>composer_drop_hint</source>
+        <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
+        <translation>Suelta las imágenes aquí</translation>
+    </message>
+    <message>
+        <source>accessibility_attach</source>
+        <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
+        <translation>Adjuntar imágenes</translation>
+    </message>
+    <message>
+        <source>accessibility_send</source>
+        <extracomment>Read aloud: the button that sends the message.</extracomment>
+        <translation>Enviar</translation>
+    </message>
+    <message>
+        <source>accessibility_sending</source>
+        <extracomment>Read aloud: the message is on its way.</extracomment>
+        <translation>Enviando</translation>
+    </message>
+    <message>
+        <source>accessibility_remove_attachment</source>
+        <extracomment>Read aloud: the button that takes a chosen picture away. %1 is its name.</extracomment>
+        <translation>Quitar %1</translation>
+    </message>
+    <message>
+        <source>accessibility_attachment</source>
+        <extracomment>Read aloud: a picture of a message. %1 is its number, %2 how many there are.</extracomment>
+        <translation>Imagen %1 de %2</translation>
+    </message>
+    <message>
+        <source>accessibility_picture</source>
+        <extracomment>Read aloud: a picture that fills the screen.</extracomment>
+        <translation>Imagen</translation>
+    </message>
+    <message>
+        <source>accessibility_share</source>
+        <extracomment>Read aloud: the button that offers to save or copy a picture.</extracomment>
+        <translation>Compartir</translation>
+    </message>
+    <message>
+        <source>viewer_save</source>
+        <extracomment>Choice in a menu: opens a dialog to save the picture as a file.</extracomment>
+        <translation>Guardar imagen…</translation>
+    </message>
+    <message>
+        <source>viewer_copy</source>
+        <extracomment>Choice in a menu: copies the picture to the clipboard.</extracomment>
+        <translation>Copiar imagen</translation>
+    </message>
+    <message>
+        <source>viewer_saved</source>
+        <extracomment>Tells that the picture was saved. %1 is the folder or file.</extracomment>
+        <translation>Guardada en %1</translation>
+    </message>
+    <message>
+        <source>viewer_copied</source>
+        <extracomment>Tells that the picture is on the clipboard.</extracomment>
+        <translation>Copiada</translation>
+    </message>
+    <message>
+        <source>viewer_save_failed</source>
+        <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
+        <translation>No se pudo guardar: %1</translation>
+    </message>
 </context>
 </TS>

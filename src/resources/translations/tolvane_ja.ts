@@ -94,5 +94,122 @@
         <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
         <translation>更新</translation>
     </message>
+    <message>
+        <source>ticket_new_discussion</source>
+        <extracomment>Title of a conversation that the customer is about to begin.</extracomment>
+        <translation>新しい会話</translation>
+    </message>
+    <message>
+        <source>ticket_support</source>
+        <extracomment>Stands for whoever answers, where the name is not known. Title of a conversation, too.</extracomment>
+        <translation>サポート</translation>
+    </message>
+    <message>
+        <source>ticket_support_team</source>
+        <extracomment>Beneath the title of a conversation, while the opening hours are not known.</extracomment>
+        <translation>サポートチーム</translation>
+    </message>
+    <message>
+        <source>ticket_new_hint</source>
+        <extracomment>In place of the messages, where the customer has not written any yet.</extracomment>
+        <translation>最初のメッセージをお書きください。喜んでお手伝いします。</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available</source>
+        <extracomment>Beneath the title of a conversation: people are there to answer now.</extracomment>
+        <translation>対応中</translation>
+    </message>
+    <message>
+        <source>ticket_cs_not_available</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, and when somebody will be is not known.</extracomment>
+        <translation>対応時間外</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_day</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within a day.</extracomment>
+        <translation>1日以内に対応</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_days</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within some days.</extracomment>
+        <translation>数日以内に対応</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld ticket_cs_available_hours</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be in 1 to 7 hours. Keep %Ln, the number, where the language says it.</extracomment>
+        <translation>
+            <numerusform>%Ln時間後に対応</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>composer_placeholder</source>
+        <extracomment>In the empty field for writing.</extracomment>
+        <translation>メッセージを入力</translation>
+    </message>
+    <message>
+        <source>composer_drop_hint</source>
+        <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
+        <translation>ここに画像をドロップ</translation>
+    </message>
+    <message>
+        <source>accessibility_attach</source>
+        <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
+        <translation>画像を添付</translation>
+    </message>
+    <message>
+        <source>accessibility_send</source>
+        <extracomment>Read aloud: the button that sends the message.</extracomment>
+        <translation>送信</translation>
+    </message>
+    <message>
+        <source>accessibility_sending</source>
+        <extracomment>Read aloud: the message is on its way.</extracomment>
+        <translation>送信中</translation>
+    </message>
+    <message>
+        <source>accessibility_remove_attachment</source>
+        <extracomment>Read aloud: the button that takes a chosen picture away. %1 is its name.</extracomment>
+        <translation>%1を削除</translation>
+    </message>
+    <message>
+        <source>accessibility_attachment</source>
+        <extracomment>Read aloud: a picture of a message. %1 is its number, %2 how many there are.</extracomment>
+        <translation>画像 %1/%2</translation>
+    </message>
+    <message>
+        <source>accessibility_picture</source>
+        <extracomment>Read aloud: a picture that fills the screen.</extracomment>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>accessibility_share</source>
+        <extracomment>Read aloud: the button that offers to save or copy a picture.</extracomment>
+        <translation>共有</translation>
+    </message>
+    <message>
+        <source>viewer_save</source>
+        <extracomment>Choice in a menu: opens a dialog to save the picture as a file.</extracomment>
+        <translation>画像を保存…</translation>
+    </message>
+    <message>
+        <source>viewer_copy</source>
+        <extracomment>Choice in a menu: copies the picture to the clipboard.</extracomment>
+        <translation>画像をコピー</translation>
+    </message>
+    <message>
+        <source>viewer_saved</source>
+        <extracomment>Tells that the picture was saved. %1 is the folder or file.</extracomment>
+        <translation>%1に保存しました</translation>
+    </message>
+    <message>
+        <source>viewer_copied</source>
+        <extracomment>Tells that the picture is on the clipboard.</extracomment>
+        <translation>コピーしました</translation>
+    </message>
+    <message>
+        <source>viewer_save_failed</source>
+        <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
+        <translation>保存できませんでした：%1</translation>
+    </message>
 </context>
 </TS>

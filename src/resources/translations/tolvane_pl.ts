@@ -100,5 +100,124 @@
         <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
         <translation>Odśwież</translation>
     </message>
+    <message>
+        <source>ticket_new_discussion</source>
+        <extracomment>Title of a conversation that the customer is about to begin.</extracomment>
+        <translation>Nowa rozmowa</translation>
+    </message>
+    <message>
+        <source>ticket_support</source>
+        <extracomment>Stands for whoever answers, where the name is not known. Title of a conversation, too.</extracomment>
+        <translation>Wsparcie</translation>
+    </message>
+    <message>
+        <source>ticket_support_team</source>
+        <extracomment>Beneath the title of a conversation, while the opening hours are not known.</extracomment>
+        <translation>Zespół wsparcia</translation>
+    </message>
+    <message>
+        <source>ticket_new_hint</source>
+        <extracomment>In place of the messages, where the customer has not written any yet.</extracomment>
+        <translation>Napisz pierwszą wiadomość. Chętnie pomożemy.</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available</source>
+        <extracomment>Beneath the title of a conversation: people are there to answer now.</extracomment>
+        <translation>Dostępne teraz</translation>
+    </message>
+    <message>
+        <source>ticket_cs_not_available</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, and when somebody will be is not known.</extracomment>
+        <translation>Niedostępne</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_day</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within a day.</extracomment>
+        <translation>Wrócimy w ciągu doby</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_days</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within some days.</extracomment>
+        <translation>Wrócimy za kilka dni</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld ticket_cs_available_hours</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be in 1 to 7 hours. Keep %Ln, the number, where the language says it.</extracomment>
+        <translation>
+            <numerusform>Wrócimy za %Ln godzinę</numerusform>
+            <numerusform>Wrócimy za %Ln godziny</numerusform>
+            <numerusform>Wrócimy za %Ln godzin</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>composer_placeholder</source>
+        <extracomment>In the empty field for writing.</extracomment>
+        <translation>Napisz wiadomość</translation>
+    </message>
+    <message>
+        <source>composer_drop_hint</source>
+        <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
+        <translation>Upuść obrazy tutaj</translation>
+    </message>
+    <message>
+        <source>accessibility_attach</source>
+        <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
+        <translation>Dołącz obrazy</translation>
+    </message>
+    <message>
+        <source>accessibility_send</source>
+        <extracomment>Read aloud: the button that sends the message.</extracomment>
+        <translation>Wyślij</translation>
+    </message>
+    <message>
+        <source>accessibility_sending</source>
+        <extracomment>Read aloud: the message is on its way.</extracomment>
+        <translation>Wysyłanie</translation>
+    </message>
+    <message>
+        <source>accessibility_remove_attachment</source>
+        <extracomment>Read aloud: the button that takes a chosen picture away. %1 is its name.</extracomment>
+        <translation>Usuń %1</translation>
+    </message>
+    <message>
+        <source>accessibility_attachment</source>
+        <extracomment>Read aloud: a picture of a message. %1 is its number, %2 how many there are.</extracomment>
+        <translation>Obraz %1 z %2</translation>
+    </message>
+    <message>
+        <source>accessibility_picture</source>
+        <extracomment>Read aloud: a picture that fills the screen.</extracomment>
+        <translation>Obraz</translation>
+    </message>
+    <message>
+        <source>accessibility_share</source>
+        <extracomment>Read aloud: the button that offers to save or copy a picture.</extracomment>
+        <translation>Udostępnij</translation>
+    </message>
+    <message>
+        <source>viewer_save</source>
+        <extracomment>Choice in a menu: opens a dialog to save the picture as a file.</extracomment>
+        <translation>Zapisz obraz…</translation>
+    </message>
+    <message>
+        <source>viewer_copy</source>
+        <extracomment>Choice in a menu: copies the picture to the clipboard.</extracomment>
+        <translation>Kopiuj obraz</translation>
+    </message>
+    <message>
+        <source>viewer_saved</source>
+        <extracomment>Tells that the picture was saved. %1 is the folder or file.</extracomment>
+        <translation>Zapisano w %1</translation>
+    </message>
+    <message>
+        <source>viewer_copied</source>
+        <extracomment>Tells that the picture is on the clipboard.</extracomment>
+        <translation>Skopiowano</translation>
+    </message>
+    <message>
+        <source>viewer_save_failed</source>
+        <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
+        <translation>Nie udało się zapisać: %1</translation>
+    </message>
 </context>
 </TS>

@@ -97,5 +97,123 @@
         <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
         <translation>Atualizar</translation>
     </message>
+    <message>
+        <source>ticket_new_discussion</source>
+        <extracomment>Title of a conversation that the customer is about to begin.</extracomment>
+        <translation>Nova conversa</translation>
+    </message>
+    <message>
+        <source>ticket_support</source>
+        <extracomment>Stands for whoever answers, where the name is not known. Title of a conversation, too.</extracomment>
+        <translation>Suporte</translation>
+    </message>
+    <message>
+        <source>ticket_support_team</source>
+        <extracomment>Beneath the title of a conversation, while the opening hours are not known.</extracomment>
+        <translation>Equipe de suporte</translation>
+    </message>
+    <message>
+        <source>ticket_new_hint</source>
+        <extracomment>In place of the messages, where the customer has not written any yet.</extracomment>
+        <translation>Escreva a sua primeira mensagem. Estamos aqui para ajudar.</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available</source>
+        <extracomment>Beneath the title of a conversation: people are there to answer now.</extracomment>
+        <translation>Disponível agora</translation>
+    </message>
+    <message>
+        <source>ticket_cs_not_available</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, and when somebody will be is not known.</extracomment>
+        <translation>Indisponível</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_day</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within a day.</extracomment>
+        <translation>De volta dentro de um dia</translation>
+    </message>
+    <message>
+        <source>ticket_cs_available_days</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within some days.</extracomment>
+        <translation>De volta dentro de alguns dias</translation>
+    </message>
+    <message numerus="yes">
+        <source>%lld ticket_cs_available_hours</source>
+        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be in 1 to 7 hours. Keep %Ln, the number, where the language says it.</extracomment>
+        <translation>
+            <numerusform>De volta em %Ln hora</numerusform>
+            <numerusform>De volta em %Ln horas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>composer_placeholder</source>
+        <extracomment>In the empty field for writing.</extracomment>
+        <translation>Escreva uma mensagem</translation>
+    </message>
+    <message>
+        <source>composer_drop_hint</source>
+        <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
+        <translation>Solte as imagens aqui</translation>
+    </message>
+    <message>
+        <source>accessibility_attach</source>
+        <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
+        <translation>Anexar imagens</translation>
+    </message>
+    <message>
+        <source>accessibility_send</source>
+        <extracomment>Read aloud: the button that sends the message.</extracomment>
+        <translation>Enviar</translation>
+    </message>
+    <message>
+        <source>accessibility_sending</source>
+        <extracomment>Read aloud: the message is on its way.</extracomment>
+        <translation>A enviar</translation>
+    </message>
+    <message>
+        <source>accessibility_remove_attachment</source>
+        <extracomment>Read aloud: the button that takes a chosen picture away. %1 is its name.</extracomment>
+        <translation>Remover %1</translation>
+    </message>
+    <message>
+        <source>accessibility_attachment</source>
+        <extracomment>Read aloud: a picture of a message. %1 is its number, %2 how many there are.</extracomment>
+        <translation>Imagem %1 de %2</translation>
+    </message>
+    <message>
+        <source>accessibility_picture</source>
+        <extracomment>Read aloud: a picture that fills the screen.</extracomment>
+        <translation>Imagem</translation>
+    </message>
+    <message>
+        <source>accessibility_share</source>
+        <extracomment>Read aloud: the button that offers to save or copy a picture.</extracomment>
+        <translation>Partilhar</translation>
+    </message>
+    <message>
+        <source>viewer_save</source>
+        <extracomment>Choice in a menu: opens a dialog to save the picture as a file.</extracomment>
+        <translation>Guardar imagem…</translation>
+    </message>
+    <message>
+        <source>viewer_copy</source>
+        <extracomment>Choice in a menu: copies the picture to the clipboard.</extracomment>
+        <translation>Copiar imagem</translation>
+    </message>
+    <message>
+        <source>viewer_saved</source>
+        <extracomment>Tells that the picture was saved. %1 is the folder or file.</extracomment>
+        <translation>Guardada em %1</translation>
+    </message>
+    <message>
+        <source>viewer_copied</source>
+        <extracomment>Tells that the picture is on the clipboard.</extracomment>
+        <translation>Copiada</translation>
+    </message>
+    <message>
+        <source>viewer_save_failed</source>
+        <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
+        <translation>Não foi possível guardar: %1</translation>
+    </message>
 </context>
 </TS>

@@ -5,10 +5,8 @@ import QtQuick
 Loader {
     id: page
 
-    /// The scale that it comes from.
-    required property real smallest
-    /// Whether it goes the way it came; else it only fades.
-    required property bool shrinks
+    /// See LoadingStateView.transitions.
+    required property var transition
 
     function leave() {
         shown.stop()
@@ -17,46 +15,29 @@ Loader {
         left.start()
     }
 
-    Component.onCompleted: shown.start()
+    Component.onCompleted: {
+        if (!transition.immediate)
+            shown.start()
+    }
+
+    component Step: NumberAnimation {
+        target: page
+        duration: 300
+        easing.type: Easing.InOutQuad
+    }
 
     ParallelAnimation {
         id: shown
 
-        NumberAnimation {
-            target: page
-            property: "scale"
-            from: page.smallest
-            to: 1
-            duration: 300
-            easing.type: Easing.InOutQuad
-        }
-        NumberAnimation {
-            target: page
-            property: "opacity"
-            from: 0
-            to: 1
-            duration: 300
-            easing.type: Easing.InOutQuad
-        }
+        Step { property: "scale"; from: page.transition.scale ?? 1; to: 1 }
+        Step { property: "opacity"; from: 0; to: 1 }
     }
 
     ParallelAnimation {
         id: left
 
-        NumberAnimation {
-            target: page
-            property: "scale"
-            to: page.shrinks ? page.smallest : 1
-            duration: 300
-            easing.type: Easing.InOutQuad
-        }
-        NumberAnimation {
-            target: page
-            property: "opacity"
-            to: 0
-            duration: 300
-            easing.type: Easing.InOutQuad
-        }
+        Step { property: "scale"; to: page.transition.removalScale ?? 1 }
+        Step { property: "opacity"; to: 0 }
 
         onFinished: page.destroy()
     }

@@ -4,6 +4,13 @@ import QtQuick
 // The one switch from the state of something remote to a view of it. A change of the state's case
 // goes over from one view to the other; a change within `loaded` is the content's own business.
 // What is shown has the view's width and gives it its height.
+//
+//     LoadingStateView {
+//         loadingState: store.state
+//         content: TicketRows { tickets: store.tickets }
+//         loading: ProgressIndicator { }
+//         transitions: ({"loaded": {scale: 0.9}})
+//     }
 Item {
     id: view
 
@@ -15,6 +22,9 @@ Item {
     property Component loadingWithPreview
     property Component empty
     property Component error
+    /// How the views come and go, by the name of the state. They fade; those with a `scale` grow from
+    /// it, those with a `removalScale` shrink to it, and those that are `immediate` come at once.
+    property var transitions: ({})
 
     readonly property var components: ({
         "idle": null,
@@ -40,8 +50,7 @@ Item {
         current = component ? page.createObject(view, {
             sourceComponent: component,
             z: loadingState === "loaded" ? 2 : 1,
-            smallest: loadingState === "empty" || loadingState === "error" ? 0.95 : 0.9,
-            shrinks: loadingState === "loading" || loadingState === "loadingWithPreview"
+            transition: transitions[loadingState] ?? ({})
         }) : null
     }
 

@@ -40,6 +40,7 @@ Item {
                 height: sample.height / sample.lineCount
 
                 SkeletonBox {
+                    anchors.left: parent.left
                     anchors.verticalCenter: parent.verticalCenter
                     width: Math.min(sample.contentWidth, line.width) *
                            (sample.lineCount > 1 && line.index === sample.lineCount - 1 ? 0.6 : 1)

@@ -6,6 +6,8 @@ import QtQuick
 Item {
     id: shimmer
 
+    readonly property real beginning: LayoutMirroring.enabled ? width : -width
+
     anchors.fill: parent
     clip: true
 
@@ -22,8 +24,8 @@ Item {
         }
 
         XAnimator on x {
-            from: -shimmer.width
-            to: shimmer.width
+            from: shimmer.beginning
+            to: -shimmer.beginning
             duration: 1500
             loops: Animation.Infinite
             running: shimmer.visible && shimmer.width > 0

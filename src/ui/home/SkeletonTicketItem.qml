@@ -21,9 +21,9 @@ Rectangle {
         spacing: 8
 
         RedactedText {
-            width: Math.min(implicitWidth, parent.width)
+            width: parent.width
             text: "Ticket subject line goes here"
-            font.pixelSize: Theme.Callout
+            font.pixelSize: Theme.callout
             font.weight: Font.DemiBold
             maximumLineCount: 1
             tint: row.tint
@@ -31,14 +31,14 @@ Rectangle {
         RedactedText {
             width: parent.width
             text: "This is a preview of the last message in the conversation that spans two lines"
-            font.pixelSize: 14
+            font.pixelSize: Theme.footnote
             maximumLineCount: 2
             tint: row.tint
         }
         RedactedText {
-            width: Math.min(implicitWidth, parent.width)
+            width: parent.width
             text: "◷ 2 hours ago"
-            font.pixelSize: Theme.Caption
+            font.pixelSize: Theme.caption
             maximumLineCount: 1
             tint: row.tint
         }

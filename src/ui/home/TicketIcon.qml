@@ -34,6 +34,7 @@ Loader {
                 anchors.centerIn: parent
                 text: "🤖"
                 textFormat: Text.PlainText
+                // As large as the circle allows, whatever other texts are.
                 font.pixelSize: 20
                 Accessible.ignored: true
             }

@@ -37,7 +37,8 @@ Item {
         TicketIcon {
             id: ticketIcon
 
-            x: 8
+            anchors.left: parent.left
+            anchors.leftMargin: 8
             anchors.verticalCenter: parent.verticalCenter
             kind: item.icon
             picture: item.picture
@@ -57,10 +58,11 @@ Item {
                 // An empty line keeps its height.
                 text: item.content.length > 0 ? item.content : " "
                 textFormat: Text.PlainText
+                horizontalAlignment: Text.AlignLeft
                 maximumLineCount: 1
                 elide: Text.ElideRight
                 color: Theme.fontAgentBubbleColor
-                font.pixelSize: Theme.Callout
+                font.pixelSize: Theme.callout
                 font.weight: Font.DemiBold
                 Accessible.ignored: true
             }
@@ -68,10 +70,11 @@ Item {
                 width: parent.width
                 text: item.caption
                 textFormat: Text.PlainText
+                horizontalAlignment: Text.AlignLeft
                 wrapMode: Text.Wrap
                 color: Theme.fontAgentBubbleColor
                 opacity: 0.6
-                font.pixelSize: Theme.Callout
+                font.pixelSize: Theme.callout
                 Accessible.ignored: true
             }
         }

@@ -15,9 +15,10 @@ Rectangle {
         width: parent.width - 32
         text: Texts.string("ticket_list_your_messages")
         textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight
         color: Theme.fontBasicColor
-        font.pixelSize: 14
+        font.pixelSize: Theme.footnote
         font.bold: true
         Accessible.role: Accessible.Heading
         Accessible.name: text

@@ -12,6 +12,9 @@ FocusScope {
 
     property bool hasInitiallyLoaded: false
 
+    /// How far the sheet has to be pulled down for the list to be loaded anew.
+    readonly property int fullPull: 70
+
     // The first load is the screen's own; coming back refreshes what is there.
     onIsOnTopChanged: {
         if (isOnTop)
@@ -51,9 +54,15 @@ FocusScope {
 
         // Let go of after a good pull.
         function onDraggingChanged() {
-            if (!parallax.list.dragging && parallax.offset > 70)
+            if (!parallax.list.dragging && parallax.offset > home.fullPull)
                 home.screen.load()
         }
+    }
+
+    WheelPull {
+        parent: parallax.list
+        isAtTop: parallax.list.atYBeginning
+        onPulled: home.screen.load()
     }
 
     ParallaxScrollView {
@@ -71,22 +80,31 @@ FocusScope {
         header: TolvaneHeader {
             isCollapsed: parallax.scrollState === ParallaxScroll.Collapsed
             isLandscape: parallax.isLandscape
+            pull: parallax.offset / home.fullPull
             onCloseRequested: home.screen.close()
         }
 
         content: Item {
-            implicitHeight: stateView.implicitHeight
+            implicitHeight: stateView.implicitHeight + 8
 
             LoadingStateView {
                 id: stateView
 
-                width: parent.width
-                height: parent.height
+                x: 16
+                y: 8
+                width: parent.width - 32
+                height: parent.height - 8
                 loadingState: home.screen.state
                 content: Item { }
                 loading: TolvaneListSkeletonView { }
                 empty: TolvaneEmptyContentView { }
                 error: TolvaneErrorContentView { errorText: home.screen.errorText }
+                transitions: ({
+                    "loaded": {scale: 0.9},
+                    "loading": {scale: 0.9, removalScale: 0.9},
+                    "empty": {scale: 0.95},
+                    "error": {scale: 0.95}
+                })
             }
         }
 

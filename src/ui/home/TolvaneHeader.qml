@@ -3,12 +3,15 @@ import QtQuick
 import Tolvane
 
 // The branded part of the home screen: logo, greeting and the button that closes the messenger. It
-// has two layouts, of which one takes the place of the other as the list is scrolled.
+// has two layouts, of which one takes the place of the other as the list is scrolled. Its heights are
+// given, so that there is a largest text for each.
 Rectangle {
     id: header
 
     property bool isCollapsed: false
     property bool isLandscape: false
+    /// How far the sheet is pulled down, from 0 to 1 and more, where letting go loads anew.
+    property real pull: 0
 
     signal closeRequested()
 
@@ -19,7 +22,7 @@ Rectangle {
         isCollapsed: false
         isLandscape: header.isLandscape
         isPresent: !header.isCollapsed
-        titleSize: header.isLandscape ? Theme.Title2 : Theme.Title
+        titleSize: header.isLandscape ? Math.min(Theme.title2, 33) : Math.min(Theme.title, 58)
         logoSize: header.isLandscape ? 38 : 54
         logoRadius: header.isLandscape ? 8 : 12
     }
@@ -29,9 +32,18 @@ Rectangle {
         isCollapsed: true
         isLandscape: header.isLandscape
         isPresent: header.isCollapsed
-        titleSize: header.isLandscape ? Theme.Body : Theme.Title3
+        titleSize: header.isLandscape ? Math.min(Theme.body, 18) : Math.min(Theme.title3, 26)
         logoSize: header.isLandscape ? 22 : 32
         logoRadius: header.isLandscape ? 6 : 8
+    }
+
+    // In the room that the sheet leaves.
+    ProgressIndicator {
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: parent.height - Parallax.contentCornerRadius - height - 12
+        visible: header.pull > 0
+        opacity: Math.min(1, header.pull)
+        tint: Theme.accentColor
     }
 
     IconButton {

@@ -19,20 +19,22 @@ Item {
     /// What the close button in the corner leaves free.
     readonly property int textRoom: width - 32 - (isCollapsed ? logoSize + spacing + 44 : 0)
 
-    opacity: isPresent ? 1 : 0
-    scale: isPresent ? 1 : 0.9
+    opacity: Math.max(0, Math.min(1, presence.value))
+    scale: 0.9 + 0.1 * presence.value
     visible: opacity > 0
     clip: true
 
-    Behavior on opacity {
-        NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
-    }
-    Behavior on scale {
-        NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
+    SpringValue {
+        id: presence
+
+        target: layout.isPresent ? 1 : 0
+        response: 0.15
+        dampingFraction: 0.85
     }
 
     Grid {
-        x: 16
+        anchors.left: parent.left
+        anchors.leftMargin: 16
         y: 16
         columns: layout.isCollapsed ? 2 : 1
         spacing: layout.spacing
@@ -54,6 +56,7 @@ Item {
                     width: Math.min(implicitWidth, layout.textRoom - wave.width)
                     text: Texts.string("main_title")
                     textFormat: Text.PlainText
+                    horizontalAlignment: Text.AlignLeft
                     elide: Text.ElideRight
                     color: Theme.accentColor
                     opacity: 0.4
@@ -78,6 +81,7 @@ Item {
                 width: Math.min(implicitWidth, layout.textRoom)
                 text: Texts.string("main_subtitle")
                 textFormat: Text.PlainText
+                horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideRight
                 color: Theme.accentColor
                 font.pixelSize: layout.titleSize

@@ -7,10 +7,25 @@ Rectangle {
     implicitHeight: 32 + 32 + 12 + 14
     color: Theme.backgroundColor
 
-    SkeletonBox { x: 20; y: 16 + 6; width: 120; height: 20; tint: Theme.secondaryColor }
-    SkeletonBox { x: parent.width - 100; y: 16; width: 80; height: 32; tint: Theme.secondaryColor }
     SkeletonBox {
-        x: 20
+        anchors.left: parent.left
+        anchors.leftMargin: 20
+        y: 16 + 6
+        width: 120
+        height: 20
+        tint: Theme.secondaryColor
+    }
+    SkeletonBox {
+        anchors.right: parent.right
+        anchors.rightMargin: 20
+        y: 16
+        width: 80
+        height: 32
+        tint: Theme.secondaryColor
+    }
+    SkeletonBox {
+        anchors.left: parent.left
+        anchors.leftMargin: 20
         y: 16 + 32 + 12
         width: Math.min(200, parent.width - 40)
         height: 14

@@ -19,10 +19,10 @@ Item {
         spacing: 8
 
         RedactedText {
-            width: Math.min(implicitWidth, parent.width)
+            width: parent.width
             height: implicitHeight + 8
             text: "Your conversations"
-            font.pixelSize: 14
+            font.pixelSize: Theme.footnote
             font.bold: true
             maximumLineCount: 1
             tint: Theme.fontBasicColor

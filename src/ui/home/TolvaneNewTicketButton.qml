@@ -15,7 +15,7 @@ Item {
 
     implicitHeight: label.implicitHeight + 20
     activeFocusOnTab: true
-    scale: isPressed ? 0.96 : 1
+    scale: size.value
     Accessible.role: Accessible.Button
     Accessible.name: title
     Accessible.description: subtitle
@@ -25,8 +25,20 @@ Item {
     Keys.onEnterPressed: clicked()
     Keys.onSpacePressed: clicked()
 
-    Behavior on scale {
-        NumberAnimation { duration: 300; easing.type: Easing.OutBack }
+    SpringValue {
+        id: size
+
+        target: button.isPressed ? 0.96 : 1
+        response: 0.3
+        dampingFraction: 0.7
+    }
+
+    SpringValue {
+        id: turn
+
+        target: button.isPressed ? 45 : 0
+        response: 0.15
+        dampingFraction: 0.85
     }
 
     // A soft shadow: rings of little black that lie over each other.
@@ -66,9 +78,10 @@ Item {
             width: parent.width
             text: button.title
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: Theme.primaryColor
-            font.pixelSize: Theme.Callout
+            font.pixelSize: Theme.callout
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
@@ -76,10 +89,11 @@ Item {
             width: parent.width
             text: button.subtitle
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             wrapMode: Text.Wrap
             color: Theme.primaryColor
             opacity: 0.6
-            font.pixelSize: Theme.Callout
+            font.pixelSize: Theme.callout
             Accessible.ignored: true
         }
     }
@@ -94,11 +108,7 @@ Item {
         height: 22
         name: "paperplane"
         color: Theme.primaryColor
-        rotation: button.isPressed ? 45 : 0
-
-        Behavior on rotation {
-            NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
-        }
+        rotation: turn.value
     }
 
     FocusRing { tint: Theme.fontBasicColor }

@@ -24,17 +24,17 @@ Item {
             spacing: 4
 
             RedactedText {
-                width: Math.min(implicitWidth, parent.width)
+                width: parent.width
                 text: "Start a new conversation"
-                font.pixelSize: Theme.Callout
+                font.pixelSize: Theme.callout
                 font.weight: Font.DemiBold
                 maximumLineCount: 1
                 tint: Theme.fontBasicColor
             }
             RedactedText {
-                width: Math.min(implicitWidth, parent.width)
+                width: parent.width
                 text: "We're here to help"
-                font.pixelSize: 14
+                font.pixelSize: Theme.footnote
                 maximumLineCount: 1
                 tint: Theme.secondaryColor
             }

@@ -8,26 +8,31 @@ Item {
 
     required property string icon
     required property color iconColor
-    required property string title
-    required property color titleColor
-    required property string detail
-    required property color detailColor
+    property string title
+    property color titleColor
+    property int titleSize: Theme.title3
+    property string detail
+    property color detailColor
+    property int detailSize: Theme.callout
+    property int iconSize: 60
+    property int padding: 40
+    property int spacing: 20
 
-    implicitHeight: column.implicitHeight + 80
+    implicitHeight: column.implicitHeight + 2 * padding
     Accessible.role: Accessible.StaticText
-    Accessible.name: title + ". " + detail
+    Accessible.name: title.length > 0 ? title + ". " + detail : detail
 
     Column {
         id: column
 
         anchors.centerIn: parent
-        width: parent.width - 80
-        spacing: 20
+        width: parent.width - 2 * notice.padding
+        spacing: notice.spacing
 
         Icon {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: 60
-            height: 60
+            width: notice.iconSize
+            height: notice.iconSize
             name: notice.icon
             color: notice.iconColor
         }
@@ -37,12 +42,13 @@ Item {
 
             Text {
                 width: parent.width
+                visible: notice.title.length > 0
                 text: notice.title
                 textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
                 color: notice.titleColor
-                font.pixelSize: Theme.Title3
+                font.pixelSize: notice.titleSize
                 font.weight: Font.DemiBold
                 Accessible.ignored: true
             }
@@ -55,7 +61,7 @@ Item {
                 maximumLineCount: 12
                 elide: Text.ElideRight
                 color: notice.detailColor
-                font.pixelSize: Theme.Callout
+                font.pixelSize: notice.detailSize
                 Accessible.ignored: true
             }
         }

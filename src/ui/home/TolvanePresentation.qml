@@ -14,6 +14,8 @@ FocusScope {
     // Above the host's popups.
     z: 2000000
     focus: true
+    LayoutMirroring.enabled: Texts.isRightToLeft
+    LayoutMirroring.childrenInherit: true
     Keys.onEscapePressed: screen.close()
 
     MouseArea {

@@ -5,18 +5,9 @@
 #include "platform/await.h"
 #include "platform/platform.h"
 #include "state/sdkdata.h"
-
-#include <array>
+#include "ui/loadingstatetexts.h"
 
 namespace tolvane {
-
-namespace {
-
-// Indexed by LoadingState's Case.
-constexpr std::array stateNames = {
-    "loadingWithPreview", "loaded", "error", "idle", "loading", "empty"};
-
-} // namespace
 
 ScreenData::ScreenData(QObject *parent)
     : QObject(parent)
@@ -44,14 +35,12 @@ bool ScreenData::settingsDidLoad() const
 
 QString ScreenData::state() const
 {
-    return QString::fromLatin1(
-        stateNames.at(static_cast<std::size_t>(m_ticketsData->state().current())));
+    return caseName(m_ticketsData->state());
 }
 
 QString ScreenData::errorText() const
 {
-    const ErrorPtr error = m_ticketsData->state().failure();
-    return error ? error->localizedDescription() : QString();
+    return tolvane::errorText(m_ticketsData->state());
 }
 
 void ScreenData::begin()

@@ -14,9 +14,13 @@ class Texts : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
+    /// Whether the language of the texts is read from right to left; views are mirrored then.
+    Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT)
 
 public:
     using QObject::QObject;
+
+    bool isRightToLeft() const { return platform().bundle->layoutDirection() == Qt::RightToLeft; }
 
     /// The library's own.
     Q_INVOKABLE QString string(const QString &key) const { return platform().bundle->string(key); }

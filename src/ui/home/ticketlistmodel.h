@@ -2,17 +2,12 @@
 #pragma once
 
 #include "state/ticketsdata.h"
-
-#include <QtCore/QAbstractListModel>
-
-#include <memory>
+#include "ui/recordlistmodel.h"
 
 namespace tolvane {
 
-/// The tickets of a store as rows. A list that takes the place of another becomes the fewest
-/// insertions, removals, moves and changes, told apart by the tickets' ids, so that a view keeps
-/// its place and rebuilds only what is different. Main thread.
-class TicketListModel final : public QAbstractListModel
+/// The tickets of a store as rows. Main thread.
+class TicketListModel final : public RecordListModel<TicketPreviewDto>
 {
     Q_OBJECT
 
@@ -32,19 +27,12 @@ public:
         sectionRole,
     };
 
-    explicit TicketListModel(QObject *parent = nullptr);
+    using RecordListModel::RecordListModel;
 
-    void setTickets(const TicketsData::Tickets &tickets);
+    void setTickets(const TicketsData::Tickets &tickets) { replace(tickets); }
 
-    int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
-
-private:
-    void removeMissing(const TicketsData::Tickets &tickets);
-    qsizetype indexOf(const QString &id, qsizetype from) const;
-
-    TicketsData::Tickets m_tickets;
 };
 
 } // namespace tolvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Runs the tests written in QML, with pictures and records that QML cannot make.
 #include "support/wire.h"
+#include "ui/conversation/messages/messagelistmodel.h"
 #include "ui/support/samples.h"
 
 #include <QtQml/QQmlEngine>
@@ -44,6 +45,28 @@ public:
         TicketPreviewDto preview = makePreview(id);
         preview.lastMessage.content = lastText;
         return QVariant::fromValue(preview);
+    }
+
+    /// A list of messages that answers to setMessages().
+    Q_INVOKABLE QAbstractItemModel *messageList() { return new MessageListModel; }
+
+    /// Each message is an object with what is to be different from a customer's short text.
+    Q_INVOKABLE void setMessages(QAbstractItemModel *list, const QVariantList &values) const
+    {
+        QList<MessageDto> messages;
+        for (const QVariant &value : values) {
+            const QVariantMap map = value.toMap();
+            const QString type = map.value(QStringLiteral("type"), words::customer).toString();
+            MessageDto message = makeMessage(map.value(QStringLiteral("id")).toString(), type);
+            if (map.contains(QStringLiteral("name")))
+                message.sender.name = map.value(QStringLiteral("name")).toString();
+            if (map.contains(QStringLiteral("content")))
+                message.content = map.value(QStringLiteral("content")).toString();
+            if (map.contains(QStringLiteral("attachments")))
+                message.attachments = map.value(QStringLiteral("attachments")).toStringList();
+            messages += message;
+        }
+        static_cast<MessageListModel *>(list)->setMessages(messages);
     }
 
     /// What analytics were told since the last call.

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include "state/devicetimezone.h"
+
+#include "platform/platform.h"
+
+namespace tolvane {
+
+QTimeZone deviceTimeZone()
+{
+    const QTimeZone zone(platform().device->timeZoneIdentifier().toUtf8());
+    return zone.isValid() ? zone : QTimeZone::utc();
+}
+
+} // namespace tolvane

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "state/supportavailability.h"
+
+#include "platform/platform.h"
+#include "state/devicetimezone.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace tolvane {
+
+namespace {
+
+constexpr qint64 millisecondsPerHour = 3'600'000;
+constexpr qint64 secondsPerDay = 86'400;
+
+/// In the order of QDate::dayOfWeek(), from 1 on.
+constexpr std::array weekdays = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
+
+bool isOn(const ScheduleDto &schedule, QDate date)
+{
+    const auto index = static_cast<std::size_t>(date.dayOfWeek() - 1);
+    return schedule.days.contains(QLatin1String(weekdays.at(index)));
+}
+
+/// The device's time of day at a moment of ISO 8601, without seconds.
+std::optional<QTime> timeOfDay(const QString &text, const QTimeZone &zone)
+{
+    static const QRegularExpression form(QRegularExpression::anchoredPattern(
+        QStringLiteral("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
+                       "(Z|[+-]([01][0-9]|2[0-3]):?[0-5][0-9])")));
+    if (!form.match(text).hasMatch())
+        return std::nullopt;
+    const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
+    if (!moment.isValid())
+        return std::nullopt;
+    const QTime time = moment.toTimeZone(zone).time();
+    return QTime(time.hour(), time.minute());
+}
+
+/// The moment at which the clocks of the zone show the time on the day: the first where they show
+/// it twice, the one they jump to where they skip it. Qt answers both ways in 6.4.
+QDateTime momentOf(QDate date, QTime time, const QTimeZone &zone)
+{
+    const QDateTime shown(date, time, Qt::UTC);
+    const auto before = shown.addSecs(-zone.offsetFromUtc(shown.addSecs(-secondsPerDay)));
+    const auto after = shown.addSecs(-zone.offsetFromUtc(shown.addSecs(secondsPerDay)));
+    const auto showsIt = [&](const QDateTime &moment) {
+        return moment.addSecs(zone.offsetFromUtc(moment)) == shown;
+    };
+    for (const QDateTime &moment : {std::min(before, after), std::max(before, after)}) {
+        if (showsIt(moment))
+            return moment;
+    }
+    const QDateTime jump = zone.nextTransition(shown.addSecs(-secondsPerDay)).atUtc;
+    return jump.isValid() ? jump : before;
+}
+
+/// This moment, on the device's calendar.
+struct Now
+{
+    QTimeZone zone = deviceTimeZone();
+    QDateTime moment = platform().clock->now();
+    QDate date = moment.toTimeZone(zone).date();
+    QTime time = moment.toTimeZone(zone).time();
+};
+
+/// Seconds of the end do not count: it is over when its minute is.
+bool isOpen(const ScheduleDto &schedule, QTime start, QTime end, const Now &now)
+{
+    const QTime minute(now.time.hour(), now.time.minute());
+    return isOn(schedule, now.date) && start <= minute && minute <= end;
+}
+
+/// Milliseconds until the schedule opens within the next days.
+std::optional<qint64> waitFor(const ScheduleDto &schedule, QTime start, const Now &now)
+{
+    for (int offset = 0; offset < 7; ++offset) {
+        const QDate date = now.date.addDays(offset);
+        if (!isOn(schedule, date))
+            continue;
+        const qint64 wait = now.moment.msecsTo(momentOf(date, start, now.zone));
+        if (wait > 0)
+            return wait;
+    }
+    return std::nullopt;
+}
+
+QString textFor(const std::optional<qint64> &wait)
+{
+    const Bundle &bundle = *platform().bundle;
+    if (!wait)
+        return bundle.string(QStringLiteral("ticket_cs_not_available"));
+    const qint64 hours = (*wait + millisecondsPerHour - 1) / millisecondsPerHour;
+    if (hours < 8)
+        return bundle.string(QStringLiteral("%lld ticket_cs_available_hours"), hours);
+    return bundle.string(hours < 24 ? QStringLiteral("ticket_cs_available_day")
+                                    : QStringLiteral("ticket_cs_available_days"));
+}
+
+} // namespace
+
+SupportAvailability supportAvailability(const QList<ScheduleDto> &schedules)
+{
+    const Now now;
+    std::optional<qint64> shortest;
+    for (const ScheduleDto &schedule : schedules) {
+        const auto start = timeOfDay(schedule.startTime, now.zone);
+        const auto end = start ? timeOfDay(schedule.endTime, now.zone) : std::nullopt;
+        if (!end)
+            continue;
+        if (isOpen(schedule, *start, *end, now))
+            return {true, platform().bundle->string(QStringLiteral("ticket_cs_available"))};
+        const auto wait = waitFor(schedule, *start, now);
+        if (wait && (!shortest || *wait < *shortest))
+            shortest = wait;
+    }
+    return {false, textFor(shortest)};
+}
+
+} // namespace tolvane

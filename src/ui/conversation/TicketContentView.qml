@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// A conversation: what was said, and below, over the end of it, the field for writing.
+FocusScope {
+    id: view
+
+    required property TicketScreenData ticket
+    required property MessageData messageData
+    /// How much of the lower edge the on-screen keyboard covers.
+    property real keyboardHeight
+
+    readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
+
+    LoadingStateView {
+        id: stateView
+
+        anchors.fill: parent
+        anchors.bottomMargin: view.keyboardHeight
+        loadingState: view.ticket.state
+        transitions: ({
+            "loading": {immediate: true},
+            "loadingWithPreview": {immediate: true},
+            "empty": view.bubbling,
+            "error": view.bubbling
+        })
+        content: TicketMessageList {
+            id: list
+
+            model: view.ticket.messages
+            isAITyping: view.ticket.isAITyping
+            ticketState: view.ticket.ticketState
+            messageData: view.messageData
+            bottomContentMargin: composer.height + 32
+
+            Connections {
+                property bool wasShown: Keyboard.isShown
+
+                target: Keyboard
+
+                function onChanged() {
+                    if (Keyboard.isShown && !wasShown)
+                        list.keyboardShown()
+                    wasShown = Keyboard.isShown
+                }
+            }
+        }
+        loading: TicketMessagesSkeletonView { }
+        loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }
+        empty: TicketEmptyContentView { }
+        error: TicketErrorContentView { errorText: view.ticket.errorText }
+    }
+
+    TicketComposer {
+        id: composer
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.margins: 16
+        anchors.bottomMargin: 16 + view.keyboardHeight
+        maximumHeight: view.height - view.keyboardHeight - 32
+        focus: true
+        composer: view.ticket.composer
+    }
+}

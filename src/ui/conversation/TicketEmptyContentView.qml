@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Nothing was written yet.
+TolvaneNotice {
+    icon: "bubbles"
+    iconColor: Theme.primaryColor
+    iconSize: 48
+    padding: 32
+    spacing: 16
+    detail: Texts.string("ticket_new_hint")
+    detailColor: Theme.fontBasicColor
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The conversation could not be loaded.
+TolvaneNotice {
+    id: view
+
+    /// What went wrong, in the customer's language.
+    required property string errorText
+
+    icon: "warning"
+    iconColor: Qt.alpha(Theme.redColor, 0.7)
+    iconSize: 48
+    padding: 32
+    spacing: 16
+    title: Texts.hostString("Something went wrong")
+    titleColor: Theme.fontBasicColor
+    titleSize: Theme.headline
+    detail: errorText
+    detailColor: Qt.alpha(Theme.fontBasicColor, 0.7)
+    detailSize: Theme.footnote
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Who answers in this conversation, and whether somebody is there. A tap goes back.
+Item {
+    id: header
+
+    required property string title
+    /// Empty for none.
+    required property string subtitle
+    required property bool isSupportAvailable
+
+    signal dismissRequested()
+
+    implicitHeight: 44
+    Accessible.role: Accessible.Heading
+    Accessible.name: subtitle.length > 0 ? title + ", " + subtitle : title
+
+    Column {
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width
+        spacing: 2
+
+        Text {
+            width: parent.width
+            text: header.title
+            textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
+            elide: Text.ElideRight
+            color: Theme.accentColor
+            // The bar's height is given.
+            font.pixelSize: Math.min(Theme.callout, 20)
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
+        Row {
+            visible: header.subtitle.length > 0
+            width: parent.width
+            spacing: 6
+
+            Text {
+                width: Math.min(implicitWidth, parent.width - 14)
+                text: header.subtitle
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                color: Theme.fontBasicColor
+                opacity: 0.8
+                font.pixelSize: Math.min(Theme.caption, 15)
+                Accessible.ignored: true
+            }
+            Rectangle {
+                anchors.verticalCenter: parent.verticalCenter
+                width: 8
+                height: 8
+                radius: 4
+                color: header.isSupportAvailable ? Theme.greenColor : Theme.grayColor
+            }
+        }
+    }
+
+    TapHandler {
+        onTapped: header.dismissRequested()
+    }
+}

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// One conversation, existing or about to begin.
+FocusScope {
+    id: screen
+
+    /// A TolvaneDestination: a ticket, or a new one.
+    required property var destination
+    required property NavigationData navigation
+    required property MessageData messageData
+    /// False while something else is on top of it.
+    required property bool isOnTop
+
+    onIsOnTopChanged: {
+        if (isOnTop)
+            conversation.appear()
+    }
+    Component.onCompleted: conversation.appear()
+
+    Keys.onEscapePressed: navigation.goBack()
+    Keys.onBackPressed: navigation.goBack()
+
+    TicketScreenData {
+        id: conversation
+
+        destination: screen.destination
+    }
+
+    Connections {
+        target: screen.messageData
+
+        function onSelectedAttachmentChanged() {
+            const url = screen.messageData.selectedAttachment
+            if (String(url).length > 0)
+                screen.navigation.navigate(Destination.imageViewer(url))
+        }
+    }
+
+    // Nothing goes through to what is below.
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.chatBackgroundColor
+
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+            Accessible.ignored: true
+            onWheel: wheel => wheel.accepted = true
+        }
+    }
+
+    TicketContentView {
+        anchors.top: bar.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        focus: true
+        ticket: conversation
+        messageData: screen.messageData
+        keyboardHeight: keyboard.height
+    }
+
+    KeyboardArea {
+        id: keyboard
+
+        anchors.bottom: parent.bottom
+    }
+
+    TicketBar {
+        id: bar
+
+        width: parent.width
+        title: conversation.title
+        subtitle: conversation.subtitle
+        isSupportAvailable: conversation.isSupportAvailable
+        onBackRequested: screen.navigation.goBack()
+    }
+
+    AttachmentDropArea {
+        anchors.fill: parent
+        composer: conversation.composer
+    }
+}

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Takes image files that are dropped on a conversation, and says so while they hover over it.
+DropArea {
+    id: area
+
+    required property ComposerData composer
+
+    onEntered: drag => drag.accepted = area.composer.takes(drag.urls)
+    onDropped: drop => {
+        area.composer.drop(drop.urls)
+        // Never moved: they stay where they are.
+        drop.accept(Qt.CopyAction)
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: 8
+        radius: 14
+        color: Qt.alpha(Theme.chatBackgroundColor, 0.92)
+        border.width: 2
+        border.color: Theme.fontBasicColor
+        opacity: area.containsDrag ? 1 : 0
+        visible: opacity > 0
+
+        Behavior on opacity {
+            NumberAnimation { duration: 150 }
+        }
+
+        Column {
+            anchors.centerIn: parent
+            width: parent.width - 32
+            spacing: 12
+
+            Icon {
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: 40
+                height: 40
+                name: "photo"
+                color: Theme.fontBasicColor
+            }
+            Text {
+                width: parent.width
+                text: Texts.string("composer_drop_hint")
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                horizontalAlignment: Text.AlignHCenter
+                color: Theme.fontBasicColor
+                font.pixelSize: Theme.title3
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+        }
+    }
+}

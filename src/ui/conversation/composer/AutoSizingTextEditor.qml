@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// A text editor that says how high it would like to be, and scrolls where it gets less.
+//
+// What it measures is its own layout, whose height is that of the text with a line for the cursor
+// after a line break at the end. A hidden copy would be laid out a second time with each key.
+FocusScope {
+    id: editor
+
+    /// What stands in the editor. Changes that are typed are told by edited(), for the owner of
+    /// the text to take them over.
+    required property string text
+    required property string placeholder
+    required property bool isDisabled
+    required property real verticalPadding
+
+    /// True also while an input method is only composing the first of the text.
+    readonly property bool hasContent: input.length > 0 || isComposing
+    readonly property bool isComposing: input.preeditText.length > 0
+    readonly property real textHeight: input.contentHeight + 2 * verticalPadding
+
+    signal edited(string text)
+    signal submitted()
+    /// A paste that the owner may take instead, by setting `event.accepted`.
+    signal pasteRequested(var event)
+
+    // Reads the text once for a change, however long it is.
+    onTextChanged: {
+        if (input.text !== text)
+            input.text = text
+    }
+
+    enabled: !isDisabled
+    opacity: enabled ? 1 : 0.5
+
+    Flickable {
+        id: viewport
+
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: input.height
+        interactive: contentHeight > height
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        function show(rectangle) {
+            const top = rectangle.y - editor.verticalPadding
+            const bottom = rectangle.y + rectangle.height + editor.verticalPadding
+            if (contentY > top)
+                contentY = Math.max(0, top)
+            else if (contentY + height < bottom)
+                contentY = Math.max(0, bottom - height)
+        }
+        onHeightChanged: show(input.cursorRectangle)
+
+        TextEdit {
+            id: input
+
+            width: viewport.width
+            height: Math.max(viewport.height, editor.textHeight)
+            focus: true
+            activeFocusOnTab: true
+            topPadding: editor.verticalPadding
+            bottomPadding: editor.verticalPadding
+            leftPadding: 5
+            rightPadding: 5
+            textFormat: TextEdit.PlainText
+            wrapMode: TextEdit.Wrap
+            font.pixelSize: Theme.body
+            color: Theme.fontBasicColor
+            selectionColor: Theme.accentColor
+            selectedTextColor: Theme.primaryColor
+            selectByMouse: !finger.active
+            persistentSelection: false
+            inputMethodHints: Qt.ImhMultiLine
+            // By what is written; before there is anything, by the language of the views.
+            horizontalAlignment: !editor.hasContent && LayoutMirroring.enabled ? TextEdit.AlignLeft
+                                                                                 : undefined
+            Accessible.role: Accessible.EditableText
+            Accessible.name: editor.placeholder
+            Accessible.multiLine: true
+
+            onTextChanged: {
+                Editing.drawOnlyWhatIsInSight(input)
+                if (text !== editor.text)
+                    editor.edited(text)
+            }
+            onCursorRectangleChanged: viewport.show(cursorRectangle)
+
+            Keys.onPressed: event => {
+                const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
+                if (isReturn && event.modifiers & Qt.ControlModifier) {
+                    event.accepted = true
+                    editor.submitted()
+                } else if (event.matches(StandardKey.Paste)) {
+                    editor.pasteRequested(event)
+                }
+            }
+            // A tabulator would be of no use in a message, and there is no other way out.
+            Keys.onTabPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed:
+                nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+            // A finger scrolls; what selects is the mouse.
+            PointHandler {
+                id: finger
+
+                acceptedDevices: PointerDevice.TouchScreen
+            }
+        }
+    }
+
+    Text {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.margins: 5
+        y: editor.verticalPadding
+        text: editor.placeholder
+        textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignLeft
+        elide: Text.ElideRight
+        maximumLineCount: 1
+        color: Theme.fontBasicColor
+        opacity: 0.6
+        font.pixelSize: Theme.body
+        visible: !editor.hasContent
+        Accessible.ignored: true
+    }
+
+    ScrollMark {
+        flickable: viewport
+        orientation: Qt.Vertical
+    }
+}

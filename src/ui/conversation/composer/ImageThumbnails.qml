@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The pictures that are attached, in a row that scrolls. Arrow keys go through it, Delete removes.
+FocusScope {
+    id: thumbnails
+
+    required property ComposerData composer
+
+    readonly property alias count: list.count
+
+    /// There is nothing left here for the keyboard.
+    signal emptied()
+
+    ListView {
+        id: list
+
+        anchors.fill: parent
+        focus: true
+        activeFocusOnTab: count > 0
+        orientation: ListView.Horizontal
+        spacing: 10
+        leftMargin: 10
+        rightMargin: 10
+        boundsBehavior: Flickable.DragOverBounds
+        model: thumbnails.composer.attachments
+        Accessible.role: Accessible.List
+        Accessible.name: Texts.string("accessibility_attach")
+        onCountChanged: {
+            if (count === 0 && activeFocus)
+                thumbnails.emptied()
+        }
+        Keys.onDeletePressed: thumbnails.composer.removeAttachment(currentIndex)
+        Keys.onPressed: event => {
+            if (event.key === Qt.Key_Backspace) {
+                event.accepted = true
+                thumbnails.composer.removeAttachment(currentIndex)
+            }
+        }
+
+        component Eased: NumberAnimation {
+            duration: 350
+            easing.type: Easing.InOutQuad
+        }
+
+        add: Transition {
+            Eased { property: "opacity"; from: 0; to: 1 }
+        }
+        remove: Transition {
+            Eased { property: "opacity"; to: 0 }
+        }
+        displaced: Transition {
+            Eased { properties: "x,y" }
+            Eased { property: "opacity"; to: 1 }
+        }
+
+        delegate: ImageThumbnail {
+            required property int index
+            required property var picture
+            required name
+
+            height: ListView.view.height
+            image: picture
+            isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
+            removeName: Texts.string("accessibility_remove_attachment").arg(name)
+            onRemoved: thumbnails.composer.removeAttachment(index)
+        }
+
+        // A mouse has one wheel; here there is one way to go.
+        WheelHandler {
+            acceptedDevices: PointerDevice.Mouse
+            onWheel: event => {
+                const step = thumbnails.LayoutMirroring.enabled ? event.angleDelta.y
+                                                                : -event.angleDelta.y
+                list.flick(-step * 8, 0)
+            }
+        }
+    }
+
+    ScrollMark {
+        flickable: list
+        orientation: Qt.Horizontal
+    }
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Opens the system's picker for pictures and attaches what was picked.
+IconButton {
+    id: button
+
+    required property ComposerData composer
+    /// What has a signal `picked(files)`, a function `open()` and `patterns` to filter by. Made
+    /// with the first press: its module takes a while to load, and not every host ships it.
+    property url pickerSource: Qt.resolvedUrl("ImagePicker.qml")
+    property var picker: null
+
+    implicitWidth: 40
+    implicitHeight: 40
+    icon: "paperclip"
+    iconSize: 20
+    color: Theme.fontBasicColor
+    name: Texts.string("accessibility_attach")
+    enabled: !composer.isSendingMessage
+    onClicked: {
+        if (picker || makePicker())
+            picker.open()
+    }
+
+    function makePicker() {
+        const component = Qt.createComponent(pickerSource)
+        if (component.status === Component.Ready)
+            picker = component.createObject(button, {patterns: composer.imagePatterns})
+        if (!picker)
+            composer.pickerIsMissing(component.errorString())
+        return picker
+    }
+
+    Connections {
+        target: button.picker
+        ignoreUnknownSignals: true
+
+        function onPicked(files) {
+            button.composer.addFiles(files)
+        }
+    }
+}

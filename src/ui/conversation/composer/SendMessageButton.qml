@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Sends what was written; shows that it is on its way.
+FocusScope {
+    id: button
+
+    required property ComposerData composer
+    /// An input method holds text that goes with the message.
+    property bool isComposing: false
+
+    signal clicked()
+
+    implicitWidth: 40
+    implicitHeight: 40
+
+    IconButton {
+        anchors.fill: parent
+        focus: true
+        visible: !button.composer.isSendingMessage
+        enabled: !button.composer.isSendDisabled || button.isComposing
+        icon: "paperplane"
+        iconSize: 20
+        color: Theme.fontBasicColor
+        name: Texts.string("accessibility_send")
+        onClicked: button.clicked()
+
+        // It flies the way one writes.
+        transform: Scale {
+            origin.x: button.width / 2
+            xScale: button.LayoutMirroring.enabled ? -1 : 1
+        }
+    }
+
+    Item {
+        anchors.fill: parent
+        visible: button.composer.isSendingMessage
+        Accessible.role: Accessible.Indicator
+        Accessible.name: Texts.string("accessibility_sending")
+
+        ProgressIndicator {
+            anchors.centerIn: parent
+            tint: Theme.fontBasicColor
+        }
+    }
+}

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Where a message is written: pictures to attach above a bar with the editor and its two buttons.
+// To be placed at the bottom by its own height, which follows what is written, over whatever
+// scrolls behind.
+FocusScope {
+    id: view
+
+    required property ComposerData composer
+    /// What there is room for. The editor scrolls, and pictures get smaller, to keep within.
+    property real maximumHeight: 400
+
+    implicitHeight: bar.y + bar.height
+
+    // What is there from the beginning does not move there.
+    property bool isAnimated: false
+
+    /// Puts the cursor into the text.
+    function focusEditor() {
+        editor.forceActiveFocus()
+    }
+
+    function send() {
+        Editing.commit()
+        // Back to where the next message is written; but no keyboard is to rise for a tap.
+        if (sendButton.activeFocus)
+            focusEditor()
+        composer.send()
+    }
+
+    ComposerLayout {
+        id: measures
+
+        availableHeight: view.maximumHeight
+        hasStrip: thumbnails.count > 0
+    }
+
+    Timer {
+        interval: 0
+        running: measures.measuredHeight > 0
+        onTriggered: view.isAnimated = true
+    }
+
+    component Eased: NumberAnimation {
+        duration: 350
+        easing.type: Easing.InOutQuad
+    }
+
+    Item {
+        id: strip
+
+        // Out to the edges of the window.
+        x: -16
+        width: view.width + 32
+        height: measures.hasStrip ? measures.stripHeight + measures.stripSpacing : 0
+        clip: height < thumbnails.height
+
+        Behavior on height {
+            enabled: view.isAnimated
+
+            Eased { }
+        }
+
+        ImageThumbnails {
+            id: thumbnails
+
+            width: parent.width
+            height: measures.stripHeight
+            composer: view.composer
+            onEmptied: view.focusEditor()
+        }
+    }
+
+    Rectangle {
+        id: bar
+
+        y: strip.height
+        width: view.width
+        height: editor.height + 2 * measures.editorVerticalPadding
+        radius: measures.cornerRadius(editor.height)
+        // Nearly opaque, so that what passes below never gets in the way of reading.
+        color: Qt.alpha(Qt.tint(Theme.chatBackgroundColor, Qt.alpha(Theme.fontBasicColor, 0.07)), 0.92)
+        border.width: 1
+        border.color: Qt.alpha(Theme.fontBasicColor, 0.12)
+
+        // A press beside the text is for the text, and nothing behind the bar is to get it.
+        MouseArea {
+            anchors.fill: parent
+            cursorShape: Qt.IBeamCursor
+            onPressed: view.focusEditor()
+            onWheel: wheel => wheel.accepted = true
+        }
+
+        PickImagesButton {
+            id: pickButton
+
+            anchors.left: parent.left
+            anchors.leftMargin: 20 - (width - iconSize) / 2
+            anchors.verticalCenter: parent.verticalCenter
+            composer: view.composer
+        }
+
+        AutoSizingTextEditor {
+            id: editor
+
+            anchors.left: parent.left
+            anchors.right: parent.right
+            anchors.leftMargin: 20 + 20 + 10
+            anchors.rightMargin: 20 + 20 + 10
+            anchors.verticalCenter: parent.verticalCenter
+            height: measures.editorHeight
+            focus: true
+            text: view.composer.message
+            placeholder: Texts.string("composer_placeholder")
+            isDisabled: view.composer.isFetchingTicket
+            verticalPadding: measures.editorVerticalPadding
+            onTextHeightChanged: measures.measure(textHeight)
+            onEdited: text => view.composer.message = text
+            onSubmitted: view.send()
+            onPasteRequested: event => event.accepted = view.composer.pasteImages()
+            Component.onCompleted: measures.measure(textHeight)
+
+            Behavior on height {
+                enabled: view.isAnimated
+
+                Eased { }
+            }
+        }
+
+        SendMessageButton {
+            id: sendButton
+
+            anchors.right: parent.right
+            anchors.rightMargin: 20 - (width - 20) / 2
+            anchors.verticalCenter: parent.verticalCenter
+            composer: view.composer
+            isComposing: editor.isComposing
+            onClicked: view.send()
+        }
+    }
+}

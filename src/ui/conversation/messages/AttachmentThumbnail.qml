@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// One picture of a message, to be looked at. Without an address its place stays empty.
+Item {
+    id: cell
+
+    required property int index
+    required property url address
+    required property MessageData messageData
+    required property real cornerRadius
+    /// How many more there are that are not shown.
+    required property int remainingCount
+    required property int totalCount
+
+    signal pressed()
+
+    function open() {
+        if (!isEmpty)
+            messageData.selectedAttachment = address
+    }
+
+    readonly property bool isEmpty: String(address).length === 0
+
+    visible: !isEmpty
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Button
+    Accessible.name: Texts.string("accessibility_attachment").arg(index + 1).arg(totalCount)
+    Accessible.focusable: true
+    Accessible.onPressAction: open()
+    Keys.onReturnPressed: open()
+    Keys.onEnterPressed: open()
+    Keys.onSpacePressed: open()
+
+    ThumbnailAsyncImage {
+        anchors.fill: parent
+        url: cell.address
+        thumbnailSize: Qt.size(cell.width, cell.height)
+
+        content: RoundedImage {
+            fillMode: RoundedImage.Fill
+            radius: cell.cornerRadius
+        }
+        placeholder: Rectangle {
+            radius: cell.cornerRadius
+            color: "#33808080"
+
+            ProgressIndicator {
+                anchors.centerIn: parent
+                tint: Theme.accentColor
+            }
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        radius: cell.cornerRadius
+        color: "#99000000"
+        visible: cell.remainingCount > 0
+
+        Text {
+            anchors.centerIn: parent
+            text: "+" + cell.remainingCount
+            textFormat: Text.PlainText
+            color: "white"
+            font.pixelSize: 24
+            font.weight: Font.DemiBold
+            Accessible.ignored: true
+        }
+    }
+
+    FocusRing {
+        radius: cell.cornerRadius + 2
+        tint: Theme.fontBasicColor
+    }
+
+    TapHandler {
+        onTapped: {
+            cell.pressed()
+            cell.open()
+        }
+    }
+
+    HoverHandler {
+        cursorShape: Qt.PointingHandCursor
+    }
+}

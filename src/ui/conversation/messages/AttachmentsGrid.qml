@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The first pictures of a message, on the side of whoever sent them.
+Item {
+    id: grid
+
+    /// Addresses, as texts.
+    required property var attachments
+    required property MessageData messageData
+    required property bool isCustomer
+    property int maxGridSize: 4
+    property real spacing: 4
+    property real cornerRadius: 10
+
+    signal pressed()
+
+    function open(index) {
+        (cells.itemAt(index) as AttachmentThumbnail).open()
+    }
+
+    // Cells of a row that is not full stand on that side as well.
+    readonly property bool isRight: isCustomer !== LayoutMirroring.enabled
+
+    implicitHeight: layout.rows * (layout.side + spacing) - spacing
+
+    AttachmentsLayout {
+        id: layout
+
+        total: grid.attachments.length
+        maxGridSize: grid.maxGridSize
+    }
+
+    Repeater {
+        id: cells
+
+        model: layout.count
+
+        AttachmentThumbnail {
+            readonly property int row: Math.floor(index / layout.columns)
+            readonly property int column: index % layout.columns
+            // How many cells stand between this one and the side.
+            readonly property int fromSide: grid.isCustomer ? Math.min(layout.columns, layout.count
+                                                              - row * layout.columns) - 1 - column
+                                                            : column
+            readonly property real distance: fromSide * (layout.side + grid.spacing)
+
+            x: grid.isRight ? grid.width - width - distance : distance
+            y: row * (layout.side + grid.spacing)
+            width: layout.side
+            height: layout.side
+            address: layout.url(grid.attachments[index])
+            messageData: grid.messageData
+            cornerRadius: grid.cornerRadius
+            remainingCount: layout.remaining(index)
+            totalCount: grid.attachments.length
+            onPressed: grid.pressed()
+        }
+    }
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// A text on a ground with round corners.
+Item {
+    id: bubble
+
+    /// A StyledText.
+    required property var content
+    required property bool isCustomer
+    /// Of a text in parts, all are of one width.
+    required property bool isFirst
+    required property bool isLast
+    required property real maximumWidth
+
+    readonly property color tint: isCustomer ? Theme.fontUserBubbleColor
+                                             : Theme.fontAgentBubbleColor
+
+    signal linkActivated(string link)
+    signal pressed()
+
+    width: isFirst && isLast ? Math.min(maximumWidth, Math.ceil(text.implicitWidth) + 32)
+                             : maximumWidth
+    height: Math.ceil(text.implicitHeight) + 32
+
+    BubbleGround {
+        anchors.fill: parent
+        isRight: bubble.isCustomer !== bubble.LayoutMirroring.enabled
+        isFirst: bubble.isFirst
+        isLast: bubble.isLast
+        color: bubble.isCustomer ? Theme.bubbleUserColor : Theme.bubbleAgentColor
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onTapped: bubble.pressed()
+    }
+
+    Text {
+        id: text
+
+        x: 16
+        y: 16
+        width: bubble.width - 32
+        text: bubble.content.text
+        textFormat: bubble.content.isRich ? Text.RichText : Text.PlainText
+        wrapMode: Text.Wrap
+        color: bubble.tint
+        // Whatever the branding, it can be read like the text; the line beneath tells it apart.
+        linkColor: bubble.tint
+        font.pixelSize: 14
+        Accessible.ignored: true
+        onLinkActivated: link => bubble.linkActivated(link)
+
+        HoverHandler {
+            enabled: text.hoveredLink.length > 0
+            cursorShape: Qt.PointingHandCursor
+        }
+    }
+}

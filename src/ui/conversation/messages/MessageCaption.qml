@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The line below a bubble.
+Text {
+    textFormat: Text.PlainText
+    wrapMode: Text.Wrap
+    color: Theme.fontBasicColor
+    opacity: 0.7
+    font.pixelSize: Theme.caption
+    Accessible.ignored: true
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// A message that is still to come.
+Item {
+    id: message
+
+    required property bool isUser
+    required property bool hasAvatar
+
+    readonly property color ground: isUser ? Theme.bubbleUserColor : Theme.bubbleAgentColor
+    readonly property bool showsAvatar: hasAvatar && !isUser
+
+    implicitHeight: bubble.height + 8 + box.height
+    Accessible.ignored: true
+
+    SkeletonAvatar {
+        anchors.left: parent.left
+        anchors.bottom: bubble.bottom
+        width: 32
+        height: 32
+        visible: message.showsAvatar
+        tint: Theme.bubbleAgentColor
+    }
+
+    Rectangle {
+        id: bubble
+
+        anchors.left: message.isUser ? undefined : parent.left
+        anchors.leftMargin: message.showsAvatar ? 42 : 0
+        anchors.right: message.isUser ? parent.right : undefined
+        width: Math.min(lines.implicitWidth + 32, message.width - anchors.leftMargin)
+        height: lines.implicitHeight + 32
+        radius: 16
+        color: Qt.alpha(message.ground, 0.5)
+
+        Column {
+            id: lines
+
+            anchors.fill: parent
+            anchors.margins: 16
+            spacing: 4
+
+            Repeater {
+                model: message.isUser ? [200, 150] : [250, 180, 120]
+
+                SkeletonBox {
+                    required property real modelData
+
+                    anchors.left: parent.left
+                    width: Math.min(modelData, bubble.width - 32)
+                    implicitWidth: modelData
+                    height: 16
+                    tint: message.isUser ? Theme.fontUserBubbleColor : Theme.fontAgentBubbleColor
+                }
+            }
+        }
+    }
+
+    SkeletonBox {
+        id: box
+
+        anchors.left: message.isUser ? undefined : parent.left
+        anchors.leftMargin: message.hasAvatar ? 42 : 0
+        anchors.right: message.isUser ? parent.right : undefined
+        anchors.top: bubble.bottom
+        anchors.topMargin: 8
+        width: 100
+        height: 12
+        tint: Theme.fontBasicColor
+    }
+
+    Shimmer { }
+}

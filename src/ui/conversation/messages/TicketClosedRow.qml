@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Says that the conversation has come to its end.
+Item {
+    id: row
+
+    readonly property bool leavesDownwards: true
+
+    implicitHeight: Math.max(label.implicitHeight, lock.height) + 20
+    Accessible.role: Accessible.ListItem
+    Accessible.name: label.text
+
+    Item {
+        anchors.centerIn: parent
+        width: lock.width + 4 + label.width
+        height: label.height
+
+        Icon {
+            id: lock
+
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            width: 16
+            height: 16
+            name: "lock"
+            color: Theme.fontBasicColor
+        }
+
+        Text {
+            id: label
+
+            anchors.left: lock.right
+            anchors.leftMargin: 4
+            width: Math.min(implicitWidth, row.width - 32 - lock.width - 4)
+            text: Texts.string("ticket_closed")
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            color: Theme.fontBasicColor
+            font.pixelSize: 14
+            Accessible.ignored: true
+        }
+    }
+}

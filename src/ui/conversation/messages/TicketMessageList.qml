@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The conversation: its messages, who is typing, and whether it is closed. Its end stays in sight:
+// the list goes there when it appears and whenever something changes there.
+FocusScope {
+    id: list
+
+    /// A MessageListModel.
+    required property var model
+    required property MessageData messageData
+    /// The state of the ticket.
+    required property string ticketState
+    required property bool isAITyping
+    /// Room for what lies over the end of the list.
+    property real bottomContentMargin
+    readonly property bool isClosed: ticketState === "closed"
+    /// For what else there is to do with the rows.
+    readonly property alias rows: rows
+    readonly property alias flickable: flickable
+
+    signal linkActivated(string link)
+
+    /// The on-screen keyboard is there.
+    function keyboardShown() {
+        scrollToEnd(200)
+    }
+
+    function openLink(link) {
+        Qt.openUrlExternally(link)
+    }
+
+    // Who has the list in hand keeps it until they let go.
+    property int postponed: -1
+
+    function scrollToEnd(duration) {
+        if (flickable.dragging)
+            postponed = duration
+        else
+            rows.scrollToEnd(duration)
+    }
+
+
+    onTicketStateChanged: scrollToEnd(300)
+    onIsAITypingChanged: scrollToEnd(300)
+    Component.onCompleted: linkActivated.connect(openLink)
+
+    activeFocusOnTab: true
+    Keys.onPressed: event => {
+        const page = 0.9 * (height - bottomContentMargin)
+        event.accepted = true
+        if (event.key === Qt.Key_Up)
+            rows.step(-1)
+        else if (event.key === Qt.Key_Down)
+            rows.step(1)
+        else if (event.key === Qt.Key_PageUp)
+            rows.scrollBy(-page, 150)
+        else if (event.key === Qt.Key_PageDown)
+            rows.scrollBy(page, 150)
+        else if (event.key === Qt.Key_Home)
+            rows.scrollToStart(300)
+        else if (event.key === Qt.Key_End)
+            rows.scrollToEnd(300)
+        else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
+            (rows.currentItem as MessageItem)?.activate()
+        else if (event.matches(StandardKey.Copy))
+            list.model.copy(rows.currentIndex)
+        else
+            event.accepted = false
+    }
+
+    Connections {
+        target: list.model
+
+        function onMessagesChanged() {
+            list.scrollToEnd(300)
+        }
+        function onMessageArrived(description) {
+            rows.announce(description)
+        }
+    }
+
+    Flickable {
+        id: flickable
+
+        anchors.fill: parent
+        clip: true
+        flickableDirection: Flickable.VerticalFlick
+        // The rows are none of its contents: they know best where they begin and end.
+        contentHeight: 0
+        topMargin: -rows.start
+        bottomMargin: rows.end + height
+        onContentYChanged: rows.contentY = contentY
+        onDraggingChanged: {
+            if (dragging || list.postponed < 0)
+                return
+            rows.scrollToEnd(list.postponed)
+            list.postponed = -1
+        }
+
+        AnchoredList {
+            id: rows
+
+            parent: flickable
+            x: (flickable.width - width) / 2
+            // Lines that go on across a large window are hard to read.
+            width: Math.min(flickable.width, 860)
+            height: flickable.height
+            topMargin: 10
+            bottomMargin: list.bottomContentMargin
+            model: list.model
+            isMoving: flickable.moving
+            onMoveRequested: contentY => flickable.contentY = contentY
+            trailing: (list.isAITyping ? [typing] : []).concat(list.isClosed ? [closed] : [])
+            Accessible.role: Accessible.List
+
+            delegate: MessageItem {
+                id: message
+
+                messageData: list.messageData
+                gap: 20
+                showsFocus: isCurrent && list.activeFocus
+                onLinkActivated: link => list.linkActivated(link)
+                onPressed: {
+                    rows.currentIndex = rows.indexOf(message)
+                    list.forceActiveFocus(Qt.MouseFocusReason)
+                }
+            }
+        }
+    }
+
+    Component {
+        id: typing
+
+        AITypingMessage { }
+    }
+
+    Component {
+        id: closed
+
+        TicketClosedRow { }
+    }
+}

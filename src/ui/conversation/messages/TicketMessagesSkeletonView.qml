@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The conversation while it is still to come, under the message that is already known.
+Item {
+    id: skeleton
+
+    /// A MessageListModel, or null.
+    property var preview: null
+
+    implicitHeight: rows.implicitHeight + 40
+    Accessible.role: Accessible.StaticText
+    Accessible.name: Texts.string("accessibility_loading")
+
+    MessageData {
+        id: selection
+    }
+
+    Column {
+        id: rows
+
+        x: (skeleton.width - width) / 2
+        y: 20
+        width: Math.min(skeleton.width, 860)
+        spacing: 20
+
+        Repeater {
+            model: skeleton.preview
+
+            MessageItem {
+                required property int index
+
+                width: rows.width
+                height: implicitHeight
+                visible: index === 0
+                enabled: false
+                opacity: 0.4
+                messageData: selection
+            }
+        }
+
+        Repeater {
+            model: 4
+
+            SkeletonMessageBubble {
+                required property int index
+
+                x: 16
+                width: rows.width - 32
+                isUser: index % 2 === 0
+                hasAvatar: !isUser
+            }
+        }
+    }
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Dots on a wave. What moves are the dots alone; the room that they have stays as it is.
+Item {
+    id: view
+
+    property real time: dots.now()
+
+    implicitWidth: dots.dotCount * (dots.dotSize + dots.spacing) - dots.spacing
+    implicitHeight: dots.height
+    Accessible.ignored: true
+
+    TypingDots {
+        id: dots
+    }
+
+    Repeater {
+        model: dots.dotCount
+
+        Rectangle {
+            required property int index
+
+            x: index * (dots.dotSize + dots.spacing)
+            y: (view.height - height) / 2 + dots.offset(index, view.time)
+            width: dots.dotSize
+            height: dots.dotSize
+            radius: dots.dotSize / 2
+            antialiasing: true
+            color: Theme.fontAgentBubbleColor
+            scale: dots.scale(index, view.time)
+            opacity: dots.opacity(index, view.time)
+        }
+    }
+
+    // A tick for each frame; what time it is the clock knows.
+    NumberAnimation {
+        id: ticks
+
+        property real tick
+
+        target: ticks
+        property: "tick"
+        from: 0
+        to: 1
+        duration: 1000
+        loops: Animation.Infinite
+        running: view.visible
+        onTickChanged: view.time = dots.now()
+    }
+}

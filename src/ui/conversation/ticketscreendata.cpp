@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "ui/conversation/ticketscreendata.h"
+
+#include "core/notifications.h"
+#include "platform/await.h"
+#include "platform/platform.h"
+#include "ui/conversation/ticketheader.h"
+#include "ui/loadingstatetexts.h"
+
+#include <QtCore/QPointer>
+
+namespace tolvane {
+
+TicketScreenData::TicketScreenData(QObject *parent)
+    : QObject(parent)
+{
+}
+
+void TicketScreenData::setDestination(const TolvaneDestination &destination)
+{
+    if (m_ticketData)
+        return;
+    m_destination = destination;
+    const TicketPreviewDto *preview = destination.preview();
+    m_ticketData = std::make_shared<TicketData>(preview ? std::optional(*preview) : std::nullopt);
+    m_ticketData->setNewTicket(!preview);
+    m_composer.emplace(m_ticketData);
+    if (preview)
+        m_preview.setMessages({preview->lastMessage});
+    observe();
+    takeOver();
+    Q_EMIT destinationChanged();
+}
+
+QString TicketScreenData::state() const
+{
+    return m_ticketData ? caseName(m_ticketData->state()) : QString();
+}
+
+QString TicketScreenData::errorText() const
+{
+    return m_ticketData ? tolvane::errorText(m_ticketData->state()) : QString();
+}
+
+QString TicketScreenData::title() const
+{
+    return m_ticketData ? ticketheader::title(*m_ticketData) : QString();
+}
+
+QString TicketScreenData::ticketState() const
+{
+    return m_ticketData && m_ticketData->ticket() ? m_ticketData->ticket()->state : QString();
+}
+
+void TicketScreenData::appear()
+{
+    if (m_hasLoaded)
+        detach(m_ticketData->silentFetchTicket());
+    else
+        detach(load());
+}
+
+QCoro::Task<> TicketScreenData::load()
+{
+    const QPointer self(this);
+    const auto store = m_ticketData;
+    co_await store->fetchTicket();
+    if (self)
+        m_hasLoaded = true;
+}
+
+void TicketScreenData::observe()
+{
+    connect(m_ticketData.get(), &TicketData::changed, this, &TicketScreenData::takeOver);
+    using Reaction = void (TicketData::*)(const NotificationCenter::UserInfo &);
+    const auto pass = [this](const QString &name, Reaction reaction) {
+        m_observations.push_back(platform().notificationCenter->observe(
+            name, NotificationCenter::Delivery::mainThread,
+            [store = m_ticketData.get(), reaction](const auto &userInfo) {
+                (store->*reaction)(userInfo);
+            }));
+    };
+    pass(notifications::didReceiveStateUpdate, &TicketData::onStateUpdateNotification);
+    pass(notifications::didReceiveMessage, &TicketData::onMessageNotification);
+}
+
+void TicketScreenData::takeOver()
+{
+    if (m_ticketData->ticket())
+        m_messages.setMessages(m_ticketData->ticket()->messages);
+    m_availability =
+        m_ticketData->preview() ? ticketheader::subtitle(*m_ticketData) : SupportAvailability();
+    Q_EMIT changed();
+}
+
+} // namespace tolvane

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Makes a file of the picture as soon as there is one, and offers to share it.
+ViewerControl {
+    id: actions
+
+    required property LoadedImage loadedImage
+    readonly property alias share: share
+
+    signal shareRequested()
+
+    IconButton {
+        focus: true
+        icon: "share"
+        color: "white"
+        name: Texts.string("accessibility_share")
+        enabled: share.isReady
+        opacity: enabled ? 1 : 0.5
+        onClicked: actions.shareRequested()
+    }
+
+    ImageShare {
+        id: share
+
+        source: actions.loadedImage
+    }
+}

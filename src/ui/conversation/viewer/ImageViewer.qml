@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// One attachment in all of the window, on black: to look at closely, and to share.
+FocusScope {
+    id: viewer
+
+    required property url imageUrl
+    /// The MessageData in which the picture was chosen; null where there is none.
+    property var messageData: null
+    property bool showControls: true
+    readonly property alias imageState: zoom
+
+    signal backRequested()
+
+    function goBack() {
+        // So that the same picture can be chosen again.
+        if (messageData)
+            messageData.selectedAttachment = ""
+        backRequested()
+    }
+
+    function toggleControls() {
+        showControls = !showControls
+        if (!showControls)
+            picture.forceActiveFocus()
+    }
+
+    function save() {
+        const share = actions.share
+        if (share.isReady && !dialog.open(Window.window, share.suggestedPlace))
+            share.saveToPictures()
+    }
+
+    ImageState {
+        id: zoom
+
+        geometry: Qt.size(viewer.width, viewer.height)
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: "black"
+
+        MouseArea {
+            anchors.fill: parent
+            acceptedButtons: Qt.AllButtons
+            hoverEnabled: true
+            onWheel: wheel => wheel.accepted = true
+        }
+    }
+
+    ZoomableImageView {
+        id: picture
+
+        anchors.fill: parent
+        focus: true
+        imageUrl: viewer.imageUrl
+        imageState: zoom
+        onTapped: viewer.toggleControls()
+        // Whoever looks for the controls by keyboard is shown them first.
+        Keys.enabled: !viewer.showControls
+        Keys.onTabPressed: viewer.showControls = true
+        Keys.onBacktabPressed: viewer.showControls = true
+    }
+
+    BackButton {
+        id: back
+
+        anchors.left: parent.left
+        anchors.top: parent.top
+        anchors.margins: 8
+        showControls: viewer.showControls
+        onClicked: viewer.goBack()
+    }
+
+    ImageActions {
+        id: actions
+
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 8
+        showControls: viewer.showControls
+        loadedImage: picture.loadedImage
+        onShareRequested: menu.isOpen = true
+    }
+
+    ShareMenu {
+        id: menu
+
+        anchors.fill: parent
+        share: actions.share
+        onSaveRequested: viewer.save()
+        onClosed: isOpen = false
+    }
+
+    ViewerNotice {
+        id: notice
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 24
+    }
+
+    SaveDialog {
+        id: dialog
+
+        onAccepted: place => actions.share.save(place)
+    }
+
+    Connections {
+        target: actions.share
+
+        function onSaved(place) { notice.tell(Texts.string("viewer_saved").arg(place)) }
+        function onFailed(reason) { notice.tell(Texts.string("viewer_save_failed").arg(reason)) }
+        function onCopied() { notice.tell(Texts.string("viewer_copied")) }
+    }
+
+    ViewerKeys {
+        id: keys
+
+        imageState: zoom
+        onBackRequested: viewer.goBack()
+        onControlsToggled: viewer.toggleControls()
+        onCopyRequested: actions.share.copy()
+        onSaveRequested: viewer.save()
+    }
+
+    Keys.onPressed: event => keys.press(event)
+}

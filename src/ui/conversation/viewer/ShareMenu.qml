@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// What can be done with the picture's file: drag it away by its picture, save it, copy it. Over all
+// of the viewer; a press beside it closes it.
+FocusScope {
+    id: menu
+
+    required property ImageShare share
+    property bool isOpen: false
+    property Item formerFocus: null
+
+    signal closed()
+    signal saveRequested()
+
+    enabled: isOpen
+    visible: opacity > 0
+    opacity: isOpen ? 1 : 0
+    onIsOpenChanged: {
+        if (isOpen) {
+            share.prepareDrag()
+            formerFocus = Window.activeFocusItem
+            save.forceActiveFocus()
+        } else if (formerFocus) {
+            formerFocus.forceActiveFocus()
+        }
+    }
+    Keys.onEscapePressed: closed()
+    Keys.onBackPressed: closed()
+    Keys.onUpPressed: save.forceActiveFocus()
+    Keys.onDownPressed: copy.forceActiveFocus()
+    // The focus goes round in the menu.
+    Keys.onTabPressed: (save.activeFocus ? copy : save).forceActiveFocus()
+    Keys.onBacktabPressed: (save.activeFocus ? copy : save).forceActiveFocus()
+
+    Behavior on opacity {
+        NumberAnimation { duration: 120; easing.type: Easing.InOutQuad }
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        onPressed: menu.closed()
+        onWheel: wheel => wheel.accepted = true
+    }
+
+    Rectangle {
+        id: panel
+
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.rightMargin: 8
+        anchors.topMargin: 52
+        width: Math.min(260, parent.width - 16)
+        height: items.height + 16
+        radius: 14
+        color: "#f2262629"
+        border.color: "#33ffffff"
+        Accessible.role: Accessible.PopupMenu
+        Accessible.name: Texts.string("accessibility_share")
+
+        // What is pressed beside the items does not close the menu.
+        MouseArea { anchors.fill: parent }
+
+        Column {
+            id: items
+
+            y: 8
+            width: parent.width
+
+            ShareFile {
+                width: parent.width
+                share: menu.share
+            }
+
+            Rectangle {
+                width: parent.width
+                height: 1
+                color: "#33ffffff"
+            }
+
+            ShareMenuItem {
+                id: save
+
+                width: parent.width
+                text: Texts.string("viewer_save")
+                onClicked: {
+                    menu.closed()
+                    menu.saveRequested()
+                }
+            }
+
+            ShareMenuItem {
+                id: copy
+
+                width: parent.width
+                text: Texts.string("viewer_copy")
+                onClicked: {
+                    menu.closed()
+                    menu.share.copy()
+                }
+            }
+        }
+    }
+}

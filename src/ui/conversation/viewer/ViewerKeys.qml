@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// What the keys do in the viewer.
+QtObject {
+    id: keys
+
+    required property ImageState imageState
+
+    signal backRequested()
+    signal controlsToggled()
+    signal copyRequested()
+    signal saveRequested()
+
+    readonly property real zoomStep: 1.25
+    readonly property real panStep: 80
+
+    readonly property var actions: ({
+        [Qt.Key_Escape]: backRequested,
+        [Qt.Key_Back]: backRequested,
+        [Qt.Key_Space]: controlsToggled,
+        [Qt.Key_H]: controlsToggled,
+        [Qt.Key_Plus]: () => zoom(zoomStep),
+        [Qt.Key_Equal]: () => zoom(zoomStep),
+        [Qt.Key_Minus]: () => zoom(1 / zoomStep),
+        [Qt.Key_0]: () => imageState.reset(),
+    })
+
+    // The view goes where the arrow points, so the picture goes the other way.
+    readonly property var panning: ({
+        [Qt.Key_Left]: Qt.point(panStep, 0),
+        [Qt.Key_Right]: Qt.point(-panStep, 0),
+        [Qt.Key_Up]: Qt.point(0, panStep),
+        [Qt.Key_Down]: Qt.point(0, -panStep),
+    })
+
+    function zoom(factor) {
+        imageState.pinchStepped(factor)
+        imageState.pinchEnded()
+    }
+
+    function press(event) {
+        const action = event.matches(StandardKey.Copy) ? copyRequested
+                       : event.matches(StandardKey.Save) ? saveRequested
+                       : actions[event.key]
+        const direction = imageState.isZoomedIn ? panning[event.key] : undefined
+        if (action)
+            action()
+        else if (direction)
+            imageState.swingBy(direction)
+        else
+            return
+        event.accepted = true
+    }
+}

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// Tells what came of sharing, for a moment.
+Rectangle {
+    id: notice
+
+    function tell(text) {
+        label.text = text
+        opacity = 1
+        leave.restart()
+    }
+
+    width: Math.min(label.implicitWidth + 32, parent.width - 32)
+    height: label.implicitHeight + 20
+    radius: Math.min(20, height / 2)
+    color: "#f2262629"
+    border.color: "#33ffffff"
+    opacity: 0
+    visible: opacity > 0
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: label.text
+
+    Behavior on opacity {
+        NumberAnimation { duration: 250; easing.type: Easing.InOutQuad }
+    }
+
+    Text {
+        id: label
+
+        anchors.centerIn: parent
+        width: parent.width - 32
+        horizontalAlignment: Text.AlignHCenter
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+        maximumLineCount: 4
+        elide: Text.ElideRight
+        color: "white"
+        font.pixelSize: Theme.callout
+        Accessible.ignored: true
+    }
+
+    Timer {
+        id: leave
+
+        interval: 4000
+        onTriggered: notice.opacity = 0
+    }
+}

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane
+
+// The hands on a picture: pinches of a screen or a trackpad, drags, taps and the wheel.
+Item {
+    id: gestures
+
+    required property ImageState imageState
+
+    signal tapped()
+
+    PinchHandler {
+        id: pinch
+
+        target: null
+        onActiveScaleChanged: if (active) gestures.imageState.pinchChanged(activeScale)
+        onTranslationChanged: if (active) gestures.dragTo(translation)
+        onActiveChanged: {
+            if (active) {
+                drag.isLeftOfPinch = true
+                return
+            }
+            gestures.imageState.pinchEnded()
+            gestures.imageState.dragEnded()
+        }
+    }
+
+    DragHandler {
+        id: drag
+
+        // The finger that stays when the other one goes drags on from where it is. The handler has
+        // not seen it come down.
+        property bool isLeftOfPinch: false
+        property point start
+
+        target: null
+        dragThreshold: gestures.imageState.leastDragDistance
+        onCentroidChanged: {
+            if (active)
+                gestures.dragTo(Qt.point(centroid.position.x - start.x,
+                                         centroid.position.y - start.y))
+        }
+        onActiveChanged: {
+            if (active)
+                start = isLeftOfPinch ? centroid.position : centroid.pressPosition
+            else
+                gestures.imageState.dragEnded()
+        }
+    }
+
+    PointHandler {
+        onActiveChanged: if (active) drag.isLeftOfPinch = false
+    }
+
+    function dragTo(translation) {
+        imageState.dragChanged(Qt.point(translation.x, translation.y))
+    }
+
+    // A single tap waits for a second one.
+    TapHandler {
+        onSingleTapped: single.restart()
+        onDoubleTapped: {
+            single.stop()
+            gestures.imageState.doubleTapped()
+        }
+    }
+
+    Timer {
+        id: single
+
+        interval: Application.styleHints.mouseDoubleClickInterval
+        onTriggered: gestures.tapped()
+    }
+
+    // With Ctrl the wheel pinches, else it drags.
+    MouseArea {
+        id: wheelArea
+
+        property real pinched: 1
+
+        anchors.fill: parent
+        acceptedButtons: Qt.NoButton
+        cursorShape: !gestures.imageState.isZoomedIn ? Qt.ArrowCursor
+                     : drag.active ? Qt.ClosedHandCursor : Qt.OpenHandCursor
+        onWheel: wheel => {
+            if (wheel.modifiers & Qt.ControlModifier) {
+                pinched *= Math.pow(1.25, wheel.angleDelta.y / 120)
+                gestures.imageState.pinchStepped(pinched)
+                wheelRest.restart()
+                return
+            }
+            const exact = wheel.pixelDelta.x !== 0 || wheel.pixelDelta.y !== 0
+            if (exact)
+                gestures.imageState.pan(wheel.pixelDelta)
+            else
+                gestures.imageState.swingBy(Qt.point(wheel.angleDelta.x / 2, wheel.angleDelta.y / 2))
+        }
+
+        Timer {
+            id: wheelRest
+
+            interval: 150
+            onTriggered: {
+                wheelArea.pinched = 1
+                gestures.imageState.pinchEnded()
+            }
+        }
+    }
+}

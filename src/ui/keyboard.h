@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace tolvane {
+
+/// The on-screen keyboard, for QML. Main thread.
+class Keyboard : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(bool isShown READ isShown NOTIFY changed)
+    /// Its upper edge from the top of the window, in points; meaningless while it is not shown.
+    Q_PROPERTY(double top READ top NOTIFY changed)
+
+public:
+    explicit Keyboard(QObject *parent = nullptr);
+
+    bool isShown() const;
+    double top() const;
+
+Q_SIGNALS:
+    void changed();
+};
+
+} // namespace tolvane

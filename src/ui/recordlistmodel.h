@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QAbstractListModel>
+#include <QtCore/QHash>
+
+#include <algorithm>
+
+namespace tolvane {
+
+/// Records as rows. A list that takes the place of another becomes the fewest insertions, removals,
+/// moves and changes, told apart by the records' `id`, so that a view keeps its place and rebuilds
+/// only what is different. A record that is listed twice gets two rows. Main thread.
+template <typename Record>
+class RecordListModel : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex &parent = {}) const override
+    {
+        return parent.isValid() ? 0 : int(m_records.size());
+    }
+
+protected:
+    const QList<Record> &records() const { return m_records; }
+
+    void replace(const QList<Record> &records);
+
+private:
+    using Count = QHash<QString, int>;
+
+    /// A list that was shuffled takes a step for each record, each with a look at all others; past
+    /// this many it counts as another list.
+    static constexpr int mostSteps = 200;
+
+    qsizetype takeOverBeginning(const QList<Record> &records);
+    qsizetype takeOverEnd(const QList<Record> &records, qsizetype beginning);
+    bool removeMissing(const QList<Record> &middle, qsizetype first, qsizetype last);
+    bool arrange(const QList<Record> &middle, qsizetype first, qsizetype countAfter);
+    void insert(qsizetype row, const QList<Record> &records);
+    void remove(qsizetype row, qsizetype count);
+    void move(qsizetype from, qsizetype to);
+    void change(qsizetype row, const Record &record);
+    qsizetype indexOf(const QString &id, qsizetype from) const;
+    static Count countOf(const QList<Record> &records);
+
+    QList<Record> m_records;
+};
+
+template <typename Record>
+void RecordListModel<Record>::replace(const QList<Record> &records)
+{
+    // Most lists differ at one end, if at all.
+    const qsizetype beginning = takeOverBeginning(records);
+    const qsizetype end = takeOverEnd(records, beginning);
+    const qsizetype last = m_records.size() - end;
+    const QList<Record> middle = records.sliced(beginning, records.size() - end - beginning);
+    if (last == beginning) {
+        insert(beginning, middle);
+    } else if (middle.isEmpty()) {
+        remove(beginning, last - beginning);
+    } else if (!removeMissing(middle, beginning, last) || !arrange(middle, beginning, end)) {
+        beginResetModel();
+        m_records = records;
+        endResetModel();
+    }
+}
+
+template <typename Record>
+qsizetype RecordListModel<Record>::takeOverBeginning(const QList<Record> &records)
+{
+    const qsizetype most = std::min(m_records.size(), records.size());
+    qsizetype row = 0;
+    for (; row < most && m_records.at(row).id == records.at(row).id; ++row)
+        change(row, records.at(row));
+    return row;
+}
+
+template <typename Record>
+qsizetype RecordListModel<Record>::takeOverEnd(const QList<Record> &records, qsizetype beginning)
+{
+    const qsizetype most = std::min(m_records.size(), records.size()) - beginning;
+    qsizetype count = 0;
+    for (; count < most; ++count) {
+        const qsizetype row = m_records.size() - 1 - count;
+        const Record &record = records.at(records.size() - 1 - count);
+        if (m_records.at(row).id != record.id)
+            break;
+        change(row, record);
+    }
+    return count;
+}
+
+template <typename Record>
+bool RecordListModel<Record>::removeMissing(const QList<Record> &middle, qsizetype first,
+                                            qsizetype last)
+{
+    Count wanted = countOf(middle);
+    int steps = 0;
+    for (qsizetype row = first; row < last;) {
+        qsizetype end = row;
+        while (end < last && wanted[m_records.at(end).id]-- <= 0)
+            ++end;
+        if (end == row) {
+            ++row;
+            continue;
+        }
+        if (++steps > mostSteps)
+            return false;
+        remove(row, end - row);
+        last -= end - row;
+        // The one that ended the run has been counted.
+        ++row;
+    }
+    return true;
+}
+
+template <typename Record>
+bool RecordListModel<Record>::arrange(const QList<Record> &middle, qsizetype first,
+                                      qsizetype countAfter)
+{
+    Count kept = countOf(m_records.sliced(first, m_records.size() - first - countAfter));
+    int steps = 0;
+    for (qsizetype at = 0; at < middle.size();) {
+        qsizetype end = at;
+        while (end < middle.size() && kept[middle.at(end).id]-- <= 0)
+            ++end;
+        insert(first + at, middle.sliced(at, end - at));
+        steps += end > at;
+        at = end;
+        if (at < middle.size()) {
+            const qsizetype row = first + at;
+            const qsizetype old = indexOf(middle.at(at).id, row);
+            if (old != row)
+                move(old, row);
+            steps += old != row;
+            change(row, middle.at(at++));
+        }
+        if (steps > mostSteps)
+            return false;
+    }
+    return true;
+}
+
+template <typename Record>
+void RecordListModel<Record>::insert(qsizetype row, const QList<Record> &records)
+{
+    if (records.isEmpty())
+        return;
+    beginInsertRows({}, int(row), int(row + records.size() - 1));
+    if (m_records.isEmpty()) {
+        m_records = records;
+    } else {
+        m_records.insert(row, records.size(), Record());
+        std::copy(records.begin(), records.end(), m_records.begin() + row);
+    }
+    endInsertRows();
+}
+
+template <typename Record>
+void RecordListModel<Record>::remove(qsizetype row, qsizetype count)
+{
+    beginRemoveRows({}, int(row), int(row + count - 1));
+    m_records.remove(row, count);
+    endRemoveRows();
+}
+
+template <typename Record>
+void RecordListModel<Record>::move(qsizetype from, qsizetype to)
+{
+    beginMoveRows({}, int(from), int(from), {}, int(to));
+    m_records.move(from, to);
+    endMoveRows();
+}
+
+template <typename Record>
+void RecordListModel<Record>::change(qsizetype row, const Record &record)
+{
+    if (m_records.at(row) == record)
+        return;
+    m_records[row] = record;
+    Q_EMIT dataChanged(index(int(row)), index(int(row)));
+}
+
+template <typename Record>
+qsizetype RecordListModel<Record>::indexOf(const QString &id, qsizetype from) const
+{
+    const auto found = std::find_if(m_records.begin() + from, m_records.end(),
+                                    [&id](const Record &record) { return record.id == id; });
+    return found - m_records.begin();
+}
+
+template <typename Record>
+auto RecordListModel<Record>::countOf(const QList<Record> &records) -> Count
+{
+    Count count;
+    for (const Record &record : records)
+        ++count[record.id];
+    return count;
+}
+
+} // namespace tolvane

@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tolvane
+import Samples
+
+Rectangle {
+    id: window
+
+    width: 360
+    height: 600
+    color: Theme.chatBackgroundColor
+
+    MessageData {
+        id: messages
+    }
+
+    Component {
+        id: listComponent
+
+        TicketMessageList {
+            anchors.fill: parent
+            messageData: messages
+            ticketState: "open"
+            isAITyping: false
+        }
+    }
+
+    TestCase {
+        name: "MessageList"
+        when: windowShown
+
+        property TicketMessageList list
+        property var model
+        property var shown: []
+
+        // Messages of very different heights.
+        function message(n) {
+            return {id: "m" + n, type: n % 3 ? "human agent" : "customer", name: "Maya",
+                    content: "Message " + n + " ".repeat(n % 2) + "goes on. ".repeat(n % 7 * n % 40),
+                    attachments: n % 10 == 4 ? ["http://127.0.0.1:9/a", "http://127.0.0.1:9/b"] : []}
+        }
+
+        function show(values) {
+            shown = values
+            Samples.setMessages(model, values)
+        }
+
+        function numbers(first, last) {
+            return Array.from({length: last - first + 1}, (_, at) => message(first + at))
+        }
+
+        function open(values) {
+            model = Samples.messageList()
+            show(values)
+            list = createTemporaryObject(listComponent, window, {model: model})
+            waitForRendering(list)
+        }
+
+        function init() {
+            window.width = 360
+            window.height = 600
+            messages.selectedAttachment = ""
+        }
+
+        function lastRow() {
+            return list.rows.itemAt(model.rowCount() + list.rows.trailing.length - 1)
+        }
+
+        // From the end of the last row to the end of the list's window.
+        function gapAtEnd() {
+            const row = lastRow()
+            return row ? list.height - list.bottomContentMargin - row.y - row.height : NaN
+        }
+
+        function verifyAtEnd() {
+            tryVerify(() => Math.abs(gapAtEnd()) < 0.01, 2000, "the end is the end")
+            verify(list.flickable.atYEnd)
+            compare(list.flickable.contentY, list.rows.contentY)
+        }
+
+        function alive() {
+            return list.rows.children.length
+        }
+
+        function verifyNoGaps() {
+            const rows = []
+            for (let row = 0; row < model.rowCount(); ++row) {
+                if (list.rows.itemAt(row))
+                    rows.push(list.rows.itemAt(row))
+            }
+            for (let at = 1; at < rows.length; ++at)
+                fuzzyCompare(rows[at].y, rows[at - 1].y + rows[at - 1].height, 0.001)
+        }
+
+        function test_opensAtItsEnd_data() {
+            return [{tag: "20", count: 20}, {tag: "10,000", count: 10000}]
+        }
+        function test_opensAtItsEnd(data) {
+            open(numbers(1, data.count))
+            verifyAtEnd()
+            verifyNoGaps()
+            verify(alive() < 30, alive() + " rows")
+        }
+
+        function test_fewMessagesStandAtTheTop() {
+            open(numbers(1, 2))
+            compare(list.rows.itemAt(0).y, 10)
+            show(numbers(1, 3))
+            wait(400)
+            compare(list.rows.itemAt(0).y, 10)
+            verify(gapAtEnd() > 0)
+        }
+
+        function test_noMessages() {
+            open([])
+            compare(alive(), 0)
+            list.keyboardShown()
+            show(numbers(1, 20))
+            verifyAtEnd()
+            show([])
+            tryVerify(() => alive() === 0)
+        }
+
+        function test_endsAtTheEndAfter_data() {
+            const longOne = {id: "long", content: "word ".repeat(900)}
+            return [
+                {tag: "a message", change: () => show(shown.concat(message(101)))},
+                {tag: "a long one", change: () => show(shown.concat(longOne))},
+                {tag: "several at once", change: () => show(shown.concat(numbers(101, 150)))},
+                {tag: "another list", change: () => show(numbers(500, 700))},
+                {tag: "a shorter list", change: () => show(numbers(97, 99))},
+                {tag: "a change above", change: () => show([message(0)].concat(shown))},
+                {tag: "a changed text", change: () => show(shown.slice(0, -1).concat(
+                        [Object.assign({}, shown[shown.length - 1], {content: "x ".repeat(700)})]))},
+                {tag: "typing", change: () => list.isAITyping = true},
+                {tag: "closed", change: () => list.ticketState = "closed"},
+                {tag: "both", change: () => { list.isAITyping = true; list.ticketState = "closed" }},
+                {tag: "an answer to typing", change: () => {
+                    list.isAITyping = true
+                    wait(400)
+                    show(shown.concat(message(101)))
+                    list.isAITyping = false
+                }},
+                {tag: "a narrower window", change: () => window.width = 320},
+                {tag: "a wider window", change: () => window.width = 1000},
+                {tag: "a lower window", change: () => window.height = 300},
+                {tag: "a higher window", change: () => window.height = 900},
+                {tag: "a margin", change: () => list.bottomContentMargin = 120},
+                {tag: "the keyboard", change: () => { window.height = 320; list.keyboardShown() }},
+            ]
+        }
+        function test_endsAtTheEndAfter(data) {
+            open(numbers(1, 100))
+            data.change()
+            wait(400)
+            if (data.tag === "a shorter list")
+                compare(list.flickable.contentY, Math.max(list.rows.start, list.rows.end))
+            else
+                verifyAtEnd()
+            verifyNoGaps()
+        }
+
+        // Whoever has scrolled up and looks at a row keeps it where it is, unless the list is told
+        // to go to the end.
+        function test_whoScrolledUp_data() {
+            return [
+                {tag: "a margin", change: () => list.bottomContentMargin = 120},
+                {tag: "a lower window", change: () => window.height = 500},
+                {tag: "the same list", change: () => show(shown.map(m => Object.assign({}, m)))},
+                {tag: "a message", isMoved: true, change: () => show(shown.concat(message(101)))},
+                {tag: "a changed text", isMoved: true, change: () => show(
+                        shown.slice(0, -1).concat({id: "m100", content: "new"}))},
+                {tag: "typing", isMoved: true, change: () => list.isAITyping = true},
+                {tag: "closed", isMoved: true, change: () => list.ticketState = "closed"},
+                {tag: "another state", isMoved: true, change: () => list.ticketState = "waiting"},
+                {tag: "the keyboard", isMoved: true, change: () => list.keyboardShown()},
+            ]
+        }
+        function test_whoScrolledUp(data) {
+            open(numbers(1, 100))
+            list.flickable.contentY -= 3000
+            waitForRendering(list)
+            const before = list.flickable.contentY
+            const row = list.rows.childAt(100, 300)
+            const seenAt = row.y
+            data.change()
+            wait(500)
+            if (data.isMoved) {
+                verifyAtEnd()
+            } else {
+                compare(list.flickable.contentY, before)
+                compare(row.y, seenAt)
+            }
+        }
+
+        function test_scrollsThroughAll() {
+            open(numbers(1, 300))
+            let most = 0
+            for (let step = 0; step < 400 && !list.flickable.atYBeginning; ++step) {
+                const row = list.rows.childAt(100, 200)
+                const seenAt = row.y
+                list.flickable.contentY -= Math.min(150, list.flickable.contentY - list.rows.start)
+                waitForRendering(list)
+                most = Math.max(most, alive())
+                verifyNoGaps()
+                if (list.rows.indexOf(row) >= 0)
+                    verify(row.y - seenAt <= 150.01, "moved by " + (row.y - seenAt))
+            }
+            compare(list.rows.itemAt(0).y, 10)
+            verify(most < 20, most + " rows")
+            keyClick(Qt.Key_End)
+        }
+
+        function test_aFlingEndsWithoutAJump() {
+            open(numbers(1, 200))
+            list.flickable.flick(0, 3000)
+            let before = list.flickable.contentY
+            while (list.flickable.moving) {
+                const row = list.rows.childAt(100, 300), seenAt = row ? row.y : 0
+                waitForRendering(list)
+                if (row && list.rows.indexOf(row) >= 0)
+                    fuzzyCompare(row.y - seenAt, before - list.flickable.contentY, 0.01)
+                before = list.flickable.contentY
+            }
+            verifyNoGaps()
+            verify(!list.flickable.atYEnd)
+        }
+
+        function test_scrollingTakesItsTime_data() {
+            return [{tag: "a message", least: 250, change: () => show(shown.concat(message(101)))},
+                    {tag: "the keyboard", least: 150, change: () => list.keyboardShown()}]
+        }
+        function test_scrollingTakesItsTime(data) {
+            open(numbers(1, 100))
+            list.flickable.contentY -= 300
+            waitForRendering(list)
+            const begin = Date.now()
+            data.change()
+            waitForRendering(list)
+            verify(gapAtEnd() < -50 || isNaN(gapAtEnd()), "not at once")
+            tryVerify(() => list.rows.itemAt(model.rowCount() - 1) && Math.abs(gapAtEnd()) < 0.01)
+            verify(Date.now() - begin >= data.least)
+        }
+
+        function test_rowsComeFromBelowAndGoUp() {
+            open(numbers(1, 3))
+            show(shown.concat(message(6)))
+            waitForRendering(list)
+            const row = lastRow()
+            verify(row.opacity < 0.5)
+            verify(row.y > list.rows.itemAt(2).y + list.rows.itemAt(2).height + row.height / 2)
+            tryCompare(row, "opacity", 1)
+            verifyNoGaps()
+            show(shown.slice(0, 3))
+            wait(150)
+            verify(row.opacity < 1 && row.opacity > 0)
+            verify(row.y < list.rows.itemAt(2).y + list.rows.itemAt(2).height)
+            tryVerify(() => alive() === 3)
+        }
+
+        function test_heldByAFinger() {
+            open(numbers(1, 100))
+            mousePress(window, 180, 300)
+            for (let step = 1; step <= 10; ++step)
+                mouseMove(window, 180, 300 + 20 * step, 20)
+            verify(list.flickable.dragging)
+            const at = list.flickable.contentY
+            show(shown.concat(message(101)))
+            wait(400)
+            compare(list.flickable.contentY, at)
+            mouseRelease(window, 180, 500)
+            verifyAtEnd()
+        }
+
+        function test_byKeyboard() {
+            open(numbers(1, 100))
+            list.forceActiveFocus()
+            keyClick(Qt.Key_Up)
+            compare(list.rows.currentIndex, 99)
+            verify(list.rows.currentItem.showsFocus)
+            for (let press = 0; press < 60; ++press) {
+                keyClick(Qt.Key_Up)
+                wait(5)
+            }
+            wait(300)
+            const row = list.rows.currentItem
+            verify(list.rows.currentIndex < 95)
+            verify(row.y + row.height > 0 && row.y < list.height, "in sight at " + row.y)
+            keyClick(Qt.Key_C, Qt.ControlModifier)
+            show(numbers(0, 100))
+            compare(list.rows.currentItem, row)
+            keyClick(Qt.Key_Home)
+            tryVerify(() => list.rows.itemAt(0) && Math.abs(list.rows.itemAt(0).y - 10) < 0.01)
+            keyClick(Qt.Key_PageDown)
+            tryCompare(list.rows, "contentY", list.rows.start + 540)
+            keyClick(Qt.Key_End)
+            verifyAtEnd()
+        }
+
+        function test_picturesAreOpened_data() {
+            return [{tag: "clicked", open: cell => mouseClick(cell)},
+                    {tag: "by keyboard", open: cell => { cell.forceActiveFocus(); keyClick(Qt.Key_Space) }}]
+        }
+        function test_picturesAreOpened(data) {
+            const addresses = ["a", "b", "", "d", "e"].map(name => name && "http://127.0.0.1:9/" + name)
+            open([{id: "m", attachments: addresses, content: ""}])
+            const cells = findAll(lastRow(), item => item instanceof AttachmentThumbnail)
+            compare(cells.map(cell => cell.visible), [true, true, false, true])
+            compare(cells.map(cell => cell.remainingCount), [0, 0, 0, 1])
+            compare(cells.map(cell => cell.width), [138, 138, 138, 138])
+            const right = cells[1].mapToItem(window, cells[1].width, 0).x
+            compare(right, 360 - 16)
+            data.open(cells[3])
+            compare(String(messages.selectedAttachment), "http://127.0.0.1:9/d")
+        }
+
+        function findAll(item, test) {
+            return Array.from(item.children).reduce(
+                (found, child) => found.concat(test(child) ? [child] : findAll(child, test)), [])
+        }
+
+        function test_hostileTexts_data() {
+            return [
+                {tag: "one word", content: "x".repeat(100000)},
+                {tag: "no width", content: "\u200b".repeat(100000)},
+                {tag: "joined", content: "a" + "\u200d".repeat(100000)},
+                {tag: "accents", content: "e" + "\u0301".repeat(100000)},
+                {tag: "turned round", content: "\u202e\u2066abc".repeat(20000)},
+                {tag: "emoji", content: "\ud83d\ude00".repeat(2000)},
+                {tag: "nested", content: "**_~~".repeat(20000) + "a" + "~~_**".repeat(20000)},
+                {tag: "brackets", content: "[".repeat(100000)},
+                {tag: "lines", content: "\n".repeat(100000)},
+            ]
+        }
+        function test_hostileTexts(data) {
+            open(numbers(1, 50).concat([{id: "bad", type: "ai agent", content: data.content},
+                                        message(51)]))
+            verifyAtEnd()
+            for (let page = 0; page < 5; ++page) {
+                list.flickable.contentY -= 500
+                waitForRendering(list)
+                verifyNoGaps()
+                for (const row of findAll(list.rows, item => item instanceof MessageItem)) {
+                    verify(row.bubble.width <= 360 - 32 - 42)
+                    verify(row.width === 360)
+                }
+            }
+            list.keyboardShown()
+            verifyAtEnd()
+        }
+
+        function test_links() {
+            open([{id: "m", type: "ai agent", content: "[here](https://x.y/z)"}])
+            let opened = ""
+            list.linkActivated.disconnect(list.openLink)
+            list.linkActivated.connect(link => opened = link)
+            const bubble = lastRow().bubble
+            mouseClick(bubble, 24, 24)
+            compare(opened, "https://x.y/z")
+            opened = ""
+            keyClick(Qt.Key_Return)
+            compare(opened, "https://x.y/z")
+        }
+
+        function test_sides_data() {
+            return [{tag: "left to right", mirrored: false}, {tag: "right to left", mirrored: true}]
+        }
+        function test_sides(data) {
+            open([{id: "a", type: "human agent", content: "a"}, {id: "b", content: "b"}])
+            list.LayoutMirroring.enabled = data.mirrored
+            waitForRendering(list)
+            const [agent, customer] = [0, 1].map(row => list.rows.itemAt(row).bubble)
+            const inset = item => data.mirrored ? 360 - item.x - item.width : item.x
+            compare(inset(agent), 16 + 42)
+            compare(inset(customer), 360 - 16 - customer.width)
+            // The square corner is on the side of whoever sent it.
+            const isSquare = (bubble, x) => {
+                const at = bubble.mapToItem(window, x, bubble.height - 1.5)
+                return !Qt.colorEqual(grabImage(window).pixel(at.x, at.y), window.color)
+            }
+            for (const [bubble, isRight] of [[agent, data.mirrored], [customer, !data.mirrored]]) {
+                compare(isSquare(bubble, 1), !isRight)
+                compare(isSquare(bubble, bubble.width - 2), isRight)
+            }
+        }
+    }
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "agentpage.h"
+
+#include "settings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::string_view pageAddress = "/agent";
+constexpr const char *script = "text/javascript; charset=utf-8";
+
+// The page runs its own scripts only, and asks nobody but the backend; text cannot become markup.
+constexpr const char *policy =
+    "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' blob: data:;"
+    " connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none';"
+    " require-trusted-types-for 'script'; trusted-types 'none'";
+
+struct PageFile
+{
+    std::string_view address;
+    const char *asset;
+    const char *type;
+};
+
+constexpr std::array<PageFile, 11> files = {{
+    {pageAddress, "agent.html", "text/html; charset=utf-8"},
+    {"/agent/agent.css", "agent.css", "text/css; charset=utf-8"},
+    {"/agent/main.js", "agent/main.js", script},
+    {"/agent/api.js", "agent/api.js", script},
+    {"/agent/dom.js", "agent/dom.js", script},
+    {"/agent/tickets.js", "agent/tickets.js", script},
+    {"/agent/conversation.js", "agent/conversation.js", script},
+    {"/agent/composer.js", "agent/composer.js", script},
+    {"/agent/push.js", "agent/push.js", script},
+    {"/agent/branding.js", "agent/branding.js", script},
+    {"/agent/schedules.js", "agent/schedules.js", script},
+}};
+
+} // namespace
+
+void answerWithPage(const Call &call)
+{
+    if (methodOf(call.request) != "GET") {
+        call.response.set_header("Allow", "GET");
+        throw Refusal(405, "the page takes GET only");
+    }
+    const std::string_view address = addressOf(call.request);
+    if (address == "/" || address == "/agent/")
+        return call.response.set_redirect(std::string(pageAddress));
+    const auto file = std::find_if(files.begin(), files.end(), [address](const PageFile &known) {
+        return known.address == address;
+    });
+    if (file == files.end())
+        throw Refusal(404, "there is no such address");
+    call.response.set_header("Content-Security-Policy", policy);
+    call.response.set_header("Cross-Origin-Opener-Policy", "same-origin");
+    call.response.set_header("Cross-Origin-Resource-Policy", "same-origin");
+    call.response.set_header("Referrer-Policy", "no-referrer");
+    call.response.set_content(asset(file->asset), file->type);
+}
+
+} // namespace tolvane::backend

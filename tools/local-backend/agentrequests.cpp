@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "agentrequests.h"
+
+#include "errors.h"
+#include "requests.h"
+
+#include <QtCore/QJsonDocument>
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::size_t longestName = 200;
+
+// What clients of the contract show.
+constexpr std::array<std::string_view, 4> pictureTypes = {"image/png", "image/jpeg", "image/gif",
+                                                          "image/webp"};
+
+template <typename Value>
+Value oneOf(std::initializer_list<Value> accepted, const std::string &name, const char *key)
+{
+    for (const Value value : accepted) {
+        if (nameOf(value) == name)
+            return value;
+    }
+    throw Refusal(400, '\'' + std::string(key) + "' cannot be '" + name + '\'');
+}
+
+Author agentNamed(const std::string &name, const char *key)
+{
+    return oneOf({Author::Ai, Author::Human}, name, key);
+}
+
+std::optional<bool> optionalBoolean(const QJsonObject &object, const char *key)
+{
+    const QJsonValue value = object.value(QLatin1String(key));
+    if (value.isUndefined())
+        return std::nullopt;
+    if (!value.isBool())
+        throw Refusal(400, std::string("'") + key + "' has to be true or false");
+    return value.toBool();
+}
+
+} // namespace
+
+AgentMessage agentMessageIn(const httplib::Request &request, const std::string &body)
+{
+    Form form = formIn(request, body);
+    AgentMessage answer;
+    answer.author = agentNamed(form.texts["as"], "as");
+    if (answer.author == Author::Human)
+        answer.person = Person{form.texts["name"], form.texts["picture"]};
+    if (form.texts["name"].size() > longestName)
+        throw Refusal(400, "the name is too long");
+    answer.message = messageIn(std::move(form));
+    return answer;
+}
+
+Upload pictureIn(const httplib::Request &request, const std::string &body)
+{
+    Form form = formIn(request, body);
+    if (form.uploads.size() != 1 || form.uploads.front().bytes.empty())
+        throw Refusal(400, "a picture is one file that is not empty");
+    Upload &picture = form.uploads.front();
+    if (std::find(pictureTypes.begin(), pictureTypes.end(), picture.mimeType) == pictureTypes.end())
+        throw Refusal(400, "a picture has to be PNG, JPEG, GIF or WebP");
+    return std::move(picture);
+}
+
+TicketChange ticketChangeIn(const std::string &body)
+{
+    const QJsonObject object = objectIn(body);
+    TicketChange change;
+    if (const auto state = optionalText(object, "state"))
+        change.state = oneOf({State::Open, State::Closed}, *state, "state");
+    if (const auto assignee = optionalText(object, "assignee"))
+        change.assignee = agentNamed(*assignee, "assignee");
+    change.isAutomatic = optionalBoolean(object, "automatic");
+    // Whoever assigns a ticket to a human means to answer in it.
+    if (change.assignee && !change.isAutomatic)
+        change.isAutomatic = change.assignee == Author::Ai;
+    return change;
+}
+
+HandmadePush pushIn(const std::string &body)
+{
+    return {QJsonDocument(objectIn(body)).toJson(QJsonDocument::Compact).toStdString()};
+}
+
+bool automaticIn(const std::string &body)
+{
+    const auto automatic = optionalBoolean(objectIn(body), "automatic");
+    if (!automatic)
+        throw Refusal(400, "'automatic' is missing");
+    return *automatic;
+}
+
+} // namespace tolvane::backend

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// The colours and logos that all customers see.
+import {byId, element} from './dom.js';
+import {keepPicture, readSettings, saveBranding} from './api.js';
+
+const appearances = ['Light', 'Dark'];
+const colours = [
+    ['primary', 'Primary'],
+    ['accent', 'Accent'],
+    ['chatBackground', 'Background'],
+    ['fontColorBasic', 'Text'],
+    ['bubbleUser', 'Customer’s bubble'],
+    ['fontColorUserBubble', 'Customer’s text'],
+    ['bubbleAgent', 'Agent’s bubble'],
+    ['fontColorAgentBubble', 'Agent’s text'],
+];
+
+const dialog = byId('branding-dialog');
+let branding = {};
+
+const withHash = (colour) => (colour.startsWith('#') ? colour : `#${colour}`).toLowerCase();
+
+function colourInput(name, label, appearance) {
+    const key = name + appearance;
+    const input = element('input', {
+        type: 'color', id: key, value: withHash(branding[key]),
+        'aria-label': `${label}, ${appearance.toLowerCase()}`,
+    });
+    input.addEventListener('input', () => {
+        branding[key] = input.value;
+        renderPreviews();
+    });
+    return input;
+}
+
+function fail(error) {
+    byId('branding-failure').textContent = error?.message ?? '';
+}
+
+async function keepLogo(key, file) {
+    try {
+        branding[key] = (await keepPicture(file)).url;
+        fail(null);
+        render();
+    } catch (error) {
+        fail(error);
+    }
+}
+
+function logoCell(appearance) {
+    const key = `logo${appearance}`;
+    const label = `${appearance.toLowerCase()} logo`;
+    const file = element('input', {
+        type: 'file', id: key, accept: 'image/png,image/jpeg,image/gif,image/webp', hidden: true,
+    });
+    file.addEventListener('change', () => file.files[0] && keepLogo(key, file.files[0]));
+    const choose = element('button', {
+        type: 'button', 'aria-label': `Choose the ${label}`,
+    }, branding[key] ? 'Change' : 'Choose');
+    choose.addEventListener('click', () => file.click());
+    const remove = element('button', {
+        type: 'button', 'aria-label': `Remove the ${label}`, hidden: !branding[key],
+    }, 'Remove');
+    remove.addEventListener('click', () => {
+        delete branding[key];
+        render();
+    });
+    return element('td', {}, file, choose, ' ', remove);
+}
+
+function preview(appearance) {
+    const logo = branding[`logo${appearance}`];
+    const made = element('div', {className: 'preview-phone'},
+        element('div', {className: 'preview-head'},
+            logo ? element('img', {src: logo, alt: ''}) : 'Logo'),
+        element('p', {className: 'preview-agent'}, 'How can we help?'),
+        element('p', {className: 'preview-user'}, 'Where is my parcel?'),
+        element('p', {className: 'preview-basic'}, 'Maya · now'),
+        element('span', {className: 'preview-button'}, 'New'));
+    for (const [name] of colours)
+        made.style.setProperty(`--${name}`, withHash(branding[name + appearance]));
+    return made;
+}
+
+function renderPreviews() {
+    byId('branding-previews').replaceChildren(...appearances.map(preview));
+}
+
+function render() {
+    byId('branding-colours').replaceChildren(...colours.map(([name, label]) => element('tr', {},
+        element('th', {scope: 'row'}, label),
+        ...appearances.map((appearance) =>
+            element('td', {}, colourInput(name, label, appearance))))));
+    byId('branding-logos').replaceChildren(element('tr', {},
+        element('th', {scope: 'row'}, 'Logo'), ...appearances.map(logoCell)));
+    renderPreviews();
+}
+
+async function open(failed) {
+    try {
+        ({branding} = await readSettings());
+        fail(null);
+        render();
+        dialog.showModal();
+    } catch (error) {
+        failed(error);
+    }
+}
+
+/** `saved` is called after each save, `failed` when there is nothing to edit. */
+export function startBranding(saved, failed) {
+    byId('open-branding').addEventListener('click', () => open(failed));
+    dialog.addEventListener('submit', async (event) => {
+        event.preventDefault();
+        try {
+            await saveBranding(branding);
+            dialog.close();
+            saved();
+        } catch (error) {
+            fail(error);
+        }
+    });
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// Elements and times. Whatever customers write becomes text here, never markup.
+
+export const byId = (id) => document.getElementById(id);
+
+/** An element; names with a dash become attributes, others properties. Texts become text nodes. */
+export function element(tag, properties = {}, ...children) {
+    const made = document.createElement(tag);
+    for (const [name, value] of Object.entries(properties)) {
+        if (name.includes('-') || name === 'role')
+            made.setAttribute(name, value);
+        else
+            made[name] = value;
+    }
+    made.append(...children.filter((child) => child !== null && child !== undefined));
+    return made;
+}
+
+/** What the customer is called: the best of what is known. */
+export function customerName({customer}) {
+    return customer.email || customer.originalId || `Customer ${customer.id.slice(-6)}`;
+}
+
+export function initials(name) {
+    const words = name.trim().split(/\s+/u);
+    return words.slice(0, 2).map((word) => [...word][0] ?? '').join('').toUpperCase();
+}
+
+/** A round picture, or the first letters of the name. */
+export function avatar(name, picture) {
+    const made = element('span', {className: 'avatar', 'aria-hidden': 'true'});
+    fillAvatar(made, name, picture);
+    return made;
+}
+
+export function fillAvatar(target, name, picture) {
+    target.replaceChildren(picture ? element('img', {src: picture, alt: ''}) : initials(name));
+}
+
+// The offset comes without a colon, which only some parsers take.
+const dateOf = (timestamp) => new Date(timestamp.replace(/([+-]\d\d)(\d\d)$/u, '$1:$2'));
+
+export const milliseconds = (timestamp) => dateOf(timestamp).getTime();
+
+const clock = new Intl.DateTimeFormat(undefined, {hour: '2-digit', minute: '2-digit'});
+const dayAndClock = new Intl.DateTimeFormat(undefined, {
+    day: 'numeric', month: 'short', hour: '2-digit', minute: '2-digit',
+});
+const wholeDate = new Intl.DateTimeFormat(undefined, {dateStyle: 'full', timeStyle: 'medium'});
+
+export function timeElement(timestamp) {
+    const date = dateOf(timestamp);
+    const isToday = date.toDateString() === new Date().toDateString();
+    return element('time', {
+        dateTime: date.toISOString(), title: wholeDate.format(date),
+    }, (isToday ? clock : dayAndClock).format(date));
+}
+
+const relative = new Intl.RelativeTimeFormat(undefined, {numeric: 'auto', style: 'short'});
+const units = [[86400, 'day'], [3600, 'hour'], [60, 'minute']];
+
+export function agoText(timestamp) {
+    const seconds = (Date.now() - milliseconds(timestamp)) / 1000;
+    for (const [length, unit] of units) {
+        if (seconds >= length)
+            return relative.format(-Math.floor(seconds / length), unit);
+    }
+    return 'now';
+}
+
+/** Dialogs close by their buttons as by Escape. */
+export function prepareDialogs() {
+    for (const button of document.querySelectorAll('[data-closes]'))
+        button.addEventListener('click', () => button.closest('dialog').close());
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "settings.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+
+namespace tolvane::backend {
+
+class Store;
+
+/// The settings as they are now: as the agents have saved them, else as the backend was started
+/// with. Safe for threads.
+class LiveSettings
+{
+public:
+    /// A file that is named goes before what was saved. Throws a StartError.
+    LiveSettings(Store &store, const std::string &brandingPath, const std::string &schedulesPath);
+
+    std::shared_ptr<const Settings> now() const;
+    void save(const Branding &branding);
+    void save(const Schedules &schedules);
+    void saveAnswersAutomatically(bool answers);
+
+private:
+    void change(const char *name, const std::string &saved,
+                const std::function<void(Settings &)> &apply);
+
+    Store &m_store;
+    mutable std::mutex m_mutex;
+    std::shared_ptr<const Settings> m_now;
+};
+
+} // namespace tolvane::backend

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database.h"
+#include "records.h"
+
+namespace tolvane::backend {
+
+/// The first columns of each query for messages, with a row for each attachment.
+#define MESSAGE_COLUMNS                                                                            \
+    "m.id, m.author, m.content, m.is_read, m.at, m.person_name, m.person_picture, a.hash, a.name"
+inline constexpr int messageColumns = 9;
+
+/// The message of such a row, without attachments.
+Message messageAt(const Statement &row, const std::string &customer, const std::string &ticketId);
+void addAttachmentAt(const Statement &row, Message &message);
+
+std::string filePath(std::string_view hash, std::string_view name);
+
+} // namespace tolvane::backend

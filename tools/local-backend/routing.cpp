@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "routing.h"
+
+#include "json.h"
+#include "text.h"
+
+#include <algorithm>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr const char *jsonType = "application/json";
+
+} // namespace
+
+std::string Call::component(std::size_t place) const
+{
+    return percentDecoded(path.at(place));
+}
+
+void Call::answer(const std::string &json) const
+{
+    response.set_content(json, jsonType);
+}
+
+void setError(httplib::Response &response, int status, const std::string &reason)
+{
+    response.status = status;
+    response.set_content(toJson(std::map<std::string, std::string>{{"error", reason}}), jsonType);
+}
+
+std::string_view addressOf(const httplib::Request &request)
+{
+    const std::string_view target = request.target;
+    return target.substr(0, target.find('?'));
+}
+
+Path pathBehind(std::string_view prefix, const httplib::Request &request)
+{
+    const std::string_view address = addressOf(request);
+    return address.starts_with(prefix) ? split(address.substr(prefix.size()), '/') : Path();
+}
+
+bool matches(const Path &path, std::string_view pattern)
+{
+    const Path expected = split(pattern, '/');
+    return std::equal(path.begin(), path.end(), expected.begin(), expected.end(),
+                      [](std::string_view component, std::string_view wanted) {
+                          return wanted == "*" ? !component.empty() : component == wanted;
+                      });
+}
+
+std::string_view methodOf(const httplib::Request &request)
+{
+    return request.method == "HEAD" ? std::string_view("GET") : std::string_view(request.method);
+}
+
+} // namespace tolvane::backend
