@@ -13,11 +13,17 @@ FocusScope {
     /// False while something else is on top of it.
     required property bool isOnTop
 
+    // Its properties change while it is made, too, when there is no store yet.
+    property bool isMade: false
+
     onIsOnTopChanged: {
-        if (isOnTop)
+        if (isOnTop && isMade)
             conversation.appear()
     }
-    Component.onCompleted: conversation.appear()
+    Component.onCompleted: {
+        isMade = true
+        conversation.appear()
+    }
 
     Keys.onEscapePressed: navigation.goBack()
     Keys.onBackPressed: navigation.goBack()
