@@ -21,12 +21,17 @@ struct Look
     bool isDark;
     /// What a pointer does else, keys do.
     bool byKeys;
+    /// Of the last message of the conversation that is written in; empty when none is.
+    const char *talk;
 };
 
 constexpr Look looks[] = {
-    {"portrait-light", {412, 860}, false, false}, {"portrait-dark", {412, 860}, true, true},
-    {"landscape-light", {860, 412}, false, true}, {"landscape-dark", {860, 412}, true, false},
-    {"small-light", {320, 480}, false, false},    {"large-dark", {1280, 800}, true, true},
+    {"portrait-light", {412, 860}, false, false, "Here is your label"},
+    {"portrait-dark", {412, 860}, true, true, "All three fit"},
+    {"landscape-light", {860, 412}, false, true, ""},
+    {"landscape-dark", {860, 412}, true, false, ""},
+    {"small-light", {320, 480}, false, false, ""},
+    {"large-dark", {1280, 800}, true, true, ""},
 };
 
 void setAppearance(bool isDark)
@@ -64,7 +69,10 @@ public:
         else
             m_visitor.click(m_visitor.find(QAccessible::Button, u"Help"_s));
         seeList();
-        readConversation();
+        if (*look.talk)
+            talk(QLatin1String(look.talk));
+        else
+            readConversation();
         collapse();
         pull();
         close(look.byKeys);
@@ -118,6 +126,26 @@ private:
         const QRect back = m_visitor.find(QAccessible::Button, u"Back"_s);
         take(u"conversation"_s);
         m_visitor.click(back);
+    }
+
+    void talk(const QString &lastMessage)
+    {
+        m_visitor.click(m_visitor.find(QAccessible::ListItem, lastMessage));
+        // The focus is in what is written.
+        m_visitor.find(QAccessible::EditableText);
+        take(u"conversation"_s);
+        m_visitor.type(u"When are you open?"_s);
+        take(u"written"_s);
+        m_visitor.press(Qt::Key_Return, Qt::ControlModifier);
+        m_visitor.find(QAccessible::ListItem, u"Mon, Tue"_s);
+        take(u"answered"_s);
+        m_visitor.click(m_visitor.find(QAccessible::Button, u"Picture "_s));
+        m_visitor.find(QAccessible::Graphic, u"Picture"_s);
+        take(u"photo"_s);
+        m_visitor.press(Qt::Key_Escape);
+        m_visitor.rest();
+        m_visitor.press(Qt::Key_Escape);
+        m_visitor.rest();
     }
 
     void pull()

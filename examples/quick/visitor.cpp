@@ -24,7 +24,7 @@ void wait(std::chrono::milliseconds time)
 
 bool isWanted(const QAccessibleInterface &thing, QAccessible::Role role, const QString &name)
 {
-    return thing.role() == role && thing.text(QAccessible::Name).startsWith(name);
+    return thing.role() == role && thing.text(QAccessible::Name).contains(name);
 }
 
 /// The place on the screen of the first that is wanted and has its middle within `seen`.
@@ -70,8 +70,8 @@ QRect Visitor::find(QAccessible::Role role, const QString &name)
         before = place;
         wait(glance);
     }
-    throw NotFound("nothing of role " + std::to_string(role) + " begins with '" +
-                   name.toStdString() + "'");
+    throw NotFound("nothing of role " + std::to_string(role) + " holds '" + name.toStdString() +
+                   "'");
 }
 
 void Visitor::click(const QRect &place)
@@ -80,12 +80,18 @@ void Visitor::click(const QRect &place)
     release();
 }
 
-void Visitor::press(Qt::Key key)
+void Visitor::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString &text)
 {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, key, Qt::NoModifier);
+        QKeyEvent event(type, key, modifiers, text);
         QCoreApplication::sendEvent(&m_window, &event);
     }
+}
+
+void Visitor::type(const QString &text)
+{
+    for (const QChar character : text)
+        press(static_cast<Qt::Key>(character.toUpper().unicode()), {}, character);
 }
 
 void Visitor::turnWheel(int steps)

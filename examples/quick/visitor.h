@@ -23,11 +23,13 @@ class Visitor
 public:
     explicit Visitor(QQuickWindow &window);
 
-    /// Of the first thing of the role whose name begins so, once it is seen and at rest, within the
-    /// window. Throws NotFound when it does not come.
+    /// Of the first thing of the role whose name holds that, once it is seen and at rest, within
+    /// the window. Throws NotFound when it does not come.
     QRect find(QAccessible::Role role, const QString &name = {});
     void click(const QRect &place);
-    void press(Qt::Key key);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}, const QString &text = {});
+    /// Key by key, to whatever has the focus.
+    void type(const QString &text);
     void turnWheel(int steps);
     /// Presses at a point and moves by so much; the pointer stays down until release().
     void drag(const QPoint &from, const QPoint &by);
