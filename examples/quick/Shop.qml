@@ -6,104 +6,90 @@ import QtQuick.Window
 Window {
     id: shop
 
-    width: 420
-    height: 800
+    required property QtObject support
+
+    readonly property Look look: Look { }
+    readonly property int margin: width < 360 ? 12 : 20
+    readonly property int room: Math.min(width, 1160) - 2 * margin
+
+    width: 412
+    height: 860
+    minimumWidth: 280
+    minimumHeight: 320
     visible: true
     title: "Nordlicht Outdoor"
-    color: "#f3f1ec"
+    color: look.ground
 
-    component Tile: Rectangle {
-        id: tile
+    Flickable {
+        anchors.fill: parent
+        contentHeight: page.height + help.height + 3 * shop.margin
+        boundsBehavior: Flickable.StopAtBounds
 
-        property string name
-        property string price
-        property color shade
+        Column {
+            id: page
 
-        width: (shop.width - 60) / 2
-        height: width * 1.25
-        radius: 16
-        color: "white"
+            width: shop.width
+            spacing: shop.margin
 
-        Rectangle {
-            x: 10
-            y: 10
-            width: parent.width - 20
-            height: parent.height - 76
-            radius: 10
-            gradient: Gradient {
-                GradientStop { position: 0; color: Qt.lighter(tile.shade, 1.4) }
-                GradientStop { position: 1; color: tile.shade }
+            Hero {
+                width: parent.width
+                height: Math.min(width * 0.62, 320, shop.height * 0.45)
+                title: shop.title
+                margin: shop.margin
+            }
+
+            Grid {
+                id: shelf
+
+                readonly property real cell: (width - (columns - 1) * spacing) / columns
+
+                x: (shop.width - width) / 2
+                width: shop.room
+                columns: Math.max(2, Math.min(6, Math.floor(width / 170)))
+                spacing: shop.margin * 0.8
+
+                Repeater {
+                    model: [
+                        { name: "Fjell 30 pack", price: "129 €", picture: "pack", shade: "#3f7f6c" },
+                        { name: "Regn shell", price: "219 €", picture: "shell", shade: "#3d7ea6" },
+                        { name: "Ull base layer", price: "79 €", picture: "layer", shade: "#c9744a" },
+                        { name: "Stjerne lamp", price: "45 €", picture: "lamp", shade: "#c99a3b" },
+                        { name: "Telt for two", price: "349 €", picture: "tent", shade: "#6f8f5c" },
+                        { name: "Kaffe mug", price: "19 €", picture: "mug", shade: "#a8667a" }
+                    ]
+
+                    Product {
+                        required property var modelData
+
+                        width: shelf.cell
+                        look: shop.look
+                        name: modelData.name
+                        price: modelData.price
+                        picture: modelData.picture
+                        shade: modelData.shade
+                    }
+                }
             }
         }
-        Text {
-            x: 14
-            anchors.bottom: priceText.top
-            anchors.bottomMargin: 2
-            text: tile.name
-            font.pixelSize: 15
-            font.weight: Font.DemiBold
-            color: "#22303c"
-        }
-        Text {
-            id: priceText
-
-            x: 14
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: 12
-            text: tile.price
-            font.pixelSize: 14
-            color: "#6b7680"
-        }
     }
 
-    Text {
-        id: name
+    HelpButton {
+        id: help
 
-        x: 20
-        y: 28
-        text: shop.title
-        font.pixelSize: 26
-        font.bold: true
-        color: "#22303c"
-    }
-
-    Grid {
-        x: 20
-        anchors.top: name.bottom
-        anchors.topMargin: 20
-        columns: 2
-        spacing: 20
-
-        Tile { name: "Fjell 30 pack"; price: "129 €"; shade: "#3f6b5c" }
-        Tile { name: "Regn shell"; price: "219 €"; shade: "#35637f" }
-        Tile { name: "Ull base layer"; price: "79 €"; shade: "#a4643a" }
-        Tile { name: "Stjerne lamp"; price: "45 €"; shade: "#c99a3b" }
-    }
-
-    Rectangle {
         objectName: "helpButton"
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.margins: 20
-        width: label.implicitWidth + 48
-        height: 52
-        radius: 26
-        color: area.pressed ? "#1b2730" : "#22303c"
+        anchors.margins: shop.margin
+        focus: true
+        look: shop.look
+        onClicked: shop.support.open()
+    }
 
-        Text {
-            id: label
-
-            anchors.centerIn: parent
-            text: "Help"
-            font.pixelSize: 17
-            font.weight: Font.DemiBold
-            color: "white"
-        }
-        MouseArea {
-            id: area
-
-            anchors.fill: parent
-            onClicked: help.open()
-        }
+    PushBanner {
+        width: Math.min(shop.width - 2 * shop.margin, 420)
+        anchors.horizontalCenter: parent.horizontalCenter
+        look: shop.look
+        support: shop.support
+        onClicked: shop.support.tap()
     }
 }

@@ -45,8 +45,9 @@ struct RunningBackend : tolvane::backend::Backend
 {
     explicit RunningBackend(const std::string &database = tolvane::backend::inMemory,
                             std::chrono::milliseconds replyDelay = std::chrono::hours(1),
-                            const std::vector<std::string> &keys = {})
-        : Backend(tolvane::backend::openDatabase(database), replyDelay)
+                            const std::vector<std::string> &keys = {},
+                            const std::string &branding = {})
+        : Backend(tolvane::backend::openDatabase(database), replyDelay, branding)
         , server({"127.0.0.1", 0, keys, 1 << 20}, *this)
     {
         server.bind();

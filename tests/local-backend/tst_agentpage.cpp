@@ -54,7 +54,7 @@ private Q_SLOTS:
         std::vector<std::string> pending = {"/agent"};
         QSet<QString> seen;
         static const QRegularExpression named(
-            uR"((?:href="|src="|from ')(/agent/|\./)([a-z]+\.(?:js|css))["'])"_s);
+            u"(?:href=\"|src=\"|from ')(/agent/|\\./)([a-z]+\\.(?:js|css))[\"']"_s);
         while (!pending.empty()) {
             const auto file = agent.get(pending.back());
             QVERIFY2(file.status == 200 && !file.body.empty(), pending.back().c_str());
@@ -101,7 +101,7 @@ private Q_SLOTS:
             {413, "pictures", std::string(5 << 20, 'x')},
             {409, ticket + "/push", "{}"},
             {400, ticket + "/push", "[]"},
-            {400, "branding", R"({"primaryLight":"#12345"})"},
+            {400, "branding", "{\"primaryLight\":\"#12345\"}"},
             {400, "schedules", R"([{"id":"a","days":["Sat"],"startTime":"9:00"}])"},
             {400, "automatic", "{}"},
             {404, "nothing", "{}"},

@@ -31,9 +31,8 @@ QStringList textsIn(const MessageListModel &model)
 {
     QStringList texts;
     for (int row = 0; row < model.rowCount(); ++row)
-        texts += model.data(model.index(row), MessageListModel::contentRole)
-                     .value<StyledText>()
-                     .text;
+        texts +=
+            model.data(model.index(row), MessageListModel::contentRole).value<StyledText>().text;
     return texts;
 }
 
@@ -107,7 +106,9 @@ private Q_SLOTS:
         message.attachments = QStringList{u"https://cdn.example/a.png"_s};
         message.content = QString(100'000, u'x');
         model.setMessages({message, makeMessage(u"n"_s)});
-        const auto valueOf = [&model](int row, int role) { return model.data(model.index(row), role); };
+        const auto valueOf = [&model](int row, int role) {
+            return model.data(model.index(row), role);
+        };
         QCOMPARE(model.rowCount(), 26);
         QCOMPARE(textsIn(model).first(25).join(QString()), message.content);
         QCOMPARE(valueOf(0, MessageListModel::attachmentsRole).toStringList().size(), 1);
@@ -130,8 +131,8 @@ private Q_SLOTS:
         QTest::newRow("one word") << u"abcdefg"_s << QString();
         QTest::newRow("words") << u"some words "_s << QString();
         QTest::newRow("lines") << u"a line of text\n"_s << u"\n"_s;
-        QTest::newRow("emoji of several") << u"\U0001F468\u200D\U0001F469\u200D\U0001F467"_s
-                                          << QString();
+        QTest::newRow("emoji of several")
+            << u"\U0001F468\u200D\U0001F469\u200D\U0001F467"_s << QString();
         QTest::newRow("accents") << u"e\u0301\u0302\u0303\u0304"_s << QString();
         QTest::newRow("a character without an end") << u"\u0301"_s << QString();
         QTest::newRow("no width") << u"\u200b"_s << QString();
@@ -165,7 +166,8 @@ private Q_SLOTS:
         const QString support = u"ticket_support"_s;
         QTest::newRow("customer") << words::customer << u"Eve"_s << url << u"none"_s << u"You"_s;
         QTest::newRow("ai") << words::aiAgent << QString() << url << u"ai"_s << support;
-        QTest::newRow("human") << words::humanAgent << u"Maya"_s << QString() << u"person"_s << maya;
+        QTest::newRow("human") << words::humanAgent << u"Maya"_s << QString() << u"person"_s
+                               << maya;
         QTest::newRow("picture") << words::humanAgent << u"Maya"_s << url << u"picture"_s << maya;
         QTest::newRow("no name") << words::humanAgent << u" "_s << url << u"picture"_s << support;
         QTest::newRow("unknown") << u"Customer"_s << u"Maya"_s << url << u"none"_s << maya;
@@ -201,7 +203,9 @@ private Q_SLOTS:
     void markdownWithinALine_data()
     {
         QTest::addColumn<QString>("html");
-        const auto add = [](const char *source, const char *html) { QTest::newRow(source) << QString::fromUtf8(html); };
+        const auto add = [](const char *source, const char *html) {
+            QTest::newRow(source) << QString::fromUtf8(html);
+        };
         add("*a* _b_", "<i>a</i> <i>b</i>");
         add("**a** __b__", "<b>a</b> <b>b</b>");
         add("***a***", "<b><i>a</i></b>");
@@ -226,12 +230,14 @@ private Q_SLOTS:
         add("# a\n- b\n1. c\n> d\n    e\n---", "# a\n- b\n1. c\n> d\n    e\n---");
         add("a\r\n\r\n  b", "a\n\n  b");
         add("*a*\nb", "<i>a</i><br/>b");
-        add("*a* <img src=\"https://x\"> <b>", "<i>a</i> &lt;img src=&quot;https://x&quot;&gt; &lt;b&gt;");
+        add("*a* <img src=\"https://x\"> <b>",
+            "<i>a</i> &lt;img src=&quot;https://x&quot;&gt; &lt;b&gt;");
         add("<script>a</script>", "<script>a</script>");
         add("![a](x.png)", "![a](x.png)");
         add("[a](javascript:b)", "[a](javascript:b)");
         add("[a](file:///etc/passwd)", "[a](file:///etc/passwd)");
-        add("[a](https://x.y\" onclick=\"b)", "[a](<a href=\"https://x.y\">https://x.y</a>&quot; onclick=&quot;b)");
+        add("[a](https://x.y\" onclick=\"b)",
+            "[a](<a href=\"https://x.y\">https://x.y</a>&quot; onclick=&quot;b)");
         add("[a]() [b] []( ", "[a]() [b] []( ");
         add("", "");
     }
@@ -254,7 +260,8 @@ private Q_SLOTS:
             const QString plain = withoutMarkdown(text);
             QCOMPARE(plain.count(u'a'), text.count(u'a'));
         }
-        for (const char *unit : {"*", "**a", "a*", "[", "](", "<", "`a``", "[a](", "_a_ ", "((", "h"})
+        for (const char *unit :
+             {"*", "**a", "a*", "[", "](", "<", "`a``", "[a](", "_a_ ", "((", "h"})
             QVERIFY(!withoutMarkdown(QString::fromLatin1(unit).repeated(longestPart / 4)).isNull());
     }
 
@@ -302,10 +309,10 @@ private Q_SLOTS:
         QFETCH(const QList<double>, grid);
         AttachmentsLayout layout;
         layout.total = total;
-        QCOMPARE((QList<double>{double(layout.count()), double(layout.columns()),
-                                double(layout.rows()), layout.greatestWidth(), layout.side(),
-                                double(layout.remaining(3))}),
-                 grid);
+        QCOMPARE(
+            (QList<double>{double(layout.count()), double(layout.columns()), double(layout.rows()),
+                           layout.greatestWidth(), layout.side(), double(layout.remaining(3))}),
+            grid);
         QCOMPARE(layout.remaining(2), 0);
     }
 };

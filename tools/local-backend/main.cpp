@@ -3,6 +3,7 @@
 #include "errors.h"
 #include "options.h"
 #include "schema.h"
+#include "seed.h"
 #include "server.h"
 
 #include <QtCore/QCoreApplication>
@@ -48,7 +49,10 @@ bool serveUntilSignal(Server &server, const sigset_t &signals)
 
 int run(const Options &options, const sigset_t &signals)
 {
-    Backend backend(openDatabase(options.databasePath), options.replyDelay, options.brandingPath,
+    Database database = openDatabase(options.databasePath);
+    if (!options.seedPath.empty())
+        plantSeed(options.seedPath, database);
+    Backend backend(std::move(database), options.replyDelay, options.brandingPath,
                     options.schedulesPath);
     Server server({options.host, options.port, options.keys, options.maxBody}, backend);
     server.bind();

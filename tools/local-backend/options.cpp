@@ -29,6 +29,8 @@ constexpr Flag flags[] = {
     {"db", "FILE", "",
      "Database, :memory: for none that lasts. By default "
      "tolvane-backend/backend.sqlite in the user's data folder."},
+    {"seed", "FILE", "",
+     "JSON file of conversations to begin with; their customer gets them once."},
     {"branding", "FILE", "", "JSON object of the branding's texts, instead of the built-in one."},
     {"schedules", "FILE", "", "JSON list of schedules, instead of weekdays from 9 to 18."},
     {"key", "KEY", "",
@@ -125,6 +127,7 @@ Options parseOptions(const QStringList &arguments)
     options.databasePath = parser.value(u"db"_s).toStdString();
     if (options.databasePath.empty())
         options.databasePath = defaultDatabasePath();
+    options.seedPath = parser.value(u"seed"_s).toStdString();
     options.brandingPath = parser.value(u"branding"_s).toStdString();
     options.schedulesPath = parser.value(u"schedules"_s).toStdString();
     options.keys = keysOf(parser);

@@ -14,6 +14,7 @@ struct Options
     std::string host;
     int port = 0;
     std::string databasePath;
+    std::string seedPath;
     std::string brandingPath;
     std::string schedulesPath;
     std::vector<std::string> keys;

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings.h"
 
-#include "errors.h"
-
-#include <QtCore/QFile>
+#include "settingsjson.h"
 
 // At namespace scope, as the macro asks for.
 static void initializeAssets()
@@ -15,25 +13,10 @@ namespace tolvane::backend {
 
 namespace {
 
-std::string contentOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw SettingsError("cannot be read (" + file.errorString().toStdString() +
-                            "); check its name and rights");
-    return file.readAll().toStdString();
-}
-
 template <typename Parse>
 auto load(Parse parse, const std::string &path, const char *flag, const char *builtIn)
 {
-    if (path.empty())
-        return parse(asset(builtIn));
-    try {
-        return parse(contentOf(QString::fromStdString(path)));
-    } catch (const SettingsError &error) {
-        throw StartError("the file '" + path + "' of " + flag + ' ' + error.what());
-    }
+    return path.empty() ? parse(asset(builtIn)) : parseFile(parse, path, flag);
 }
 
 } // namespace

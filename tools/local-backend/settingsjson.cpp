@@ -1,9 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "settingsjson.h"
 
+#include <QtCore/QFile>
+
 namespace tolvane::backend {
 
 using namespace Qt::StringLiterals;
+
+std::string contentOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw SettingsError("cannot be read (" + file.errorString().toStdString() +
+                            "); check its name and rights");
+    return file.readAll().toStdString();
+}
 
 QJsonDocument settingsJson(std::string_view text)
 {

@@ -5,7 +5,8 @@ import Tolvane
 // One message: its pictures, its text in a bubble beside the sender's avatar, and from when and
 // whom it is. A row of a long one has a part of the text only.
 Item {
-    id: item
+    // Not "item": in what a Loader loads, that is the Loader's own.
+    id: messageItem
 
     required property bool isCustomer
     /// "picture", "person", "ai" or "none"
@@ -53,60 +54,60 @@ Item {
     Loader {
         id: grid
 
-        y: item.topInset
+        y: messageItem.topInset
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.margins: 16
-        active: item.attachments.length > 0
+        active: messageItem.attachments.length > 0
         sourceComponent: AttachmentsGrid {
-            attachments: item.attachments
-            messageData: item.messageData
-            isCustomer: item.isCustomer
-            onPressed: item.pressed()
+            attachments: messageItem.attachments
+            messageData: messageItem.messageData
+            isCustomer: messageItem.isCustomer
+            onPressed: messageItem.pressed()
         }
     }
 
     MessageAvatar {
         anchors.left: parent.left
         anchors.leftMargin: 16
-        y: item.bubbleBottom - height
-        kind: item.isLast ? item.avatar : "none"
-        picture: item.picture
+        y: messageItem.bubbleBottom - height
+        kind: messageItem.isLast ? messageItem.avatar : "none"
+        picture: messageItem.picture
     }
 
     MessageBubble {
         id: bubble
 
-        y: item.bubbleTop
-        anchors.left: item.isCustomer ? undefined : parent.left
-        anchors.leftMargin: 16 + (item.avatar === "none" ? 0 : item.inset)
-        anchors.right: item.isCustomer ? parent.right : undefined
+        y: messageItem.bubbleTop
+        anchors.left: messageItem.isCustomer ? undefined : parent.left
+        anchors.leftMargin: 16 + (messageItem.avatar === "none" ? 0 : messageItem.inset)
+        anchors.right: messageItem.isCustomer ? parent.right : undefined
         anchors.rightMargin: 16
-        maximumWidth: Math.min(item.width - 32 - item.inset, 600)
-        isCustomer: item.isCustomer
-        isFirst: item.isFirst
-        isLast: item.isLast
-        content: item.content
-        onLinkActivated: link => item.linkActivated(link)
-        onPressed: item.pressed()
+        maximumWidth: Math.min(messageItem.width - 32 - messageItem.inset, 600)
+        isCustomer: messageItem.isCustomer
+        isFirst: messageItem.isFirst
+        isLast: messageItem.isLast
+        content: messageItem.content
+        onLinkActivated: link => messageItem.linkActivated(link)
+        onPressed: messageItem.pressed()
 
         FocusRing {
             radius: 18
             tint: Theme.fontBasicColor
-            isShown: item.showsFocus
+            isShown: messageItem.showsFocus
         }
     }
 
     MessageCaption {
         id: caption
 
-        y: item.bubbleBottom + 10
-        anchors.left: item.isCustomer ? undefined : parent.left
-        anchors.right: item.isCustomer ? parent.right : undefined
-        anchors.leftMargin: 16 + item.inset
+        y: messageItem.bubbleBottom + 10
+        anchors.left: messageItem.isCustomer ? undefined : parent.left
+        anchors.right: messageItem.isCustomer ? parent.right : undefined
+        anchors.leftMargin: 16 + messageItem.inset
         anchors.rightMargin: 16
-        width: Math.min(implicitWidth, item.width - 32 - item.inset)
-        visible: item.isLast
-        text: item.caption
+        width: Math.min(implicitWidth, messageItem.width - 32 - messageItem.inset)
+        visible: messageItem.isLast
+        text: messageItem.caption
     }
 }

@@ -31,9 +31,10 @@ void AnchoredList::setModel(QAbstractItemModel *model)
     m_model = model;
     if (model) {
         using Model = QAbstractItemModel;
-        connect(model, &Model::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
-            insertRows(first, last - first + 1);
-        });
+        connect(model, &Model::rowsInserted, this,
+                [this](const QModelIndex &, int first, int last) {
+                    insertRows(first, last - first + 1);
+                });
         connect(model, &Model::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
             removeRows(first, last - first + 1);
         });

@@ -38,7 +38,8 @@ class AnchoredList : public QQuickItem
     /// Components of further rows after those of the model.
     Q_PROPERTY(QVariantList trailing READ trailing WRITE setTrailing NOTIFY trailingChanged)
     Q_PROPERTY(double topMargin MEMBER m_topMargin WRITE setTopMargin NOTIFY marginsChanged)
-    Q_PROPERTY(double bottomMargin MEMBER m_bottomMargin WRITE setBottomMargin NOTIFY marginsChanged)
+    Q_PROPERTY(
+        double bottomMargin MEMBER m_bottomMargin WRITE setBottomMargin NOTIFY marginsChanged)
     /// Whether somebody moves the list, or it still coasts.
     Q_PROPERTY(bool isMoving MEMBER m_isMoving WRITE setMoving NOTIFY isMovingChanged)
     /// The place at the top of the list's window.

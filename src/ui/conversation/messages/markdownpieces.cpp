@@ -209,9 +209,9 @@ private:
     /// Where the target ends that begins with the parenthesis there, and what it is.
     std::optional<std::pair<qsizetype, QString>> target(qsizetype from) const
     {
-        static const QRegularExpression form(QStringLiteral(
-            "\\(\\s*(?:<([^<>\\n]*)>|((?:[^\\s()]|\\([^\\s()]*\\))*))"
-            "(?:\\s+(?:\"[^\"]*\"|'[^']*'))?\\s*\\)"));
+        static const QRegularExpression form(
+            QStringLiteral("\\(\\s*(?:<([^<>\\n]*)>|((?:[^\\s()]|\\([^\\s()]*\\))*))"
+                           "(?:\\s+(?:\"[^\"]*\"|'[^']*'))?\\s*\\)"));
         const auto match = form.match(m_text, from, QRegularExpression::NormalMatch,
                                       QRegularExpression::AnchorAtOffsetMatchOption);
         if (!match.hasMatch())

@@ -24,8 +24,8 @@ bool isNews(const QList<MessageDto> &messages, const QList<MessageDto> &before)
 
 void MessageListModel::setMessages(const QList<MessageDto> &messages)
 {
-    const bool isSame = messages.constData() == m_messages.constData() &&
-                        messages.size() == m_messages.size();
+    const bool isSame =
+        messages.constData() == m_messages.constData() && messages.size() == m_messages.size();
     if (isSame || messages == m_messages)
         return;
     const QList<MessageDto> before = std::exchange(m_messages, messages);
@@ -74,10 +74,14 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> MessageListModel::roleNames() const
 {
-    return {{isCustomerRole, "isCustomer"},   {avatarRole, "avatar"},
-            {pictureRole, "picture"},         {contentRole, "content"},
-            {captionRole, "caption"},         {attachmentsRole, "attachments"},
-            {descriptionRole, "description"}, {isFirstRole, "isFirst"},
+    return {{isCustomerRole, "isCustomer"},
+            {avatarRole, "avatar"},
+            {pictureRole, "picture"},
+            {contentRole, "content"},
+            {captionRole, "caption"},
+            {attachmentsRole, "attachments"},
+            {descriptionRole, "description"},
+            {isFirstRole, "isFirst"},
             {isLastRole, "isLast"}};
 }
 

@@ -23,8 +23,8 @@ QString isolated(const QString &name)
             text += c;
     }
     constexpr qsizetype longest = 100;
-    return text.isEmpty() ? text : QChar(0x2068) + text.first(qMin(text.size(), longest)) +
-                                       QChar(0x2069);
+    return text.isEmpty() ? text
+                          : QChar(0x2068) + text.first(qMin(text.size(), longest)) + QChar(0x2069);
 }
 
 QString senderLabel(const SenderDto &sender)
@@ -41,12 +41,12 @@ void addRows(QList<MessageRow> &rows, const MessageDto &message)
     const QStringList parts = partsOf(message.content);
     for (qsizetype part = 0; part < parts.size(); ++part) {
         const bool isFirst = part == 0;
-        rows += {.id = isFirst ? message.id
-                               : message.id + QLatin1Char('\n') + QString::number(part),
-                 .message = message,
-                 .text = parts.at(part),
-                 .isFirst = isFirst,
-                 .isLast = part == parts.size() - 1};
+        rows +=
+            {.id = isFirst ? message.id : message.id + QLatin1Char('\n') + QString::number(part),
+             .message = message,
+             .text = parts.at(part),
+             .isFirst = isFirst,
+             .isLast = part == parts.size() - 1};
     }
 }
 
@@ -85,8 +85,8 @@ QString description(const MessageDto &message)
 {
     // Nobody listens to more in one go, and assistive tools copy it about.
     constexpr qsizetype longest = 2000;
-    const QString text = withoutMarkdown(message.content.first(
-        qMin(message.content.size(), longest)));
+    const QString text =
+        withoutMarkdown(message.content.first(qMin(message.content.size(), longest)));
     QStringList parts = {senderLabel(message.sender), text, timeAgoText(message.timestamp)};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));

@@ -48,7 +48,7 @@ int RowOffsets::rowAt(double offset) const
 void RowOffsets::forgetBehind(int row)
 {
     if (m_offsets.size() > std::size_t(row) + 1)
-        m_offsets.resize(std::size_t(row) + 1);
+        m_offsets.erase(m_offsets.begin() + row + 1, m_offsets.end());
 }
 
 } // namespace tolvane

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// Opens the messenger.
+Rectangle {
+    id: button
+
+    required property Look look
+
+    signal clicked()
+
+    implicitWidth: label.implicitWidth + 56
+    implicitHeight: 52
+    radius: 26
+    color: area.pressed ? Qt.darker(look.strong, 1.2) : look.strong
+    activeFocusOnTab: true
+    Accessible.role: Accessible.Button
+    Accessible.name: label.text
+    Accessible.description: "Opens the messenger"
+    Accessible.focusable: true
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+    Keys.onSpacePressed: clicked()
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: -4
+        radius: height / 2
+        color: "transparent"
+        border.width: 2
+        border.color: button.look.strong
+        visible: button.activeFocus
+    }
+    Text {
+        id: label
+
+        anchors.centerIn: parent
+        text: "Help"
+        textFormat: Text.PlainText
+        font.pixelSize: 17
+        font.weight: Font.DemiBold
+        color: button.look.contrast
+        Accessible.ignored: true
+    }
+    MouseArea {
+        id: area
+
+        anchors.fill: parent
+        cursorShape: Qt.PointingHandCursor
+        onClicked: button.clicked()
+    }
+}

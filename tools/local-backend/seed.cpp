@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "seed.h"
+
+#include "seedfile.h"
+#include "text.h"
+
+#include <algorithm>
+
+namespace tolvane::backend {
+
+namespace {
+
+/// A message and the ticket that it goes to.
+struct Entry
+{
+    const SeededMessage *message;
+    const SeededConversation *conversation;
+    std::string ticketId;
+};
+
+Instant momentsAgo(Instant now, double minutes)
+{
+    return now - static_cast<Instant>(minutes * 60'000);
+}
+
+Author assigneeOf(const SeededConversation &conversation)
+{
+    const auto agent =
+        std::find_if(conversation.messages.rbegin(), conversation.messages.rend(),
+                     [](const auto &message) { return message.author != Author::Customer; });
+    return agent == conversation.messages.rend() ? Author::Ai : agent->author;
+}
+
+/// Returns the hash, under which the bytes are kept.
+std::string plantFile(const Upload &file, Database &database)
+{
+    std::string hash = sha256Hex(file.bytes);
+    database.run("INSERT OR IGNORE INTO files (hash, bytes) VALUES (?, ?)", hash, Blob{file.bytes});
+    return hash;
+}
+
+void plantPictures(const Seed &seed, Database &database)
+{
+    for (const Upload &picture : seed.pictures) {
+        database.run("INSERT OR IGNORE INTO pictures (hash, name, mime_type) VALUES (?, ?, ?)",
+                     plantFile(picture, database), picture.fileName, picture.mimeType);
+    }
+}
+
+void plantAttachments(std::int64_t seq, const SeededMessage &message, Database &database)
+{
+    std::int64_t place = 0;
+    for (const Upload &attachment : message.attachments) {
+        const std::string hash = plantFile(attachment, database);
+        database.run("INSERT INTO attachments (message_seq, place, hash, name, mime_type)"
+                     " VALUES (?, ?, ?, ?, ?)",
+                     seq, place++, hash, attachment.fileName, attachment.mimeType);
+    }
+}
+
+void plantMessage(const Entry &entry, Instant now, Database &database)
+{
+    const SeededMessage &message = *entry.message;
+    std::optional<std::string> name;
+    std::optional<std::string> picture;
+    if (message.person) {
+        name = message.person->name;
+        picture = message.person->picture;
+    }
+    database.run("INSERT INTO messages"
+                 " (id, ticket_id, author, content, is_read, at, person_name, person_picture)"
+                 " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
+                 newId(), entry.ticketId, nameOf(message.author), message.text, !message.isUnread,
+                 momentsAgo(now, message.minutesAgo), name, picture);
+    const std::int64_t seq = database.lastRow();
+    database.run("UPDATE tickets SET last = ? WHERE id = ?", seq, entry.ticketId);
+    plantAttachments(seq, message, database);
+    const auto &seconds = entry.conversation->secondsUntilAnswer;
+    if (seconds && &message == &entry.conversation->messages.back()) {
+        database.run("INSERT INTO replies (kind, message_seq, due) VALUES ('answer', ?, ?)", seq,
+                     now + static_cast<Instant>(*seconds * 1000));
+    }
+}
+
+/// Oldest first: the order of the rows is that of the messages of all tickets.
+std::vector<Entry> plantTickets(const Seed &seed, Database &database)
+{
+    std::vector<Entry> entries;
+    for (const SeededConversation &conversation : seed.conversations) {
+        const std::string id = newId();
+        database.run("INSERT INTO tickets (id, customer_id, state, assignee, channel, device)"
+                     " VALUES (?, ?, ?, ?, 'app', '{}')",
+                     id, seed.customer, nameOf(conversation.state),
+                     nameOf(assigneeOf(conversation)));
+        for (const SeededMessage &message : conversation.messages)
+            entries.push_back({&message, &conversation, id});
+    }
+    std::ranges::stable_sort(entries, std::ranges::greater(),
+                             [](const Entry &entry) { return entry.message->minutesAgo; });
+    return entries;
+}
+
+} // namespace
+
+void plantSeed(const std::string &path, Database &database)
+{
+    const Seed seed = readSeed(path);
+    const Instant instant = now();
+    Transaction transaction(database);
+    plantPictures(seed, database);
+    database.run("INSERT INTO customers (id, device_token) VALUES (?1, nullif(?2, ''))"
+                 " ON CONFLICT (id) DO NOTHING",
+                 seed.customer, seed.deviceToken);
+    const bool isNew =
+        !database.query("SELECT 1 FROM tickets WHERE customer_id = ?", seed.customer).step();
+    if (isNew) {
+        for (const Entry &entry : plantTickets(seed, database))
+            plantMessage(entry, instant, database);
+    }
+    transaction.commit();
+}
+
+} // namespace tolvane::backend

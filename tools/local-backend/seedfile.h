@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "records.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tolvane::backend {
+
+/// A message as it was written some time ago.
+struct SeededMessage
+{
+    Author author = Author::Customer;
+    std::optional<Person> person;
+    double minutesAgo = 0;
+    std::string text;
+    bool isUnread = false;
+    std::vector<Upload> attachments;
+};
+
+struct SeededConversation
+{
+    State state = State::Open;
+    std::vector<SeededMessage> messages;
+    /// When the last message, which is the customer's, is answered; absent when nothing is owed.
+    std::optional<double> secondsUntilAnswer;
+};
+
+struct Seed
+{
+    std::string customer;
+    /// Empty when the customer has none.
+    std::string deviceToken;
+    /// The people's, and those that stand in no message.
+    std::vector<Upload> pictures;
+    std::vector<SeededConversation> conversations;
+};
+
+/// The content of a seed, a JSON file like
+///
+///     {
+///       "customer": "01kb5j7hq2r5v8z1d4g6k9m3pt",
+///       "deviceToken": "00ff",                                  optional
+///       "pictures": ["logo.png"],                               optional
+///       "people": {                                             optional
+///         "nora": {"name": "Nora Berg", "picture": "nora.png"}  the picture is optional
+///       },
+///       "conversations": [
+///         {
+///           "state": "open",                                    or "closed"
+///           "secondsUntilAnswer": 5,                            optional
+///           "messages": [                                       oldest first
+///             {"from": "customer", "minutesAgo": 12, "text": "Hello", "attachments":
+///             ["tent.jpg"]},
+///             {"from": "nora", "minutesAgo": 3, "text": "Hello!", "unread": true}
+///           ]
+///         }
+///       ]
+///     }
+///
+/// A message is from "customer", "ai" or one of the people. Files are named as seen from the seed's
+/// folder. Throws a StartError that names the file, the place in it and what is wrong.
+Seed readSeed(const std::string &path);
+
+} // namespace tolvane::backend
