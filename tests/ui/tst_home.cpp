@@ -42,7 +42,7 @@ struct HomeScene : Scene
         QTest::mousePress(&host, Qt::LeftButton, {}, from);
         for (int step = 1; step <= 10; ++step)
             QTest::mouseMove(&host, from + (to - from) * step / 10, 16);
-        QTest::qWait(60); // Held, not thrown.
+        QTest::qWait(300); // Held, not thrown.
         QTest::mouseRelease(&host, Qt::LeftButton, {}, to);
     }
 
