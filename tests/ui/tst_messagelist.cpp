@@ -42,7 +42,7 @@ QString htmlOf(const QString &source)
     const StyledText styled = inlineMarkdown(source);
     QString text = styled.text;
     if (styled.isRich)
-        text.remove(u"<p style=\"white-space:pre-wrap\">"_s).remove(u"</p>"_s);
+        text.remove(u"<div style=\"white-space:pre-wrap\">"_s).remove(u"</div>"_s);
     return text;
 }
 
@@ -308,7 +308,7 @@ private Q_SLOTS:
         QFETCH(const int, total);
         QFETCH(const QList<double>, grid);
         AttachmentsLayout layout;
-        layout.total = total;
+        layout.attachments = QStringList(total, u"https://cdn.example/a.png"_s);
         QCOMPARE(
             (QList<double>{double(layout.count()), double(layout.columns()), double(layout.rows()),
                            layout.greatestWidth(), layout.side(), double(layout.remaining(3))}),

@@ -4,6 +4,9 @@
 #include "ui/conversation/messages/messagelistmodel.h"
 #include "ui/support/samples.h"
 
+#include <QtGui/QDesktopServices>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QPalette>
 #include <QtQml/QQmlEngine>
 #include <QtQuickTest/quicktest.h>
 
@@ -86,8 +89,28 @@ public:
         return actions;
     }
 
+    Q_INVOKABLE void darken(bool dark)
+    {
+        QPalette palette;
+        palette.setColor(QPalette::Window, dark ? QColor(0x16, 0x18, 0x1d) : Qt::white);
+        palette.setColor(QPalette::WindowText, dark ? Qt::white : Qt::black);
+        QGuiApplication::setPalette(palette);
+    }
+    ~Samples() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
+
+    /// The links that would have left the application since the first call or the last.
+    Q_INVOKABLE QStringList openedLinks()
+    {
+        QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "takeLink");
+        return std::exchange(m_links, {});
+    }
+
+public Q_SLOTS:
+    void takeLink(const QUrl &link) { m_links += link.toString(); }
+
 private:
     Fixture fixture;
+    QStringList m_links;
 };
 
 class Setup final : public QObject

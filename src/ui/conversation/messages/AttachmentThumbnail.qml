@@ -8,17 +8,17 @@ Item {
 
     required property int index
     required property url address
-    required property MessageData messageData
     required property real cornerRadius
     /// How many more there are that are not shown.
     required property int remainingCount
     required property int totalCount
 
     signal pressed()
+    signal opened()
 
     function open() {
         if (!isEmpty)
-            messageData.selectedAttachment = address
+            opened()
     }
 
     readonly property bool isEmpty: String(address).length === 0
@@ -26,7 +26,8 @@ Item {
     visible: !isEmpty
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
-    Accessible.name: Texts.string("accessibility_attachment").arg(index + 1).arg(totalCount)
+    Accessible.name: Texts.string("accessibility_attachment").replace("%1", index + 1)
+                                                         .replace("%2", totalCount)
     Accessible.focusable: true
     Accessible.onPressAction: open()
     Keys.onReturnPressed: open()

@@ -7,14 +7,14 @@ Item {
     id: grid
 
     /// Addresses, as texts.
-    required property var attachments
-    required property MessageData messageData
+    property alias attachments: layout.attachments
     required property bool isCustomer
-    property int maxGridSize: 4
+    property alias maxGridSize: layout.maxGridSize
     property real spacing: 4
     property real cornerRadius: 10
 
     signal pressed()
+    signal opened(url address)
 
     function open(index) {
         (cells.itemAt(index) as AttachmentThumbnail).open()
@@ -27,9 +27,6 @@ Item {
 
     AttachmentsLayout {
         id: layout
-
-        total: grid.attachments.length
-        maxGridSize: grid.maxGridSize
     }
 
     Repeater {
@@ -50,12 +47,12 @@ Item {
             y: row * (layout.side + grid.spacing)
             width: layout.side
             height: layout.side
-            address: layout.url(grid.attachments[index])
-            messageData: grid.messageData
+            address: layout.url(index)
             cornerRadius: grid.cornerRadius
             remainingCount: layout.remaining(index)
-            totalCount: grid.attachments.length
+            totalCount: layout.total
             onPressed: grid.pressed()
+            onOpened: grid.opened(address)
         }
     }
 }

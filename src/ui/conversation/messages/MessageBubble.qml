@@ -49,7 +49,7 @@ Item {
         color: bubble.tint
         // Whatever the branding, it can be read like the text; the line beneath tells it apart.
         linkColor: bubble.tint
-        font.pixelSize: 14
+        font.pixelSize: Theme.footnote
         Accessible.ignored: true
         onLinkActivated: link => bubble.linkActivated(link)
 

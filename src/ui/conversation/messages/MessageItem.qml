@@ -5,8 +5,7 @@ import Tolvane
 // One message: its pictures, its text in a bubble beside the sender's avatar, and from when and
 // whom it is. A row of a long one has a part of the text only.
 Item {
-    // Not "item": in what a Loader loads, that is the Loader's own.
-    id: messageItem
+    id: message
 
     required property bool isCustomer
     /// "picture", "person", "ai" or "none"
@@ -40,7 +39,7 @@ Item {
     // All rows leave this much beside the avatars, and on the other side as well.
     readonly property real inset: 42
     readonly property real topInset: isFirst ? 10 : 0
-    readonly property real bubbleTop: topInset + (grid.active ? grid.height + 10 : 0)
+    readonly property real bubbleTop: topInset + (grid.item ? grid.height + 10 : 0)
     readonly property real bubbleBottom: bubbleTop + bubble.height
 
     implicitHeight: isLast ? caption.y + caption.height + 10 + gap : bubbleBottom
@@ -54,60 +53,65 @@ Item {
     Loader {
         id: grid
 
-        y: messageItem.topInset
+        y: message.topInset
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.margins: 16
-        active: messageItem.attachments.length > 0
-        sourceComponent: AttachmentsGrid {
-            attachments: messageItem.attachments
-            messageData: messageItem.messageData
-            isCustomer: messageItem.isCustomer
-            onPressed: messageItem.pressed()
+        sourceComponent: message.attachments.length > 0 ? pictures : null
+    }
+
+    Component {
+        id: pictures
+
+        AttachmentsGrid {
+            attachments: message.attachments
+            isCustomer: message.isCustomer
+            onOpened: address => message.messageData.selectedAttachment = address
+            onPressed: message.pressed()
         }
     }
 
     MessageAvatar {
         anchors.left: parent.left
         anchors.leftMargin: 16
-        y: messageItem.bubbleBottom - height
-        kind: messageItem.isLast ? messageItem.avatar : "none"
-        picture: messageItem.picture
+        y: message.bubbleBottom - height
+        kind: message.isLast ? message.avatar : "none"
+        picture: message.picture
     }
 
     MessageBubble {
         id: bubble
 
-        y: messageItem.bubbleTop
-        anchors.left: messageItem.isCustomer ? undefined : parent.left
-        anchors.leftMargin: 16 + (messageItem.avatar === "none" ? 0 : messageItem.inset)
-        anchors.right: messageItem.isCustomer ? parent.right : undefined
+        y: message.bubbleTop
+        anchors.left: message.isCustomer ? undefined : parent.left
+        anchors.leftMargin: 16 + (message.avatar === "none" ? 0 : message.inset)
+        anchors.right: message.isCustomer ? parent.right : undefined
         anchors.rightMargin: 16
-        maximumWidth: Math.min(messageItem.width - 32 - messageItem.inset, 600)
-        isCustomer: messageItem.isCustomer
-        isFirst: messageItem.isFirst
-        isLast: messageItem.isLast
-        content: messageItem.content
-        onLinkActivated: link => messageItem.linkActivated(link)
-        onPressed: messageItem.pressed()
+        maximumWidth: Math.min(message.width - 32 - message.inset, 600)
+        isCustomer: message.isCustomer
+        isFirst: message.isFirst
+        isLast: message.isLast
+        content: message.content
+        onLinkActivated: link => message.linkActivated(link)
+        onPressed: message.pressed()
 
         FocusRing {
             radius: 18
             tint: Theme.fontBasicColor
-            isShown: messageItem.showsFocus
+            isShown: message.showsFocus
         }
     }
 
     MessageCaption {
         id: caption
 
-        y: messageItem.bubbleBottom + 10
-        anchors.left: messageItem.isCustomer ? undefined : parent.left
-        anchors.right: messageItem.isCustomer ? parent.right : undefined
-        anchors.leftMargin: 16 + messageItem.inset
+        y: message.bubbleBottom + 10
+        anchors.left: message.isCustomer ? undefined : parent.left
+        anchors.right: message.isCustomer ? parent.right : undefined
+        anchors.leftMargin: 16 + message.inset
         anchors.rightMargin: 16
-        width: Math.min(implicitWidth, messageItem.width - 32 - messageItem.inset)
-        visible: messageItem.isLast
-        text: messageItem.caption
+        width: Math.min(implicitWidth, message.width - 32 - message.inset)
+        visible: message.isLast
+        text: message.caption
     }
 }

@@ -38,7 +38,7 @@ Item {
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.fontBasicColor
-            font.pixelSize: 14
+            font.pixelSize: Theme.footnote
             Accessible.ignored: true
         }
     }

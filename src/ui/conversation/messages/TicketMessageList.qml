@@ -20,15 +20,9 @@ FocusScope {
     readonly property alias rows: rows
     readonly property alias flickable: flickable
 
-    signal linkActivated(string link)
-
     /// The on-screen keyboard is there.
     function keyboardShown() {
         scrollToEnd(200)
-    }
-
-    function openLink(link) {
-        Qt.openUrlExternally(link)
     }
 
     // Who has the list in hand keeps it until they let go.
@@ -44,7 +38,6 @@ FocusScope {
 
     onTicketStateChanged: scrollToEnd(300)
     onIsAITypingChanged: scrollToEnd(300)
-    Component.onCompleted: linkActivated.connect(openLink)
 
     activeFocusOnTab: true
     Keys.onPressed: event => {
@@ -121,7 +114,7 @@ FocusScope {
                 messageData: list.messageData
                 gap: 20
                 showsFocus: isCurrent && list.activeFocus
-                onLinkActivated: link => list.linkActivated(link)
+                onLinkActivated: link => Qt.openUrlExternally(link)
                 onPressed: {
                     rows.currentIndex = rows.indexOf(message)
                     list.forceActiveFocus(Qt.MouseFocusReason)

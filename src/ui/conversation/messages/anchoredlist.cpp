@@ -179,7 +179,7 @@ void AnchoredList::updateRows(int first, int last, const QList<int> &roles)
         const ListRow *shown = rowAt(row);
         if (!shown)
             continue;
-        const QVariantMap values = rolesOf(row, *shown->item(), roles);
+        const QVariantMap values = rolesOf(row, roles);
         for (auto value = values.begin(); value != values.end(); ++value)
             shown->item()->setProperty(value.key().toUtf8().constData(), value.value());
     }
@@ -225,20 +225,18 @@ std::unique_ptr<ListRow> AnchoredList::make(int row)
         return nullptr;
     }
     QQmlContext *context = component->creationContext();
-    QObject *object = component->beginCreate(context ? context : qmlContext(this));
+    QVariantMap properties = rolesOf(row);
+    properties[QStringLiteral("parent")] = QVariant::fromValue(this);
+    properties[QStringLiteral("width")] = width();
+    QObject *object =
+        component->createWithInitialProperties(properties, context ? context : qmlContext(this));
     auto *item = qobject_cast<QQuickItem *>(object);
-    if (item) {
-        QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
-        component->setInitialProperties(item, rolesOf(row, *item));
-        item->setParent(this);
-        item->setParentItem(this);
-        item->setWidth(width());
-    }
-    component->completeCreate();
     if (!item) {
         delete object;
         return nullptr;
     }
+    QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    item->setParent(this);
     // Screen readers go through the rows in the order of the items.
     if (QQuickItem *next = itemAt(row + 1))
         item->stackBefore(next);
@@ -250,7 +248,7 @@ std::unique_ptr<ListRow> AnchoredList::make(int row)
     return std::make_unique<ListRow>(item, [this] { polish(); });
 }
 
-QVariantMap AnchoredList::rolesOf(int row, const QQuickItem &item, const QList<int> &roles) const
+QVariantMap AnchoredList::rolesOf(int row, const QList<int> &roles) const
 {
     QVariantMap values;
     if (row >= modelCount())
@@ -258,8 +256,7 @@ QVariantMap AnchoredList::rolesOf(int row, const QQuickItem &item, const QList<i
     const QModelIndex index = m_model->index(row, 0);
     const auto names = m_model->roleNames();
     for (auto name = names.begin(); name != names.end(); ++name) {
-        const bool isWanted = roles.isEmpty() || roles.contains(name.key());
-        if (isWanted && item.metaObject()->indexOfProperty(name->constData()) >= 0)
+        if (roles.isEmpty() || roles.contains(name.key()))
             values.insert(QString::fromLatin1(*name), m_model->data(index, name.key()));
     }
     return values;

@@ -32,8 +32,8 @@ class AnchoredList : public QQuickItem
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QAbstractItemModel *model READ model WRITE setModel NOTIFY modelChanged)
-    /// Gets the roles of the model that it has properties for, and the width of the list; its
-    /// implicit height is the row's. `isCurrent` of a row is true while it is the current one.
+    /// Has a property for each role of the model. It gets the width of the list; its implicit
+    /// height is the row's. Its `isCurrent` is true while it is the current one.
     Q_PROPERTY(QQmlComponent *delegate READ delegate WRITE setDelegate NOTIFY delegateChanged)
     /// Components of further rows after those of the model.
     Q_PROPERTY(QVariantList trailing READ trailing WRITE setTrailing NOTIFY trailingChanged)
@@ -133,7 +133,7 @@ private:
     std::unique_ptr<ListRow> &slot(int row);
     ListRow *rowAt(int row) const;
     std::unique_ptr<ListRow> make(int row);
-    QVariantMap rolesOf(int row, const QQuickItem &item, const QList<int> &roles = {}) const;
+    QVariantMap rolesOf(int row, const QList<int> &roles = {}) const;
     void measure(const QQuickItem *item);
 
     QPointer<QAbstractItemModel> m_model;

@@ -92,7 +92,15 @@ double AnchoredList::goalPlace() const
         return firstPlace();
     if (m_goal.kind() == ScrollGoal::Kind::end)
         return lastPlace();
-    return std::clamp(m_goal.place(), firstPlace(), lastPlace());
+    double place = m_goal.place();
+    if (m_goal.kind() == ScrollGoal::Kind::currentRow) {
+        // Just in sight; of one that is higher than the window, what is met first.
+        const int row = std::max(0, m_currentIndex);
+        const auto [least, most] =
+            std::minmax({placeOf(row), placeOf(row + 1) + m_bottomMargin - height()});
+        place = place < 0 ? most : least;
+    }
+    return std::clamp(place, firstPlace(), lastPlace());
 }
 
 double AnchoredList::wantedPlace(double place) const
@@ -106,10 +114,17 @@ double AnchoredList::wantedPlace(double place) const
 
 void AnchoredList::anchorAt(double top)
 {
-    // With the end in sight, rows that turn out higher than they were thought move what is above.
+    // What comes into sight has its own height only once it is there: what is in sight already
+    // stays where it is. Else, if it is the end that is looked at, the end does.
     const int count = m_offsets.count();
-    const bool isEndInSight = placeOf(count) <= top + height();
-    const int row = isEndInSight ? count : std::max(0, m_offsets.rowAt(top - placeOf(0)));
+    const int first = std::max(0, m_offsets.rowAt(top - placeOf(0)));
+    const int known = std::max(first, m_firstRow);
+    const double bottom = top + height();
+    int row = first;
+    if (known < m_firstRow + int(m_rows.size()) && placeOf(known) < bottom)
+        row = known;
+    else if (placeOf(count) <= bottom)
+        row = count;
     m_anchorPlace = placeOf(row);
     m_anchor = row;
 }
@@ -263,10 +278,10 @@ void AnchoredList::step(int direction)
     next = std::clamp(next, 0, last);
     setCurrentIndex(next);
     const auto [begin, end] = spanOf(next);
-    if (end > bottom)
-        scrollBy(std::min(end - bottom, begin - top), 150);
-    else if (begin < top)
-        scrollBy(std::max(begin - top, end - bottom), 150);
+    if (end > bottom || begin < top)
+        m_goal.aim(ScrollGoal::Kind::currentRow, 150, direction);
+    else if (m_goal.isAimed())
+        m_goal.aim(ScrollGoal::Kind::place, 150, top);
     polish();
 }
 

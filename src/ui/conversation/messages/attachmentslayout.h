@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QStringList>
 #include <QtCore/QUrl>
 #include <QtQml/qqmlregistration.h>
 
@@ -15,8 +16,9 @@ class AttachmentsLayout : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// How many there are.
-    Q_PROPERTY(int total MEMBER total NOTIFY changed)
+    /// Their addresses, as they came.
+    Q_PROPERTY(QStringList attachments MEMBER attachments NOTIFY changed)
+    Q_PROPERTY(int total READ total NOTIFY changed)
     /// The most that are shown.
     Q_PROPERTY(int maxGridSize MEMBER maxGridSize NOTIFY changed)
     Q_PROPERTY(int count READ count NOTIFY changed)
@@ -28,10 +30,11 @@ class AttachmentsLayout : public QObject
 public:
     using QObject::QObject;
 
-    int total = 0;
+    QStringList attachments;
     int maxGridSize = 4;
 
-    int count() const { return std::min(total, maxGridSize); }
+    int total() const { return int(attachments.size()); }
+    int count() const { return std::min(total(), maxGridSize); }
     int columns() const { return count() == 1 ? 1 : 2; }
     int rows() const { return (count() + 1) / 2; }
     double greatestWidth() const { return count() == 1 ? 200 : count() == 2 ? 250 : 280; }
@@ -40,11 +43,11 @@ public:
     /// How many are not shown, if the cell is the one to say so; else 0.
     Q_INVOKABLE int remaining(int cell) const
     {
-        return cell == maxGridSize - 1 ? std::max(0, total - maxGridSize) : 0;
+        return cell == maxGridSize - 1 ? std::max(0, total() - maxGridSize) : 0;
     }
 
-    /// The address that a text is; empty if it is none.
-    Q_INVOKABLE QUrl url(const QString &text) const { return QUrl(text, QUrl::StrictMode); }
+    /// Empty if what came is no address.
+    Q_INVOKABLE QUrl url(int cell) const { return QUrl(attachments.value(cell), QUrl::StrictMode); }
 
 Q_SIGNALS:
     void changed();

@@ -77,7 +77,7 @@ StyledText inlineMarkdown(const QString &source)
             result.link = piece.link;
         body += html(piece);
     }
-    result.text = result.isRich ? enclosed(QStringLiteral("p"),
+    result.text = result.isRich ? enclosed(QStringLiteral("div"),
                                            QStringLiteral(" style=\"white-space:pre-wrap\""), body)
                                 : textOf(pieces);
     return result;

@@ -26,7 +26,7 @@ public:
 
 /// Reads Markdown within a line: emphasis, strong, strikethrough, code and links. All else, blocks,
 /// images and HTML included, stays as it was written, line breaks and blanks too. The HTML has
-/// escaped text and six elements, b, i, s, code, br and a, in one paragraph; links lead to https,
+/// escaped text and six elements, b, i, s, code, br and a, in one div; links lead to https,
 /// http and mailto only; nothing in it can be fetched. The time that it takes may grow with the
 /// square of the length: parts of a few thousand characters are meant.
 StyledText inlineMarkdown(const QString &source);

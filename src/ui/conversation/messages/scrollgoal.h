@@ -7,11 +7,12 @@
 
 namespace tolvane {
 
-/// A scrolling on its way: to a place, or to an end of the list, wherever that is meanwhile.
+/// A scrolling on its way: to a place, to the current row from one direction, or to an end of the
+/// list, wherever those are meanwhile.
 class ScrollGoal
 {
 public:
-    enum class Kind { start, end, place };
+    enum class Kind { start, end, place, currentRow };
 
     /// @param moved called for each step, the last included
     explicit ScrollGoal(std::function<void()> moved);
@@ -22,7 +23,7 @@ public:
 
     bool isAimed() const { return m_isAimed; }
     Kind kind() const { return m_kind; }
-    /// The place it was aimed at.
+    /// The place it was aimed at; for the current row, the direction.
     double place() const { return m_place; }
 
     bool hasBegun() const { return m_hasBegun; }
