@@ -5,8 +5,6 @@
 #include "ui/support/samples.h"
 
 #include <QtGui/QDesktopServices>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QPalette>
 #include <QtQml/QQmlEngine>
 #include <QtQuickTest/quicktest.h>
 
@@ -89,16 +87,9 @@ public:
         return actions;
     }
 
-    Q_INVOKABLE void darken(bool dark)
-    {
-        QPalette palette;
-        palette.setColor(QPalette::Window, dark ? QColor(0x16, 0x18, 0x1d) : Qt::white);
-        palette.setColor(QPalette::WindowText, dark ? Qt::white : Qt::black);
-        QGuiApplication::setPalette(palette);
-    }
     ~Samples() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
 
-    /// The links that would have left the application since the first call or the last.
+    /// The links that would have left the application since the last call, if there was one.
     Q_INVOKABLE QStringList openedLinks()
     {
         QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "takeLink");

@@ -43,12 +43,12 @@ Item {
         x: 16
         y: 16
         width: bubble.width - 32
-        text: bubble.content.text
+        // Whatever the branding, a link can be read like the text; the line beneath tells it apart.
+        text: bubble.content.isRich ? "<style>a { color: " + bubble.tint + " }</style>"
+                                      + bubble.content.text : bubble.content.text
         textFormat: bubble.content.isRich ? Text.RichText : Text.PlainText
         wrapMode: Text.Wrap
         color: bubble.tint
-        // Whatever the branding, it can be read like the text; the line beneath tells it apart.
-        linkColor: bubble.tint
         font.pixelSize: Theme.footnote
         Accessible.ignored: true
         onLinkActivated: link => bubble.linkActivated(link)

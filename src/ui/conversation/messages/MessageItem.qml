@@ -96,7 +96,7 @@ Item {
         onPressed: message.pressed()
 
         FocusRing {
-            radius: 18
+            anchors.margins: -4
             tint: Theme.fontBasicColor
             isShown: message.showsFocus
         }

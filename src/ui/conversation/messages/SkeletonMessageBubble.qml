@@ -11,6 +11,7 @@ Item {
 
     readonly property color ground: isUser ? Theme.bubbleUserColor : Theme.bubbleAgentColor
     readonly property bool showsAvatar: hasAvatar && !isUser
+    readonly property var lines: isUser ? [200, 150] : [250, 180, 120]
 
     implicitHeight: bubble.height + 8 + box.height
     Accessible.ignored: true
@@ -30,32 +31,32 @@ Item {
         anchors.left: message.isUser ? undefined : parent.left
         anchors.leftMargin: message.showsAvatar ? 42 : 0
         anchors.right: message.isUser ? parent.right : undefined
-        width: Math.min(lines.implicitWidth + 32, message.width - anchors.leftMargin)
-        height: lines.implicitHeight + 32
+        width: Math.min(message.lines[0] + 32, message.width - anchors.leftMargin)
+        height: message.lines.length * 20 - 4 + 32
         radius: 16
         color: Qt.alpha(message.ground, 0.5)
 
         Column {
-            id: lines
-
             anchors.fill: parent
             anchors.margins: 16
             spacing: 4
 
             Repeater {
-                model: message.isUser ? [200, 150] : [250, 180, 120]
+                model: message.lines
 
                 SkeletonBox {
                     required property real modelData
 
                     anchors.left: parent.left
                     width: Math.min(modelData, bubble.width - 32)
-                    implicitWidth: modelData
                     height: 16
                     tint: message.isUser ? Theme.fontUserBubbleColor : Theme.fontAgentBubbleColor
                 }
             }
         }
+
+        // On the bubble alone: over the empty ground beside it, it would look like a box.
+        Shimmer { }
     }
 
     SkeletonBox {
@@ -70,6 +71,4 @@ Item {
         height: 12
         tint: Theme.fontBasicColor
     }
-
-    Shimmer { }
 }
