@@ -35,7 +35,8 @@ Item {
     Grid {
         anchors.left: parent.left
         anchors.leftMargin: 16
-        y: 16
+        // The lowest strip is too low for two lines below the usual margin.
+        y: layout.isLandscape && layout.isCollapsed ? 9 : 16
         columns: layout.isCollapsed ? 2 : 1
         spacing: layout.spacing
         verticalItemAlignment: Grid.AlignVCenter
