@@ -15,7 +15,7 @@
 #include <cstdio>
 #include <ctime>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 namespace {
 
@@ -23,7 +23,7 @@ using namespace tolvane;
 
 constexpr const char *page = R"(
     import QtQuick
-    import Tolvane
+    import Tolvane.Private
     GridView {
         id: grid
         property bool isPlain
@@ -106,7 +106,7 @@ int main(int argc, char **argv)
         return makeUrlCache(settings);
     };
     exchangePlatform(std::move(installed));
-    qml_register_types_Tolvane();
+    qml_register_types_Tolvane_Private();
 
     QQuickView view;
     QQmlComponent component(view.engine());
