@@ -10,21 +10,6 @@
 
 namespace tolvane::test {
 
-/// The local backend on a free port, its data in a folder that stays when it ends.
-class BackendProgram
-{
-public:
-    explicit BackendProgram(const QString &folder,
-                            const QString &replyDelay = QStringLiteral("0.2"));
-    ~BackendProgram();
-
-    QString url() const { return m_url; }
-
-private:
-    QProcess m_process;
-    QString m_url;
-};
-
 /// The console host under its line protocol.
 class ConsoleProgram
 {
