@@ -9,7 +9,11 @@
 class Document
 {
 public:
-    using Row = QStringList;
+    /// The cells of a row, and the heading above its table.
+    struct Row : QStringList
+    {
+        QString section;
+    };
 
     explicit Document(const QString &name)
     {
@@ -20,13 +24,16 @@ public:
 
     QString text() const { return m_lines.join(QLatin1Char('\n')); }
 
-    /// The cells of the rows of all tables whose heading's first cell is that, heading left out.
+    /// The rows of all tables whose first heading is that, headings left out.
     QList<Row> rows(const QString &firstHeading) const
     {
         QList<Row> found;
+        QString section;
         bool isInside = false;
         for (const QString &line : m_lines) {
-            const Row row = cells(line);
+            if (line.startsWith(QLatin1Char('#')))
+                section = line.section(QLatin1Char(' '), 1);
+            const Row row = {cells(line), section};
             if (row.isEmpty() || row[0].startsWith(QLatin1String("---")))
                 isInside = isInside && !row.isEmpty();
             else if (isInside)
@@ -35,6 +42,18 @@ public:
                 isInside = row[0] == firstHeading;
         }
         return found;
+    }
+
+    /// The blocks of code in that language.
+    QStringList blocks(const QString &language) const
+    {
+        const QRegularExpression form(QStringLiteral("^```%1\\n(.*?)\\n```$").arg(language),
+                                      QRegularExpression::MultilineOption |
+                                          QRegularExpression::DotMatchesEverythingOption);
+        QStringList blocks;
+        for (const QRegularExpressionMatch &match : form.globalMatch(text()))
+            blocks += match.captured(1);
+        return blocks;
     }
 
     /// What stands between backticks.
@@ -48,11 +67,12 @@ public:
     }
 
 private:
-    static Row cells(const QString &line)
+    static QStringList cells(const QString &line)
     {
         if (!line.startsWith(QLatin1Char('|')))
             return {};
-        Row row = line.mid(1, line.lastIndexOf(QLatin1Char('|')) - 1).split(QLatin1Char('|'));
+        QStringList row =
+            line.mid(1, line.lastIndexOf(QLatin1Char('|')) - 1).split(QLatin1Char('|'));
         for (QString &cell : row)
             cell = cell.trimmed();
         return row;
