@@ -9,6 +9,7 @@
 #include "measures.h"
 #include "photo.h"
 #include "platform/platform.h"
+#include "ui/conversation/messages/messagelistmodel.h"
 #include "ui/conversation/viewer/imagestatetype.h"
 #include "ui/images/asyncimage.h"
 
@@ -31,6 +32,14 @@ using namespace tolvane::bench;
 void tell(double figure, const QString &what, int messageCount)
 {
     std::printf("%f %s with %d messages\n", figure, qPrintable(what), messageCount);
+}
+
+QStringList textsOf(const TicketDto &ticket)
+{
+    QStringList texts;
+    for (const MessageDto &message : ticket.messages)
+        texts += message.content;
+    return texts;
 }
 
 /// The list of messages, or another that is filled alike.
@@ -63,50 +72,70 @@ void fling(const Scrolled &list, const QString &name, int messageCount)
     tell(double(delegates), QStringLiteral("most delegates in ") + name, messageCount);
 }
 
-void flingThroughMessages(CannedBackend &backend, int messageCount)
+void flingThroughMessages(CannedBackend &, int messageCount)
 {
-    ConversationScene scene(backend, messageCount);
-    scene.open();
-    scene.window.rest(1000);
-    scene.rows->setProperty("isMoving", true);
-    fling({.window = scene.window,
-           .flickable = scene.rows->parentItem(),
-           .delegateCount = [&] { return scene.rows->childItems().size(); }},
+    constexpr const char *page = R"(
+        import Tolvane
+        TicketMessageList { ticketState: "open"; isAITyping: false }
+    )";
+    MessageData selection;
+    MessageListModel model;
+    model.setMessages(conversation(messageCount).messages);
+    HostWindow window;
+    QQuickItem *list =
+        window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)},
+                           {QStringLiteral("messageData"), QVariant::fromValue(&selection)}});
+    window.rest(1000);
+    auto *rows = list->findChild<AnchoredList *>();
+    rows->setProperty("isMoving", true);
+    fling({.window = window,
+           .flickable = rows->parentItem(),
+           .delegateCount = [rows] { return rows->childItems().size(); }},
           QStringLiteral("the conversation"), messageCount);
 }
 
 /// The least that could be done for the same texts: rows as high as the messages', with nothing but
-/// the text.
+/// text.
 void flingThroughPlainList(CannedBackend &, int messageCount)
 {
     constexpr const char *page = R"(
         import QtQuick
         ListView {
             id: list
-            delegate: Text {
+            delegate: Item {
                 required property string display
                 required property int index
-                x: 16
-                width: list.width - 90
-                topPadding: 26
-                bottomPadding: index % 10 === 3 ? 280 : 70
-                text: display
-                textFormat: Text.PlainText
-                wrapMode: Text.Wrap
-                font.pixelSize: 14
+                width: list.width
+                height: text.height + (index % 10 === 3 ? 306 : 96)
+                Text {
+                    id: text
+                    x: 16
+                    y: 26
+                    width: list.width - 106
+                    text: parent.display
+                    textFormat: Text.PlainText
+                    wrapMode: Text.Wrap
+                    font.pixelSize: 14
+                }
+                Text {
+                    x: 16
+                    y: text.height + 52
+                    text: "5 days ago"
+                    textFormat: Text.PlainText
+                    font.pixelSize: 12
+                }
             }
         }
     )";
-    QStringListModel model;
-    QStringList texts;
-    for (const MessageDto &message : conversation(messageCount).messages)
-        texts += message.content;
-    model.setStringList(texts);
+    QStringListModel model(textsOf(conversation(messageCount)));
     HostWindow window;
     QQuickItem *list = window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
     window.rest(1000);
     QMetaObject::invokeMethod(list, "positionViewAtEnd");
-    fling({.window = window, .flickable = list, .delegateCount = [&] { return qsizetype(0); }},
+    QQuickItem *rows = list->property("contentItem").value<QQuickItem *>();
+    fling({.window = window,
+           .flickable = list,
+           .delegateCount = [rows] { return rows->childItems().size(); }},
           QStringLiteral("a plain list"), messageCount);
 }
 
@@ -160,11 +189,7 @@ void appendToPlainList(CannedBackend &, int messageCount)
             }
         }
     )";
-    QStringListModel model;
-    QStringList texts;
-    for (const MessageDto &message : conversation(messageCount).messages)
-        texts += message.content;
-    model.setStringList(texts);
+    QStringListModel model(textsOf(conversation(messageCount)));
     HostWindow window;
     QQuickItem *list = window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
     window.rest(1000);
@@ -175,7 +200,7 @@ void appendToPlainList(CannedBackend &, int messageCount)
         frames.all.push_back(window.frame([&] {
             const int row = model.rowCount();
             model.insertRow(row);
-            model.setData(model.index(row), texts.constLast());
+            model.setData(model.index(row), model.stringList().constFirst());
             QMetaObject::invokeMethod(list, "positionViewAtEnd");
         }));
         window.rest(100);
