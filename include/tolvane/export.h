@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+/// @file
+/// What the libraries show of themselves.
+
 #include <QtCore/qglobal.h>
 
 /// Marks what the shared library shows to its users; everything else stays hidden.
