@@ -149,9 +149,8 @@ void refreshing()
     open(host);
     host.waitForList();
     pause(1000);
-    QQuickItem *rows = RunningHost::listIn(host.messenger())
-                           ->property("contentItem")
-                           .value<QQuickItem *>();
+    QQuickItem *rows =
+        RunningHost::listIn(host.messenger())->property("contentItem").value<QQuickItem *>();
     const auto isRow = [](const QQuickItem *item) { return item->inherits("QQuickItem"); };
     QHash<QQuickItem *, QPointer<QQuickItem>> before;
     for (QQuickItem *item : rows->childItems())
