@@ -30,13 +30,10 @@ Loader {
             radius: width / 2
             color: Theme.bubbleAgentColor
 
-            Text {
+            // 🤖, as an icon: no font has to be found for it.
+            Icon {
                 anchors.centerIn: parent
-                text: "🤖"
-                textFormat: Text.PlainText
-                // As large as the circle allows, whatever other texts are.
-                font.pixelSize: 20
-                Accessible.ignored: true
+                name: "colored/robot"
             }
         }
     }

@@ -73,8 +73,10 @@ FocusScope {
                                               0.5, 1.5, 0.3, Theme.primaryColor,
                                               Theme.chatBackgroundColor)
         // Little height, as of a phone on its side; a large window has room for the tall header.
-        isLandscape: width > height && height < 500
+        isLandscape: height > 0 && width > height && height < 500
         bottomContentMargin: 120
+        reuseItems: true
+        cutsCorners: false
         model: home.screen.state === "loaded" ? home.screen.tickets : null
 
         header: TolvaneHeader {
