@@ -22,7 +22,7 @@
 #include <array>
 #include <cstdio>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 namespace {
 
@@ -75,7 +75,7 @@ void fling(const Scrolled &list, const QString &name, int messageCount)
 void flingThroughMessages(CannedBackend &, int messageCount)
 {
     constexpr const char *page = R"(
-        import Tolvane
+        import Tolvane.Private
         TicketMessageList { ticketState: "open"; isAITyping: false }
     )";
     MessageData selection;
@@ -282,7 +282,7 @@ void sendWheel(QWindow &window, const QPoint &pixels, int angle, Qt::KeyboardMod
 void zoom(CannedBackend &, int)
 {
     HostWindow window;
-    QQuickItem *viewer = window.show("import Tolvane\nImageViewer { focus: true }",
+    QQuickItem *viewer = window.show("import Tolvane.Private\nImageViewer { focus: true }",
                                      {{QStringLiteral("imageUrl"), CannedBackend::largePhoto}});
     auto *picture = viewer->findChild<CachedAsyncImage *>();
     for (int wait = 0; picture->image().isNull() && wait < 100; ++wait)
@@ -372,7 +372,7 @@ int main(int argc, char **argv)
     };
     exchangePlatform(std::move(installed));
     Configuration::shared().adoptApiKey(QStringLiteral("key"));
-    qml_register_types_Tolvane();
+    qml_register_types_Tolvane_Private();
 
     const auto *scenario = std::ranges::find_if(scenarios, [&](const Scenario &each) {
         return argc == 3 && qstrcmp(each.name, argv[1]) == 0;

@@ -187,7 +187,7 @@ double ConversationScene::open()
     const TicketPreviewDto preview{
         .id = ticket.id, .state = ticket.state, .lastMessage = ticket.messages.constLast()};
     QQuickItem *screen = window.show(
-        "import Tolvane\nTicketScreen { focus: true; isOnTop: true }",
+        "import Tolvane.Private\nTicketScreen { focus: true; isOnTop: true }",
         {{QStringLiteral("destination"), QVariant::fromValue(TolvaneDestination::ticket(preview))},
          {QStringLiteral("navigation"), QVariant::fromValue(&m_navigation)},
          {QStringLiteral("messageData"), QVariant::fromValue(&m_messages)}});

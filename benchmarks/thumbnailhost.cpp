@@ -13,7 +13,7 @@
 
 #include <cstdio>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 namespace {
 
@@ -21,7 +21,7 @@ using namespace tolvane;
 
 constexpr const char *page = R"(
     import QtQuick
-    import Tolvane
+    import Tolvane.Private
     GridView {
         id: grid
         property bool isPlain
@@ -88,7 +88,7 @@ int main(int argc, char **argv)
         return makeUrlCache(settings);
     };
     exchangePlatform(std::move(installed));
-    qml_register_types_Tolvane();
+    qml_register_types_Tolvane_Private();
 
     QQuickView view;
     QQmlComponent component(view.engine());

@@ -15,6 +15,10 @@
 #include <memory>
 #include <optional>
 
+#ifdef TOLVANE_SDK
+#include <tolvane/views.h>
+#endif
+
 namespace tolvane {
 
 /// How a push is to be shown while the host is in the foreground. The values are those of iOS's

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The title over the rows, which stays while they pass under it. As wide as they are, so that it
 // leaves the corners of the sheet alone.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The home screen: branded header, the customer's conversations, and the button for a new one.
 FocusScope {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The branded part of the home screen: logo, greeting and the button that closes the messenger. It
 // has two layouts, of which one takes the place of the other as the list is scrolled. Its heights are
