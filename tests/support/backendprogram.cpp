@@ -1,5 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "backendprogram.h"
+#include "support/backendprogram.h"
+
+#include <QtCore/QUrl>
+
+#include <csignal>
+#include <sys/prctl.h>
 
 namespace tolvane::test {
 
@@ -17,6 +22,8 @@ BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay,
         QStringLiteral("--db"),          folder + QStringLiteral("/backend.sqlite"),
         QStringLiteral("--reply-delay"), replyDelay};
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // It goes with a test that crashes.
+    m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     m_process.start(QStringLiteral(TOLVANE_BACKEND), arguments + moreArguments);
     while (!m_process.canReadLine()) {
         if (!m_process.waitForReadyRead(patience))
@@ -28,6 +35,17 @@ BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay,
 BackendProgram::~BackendProgram()
 {
     m_process.terminate();
+    m_process.waitForFinished(patience);
+}
+
+quint16 BackendProgram::port() const
+{
+    return static_cast<quint16>(QUrl(m_url).port());
+}
+
+void BackendProgram::kill()
+{
+    m_process.kill();
     m_process.waitForFinished(patience);
 }
 

@@ -15,6 +15,10 @@ public:
     ~BackendProgram();
 
     QString url() const { return m_url; }
+    quint16 port() const;
+
+    /// Ends it where it stands, as a crash does.
+    void kill();
 
 private:
     QProcess m_process;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // A conversation: what was said, and below, over the end of it, the field for writing.
 FocusScope {

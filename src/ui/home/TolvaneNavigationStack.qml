@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The home screen, and what is stacked above it. Pages come in from the trailing side and go out
 // there; what they cover gives way a little. What is covered is neither drawn nor read aloud.

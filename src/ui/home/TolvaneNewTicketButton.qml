@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The way to a new conversation.
 Item {
@@ -41,7 +41,8 @@ Item {
         dampingFraction: 0.85
     }
 
-    // A soft shadow: rings of little black that lie over each other.
+    // A soft shadow, a little below: rings of less and less black around each other. The innermost is
+    // wide enough to begin below the button.
     Repeater {
         model: 6
 
@@ -54,7 +55,9 @@ Item {
             anchors.leftMargin: -index
             anchors.rightMargin: -index
             radius: 8 + index
-            color: "#05000000"
+            color: "transparent"
+            border.width: index === 0 ? 3 : 1
+            border.color: Qt.rgba(0, 0, 0, (6 - index) * 0.02)
         }
     }
 
@@ -91,8 +94,7 @@ Item {
             textFormat: Text.PlainText
             horizontalAlignment: Text.AlignLeft
             wrapMode: Text.Wrap
-            color: Theme.primaryColor
-            opacity: 0.6
+            color: Qt.alpha(Theme.primaryColor, 0.6)
             font.pixelSize: Theme.callout
             Accessible.ignored: true
         }

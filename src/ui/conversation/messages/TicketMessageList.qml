@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The conversation: its messages, who is typing, and whether it is closed. Its end stays in sight:
 // the list goes there when it appears and whenever something changes there.
