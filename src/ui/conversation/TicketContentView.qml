@@ -11,6 +11,8 @@ FocusScope {
     /// How much of the lower edge the on-screen keyboard covers.
     property real keyboardHeight
 
+    /// How much of the content's lower edge the composer lies over.
+    readonly property real covered: composer.height + 32
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
     LoadingStateView {
@@ -32,7 +34,7 @@ FocusScope {
             isAITyping: view.ticket.isAITyping
             ticketState: view.ticket.ticketState
             messageData: view.messageData
-            bottomContentMargin: composer.height + 32
+            bottomContentMargin: view.covered
 
             Connections {
                 property bool wasShown: Keyboard.isShown
@@ -48,8 +50,11 @@ FocusScope {
         }
         loading: TicketMessagesSkeletonView { }
         loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }
-        empty: TicketEmptyContentView { }
-        error: TicketErrorContentView { errorText: view.ticket.errorText }
+        empty: TicketEmptyContentView { bottomMargin: view.covered }
+        error: TicketErrorContentView {
+            errorText: view.ticket.errorText
+            bottomMargin: view.covered
+        }
     }
 
     TicketComposer {

@@ -17,8 +17,10 @@ Item {
     property int iconSize: 60
     property int padding: 40
     property int spacing: 20
+    /// Room for what lies over its lower edge.
+    property real bottomMargin: 0
 
-    implicitHeight: column.implicitHeight + 2 * padding
+    implicitHeight: column.implicitHeight + 2 * padding + bottomMargin
     Accessible.role: Accessible.StaticText
     Accessible.name: title.length > 0 ? title + ". " + detail : detail
 
@@ -26,6 +28,7 @@ Item {
         id: column
 
         anchors.centerIn: parent
+        anchors.verticalCenterOffset: -notice.bottomMargin / 2
         width: parent.width - 2 * notice.padding
         spacing: notice.spacing
 

@@ -86,6 +86,8 @@ FocusScope {
         bottomMargin: rows.end + height
         onContentYChanged: rows.contentY = contentY
         onDraggingChanged: {
+            if (dragging)
+                Keyboard.hide()
             if (dragging || list.postponed < 0)
                 return
             rows.scrollToEnd(list.postponed)
