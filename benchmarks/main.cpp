@@ -2,6 +2,7 @@
 #include "allocations.h"
 #include "core/configuration.h"
 #include "figures.h"
+#include "homescreen.h"
 #include "idle.h"
 #include "scrolling.h"
 
@@ -33,6 +34,15 @@ const std::vector<Promise> promises = {
      1, "x"},
     {"main thread's share of a thumbnail in 1,000", "thumbnail on main thread", "", 0.3, "ms"},
     {"memory for 1,000 thumbnails scrolled through", "thumbnails' memory", "", 110, "MiB"},
+    {"initialize with the views there", "initialize with views", "", 1, "ms"},
+    {"first open to its frame / a plain interface's", "first open", "first plain view", 3, "x"},
+    {"later open to its frame / a plain interface's", "later open", "later plain view", 2, "x"},
+    {"10,000 tickets painted / 20 tickets", "10000 tickets painted", "20 tickets painted", 2, "x"},
+    {"rows rebuilt for one of 1,000 that changed", "rows built anew", "", 0, "rows"},
+    {"slowest frame of flings / of a plain list's", "frame", "plain frame", 2, "x"},
+    {"memory that a presentation adds", "presentation's memory", "", 15, "MiB"},
+    {"memory that stays after closing it", "memory after closing", "", 15, "MiB"},
+    {"memory that each of 200 presentations leaves", "KiB left of one showing", "", 4, "KiB"},
     {"10,000 pushes handled", "tenThousandPushes", "", 200, "ms"},
     {"10,000 pushes / 1,000 pushes", "tenThousandPushes", "thousandPushes", 12, "x"},
 };
@@ -62,5 +72,6 @@ int main(int argc, char **argv)
     tolvane::bench::measureIdle(figures);
     tolvane::bench::measureAllocations(figures);
     tolvane::bench::measureScrolling(figures);
+    tolvane::bench::measureHomeScreen(figures);
     return figures.check(promises) ? 0 : 1;
 }

@@ -56,10 +56,10 @@ Rectangle {
         required property int iconSize
         required property bool isDark
 
-        spacing: Math.floor((width - 12 * iconSize) / 11)
+        spacing: Math.floor((width - 14 * iconSize) / 13)
 
         Repeater {
-            model: ["close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
+            model: ["colored/wave", "colored/robot", "close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
                     "clock", "lock", "warning", "checkmark-circle", "person-circle"]
 
             Icon {
