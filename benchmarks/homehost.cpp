@@ -70,11 +70,11 @@ void opening()
 {
     RunningHost host(20);
     initialize();
-    pause(500);
+    pause(2000);
     const double before = ownMemory();
     tell("first open", open(host));
     host.waitForList();
-    pause(1000);
+    pause(3000);
     tell("presentation's memory", ownMemory() - before);
     close(host);
     pause(1000);

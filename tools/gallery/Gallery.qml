@@ -59,8 +59,9 @@ Rectangle {
         spacing: Math.floor((width - 14 * iconSize) / 13)
 
         Repeater {
-            model: ["colored/wave", "colored/robot", "close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
-                    "clock", "lock", "warning", "checkmark-circle", "person-circle"]
+            model: ["close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
+                    "clock", "lock", "warning", "checkmark-circle", "person-circle", "colored/wave",
+                    "colored/robot"]
 
             Icon {
                 required property string modelData
