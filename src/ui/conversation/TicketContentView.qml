@@ -11,6 +11,9 @@ FocusScope {
     /// How much of the lower edge the on-screen keyboard covers.
     property real keyboardHeight
 
+    /// What the composer leaves free.
+    readonly property real noticeRoom: stateView.height - composer.height - 16
+
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
     LoadingStateView {
@@ -48,8 +51,11 @@ FocusScope {
         }
         loading: TicketMessagesSkeletonView { }
         loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }
-        empty: TicketEmptyContentView { }
-        error: TicketErrorContentView { errorText: view.ticket.errorText }
+        empty: TicketEmptyContentView { room: view.noticeRoom }
+        error: TicketErrorContentView {
+            room: view.noticeRoom
+            errorText: view.ticket.errorText
+        }
     }
 
     TicketComposer {

@@ -7,12 +7,24 @@ Item {
     id: area
 
     required property bool isPresent
+    /// To the lower edge of the window.
+    property real edge
 
     signal clicked()
 
     implicitHeight: button.implicitHeight
     visible: button.y < height + 6
     enabled: isPresent
+
+    // What passes below the button does not come out between it and the edge of the window.
+    Rectangle {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        y: button.y + button.height / 2
+        height: parent.height + area.edge - y
+        visible: height > 0
+        color: Theme.chatBackgroundColor
+    }
 
     TolvaneNewTicketButton {
         id: button

@@ -13,8 +13,11 @@ Item {
     required property int logoSize
     required property int logoRadius
 
+    /// As large as it may be and the longer line still fits.
+    readonly property int fittingSize: Math.max(16, Math.min(titleSize, Math.floor(
+                                           textRoom / question.advanceWidth * question.font.pixelSize)))
     /// Fonts that take more room would not fit in the strip that stays.
-    readonly property int lineHeight: Math.ceil(titleSize * 1.2)
+    readonly property int lineHeight: Math.ceil(fittingSize * 1.2)
     readonly property int spacing: isLandscape ? 7 : 10
     /// What the close button in the corner leaves free.
     readonly property int textRoom: width - 32 - (isCollapsed ? logoSize + spacing + 44 : 0)
@@ -23,6 +26,14 @@ Item {
     scale: 0.9 + 0.1 * presence.value
     visible: opacity > 0
     clip: true
+
+    TextMetrics {
+        id: question
+
+        text: Texts.string("main_subtitle")
+        font.pixelSize: 100
+        font.bold: true
+    }
 
     SpringValue {
         id: presence
@@ -61,7 +72,7 @@ Item {
                     elide: Text.ElideRight
                     color: Theme.accentColor
                     opacity: 0.4
-                    font.pixelSize: layout.titleSize
+                    font.pixelSize: layout.fittingSize
                     font.bold: true
                     lineHeightMode: Text.FixedHeight
                     lineHeight: layout.lineHeight
@@ -71,7 +82,7 @@ Item {
 
                     text: "👋"
                     textFormat: Text.PlainText
-                    font.pixelSize: layout.titleSize
+                    font.pixelSize: layout.fittingSize
                     font.bold: true
                     lineHeightMode: Text.FixedHeight
                     lineHeight: layout.lineHeight
@@ -85,7 +96,7 @@ Item {
                 horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideRight
                 color: Theme.accentColor
-                font.pixelSize: layout.titleSize
+                font.pixelSize: layout.fittingSize
                 font.bold: true
                 lineHeightMode: Text.FixedHeight
                 lineHeight: layout.lineHeight

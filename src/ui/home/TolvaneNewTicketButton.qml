@@ -9,6 +9,9 @@ Item {
     required property string title
     required property string subtitle
 
+    /// It covers what is below: its texts grow less than others.
+    readonly property int textSize: Math.min(Theme.callout, 24)
+
     signal clicked()
 
     readonly property bool isPressed: area.pressed
@@ -81,7 +84,7 @@ Item {
             horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: Theme.primaryColor
-            font.pixelSize: Theme.callout
+            font.pixelSize: button.textSize
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
@@ -91,9 +94,11 @@ Item {
             textFormat: Text.PlainText
             horizontalAlignment: Text.AlignLeft
             wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
             color: Theme.primaryColor
             opacity: 0.6
-            font.pixelSize: Theme.callout
+            font.pixelSize: button.textSize
             Accessible.ignored: true
         }
     }

@@ -11,7 +11,8 @@ Rectangle {
     Accessible.name: Texts.string("accessibility_loading")
 
     Column {
-        anchors.verticalCenter: parent.verticalCenter
+        // The end is what is cut where there is no room for it all.
+        y: Math.max(0, (parent.height - height) / 2)
         width: parent.width
 
         TolvaneHeaderSkeletonView { width: parent.width }

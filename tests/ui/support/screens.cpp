@@ -2,6 +2,7 @@
 #include "ui/support/screens.h"
 
 #include "state/destination.h"
+#include "ui/images/imagecache.h"
 #include "ui/support/samples.h"
 
 #include <QtCore/QMimeData>
@@ -185,7 +186,6 @@ std::span<const Screens::Screen> Screens::all()
         {"home-empty", &Screens::homeEmpty},
         {"home-error", &Screens::homeError},
         {"conversation-loading", &Screens::conversationLoading},
-        {"conversation-preview", &Screens::conversationPreview},
         {"conversation", &Screens::conversation},
         {"conversation-beginning", &Screens::conversationBeginning},
         {"conversation-typing", &Screens::conversationTyping},
@@ -296,8 +296,12 @@ void Screens::openTicket()
 
 void Screens::openPicture()
 {
+    UrlRequest request;
+    request.url = QUrl(cdn + u"photo2-0"_s);
+    if (m_hasPictures)
+        ImageCache::shared().responses().store(respond(request), request);
     openTicket();
-    screen().messages()->setSelectedAttachment(QUrl(cdn + u"photo2-0"_s));
+    screen().messages()->setSelectedAttachment(request.url);
     rest();
 }
 
@@ -347,15 +351,6 @@ void Screens::homeError()
 }
 
 void Screens::conversationLoading()
-{
-    open();
-    session->held = true;
-    TicketPreviewDto preview = makePreview();
-    preview.lastMessage.content.clear();
-    screen().navigation()->navigate(TolvaneDestination::ticket(preview));
-}
-
-void Screens::conversationPreview()
 {
     open();
     session->held = true;
@@ -456,7 +451,6 @@ void Screens::viewer()
 void Screens::viewerMenu()
 {
     openPicture();
-    QTest::qWait(600); // The file is made of what the cache has by then.
     const QQuickItem *share = last("ImageActions_");
     QTest::mouseClick(&host, Qt::LeftButton, {},
                       share->mapRectToScene(share->boundingRect()).center().toPoint());

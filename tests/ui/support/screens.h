@@ -66,7 +66,6 @@ private:
     void homeEmpty();
     void homeError();
     void conversationLoading();
-    void conversationPreview();
     void conversation();
     void conversationBeginning();
     void conversationTyping();
