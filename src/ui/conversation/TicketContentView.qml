@@ -61,10 +61,9 @@ FocusScope {
     TicketComposer {
         id: composer
 
-        anchors.left: parent.left
-        anchors.right: parent.right
+        x: Theme.columnInset(parent.width, 16)
+        width: parent.width - 2 * x
         anchors.bottom: parent.bottom
-        anchors.margins: 16
         anchors.bottomMargin: 16 + view.keyboardHeight
         maximumHeight: view.height - view.keyboardHeight - 32
         focus: true

@@ -30,7 +30,8 @@ Item {
         id: button
 
         y: area.isPresent ? 0 : area.height + 12
-        width: parent.width
+        x: Theme.columnInset(parent.width, 0)
+        width: parent.width - 2 * x
         title: "Send us a message"
         subtitle: "We typically reply in a few minutes."
         onClicked: area.clicked()

@@ -93,9 +93,9 @@ FocusScope {
             LoadingStateView {
                 id: stateView
 
-                x: 16
+                x: Theme.columnInset(parent.width, 16)
                 y: 8
-                width: parent.width - 32
+                width: parent.width - 2 * x
                 height: parent.height - 8
                 loadingState: home.screen.state
                 content: Item { }

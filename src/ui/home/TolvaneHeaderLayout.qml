@@ -18,9 +18,10 @@ Item {
                                            textRoom / question.advanceWidth * question.font.pixelSize)))
     /// Fonts that take more room would not fit in the strip that stays.
     readonly property int lineHeight: Math.ceil(fittingSize * 1.2)
+    readonly property real inset: Theme.columnInset(width, 16)
     readonly property int spacing: isLandscape ? 7 : 10
     /// What the close button in the corner leaves free.
-    readonly property int textRoom: width - 32 - (isCollapsed ? logoSize + spacing + 44 : 0)
+    readonly property int textRoom: width - 2 * inset - (isCollapsed ? logoSize + spacing + 44 : 0)
 
     opacity: Math.max(0, Math.min(1, presence.value))
     scale: 0.9 + 0.1 * presence.value
@@ -45,7 +46,7 @@ Item {
 
     Grid {
         anchors.left: parent.left
-        anchors.leftMargin: 16
+        anchors.leftMargin: layout.inset
         // The lowest strip is too low for two lines below the usual margin.
         y: layout.isLandscape && layout.isCollapsed ? 9 : 16
         columns: layout.isCollapsed ? 2 : 1

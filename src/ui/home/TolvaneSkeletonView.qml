@@ -16,7 +16,13 @@ Rectangle {
         width: parent.width
 
         TolvaneHeaderSkeletonView { width: parent.width }
-        TolvaneListSkeletonView { width: parent.width }
-        TolvaneNewTicketButtonSkeletonView { width: parent.width }
+        TolvaneListSkeletonView {
+            x: Theme.columnInset(parent.width, 0)
+            width: parent.width - 2 * x
+        }
+        TolvaneNewTicketButtonSkeletonView {
+            x: Theme.columnInset(parent.width, 0)
+            width: parent.width - 2 * x
+        }
     }
 }

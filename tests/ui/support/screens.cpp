@@ -257,6 +257,18 @@ void Screens::show(const QString &name)
     show(*found);
 }
 
+QStringList Screens::data()
+{
+    QStringList data;
+    for (const Line &line : lines) {
+        data += QString::fromUtf8(line.name);
+        data += QString::fromUtf8(line.text).simplified();
+        // As the backend calls them.
+        data += QString::fromUtf8(line.type);
+    }
+    return data;
+}
+
 QQuickItem *Screens::last(const char *type) const
 {
     return lastIn(messenger(), type);
@@ -275,7 +287,7 @@ ComposerData &Screens::composer() const
 void Screens::rest()
 {
     settle();
-    QTest::qWait(700);
+    QTest::qWait(500);
 }
 
 void Screens::open()

@@ -46,6 +46,9 @@ public:
     void show(const Screen &screen);
     void show(const QString &name);
 
+    /// What of all that is shown is no text of the library: what people have written, and names.
+    static QStringList data();
+
     /// Of the ones that are visible, the last of a type; null without one.
     QQuickItem *last(const char *type) const;
 

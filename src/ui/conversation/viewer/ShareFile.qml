@@ -8,7 +8,7 @@ Item {
 
     required property ImageShare share
 
-    implicitHeight: 64
+    implicitHeight: Math.max(64, texts.implicitHeight + 16)
     Accessible.ignored: true
 
     ThumbnailAsyncImage {
@@ -29,6 +29,8 @@ Item {
     }
 
     Column {
+        id: texts
+
         anchors.left: picture.right
         anchors.right: parent.right
         anchors.leftMargin: 12
