@@ -9,7 +9,6 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QPalette>
-#include <QtGui/QWheelEvent>
 
 using namespace Qt::StringLiterals;
 
@@ -223,6 +222,12 @@ Screens::Screens(const Look &look)
 
 UrlResponse Screens::respond(const UrlRequest &request)
 {
+    if (request.url.isLocalFile()) {
+        QFile file(request.url.toLocalFile());
+        return {.status = 200,
+                .headers = {},
+                .body = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray()};
+    }
     const QString path = request.url.path();
     if (request.url.host() == u"cdn.example"_s) {
         if (!m_hasPictures)
@@ -295,6 +300,9 @@ void Screens::open()
     loadSettings();
     TolvaneViewController::presentInForeground();
     rest();
+    if (!QTest::qWaitFor([this] { return !screen().isLoading(); }))
+        qFatal("The list was not loaded");
+    rest();
 }
 
 void Screens::openTicket()
@@ -344,10 +352,8 @@ void Screens::homeCurrent()
 void Screens::homeCollapsed()
 {
     open();
-    const QPointF place(host.width() / 2.0, host.height() * 0.7);
-    QWheelEvent event(place, host.mapToGlobal(place), {0, -190}, {0, -190}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&host, &event);
+    QQuickItem *list = last("QQuickListView");
+    list->setProperty("contentY", list->property("contentY").toReal() + 190);
 }
 
 void Screens::homeEmpty()

@@ -42,6 +42,7 @@ Item {
             width: parent.width
             text: Texts.hostString("Image")
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: "white"
             font.pixelSize: Theme.callout
@@ -50,6 +51,7 @@ Item {
             width: parent.width
             text: file.share.filename
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideMiddle
             color: "#99ebebf5"
             font.pixelSize: Theme.caption
