@@ -170,6 +170,24 @@ private Q_SLOTS:
         QVERIFY(rows.constFirst().contains(u"text of last"_s));
     }
 
+    void rowsThatWentByAreNotSaid()
+    {
+        HomeScene scene(60);
+        QVERIFY(scene.open());
+        for (int turn = 0; turn < 4; ++turn)
+            scene.turnWheel(-10);
+        int rows = 0;
+        for (QAccessibleInterface *each : scene.heard()) {
+            if (each->role() != QAccessible::ListItem)
+                continue;
+            // What is made ahead is near.
+            const int top = each->rect().top() - scene.host.y();
+            QVERIFY2(top > -600 && top < 1300, qPrintable(QString::number(top)));
+            ++rows;
+        }
+        QVERIFY(rows > 5);
+    }
+
     void itIsMirrored()
     {
         HomeScene scene(1);
