@@ -37,6 +37,8 @@ Item {
     property alias delegate: list.delegate
     property alias section: list.section
     property alias spacing: list.spacing
+    /// What the rows are, for those who hear it.
+    property string listName
     /// Room below the last of it all.
     property real bottomContentMargin
 
@@ -111,6 +113,8 @@ Item {
         boundsBehavior: Flickable.DragAndOvershootBounds
         currentIndex: -1
         header: Item { }
+        Accessible.role: Accessible.List
+        Accessible.name: view.listName
 
         onContentYChanged: measure()
         onCountChanged: arrange()

@@ -52,6 +52,8 @@ FocusScope {
 
         // No row is marked before somebody uses the arrow keys.
         function onModelChanged() {
+            if (parallax.list.currentItem)
+                parallax.list.currentItem.focus = false
             parallax.list.currentIndex = -1
         }
 
@@ -78,6 +80,7 @@ FocusScope {
         // Little height, as of a phone on its side; a large window has room for the tall header.
         isLandscape: width > height && height < 500
         bottomContentMargin: 120
+        listName: Texts.string("ticket_list_your_messages")
         model: home.screen.state === "loaded" ? home.screen.tickets : null
 
         header: TolvaneHeader {
