@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // A page of the navigation, for a destination. By address, so that what it is made of is read with the
 // first page, not with the home screen.

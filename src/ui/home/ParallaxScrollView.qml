@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // A header that stays behind, and a sheet with rounded corners that scrolls over it.
 //

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // What is seen of the list: its rows and, below them, the ground with rounded corners that goes
 // where the content begins. The ground is none of the list's items, so that it fills the sheet

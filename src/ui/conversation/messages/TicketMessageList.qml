@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The conversation: its messages, who is typing, and whether it is closed. Its end stays in sight:
 // the list goes there when it appears and whenever something changes there.
@@ -86,6 +86,8 @@ FocusScope {
         bottomMargin: rows.end + height
         onContentYChanged: rows.contentY = contentY
         onDraggingChanged: {
+            if (dragging)
+                Keyboard.hide()
             if (dragging || list.postponed < 0)
                 return
             rows.scrollToEnd(list.postponed)
@@ -97,8 +99,7 @@ FocusScope {
 
             parent: flickable
             x: (flickable.width - width) / 2
-            // Lines that go on across a large window are hard to read.
-            width: Math.min(flickable.width, 860)
+            width: Math.min(flickable.width, Theme.columnWidth)
             height: flickable.height
             topMargin: 10
             bottomMargin: list.bottomContentMargin
