@@ -30,7 +30,7 @@ Rectangle {
                 {tag: "another colour", name: disc, size: [24, 24], color: "#0000ff",
                  saw: ["#ffffff", "#0000ff"]},
                 {tag: "its own colours", name: "colored/robot", size: [24, 24],
-                 saw: ["#7b8a99", "#7b8a99"], at: [[3, 14], [21, 14]]},
+                 saw: ["#7b8a99", "#7b8a99"], at: [[2, 14], [21, 14]]},
                 {tag: "no name", name: "", size: [24, 24], saw: ["#ffffff", "#ffffff"]},
                 {tag: "an unknown name", name: "../icons/no such", size: [24, 24],
                  saw: ["#ffffff", "#ffffff"], warning: /there is no icon/},
