@@ -7,6 +7,7 @@
 #include "core/logger.h"
 #include "core/notifications.h"
 #include "platform/await.h"
+#include "platform/errors.h"
 #include "platform/platform.h"
 #include "state/pollingservice.h"
 #include "state/reporting.h"
@@ -119,17 +120,17 @@ void TicketData::setTicket(TicketDto ticket)
         platform().workers->post([old = std::make_shared<TicketDto>(*std::move(replaced))] {});
 }
 
-QCoro::Task<> TicketData::fetchTicket(std::optional<QString> ticketId)
+QCoro::Task<> TicketData::fetchTicket(std::optional<QString> ticketId, std::stop_token stop)
 {
-    return fetch(std::move(ticketId), Fetch::visible);
+    return fetch(std::move(ticketId), Fetch::visible, std::move(stop));
 }
 
-QCoro::Task<> TicketData::silentFetchTicket(std::optional<QString> ticketId)
+QCoro::Task<> TicketData::silentFetchTicket(std::optional<QString> ticketId, std::stop_token stop)
 {
-    return fetch(std::move(ticketId), Fetch::silent);
+    return fetch(std::move(ticketId), Fetch::silent, std::move(stop));
 }
 
-QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind)
+QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::stop_token stop)
 {
     const auto self = shared_from_this();
     const std::optional<QString> id = wanted ? wanted : ticketId();
@@ -142,7 +143,10 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind)
     Q_EMIT changed();
     try {
         const APIClient client = APIClient::live();
-        setTicket(co_await client.getTicket(*id));
+        TicketDto fetched = co_await client.getTicket(*id);
+        if (stop.stop_requested())
+            throw UrlError(UrlError::cancelled);
+        setTicket(std::move(fetched));
         if (kind == Fetch::visible) {
             track(TolvaneAnalyticsEvent::Chat::ticketViewed,
                   {{QStringLiteral("message_count"), m_ticket->messages.size()},

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // An icon to press, 36 by 36, with pointer and keyboard. Pale while disabled.
 Item {
@@ -18,10 +18,10 @@ Item {
 
     implicitWidth: 36
     implicitHeight: 36
-    activeFocusOnTab: true
+    activeFocusOnTab: enabled
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.focusable: true
+    Accessible.focusable: enabled
     Accessible.onPressAction: clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Says that something is on its way, for as long as it is visible. Decoration: what is waited for
 // has to say so in words.

@@ -14,15 +14,17 @@ constexpr int patience = 20'000; // Sanitized programs on a busy machine.
 
 } // namespace
 
-BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay)
+BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay,
+                               const QStringList &moreArguments)
 {
+    const QStringList arguments = {
+        QStringLiteral("--port"),        QStringLiteral("0"),
+        QStringLiteral("--db"),          folder + QStringLiteral("/backend.sqlite"),
+        QStringLiteral("--reply-delay"), replyDelay};
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     // It goes with a test that crashes.
     m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
-    m_process.start(QStringLiteral(TOLVANE_BACKEND),
-                    {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--db"),
-                     folder + QStringLiteral("/backend.sqlite"), QStringLiteral("--reply-delay"),
-                     replyDelay});
+    m_process.start(QStringLiteral(TOLVANE_BACKEND), arguments + moreArguments);
     while (!m_process.canReadLine()) {
         if (!m_process.waitForReadyRead(patience))
             qFatal("The backend does not start");

@@ -10,7 +10,8 @@ class BackendProgram
 {
 public:
     explicit BackendProgram(const QString &folder,
-                            const QString &replyDelay = QStringLiteral("0.2"));
+                            const QString &replyDelay = QStringLiteral("0.2"),
+                            const QStringList &moreArguments = {});
     ~BackendProgram();
 
     QString url() const { return m_url; }

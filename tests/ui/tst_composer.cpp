@@ -21,7 +21,7 @@ using namespace tolvane::test;
 
 namespace {
 
-const QString views = u"qrc:/qt-project.org/imports/Tolvane/conversation/composer/"_s;
+const QString views = u"qrc:/qt-project.org/imports/Tolvane/Private/conversation/composer/"_s;
 
 AttachmentDto picture(const QString &name, Qt::GlobalColor color = Qt::red)
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Nothing was written yet.
 TolvaneNotice {
@@ -10,5 +10,6 @@ TolvaneNotice {
     padding: 32
     spacing: 16
     detail: Texts.string("ticket_new_hint")
+    titleSize: Theme.headline
     detailColor: Theme.fontBasicColor
 }

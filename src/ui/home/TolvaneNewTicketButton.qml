@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The way to a new conversation.
 Item {
@@ -8,6 +8,9 @@ Item {
 
     required property string title
     required property string subtitle
+
+    /// It covers what is below: its texts grow less than others.
+    readonly property int textSize: Math.min(Theme.callout, 24)
 
     signal clicked()
 
@@ -41,7 +44,8 @@ Item {
         dampingFraction: 0.85
     }
 
-    // A soft shadow: rings of little black that lie over each other.
+    // A soft shadow, a little below: rings of less and less black around each other. The innermost is
+    // wide enough to begin below the button.
     Repeater {
         model: 6
 
@@ -54,7 +58,9 @@ Item {
             anchors.leftMargin: -index
             anchors.rightMargin: -index
             radius: 8 + index
-            color: "#05000000"
+            color: "transparent"
+            border.width: index === 0 ? 3 : 1
+            border.color: Qt.rgba(0, 0, 0, (6 - index) * 0.02)
         }
     }
 
@@ -81,7 +87,7 @@ Item {
             horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: Theme.primaryColor
-            font.pixelSize: Theme.callout
+            font.pixelSize: button.textSize
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
@@ -91,9 +97,10 @@ Item {
             textFormat: Text.PlainText
             horizontalAlignment: Text.AlignLeft
             wrapMode: Text.Wrap
-            color: Theme.primaryColor
-            opacity: 0.6
-            font.pixelSize: Theme.callout
+            maximumLineCount: 2
+            elide: Text.ElideRight
+            color: Qt.alpha(Theme.primaryColor, 0.6)
+            font.pixelSize: button.textSize
             Accessible.ignored: true
         }
     }

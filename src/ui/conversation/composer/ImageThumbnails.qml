@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The pictures that are attached, in a row that scrolls. Arrow keys go through it, Delete removes.
 FocusScope {
@@ -28,6 +28,9 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: Texts.string("accessibility_attach")
         onCountChanged: {
+            // Mirrored, it would stay where its beginning was.
+            if (thumbnails.LayoutMirroring.enabled)
+                Qt.callLater(positionViewAtBeginning)
             if (count === 0 && activeFocus)
                 thumbnails.emptied()
         }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Shows which part of a flickable is in sight, at its lower or trailing edge. Pale, and gone where
 // all is in sight.
@@ -21,7 +21,7 @@ Rectangle {
     readonly property real place:
         ratio < 1 ? Math.max(0, Math.min(1, position / (1 - ratio))) * (room - length) : 0
 
-    x: flickable.x + (isVertical ? flickable.width - 3 : place)
+    x: flickable.x + (!isVertical ? place : LayoutMirroring.enabled ? 0 : flickable.width - 3)
     y: flickable.y + (isVertical ? place : flickable.height - 4)
     width: isVertical ? 3 : length
     height: isVertical ? length : 3

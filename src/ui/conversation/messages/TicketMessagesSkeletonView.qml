@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The conversation while it is still to come, under the message that is already known.
 Item {
@@ -22,7 +22,7 @@ Item {
 
         x: (skeleton.width - width) / 2
         y: 20
-        width: Math.min(skeleton.width, 860)
+        width: Math.min(skeleton.width, Theme.columnWidth)
         spacing: 20
 
         Repeater {
