@@ -32,8 +32,6 @@ constexpr std::array figures = {
     Figure{"threads", &Sample::threads, 0, 2},
 };
 
-constexpr qsizetype fewestSamples = 6;
-
 QByteArray contentOf(const char *path)
 {
     QFile file(QString::fromLatin1(path));
@@ -95,10 +93,6 @@ void print(const Sample &sample, int round, double minute)
 bool isFlat(const QList<Sample> &samples)
 {
     const QList<Sample> warm = samples.mid(samples.size() / 4);
-    if (warm.size() < fewestSamples) {
-        std::printf("Too few rounds to tell.\n");
-        return false;
-    }
     const qsizetype third = warm.size() / 3;
     bool isFlat = true;
     std::printf("\n%-22s %12s %12s %12s\n", "", "warm", "at the end", "may be");

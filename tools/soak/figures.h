@@ -20,10 +20,13 @@ struct Sample
     static Sample now();
 };
 
+/// It takes so many to tell.
+inline constexpr qsizetype fewestRounds = 8;
+
 void print(const Sample &sample, int round, double minute);
 
 /// Compares the samples of the end with those after the warm-up, the medians of a third each, and
-/// prints them. False where more has grown than may; also where there are too few to tell.
+/// prints them. False where more has grown than may.
 bool isFlat(const QList<Sample> &samples);
 
 } // namespace tolvane::soak

@@ -45,7 +45,7 @@ int soakFor(double minutes)
     QElapsedTimer time;
     time.start();
     const auto passed = [&time] { return double(time.elapsed()) / 60'000; };
-    while (passed() < minutes) {
+    while (passed() < minutes || samples.size() < fewestRounds) {
         rounds.run();
         samples += Sample::now();
         print(samples.constLast(), int(samples.size()), passed() * hour / minutes);

@@ -5,6 +5,7 @@
 
 #include <tolvane/tolvane.h>
 
+#include <QtCore/QDir>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
@@ -87,8 +88,9 @@ void Rounds::take(const Step &step)
     try {
         (this->*step.run)();
     } catch (const NotFound &error) {
-        const QString picture = u"soak-ended-here.png"_s;
-        const bool isSeen = m_window && m_window->grabWindow().save(picture);
+        const QString picture = u"out/soak-ended-here.png"_s;
+        const bool isSeen =
+            QDir().mkpath(u"out"_s) && m_window && m_window->grabWindow().save(picture);
         throw NotFound(std::string(step.name) + ": " + error.what() +
                        (isSeen ? "; see " + picture.toStdString() : ""));
     }
