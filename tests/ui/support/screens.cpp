@@ -289,10 +289,21 @@ ComposerData &Screens::composer() const
     return *last("TicketComposer_")->property("composer").value<ComposerData *>();
 }
 
+bool Screens::isAtRest() const
+{
+    const QQuickItem *content = last("TolvaneScreen_");
+    const QQuickItem *stack = last("TolvaneNavigationStack_");
+    return (!content || content->y() == 0) &&
+           (!stack || stack->property("depth") == stack->property("topmost"));
+}
+
 void Screens::rest()
 {
     settle();
-    QTest::qWait(500);
+    if (!QTest::qWaitFor([this] { return isAtRest(); }, 30000))
+        qFatal("What moves does not come to rest");
+    // Views come and go.
+    QTest::qWait(400);
 }
 
 void Screens::open()
