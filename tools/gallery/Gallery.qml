@@ -59,7 +59,7 @@ Rectangle {
         spacing: Math.floor((width - 12 * iconSize) / 11)
 
         Repeater {
-            model: ["close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
+            model: ["close", "chevron-left", "photo", "progress", "paperclip", "paperplane", "share", "bubbles",
                     "clock", "lock", "warning", "checkmark-circle", "person-circle"]
 
             Icon {
