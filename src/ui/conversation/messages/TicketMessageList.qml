@@ -103,6 +103,7 @@ FocusScope {
             topMargin: 10
             bottomMargin: list.bottomContentMargin
             model: list.model
+            kindRole: "kind"
             isMoving: flickable.moving
             onMoveRequested: contentY => flickable.contentY = contentY
             trailing: (list.isAITyping ? [typing] : []).concat(list.isClosed ? [closed] : [])
