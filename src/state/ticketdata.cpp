@@ -30,6 +30,17 @@ TicketDto provisionalTicket(const TicketPreviewDto &preview)
             .schedules = {}};
 }
 
+/// The fetched ticket, with the messages that are known already where they are the same: whoever
+/// shows them sees at once that nothing has changed. Thousands take a while to compare.
+QFuture<TicketDto> withKnownMessages(TicketDto fetched, const QList<MessageDto> &known)
+{
+    return platform().workers->run([fetched = std::move(fetched), known]() mutable {
+        if (fetched.messages == known)
+            fetched.messages = known;
+        return std::move(fetched);
+    });
+}
+
 template <typename Record>
 std::optional<Record> decoded(const NotificationCenter::UserInfo &userInfo)
 {
@@ -142,7 +153,12 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind)
     Q_EMIT changed();
     try {
         const APIClient client = APIClient::live();
-        setTicket(co_await client.getTicket(*id));
+        TicketDto ticket = co_await client.getTicket(*id);
+        if (m_ticket) {
+            QFuture<TicketDto> compared = withKnownMessages(std::move(ticket), m_ticket->messages);
+            ticket = co_await settled(compared);
+        }
+        setTicket(std::move(ticket));
         if (kind == Fetch::visible) {
             track(TolvaneAnalyticsEvent::Chat::ticketViewed,
                   {{QStringLiteral("message_count"), m_ticket->messages.size()},
