@@ -125,6 +125,7 @@ Item {
             topMargin: 10
             bottomMargin: list.bottomContentMargin
             model: list.model
+            kindRole: "kind"
             isMoving: flickable.moving
             onMoveRequested: contentY => flickable.contentY = contentY
             trailing: (list.isAITyping ? [typing] : []).concat(list.isClosed ? [closed] : [])
