@@ -65,19 +65,19 @@ constexpr const char *plainPage = R"(
 TicketPreviewDto preview(int index)
 {
     const bool isAgent = index % 3 == 0;
-    return {.id = QStringLiteral("ticket-%1").arg(index),
-            .state = index % 5 == 4 ? QStringLiteral("closed") : QStringLiteral("open"),
-            .lastMessage = {.id = QStringLiteral("message-%1").arg(index),
-                            .ticketId = QStringLiteral("ticket-%1").arg(index),
-                            .sender = {.id = QStringLiteral("sender"),
-                                       .name = QStringLiteral("Ada"),
-                                       .profilePicture = {},
-                                       .type = isAgent ? words::aiAgent : words::humanAgent},
-                            .content =
-                                QStringLiteral("The last message in conversation %1").arg(index),
-                            .isRead = index % 2 == 0,
-                            .timestamp = QStringLiteral("2026-03-14T12:00:00+0000"),
-                            .attachments = {}}};
+    return {
+        .id = QStringLiteral("ticket-%1").arg(index),
+        .state = index % 5 == 4 ? QStringLiteral("closed") : QStringLiteral("open"),
+        .lastMessage = {.id = QStringLiteral("message-%1").arg(index),
+                        .ticketId = QStringLiteral("ticket-%1").arg(index),
+                        .sender = {.id = QStringLiteral("sender"),
+                                   .name = QStringLiteral("Ada"),
+                                   .profilePicture = {},
+                                   .type = isAgent ? words::aiAgent : words::humanAgent},
+                        .content = QStringLiteral("The last message in conversation %1").arg(index),
+                        .isRead = index % 2 == 0,
+                        .timestamp = QStringLiteral("2026-03-14T12:00:00+0000"),
+                        .attachments = {}}};
 }
 
 QByteArray listJson(const QList<TicketPreviewDto> &tickets)
@@ -137,8 +137,7 @@ void RunningHost::installPlatform()
         const bool isSettings = request.url.path().endsWith(QLatin1String("/settings"));
         return UrlResponse{.status = 200,
                            .headers = {{"Content-Type", "application/json"}},
-                           .body = isSettings ? json::encode(branding())
-                                              : listJson(m_tickets)};
+                           .body = isSettings ? json::encode(branding()) : listJson(m_tickets)};
     };
     installed->urlSession = std::move(session);
     installed->makeUrlCache = [this](UrlCache::Settings settings) {

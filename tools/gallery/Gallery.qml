@@ -56,11 +56,12 @@ Rectangle {
         required property int iconSize
         required property bool isDark
 
-        spacing: Math.floor((width - 12 * iconSize) / 11)
+        spacing: Math.floor((width - 14 * iconSize) / 13)
 
         Repeater {
             model: ["close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
-                    "clock", "lock", "warning", "checkmark-circle", "person-circle"]
+                    "clock", "lock", "warning", "checkmark-circle", "person-circle", "colored/wave",
+                    "colored/robot"]
 
             Icon {
                 required property string modelData

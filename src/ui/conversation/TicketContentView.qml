@@ -13,6 +13,9 @@ FocusScope {
 
     /// How much of the content's lower edge the composer lies over.
     readonly property real covered: composer.height + 32
+    /// What the composer leaves free.
+    readonly property real noticeRoom: stateView.height - covered + 16
+
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
     LoadingStateView {
@@ -50,20 +53,19 @@ FocusScope {
         }
         loading: TicketMessagesSkeletonView { }
         loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }
-        empty: TicketEmptyContentView { bottomMargin: view.covered }
+        empty: TicketEmptyContentView { room: view.noticeRoom }
         error: TicketErrorContentView {
+            room: view.noticeRoom
             errorText: view.ticket.errorText
-            bottomMargin: view.covered
         }
     }
 
     TicketComposer {
         id: composer
 
-        anchors.left: parent.left
-        anchors.right: parent.right
+        x: Theme.columnInset(parent.width, 16)
+        width: parent.width - 2 * x
         anchors.bottom: parent.bottom
-        anchors.margins: 16
         anchors.bottomMargin: 16 + view.keyboardHeight
         maximumHeight: view.height - view.keyboardHeight - 32
         focus: true

@@ -28,6 +28,9 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: Texts.string("accessibility_attach")
         onCountChanged: {
+            // Mirrored, it would stay where its beginning was.
+            if (thumbnails.LayoutMirroring.enabled)
+                Qt.callLater(positionViewAtBeginning)
             if (count === 0 && activeFocus)
                 thumbnails.emptied()
         }
