@@ -103,6 +103,12 @@ struct ManualClock::Sleeper
     std::optional<std::stop_callback<Stop>> onStop;
 };
 
+void FakeBundle::speak(const QString &language)
+{
+    texts = std::make_unique<const LibraryTexts>(QStringList(language));
+    direction = texts->direction();
+}
+
 QDateTime ManualClock::now() const
 {
     const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(m_now - Instant());

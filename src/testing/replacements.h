@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/librarytexts.h"
 #include "platform/platform.h"
 
 #include <tolvane/analytics.h>
@@ -8,6 +9,7 @@
 #include <QtCore/QStringList>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 /// Services that take the place of the platform's where time, the network, the disk and the device
@@ -95,21 +97,35 @@ struct FakeDevice final : Device
     QString timeZone = QStringLiteral("Europe/Vienna");
 };
 
+/// Texts are their keys, or those of a language.
 struct FakeBundle final : Bundle
 {
     std::optional<QString> hostVersion() const override { return version; }
     std::optional<QString> hostBuild() const override { return build; }
-    QString string(const QString &key) const override { return key; }
+    QString string(const QString &key) const override
+    {
+        return dressed(texts ? texts->text(key) : key);
+    }
     QString string(const QString &key, qint64 count) const override
     {
-        return QString::number(count) + QLatin1Char(' ') + key;
+        return dressed(texts ? texts->text(key, count)
+                             : QString::number(count) + QLatin1Char(' ') + key);
     }
-    QString hostString(const QString &key) const override { return key; }
+    QString hostString(const QString &key) const override { return dressed(key); }
     Qt::LayoutDirection layoutDirection() const override { return direction; }
+
+    /// Has the texts of a language in the place of the keys, and its direction.
+    void speak(const QString &language);
 
     std::optional<QString> version;
     std::optional<QString> build;
     Qt::LayoutDirection direction = Qt::LeftToRight;
+    std::unique_ptr<const LibraryTexts> texts;
+    /// What becomes of each text, where it is not to stay as it is.
+    std::function<QString(const QString &text)> dress;
+
+private:
+    QString dressed(const QString &text) const { return dress ? dress(text) : text; }
 };
 
 /// One broadcast as it was posted.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/errortext.h"
+
 #include <tolvane/loadingstate.h>
 
 #include <QtCore/QString>
@@ -26,7 +28,7 @@ template <typename Value>
 QString errorText(const LoadingState<Value> &state)
 {
     const ErrorPtr error = state.failure();
-    return error ? error->localizedDescription() : QString();
+    return error ? errorText(*error) : QString();
 }
 
 } // namespace tolvane

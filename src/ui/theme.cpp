@@ -50,6 +50,11 @@ QColor Theme::byAppearance(QRgb light, QRgb dark) const
     return QColor::fromRgba(isDark() ? dark : light);
 }
 
+double Theme::columnInset(double width, double margin) const
+{
+    return margin + std::max(0.0, (width - columnWidth()) / 2);
+}
+
 int Theme::scaled(int points) const
 {
     return qRound(points * textScale(QFontInfo(QGuiApplication::font()).pixelSize()));

@@ -46,6 +46,8 @@ class Theme : public QObject
     Q_PROPERTY(int title3 READ title3 NOTIFY changed)
     Q_PROPERTY(int title2 READ title2 NOTIFY changed)
     Q_PROPERTY(int title READ title NOTIFY changed)
+    /// What large windows have in their middle is no wider: longer lines are hard to read.
+    Q_PROPERTY(int columnWidth READ columnWidth CONSTANT)
     /// Whether the branding names a logo for the appearance, and where it is.
     Q_PROPERTY(bool hasLogo READ hasLogo NOTIFY changed)
     Q_PROPERTY(QUrl logo READ logo NOTIFY changed)
@@ -76,6 +78,9 @@ public:
     int title3() const { return scaled(20); }
     int title2() const { return scaled(22); }
     int title() const { return scaled(28); }
+    int columnWidth() const { return 860; }
+    /// How far from the edges of something so wide its content is, at least that margin.
+    Q_INVOKABLE double columnInset(double width, double margin) const;
     bool hasLogo() const { return logoText().has_value(); }
     QUrl logo() const { return QUrl(logoText().value_or(QString())); }
 

@@ -76,7 +76,7 @@
     </message>
     <message>
         <source>ticket_closed</source>
-        <extracomment>In place of the field for writing, where support has ended the conversation.</extracomment>
+        <extracomment>In the last row of a conversation, after a lock, where support has ended it. The customer can still write.</extracomment>
         <translation>هذه المحادثة مغلقة</translation>
     </message>
     <message>
@@ -95,19 +95,9 @@
         <translation>غير مقروءة</translation>
     </message>
     <message>
-        <source>accessibility_new_ticket</source>
-        <extracomment>Read aloud: the button that begins a new conversation by writing a message.</extracomment>
-        <translation>كتابة رسالة جديدة</translation>
-    </message>
-    <message>
         <source>accessibility_loading</source>
         <extracomment>Read aloud: the indicator of progress.</extracomment>
         <translation>جارٍ التحميل</translation>
-    </message>
-    <message>
-        <source>accessibility_refresh</source>
-        <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
-        <translation>تحديث</translation>
     </message>
     <message>
         <source>ticket_new_discussion</source>
@@ -230,6 +220,21 @@
         <source>viewer_save_failed</source>
         <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
         <translation>تعذّر الحفظ: %1</translation>
+    </message>
+    <message>
+        <source>error_offline</source>
+        <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
+        <translation>لا يوجد اتصال بالإنترنت.</translation>
+    </message>
+    <message>
+        <source>error_timeout</source>
+        <extracomment>Beneath "Something went wrong": no answer came within a minute.</extracomment>
+        <translation>يستغرق الخادم وقتًا طويلًا للرد.</translation>
+    </message>
+    <message>
+        <source>error_unreachable</source>
+        <extracomment>Beneath "Something went wrong": the server is not there, or the connection to it fails.</extracomment>
+        <translation>تعذّر الوصول إلى الخادم.</translation>
     </message>
 </context>
 </TS>

@@ -64,7 +64,7 @@
     </message>
     <message>
         <source>ticket_closed</source>
-        <extracomment>In place of the field for writing, where support has ended the conversation.</extracomment>
+        <extracomment>In the last row of a conversation, after a lock, where support has ended it. The customer can still write.</extracomment>
         <translation>This conversation is closed</translation>
     </message>
     <message>
@@ -83,19 +83,9 @@
         <translation>Unread</translation>
     </message>
     <message>
-        <source>accessibility_new_ticket</source>
-        <extracomment>Read aloud: the button that begins a new conversation by writing a message.</extracomment>
-        <translation>Write a new message</translation>
-    </message>
-    <message>
         <source>accessibility_loading</source>
         <extracomment>Read aloud: the indicator of progress.</extracomment>
         <translation>Loading</translation>
-    </message>
-    <message>
-        <source>accessibility_refresh</source>
-        <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
-        <translation>Refresh</translation>
     </message>
     <message>
         <source>ticket_new_discussion</source>
@@ -214,6 +204,21 @@
         <source>viewer_save_failed</source>
         <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
         <translation>Could not be saved: %1</translation>
+    </message>
+    <message>
+        <source>error_offline</source>
+        <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
+        <translation>There is no connection to the internet.</translation>
+    </message>
+    <message>
+        <source>error_timeout</source>
+        <extracomment>Beneath "Something went wrong": no answer came within a minute.</extracomment>
+        <translation>The server takes too long to answer.</translation>
+    </message>
+    <message>
+        <source>error_unreachable</source>
+        <extracomment>Beneath "Something went wrong": the server is not there, or the connection to it fails.</extracomment>
+        <translation>The server cannot be reached.</translation>
     </message>
 </context>
 </TS>

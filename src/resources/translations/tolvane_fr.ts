@@ -64,7 +64,7 @@
     </message>
     <message>
         <source>ticket_closed</source>
-        <extracomment>In place of the field for writing, where support has ended the conversation.</extracomment>
+        <extracomment>In the last row of a conversation, after a lock, where support has ended it. The customer can still write.</extracomment>
         <translation>Cette conversation est terminée</translation>
     </message>
     <message>
@@ -83,19 +83,9 @@
         <translation>Non lue</translation>
     </message>
     <message>
-        <source>accessibility_new_ticket</source>
-        <extracomment>Read aloud: the button that begins a new conversation by writing a message.</extracomment>
-        <translation>Écrire un nouveau message</translation>
-    </message>
-    <message>
         <source>accessibility_loading</source>
         <extracomment>Read aloud: the indicator of progress.</extracomment>
         <translation>Chargement</translation>
-    </message>
-    <message>
-        <source>accessibility_refresh</source>
-        <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
-        <translation>Actualiser</translation>
     </message>
     <message>
         <source>ticket_new_discussion</source>
@@ -214,6 +204,21 @@
         <source>viewer_save_failed</source>
         <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
         <translation>Enregistrement impossible : %1</translation>
+    </message>
+    <message>
+        <source>error_offline</source>
+        <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
+        <translation>Il n’y a pas de connexion à Internet.</translation>
+    </message>
+    <message>
+        <source>error_timeout</source>
+        <extracomment>Beneath "Something went wrong": no answer came within a minute.</extracomment>
+        <translation>Le serveur met trop de temps à répondre.</translation>
+    </message>
+    <message>
+        <source>error_unreachable</source>
+        <extracomment>Beneath "Something went wrong": the server is not there, or the connection to it fails.</extracomment>
+        <translation>Le serveur est inaccessible.</translation>
     </message>
 </context>
 </TS>

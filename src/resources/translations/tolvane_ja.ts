@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>ticket_closed</source>
-        <extracomment>In place of the field for writing, where support has ended the conversation.</extracomment>
+        <extracomment>In the last row of a conversation, after a lock, where support has ended it. The customer can still write.</extracomment>
         <translation>この会話は終了しました</translation>
     </message>
     <message>
@@ -80,19 +80,9 @@
         <translation>未読</translation>
     </message>
     <message>
-        <source>accessibility_new_ticket</source>
-        <extracomment>Read aloud: the button that begins a new conversation by writing a message.</extracomment>
-        <translation>新しいメッセージを書く</translation>
-    </message>
-    <message>
         <source>accessibility_loading</source>
         <extracomment>Read aloud: the indicator of progress.</extracomment>
         <translation>読み込み中</translation>
-    </message>
-    <message>
-        <source>accessibility_refresh</source>
-        <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
-        <translation>更新</translation>
     </message>
     <message>
         <source>ticket_new_discussion</source>
@@ -210,6 +200,21 @@
         <source>viewer_save_failed</source>
         <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
         <translation>保存できませんでした：%1</translation>
+    </message>
+    <message>
+        <source>error_offline</source>
+        <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
+        <translation>インターネットに接続されていません。</translation>
+    </message>
+    <message>
+        <source>error_timeout</source>
+        <extracomment>Beneath "Something went wrong": no answer came within a minute.</extracomment>
+        <translation>サーバーの応答に時間がかかりすぎています。</translation>
+    </message>
+    <message>
+        <source>error_unreachable</source>
+        <extracomment>Beneath "Something went wrong": the server is not there, or the connection to it fails.</extracomment>
+        <translation>サーバーに接続できません。</translation>
     </message>
 </context>
 </TS>

@@ -67,7 +67,7 @@
     </message>
     <message>
         <source>ticket_closed</source>
-        <extracomment>In place of the field for writing, where support has ended the conversation.</extracomment>
+        <extracomment>In the last row of a conversation, after a lock, where support has ended it. The customer can still write.</extracomment>
         <translation>Ta rozmowa została zakończona</translation>
     </message>
     <message>
@@ -86,19 +86,9 @@
         <translation>Nieprzeczytane</translation>
     </message>
     <message>
-        <source>accessibility_new_ticket</source>
-        <extracomment>Read aloud: the button that begins a new conversation by writing a message.</extracomment>
-        <translation>Napisz nową wiadomość</translation>
-    </message>
-    <message>
         <source>accessibility_loading</source>
         <extracomment>Read aloud: the indicator of progress.</extracomment>
         <translation>Wczytywanie</translation>
-    </message>
-    <message>
-        <source>accessibility_refresh</source>
-        <extracomment>Read aloud: the action that fetches the list of conversations anew.</extracomment>
-        <translation>Odśwież</translation>
     </message>
     <message>
         <source>ticket_new_discussion</source>
@@ -218,6 +208,21 @@
         <source>viewer_save_failed</source>
         <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
         <translation>Nie udało się zapisać: %1</translation>
+    </message>
+    <message>
+        <source>error_offline</source>
+        <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
+        <translation>Brak połączenia z internetem.</translation>
+    </message>
+    <message>
+        <source>error_timeout</source>
+        <extracomment>Beneath "Something went wrong": no answer came within a minute.</extracomment>
+        <translation>Serwer zbyt długo nie odpowiada.</translation>
+    </message>
+    <message>
+        <source>error_unreachable</source>
+        <extracomment>Beneath "Something went wrong": the server is not there, or the connection to it fails.</extracomment>
+        <translation>Serwer jest niedostępny.</translation>
     </message>
 </context>
 </TS>

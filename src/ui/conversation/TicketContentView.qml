@@ -11,6 +11,11 @@ FocusScope {
     /// How much of the lower edge the on-screen keyboard covers.
     property real keyboardHeight
 
+    /// How much of the content's lower edge the composer lies over.
+    readonly property real covered: composer.height + 32
+    /// What the composer leaves free.
+    readonly property real noticeRoom: stateView.height - covered + 16
+
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
     LoadingStateView {
@@ -32,7 +37,7 @@ FocusScope {
             isAITyping: view.ticket.isAITyping
             ticketState: view.ticket.ticketState
             messageData: view.messageData
-            bottomContentMargin: composer.height + 32
+            bottomContentMargin: view.covered
 
             Connections {
                 property bool wasShown: Keyboard.isShown
@@ -48,17 +53,19 @@ FocusScope {
         }
         loading: TicketMessagesSkeletonView { }
         loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }
-        empty: TicketEmptyContentView { }
-        error: TicketErrorContentView { errorText: view.ticket.errorText }
+        empty: TicketEmptyContentView { room: view.noticeRoom }
+        error: TicketErrorContentView {
+            room: view.noticeRoom
+            errorText: view.ticket.errorText
+        }
     }
 
     TicketComposer {
         id: composer
 
-        anchors.left: parent.left
-        anchors.right: parent.right
+        x: Theme.columnInset(parent.width, 16)
+        width: parent.width - 2 * x
         anchors.bottom: parent.bottom
-        anchors.margins: 16
         anchors.bottomMargin: 16 + view.keyboardHeight
         maximumHeight: view.height - view.keyboardHeight - 32
         focus: true

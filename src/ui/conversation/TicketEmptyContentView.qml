@@ -10,5 +10,6 @@ TolvaneNotice {
     padding: 32
     spacing: 16
     detail: Texts.string("ticket_new_hint")
+    titleSize: Theme.headline
     detailColor: Theme.fontBasicColor
 }

@@ -32,6 +32,9 @@ Item {
             // The bar's height is given.
             font.pixelSize: Math.min(Theme.callout, 20)
             font.weight: Font.DemiBold
+            // Whatever the script.
+            lineHeightMode: Text.FixedHeight
+            lineHeight: Math.ceil(font.pixelSize * 1.3)
             Accessible.ignored: true
         }
         Row {
@@ -47,6 +50,8 @@ Item {
                 color: Theme.fontBasicColor
                 opacity: 0.8
                 font.pixelSize: Math.min(Theme.caption, 15)
+                lineHeightMode: Text.FixedHeight
+                lineHeight: Math.ceil(font.pixelSize * 1.3)
                 Accessible.ignored: true
             }
             Rectangle {

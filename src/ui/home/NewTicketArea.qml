@@ -7,6 +7,8 @@ Item {
     id: area
 
     required property bool isPresent
+    /// To the lower edge of the window.
+    property real edge
 
     signal clicked()
 
@@ -14,11 +16,22 @@ Item {
     visible: button.y < height + 6
     enabled: isPresent
 
+    // What passes below the button does not come out between it and the edge of the window.
+    Rectangle {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        y: button.y + button.height / 2
+        height: parent.height + area.edge - y
+        visible: height > 0
+        color: Theme.chatBackgroundColor
+    }
+
     TolvaneNewTicketButton {
         id: button
 
         y: area.isPresent ? 0 : area.height + 12
-        width: parent.width
+        x: Theme.columnInset(parent.width, 0)
+        width: parent.width - 2 * x
         title: "Send us a message"
         subtitle: "We typically reply in a few minutes."
         onClicked: area.clicked()

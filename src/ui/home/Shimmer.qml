@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Tolvane.Private
 
 // A shine that travels over its parent from one side to the other, again and again. It is one
 // picture that moves; nothing else is touched.
@@ -12,6 +13,8 @@ Item {
     clip: true
 
     Rectangle {
+        // The same white would glare on a dark ground.
+        opacity: Theme.isDark ? 0.4 : 1
         width: shimmer.width
         height: shimmer.height
         gradient: Gradient {

@@ -31,8 +31,8 @@ Item {
     Rectangle {
         id: row
 
-        x: 16
-        width: parent.width - 32
+        x: Theme.columnInset(item.width, 16)
+        width: parent.width - 2 * x
         height: Math.max(32, texts.implicitHeight) + 32
         radius: 8
         color: Theme.bubbleAgentColor

@@ -17,9 +17,9 @@ Item {
     Text {
         id: title
 
-        x: 16
+        x: Theme.columnInset(parent.width, 16)
         y: 10
-        width: parent.width - 32
+        width: parent.width - 2 * x
         text: Texts.string("ticket_list_your_messages")
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft

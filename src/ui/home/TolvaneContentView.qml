@@ -12,6 +12,9 @@ FocusScope {
 
     property bool hasInitiallyLoaded: false
 
+    /// What is free at rest between the header and the button for a new ticket.
+    readonly property real noticeRoom: newTicket.y - (parallax.isLandscape ? 160 : 240) + 12
+
     /// How far the sheet has to be pulled down for the list to be loaded anew.
     readonly property int fullPull: 70
 
@@ -49,6 +52,8 @@ FocusScope {
 
         // No row is marked before somebody uses the arrow keys.
         function onModelChanged() {
+            if (parallax.list.currentItem)
+                parallax.list.currentItem.focus = false
             parallax.list.currentIndex = -1
         }
 
@@ -77,6 +82,7 @@ FocusScope {
         bottomContentMargin: 120
         reuseItems: true
         cutsCorners: false
+        listName: Texts.string("ticket_list_your_messages")
         model: home.screen.state === "loaded" ? home.screen.tickets : null
 
         header: TolvaneHeader {
@@ -92,15 +98,18 @@ FocusScope {
             LoadingStateView {
                 id: stateView
 
-                x: 16
+                x: Theme.columnInset(parent.width, 16)
                 y: 8
-                width: parent.width - 32
+                width: parent.width - 2 * x
                 height: parent.height - 8
                 loadingState: home.screen.state
                 content: Item { }
                 loading: TolvaneListSkeletonView { }
-                empty: TolvaneEmptyContentView { }
-                error: TolvaneErrorContentView { errorText: home.screen.errorText }
+                empty: TolvaneEmptyContentView { room: home.noticeRoom }
+                error: TolvaneErrorContentView {
+                    room: home.noticeRoom
+                    errorText: home.screen.errorText
+                }
                 transitions: ({
                     "loaded": {scale: 0.9},
                     "loading": {scale: 0.9, removalScale: 0.9},
@@ -122,10 +131,13 @@ FocusScope {
     }
 
     NewTicketArea {
+        id: newTicket
+
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: 6
+        edge: 6
         isPresent: !home.screen.isLoading
         onClicked: home.screen.navigation.navigate(Destination.newTicket())
     }

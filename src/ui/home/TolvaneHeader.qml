@@ -22,7 +22,7 @@ Rectangle {
         isCollapsed: false
         isLandscape: header.isLandscape
         isPresent: !header.isCollapsed
-        titleSize: header.isLandscape ? Math.min(Theme.title2, 33) : Math.min(Theme.title, 58)
+        titleSize: header.isLandscape ? Math.min(Theme.title2, 30) : Math.min(Theme.title, 52)
         logoSize: header.isLandscape ? 38 : 54
         logoRadius: header.isLandscape ? 8 : 12
     }
@@ -37,7 +37,7 @@ Rectangle {
             isCollapsed: true
             isLandscape: header.isLandscape
             isPresent: header.isCollapsed
-            titleSize: header.isLandscape ? Math.min(Theme.body, 18) : Math.min(Theme.title3, 26)
+            titleSize: header.isLandscape ? Math.min(Theme.body, 18) : Math.min(Theme.title3, 24)
             logoSize: header.isLandscape ? 22 : 32
             logoRadius: header.isLandscape ? 6 : 8
         }

@@ -13,16 +13,28 @@ Item {
     required property int logoSize
     required property int logoRadius
 
+    /// As large as it may be and the longer line still fits.
+    readonly property int fittingSize: Math.max(16, Math.min(titleSize, Math.floor(
+                                           textRoom / question.advanceWidth * question.font.pixelSize)))
     /// Fonts that take more room would not fit in the strip that stays.
-    readonly property int lineHeight: Math.ceil(titleSize * 1.2)
+    readonly property int lineHeight: Math.ceil(fittingSize * 1.2)
+    readonly property real inset: Theme.columnInset(width, 16)
     readonly property int spacing: isLandscape ? 7 : 10
     /// What the close button in the corner leaves free.
-    readonly property int textRoom: width - 32 - (isCollapsed ? logoSize + spacing + 44 : 0)
+    readonly property int textRoom: width - 2 * inset - (isCollapsed ? logoSize + spacing + 44 : 0)
 
     opacity: Math.max(0, Math.min(1, presence.value))
     scale: 0.9 + 0.1 * presence.value
     visible: opacity > 0
     clip: true
+
+    TextMetrics {
+        id: question
+
+        text: Texts.string("main_subtitle")
+        font.pixelSize: 100
+        font.bold: true
+    }
 
     SpringValue {
         id: presence
@@ -34,7 +46,7 @@ Item {
 
     Grid {
         anchors.left: parent.left
-        anchors.leftMargin: 16
+        anchors.leftMargin: layout.inset
         // The lowest strip is too low for two lines below the usual margin.
         y: layout.isLandscape && layout.isCollapsed ? 9 : 16
         columns: layout.isCollapsed ? 2 : 1
@@ -60,7 +72,7 @@ Item {
                     horizontalAlignment: Text.AlignLeft
                     elide: Text.ElideRight
                     color: Qt.alpha(Theme.accentColor, 0.4)
-                    font.pixelSize: layout.titleSize
+                    font.pixelSize: layout.fittingSize
                     font.bold: true
                     lineHeightMode: Text.FixedHeight
                     lineHeight: layout.lineHeight
@@ -81,7 +93,7 @@ Item {
                 horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideRight
                 color: Theme.accentColor
-                font.pixelSize: layout.titleSize
+                font.pixelSize: layout.fittingSize
                 font.bold: true
                 lineHeightMode: Text.FixedHeight
                 lineHeight: layout.lineHeight

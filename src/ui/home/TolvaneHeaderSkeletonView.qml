@@ -4,12 +4,16 @@ import Tolvane.Private
 
 // The header while the settings are still to come.
 Rectangle {
+    id: header
+
+    readonly property real inset: Theme.columnInset(width, 20)
+
     implicitHeight: 32 + 32 + 12 + 14
     color: Theme.backgroundColor
 
     SkeletonBox {
         anchors.left: parent.left
-        anchors.leftMargin: 20
+        anchors.leftMargin: header.inset
         y: 16 + 6
         width: 120
         height: 20
@@ -17,7 +21,7 @@ Rectangle {
     }
     SkeletonBox {
         anchors.right: parent.right
-        anchors.rightMargin: 20
+        anchors.rightMargin: header.inset
         y: 16
         width: 80
         height: 32
@@ -25,9 +29,9 @@ Rectangle {
     }
     SkeletonBox {
         anchors.left: parent.left
-        anchors.leftMargin: 20
+        anchors.leftMargin: header.inset
         y: 16 + 32 + 12
-        width: Math.min(200, parent.width - 40)
+        width: Math.min(200, parent.width - 2 * header.inset)
         height: 14
         tint: Theme.secondaryColor
     }

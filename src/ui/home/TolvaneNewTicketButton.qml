@@ -9,6 +9,9 @@ Item {
     required property string title
     required property string subtitle
 
+    /// It covers what is below: its texts grow less than others.
+    readonly property int textSize: Math.min(Theme.callout, 24)
+
     signal clicked()
 
     readonly property bool isPressed: area.pressed
@@ -84,7 +87,7 @@ Item {
             horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: Theme.primaryColor
-            font.pixelSize: Theme.callout
+            font.pixelSize: button.textSize
             font.weight: Font.DemiBold
             Accessible.ignored: true
         }
@@ -94,8 +97,10 @@ Item {
             textFormat: Text.PlainText
             horizontalAlignment: Text.AlignLeft
             wrapMode: Text.Wrap
+            maximumLineCount: 2
+            elide: Text.ElideRight
             color: Qt.alpha(Theme.primaryColor, 0.6)
-            font.pixelSize: Theme.callout
+            font.pixelSize: button.textSize
             Accessible.ignored: true
         }
     }

@@ -17,26 +17,38 @@ Item {
     property int iconSize: 60
     property int padding: 40
     property int spacing: 20
+    /// The height that is in sight; the notice is in the middle of it.
+    property real room: height
 
-    implicitHeight: column.implicitHeight + 2 * padding
+    /// Where there is little of it, everything moves closer together.
+    readonly property bool isCramped:
+        room < iconSize + spacing + texts.implicitHeight + 2 * padding
+    readonly property real edge: isCramped ? 8 : padding
+    // Words in large letters need the width.
+    readonly property real sideEdge: titleSize > 28 ? 16 : padding
+
+    implicitHeight: column.implicitHeight + 2 * edge
     Accessible.role: Accessible.StaticText
     Accessible.name: title.length > 0 ? title + ". " + detail : detail
 
     Column {
         id: column
 
-        anchors.centerIn: parent
-        width: parent.width - 2 * notice.padding
-        spacing: notice.spacing
+        x: notice.sideEdge
+        y: Math.max(notice.edge, (Math.min(notice.height, notice.room) - height) / 2)
+        width: parent.width - 2 * x
+        spacing: notice.isCramped ? 8 : notice.spacing
 
         Icon {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: notice.iconSize
-            height: notice.iconSize
+            width: notice.isCramped ? 0.7 * notice.iconSize : notice.iconSize
+            height: width
             name: notice.icon
             color: notice.iconColor
         }
         Column {
+            id: texts
+
             width: parent.width
             spacing: 8
 

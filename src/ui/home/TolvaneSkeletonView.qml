@@ -11,11 +11,18 @@ Rectangle {
     Accessible.name: Texts.string("accessibility_loading")
 
     Column {
-        anchors.verticalCenter: parent.verticalCenter
+        // The end is what is cut where there is no room for it all.
+        y: Math.max(0, (parent.height - height) / 2)
         width: parent.width
 
         TolvaneHeaderSkeletonView { width: parent.width }
-        TolvaneListSkeletonView { width: parent.width }
-        TolvaneNewTicketButtonSkeletonView { width: parent.width }
+        TolvaneListSkeletonView {
+            x: Theme.columnInset(parent.width, 0)
+            width: parent.width - 2 * x
+        }
+        TolvaneNewTicketButtonSkeletonView {
+            x: Theme.columnInset(parent.width, 0)
+            width: parent.width - 2 * x
+        }
     }
 }

@@ -3,6 +3,7 @@
 
 #include "platform/platform.h"
 #include "state/timeago.h"
+#include "ui/isolatedtext.h"
 
 #include <QtCore/QStringList>
 
@@ -40,7 +41,7 @@ QString singleLine(const QString &text)
 
 QString caption(const MessageDto &message)
 {
-    return senderLabel(message.sender) + QStringLiteral(" \u00b7 ") +
+    return isolatedText(senderLabel(message.sender)) + QStringLiteral(" \u00b7 ") +
            timeAgoText(message.timestamp);
 }
 

@@ -75,9 +75,11 @@ FocusScope {
             selectByMouse: !finger.active
             persistentSelection: false
             inputMethodHints: Qt.ImhMultiLine
-            // By what is written; before there is anything, by the language of the views.
-            horizontalAlignment: !editor.hasContent && LayoutMirroring.enabled ? TextEdit.AlignLeft
-                                                                                 : undefined
+            // By what is written; before there is anything, by the language of the views. Mirrored,
+            // it would not notice that the alignment is its own again.
+            LayoutMirroring.enabled: false
+            horizontalAlignment: !editor.hasContent && editor.LayoutMirroring.enabled
+                                 ? TextEdit.AlignRight : undefined
             Accessible.role: Accessible.EditableText
             Accessible.name: editor.placeholder
             Accessible.multiLine: true

@@ -21,7 +21,7 @@ Rectangle {
     readonly property real place:
         ratio < 1 ? Math.max(0, Math.min(1, position / (1 - ratio))) * (room - length) : 0
 
-    x: flickable.x + (isVertical ? flickable.width - 3 : place)
+    x: flickable.x + (!isVertical ? place : LayoutMirroring.enabled ? 0 : flickable.width - 3)
     y: flickable.y + (isVertical ? place : flickable.height - 4)
     width: isVertical ? 3 : length
     height: isVertical ? length : 3

@@ -22,8 +22,8 @@ Item {
 
             anchors.left: parent.left
             anchors.verticalCenter: parent.verticalCenter
-            width: 16
-            height: 16
+            width: Math.round(Theme.footnote * 8 / 7)
+            height: width
             name: "lock"
             color: Theme.fontBasicColor
         }

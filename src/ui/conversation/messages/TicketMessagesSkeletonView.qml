@@ -22,7 +22,7 @@ Item {
 
         x: (skeleton.width - width) / 2
         y: 20
-        width: Math.min(skeleton.width, 860)
+        width: Math.min(skeleton.width, Theme.columnWidth)
         spacing: 20
 
         Repeater {

@@ -5,6 +5,7 @@
 #include "state/timeago.h"
 #include "ui/conversation/messages/inlinemarkdown.h"
 #include "ui/conversation/messages/messageparts.h"
+#include "ui/isolatedtext.h"
 
 #include <QtCore/QStringList>
 
@@ -12,27 +13,12 @@ namespace tolvane::messagerow {
 
 namespace {
 
-/// A name on one line that cannot reorder what stands beside it.
-QString isolated(const QString &name)
-{
-    QString text;
-    for (const QChar c : name.simplified()) {
-        const bool isDirection = (c >= QChar(0x202a) && c <= QChar(0x202e)) ||
-                                 (c >= QChar(0x2066) && c <= QChar(0x2069));
-        if (!isDirection)
-            text += c;
-    }
-    constexpr qsizetype longest = 100;
-    return text.isEmpty() ? text
-                          : QChar(0x2068) + text.first(qMin(text.size(), longest)) + QChar(0x2069);
-}
-
 QString senderLabel(const SenderDto &sender)
 {
     const Bundle &bundle = *platform().bundle;
     if (sender.type == words::customer)
         return bundle.hostString(QStringLiteral("You"));
-    const QString name = isolated(sender.name.value_or(QString()));
+    const QString name = isolatedText(sender.name.value_or(QString()));
     return name.isEmpty() ? bundle.string(QStringLiteral("ticket_support")) : name;
 }
 

@@ -8,7 +8,7 @@ Item {
 
     required property ImageShare share
 
-    implicitHeight: 64
+    implicitHeight: Math.max(64, texts.implicitHeight + 16)
     Accessible.ignored: true
 
     ThumbnailAsyncImage {
@@ -29,6 +29,8 @@ Item {
     }
 
     Column {
+        id: texts
+
         anchors.left: picture.right
         anchors.right: parent.right
         anchors.leftMargin: 12
@@ -40,6 +42,7 @@ Item {
             width: parent.width
             text: Texts.hostString("Image")
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: "white"
             font.pixelSize: Theme.callout
@@ -48,6 +51,7 @@ Item {
             width: parent.width
             text: file.share.filename
             textFormat: Text.PlainText
+            horizontalAlignment: Text.AlignLeft
             elide: Text.ElideMiddle
             color: "#99ebebf5"
             font.pixelSize: Theme.caption

@@ -19,6 +19,9 @@ FocusScope {
         NumberAnimation { duration: 250; easing.type: Easing.InOutQuad }
     }
 
+    // A press beside what is to be pressed, or on what is not ready, is none on the picture.
+    MouseArea { anchors.fill: parent }
+
     Rectangle {
         id: ground
 
