@@ -6,6 +6,7 @@
 #include "testing/replacements.h"
 
 #include <tolvane/tolvane.h>
+#include <tolvane/views.h>
 
 #include <QtCore/QFile>
 #include <QtCore/QHash>

@@ -27,7 +27,8 @@ set(CPACK_COMPONENT_CORE_DESCRIPTION "Logic of a customer-support messenger for 
 
 set(CPACK_DEBIAN_SDK_PACKAGE_NAME ${sdk})
 set(CPACK_DEBIAN_SDK_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_SDK_PACKAGE_DEPENDS "${core} ${same}, qml6-module-qtquick, qml6-module-qtqml-workerscript")
+set(CPACK_DEBIAN_SDK_PACKAGE_DEPENDS
+  "${core} ${same}, qml6-module-qtquick, qml6-module-qtquick-window, qml6-module-qtqml-workerscript")
 set(CPACK_DEBIAN_SDK_PACKAGE_RECOMMENDS
   "qt6-image-formats-plugins, qml6-module-qtquick-dialogs, qml6-module-qtquick-controls, \
 qml6-module-qtquick-layouts, qml6-module-qt-labs-folderlistmodel")

@@ -266,7 +266,7 @@ private Q_SLOTS:
         Scene scene;
         scene.session->held = true;
         QQmlComponent component(scene.window.engine());
-        component.setData("import QtQuick\nimport Tolvane\n"
+        component.setData("import QtQuick\nimport Tolvane.Private\n"
                           "Loader { sourceComponent: CachedAsyncImage {\n"
                           "url: 'https://cdn.example/photo.png'; content: RoundedImage {} } }",
                           {});

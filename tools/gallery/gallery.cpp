@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Shows the gallery in a window, or saves it as a picture.
+#include <tolvane/views.h>
+
 #include <QtCore/QBuffer>
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QTimer>
