@@ -2,6 +2,7 @@
 #include "soak/round.h"
 
 #include "soak/victim.h"
+#include "state/sdkdata.h"
 
 #include <tolvane/tolvane.h>
 
@@ -119,11 +120,17 @@ void Rounds::open()
     m_visitor->find(QAccessible::Button, u"Send us a message"_s);
 }
 
-void Rounds::close()
+void Rounds::back()
 {
     m_visitor->rest();
     m_visitor->press(Qt::Key_Escape);
     m_visitor->rest();
+}
+
+void Rounds::close()
+{
+    back();
+    waitFor([] { return !SdkData::shared()->isOpen(); }, "the messenger does not close");
 }
 
 QString Rounds::newText()
@@ -163,8 +170,8 @@ void Rounds::talk()
     write(newText());
     m_visitor->click(m_visitor->find(QAccessible::Button, u"Picture "_s));
     m_visitor->find(QAccessible::Graphic, u"Picture"_s);
-    close(); // The picture, the conversation, the messenger.
-    close();
+    back(); // From the picture, and from the conversation.
+    back();
     close();
 }
 
@@ -195,7 +202,7 @@ void Rounds::weatherStorm()
         m_visitor->rest();
     }
     m_proxy.faultFor = {};
-    close();
+    back();
     close();
 }
 
@@ -213,7 +220,7 @@ void Rounds::sendAgainAfter(const std::function<void()> &lose, const std::functi
     m_visitor->rest();
     m_visitor->press(Qt::Key_Return, Qt::ControlModifier);
     m_visitor->find(QAccessible::ListItem, text);
-    close();
+    back();
     close();
 }
 

@@ -63,6 +63,7 @@ private:
     void rest();
 
     void open();
+    void back();
     void close();
     void enterConversation();
     void write(const QString &text);
