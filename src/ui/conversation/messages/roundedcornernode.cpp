@@ -31,27 +31,28 @@ std::vector<Edge> outlineOf(const RoundedShape &shape, qreal fading)
     const QRectF &rect = shape.target;
     const auto [topLeft, topRight, bottomLeft, bottomRight] = shape.radii;
     std::vector<Edge> outline;
-    const auto addCorner = [&](QPointF corner, QPointF outwards, qreal radius, int quarter,
+    const auto addCorner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter,
                                bool isEdgeRound) {
-        if (radius <= 0) {
+        const ContinuousCorner corner = shape.corner(which);
+        if (corner.extent <= 0) {
             // Something may go on from an edge without a round corner: no gap is to show there.
             outline.push_back(
-                {corner, {fading * outwards.x(), isEdgeRound ? fading * outwards.y() : 0}});
+                {place, {fading * outwards.x(), isEdgeRound ? fading * outwards.y() : 0}});
             return;
         }
+        const QPointF center = place - corner.extent * outwards;
         for (int step = 0; step <= steps; ++step) {
             const qreal angle = (quarter + qreal(step) / steps) * std::numbers::pi / 2;
-            const QPointF direction(-std::cos(angle), -std::sin(angle));
             outline.push_back(
-                {corner - radius * outwards + radius * direction, fading * direction});
+                {center + corner.extent * corner.at(angle), fading * corner.outwards(angle)});
         }
     };
     const bool isTopRound = topLeft > 0 || topRight > 0;
     const bool isBottomRound = bottomLeft > 0 || bottomRight > 0;
-    addCorner(rect.topLeft(), {-1, -1}, topLeft, 0, isTopRound);
-    addCorner(rect.topRight(), {1, -1}, topRight, 1, isTopRound);
-    addCorner(rect.bottomRight(), {1, 1}, bottomRight, 2, isBottomRound);
-    addCorner(rect.bottomLeft(), {-1, 1}, bottomLeft, 3, isBottomRound);
+    addCorner(0, rect.topLeft(), {-1, -1}, 2, isTopRound);
+    addCorner(1, rect.topRight(), {1, -1}, 3, isTopRound);
+    addCorner(3, rect.bottomRight(), {1, 1}, 0, isBottomRound);
+    addCorner(2, rect.bottomLeft(), {-1, 1}, 1, isBottomRound);
     return outline;
 }
 
@@ -133,9 +134,13 @@ public:
 
     void update(const RoundedShape &shape, const QColor &color, qreal pixelRatio) override
     {
-        const qreal padding = std::ceil(*std::ranges::max_element(shape.radii));
-        if (m_radii != shape.radii || m_color != color || m_pixelRatio != pixelRatio) {
+        qreal padding = 0;
+        for (std::size_t which = 0; which < shape.radii.size(); ++which)
+            padding = std::max(padding, std::ceil(shape.corner(which).extent));
+        if (m_radii != shape.radii || m_padding != padding || m_color != color ||
+            m_pixelRatio != pixelRatio) {
             m_radii = shape.radii;
+            m_padding = padding;
             m_color = color;
             m_pixelRatio = pixelRatio;
             m_patch->setTexture(m_window.createTextureFromImage(picture(2 * padding + 1)));
@@ -162,6 +167,7 @@ private:
     QQuickWindow &m_window;
     QSGNinePatchNode *m_patch;
     std::array<qreal, 4> m_radii{};
+    qreal m_padding = 0;
     QColor m_color;
     qreal m_pixelRatio = 0;
 };
