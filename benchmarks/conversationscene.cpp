@@ -109,16 +109,15 @@ void CannedBackend::setTicket(const TicketDto &ticket)
     m_ticket = json::encode(ticket);
 }
 
-double FrameTimes::most() const
+double mostOf(const std::vector<double> &figures)
 {
-    return *std::ranges::max_element(all);
+    return *std::ranges::max_element(figures);
 }
 
-double FrameTimes::median() const
+double medianOf(std::vector<double> figures)
 {
-    std::vector<double> sorted = all;
-    std::ranges::sort(sorted);
-    return sorted[sorted.size() / 2];
+    std::ranges::sort(figures);
+    return figures[figures.size() / 2];
 }
 
 HostWindow::HostWindow()
@@ -144,9 +143,11 @@ double HostWindow::frame(const std::function<void()> &change)
 {
     const double before = threadMilliseconds();
     change();
-    QEvent update(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(this, &update);
-    QCoreApplication::processEvents();
+    QEventLoop loop;
+    QObject::connect(this, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit);
+    // What changes nothing to be seen makes no frame.
+    QTimer::singleShot(100, &loop, &QEventLoop::quit);
+    loop.exec();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return threadMilliseconds() - before;
 }
@@ -156,6 +157,16 @@ void HostWindow::rest(int milliseconds)
     QEventLoop loop;
     QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     loop.exec();
+}
+
+void HostWindow::await(const char *what, const std::function<bool()> &hasCome)
+{
+    constexpr int step = 5;
+    for (int waited = 0; !hasCome(); waited += step) {
+        if (waited > patience)
+            qFatal("%s: it does not come", what);
+        rest(step);
+    }
 }
 
 ConversationScene::ConversationScene(CannedBackend &backend, int messageCount)

@@ -39,14 +39,8 @@ private:
     QByteArray m_ticket;
 };
 
-/// The main thread's work for one frame after another, in milliseconds.
-struct FrameTimes
-{
-    std::vector<double> all;
-
-    double most() const;
-    double median() const;
-};
+double mostOf(const std::vector<double> &figures);
+double medianOf(std::vector<double> figures);
 
 /// A window whose frames are made as they are asked for.
 class HostWindow : public QQuickView
@@ -63,6 +57,9 @@ public:
 
     /// Lets things go their way.
     void rest(int milliseconds);
+
+    /// The same until something has come about, which ends the program if it does not.
+    void await(const char *what, const std::function<bool()> &hasCome);
 };
 
 /// The conversation's screen in a window.

@@ -31,6 +31,17 @@ TicketDto provisionalTicket(const TicketPreviewDto &preview)
             .schedules = {}};
 }
 
+/// The fetched ticket, with the messages that are known already where they are the same: whoever
+/// shows them sees at once that nothing has changed. Thousands take a while to compare.
+QFuture<TicketDto> withKnownMessages(TicketDto fetched, const QList<MessageDto> &known)
+{
+    return platform().workers->run([fetched = std::move(fetched), known]() mutable {
+        if (fetched.messages == known)
+            fetched.messages = known;
+        return std::move(fetched);
+    });
+}
+
 template <typename Record>
 std::optional<Record> decoded(const NotificationCenter::UserInfo &userInfo)
 {
@@ -144,6 +155,10 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
     try {
         const APIClient client = APIClient::live();
         TicketDto fetched = co_await client.getTicket(*id);
+        if (m_ticket) {
+            QFuture<TicketDto> compared = withKnownMessages(std::move(fetched), m_ticket->messages);
+            fetched = co_await settled(compared);
+        }
         if (stop.stop_requested())
             throw UrlError(UrlError::cancelled);
         setTicket(std::move(fetched));

@@ -18,10 +18,10 @@ Item {
 
     implicitWidth: 36
     implicitHeight: 36
-    activeFocusOnTab: true
+    activeFocusOnTab: enabled
     Accessible.role: Accessible.Button
     Accessible.name: name
-    Accessible.focusable: true
+    Accessible.focusable: enabled
     Accessible.onPressAction: clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()

@@ -9,6 +9,7 @@
 #include "state/ticketsdata.h"
 #include "support/backendprogram.h"
 #include "support/faultproxy.h"
+#include "support/impatientsession.h"
 #include "support/testplatform.h"
 
 #include <QtTest/QTest>
@@ -23,25 +24,6 @@ namespace {
 const QString question = u"Where is my parcel? 📦"_s;
 const AttachmentDto label = {u"label.png"_s, u"image/png"_s, QByteArray(20'000, '\1')};
 
-/// The real network, with a time-out that can be set.
-class ImpatientSession final : public UrlSession
-{
-public:
-    QFuture<UrlResponse> send(std::function<UrlRequest()> build) override
-    {
-        return m_session->send([build, timeout = timeout] {
-            UrlRequest request = build();
-            request.timeout = timeout;
-            return request;
-        });
-    }
-
-    std::chrono::milliseconds timeout = 60s;
-
-private:
-    std::unique_ptr<UrlSession> m_session = makeNetworkSession();
-};
-
 /// A host whose way to the backend is the proxy, on the real network.
 struct Scene : Fixture
 {
@@ -50,7 +32,7 @@ struct Scene : Fixture
     {
         setKey();
         environment.insert(u"TOLVANE_API_URL"_s, proxy.url(u"/api"_s));
-        auto installed = std::make_unique<ImpatientSession>();
+        auto installed = std::make_unique<ImpatientSession>(makeNetworkSession());
         network = installed.get();
         scripted = std::exchange(platform().urlSession, std::move(installed));
         // The backend keeps its data from case to case, and each of them is a customer of its own.

@@ -259,6 +259,29 @@ private Q_SLOTS:
         settle();
         QVERIFY(!scene.item->isLoading());
     }
+
+    /// A loader deletes its item with the next turn of the event loop, and its context at once.
+    void aPictureArrivesForAViewThatIsGoing()
+    {
+        Scene scene;
+        scene.session->held = true;
+        QQmlComponent component(scene.window.engine());
+        component.setData("import QtQuick\nimport Tolvane\n"
+                          "Loader { sourceComponent: CachedAsyncImage {\n"
+                          "url: 'https://cdn.example/photo.png'; content: RoundedImage {} } }",
+                          {});
+        const std::unique_ptr<QQuickItem> loader(qobject_cast<QQuickItem *>(component.create()));
+        QVERIFY2(loader, qPrintable(component.errorString()));
+        QVERIFY(scene.show());
+        loader->setParentItem(scene.root);
+        settle();
+        const QPointer<QObject> view = loader->property("item").value<QObject *>();
+        QVERIFY(view);
+        loader->setProperty("active", false);
+        scene.session->release();
+        settle();
+        QTRY_VERIFY(!view);
+    }
 };
 
 QTEST_MAIN(AsyncImageTest)

@@ -56,12 +56,12 @@ Rectangle {
         required property int iconSize
         required property bool isDark
 
-        spacing: Math.floor((width - 14 * iconSize) / 13)
+        spacing: Math.floor((width - 15 * iconSize) / 14)
 
         Repeater {
-            model: ["close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
-                    "clock", "lock", "warning", "checkmark-circle", "person-circle", "colored/wave",
-                    "colored/robot"]
+            model: ["close", "chevron-left", "photo", "progress", "paperclip", "paperplane", "share",
+                    "bubbles", "clock", "lock", "warning", "checkmark-circle", "person-circle",
+                    "colored/wave", "colored/robot"]
 
             Icon {
                 required property string modelData

@@ -40,6 +40,8 @@ Item {
     property alias reuseItems: list.reuseItems
     /// False for content that stays clear of the sheet's corners by itself: drawing is cheaper then.
     property bool cutsCorners: true
+    /// What the rows are, for those who hear it.
+    property string listName
     /// Room below the last of it all.
     property real bottomContentMargin
 
@@ -114,6 +116,8 @@ Item {
         boundsBehavior: Flickable.DragAndOvershootBounds
         currentIndex: -1
         header: Item { }
+        Accessible.role: Accessible.List
+        Accessible.name: view.listName
 
         onContentYChanged: measure()
         onCountChanged: arrange()

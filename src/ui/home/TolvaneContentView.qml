@@ -52,6 +52,8 @@ FocusScope {
 
         // No row is marked before somebody uses the arrow keys.
         function onModelChanged() {
+            if (parallax.list.currentItem)
+                parallax.list.currentItem.focus = false
             parallax.list.currentIndex = -1
         }
 
@@ -80,6 +82,7 @@ FocusScope {
         bottomContentMargin: 120
         reuseItems: true
         cutsCorners: false
+        listName: Texts.string("ticket_list_your_messages")
         model: home.screen.state === "loaded" ? home.screen.tickets : null
 
         header: TolvaneHeader {

@@ -8,8 +8,9 @@
 
 namespace tolvane {
 
-/// One of the library's icons, drawn for the pixels that it takes on the screen: in one colour, or in
-/// its own where it has several. Decoration: what it stands for has to be said by whoever uses it.
+/// One of the library's icons, drawn for the pixels that it takes on the screen: in one colour, or
+/// in its own where it has several. Decoration: what it stands for has to be said by whoever uses
+/// it.
 class Icon : public QQuickItem
 {
     Q_OBJECT

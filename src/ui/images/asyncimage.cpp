@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/asyncimage.h"
 
+#include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 #include <QtQml/qqmlinfo.h>
 #include <QtQuick/QQuickWindow>
@@ -124,10 +125,14 @@ void AsyncImage::show(const QImage &picture)
 QQuickItem *AsyncImage::make(QQmlComponent &component, const QVariantMap &properties)
 {
     QQmlContext *context = component.creationContext();
+    if (!context)
+        context = qmlContext(this);
+    // A view that is about to be deleted has lost its context already.
+    if (!context || !context->isValid())
+        return nullptr;
     // Qt 6.4 crashes over initial properties for a component that did not compile.
-    QObject *object = component.isReady() ? component.createWithInitialProperties(
-                                                properties, context ? context : qmlContext(this))
-                                          : nullptr;
+    QObject *object =
+        component.isReady() ? component.createWithInitialProperties(properties, context) : nullptr;
     auto *item = qobject_cast<QQuickItem *>(object);
     if (!item) {
         delete object;

@@ -21,6 +21,14 @@ namespace {
 const QString root = u"/org/a11y/atspi/accessible/root"_s;
 const QString accessible = u"org.a11y.atspi.Accessible"_s;
 
+/// Of an answer; an empty one where there was none.
+template <typename Value>
+Value value(const QVariant &answer)
+{
+    return answer.canConvert<QDBusArgument>() ? qdbus_cast<Value>(answer.value<QDBusArgument>())
+                                              : Value();
+}
+
 } // namespace
 
 AtSpi::AtSpi()
@@ -68,11 +76,11 @@ QVariant AtSpi::property(const QString &path, const QString &name)
 
 QStringList AtSpi::children(const QString &service, const QString &path, QString *owner)
 {
-    const auto list =
-        call(service, path, accessible, u"GetChildren"_s).value<QDBusArgument>();
+    const QVariant answer = call(service, path, accessible, u"GetChildren"_s);
     QStringList paths;
-    if (list.currentType() != QDBusArgument::ArrayType)
+    if (!answer.canConvert<QDBusArgument>())
         return paths;
+    const auto list = answer.value<QDBusArgument>();
     list.beginArray();
     while (!list.atEnd()) {
         QString application;
@@ -93,25 +101,28 @@ Heard AtSpi::look(const QString &path, int parent)
     Heard heard;
     heard.path = path;
     heard.parent = parent;
-    const auto states = qdbus_cast<QList<uint>>(
-        call(m_application, path, accessible, u"GetState"_s).value<QDBusArgument>());
+    const auto states = value<QList<uint>>(call(m_application, path, accessible, u"GetState"_s));
     if (states.size() == 2)
         heard.states = states.at(0) | quint64(states.at(1)) << 32;
     return heard;
 }
 
+void AtSpi::describe(Heard &heard)
+{
+    heard.name = property(heard.path, u"Name"_s).toString();
+    heard.role = call(m_application, heard.path, accessible, u"GetRoleName"_s).toString();
+    // The application itself has none.
+    if (heard.parent >= 0) {
+        heard.place = value<QRect>(
+            call(m_application, heard.path, u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {0U}));
+    }
+}
+
 void AtSpi::collect(const QString &path, int parent, QList<Heard> &all)
 {
-    Heard heard = look(path, parent);
+    const Heard heard = look(path, parent);
     if (parent >= 0 && !heard.isShown())
         return;
-    heard.name = property(path, u"Name"_s).toString();
-    heard.role = call(m_application, path, accessible, u"GetRoleName"_s).toString();
-    if (parent >= 0) {
-        heard.place = qdbus_cast<QRect>(call(m_application, path, u"org.a11y.atspi.Component"_s,
-                                             u"GetExtents"_s, {0U})
-                                            .value<QDBusArgument>());
-    }
     const int index = int(all.size());
     all += heard;
     for (const QString &child : children(m_application, path))
@@ -122,17 +133,22 @@ QList<Heard> AtSpi::listen()
 {
     QList<Heard> all;
     collect(root, -1, all);
+    for (Heard &heard : all)
+        describe(heard);
     return all;
 }
 
 Heard AtSpi::focus()
 {
-    Heard focus;
-    for (const Heard &heard : listen()) {
-        if (heard.isFocused())
-            focus = heard;
+    QList<Heard> all;
+    collect(root, -1, all);
+    for (auto heard = all.rbegin(); heard != all.rend(); ++heard) {
+        if (heard->isFocused()) {
+            describe(*heard);
+            return *heard;
+        }
     }
-    return focus;
+    return {};
 }
 
 } // namespace tolvane::test

@@ -50,6 +50,7 @@ private:
     QVariant property(const QString &path, const QString &name);
     QStringList children(const QString &service, const QString &path, QString *owner = nullptr);
     Heard look(const QString &path, int parent);
+    void describe(Heard &heard);
     void collect(const QString &path, int parent, QList<Heard> &all);
 
     QDBusConnection m_bus{QString()};

@@ -56,6 +56,7 @@ private:
     UrlResponse respond(const UrlRequest &request);
     ScreenData &screen() const;
     ComposerData &composer() const;
+    bool isAtRest() const;
     void rest();
     void open();
     void openTicket();

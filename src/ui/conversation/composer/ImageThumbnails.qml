@@ -28,9 +28,8 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: Texts.string("accessibility_attach")
         onCountChanged: {
-            // Mirrored, it would stay where its beginning was.
             if (thumbnails.LayoutMirroring.enabled)
-                Qt.callLater(positionViewAtBeginning)
+                beginning.start()
             if (count === 0 && activeFocus)
                 thumbnails.emptied()
         }
@@ -68,6 +67,14 @@ FocusScope {
             isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
             removeName: Texts.string("accessibility_remove_attachment").arg(name)
             onRemoved: thumbnails.composer.removeAttachment(index)
+        }
+
+        // Mirrored, the list would stay where its beginning was.
+        Timer {
+            id: beginning
+
+            interval: 0
+            onTriggered: list.positionViewAtBeginning()
         }
 
         // A mouse has one wheel; here there is one way to go.

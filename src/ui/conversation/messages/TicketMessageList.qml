@@ -4,7 +4,7 @@ import Tolvane.Private
 
 // The conversation: its messages, who is typing, and whether it is closed. Its end stays in sight:
 // the list goes there when it appears and whenever something changes there.
-FocusScope {
+Item {
     id: list
 
     /// A MessageListModel.
@@ -35,11 +35,32 @@ FocusScope {
             rows.scrollToEnd(duration)
     }
 
+    // What the keyboard comes to is to be seen.
+    readonly property Item focusItem: Window.activeFocusItem
+
+    onFocusItemChanged: {
+        for (let item = focusItem; item && item !== list; item = item.parent) {
+            if (item === rows)
+                showInside(focusItem)
+        }
+    }
+
+    function showInside(item) {
+        const top = item.mapToItem(list, 0, 0).y - 16
+        const bottom = top + item.height + 32 - (height - bottomContentMargin)
+        if (top < 0)
+            rows.scrollBy(top, 150)
+        else if (bottom > 0)
+            rows.scrollBy(bottom, 150)
+    }
 
     onTicketStateChanged: scrollToEnd(300)
     onIsAITypingChanged: scrollToEnd(300)
 
     activeFocusOnTab: true
+    Accessible.role: Accessible.List
+    Accessible.name: Texts.string("ticket_list_your_messages")
+    Accessible.focusable: true
     Keys.onPressed: event => {
         const page = 0.9 * (height - bottomContentMargin)
         event.accepted = true
@@ -104,10 +125,10 @@ FocusScope {
             topMargin: 10
             bottomMargin: list.bottomContentMargin
             model: list.model
+            kindRole: "kind"
             isMoving: flickable.moving
             onMoveRequested: contentY => flickable.contentY = contentY
             trailing: (list.isAITyping ? [typing] : []).concat(list.isClosed ? [closed] : [])
-            Accessible.role: Accessible.List
 
             delegate: MessageItem {
                 id: message

@@ -8,8 +8,8 @@
 #include <QtQuick/QSGVertexColorMaterial>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <memory>
 #include <numbers>
 #include <vector>
 
@@ -17,47 +17,145 @@ namespace tolvane {
 
 namespace {
 
-/// A point of the outline, with the half of the line along which the shape fades out there.
-struct Edge
+/// A place on a curve about an origin, for an extent of 1, and where outwards is there.
+struct Direction
 {
     QPointF place;
+    QPointF outwards;
+};
+
+/// A corner of a shape: the middle of its curve, the curve as directions from there, and how much
+/// of a pixel the shape fades out there, across and down.
+struct Corner
+{
+    QPointF middle;
+    qreal extent;
+    std::vector<Direction> directions;
     QPointF fading;
 };
 
-/// Clockwise from the left end of the upper left corner.
-std::vector<Edge> outlineOf(const RoundedShape &shape, qreal fading)
+using Corners = std::array<Corner, 4>;
+
+/// Clockwise from the upper left.
+Corners cornersOf(const RoundedShape &shape)
 {
     constexpr int steps = 10;
     const QRectF &rect = shape.target;
     const auto [topLeft, topRight, bottomLeft, bottomRight] = shape.radii;
-    std::vector<Edge> outline;
-    const auto addCorner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter,
-                               bool isEdgeRound) {
-        const ContinuousCorner corner = shape.corner(which);
-        if (corner.extent <= 0) {
-            // Something may go on from an edge without a round corner: no gap is to show there.
-            outline.push_back(
-                {place, {fading * outwards.x(), isEdgeRound ? fading * outwards.y() : 0}});
-            return;
-        }
-        const QPointF center = place - corner.extent * outwards;
-        for (int step = 0; step <= steps; ++step) {
+    const auto corner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter,
+                            bool isEdgeRound) {
+        const ContinuousCorner curve = shape.corner(which);
+        Corner result{.middle = place - curve.extent * outwards,
+                      .extent = curve.extent,
+                      .directions = {},
+                      // Something may go on from an edge without a curve: no gap is to show there.
+                      .fading = {1.0, isEdgeRound ? 1.0 : 0.0}};
+        if (curve.extent <= 0)
+            result.directions = {{outwards, outwards}};
+        for (int step = 0; step <= steps && curve.extent > 0; ++step) {
             const qreal angle = (quarter + qreal(step) / steps) * std::numbers::pi / 2;
-            outline.push_back(
-                {center + corner.extent * corner.at(angle), fading * corner.outwards(angle)});
+            result.directions.push_back({curve.at(angle), curve.outwards(angle)});
         }
+        return result;
     };
     const bool isTopRound = topLeft > 0 || topRight > 0;
     const bool isBottomRound = bottomLeft > 0 || bottomRight > 0;
-    addCorner(0, rect.topLeft(), {-1, -1}, 2, isTopRound);
-    addCorner(1, rect.topRight(), {1, -1}, 3, isTopRound);
-    addCorner(3, rect.bottomRight(), {1, 1}, 0, isBottomRound);
-    addCorner(2, rect.bottomLeft(), {-1, 1}, 1, isBottomRound);
-    return outline;
+    return {corner(0, rect.topLeft(), {-1, -1}, 2, isTopRound),
+            corner(1, rect.topRight(), {1, -1}, 3, isTopRound),
+            corner(3, rect.bottomRight(), {1, 1}, 0, isBottomRound),
+            corner(2, rect.bottomLeft(), {-1, 1}, 1, isBottomRound)};
+}
+
+/// Vertices and triangles as they are added.
+class Mesh
+{
+public:
+    explicit Mesh(const QColor &color)
+    {
+        const auto part = [&color](float value) {
+            return uchar(std::lround(255 * value * color.alphaF()));
+        };
+        m_color.set(0, 0, part(color.redF()), part(color.greenF()), part(color.blueF()), part(1));
+    }
+
+    int add(const QPointF &place, bool isOpaque)
+    {
+        QSGGeometry::ColoredPoint2D vertex{};
+        if (isOpaque)
+            vertex = m_color;
+        vertex.x = float(place.x());
+        vertex.y = float(place.y());
+        m_vertices.push_back(vertex);
+        return int(m_vertices.size()) - 1;
+    }
+
+    void addTriangle(int first, int second, int third)
+    {
+        for (const int vertex : {first, second, third})
+            m_indices.push_back(quint16(vertex));
+    }
+
+    void addStrip(int left, int right, int nextLeft, int nextRight)
+    {
+        addTriangle(left, right, nextLeft);
+        addTriangle(nextLeft, right, nextRight);
+    }
+
+    void copyTo(QSGGeometry &geometry) const
+    {
+        geometry.allocate(int(m_vertices.size()), int(m_indices.size()));
+        std::ranges::copy(m_vertices, geometry.vertexDataAsColoredPoint2D());
+        std::ranges::copy(m_indices, geometry.indexDataAsUShort());
+    }
+
+private:
+    QSGGeometry::ColoredPoint2D m_color{};
+    std::vector<QSGGeometry::ColoredPoint2D> m_vertices;
+    std::vector<quint16> m_indices;
+};
+
+/// What is inside as few large triangles and small fans at the corners, and around it a rim that
+/// fades out over a pixel.
+/// @param pixel the length of one
+Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
+{
+    Mesh mesh(color);
+    std::array<int, 4> middles{};
+    struct RimPoint
+    {
+        int middle;
+        int inside;
+        int outside;
+    };
+    std::vector<RimPoint> rim;
+    const Corners corners = cornersOf(shape);
+    for (std::size_t at = 0; at < corners.size(); ++at) {
+        const Corner &corner = corners.at(at);
+        middles.at(at) = mesh.add(corner.middle, true);
+        for (const auto &[direction, outwards] : corner.directions) {
+            const QPointF place = corner.middle + corner.extent * direction;
+            const QPointF fading =
+                pixel / 2 *
+                QPointF(outwards.x() * corner.fading.x(), outwards.y() * corner.fading.y());
+            rim.push_back({.middle = middles.at(at),
+                           .inside = mesh.add(place - fading, true),
+                           .outside = mesh.add(place + fading, false)});
+        }
+    }
+    mesh.addStrip(middles[0], middles[3], middles[1], middles[2]);
+    for (std::size_t at = 0; at < rim.size(); ++at) {
+        const RimPoint &here = rim.at(at);
+        const RimPoint &next = rim.at((at + 1) % rim.size());
+        mesh.addTriangle(here.middle, here.inside, next.inside);
+        if (here.middle != next.middle)
+            mesh.addTriangle(here.middle, next.inside, next.middle);
+        mesh.addStrip(here.inside, here.outside, next.inside, next.outside);
+    }
+    return mesh;
 }
 
 /// Triangles without a texture, which the renderer draws all at once, however many shapes there
-/// are. The edge fades out over a pixel.
+/// are.
 class MeshNode final : public RoundedCornerNode
 {
 public:
@@ -73,48 +171,11 @@ public:
 
     void update(const RoundedShape &shape, const QColor &color, qreal pixelRatio) override
     {
-        const std::vector<Edge> outline = outlineOf(shape, 0.5 / pixelRatio);
-        const int count = int(outline.size());
-        m_geometry.allocate(2 * count, 3 * (count - 2) + 6 * count);
-        setVertices(outline, color);
-        setTriangles(count);
+        meshOf(shape, color, 1 / pixelRatio).copyTo(m_geometry);
         m_node.markDirty(DirtyGeometry);
     }
 
 private:
-    void setVertices(const std::vector<Edge> &outline, const QColor &color)
-    {
-        const auto part = [&color](float value) {
-            return uchar(std::lround(255 * value * color.alphaF()));
-        };
-        auto *vertex = m_geometry.vertexDataAsColoredPoint2D();
-        for (const Edge &edge : outline) {
-            const QPointF inside = edge.place - edge.fading;
-            const QPointF outside = edge.place + edge.fading;
-            vertex++->set(float(inside.x()), float(inside.y()), part(color.redF()),
-                          part(color.greenF()), part(color.blueF()), part(1));
-            vertex++->set(float(outside.x()), float(outside.y()), 0, 0, 0, 0);
-        }
-    }
-
-    /// A fan over the inside, and a ring around it.
-    void setTriangles(int count)
-    {
-        quint16 *index = m_geometry.indexDataAsUShort();
-        const auto add = [&index](int first, int second, int third) {
-            for (const int vertex : {first, second, third})
-                *index++ = quint16(vertex);
-        };
-        for (int point = 1; point < count - 1; ++point)
-            add(0, 2 * point, 2 * (point + 1));
-        for (int point = 0; point < count; ++point) {
-            const int here = 2 * point;
-            const int next = 2 * ((point + 1) % count);
-            add(here, here + 1, next);
-            add(next, here + 1, next + 1);
-        }
-    }
-
     QSGGeometry m_geometry;
     QSGVertexColorMaterial m_material;
     QSGGeometryNode m_node;
