@@ -12,7 +12,8 @@ layout(std140, binding = 0) uniform Block
 {
     mat4 qt_Matrix;
     float qt_Opacity;
-    float radius;
+    float extent;
+    float exponent;
     float beginning;
     vec2 size;
 };
@@ -21,8 +22,10 @@ void main()
 {
     vec2 halfSize = 0.5 * vec2(size.x, size.y - beginning);
     vec2 fromCenter = qt_TexCoord0 * size - vec2(halfSize.x, beginning + halfSize.y);
-    vec2 fromCorner = abs(fromCenter) - halfSize + radius;
-    float beyond = length(max(fromCorner, 0.0)) + min(max(fromCorner.x, fromCorner.y), 0.0) - radius;
+    vec2 fromCorner = abs(fromCenter) - halfSize + extent;
+    vec2 part = max(fromCorner, 0.0) / extent;
+    float ring = pow(pow(part.x, exponent) + pow(part.y, exponent), 1.0 / exponent);
+    float beyond = min(max(fromCorner.x, fromCorner.y), 0.0) + (ring - 1.0) * extent;
     // One pixel of the screen from full to nothing.
     float pixel = length(vec2(dFdx(beyond), dFdy(beyond)));
     float cover = clamp(0.5 - beyond / max(pixel, 1e-6), 0.0, 1.0);

@@ -7,20 +7,24 @@ layout(location = 0) out vec4 color;
 
 layout(std140, binding = 0) uniform Uniforms {
     mat4 matrix;
-    vec4 radii; // Top left, top right, bottom left, bottom right.
+    vec4 extents; // Of the corners: top left, top right, bottom left, bottom right.
     vec2 halfSize;
+    float exponent;
     float opacity;
 };
 
 layout(binding = 1) uniform sampler2D picture;
 
-// How far outside the rounded rectangle, negative inside; exact at the corners' arcs.
+// Negative inside, positive outside the rectangle whose corners are superellipses.
 float distanceOutside(vec2 at)
 {
-    vec2 leftAndRight = at.y < 0.0 ? radii.xy : radii.zw;
-    float radius = at.x < 0.0 ? leftAndRight.x : leftAndRight.y;
-    vec2 beyond = abs(at) - halfSize + radius;
-    return length(max(beyond, 0.0)) + min(max(beyond.x, beyond.y), 0.0) - radius;
+    vec2 leftAndRight = at.y < 0.0 ? extents.xy : extents.zw;
+    float extent = at.x < 0.0 ? leftAndRight.x : leftAndRight.y;
+    vec2 beyond = abs(at) - halfSize + extent;
+    vec2 part = max(beyond, 0.0) / max(extent, 0.0001);
+    float ring = pow(pow(part.x, exponent) + pow(part.y, exponent), 1.0 / exponent);
+    return extent > 0.0 ? min(max(beyond.x, beyond.y), 0.0) + (ring - 1.0) * extent
+                        : max(beyond.x, beyond.y);
 }
 
 void main()

@@ -12,8 +12,9 @@ layout(location = 1) out vec2 place;
 
 layout(std140, binding = 0) uniform Uniforms {
     mat4 matrix;
-    vec4 radii;
+    vec4 extents;
     vec2 halfSize;
+    float exponent;
     float opacity;
 };
 

@@ -7,7 +7,8 @@ ShaderEffect {
     /// Set by the layer.
     property var source
     readonly property real beginning: source ? source.sourceItem.contentTop : 0
-    readonly property real radius: Parallax.contentCornerRadius
+    readonly property real extent: Parallax.contentCornerExtent
+    readonly property real exponent: Parallax.contentCornerExponent
     readonly property size size: Qt.size(width, height)
 
     fragmentShader: "qrc:/tolvane/shaders/roundedclip.frag.qsb"

@@ -19,11 +19,11 @@ Item {
     layer.enabled: cutsCorners && GraphicsInfo.api !== GraphicsInfo.Software
     layer.effect: ParallaxClip { }
 
-    Rectangle {
+    RoundedCorner {
         y: sheet.contentTop
         width: parent.width
-        // Its lower corners are out of sight.
-        height: sheet.height - y + radius
+        height: sheet.height - y
+        corners: RoundedImage.TopLeft | RoundedImage.TopRight
         radius: sheet.layer.enabled ? 0 : Parallax.contentCornerRadius
         color: sheet.background
 

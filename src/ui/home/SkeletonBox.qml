@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Tolvane.Private
 
 // A bar in the place of something that is still to come.
-Rectangle {
+RoundedCorner {
     id: box
 
     property color tint

@@ -3,7 +3,7 @@ import QtQuick
 import Tolvane.Private
 
 // A ticket's row that is still to come.
-Rectangle {
+RoundedCorner {
     id: row
 
     readonly property color tint: Qt.alpha(Theme.fontAgentBubbleColor, 0.6)

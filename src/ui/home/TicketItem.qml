@@ -28,7 +28,7 @@ Item {
     ListView.onPooled: visible = false
     ListView.onReused: visible = true
 
-    Rectangle {
+    RoundedCorner {
         id: row
 
         x: Theme.columnInset(item.width, 16)

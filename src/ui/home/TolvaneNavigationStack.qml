@@ -65,18 +65,6 @@ FocusScope {
 
     onDepthChanged: follow()
 
-    // Who touches the screen goes to a conversation next, more often than not. What it takes is read in
-    // the background between press and release, and takes no memory before.
-    PointHandler {
-        property Component next
-
-        onActiveChanged: {
-            if (!next)
-                next = Qt.createComponent(Qt.resolvedUrl("../conversation/TicketScreen.qml"),
-                                          Component.Asynchronous, stack)
-        }
-    }
-
     Connections {
         target: stack.navigation
 

@@ -64,7 +64,7 @@ Item {
         }
     }
 
-    Rectangle {
+    RoundedCorner {
         anchors.fill: parent
         radius: 8
         color: Theme.accentColor

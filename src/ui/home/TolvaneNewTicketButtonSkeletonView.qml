@@ -6,7 +6,7 @@ import Tolvane.Private
 Item {
     implicitHeight: button.height + 20
 
-    Rectangle {
+    RoundedCorner {
         id: button
 
         x: 20

@@ -3,6 +3,8 @@
 
 #include <QtQml/QQmlInfo>
 
+#include <limits>
+
 namespace tolvane {
 
 namespace {
@@ -87,6 +89,12 @@ QVariant ParallaxType::configuration(const QVariant &portrait, const QVariant &l
     return QVariant::fromValue(ParallaxConfiguration(*upright, *lying, parallaxFactor,
                                                      stretchFactor, thresholdPercentage,
                                                      headerBackground, contentBackground));
+}
+
+ContinuousCorner ParallaxType::contentCorner()
+{
+    return ContinuousCorner::of(ParallaxRules::contentCornerRadius,
+                                std::numeric_limits<double>::infinity());
 }
 
 } // namespace tolvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/home/parallaxrules.h"
+#include "ui/images/continuouscorner.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QVariant>
@@ -75,11 +76,16 @@ class ParallaxType : public QObject
     QML_NAMED_ELEMENT(Parallax)
     QML_SINGLETON
     Q_PROPERTY(double contentCornerRadius READ contentCornerRadius CONSTANT)
+    /// The corner's shape; see ContinuousCorner.
+    Q_PROPERTY(double contentCornerExtent READ contentCornerExtent CONSTANT)
+    Q_PROPERTY(double contentCornerExponent READ contentCornerExponent CONSTANT)
 
 public:
     using QObject::QObject;
 
     double contentCornerRadius() const { return ParallaxRules::contentCornerRadius; }
+    double contentCornerExtent() const { return contentCorner().extent; }
+    double contentCornerExponent() const { return contentCorner().exponent; }
 
     Q_INVOKABLE QVariant heights(double opened, double collapsed) const;
     /// The parts are those of ParallaxConfiguration, in its order.
@@ -87,6 +93,9 @@ public:
                                        double parallaxFactor, double stretchFactor,
                                        double thresholdPercentage, const QColor &headerBackground,
                                        const QColor &contentBackground) const;
+
+private:
+    static ContinuousCorner contentCorner();
 };
 
 } // namespace tolvane

@@ -16,8 +16,9 @@ namespace {
 struct Uniforms
 {
     std::array<float, 16> matrix;
-    std::array<float, 4> radii;
+    std::array<float, 4> extents;
     std::array<float, 2> halfSize;
+    float exponent;
     float opacity;
 };
 
@@ -49,11 +50,19 @@ public:
         }
         if (!before || before->compare(material) != 0) {
             const RoundedShape &shape = static_cast<RoundedMaterial *>(material)->shape();
-            std::array<float, 4> radii{};
-            std::ranges::copy(shape.radii, radii.begin());
+            std::array<float, 4> extents{};
+            float exponent = 2;
+            for (std::size_t which = 0; which < extents.size(); ++which) {
+                const ContinuousCorner corner = shape.corner(which);
+                extents.at(which) = float(corner.extent);
+                // Those that are round are alike.
+                if (corner.extent > 0)
+                    exponent = float(corner.exponent);
+            }
             const std::array halfSize = {float(shape.target.width() / 2),
                                          float(shape.target.height() / 2)};
-            set(offsetof(Uniforms, radii), radii.data(), sizeof(radii));
+            set(offsetof(Uniforms, extents), extents.data(), sizeof(extents));
+            set(offsetof(Uniforms, exponent), &exponent, sizeof(exponent));
             set(offsetof(Uniforms, halfSize), halfSize.data(), sizeof(halfSize));
             isChanged = true;
         }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/roundedshape.h"
 
+#include <QtGui/QPolygonF>
+
 #include <algorithm>
+#include <numbers>
 
 namespace tolvane {
 
@@ -34,25 +37,31 @@ bool RoundedShape::isRounded() const
     return std::ranges::any_of(radii, [](qreal radius) { return radius > 0; });
 }
 
+ContinuousCorner RoundedShape::corner(std::size_t which) const
+{
+    return ContinuousCorner::of(radii.at(which), std::min(target.width(), target.height()) / 2);
+}
+
 QPainterPath RoundedShape::outline(qreal factor) const
 {
-    const QRectF rect(QPointF(), target.size() * factor);
-    const auto [topLeft, topRight, bottomLeft, bottomRight] = radii;
-    QPainterPath path(rect.topRight() + QPointF(0, topRight * factor));
-    // A radius of 0 leaves the corner as it is, for the line that goes on from there.
-    const auto addCorner = [&](qreal radius, QPointF corner, qreal startAngle) {
-        const qreal side = 2 * radius * factor;
-        QRectF box(corner, QSizeF(side, side));
-        box.translate(corner.x() > 0 ? -side : 0, corner.y() > 0 ? -side : 0);
-        if (side > 0)
-            path.arcTo(box, startAngle, 90);
-        else
-            path.lineTo(corner);
+    constexpr int steps = 24;
+    QPolygonF outline;
+    // Clockwise from the upper left; a corner that is not round is one place.
+    const auto addCorner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter) {
+        const ContinuousCorner corner = this->corner(which);
+        const QPointF center = place - corner.extent * outwards;
+        for (int step = 0; step <= (corner.extent > 0 ? steps : 0); ++step) {
+            const qreal angle = (quarter + qreal(step) / steps) * std::numbers::pi / 2;
+            outline += (center + corner.extent * corner.at(angle)) * factor;
+        }
     };
-    addCorner(topRight, rect.topRight(), 0);
-    addCorner(topLeft, rect.topLeft(), 90);
-    addCorner(bottomLeft, rect.bottomLeft(), 180);
-    addCorner(bottomRight, rect.bottomRight(), 270);
+    const QRectF rect(QPointF(), target.size());
+    addCorner(0, rect.topLeft(), {-1, -1}, 2);
+    addCorner(1, rect.topRight(), {1, -1}, 3);
+    addCorner(3, rect.bottomRight(), {1, 1}, 0);
+    addCorner(2, rect.bottomLeft(), {-1, 1}, 1);
+    QPainterPath path;
+    path.addPolygon(outline);
     path.closeSubpath();
     return path;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/images/continuouscorner.h"
+
 #include <QtCore/QRectF>
 #include <QtGui/QPainterPath>
 
@@ -18,6 +20,8 @@ struct RoundedShape
     std::array<qreal, 4> radii{};
 
     bool isRounded() const;
+    /// One of the corners, in the order of the radii.
+    ContinuousCorner corner(std::size_t which) const;
     /// The outline about an origin, each length multiplied by a factor.
     QPainterPath outline(qreal factor) const;
 

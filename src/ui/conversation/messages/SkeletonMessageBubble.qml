@@ -25,7 +25,7 @@ Item {
         tint: Theme.bubbleAgentColor
     }
 
-    Rectangle {
+    RoundedCorner {
         id: bubble
 
         anchors.left: message.isUser ? undefined : parent.left

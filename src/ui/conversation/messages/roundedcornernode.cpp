@@ -17,13 +17,20 @@ namespace tolvane {
 
 namespace {
 
+/// A place on a curve about an origin, for an extent of 1, and where outwards is there.
+struct Direction
+{
+    QPointF place;
+    QPointF outwards;
+};
+
 /// A corner of a shape: the middle of its curve, the curve as directions from there, and how much
 /// of a pixel the shape fades out there, across and down.
 struct Corner
 {
     QPointF middle;
-    qreal radius;
-    std::vector<QPointF> directions;
+    qreal extent;
+    std::vector<Direction> directions;
     QPointF fading;
 };
 
@@ -35,27 +42,28 @@ Corners cornersOf(const RoundedShape &shape)
     constexpr int steps = 10;
     const QRectF &rect = shape.target;
     const auto [topLeft, topRight, bottomLeft, bottomRight] = shape.radii;
-    const auto corner = [](QPointF place, QPointF outwards, qreal radius, int quarter,
-                           bool isEdgeRound) {
-        Corner result{.middle = place - radius * outwards,
-                      .radius = radius,
+    const auto corner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter,
+                            bool isEdgeRound) {
+        const ContinuousCorner curve = shape.corner(which);
+        Corner result{.middle = place - curve.extent * outwards,
+                      .extent = curve.extent,
                       .directions = {},
                       // Something may go on from an edge without a curve: no gap is to show there.
                       .fading = {1.0, isEdgeRound ? 1.0 : 0.0}};
-        if (radius <= 0)
-            result.directions = {outwards};
-        for (int step = 0; step <= steps && radius > 0; ++step) {
+        if (curve.extent <= 0)
+            result.directions = {{outwards, outwards}};
+        for (int step = 0; step <= steps && curve.extent > 0; ++step) {
             const qreal angle = (quarter + qreal(step) / steps) * std::numbers::pi / 2;
-            result.directions.emplace_back(-std::cos(angle), -std::sin(angle));
+            result.directions.push_back({curve.at(angle), curve.outwards(angle)});
         }
         return result;
     };
     const bool isTopRound = topLeft > 0 || topRight > 0;
     const bool isBottomRound = bottomLeft > 0 || bottomRight > 0;
-    return {corner(rect.topLeft(), {-1, -1}, topLeft, 0, isTopRound),
-            corner(rect.topRight(), {1, -1}, topRight, 1, isTopRound),
-            corner(rect.bottomRight(), {1, 1}, bottomRight, 2, isBottomRound),
-            corner(rect.bottomLeft(), {-1, 1}, bottomLeft, 3, isBottomRound)};
+    return {corner(0, rect.topLeft(), {-1, -1}, 2, isTopRound),
+            corner(1, rect.topRight(), {1, -1}, 3, isTopRound),
+            corner(3, rect.bottomRight(), {1, 1}, 0, isBottomRound),
+            corner(2, rect.bottomLeft(), {-1, 1}, 1, isBottomRound)};
 }
 
 /// Vertices and triangles as they are added.
@@ -124,11 +132,11 @@ Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
     for (std::size_t at = 0; at < corners.size(); ++at) {
         const Corner &corner = corners.at(at);
         middles.at(at) = mesh.add(corner.middle, true);
-        for (const QPointF &direction : corner.directions) {
-            const QPointF place = corner.middle + corner.radius * direction;
+        for (const auto &[direction, outwards] : corner.directions) {
+            const QPointF place = corner.middle + corner.extent * direction;
             const QPointF fading =
                 pixel / 2 *
-                QPointF(direction.x() * corner.fading.x(), direction.y() * corner.fading.y());
+                QPointF(outwards.x() * corner.fading.x(), outwards.y() * corner.fading.y());
             rim.push_back({.middle = middles.at(at),
                            .inside = mesh.add(place - fading, true),
                            .outside = mesh.add(place + fading, false)});
@@ -187,9 +195,13 @@ public:
 
     void update(const RoundedShape &shape, const QColor &color, qreal pixelRatio) override
     {
-        const qreal padding = std::ceil(*std::ranges::max_element(shape.radii));
-        if (m_radii != shape.radii || m_color != color || m_pixelRatio != pixelRatio) {
+        qreal padding = 0;
+        for (std::size_t which = 0; which < shape.radii.size(); ++which)
+            padding = std::max(padding, std::ceil(shape.corner(which).extent));
+        if (m_radii != shape.radii || m_padding != padding || m_color != color ||
+            m_pixelRatio != pixelRatio) {
             m_radii = shape.radii;
+            m_padding = padding;
             m_color = color;
             m_pixelRatio = pixelRatio;
             m_patch->setTexture(m_window.createTextureFromImage(picture(2 * padding + 1)));
@@ -216,6 +228,7 @@ private:
     QQuickWindow &m_window;
     QSGNinePatchNode *m_patch;
     std::array<qreal, 4> m_radii{};
+    qreal m_padding = 0;
     QColor m_color;
     qreal m_pixelRatio = 0;
 };
