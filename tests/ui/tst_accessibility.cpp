@@ -65,8 +65,7 @@ struct Visit : Screens
         QTest::keyClick(&host, Qt::Key(key), modifiers);
         // What was out of sight scrolls into it first.
         Heard focus;
-        std::ignore =
-            QTest::qWaitFor([&] { return !(focus = focused()).path.isEmpty(); }, 1000);
+        std::ignore = QTest::qWaitFor([&] { return !(focus = focused()).path.isEmpty(); }, 1000);
         return focus;
     }
 
@@ -188,8 +187,8 @@ private Q_SLOTS:
             if (!isReached(visit, heard))
                 faults += u"not reached: "_s + described(heard);
         }
-        QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n') + u"\non the way "_s +
-                                              way.join(u", "_s)));
+        QVERIFY2(faults.isEmpty(),
+                 qPrintable(u'\n' + faults.join(u'\n') + u"\non the way "_s + way.join(u", "_s)));
     }
 
 private:
@@ -209,9 +208,8 @@ private:
 
     static QStringList orderFaults(QList<Heard> stops, bool isRightToLeft)
     {
-        const auto first = std::ranges::min_element(stops, [&](const Heard &a, const Heard &b) {
-            return isBefore(a, b, isRightToLeft);
-        });
+        const auto first = std::ranges::min_element(
+            stops, [&](const Heard &a, const Heard &b) { return isBefore(a, b, isRightToLeft); });
         std::ranges::rotate(stops, first);
         QStringList faults;
         for (qsizetype index = 1; index < stops.size(); ++index) {
@@ -228,7 +226,8 @@ private:
         constexpr int most = 30;
         for (int count = 0; count < most && visit.focused().path != list.path; ++count)
             visit.press(Qt::Key_Tab);
-        for (const int key : {Qt::Key_Home, Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
+        for (const int key :
+             {Qt::Key_Home, Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
             QString before;
             for (int count = 0; count < most; ++count) {
                 const Heard focus = visit.press(key);
@@ -243,10 +242,13 @@ private:
     static bool isReached(const Visit &visit, const Heard &heard)
     {
         if (heard.role == u"list"_s) {
-            return std::ranges::any_of(visit.all, [&](const Heard &each) {
-                return each.parent >= 0 && visit.all.at(each.parent).path == heard.path &&
-                       visit.reached.contains(each.path);
-            }) || visit.reached.contains(heard.path);
+            return std::ranges::any_of(visit.all,
+                                       [&](const Heard &each) {
+                                           return each.parent >= 0 &&
+                                                  visit.all.at(each.parent).path == heard.path &&
+                                                  visit.reached.contains(each.path);
+                                       }) ||
+                   visit.reached.contains(heard.path);
         }
         for (Heard each = heard;; each = visit.all.at(each.parent)) {
             if (visit.reached.contains(each.path))

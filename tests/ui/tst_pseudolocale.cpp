@@ -30,8 +30,8 @@ QString pseudo(const QString &text)
 /// What is the same in every language.
 const QStringList &fixedTexts()
 {
-    static const QStringList texts = {
-        u"👋"_s, u"🤖"_s, u"Send us a message"_s, u"We typically reply in a few minutes."_s};
+    static const QStringList texts = {u"👋"_s, u"🤖"_s, u"Send us a message"_s,
+                                      u"We typically reply in a few minutes."_s};
     return texts;
 }
 
@@ -84,7 +84,7 @@ QRectF painted(const QQuickItem *item)
                          item->property("contentHeight").toReal());
     const int alignment = item->property("effectiveHorizontalAlignment").toInt();
     const double spare = item->width() - content.width();
-    const double x = alignment == Qt::AlignRight ? spare
+    const double x = alignment == Qt::AlignRight     ? spare
                      : alignment == Qt::AlignHCenter ? spare / 2
                                                      : 0;
     const bool isCentred = item->property("verticalAlignment").toInt() == Qt::AlignVCenter;

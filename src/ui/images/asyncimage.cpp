@@ -131,9 +131,8 @@ QQuickItem *AsyncImage::make(QQmlComponent &component, const QVariantMap &proper
     if (!context || !context->isValid())
         return nullptr;
     // Qt 6.4 crashes over initial properties for a component that did not compile.
-    QObject *object = component.isReady()
-                          ? component.createWithInitialProperties(properties, context)
-                          : nullptr;
+    QObject *object =
+        component.isReady() ? component.createWithInitialProperties(properties, context) : nullptr;
     auto *item = qobject_cast<QQuickItem *>(object);
     if (!item) {
         delete object;

@@ -25,9 +25,8 @@ const QString accessible = u"org.a11y.atspi.Accessible"_s;
 template <typename Value>
 Value value(const QVariant &answer)
 {
-    return answer.canConvert<QDBusArgument>()
-               ? qdbus_cast<Value>(answer.value<QDBusArgument>())
-               : Value();
+    return answer.canConvert<QDBusArgument>() ? qdbus_cast<Value>(answer.value<QDBusArgument>())
+                                              : Value();
 }
 
 } // namespace
@@ -102,8 +101,7 @@ Heard AtSpi::look(const QString &path, int parent)
     Heard heard;
     heard.path = path;
     heard.parent = parent;
-    const auto states =
-        value<QList<uint>>(call(m_application, path, accessible, u"GetState"_s));
+    const auto states = value<QList<uint>>(call(m_application, path, accessible, u"GetState"_s));
     if (states.size() == 2)
         heard.states = states.at(0) | quint64(states.at(1)) << 32;
     return heard;
@@ -115,8 +113,8 @@ void AtSpi::describe(Heard &heard)
     heard.role = call(m_application, heard.path, accessible, u"GetRoleName"_s).toString();
     // The application itself has none.
     if (heard.parent >= 0) {
-        heard.place = value<QRect>(call(m_application, heard.path,
-                                        u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {0U}));
+        heard.place = value<QRect>(
+            call(m_application, heard.path, u"org.a11y.atspi.Component"_s, u"GetExtents"_s, {0U}));
     }
 }
 

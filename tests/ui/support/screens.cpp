@@ -76,21 +76,23 @@ struct Line
 // What people write is theirs, in whatever language.
 constexpr Line lines[] = {
     {"customer", "", "Hello, my parcel has not arrived. Can you look where it is?", 0, 9000},
-    {"ai agent", "Nova", "Of course! The carrier had it on **Tuesday** in `Leipzig`.\n\nDo you have "
-                         "a picture of the note? See [how to find it](https://help.example/note).",
+    {"ai agent", "Nova",
+     "Of course! The carrier had it on **Tuesday** in `Leipzig`.\n\nDo you have "
+     "a picture of the note? See [how to find it](https://help.example/note).",
      0, 4000},
     {"customer", "", "", 1, 2900},
     {"customer", "", "And two more of the parcel", 2, 2890},
     {"human agent", "Marisol Ferreira-Van den Bosch",
      "Thank you. I have asked the depot, and they have found it: a label had come off. It will be "
      "with you tomorrow before noon, and we refund what you paid for the sending. I am sorry that "
-     "you had to write to us about it at all.", 0, 1500},
+     "you had to write to us about it at all.",
+     0, 1500},
     {"human agent", "", "Pictures of the depot", 3, 1400},
     {"human agent", "Ünal", "More of them", 6, 180},
     {"human agent", "ليلى", "شكراً لانتظارك، سيصل الطرد غداً قبل الظهر.", 0, 61},
     {"customer", "", "👍🎉", 0, 2},
-    {"customer", "", "Donaudampfschifffahrtselektrizitätenhauptbetriebswerkbauunterbeamtengesellschaft",
-     0, 0},
+    {"customer", "",
+     "Donaudampfschifffahrtselektrizitätenhauptbetriebswerkbauunterbeamtengesellschaft", 0, 0},
 };
 
 QString timestamp(int age)
@@ -254,9 +256,8 @@ void Screens::show(const Screen &screen)
 void Screens::show(const QString &name)
 {
     const auto screens = all();
-    const auto found = std::ranges::find(screens, name, [](const Screen &screen) {
-        return QString::fromLatin1(screen.name);
-    });
+    const auto found = std::ranges::find(
+        screens, name, [](const Screen &screen) { return QString::fromLatin1(screen.name); });
     if (found == screens.end())
         qFatal("No such screen: %s", qPrintable(name));
     show(*found);
