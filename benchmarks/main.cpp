@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "allocations.h"
+#include "conversation.h"
 #include "core/configuration.h"
 #include "figures.h"
+#include "homescreen.h"
 #include "idle.h"
 #include "scrolling.h"
 
@@ -35,6 +37,39 @@ const std::vector<Promise> promises = {
     {"memory for 1,000 thumbnails scrolled through", "thumbnails' memory", "", 110, "MiB"},
     {"10,000 pushes handled", "tenThousandPushes", "", 200, "ms"},
     {"10,000 pushes / 1,000 pushes", "tenThousandPushes", "thousandPushes", 12, "x"},
+    {"initialize with the views there", "initialize with views", "", 1, "ms"},
+    {"first open to its frame / a plain interface's", "first open", "first plain view", 3, "x"},
+    {"later open to its frame / a plain interface's", "later open", "later plain view", 2, "x"},
+    {"10,000 tickets painted / 20 tickets", "10000 tickets painted", "20 tickets painted", 2, "x"},
+    {"rows rebuilt for one of 1,000 that changed", "rows built anew", "", 0, "rows"},
+    {"slowest frame of flings / of a plain list's", "frame", "plain frame", 2, "x"},
+    {"memory that a presentation adds", "presentation's memory", "", 15, "MiB"},
+    {"memory that stays after closing it", "memory after closing", "", 15, "MiB"},
+    {"memory that each of 200 presentations leaves", "KiB left of one showing", "", 4, "KiB"},
+    {"first frame of 10,000 messages / of 20", "first frame with 10000 messages",
+     "first frame with 20 messages", 2, "x"},
+    {"one more of 10,000 messages", "frame with one more message with 10000 messages", "", 16.7,
+     "ms"},
+    {"one more of 10,000 messages / a row of a plain list",
+     "frame with one more message with 10000 messages",
+     "frame with one more row with 10000 messages", 3, "x"},
+    {"longest frame as a message comes in",
+     "longest frame as a message comes in with 10000 messages", "", 16.7, "ms"},
+    {"screen's share of a quiet poll of 10,000 messages", "quiet poll with 10000 messages", "", 1,
+     "ms"},
+    {"longest frame of flings / of a plain list's",
+     "longest frame of a fling through the conversation with 10000 messages",
+     "longest frame of a fling through a plain list with 10000 messages", 2, "x"},
+    {"median frame of flings / of a plain list's",
+     "median frame of a fling through the conversation with 10000 messages",
+     "median frame of a fling through a plain list with 10000 messages", 2, "x"},
+    {"delegates alive among 10,000 messages",
+     "most delegates in the conversation with 10000 messages", "", 20, "items"},
+    {"a key among 200 lines", "key among 200 lines with 20 messages", "", 4, "ms"},
+    {"pinch and pan of 12 megapixels, large allocations", "large allocations of a pinch and pan",
+     "", 0, "times"},
+    {"memory for 10,000 messages and 1,000 pictures", "peak memory with 10000 messages", "", 300,
+     "MiB"},
 };
 
 } // namespace
@@ -62,5 +97,7 @@ int main(int argc, char **argv)
     tolvane::bench::measureIdle(figures);
     tolvane::bench::measureAllocations(figures);
     tolvane::bench::measureScrolling(figures);
+    tolvane::bench::measureHomeScreen(figures);
+    tolvane::bench::measureConversation(figures);
     return figures.check(promises) ? 0 : 1;
 }

@@ -7,17 +7,22 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-# The cache has to be told that a precompiled header stands for what it was made from.
-find_program(TOLVANE_CCACHE ccache)
-if(TOLVANE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER
-    "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${TOLVANE_CCACHE}")
-endif()
+# What makes builds of this project faster is for a host to decide where it is part of the host's.
+if(PROJECT_IS_TOP_LEVEL)
+  # The cache has to be told that a precompiled header stands for what it was made from, and that
+  # one build folder is like the other.
+  find_program(TOLVANE_CCACHE ccache)
+  if(TOLVANE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+      "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+      "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" "${TOLVANE_CCACHE}")
+  endif()
 
-# Everything here links statically a dozen times over, for which the traditional linker is slow.
-find_program(TOLVANE_LLD ld.lld)
-if(TOLVANE_LLD)
-  add_link_options(-fuse-ld=lld)
+  # Everything here links statically a dozen times over, for which the traditional linker is slow.
+  find_program(TOLVANE_LLD ld.lld)
+  if(TOLVANE_LLD)
+    add_link_options(-fuse-ld=lld)
+  endif()
 endif()
 
 add_library(tolvane_compiler INTERFACE)
@@ -36,6 +41,11 @@ if(TOLVANE_SANITIZE)
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   add_compile_options(${sanitizers})
   add_link_options(${sanitizers})
+endif()
+
+if(TOLVANE_BUILD_FUZZERS)
+  # clang 14 cannot check the types of functions where there are coroutines.
+  add_compile_options(-fsanitize=fuzzer-no-link -fno-sanitize=function)
 endif()
 
 # tolvane_precompile(TARGET HEADER...): parses the headers that most of the target's files include

@@ -26,6 +26,11 @@ public:
     /// Of the first thing of the role whose name holds that, once it is seen and at rest, within
     /// the window. Throws NotFound when it does not come.
     QRect find(QAccessible::Role role, const QString &name = {});
+    /// Whether there is such a thing at this moment.
+    bool sees(QAccessible::Role role, const QString &name = {}) const
+    {
+        return !placeOf(role, name).isEmpty();
+    }
     void click(const QRect &place);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}, const QString &text = {});
     /// Key by key, to whatever has the focus.

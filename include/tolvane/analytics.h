@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+/// @file
+/// What the messenger tells the host about its use.
+
 #include <tolvane/export.h>
 
 #include <QtCore/QDateTime>
@@ -11,73 +14,95 @@
 
 namespace tolvane {
 
-/// Something that happened in the messenger, with its context. Immutable.
+/// Something that happened in the messenger, with its context. Immutable, and safe to copy to other
+/// threads.
+///
+/// The names and keys are constants, so that a host compares instead of spelling them:
+///
+/// @code
+/// if (event.name() == TolvaneAnalyticsEvent::Chat::messageSent)
+///     count(event.properties().value(TolvaneAnalyticsEvent::PropertyKeys::messageLength).toInt());
+/// @endcode
+///
+/// Some events and keys have no constant, such as "user_action" and "polling_started"; the
+/// catalogue of the host guide has them all.
 class TOLVANE_EXPORT TolvaneAnalyticsEvent
 {
 public:
+    /// Names of events about the library itself.
     struct Lifecycle
     {
-        static const QString sdkInitialized;
-        static const QString sdkConfigured;
-        static const QString customerUpdated;
-        static const QString deviceTokenSet;
-        static const QString fetchedSettings;
+        static const QString sdkInitialized;  ///< "tolvane_sdk_initialized"
+        static const QString sdkConfigured;   ///< "tolvane_sdk_configured", for hosts; never sent
+        static const QString customerUpdated; ///< "tolvane_customer_updated"
+        static const QString deviceTokenSet;  ///< "tolvane_device_token_set"
+        static const QString fetchedSettings; ///< "tolvane_settings_fetched"
     };
+    /// Names of events about conversations.
     struct Chat
     {
-        static const QString opened;
-        static const QString closed;
-        static const QString messageSent;
-        static const QString messageReceived;
-        static const QString attachmentSent;
-        static const QString ticketCreated;
-        static const QString ticketViewed;
+        static const QString opened;          ///< "tolvane_chat_opened"
+        static const QString closed;          ///< "tolvane_chat_closed", for hosts; never sent
+        static const QString messageSent;     ///< "tolvane_message_sent"
+        static const QString messageReceived; ///< "tolvane_message_received"
+        static const QString attachmentSent;  ///< "tolvane_attachment_sent", for hosts; never sent
+        static const QString ticketCreated;   ///< "tolvane_ticket_created"
+        static const QString ticketViewed;    ///< "tolvane_ticket_viewed"
     };
+    /// Names of events about pushes.
     struct Notifications
     {
-        static const QString pushReceived;
-        static const QString pushPresented;
-        static const QString pushTapped;
+        static const QString pushReceived;  ///< "tolvane_push_received"
+        static const QString pushPresented; ///< "tolvane_push_presented", for hosts; never sent
+        static const QString pushTapped;    ///< "tolvane_push_tapped"
     };
+    /// Names of events about failures.
     struct Errors
     {
-        static const QString networkError;
-        static const QString apiError;
-        static const QString configurationError;
+        static const QString networkError;       ///< "tolvane_network_error", of the transport
+        static const QString apiError;           ///< "tolvane_api_error", all that is no other
+        static const QString configurationError; ///< "tolvane_configuration_error"
     };
+    /// Keys of properties.
     struct PropertyKeys
     {
-        static const QString ticketId;
-        static const QString messageId;
-        static const QString messageLength;
-        static const QString attachmentCount;
-        static const QString attachmentTypes;
-        static const QString isFirstMessage;
-        static const QString errorCode;
-        static const QString errorMessage;
-        static const QString errorDomain;
-        static const QString screenName;
-        static const QString actionType;
-        static const QString duration;
-        static const QString notificationType;
-        static const QString notificationSource;
-        static const QString deviceModel;
-        static const QString osVersion;
-        static const QString appVersion;
+        static const QString ticketId;           ///< "ticket_id", text
+        static const QString messageId;          ///< "message_id", text
+        static const QString messageLength;      ///< "message_length", in characters
+        static const QString attachmentCount;    ///< "attachment_count"
+        static const QString attachmentTypes;    ///< "attachment_types", for hosts; never sent
+        static const QString isFirstMessage;     ///< "is_first_message", Boolean
+        static const QString errorCode;          ///< "error_code", see Error::code()
+        static const QString errorMessage;       ///< "error_message", text for people
+        static const QString errorDomain;        ///< "error_domain", see Error::domain()
+        static const QString screenName;         ///< "screen_name", text
+        static const QString actionType;         ///< "action_type", text
+        static const QString duration;           ///< "duration", in seconds
+        static const QString notificationType;   ///< "notification_type", for hosts; never sent
+        static const QString notificationSource; ///< "notification_source", text
+        static const QString deviceModel;        ///< "device_model", text; in every event
+        static const QString osVersion;          ///< "os_version", text; in every event
+        static const QString appVersion;         ///< "app_version", for hosts; never sent
     };
 
+    /// Makes an event; for hosts that test their delegate. Each parameter is what the function of
+    /// its name answers.
     TolvaneAnalyticsEvent(QString name, QVariantMap properties, QDateTime timestamp,
                           QString sdkVersion, std::optional<QString> customerId,
                           std::optional<QString> originalCustomerId, QString environment);
 
+    /// One of the names above, or another of the catalogue.
     QString name() const { return m_name; }
+    /// What else there is to tell: texts, numbers and Booleans by their keys.
     QVariantMap properties() const { return m_properties; }
     /// When the event was made, in UTC.
     QDateTime timestamp() const { return m_timestamp; }
     /// The host's QCoreApplication::applicationVersion(), "0.1.0" where it has none.
     QString sdkVersion() const { return m_sdkVersion; }
+    /// The library's id of the customer, 26 characters unless the backend gave another; absent
+    /// where preferences cannot be read.
     std::optional<QString> customerId() const { return m_customerId; }
-    /// The host's own id of the customer, from Tolvane::updateCustomer().
+    /// The host's own id of the customer, from Tolvane::updateCustomer(); absent without one.
     std::optional<QString> originalCustomerId() const { return m_originalCustomerId; }
     /// "production", "development" or "alpha".
     QString environment() const { return m_environment; }
@@ -96,14 +121,19 @@ private:
 ///
 /// The library holds the delegate weakly. Calls come on the main thread, and a slow delegate holds
 /// that thread up. A delegate may drop itself from inside a call; an exception that leaves a call
-/// is caught and reported to the log.
+/// is caught and reported to the log. Events that come without a delegate are gone.
 class TOLVANE_EXPORT TolvaneAnalyticsDelegate
 {
 public:
     virtual ~TolvaneAnalyticsDelegate();
 
+    /// Something has happened.
     virtual void didReceiveEvent(const TolvaneAnalyticsEvent &event) = 0;
+    /// For hosts that pass their own user properties through the delegate: the library does not
+    /// call it. Does nothing unless overridden.
     virtual void didUpdateUserProperties(const QVariantMap &properties);
+    /// For hosts that pass their own user id through the delegate: the library does not call it.
+    /// Does nothing unless overridden.
     virtual void didUpdateUserID(const std::optional<QString> &userId);
 };
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+/// @file
+/// How failures are told.
+
 #include <tolvane/export.h>
 
 #include <QtCore/QString>
@@ -14,26 +17,41 @@ namespace tolvane {
 ///
 /// Domains in use:
 ///
-/// | domain                       | meaning                                             |
-/// |------------------------------|-----------------------------------------------------|
-/// | "NSURLErrorDomain"           | transport failure, with that domain's known codes   |
-/// | "TolvaneSdk.APIError"        | HTTP failure: 0 client, 1 server, 2 unknown         |
-/// | "TolvaneSdk.DecodingError"   | a response that cannot be read, see DecodingError   |
-/// | "TolvaneSdk.Cancellation"    | 1: the operation was cancelled                      |
-/// | "TolvaneSdk.UnexpectedError" | 1: anything else, out of memory for instance        |
+/// | domain                       | codes                                                     |
+/// |------------------------------|-----------------------------------------------------------|
+/// | "NSURLErrorDomain"           | of the transport: -999 cancelled, -1000 bad URL, -1001    |
+/// |                              | timed out, -1002 unsupported URL, -1003 host not found,   |
+/// |                              | -1004 cannot connect, -1005 connection lost, -1009        |
+/// |                              | offline, -1011 no HTTP answer, -1103 answer too large,    |
+/// |                              | -1200 no secure connection                                |
+/// | "TolvaneSdk.APIError"        | the status of an answer: 0 for 4xx, 1 for 5xx, 2 others   |
+/// | "TolvaneSdk.DecodingError"   | what could not be read in an answer: 1 malformed, 2 of a  |
+/// |                              | wrong type, 3 without a key, 4 without a value            |
+/// | "TolvaneSdk.FileError"       | a file that cannot be written, by QFileDevice::FileError  |
+/// | "TolvaneSdk.Cancellation"    | 1: the operation was cancelled                            |
+/// | "TolvaneSdk.UnexpectedError" | 1: anything else, out of memory for instance              |
 ///
-/// Errors are immutable and may be shared between threads.
+/// The first domain and its codes are those that apps on Apple's platforms know their transport's
+/// failures by, so that dashboards of several platforms agree.
+///
+/// Errors are immutable and may be shared between threads. A host meets them in analytics events,
+/// by their text, code and domain.
 class TOLVANE_EXPORT Error : public std::exception
 {
 public:
+    /// Makes an error of that domain and code, with a text for people.
     Error(QString domain, int code, QString localizedDescription);
+    /// Copies share the texts.
     Error(const Error &) = default;
+    /// Copies share the texts.
     Error &operator=(const Error &) = default;
     ~Error() override;
 
     /// What happened, for people. Never holds the API key.
     QString localizedDescription() const { return m_description; }
+    /// Which failure it is, within the domain.
     int code() const { return m_code; }
+    /// Where it comes from, one of the table above.
     QString domain() const { return m_domain; }
 
     /// The description in UTF-8; valid as long as this object.

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+/// @file
+/// What remote content is doing.
+
 #include <tolvane/error.h>
 
 #include <optional>
@@ -19,24 +22,37 @@ namespace tolvane {
 /// | `idle`                 | nothing was asked for yet                                     |
 /// | `loading`              | a load is running, nothing can be shown yet                   |
 /// | `empty`                | the load succeeded and there is nothing to show               |
+///
+/// Each state is made by the function of its name. As safe for threads as its `Value` is.
+///
+/// @tparam Value the content, copied in and out
 template <typename Value>
 class LoadingState
 {
 public:
+    /// The cases of the table above.
     enum class Case { loadingWithPreview, loaded, error, idle, loading, empty };
 
+    /// `idle`
     LoadingState() = default;
 
+    /// A load is running, and `preview` can be shown meanwhile.
     static LoadingState loadingWithPreview(Value preview)
     {
         return {Case::loadingWithPreview, std::move(preview)};
     }
+    /// `value` is the content.
     static LoadingState loaded(Value value) { return {Case::loaded, std::move(value)}; }
+    /// The load failed because of `error`, which is not null.
     static LoadingState error(ErrorPtr error) { return {Case::error, std::move(error)}; }
+    /// Nothing was asked for yet.
     static LoadingState idle() { return {}; }
+    /// A load is running, and there is nothing to show.
     static LoadingState loading() { return {Case::loading, std::monostate()}; }
+    /// The load succeeded, and there is nothing to show.
     static LoadingState empty() { return {Case::empty, std::monostate()}; }
 
+    /// Which case this is.
     Case current() const { return m_case; }
 
     /// True while a load runs, with or without a preview.

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+/// @file
+/// What the QML type `ParallaxScrollView` is told. Needs `Tolvane::Sdk`.
+
 #include <tolvane/export.h>
 
 #include <QtGui/QColor>
@@ -8,20 +11,26 @@
 namespace tolvane {
 
 /// Whether the header that lies behind a scrolling sheet is shown, or the sheet was moved over it.
-enum class ParallaxScrollState { opened = 0, collapsed = 1 };
+enum class ParallaxScrollState {
+    opened = 0,   ///< the header is shown
+    collapsed = 1 ///< the sheet lies over it
+};
 
 /// How much of the header is seen above the sheet, in points, for one orientation of the device.
 /// A height that is not greater than 0, or is not a number, is kept as 0.
 class TOLVANE_VIEWS_EXPORT ParallaxHeightConfiguration
 {
 public:
-    /// @param openedHeight   with the sheet at rest
+    /// @param openedHeight with the sheet at rest
     /// @param collapsedHeight with the sheet moved up
     ParallaxHeightConfiguration(double openedHeight, double collapsedHeight);
 
+    /// With the sheet at rest, in points.
     double openedHeight() const { return m_openedHeight; }
+    /// With the sheet moved up, in points.
     double collapsedHeight() const { return m_collapsedHeight; }
 
+    /// Compares both heights, exactly.
     bool operator==(const ParallaxHeightConfiguration &) const = default;
 
 private:
@@ -38,8 +47,7 @@ public:
     /// @param parallaxFactor how far the header follows the sheet, kept within 0 to 1
     /// @param stretchFactor how far the header grows as the sheet is pulled down, kept at 1 or more
     /// @param thresholdPercentage the part of the way up after which the header counts as
-    /// collapsed,
-    ///        kept within 0 to 1; on the way back, half of it opens the header again
+    /// collapsed, kept within 0 to 1; on the way back, half of it opens the header again
     /// @param headerBackground behind the header
     /// @param contentBackground behind what the sheet shows
     ///
@@ -50,14 +58,22 @@ public:
                           double stretchFactor, double thresholdPercentage,
                           const QColor &headerBackground, const QColor &contentBackground);
 
+    /// Heights while the view is upright.
     const ParallaxHeightConfiguration &portrait() const { return m_portrait; }
+    /// Heights while the view lies on its side.
     const ParallaxHeightConfiguration &landscape() const { return m_landscape; }
+    /// Within 0 to 1.
     double parallaxFactor() const { return m_parallaxFactor; }
+    /// 1 or more.
     double stretchFactor() const { return m_stretchFactor; }
+    /// Within 0 to 1.
     double thresholdPercentage() const { return m_thresholdPercentage; }
+    /// Behind the header.
     const QColor &headerBackground() const { return m_headerBackground; }
+    /// Behind what the sheet shows.
     const QColor &contentBackground() const { return m_contentBackground; }
 
+    /// Compares all parts, exactly.
     bool operator==(const ParallaxConfiguration &) const = default;
 
 private:

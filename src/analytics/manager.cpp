@@ -36,25 +36,36 @@ TolvaneAnalyticsManager::TolvaneAnalyticsManager()
 {
 }
 
-void TolvaneAnalyticsManager::setDelegate(const std::shared_ptr<TolvaneAnalyticsDelegate> &delegate)
+void TolvaneAnalyticsManager::setDelegate(const Receiver &delegate)
 {
     const std::scoped_lock lock(m_mutex);
     m_delegate = delegate;
 }
 
-std::shared_ptr<TolvaneAnalyticsDelegate> TolvaneAnalyticsManager::delegate() const
+void TolvaneAnalyticsManager::addObserver(const Receiver &observer)
 {
     const std::scoped_lock lock(m_mutex);
-    return m_delegate.lock();
+    std::erase_if(m_observers, [](const auto &known) { return known.expired(); });
+    m_observers.push_back(observer);
+}
+
+std::vector<TolvaneAnalyticsManager::Receiver> TolvaneAnalyticsManager::receivers() const
+{
+    const std::scoped_lock lock(m_mutex);
+    std::vector<Receiver> receivers = {m_delegate.lock()};
+    for (const auto &observer : m_observers)
+        receivers.push_back(observer.lock());
+    std::erase(receivers, nullptr);
+    return receivers;
 }
 
 void TolvaneAnalyticsManager::track(const QString &name, QVariantMap properties)
 {
-    // Held for the call: the delegate may let go of itself in it.
-    const auto receiver = delegate();
+    // Held for the calls: a receiver may let go of itself in one.
+    const auto receivers = this->receivers();
     const bool isLogged = Logger::shared().isEnabled();
     // Making an event takes a look at the disk; there has to be somebody who hears of it.
-    if (!m_isEnabled || (!receiver && !isLogged))
+    if (!m_isEnabled || (receivers.empty() && !isLogged))
         return;
     properties.insert(Keys::deviceModel, platform().device->model());
     properties.insert(Keys::osVersion, platform().device->systemVersion());
@@ -67,7 +78,7 @@ void TolvaneAnalyticsManager::track(const QString &name, QVariantMap properties)
                                                  QStringLiteral(" with properties: ") +
                                                  json::text(properties));
     }
-    if (receiver)
+    for (const Receiver &receiver : receivers)
         guarded("the analytics delegate", [&] { receiver->didReceiveEvent(event); });
 }
 

@@ -101,6 +101,9 @@ void read(const Element &element, T &record, const CodingPath &path)
                 ++index;
                 return false;
             }
+            // Of a key that comes again the last value counts, whole.
+            if (seen.test(index))
+                record.*field.member = std::remove_cvref_t<decltype(record.*field.member)>();
             readField(value, record.*field.member, CodingPath(path, field.key));
             seen.set(index);
             return true;

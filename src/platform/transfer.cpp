@@ -233,6 +233,8 @@ bool Transfer::followRedirect(int status)
 
 void Transfer::succeed(int status)
 {
+    // A read takes room for all that it may give; the rest would stay for as long as the answer.
+    m_body.squeeze();
     m_promise->addResult(UrlResponse{status, m_reply->rawHeaderPairs(), std::move(m_body)});
     m_promise->finish();
     deleteLater();

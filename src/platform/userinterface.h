@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <tolvane/export.h>
+#include "platform/privateexport.h"
 
 #include <QtCore/QSize>
 
@@ -20,9 +20,9 @@ struct UserInterface
 };
 
 /// Called by the library of views as it is loaded.
-TOLVANE_EXPORT void registerUserInterface(UserInterface userInterface);
+TOLVANE_PRIVATE_EXPORT void registerUserInterface(UserInterface userInterface);
 
 /// What was registered; everything in it is empty in a process without views.
-TOLVANE_EXPORT const UserInterface &userInterface();
+TOLVANE_PRIVATE_EXPORT const UserInterface &userInterface();
 
 } // namespace tolvane

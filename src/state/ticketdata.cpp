@@ -7,6 +7,7 @@
 #include "core/logger.h"
 #include "core/notifications.h"
 #include "platform/await.h"
+#include "platform/errors.h"
 #include "platform/platform.h"
 #include "state/pollingservice.h"
 #include "state/reporting.h"
@@ -28,6 +29,17 @@ TicketDto provisionalTicket(const TicketPreviewDto &preview)
             .assignee = QStringLiteral("unknown"),
             .messages = {preview.lastMessage},
             .schedules = {}};
+}
+
+/// The fetched ticket, with the messages that are known already where they are the same: whoever
+/// shows them sees at once that nothing has changed. Thousands take a while to compare.
+QFuture<TicketDto> withKnownMessages(TicketDto fetched, const QList<MessageDto> &known)
+{
+    return platform().workers->run([fetched = std::move(fetched), known]() mutable {
+        if (fetched.messages == known)
+            fetched.messages = known;
+        return std::move(fetched);
+    });
 }
 
 template <typename Record>
@@ -119,17 +131,17 @@ void TicketData::setTicket(TicketDto ticket)
         platform().workers->post([old = std::make_shared<TicketDto>(*std::move(replaced))] {});
 }
 
-QCoro::Task<> TicketData::fetchTicket(std::optional<QString> ticketId)
+QCoro::Task<> TicketData::fetchTicket(std::optional<QString> ticketId, std::stop_token stop)
 {
-    return fetch(std::move(ticketId), Fetch::visible);
+    return fetch(std::move(ticketId), Fetch::visible, std::move(stop));
 }
 
-QCoro::Task<> TicketData::silentFetchTicket(std::optional<QString> ticketId)
+QCoro::Task<> TicketData::silentFetchTicket(std::optional<QString> ticketId, std::stop_token stop)
 {
-    return fetch(std::move(ticketId), Fetch::silent);
+    return fetch(std::move(ticketId), Fetch::silent, std::move(stop));
 }
 
-QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind)
+QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::stop_token stop)
 {
     const auto self = shared_from_this();
     const std::optional<QString> id = wanted ? wanted : ticketId();
@@ -142,7 +154,14 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind)
     Q_EMIT changed();
     try {
         const APIClient client = APIClient::live();
-        setTicket(co_await client.getTicket(*id));
+        TicketDto fetched = co_await client.getTicket(*id);
+        if (m_ticket) {
+            QFuture<TicketDto> compared = withKnownMessages(std::move(fetched), m_ticket->messages);
+            fetched = co_await settled(compared);
+        }
+        if (stop.stop_requested())
+            throw UrlError(UrlError::cancelled);
+        setTicket(std::move(fetched));
         if (kind == Fetch::visible) {
             track(TolvaneAnalyticsEvent::Chat::ticketViewed,
                   {{QStringLiteral("message_count"), m_ticket->messages.size()},

@@ -12,6 +12,7 @@
 
 #include <memory>
 #include <optional>
+#include <stop_token>
 
 namespace tolvane {
 
@@ -62,10 +63,12 @@ public:
     bool isAITyping() const;
     State state() const;
 
-    /// The fetch that shows, of the given ticket or else of ticketId(). Without either, nothing.
-    QCoro::Task<> fetchTicket(std::optional<QString> ticketId = {});
+    /// The fetch that shows, of the given ticket or else of ticketId(). Without either, nothing. A
+    /// stopped one fails as a request that was cancelled, whatever the backend answers.
+    QCoro::Task<> fetchTicket(std::optional<QString> ticketId = {}, std::stop_token stop = {});
     /// The fetch that doesn't show; a failure of it does.
-    QCoro::Task<> silentFetchTicket(std::optional<QString> ticketId = {});
+    QCoro::Task<> silentFetchTicket(std::optional<QString> ticketId = {},
+                                    std::stop_token stop = {});
     /// Sends the first message. What was composed stays if that fails.
     QCoro::Task<> createTicket();
     /// Sends a further message. What was composed stays if that fails.
@@ -81,7 +84,7 @@ Q_SIGNALS:
 private:
     enum class Fetch { visible, silent };
 
-    QCoro::Task<> fetch(std::optional<QString> ticketId, Fetch kind);
+    QCoro::Task<> fetch(std::optional<QString> ticketId, Fetch kind, std::stop_token stop);
     QCoro::Task<> refreshLater(QString ticketId);
     void setTicket(TicketDto ticket);
     bool hasMessage(const QString &id) const;

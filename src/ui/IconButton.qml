@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // An icon to press, 36 by 36, with pointer and keyboard. Pale while disabled.
 Item {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Says that something is on its way, for as long as it is visible. Decoration: what is waited for
 // has to say so in words.
@@ -13,27 +13,7 @@ Item {
     implicitHeight: 20
     Accessible.ignored: true
 
-    component Spoke: Item {
-        id: spoke
-
-        required property int place
-        required property color tint
-
-        anchors.fill: parent
-        rotation: place * 45
-        opacity: 0.25 + 0.75 * (place + 1) / 8
-
-        Rectangle {
-            anchors.horizontalCenter: parent.horizontalCenter
-            width: parent.width * 0.1
-            height: parent.height * 0.28
-            radius: width / 2
-            color: spoke.tint
-            antialiasing: true
-        }
-    }
-
-    Item {
+    Icon {
         id: wheel
 
         // In steps: between two spokes there is nothing to see.
@@ -42,6 +22,8 @@ Item {
         anchors.centerIn: parent
         width: Math.min(parent.width, parent.height)
         height: width
+        name: "progress"
+        color: indicator.tint
         rotation: step * 45
 
         NumberAnimation on step {
@@ -51,14 +33,5 @@ Item {
             loops: Animation.Infinite
             running: indicator.visible
         }
-
-        Spoke { place: 0; tint: indicator.tint }
-        Spoke { place: 1; tint: indicator.tint }
-        Spoke { place: 2; tint: indicator.tint }
-        Spoke { place: 3; tint: indicator.tint }
-        Spoke { place: 4; tint: indicator.tint }
-        Spoke { place: 5; tint: indicator.tint }
-        Spoke { place: 6; tint: indicator.tint }
-        Spoke { place: 7; tint: indicator.tint }
     }
 }

@@ -40,4 +40,9 @@ double Keyboard::top() const
     return QGuiApplication::inputMethod()->keyboardRectangle().top() / pixelsPerPoint();
 }
 
+void Keyboard::hide()
+{
+    QGuiApplication::inputMethod()->hide();
+}
+
 } // namespace tolvane

@@ -22,6 +22,9 @@ public:
     bool isShown() const;
     double top() const;
 
+    /// Puts it away until somebody taps into a text again.
+    Q_INVOKABLE void hide();
+
 Q_SIGNALS:
     void changed();
 };

@@ -25,7 +25,9 @@ public:
 protected:
     const QList<Record> &records() const { return m_records; }
 
-    void replace(const QList<Record> &records);
+    void replace(const QList<Record> &records) { replaceBehind(0, records); }
+    /// The first `kept` rows stay as they are; the records are all that come after them.
+    void replaceBehind(qsizetype kept, const QList<Record> &records);
 
 private:
     using Count = QHash<QString, int>;
@@ -34,8 +36,8 @@ private:
     /// this many it counts as another list.
     static constexpr int mostSteps = 200;
 
-    qsizetype takeOverBeginning(const QList<Record> &records);
-    qsizetype takeOverEnd(const QList<Record> &records, qsizetype beginning);
+    qsizetype takeOverBeginning(qsizetype kept, const QList<Record> &records);
+    qsizetype takeOverEnd(const QList<Record> &records, qsizetype most);
     bool removeMissing(const QList<Record> &middle, qsizetype first, qsizetype last);
     bool arrange(const QList<Record> &middle, qsizetype first, qsizetype countAfter);
     void insert(qsizetype row, const QList<Record> &records);
@@ -49,38 +51,40 @@ private:
 };
 
 template <typename Record>
-void RecordListModel<Record>::replace(const QList<Record> &records)
+void RecordListModel<Record>::replaceBehind(qsizetype kept, const QList<Record> &records)
 {
     // Most lists differ at one end, if at all.
-    const qsizetype beginning = takeOverBeginning(records);
-    const qsizetype end = takeOverEnd(records, beginning);
+    const qsizetype beginning = takeOverBeginning(kept, records);
+    const qsizetype first = kept + beginning;
+    const qsizetype end =
+        takeOverEnd(records, std::min(m_records.size() - first, records.size() - beginning));
     const qsizetype last = m_records.size() - end;
     const QList<Record> middle = records.sliced(beginning, records.size() - end - beginning);
-    if (last == beginning) {
-        insert(beginning, middle);
+    if (last == first) {
+        insert(first, middle);
     } else if (middle.isEmpty()) {
-        remove(beginning, last - beginning);
-    } else if (!removeMissing(middle, beginning, last) || !arrange(middle, beginning, end)) {
+        remove(first, last - first);
+    } else if (!removeMissing(middle, first, last) || !arrange(middle, first, end)) {
         beginResetModel();
-        m_records = records;
+        m_records.remove(kept, m_records.size() - kept);
+        m_records += records;
         endResetModel();
     }
 }
 
 template <typename Record>
-qsizetype RecordListModel<Record>::takeOverBeginning(const QList<Record> &records)
+qsizetype RecordListModel<Record>::takeOverBeginning(qsizetype kept, const QList<Record> &records)
 {
-    const qsizetype most = std::min(m_records.size(), records.size());
-    qsizetype row = 0;
-    for (; row < most && m_records.at(row).id == records.at(row).id; ++row)
-        change(row, records.at(row));
-    return row;
+    const qsizetype most = std::min(m_records.size() - kept, records.size());
+    qsizetype count = 0;
+    for (; count < most && m_records.at(kept + count).id == records.at(count).id; ++count)
+        change(kept + count, records.at(count));
+    return count;
 }
 
 template <typename Record>
-qsizetype RecordListModel<Record>::takeOverEnd(const QList<Record> &records, qsizetype beginning)
+qsizetype RecordListModel<Record>::takeOverEnd(const QList<Record> &records, qsizetype most)
 {
-    const qsizetype most = std::min(m_records.size(), records.size()) - beginning;
     qsizetype count = 0;
     for (; count < most; ++count) {
         const qsizetype row = m_records.size() - 1 - count;

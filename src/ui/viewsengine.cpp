@@ -5,7 +5,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtQml/QQmlEngine>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 namespace tolvane {
 
@@ -13,7 +13,7 @@ QQmlEngine &viewsEngine()
 {
     static QPointer<QQmlEngine> engine;
     if (!engine) {
-        qml_register_types_Tolvane();
+        qml_register_types_Tolvane_Private();
         engine = new QQmlEngine(qGuiApp);
         // While there still is a platform for what it holds, and after all views have gone.
         QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, engine, &QObject::deleteLater);

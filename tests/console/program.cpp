@@ -31,26 +31,6 @@ int exitStatus(QProcess &process, int longest)
 
 } // namespace
 
-BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay)
-{
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(TOLVANE_BACKEND),
-                    {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--db"),
-                     folder + QStringLiteral("/backend.sqlite"), QStringLiteral("--reply-delay"),
-                     replyDelay});
-    while (!m_process.canReadLine()) {
-        if (!m_process.waitForReadyRead(patience))
-            qFatal("The backend does not start");
-    }
-    m_url = QString::fromUtf8(m_process.readLine()).trimmed().section(QLatin1Char(' '), -1);
-}
-
-BackendProgram::~BackendProgram()
-{
-    m_process.terminate();
-    m_process.waitForFinished(patience);
-}
-
 ConsoleProgram::ConsoleProgram(const QString &configFolder, const QString &url)
 {
     startConsole(m_process, configFolder, url, {QStringLiteral("--json")});

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/backendprogram.h"
+
 #include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
@@ -9,21 +11,6 @@
 #include <memory>
 
 namespace tolvane::test {
-
-/// The local backend on a free port, its data in a folder that stays when it ends.
-class BackendProgram
-{
-public:
-    explicit BackendProgram(const QString &folder,
-                            const QString &replyDelay = QStringLiteral("0.2"));
-    ~BackendProgram();
-
-    QString url() const { return m_url; }
-
-private:
-    QProcess m_process;
-    QString m_url;
-};
 
 /// The console host under its line protocol.
 class ConsoleProgram

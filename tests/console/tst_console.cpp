@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "eventstream.h"
 #include "program.h"
+#include "support/backendprogram.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

@@ -122,7 +122,9 @@ private Q_SLOTS:
         request.maximumBodySize = 2999;
         QCOMPARE(scene.fetch(request).status, UrlError::dataLengthExceedsMaximum);
         request.maximumBodySize = 3000;
-        QCOMPARE(scene.fetch(request).body.size(), 3000);
+        const QByteArray body = scene.fetch(request).body;
+        QCOMPARE(body.size(), 3000);
+        QVERIFY(body.capacity() < 6000); // Nor does it hold on to what it was read into.
     }
 
     void oneRequestIsOneRequest_data()

@@ -298,6 +298,20 @@ private Q_SLOTS:
         QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"confirmed"_s}));
     }
 
+    void theSameMessagesStayTheSameList()
+    {
+        Scene scene;
+        scene.run(scene.store->fetchTicket());
+        const auto *known = scene.store->ticket()->messages.constData();
+        scene.fetched.state = u"closed"_s;
+        scene.run(scene.store->silentFetchTicket());
+        QCOMPARE(scene.store->ticket()->messages.constData(), known);
+        QCOMPARE(scene.store->ticket()->state, u"closed"_s);
+        scene.fetched.messages[0].isRead = true;
+        scene.run(scene.store->silentFetchTicket());
+        QVERIFY(scene.store->ticket()->messages.constFirst().isRead);
+    }
+
     void foreignNotificationsAreIgnored()
     {
         Scene scene;

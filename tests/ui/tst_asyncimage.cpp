@@ -10,7 +10,7 @@
 #include <QtQuick/QQuickView>
 #include <QtTest/QTest>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
@@ -23,7 +23,7 @@ const QUrl otherAddress(u"https://cdn.example/other.png"_s);
 
 constexpr const char *page = R"(
     import QtQuick
-    import Tolvane
+    import Tolvane.Private
     Rectangle {
         id: page
         property alias view: view
@@ -103,7 +103,7 @@ class AsyncImageTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { qml_register_types_Tolvane(); }
+    void initTestCase() { qml_register_types_Tolvane_Private(); }
 
     void thePlaceholderGivesWayToThePicture_data()
     {

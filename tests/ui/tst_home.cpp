@@ -72,6 +72,15 @@ struct HomeScene : Scene
         collect(QAccessible::queryAccessibleInterface(&host), all);
         return all;
     }
+    QStringList heardRows()
+    {
+        QStringList rows;
+        for (QAccessibleInterface *each : heard()) {
+            if (each->role() == QAccessible::ListItem)
+                rows += each->text(QAccessible::Name);
+        }
+        return rows;
+    }
     QRect placeOf(const QString &name)
     {
         for (QAccessibleInterface *each : heard()) {
@@ -158,16 +167,21 @@ private Q_SLOTS:
     {
         HomeScene scene(2);
         QVERIFY(scene.open());
-        QStringList rows;
         for (QAccessibleInterface *each : scene.heard()) {
             const QString name = each->text(QAccessible::Name);
             if (each->state().focusable || each->role() == QAccessible::Button)
                 QVERIFY2(!name.isEmpty(), each->object()->metaObject()->className());
-            if (each->role() == QAccessible::ListItem)
-                rows += name;
         }
-        QCOMPARE(rows.size(), 2);
-        QVERIFY(rows.constFirst().contains(u"text of last"_s));
+        QCOMPARE(scene.heardRows().size(), 2);
+        QVERIFY(scene.heardRows().constFirst().contains(u"text of last"_s));
+
+        // No row any more, though it may be kept for another ticket.
+        scene.setTickets({u"t1"_s});
+        scene.clock->advance(std::chrono::seconds(5));
+        platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
+        settle();
+        scene.rest();
+        QCOMPARE(scene.heardRows().size(), 1);
     }
 
     void itIsMirrored()

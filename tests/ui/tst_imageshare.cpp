@@ -13,7 +13,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -26,12 +26,12 @@ const QUrl address(u"https://cdn.example/photo.png"_s);
 
 struct Scene : Fixture
 {
-    Scene() { qml_register_types_Tolvane(); }
+    Scene() { qml_register_types_Tolvane_Private(); }
 
     std::unique_ptr<LoadedImage> load()
     {
         QQmlComponent component(&engine);
-        component.setData("import Tolvane\nLoadedImage {}", QUrl());
+        component.setData("import Tolvane.Private\nLoadedImage {}", QUrl());
         return std::unique_ptr<LoadedImage>(qobject_cast<LoadedImage *>(
             component.createWithInitialProperties({{u"url"_s, address}})));
     }

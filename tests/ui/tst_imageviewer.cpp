@@ -17,7 +17,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
@@ -52,7 +52,7 @@ struct Scene : Fixture
             ImageCache::shared().responses().store(picture(), requestFor(address));
         messages.setSelectedAttachment(address);
         QQmlComponent component(window.engine());
-        component.setData("import Tolvane\nImageViewer {}", QUrl());
+        component.setData("import Tolvane.Private\nImageViewer {}", QUrl());
         viewer = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
             {{u"imageUrl"_s, address}, {u"messageData"_s, QVariant::fromValue(&messages)}}));
         if (!viewer)
@@ -111,7 +111,7 @@ class ImageViewerTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { qml_register_types_Tolvane(); }
+    void initTestCase() { qml_register_types_Tolvane_Private(); }
 
     void thePictureIsWhereZoomAndPanBringIt()
     {

@@ -153,8 +153,16 @@ private Q_SLOTS:
         QVERIFY(!SdkData::shared()->isOpen());
     }
 
+    void hostsOfAnotherKindGetAWindowOverTheirs_data()
+    {
+        QTest::addColumn<bool>("isClosedByTheSystem");
+        QTest::newRow("by the customer") << false;
+        QTest::newRow("by the window manager") << true;
+    }
+
     void hostsOfAnotherKindGetAWindowOverTheirs()
     {
+        QFETCH(const bool, isClosedByTheSystem);
         Scene scene;
         QRasterWindow window;
         window.resize(360, 500);
@@ -172,7 +180,10 @@ private Q_SLOTS:
         QTRY_COMPARE(own->size(), QSize(300, 400));
         QVERIFY(QTest::qWaitForWindowActive(own));
         const QPointer<QQuickWindow> watched = own;
-        QTest::keyClick(own, Qt::Key_Escape);
+        if (isClosedByTheSystem)
+            own->close();
+        else
+            QTest::keyClick(own, Qt::Key_Escape);
         QTRY_VERIFY(!watched);
         QCOMPARE(scene.openStates(), QList<bool>({true, false}));
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Every way to show a picture, on one page, for people to look at.
 Rectangle {
@@ -56,11 +56,12 @@ Rectangle {
         required property int iconSize
         required property bool isDark
 
-        spacing: Math.floor((width - 12 * iconSize) / 11)
+        spacing: Math.floor((width - 15 * iconSize) / 14)
 
         Repeater {
-            model: ["close", "chevron-left", "photo", "paperclip", "paperplane", "share", "bubbles",
-                    "clock", "lock", "warning", "checkmark-circle", "person-circle"]
+            model: ["close", "chevron-left", "photo", "progress", "paperclip", "paperplane", "share",
+                    "bubbles", "clock", "lock", "warning", "checkmark-circle", "person-circle",
+                    "colored/wave", "colored/robot"]
 
             Icon {
                 required property string modelData

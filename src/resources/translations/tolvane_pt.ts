@@ -158,7 +158,7 @@
     <message>
         <source>accessibility_sending</source>
         <extracomment>Read aloud: the message is on its way.</extracomment>
-        <translation>A enviar</translation>
+        <translation>Enviando</translation>
     </message>
     <message>
         <source>accessibility_remove_attachment</source>
@@ -178,12 +178,12 @@
     <message>
         <source>accessibility_share</source>
         <extracomment>Read aloud: the button that offers to save or copy a picture.</extracomment>
-        <translation>Partilhar</translation>
+        <translation>Compartilhar</translation>
     </message>
     <message>
         <source>viewer_save</source>
         <extracomment>Choice in a menu: opens a dialog to save the picture as a file.</extracomment>
-        <translation>Guardar imagem…</translation>
+        <translation>Salvar imagem…</translation>
     </message>
     <message>
         <source>viewer_copy</source>
@@ -193,7 +193,7 @@
     <message>
         <source>viewer_saved</source>
         <extracomment>Tells that the picture was saved. %1 is the folder or file.</extracomment>
-        <translation>Guardada em %1</translation>
+        <translation>Salva em %1</translation>
     </message>
     <message>
         <source>viewer_copied</source>
@@ -203,7 +203,7 @@
     <message>
         <source>viewer_save_failed</source>
         <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
-        <translation>Não foi possível guardar: %1</translation>
+        <translation>Não foi possível salvar: %1</translation>
     </message>
     <message>
         <source>error_offline</source>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Window
-import Tolvane
+import Tolvane.Private
 
 // As high as what the on-screen keyboard covers of the window. Where the system makes the window
 // smaller instead, that is nothing.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // A conversation: what was said, and below, over the end of it, the field for writing.
 FocusScope {
@@ -11,8 +11,10 @@ FocusScope {
     /// How much of the lower edge the on-screen keyboard covers.
     property real keyboardHeight
 
+    /// How much of the content's lower edge the composer lies over.
+    readonly property real covered: composer.height + 32
     /// What the composer leaves free.
-    readonly property real noticeRoom: stateView.height - composer.height - 16
+    readonly property real noticeRoom: stateView.height - covered + 16
 
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
@@ -35,7 +37,7 @@ FocusScope {
             isAITyping: view.ticket.isAITyping
             ticketState: view.ticket.ticketState
             messageData: view.messageData
-            bottomContentMargin: composer.height + 32
+            bottomContentMargin: view.covered
 
             Connections {
                 property bool wasShown: Keyboard.isShown

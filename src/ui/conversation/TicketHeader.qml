@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Who answers in this conversation, and whether somebody is there. A tap goes back.
 Item {

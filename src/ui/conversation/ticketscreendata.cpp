@@ -16,6 +16,11 @@ TicketScreenData::TicketScreenData(QObject *parent)
 {
 }
 
+TicketScreenData::~TicketScreenData()
+{
+    m_appearances.request_stop();
+}
+
 void TicketScreenData::setDestination(const TolvaneDestination &destination)
 {
     if (m_ticketData)
@@ -25,8 +30,6 @@ void TicketScreenData::setDestination(const TolvaneDestination &destination)
     m_ticketData = std::make_shared<TicketData>(preview ? std::optional(*preview) : std::nullopt);
     m_ticketData->setNewTicket(!preview);
     m_composer.emplace(m_ticketData);
-    if (preview)
-        m_preview.setMessages({preview->lastMessage});
     observe();
     takeOver();
     Q_EMIT destinationChanged();
@@ -55,7 +58,7 @@ QString TicketScreenData::ticketState() const
 void TicketScreenData::appear()
 {
     if (m_hasLoaded)
-        detach(m_ticketData->silentFetchTicket());
+        detach(m_ticketData->silentFetchTicket({}, m_appearances.get_token()));
     else
         detach(load());
 }
@@ -64,7 +67,7 @@ QCoro::Task<> TicketScreenData::load()
 {
     const QPointer self(this);
     const auto store = m_ticketData;
-    co_await store->fetchTicket();
+    co_await store->fetchTicket({}, m_appearances.get_token());
     if (self)
         m_hasLoaded = true;
 }
@@ -88,6 +91,8 @@ void TicketScreenData::takeOver()
 {
     if (m_ticketData->ticket())
         m_messages.setMessages(m_ticketData->ticket()->messages);
+    if (m_ticketData->preview())
+        m_preview.setMessages({m_ticketData->preview()->lastMessage});
     m_availability =
         m_ticketData->preview() ? ticketheader::subtitle(*m_ticketData) : SupportAvailability();
     Q_EMIT changed();

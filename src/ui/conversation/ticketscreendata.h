@@ -14,6 +14,7 @@
 
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace tolvane {
@@ -45,6 +46,8 @@ class TicketScreenData : public QObject
 
 public:
     explicit TicketScreenData(QObject *parent = nullptr);
+    /// Who leaves before the conversation has arrived has not seen it.
+    ~TicketScreenData() override;
 
     const TolvaneDestination &destination() const { return m_destination; }
     void setDestination(const TolvaneDestination &destination);
@@ -78,6 +81,7 @@ private:
     MessageListModel m_preview;
     SupportAvailability m_availability;
     std::vector<NotificationCenter::Observation> m_observations;
+    std::stop_source m_appearances;
     bool m_hasLoaded = false;
 };
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
-// A page of the navigation, for a destination.
+// A page of the navigation, for a destination. By address, so that what it is made of is read with the
+// first page, not with the home screen.
 FocusScope {
     id: page
 
@@ -12,31 +13,34 @@ FocusScope {
     required property bool isOnTop
 
     Loader {
+        id: content
+
         anchors.fill: parent
         focus: true
-        sourceComponent: page.destination.kind === "imageViewer" ? viewer : conversation
-    }
-
-    Component {
-        id: conversation
-
-        TicketScreen {
-            destination: page.destination
-            navigation: page.screen.navigation
-            messageData: page.screen.messages
-            isOnTop: page.isOnTop
-            focus: true
+        Component.onCompleted: {
+            if (page.destination.kind === "imageViewer")
+                setSource(Qt.resolvedUrl("../conversation/viewer/ImageViewer.qml"), {
+                    imageUrl: page.destination.imageUrl,
+                    messageData: page.screen.messages,
+                    focus: true
+                })
+            else
+                setSource(Qt.resolvedUrl("../conversation/TicketScreen.qml"), {
+                    destination: page.destination,
+                    navigation: page.screen.navigation,
+                    messageData: page.screen.messages,
+                    isOnTop: Qt.binding(() => page.isOnTop),
+                    focus: true
+                })
         }
     }
 
-    Component {
-        id: viewer
+    Connections {
+        target: content.item
+        ignoreUnknownSignals: true
 
-        ImageViewer {
-            imageUrl: page.destination.imageUrl
-            messageData: page.screen.messages
-            focus: true
-            onBackRequested: page.screen.navigation.goBack()
+        function onBackRequested() {
+            page.screen.navigation.goBack()
         }
     }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The effect of a sheet's layer: cuts what is on it to a rounded shape, smoothly at any scale.
 ShaderEffect {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // A header that stays behind, and a sheet with rounded corners that scrolls over it.
 //
@@ -24,7 +24,7 @@ Item {
 
     /// See Parallax.configuration().
     required property var configuration
-    property bool isLandscape: width > height
+    property bool isLandscape: height > 0 && width > height
 
     /// Takes the width of the view, and the height that the rules give it.
     property Component header
@@ -37,6 +37,9 @@ Item {
     property alias delegate: list.delegate
     property alias section: list.section
     property alias spacing: list.spacing
+    property alias reuseItems: list.reuseItems
+    /// False for content that stays clear of the sheet's corners by itself: drawing is cheaper then.
+    property bool cutsCorners: true
     /// What the rows are, for those who hear it.
     property string listName
     /// Room below the last of it all.
@@ -151,6 +154,7 @@ Item {
         z: 1
         anchors.fill: parent
         background: rules.contentBackground
+        cutsCorners: view.cutsCorners
         contentTop: rules.contentTop - rules.collapsedHeight
     }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // What is seen of the list: its rows and, below them, the ground with rounded corners that goes
 // where the content begins. The ground is none of the list's items, so that it fills the sheet
@@ -11,11 +11,12 @@ Item {
     required property color background
     /// Where the content begins; 0 once it has arrived at the top.
     required property real contentTop
+    /// Whether what is on the ground may reach into the corners, and has to be cut there, too.
+    required property bool cutsCorners
 
     clip: true
-    // Rounds the corners of what is on the ground, too. The software renderer has no effects: there
-    // only the ground is round.
-    layer.enabled: GraphicsInfo.api !== GraphicsInfo.Software
+    // The software renderer has no effects: there only the ground is round.
+    layer.enabled: cutsCorners && GraphicsInfo.api !== GraphicsInfo.Software
     layer.effect: ParallaxClip { }
 
     Rectangle {

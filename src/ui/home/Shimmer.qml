@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // A shine that travels over its parent from one side to the other, again and again. It is one
 // picture that moves; nothing else is touched.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Who is on the other side of a conversation, 32 by 32.
 Loader {
@@ -30,13 +30,10 @@ Loader {
             radius: width / 2
             color: Theme.bubbleAgentColor
 
-            Text {
+            // 🤖, as an icon: no font has to be found for it.
+            Icon {
                 anchors.centerIn: parent
-                text: "🤖"
-                textFormat: Text.PlainText
-                // As large as the circle allows, whatever other texts are.
-                font.pixelSize: 20
-                Accessible.ignored: true
+                name: "colored/robot"
             }
         }
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // One conversation in the list: who is on the other side, what was said last and when.
 Item {
@@ -24,6 +24,9 @@ Item {
     Accessible.name: description
     Accessible.focusable: true
     Accessible.onPressAction: clicked()
+    // A row that waits for its next ticket is not one to read.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
 
     Rectangle {
         id: row
@@ -72,8 +75,7 @@ Item {
                 textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft
                 wrapMode: Text.Wrap
-                color: Theme.fontAgentBubbleColor
-                opacity: 0.6
+                color: Qt.alpha(Theme.fontAgentBubbleColor, 0.6)
                 font.pixelSize: Theme.callout
                 Accessible.ignored: true
             }
@@ -91,7 +93,7 @@ Item {
             color: Theme.redColor
             border.width: 1
             border.color: "white"
-            opacity: item.isUnread ? 1 : 0
+            visible: item.isUnread
         }
 
         FocusRing {

@@ -1,11 +1,18 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
-// The title over the rows, which stays while they pass under it.
-Rectangle {
+// The title over the rows, which stays while they pass under it. As wide as they are, so that it
+// leaves the corners of the sheet alone.
+Item {
     implicitHeight: title.implicitHeight + 18
-    color: Theme.chatBackgroundColor
+
+    Rectangle {
+        x: 16
+        width: parent.width - 32
+        height: parent.height
+        color: Theme.chatBackgroundColor
+    }
 
     Text {
         id: title

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The home screen: branded header, the customer's conversations, and the button for a new one.
 FocusScope {
@@ -78,8 +78,10 @@ FocusScope {
                                               0.5, 1.5, 0.3, Theme.primaryColor,
                                               Theme.chatBackgroundColor)
         // Little height, as of a phone on its side; a large window has room for the tall header.
-        isLandscape: width > height && height < 500
+        isLandscape: height > 0 && width > height && height < 500
         bottomContentMargin: 120
+        reuseItems: true
+        cutsCorners: false
         listName: Texts.string("ticket_list_your_messages")
         model: home.screen.state === "loaded" ? home.screen.tickets : null
 

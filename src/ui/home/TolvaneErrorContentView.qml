@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The tickets could not be loaded. Pulling the list down tries again.
 TolvaneNotice {

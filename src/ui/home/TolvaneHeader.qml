@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The branded part of the home screen: logo, greeting and the button that closes the messenger. It
 // has two layouts, of which one takes the place of the other as the list is scrolled. Its heights are
@@ -27,15 +27,29 @@ Rectangle {
         logoRadius: header.isLandscape ? 8 : 12
     }
 
-    TolvaneHeaderLayout {
+    // Made before anybody scrolls, but not before everything else is there.
+    Loader {
+        id: collapsed
+
         anchors.fill: parent
-        isCollapsed: true
-        isLandscape: header.isLandscape
-        isPresent: header.isCollapsed
-        titleSize: header.isLandscape ? Math.min(Theme.body, 18) : Math.min(Theme.title3, 24)
-        logoSize: header.isLandscape ? 22 : 32
-        logoRadius: header.isLandscape ? 6 : 8
+        active: false
+        sourceComponent: TolvaneHeaderLayout {
+            isCollapsed: true
+            isLandscape: header.isLandscape
+            isPresent: header.isCollapsed
+            titleSize: header.isLandscape ? Math.min(Theme.body, 18) : Math.min(Theme.title3, 24)
+            logoSize: header.isLandscape ? 22 : 32
+            logoRadius: header.isLandscape ? 6 : 8
+        }
     }
+
+    Timer {
+        interval: 600
+        running: true
+        onTriggered: collapsed.active = true
+    }
+
+    onIsCollapsedChanged: collapsed.active = true
 
     // In the room that the sheet leaves.
     ProgressIndicator {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Logo and greeting, one above the other or side by side.
 Item {
@@ -71,23 +71,19 @@ Item {
                     textFormat: Text.PlainText
                     horizontalAlignment: Text.AlignLeft
                     elide: Text.ElideRight
-                    color: Theme.accentColor
-                    opacity: 0.4
+                    color: Qt.alpha(Theme.accentColor, 0.4)
                     font.pixelSize: layout.fittingSize
                     font.bold: true
                     lineHeightMode: Text.FixedHeight
                     lineHeight: layout.lineHeight
                 }
-                Text {
+                // 👋, as an icon: no font has to be found for it.
+                Icon {
                     id: wave
 
-                    text: "👋"
-                    textFormat: Text.PlainText
-                    font.pixelSize: layout.fittingSize
-                    font.bold: true
-                    lineHeightMode: Text.FixedHeight
-                    lineHeight: layout.lineHeight
-                    Accessible.ignored: true
+                    width: layout.lineHeight
+                    height: layout.lineHeight
+                    name: "colored/wave"
                 }
             }
             Text {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The home screen, and what is stacked above it. Pages come in from the trailing side and go out
 // there; what they cover gives way a little. What is covered is neither drawn nor read aloud.
@@ -11,8 +11,9 @@ FocusScope {
     readonly property NavigationData navigation: screen.navigation
     readonly property int topmost: navigation.path.length
 
-    /// The path, and after a way back also the page that is on its way out.
-    property var shownPath: []
+    /// The path, and after a way back also the page that is on its way out. Nothing is bound to it:
+    /// a page keeps what it shows until it is gone.
+    readonly property var shown: ({path: []})
     /// How many pages are in, with what is still on its way.
     property real depth: topmost
 
@@ -23,16 +24,33 @@ FocusScope {
         }
     }
 
+    function countOfCommon(path: var): int {
+        let count = 0
+        while (count < Math.min(path.length, pages.count) && path[count] === shown.path[count])
+            ++count
+        return count
+    }
+
+    // Pages stay as they are for as long as they are on the path; where another one takes the
+    // place of one, it is new, and so are those above it.
+    function show(path: var) {
+        const common = countOfCommon(path)
+        if (pages.count > common)
+            pages.remove(common, pages.count - common)
+        shown.path = path
+        while (pages.count < path.length)
+            pages.append({level: pages.count + 1})
+    }
+
+    // A page that was left is shown until it is out, which one that was not yet in is at once.
     function follow() {
-        const path = navigation.path
-        const common = Math.min(path.length, shownPath.length)
-        for (let index = 0; index < common; ++index) {
-            // Pages do not change; another one takes the place.
-            if (path[index] !== shownPath[index])
-                shownPath = shownPath.slice(0, index)
-        }
-        if (path.length > shownPath.length)
-            shownPath = path
+        const path = Array.from(navigation.path)
+        if (depth === path.length || countOfCommon(path) < path.length)
+            show(path)
+    }
+
+    ListModel {
+        id: pages
     }
 
     function placeOf(level: int): real {
@@ -45,9 +63,18 @@ FocusScope {
         return Math.max(0, Math.min(1, depth - level))
     }
 
-    onDepthChanged: {
-        if (depth === topmost)
-            shownPath = navigation.path
+    onDepthChanged: follow()
+
+    // Who touches the screen goes to a conversation next, more often than not. What it takes is read in
+    // the background between press and release, and takes no memory before.
+    PointHandler {
+        property Component next
+
+        onActiveChanged: {
+            if (!next)
+                next = Qt.createComponent(Qt.resolvedUrl("../conversation/TicketScreen.qml"),
+                                          Component.Asynchronous, stack)
+        }
     }
 
     Connections {
@@ -70,22 +97,20 @@ FocusScope {
     }
 
     Repeater {
-        model: stack.shownPath.length
+        model: pages
 
         NavigationPage {
-            id: page
+            required property int level
 
-            required property int index
-
-            x: stack.placeOf(index + 1)
+            x: stack.placeOf(level)
             width: stack.width
             height: stack.height
-            visible: stack.coverOf(index + 1) < 1
-            destination: stack.shownPath[index]
+            visible: stack.coverOf(level) < 1
+            destination: stack.shown.path[level - 1]
             screen: stack.screen
             focus: isOnTop
             enabled: isOnTop
-            isOnTop: index === stack.topmost - 1
+            isOnTop: level === stack.topmost
         }
     }
 }

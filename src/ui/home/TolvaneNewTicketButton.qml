@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The way to a new conversation.
 Item {
@@ -44,7 +44,8 @@ Item {
         dampingFraction: 0.85
     }
 
-    // A soft shadow: rings of little black that lie over each other.
+    // A soft shadow, a little below: rings of less and less black around each other. The innermost is
+    // wide enough to begin below the button.
     Repeater {
         model: 6
 
@@ -57,7 +58,9 @@ Item {
             anchors.leftMargin: -index
             anchors.rightMargin: -index
             radius: 8 + index
-            color: "#05000000"
+            color: "transparent"
+            border.width: index === 0 ? 3 : 1
+            border.color: Qt.rgba(0, 0, 0, (6 - index) * 0.02)
         }
     }
 
@@ -96,8 +99,7 @@ Item {
             wrapMode: Text.Wrap
             maximumLineCount: 2
             elide: Text.ElideRight
-            color: Theme.primaryColor
-            opacity: 0.6
+            color: Qt.alpha(Theme.primaryColor, 0.6)
             font.pixelSize: button.textSize
             Accessible.ignored: true
         }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // An icon with a line about what there is instead of the content, and one about what to do.
 Item {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Slides the messenger in over all that the window shows, and out again. Nothing gets through to
 // what is below.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The root view: a skeleton until the settings have arrived, then the real interface.
 FocusScope {

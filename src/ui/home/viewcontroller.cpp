@@ -66,7 +66,7 @@ bool TolvaneViewController::viewDidLoad()
 {
     m_data = std::make_unique<ScreenData>();
     const QUrl file(
-        QStringLiteral("qrc:/qt-project.org/imports/Tolvane/home/TolvanePresentation.qml"));
+        QStringLiteral("qrc:/qt-project.org/imports/Tolvane/Private/home/TolvanePresentation.qml"));
     QQmlComponent component(&viewsEngine(), file);
     if (component.isReady()) {
         QQuickItem *parent = m_stage.window()->contentItem();

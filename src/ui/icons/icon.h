@@ -8,14 +8,15 @@
 
 namespace tolvane {
 
-/// One of the library's icons, in one colour, drawn for the pixels that it takes on the screen.
-/// Decoration: what it stands for has to be said by whoever uses it.
+/// One of the library's icons, drawn for the pixels that it takes on the screen: in one colour, or
+/// in its own where it has several. Decoration: what it stands for has to be said by whoever uses
+/// it.
 class Icon : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// The name of a file in src/resources/icons, without its ending. Of any other name, nothing is
-    /// shown, and there is a warning.
+    /// The name of a file in src/resources/icons, without its ending; those that keep their colours
+    /// are in the folder "colored". Of any other name, nothing is shown, and there is a warning.
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
 

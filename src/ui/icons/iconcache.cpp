@@ -25,6 +25,8 @@ QImage drawn(const QString &name, const QSize &size, const QColor &color)
     QSvgRenderer icon(pathOf(name));
     icon.setAspectRatioMode(Qt::KeepAspectRatio);
     icon.render(&painter, QRectF(image.rect()));
+    if (name.startsWith(QLatin1String("colored/")))
+        return image;
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(image.rect(), color);
     return image;

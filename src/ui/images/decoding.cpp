@@ -2,6 +2,7 @@
 #include "ui/images/decoding.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QtEndian>
 #include <QtGui/QColorSpace>
 #include <QtGui/QImageReader>
 
@@ -42,6 +43,17 @@ QByteArray formatOf(const QByteArray &bytes)
     return {};
 }
 
+/// The size of a GIF's screen. That is what is decoded, however little of it the first frame fills.
+QSize screenOf(const QByteArray &gif)
+{
+    constexpr qsizetype place = 6;
+    constexpr qsizetype length = 4;
+    if (gif.size() < place + length)
+        return {};
+    const char *field = gif.constData() + place;
+    return {qFromLittleEndian<quint16>(field), qFromLittleEndian<quint16>(field + 2)};
+}
+
 qint64 pixelCount(const QSize &size)
 {
     return qint64(size.width()) * size.height();
@@ -71,6 +83,8 @@ public:
         m_reader.setAutoTransform(true);
         m_scalesWhileDecoding = format == "jpeg";
         m_size = m_reader.size();
+        if (format == "gif" && m_size.isValid())
+            m_size = m_size.expandedTo(screenOf(bytes));
     }
 
     /// As it is stored, before it is turned. Invalid for what is no picture.

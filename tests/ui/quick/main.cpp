@@ -8,7 +8,7 @@
 #include <QtQml/QQmlEngine>
 #include <QtQuickTest/quicktest.h>
 
-extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
 
 namespace tolvane::test {
 
@@ -111,7 +111,7 @@ class Setup final : public QObject
 public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *)
     {
-        qml_register_types_Tolvane();
+        qml_register_types_Tolvane_Private();
         qmlRegisterSingletonType<Samples>("Samples", 1, 0, "Samples",
                                           [](QQmlEngine *, QJSEngine *) { return new Samples; });
     }

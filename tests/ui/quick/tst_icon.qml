@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtTest
-import Tolvane
+import Tolvane.Private
 
 Rectangle {
     id: paper
@@ -29,6 +29,8 @@ Rectangle {
                 {tag: "no room", name: disc, size: [0, 24], saw: ["#ffffff", "#ffffff"]},
                 {tag: "another colour", name: disc, size: [24, 24], color: "#0000ff",
                  saw: ["#ffffff", "#0000ff"]},
+                {tag: "its own colours", name: "colored/robot", size: [24, 24],
+                 saw: ["#7b8a99", "#7b8a99"], at: [[2, 14], [21, 14]]},
                 {tag: "no name", name: "", size: [24, 24], saw: ["#ffffff", "#ffffff"]},
                 {tag: "an unknown name", name: "../icons/no such", size: [24, 24],
                  saw: ["#ffffff", "#ffffff"], warning: /there is no icon/},
@@ -44,7 +46,8 @@ Rectangle {
             icon.width = data.size[0]
             icon.height = data.size[1]
             const shot = grabImage(paper)
-            compare([6, 15].map(x => String(shot.pixel(x, 23))), data.saw)
+            const places = data.at?.map(place => place.map(at => at + 12)) ?? [[6, 23], [15, 23]]
+            compare(places.map(place => String(shot.pixel(place[0], place[1]))), data.saw)
         }
     }
 }

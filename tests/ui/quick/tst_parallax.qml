@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtTest
-import Tolvane
+import Tolvane.Private
 
 Item {
     id: window

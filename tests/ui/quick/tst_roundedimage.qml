@@ -2,7 +2,7 @@
 import QtQuick
 import QtTest
 import Samples
-import Tolvane
+import Tolvane.Private
 
 Rectangle {
     width: 240

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Takes image files that are dropped on a conversation, and says so while they hover over it.
 DropArea {

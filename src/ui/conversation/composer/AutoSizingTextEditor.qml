@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // A text editor that says how high it would like to be, and scrolls where it gets less.
 //

@@ -5,7 +5,7 @@ import QtQuick.Dialogs
 import Qt.labs.folderlistmodel
 import QtQuick.Controls
 import QtQuick.Layouts
-import Tolvane
+import Tolvane.Private
 
 // The system's file dialog, for pictures, as many as one likes.
 FileDialog {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The pictures that are attached, in a row that scrolls. Arrow keys go through it, Delete removes.
 FocusScope {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Shows which part of a flickable is in sight, at its lower or trailing edge. Pale, and gone where
 // all is in sight.

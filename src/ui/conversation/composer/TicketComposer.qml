@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Where a message is written: pictures to attach above a bar with the editor and its two buttons.
 // To be placed at the bottom by its own height, which follows what is written, over whatever

@@ -5,6 +5,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QMimeDatabase>
+#include <QtCore/QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -39,11 +40,18 @@ QByteArray bytesOf(const QUrl &url)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// A name as it may stand in the head of a form's part, where nothing is escaped.
+QString sound(QString name)
+{
+    static const QRegularExpression unsound(QStringLiteral("[\\x00-\\x1f\\x7f\"\\\\]"));
+    return name.replace(unsound, QStringLiteral("_"));
+}
+
 QString nameOf(const QString &fileName, const QByteArray &bytes)
 {
     const QByteArray digest =
         QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).first(8).toHex();
-    const QFileInfo info(fileName);
+    const QFileInfo info(sound(fileName));
     const QString suffix = info.suffix();
     const QString name = info.completeBaseName() + QLatin1Char('-') + QString::fromLatin1(digest);
     return suffix.isEmpty() ? name : name + QLatin1Char('.') + suffix;

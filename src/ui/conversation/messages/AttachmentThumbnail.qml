@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // One picture of a message, to be looked at. Without an address its place stays empty.
 Item {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The first pictures of a message, on the side of whoever sent them.
 Item {
@@ -47,9 +47,10 @@ Item {
             y: row * (layout.side + grid.spacing)
             width: layout.side
             height: layout.side
-            address: layout.url(index)
+            // Anew with each change, also where as many take the place of others.
+            address: index < layout.total ? layout.url(index) : ""
             cornerRadius: grid.cornerRadius
-            remainingCount: layout.remaining(index)
+            remainingCount: index < layout.total ? layout.remaining(index) : 0
             totalCount: layout.total
             onPressed: grid.pressed()
             onOpened: grid.opened(address)

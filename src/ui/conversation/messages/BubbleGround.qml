@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // What a message stands on: round, but for the lower corner on the side of whoever sent it. A part
 // of a longer message goes on squarely.

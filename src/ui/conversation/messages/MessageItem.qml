@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // One message: its pictures, its text in a bubble beside the sender's avatar, and from when and
 // whom it is. A row of a long one has a part of the text only.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The conversation: its messages, who is typing, and whether it is closed. Its end stays in sight:
 // the list goes there when it appears and whenever something changes there.
@@ -107,6 +107,8 @@ Item {
         bottomMargin: rows.end + height
         onContentYChanged: rows.contentY = contentY
         onDraggingChanged: {
+            if (dragging)
+                Keyboard.hide()
             if (dragging || list.postponed < 0)
                 return
             rows.scrollToEnd(list.postponed)
@@ -123,6 +125,7 @@ Item {
             topMargin: 10
             bottomMargin: list.bottomContentMargin
             model: list.model
+            kindRole: "kind"
             isMoving: flickable.moving
             onMoveRequested: contentY => flickable.contentY = contentY
             trailing: (list.isAITyping ? [typing] : []).concat(list.isClosed ? [closed] : [])

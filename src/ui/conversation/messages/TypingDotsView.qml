@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Dots on a wave. What moves are the dots alone; the room that they have stays as it is.
 Item {

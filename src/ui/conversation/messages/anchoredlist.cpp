@@ -55,6 +55,15 @@ void AnchoredList::setModel(QAbstractItemModel *model)
     Q_EMIT modelChanged();
 }
 
+void AnchoredList::setKindRole(const QString &role)
+{
+    if (m_kindRole == role)
+        return;
+    m_kindRole = role;
+    m_spareItems.clear();
+    Q_EMIT kindRoleChanged();
+}
+
 void AnchoredList::setDelegate(QQmlComponent *delegate)
 {
     if (m_delegate == delegate)
@@ -98,6 +107,7 @@ void AnchoredList::restart()
 {
     m_rows.clear();
     m_leaving.clear();
+    m_spareItems.clear();
     m_offsets.clear();
     const int count = modelCount() + int(m_trailing.size());
     m_offsets.insert(0, count);
@@ -179,10 +189,14 @@ void AnchoredList::updateRows(int first, int last, const QList<int> &roles)
         const ListRow *shown = rowAt(row);
         if (!shown)
             continue;
-        const QVariantMap values = rolesOf(row, roles);
-        for (auto value = values.begin(); value != values.end(); ++value)
-            shown->item()->setProperty(value.key().toUtf8().constData(), value.value());
+        setProperties(*shown->item(), rolesOf(row, roles));
     }
+}
+
+void AnchoredList::setProperties(QQuickItem &item, const QVariantMap &values)
+{
+    for (auto value = values.begin(); value != values.end(); ++value)
+        item.setProperty(value.key().toUtf8().constData(), value.value());
 }
 
 std::unique_ptr<ListRow> &AnchoredList::slot(int row)
@@ -217,6 +231,27 @@ int AnchoredList::indexOf(const QQuickItem *item) const
 
 std::unique_ptr<ListRow> AnchoredList::make(int row)
 {
+    ItemPointer item = takeSpare(kindOf(row));
+    if (item)
+        fillAnew(*item, row);
+    else
+        item = created(row);
+    if (!item)
+        return nullptr;
+    // Screen readers go through the rows in the order of the items.
+    if (QQuickItem *next = itemAt(row + 1))
+        item->stackBefore(next);
+    else if (QQuickItem *previous = itemAt(row - 1))
+        item->stackAfter(previous);
+    item->setHeight(item->implicitHeight());
+    m_offsets.setHeight(row, item->implicitHeight());
+    connect(item.get(), &QQuickItem::implicitHeightChanged, this,
+            [this, shown = item.get()] { measure(shown); });
+    return std::make_unique<ListRow>(std::move(item), [this] { polish(); });
+}
+
+ItemPointer AnchoredList::created(int row)
+{
     const int trailing = row - modelCount();
     QQmlComponent *component = trailing < 0 ? m_delegate : m_trailing.value(trailing);
     if (!component || !component->isReady()) {
@@ -237,15 +272,51 @@ std::unique_ptr<ListRow> AnchoredList::make(int row)
     }
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
     item->setParent(this);
-    // Screen readers go through the rows in the order of the items.
-    if (QQuickItem *next = itemAt(row + 1))
-        item->stackBefore(next);
     if (row == m_currentIndex)
         item->setProperty("isCurrent", true);
-    item->setHeight(item->implicitHeight());
-    m_offsets.setHeight(row, item->implicitHeight());
-    connect(item, &QQuickItem::implicitHeightChanged, this, [this, item] { measure(item); });
-    return std::make_unique<ListRow>(item, [this] { polish(); });
+    return ItemPointer(item);
+}
+
+void AnchoredList::fillAnew(QQuickItem &item, int row)
+{
+    item.setWidth(width());
+    setProperties(item, rolesOf(row));
+    item.setProperty("isCurrent", row == m_currentIndex);
+    item.setVisible(true);
+}
+
+QVariant AnchoredList::kindOf(int row) const
+{
+    const int role = m_model ? m_model->roleNames().key(m_kindRole.toUtf8(), -1) : -1;
+    return row < modelCount() && role >= 0 ? m_model->data(m_model->index(row, 0), role)
+                                           : QVariant();
+}
+
+ItemPointer AnchoredList::takeSpare(const QVariant &kind)
+{
+    const auto found = kind.isValid() ? std::ranges::find(m_spareItems, kind, &SpareItem::kind)
+                                      : m_spareItems.end();
+    if (found == m_spareItems.end())
+        return nullptr;
+    ItemPointer item = std::move(found->item);
+    m_spareItems.erase(found);
+    return item;
+}
+
+void AnchoredList::drop(int row, std::unique_ptr<ListRow> dropped)
+{
+    constexpr std::size_t mostSpareItems = 8;
+    const QVariant kind = kindOf(row);
+    if (!dropped || !kind.isValid())
+        return;
+    ItemPointer item = dropped->takeItem();
+    item->disconnect(this);
+    item->setVisible(false);
+    item->setOpacity(1);
+    m_spareItems.push_back({.kind = kind, .item = std::move(item)});
+    // The one that nothing was found for the longest.
+    if (m_spareItems.size() > mostSpareItems)
+        m_spareItems.pop_front();
 }
 
 QVariantMap AnchoredList::rolesOf(int row, const QList<int> &roles) const
@@ -256,7 +327,8 @@ QVariantMap AnchoredList::rolesOf(int row, const QList<int> &roles) const
     const QModelIndex index = m_model->index(row, 0);
     const auto names = m_model->roleNames();
     for (auto name = names.begin(); name != names.end(); ++name) {
-        if (roles.isEmpty() || roles.contains(name.key()))
+        const bool isWanted = roles.isEmpty() || roles.contains(name.key());
+        if (isWanted && QLatin1String(*name) != m_kindRole)
             values.insert(QString::fromLatin1(*name), m_model->data(index, name.key()));
     }
     return values;

@@ -35,6 +35,10 @@ class AnchoredList : public QQuickItem
     /// Has a property for each role of the model. It gets the width of the list; its implicit
     /// height is the row's. Its `isCurrent` is true while it is the current one.
     Q_PROPERTY(QQmlComponent *delegate READ delegate WRITE setDelegate NOTIFY delegateChanged)
+    /// A role that tells which rows have items built alike: the item of a row that has gone out of
+    /// sight is filled anew for the next of its kind, which takes much less than to make one.
+    /// Without it no item is used twice.
+    Q_PROPERTY(QString kindRole READ kindRole WRITE setKindRole NOTIFY kindRoleChanged)
     /// Components of further rows after those of the model.
     Q_PROPERTY(QVariantList trailing READ trailing WRITE setTrailing NOTIFY trailingChanged)
     Q_PROPERTY(double topMargin MEMBER m_topMargin WRITE setTopMargin NOTIFY marginsChanged)
@@ -59,6 +63,8 @@ public:
     void setModel(QAbstractItemModel *model);
     QQmlComponent *delegate() const { return m_delegate; }
     void setDelegate(QQmlComponent *delegate);
+    const QString &kindRole() const { return m_kindRole; }
+    void setKindRole(const QString &role);
     QVariantList trailing() const;
     void setTrailing(const QVariantList &components);
     void setTopMargin(double margin);
@@ -89,6 +95,7 @@ public:
 Q_SIGNALS:
     void modelChanged();
     void delegateChanged();
+    void kindRoleChanged();
     void trailingChanged();
     void marginsChanged();
     void isMovingChanged();
@@ -133,11 +140,18 @@ private:
     std::unique_ptr<ListRow> &slot(int row);
     ListRow *rowAt(int row) const;
     std::unique_ptr<ListRow> make(int row);
+    ItemPointer created(int row);
+    void fillAnew(QQuickItem &item, int row);
+    QVariant kindOf(int row) const;
+    ItemPointer takeSpare(const QVariant &kind);
+    void drop(int row, std::unique_ptr<ListRow> dropped);
+    static void setProperties(QQuickItem &item, const QVariantMap &values);
     QVariantMap rolesOf(int row, const QList<int> &roles = {}) const;
     void measure(const QQuickItem *item);
 
     QPointer<QAbstractItemModel> m_model;
     QPointer<QQmlComponent> m_delegate;
+    QString m_kindRole;
     QList<QPointer<QQmlComponent>> m_trailing;
     double m_topMargin = 0;
     double m_bottomMargin = 0;
@@ -155,6 +169,13 @@ private:
     /// Those that are there, in order, without gaps once they have been settled.
     Rows m_rows;
     int m_firstRow = 0;
+    struct SpareItem
+    {
+        QVariant kind;
+        ItemPointer item;
+    };
+    /// Of rows that went out of sight, for those that come into sight next.
+    std::deque<SpareItem> m_spareItems;
     struct LeavingRow
     {
         std::unique_ptr<ListRow> row;

@@ -5,15 +5,22 @@
 
 namespace tolvane {
 
-ListRow::ListRow(QQuickItem *item, std::function<void()> moved)
-    : m_item(item)
+void DeleteItemLater::operator()(QQuickItem *item) const
+{
+    item->setVisible(false);
+    item->setParentItem(nullptr);
+    item->deleteLater();
+}
+
+ListRow::ListRow(ItemPointer item, std::function<void()> moved)
+    : m_item(std::move(item))
     , m_moved(std::move(moved))
 {
     m_motion.setStartValue(0.0);
     m_motion.setEndValue(1.0);
     m_motion.setDuration(300);
     m_motion.setEasingCurve(QEasingCurve::InOutQuad);
-    QObject::connect(&m_motion, &QVariantAnimation::valueChanged, item,
+    QObject::connect(&m_motion, &QVariantAnimation::valueChanged, m_item.get(),
                      [this](const QVariant &progress) { step(progress.toDouble()); });
 }
 
@@ -22,12 +29,10 @@ ListRow::~ListRow()
     m_motion.disconnect();
 }
 
-void ListRow::DeleteLater::operator()(QQuickItem *item) const
+ItemPointer ListRow::takeItem()
 {
-    // It may be its own signal that led here.
-    item->setVisible(false);
-    item->setParentItem(nullptr);
-    item->deleteLater();
+    m_motion.disconnect();
+    return std::move(m_item);
 }
 
 void ListRow::place(double y)

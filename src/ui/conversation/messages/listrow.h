@@ -10,6 +10,15 @@
 
 namespace tolvane {
 
+/// Its own signal may be what leads to the end of an item: it goes with the next turn of the event
+/// loop.
+struct DeleteItemLater
+{
+    void operator()(QQuickItem *item) const;
+};
+
+using ItemPointer = std::unique_ptr<QQuickItem, DeleteItemLater>;
+
 /// The item of a row while it is there, and how it comes and goes: in 0.3 seconds from a place of
 /// its own height below, out to one above, and fading. Main thread.
 class ListRow
@@ -17,12 +26,14 @@ class ListRow
 public:
     /// @param item goes with the row
     /// @param moved called for each step of a movement
-    ListRow(QQuickItem *item, std::function<void()> moved);
+    ListRow(ItemPointer item, std::function<void()> moved);
     ~ListRow();
     ListRow(const ListRow &) = delete;
     ListRow &operator=(const ListRow &) = delete;
 
     QQuickItem *item() const { return m_item.get(); }
+    /// The row itself is at its end.
+    ItemPointer takeItem();
     double height() const { return m_item->implicitHeight(); }
 
     /// Puts it where it belongs, from the top of the window of the list, but for its movement.
@@ -50,12 +61,7 @@ private:
     void move(const Look &from, const Look &to);
     void step(double progress);
 
-    struct DeleteLater
-    {
-        void operator()(QQuickItem *item) const;
-    };
-
-    std::unique_ptr<QQuickItem, DeleteLater> m_item;
+    ItemPointer m_item;
     std::function<void()> m_moved;
     QVariantAnimation m_motion;
     Look m_from{};

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/conversation/messages/messagelistmodel.h"
 
-#include "ui/conversation/messages/inlinemarkdown.h"
-
 #include <QtCore/QUrl>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 
+#include <algorithm>
 #include <utility>
 
 namespace tolvane {
@@ -20,19 +19,38 @@ bool isNews(const QList<MessageDto> &messages, const QList<MessageDto> &before)
            !messagerow::isCustomer(messages.constLast());
 }
 
+QStringList attachmentsOf(const MessageRow &row)
+{
+    return row.isFirst ? row.message.attachments.value_or(QStringList()) : QStringList();
+}
+
 } // namespace
 
 void MessageListModel::setMessages(const QList<MessageDto> &messages)
 {
-    const bool isSame =
+    // A copy is told at once. Else it is the beginning that most often is the same.
+    const bool isCopy =
         messages.constData() == m_messages.constData() && messages.size() == m_messages.size();
-    if (isSame || messages == m_messages)
+    const qsizetype same = isCopy
+                               ? messages.size()
+                               : std::ranges::mismatch(messages, m_messages).in1 - messages.begin();
+    if (same == messages.size() && same == m_messages.size())
         return;
     const QList<MessageDto> before = std::exchange(m_messages, messages);
-    replace(messagerow::rowsOf(messages));
+    replaceBehind(firstRowOf(same), messagerow::rowsOf(messages.sliced(same)));
     Q_EMIT messagesChanged();
     if (isNews(messages, before))
         Q_EMIT messageArrived(messagerow::description(messages.constLast()));
+}
+
+qsizetype MessageListModel::firstRowOf(qsizetype message) const
+{
+    qsizetype row = 0;
+    for (; row < records().size(); ++row) {
+        if (records().at(row).isFirst && message-- == 0)
+            break;
+    }
+    return row;
 }
 
 void MessageListModel::copy(int row) const
@@ -55,34 +73,42 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
     case pictureRole:
         return QUrl(message.sender.profilePicture.value_or(QString()));
     case contentRole:
-        return QVariant::fromValue(inlineMarkdown(row.text));
+        return QVariant::fromValue(styled(row.text));
     case captionRole:
         return messagerow::caption(message);
     case attachmentsRole:
-        return row.isFirst ? QStringList(message.attachments.value_or(QList<QString>()))
-                           : QStringList();
+        return attachmentsOf(row);
     case descriptionRole:
         return messagerow::description(message);
     case isFirstRole:
         return row.isFirst;
     case isLastRole:
         return row.isLast;
+    case kindRole:
+        return QStringList{messagerow::avatar(message.sender),
+                           styled(row.text).isRich ? QStringLiteral("rich") : QString(),
+                           attachmentsOf(row).isEmpty() ? QString() : QStringLiteral("pictures")};
     default:
         return {};
     }
 }
 
+const StyledText &MessageListModel::styled(const QString &source) const
+{
+    if (m_styledSource != source) {
+        m_styledSource = source;
+        m_styled = inlineMarkdown(source);
+    }
+    return m_styled;
+}
+
 QHash<int, QByteArray> MessageListModel::roleNames() const
 {
-    return {{isCustomerRole, "isCustomer"},
-            {avatarRole, "avatar"},
-            {pictureRole, "picture"},
-            {contentRole, "content"},
-            {captionRole, "caption"},
-            {attachmentsRole, "attachments"},
-            {descriptionRole, "description"},
-            {isFirstRole, "isFirst"},
-            {isLastRole, "isLast"}};
+    return {{isCustomerRole, "isCustomer"},   {avatarRole, "avatar"},
+            {pictureRole, "picture"},         {contentRole, "content"},
+            {captionRole, "caption"},         {attachmentsRole, "attachments"},
+            {descriptionRole, "description"}, {isFirstRole, "isFirst"},
+            {isLastRole, "isLast"},           {kindRole, "kind"}};
 }
 
 } // namespace tolvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/conversation/messages/inlinemarkdown.h"
 #include "ui/conversation/messages/messagerow.h"
 #include "ui/recordlistmodel.h"
 
@@ -28,6 +29,8 @@ public:
         /// A message that is too long for one row has several.
         isFirstRole,
         isLastRole,
+        /// What rows have in common whose items are built alike.
+        kindRole,
     };
 
     using RecordListModel::RecordListModel;
@@ -48,7 +51,14 @@ Q_SIGNALS:
     void messageArrived(const QString &description);
 
 private:
+    /// The number of rows where there is no such message.
+    qsizetype firstRowOf(qsizetype message) const;
+    const StyledText &styled(const QString &source) const;
+
     QList<MessageDto> m_messages;
+    /// What was asked for last: the roles of a row are asked for one after another.
+    mutable QString m_styledSource;
+    mutable StyledText m_styled;
 };
 
 } // namespace tolvane

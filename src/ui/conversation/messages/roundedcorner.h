@@ -46,7 +46,6 @@ private:
     QColor m_color = Qt::transparent;
     qreal m_radius = 0;
     RoundedImage::Corners m_corners = RoundedImage::AllCorners;
-    bool m_isPictureStale = true;
 };
 
 } // namespace tolvane

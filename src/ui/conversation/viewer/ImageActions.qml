@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // Makes a file of the picture as soon as there is one, and offers to share it.
 ViewerControl {

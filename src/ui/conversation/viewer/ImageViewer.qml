@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // One attachment in all of the window, on black: to look at closely, and to share.
 FocusScope {

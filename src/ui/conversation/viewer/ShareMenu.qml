@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // What can be done with the picture's file: drag it away by its picture, save it, copy it. Over all
 // of the viewer; a press beside it closes it.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // The hands on a picture: pinches of a screen or a trackpad, drags, taps and the wheel.
 Item {

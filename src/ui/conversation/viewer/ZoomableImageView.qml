@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import Tolvane
+import Tolvane.Private
 
 // One picture in all the room there is, zoomed and panned by fingers, pointer and wheel.
 Item {

@@ -1,0 +1,78 @@
+# What is installed, where, and how hosts find it.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(TOLVANE_INSTALL_QMLDIR "${CMAKE_INSTALL_LIBDIR}/qt6/qml" CACHE STRING
+  "Folder of QML modules, below the prefix")
+set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/TolvaneSdk")
+
+# The libraries find each other wherever the prefix is moved to.
+set_target_properties(TolvaneCore PROPERTIES EXPORT_NAME Core INSTALL_RPATH "")
+set_target_properties(TolvaneSdk PROPERTIES EXPORT_NAME Sdk INSTALL_RPATH "$ORIGIN")
+
+# Each library has its own set, so that a host of the logic needs no Qt Quick.
+foreach(part Core Sdk)
+  string(TOLOWER "${part}" component)
+  install(TARGETS Tolvane${part}
+    EXPORT Tolvane${part}Targets
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT ${component}
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${component}
+      NAMELINK_COMPONENT dev
+    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT dev
+    FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT dev
+    INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+  install(EXPORT Tolvane${part}Targets
+    NAMESPACE Tolvane::
+    DESTINATION "${package_dir}"
+    COMPONENT dev)
+endforeach()
+
+configure_package_config_file(
+  "${CMAKE_CURRENT_LIST_DIR}/TolvaneSdkConfig.cmake.in"
+  "${PROJECT_BINARY_DIR}/TolvaneSdkConfig.cmake"
+  INSTALL_DESTINATION "${package_dir}"
+  NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/TolvaneSdkConfigVersion.cmake"
+  COMPATIBILITY SameMajorVersion)
+install(FILES
+  "${PROJECT_BINARY_DIR}/TolvaneSdkConfig.cmake"
+  "${PROJECT_BINARY_DIR}/TolvaneSdkConfigVersion.cmake"
+  DESTINATION "${package_dir}" COMPONENT dev)
+
+# For builds that know nothing of CMake. What a static library needs is the host's to link.
+file(RELATIVE_PATH prefix_from_pc
+  "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+if(BUILD_SHARED_LIBS)
+  set(core_private ".private")
+  set(static_flag "")
+else()
+  set(core_private "")
+  set(static_flag " -DTOLVANE_STATIC")
+endif()
+foreach(part core sdk)
+  configure_file("${CMAKE_CURRENT_LIST_DIR}/tolvane-${part}.pc.in" tolvane-${part}.pc @ONLY)
+  install(FILES "${CMAKE_CURRENT_BINARY_DIR}/tolvane-${part}.pc"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT dev)
+endforeach()
+
+if(TARGET TolvaneQmlPlugin)
+  set(module_dir "${TOLVANE_INSTALL_QMLDIR}/Tolvane")
+  cmake_path(SET lib_from_module "/prefix/${CMAKE_INSTALL_LIBDIR}")
+  cmake_path(RELATIVE_PATH lib_from_module BASE_DIRECTORY "/prefix/${module_dir}")
+  set_target_properties(TolvaneQmlPlugin PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_module}")
+  install(TARGETS TolvaneQmlPlugin DESTINATION "${module_dir}" COMPONENT qml)
+  # As built, the module is for hosts that link the library. This one also names the plugin.
+  get_target_property(built TolvaneHostFace QT_QML_MODULE_OUTPUT_DIRECTORY)
+  file(READ "${built}/qmldir" qmldir)
+  string(REPLACE "module Tolvane\n"
+    "module Tolvane\nplugin tolvaneplugin\nclassname TolvanePlugin\n" qmldir "${qmldir}")
+  file(WRITE "${PROJECT_BINARY_DIR}/installed-qmldir" "${qmldir}")
+  install(FILES "${PROJECT_BINARY_DIR}/installed-qmldir" RENAME qmldir
+    DESTINATION "${module_dir}" COMPONENT qml)
+  # The views themselves are in the library. These are for the tools that check a host's QML.
+  install(DIRECTORY "${built}/" DESTINATION "${module_dir}" COMPONENT qml
+    FILES_MATCHING PATTERN "*.qml" PATTERN "*.qmltypes" PATTERN "Private/qmldir")
+endif()
+
+include(TolvanePackages)

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <tolvane/tolvane.h>
+
+#include <QtCore/QObject>
+#include <QtCore/QVariantMap>
+#include <QtQml/qqmlregistration.h>
+
+#include <memory>
+
+namespace tolvane {
+
+/// The facade for hosts that are written in QML, as its singleton `Tolvane`.
+///
+/// @code
+/// import Tolvane
+///
+/// Button {
+///     text: "Help"
+///     enabled: !Tolvane.isOpen
+///     onClicked: Tolvane.open()
+///     Component.onCompleted: Tolvane.initialize("my-api-key")
+/// }
+/// @endcode
+///
+/// Operations do what those of the C++ class do, and fail as little. Each engine has its own face
+/// of the one library; hosts may use both languages at once. Main thread.
+class HostFace : public QObject
+{
+    Q_OBJECT
+    QML_NAMED_ELEMENT(Tolvane)
+    QML_SINGLETON
+    /// True while the messenger is on screen.
+    Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
+
+public:
+    enum Environment {
+        Production = static_cast<int>(Tolvane::Environment::production),
+        Development = static_cast<int>(Tolvane::Environment::development),
+        Alpha = static_cast<int>(Tolvane::Environment::alpha),
+    };
+    Q_ENUM(Environment)
+
+    enum PresentationOptions {
+        None = static_cast<int>(tolvane::PresentationOptions::none),
+        Sound = static_cast<int>(tolvane::PresentationOptions::sound),
+        SoundAndBanner = static_cast<int>(tolvane::PresentationOptions::soundAndBanner),
+    };
+    Q_ENUM(PresentationOptions)
+
+    explicit HostFace(QObject *parent = nullptr);
+    ~HostFace() override;
+
+    bool isOpen() const { return m_isOpen; }
+
+    Q_INVOKABLE void initialize(const QString &key);
+    /// What is no environment is reported, and changes nothing.
+    Q_INVOKABLE void setEnvironment(tolvane::HostFace::Environment environment);
+    Q_INVOKABLE void enableLogging(bool enabled);
+    /// `undefined` and `null` stand for absent.
+    Q_INVOKABLE void updateCustomer(const QVariant &email = {}, const QVariant &originalID = {});
+    Q_INVOKABLE void open();
+    /// @param deviceToken the push service's token, as an ArrayBuffer of its raw bytes
+    Q_INVOKABLE void setDeviceToken(const QByteArray &deviceToken);
+    Q_INVOKABLE bool isTolvanePushNotification(const QVariantMap &payload) const;
+    Q_INVOKABLE tolvane::HostFace::PresentationOptions
+    willPresentNotification(const QVariantMap &payload);
+    Q_INVOKABLE void handlePushNotification(const QVariantMap &payload);
+
+Q_SIGNALS:
+    void isOpenChanged();
+
+    /// Something happened in the messenger. A delegate that was set in C++ hears of it as well,
+    /// and first.
+    /// @param event an object with what TolvaneAnalyticsEvent has: `name`, `properties`,
+    /// `timestamp`, `sdkVersion`, `customerId`, `originalCustomerId`, `environment`; an id that is
+    /// absent is `undefined`
+    void analyticsEvent(const QVariantMap &event);
+
+private:
+    class Observer;
+
+    void followState();
+
+    bool m_isOpen;
+    std::shared_ptr<Observer> m_observer;
+};
+
+} // namespace tolvane

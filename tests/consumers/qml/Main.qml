@@ -1,0 +1,33 @@
+import QtQuick
+import QtQuick.Window
+import Tolvane
+
+Window {
+    width: 400
+    height: 700
+    visible: true
+    Component.onCompleted: Tolvane.initialize("key")
+
+    // Of the host's own, whatever the module has in it.
+    IconButton {
+        id: button
+    }
+
+    Timer {
+        interval: 100
+        running: true
+        onTriggered: Tolvane.open()
+    }
+    Timer {
+        interval: 10000
+        running: true
+        onTriggered: Qt.exit(1)
+    }
+    Connections {
+        target: Tolvane
+
+        function onIsOpenChanged() {
+            Qt.exit(Tolvane.isOpen && button.isTheHosts ? 0 : 1)
+        }
+    }
+}

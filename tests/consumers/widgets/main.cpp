@@ -1,0 +1,34 @@
+#include <tolvane/tolvane.h>
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QPushButton>
+
+using tolvane::Tolvane;
+
+namespace {
+
+/// The library says of its own pushes that they need no banner while the messenger is open.
+bool isOpen()
+{
+    return Tolvane::willPresentNotification(
+               {{QStringLiteral("source"), QStringLiteral("tolvane")}}) ==
+           tolvane::PresentationOptions::sound;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    QPushButton help(QStringLiteral("Help"));
+    Tolvane::initialize(QStringLiteral("key"));
+    QObject::connect(&help, &QPushButton::clicked, [] { Tolvane::open(); });
+    help.show();
+
+    QTimer::singleShot(100, &help, [&help] {
+        help.click();
+        QApplication::exit(isOpen() ? EXIT_SUCCESS : EXIT_FAILURE);
+    });
+    return QApplication::exec();
+}

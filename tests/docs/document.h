@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QStringList>
+
+/// A document of docs/, read for the tables and examples in it.
+class Document
+{
+public:
+    /// The cells of a row, and the heading above its table.
+    struct Row : QStringList
+    {
+        QString section;
+    };
+
+    explicit Document(const QString &name)
+    {
+        QFile file(QStringLiteral(TOLVANE_SOURCES "/docs/") + name);
+        if (file.open(QIODevice::ReadOnly))
+            m_lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'));
+    }
+
+    QString text() const { return m_lines.join(QLatin1Char('\n')); }
+
+    /// The rows of all tables whose first heading is that, headings left out.
+    QList<Row> rows(const QString &firstHeading) const
+    {
+        QList<Row> found;
+        QString section;
+        bool isInside = false;
+        for (const QString &line : m_lines) {
+            if (line.startsWith(QLatin1Char('#')))
+                section = line.section(QLatin1Char(' '), 1);
+            const Row row = {cells(line), section};
+            if (row.isEmpty() || row[0].startsWith(QLatin1String("---")))
+                isInside = isInside && !row.isEmpty();
+            else if (isInside)
+                found += row;
+            else
+                isInside = row[0] == firstHeading;
+        }
+        return found;
+    }
+
+    /// The blocks of code in that language.
+    QStringList blocks(const QString &language) const
+    {
+        const QRegularExpression form(QStringLiteral("^```%1\\n(.*?)\\n```$").arg(language),
+                                      QRegularExpression::MultilineOption |
+                                          QRegularExpression::DotMatchesEverythingOption);
+        QStringList blocks;
+        for (const QRegularExpressionMatch &match : form.globalMatch(text()))
+            blocks += match.captured(1);
+        return blocks;
+    }
+
+    /// What stands between backticks.
+    static QStringList words(const QString &cell)
+    {
+        static const QRegularExpression form(QStringLiteral("`([^`]+)`"));
+        QStringList words;
+        for (const QRegularExpressionMatch &match : form.globalMatch(cell))
+            words += match.captured(1);
+        return words;
+    }
+
+private:
+    static QStringList cells(const QString &line)
+    {
+        if (!line.startsWith(QLatin1Char('|')))
+            return {};
+        QStringList row =
+            line.mid(1, line.lastIndexOf(QLatin1Char('|')) - 1).split(QLatin1Char('|'));
+        for (QString &cell : row)
+            cell = cell.trimmed();
+        return row;
+    }
+
+    QStringList m_lines;
+};

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "browser.h"
+
+#include "waiting.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace tolvane::test {
+
+namespace {
+
+QString quoted(const QString &text)
+{
+    const QByteArray list = QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(list.sliced(1, list.size() - 2));
+}
+
+bool counts(const QJsonValue &value)
+{
+    return !value.isUndefined() && !value.isNull() && value != QJsonValue(false) &&
+           value != QJsonValue(u""_s) && value != QJsonValue(0);
+}
+
+QList<QByteArray> linesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().split('\n')
+                                          : QList<QByteArray>();
+}
+
+} // namespace
+
+Browser::Browser(const QString &folder)
+{
+    QObject::connect(
+        &m_socket, &QWebSocket::textMessageReceived, &m_socket, [this](const QString &text) {
+            const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
+            if (message.contains("id"_L1))
+                m_answers.insert(message["id"_L1].toInt(), message);
+        });
+    start(folder);
+    connectTo(folder + u"/DevToolsActivePort"_s);
+    const QJsonObject target = call(u"Target.createTarget"_s, {{u"url"_s, u"about:blank"_s}});
+    m_session = call(u"Target.attachToTarget"_s,
+                     {{u"targetId"_s, target["targetId"_L1]}, {u"flatten"_s, true}})["sessionId"_L1]
+                    .toString();
+}
+
+Browser::~Browser()
+{
+    constexpr int patience = 10'000;
+    m_session.clear();
+    m_socket.sendTextMessage(uR"({"id":0,"method":"Browser.close"})"_s);
+    m_socket.flush();
+    if (!m_process.waitForFinished(patience))
+        m_process.kill();
+    m_process.waitForFinished(patience);
+}
+
+void Browser::start(const QString &folder)
+{
+    m_process.setProcessChannelMode(QProcess::MergedChannels);
+    m_process.setStandardOutputFile(folder + u"/output"_s);
+    m_process.start(u"chromium"_s,
+                    {u"--headless=new"_s, u"--no-sandbox"_s, u"--disable-gpu"_s,
+                     u"--disable-dev-shm-usage"_s, u"--disable-quic"_s, u"--no-first-run"_s,
+                     u"--disable-background-networking"_s, u"--disable-component-update"_s,
+                     u"--disable-sync"_s, u"--window-size=1280,900"_s,
+                     u"--remote-debugging-port=0"_s, u"--user-data-dir="_s + folder});
+    if (!m_process.waitForStarted())
+        throw std::runtime_error("chromium: " + m_process.errorString().toStdString());
+}
+
+void Browser::connectTo(const QString &portFile)
+{
+    QList<QByteArray> lines;
+    waitFor(u"Chromium's port"_s, [&] {
+        lines = linesOf(portFile);
+        return lines.size() == 2;
+    });
+    m_socket.open(QUrl(u"ws://127.0.0.1:"_s + QString::fromLatin1(lines[0] + lines[1])));
+    waitFor(u"a connection to Chromium"_s,
+            [&] { return m_socket.state() == QAbstractSocket::ConnectedState; });
+}
+
+QJsonObject Browser::call(const QString &method, const QJsonObject &parameters)
+{
+    const int id = ++m_lastId;
+    QJsonObject message{{u"id"_s, id}, {u"method"_s, method}, {u"params"_s, parameters}};
+    if (!m_session.isEmpty())
+        message.insert(u"sessionId"_s, m_session);
+    m_socket.sendTextMessage(
+        QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact)));
+    waitFor(method, [&] { return m_answers.contains(id); });
+    const QJsonObject answer = m_answers.take(id);
+    if (answer.contains("error"_L1))
+        throw std::runtime_error(
+            (method + u": "_s + answer["error"_L1]["message"_L1].toString()).toStdString());
+    return answer["result"_L1].toObject();
+}
+
+// What throws is taken as not there yet.
+QJsonValue Browser::evaluate(const QString &expression)
+{
+    const QJsonObject answer = call(
+        u"Runtime.evaluate"_s,
+        {{u"expression"_s, expression}, {u"awaitPromise"_s, true}, {u"returnByValue"_s, true}});
+    return answer.contains("exceptionDetails"_L1) ? QJsonValue() : answer["result"_L1]["value"_L1];
+}
+
+void Browser::open(const QUrl &page)
+{
+    call(u"Page.navigate"_s, {{u"url"_s, page.toString()}});
+}
+
+QJsonValue Browser::await(const QString &expression)
+{
+    QJsonValue value;
+    waitFor(expression, [&] {
+        value = evaluate(expression);
+        return counts(value);
+    });
+    return value;
+}
+
+void Browser::mouse(const QString &type, const QJsonObject &at)
+{
+    QJsonObject event = at;
+    event.insert(u"type"_s, type);
+    event.insert(u"button"_s, u"left"_s);
+    event.insert(u"clickCount"_s, 1);
+    call(u"Input.dispatchMouseEvent"_s, event);
+}
+
+void Browser::click(const QString &selector)
+{
+    static const QString script = uR"((() => {
+        const element = document.querySelector(%1);
+        if (!element || element.disabled) return null;
+        element.scrollIntoView({block: 'nearest'});
+        const box = element.getBoundingClientRect();
+        const at = {x: box.x + box.width / 2, y: box.y + box.height / 2};
+        return element.contains(document.elementFromPoint(at.x, at.y)) ? at : null;
+    })())"_s;
+    const QJsonObject at = await(script.arg(quoted(selector))).toObject();
+    mouse(u"mousePressed"_s, at);
+    mouse(u"mouseReleased"_s, at);
+}
+
+void Browser::type(const QString &text)
+{
+    call(u"Input.insertText"_s, {{u"text"_s, text}});
+}
+
+void Browser::pressIn(const QString &selector, char letter)
+{
+    await(u"document.querySelector(%1)?.focus() ?? true"_s.arg(quoted(selector)));
+    const QChar key = QLatin1Char(letter);
+    const QJsonObject event{{u"key"_s, QString(key)},
+                            {u"text"_s, QString(key)},
+                            {u"code"_s, u"Key"_s + key.toUpper()},
+                            {u"windowsVirtualKeyCode"_s, key.toUpper().unicode()}};
+    for (const QString &type : {u"keyDown"_s, u"keyUp"_s}) {
+        QJsonObject step = event;
+        step.insert(u"type"_s, type);
+        call(u"Input.dispatchKeyEvent"_s, step);
+    }
+}
+
+void Browser::choose(const QString &fileInput, const QStringList &files)
+{
+    const QJsonObject document = call(u"DOM.getDocument"_s);
+    const QJsonObject node =
+        call(u"DOM.querySelector"_s,
+             {{u"nodeId"_s, document["root"_L1]["nodeId"_L1]}, {u"selector"_s, fileInput}});
+    call(u"DOM.setFileInputFiles"_s,
+         {{u"nodeId"_s, node["nodeId"_L1]}, {u"files"_s, QJsonArray::fromStringList(files)}});
+}
+
+} // namespace tolvane::test

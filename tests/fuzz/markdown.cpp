@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// Messages' texts: nothing but the few elements comes out, closed as they were opened.
+#include "fuzz/targets.h"
+#include "ui/conversation/messages/inlinemarkdown.h"
+
+#include <QtCore/QStringList>
+
+namespace tolvane::fuzz {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString opening = u"<div style=\"white-space:pre-wrap\">"_s;
+const QStringList elements = {u"b"_s, u"i"_s, u"s"_s, u"code"_s, u"a"_s};
+
+bool isAllowedStart(const QString &tag)
+{
+    if (!tag.startsWith(u"a "_s))
+        return elements.contains(tag) && tag != u"a"_s;
+    const QString address = tag.mid(8).chopped(1);
+    const bool isAddress = tag.startsWith(u"a href=\""_s) && tag.endsWith(u'"') &&
+                           !address.contains(u'"') && !address.contains(u'<');
+    const auto leadsBy = [&address](const QString &scheme) {
+        return address.startsWith(scheme, Qt::CaseInsensitive);
+    };
+    return isAddress && (leadsBy(u"https:"_s) || leadsBy(u"http:"_s) || leadsBy(u"mailto:"_s));
+}
+
+/// Reads the HTML without any leniency; gives the text in it.
+QString textIn(const QString &html)
+{
+    require(html.startsWith(opening) && html.endsWith(u"</div>"_s), "it is one block");
+    const QString body = html.sliced(opening.size()).chopped(6);
+    QString text;
+    QStringList open;
+    for (qsizetype at = 0; at < body.size(); ++at) {
+        if (body.at(at) != u'<') {
+            text += body.at(at);
+            continue;
+        }
+        const qsizetype end = body.indexOf(u'>', at);
+        require(end > at, "elements end");
+        const QString tag = body.mid(at + 1, end - at - 1);
+        if (tag == u"br/"_s) {
+            text += u'\n';
+        } else if (tag.startsWith(u'/')) {
+            require(!open.isEmpty() && open.takeLast() == tag.mid(1), "what opens last ends first");
+        } else {
+            require(isAllowedStart(tag), "there are a few elements only");
+            open += tag.section(u' ', 0, 0);
+        }
+        at = end;
+    }
+    require(open.isEmpty(), "all that opens ends");
+    text.replace(u"&lt;"_s, u"<"_s).replace(u"&gt;"_s, u">"_s).replace(u"&quot;"_s, u"\""_s);
+    return text.replace(u"&amp;"_s, u"&"_s);
+}
+
+} // namespace
+
+void markdown(Input input)
+{
+    const QString source = QString::fromUtf8(input.rest());
+    const StyledText styled = inlineMarkdown(source);
+    const QString plain = withoutMarkdown(source);
+    require(plain.size() <= source.size(), "nothing is added to what is heard");
+    require(styled.isRich ? textIn(styled.text) == plain : styled.text == plain,
+            "what is seen is what is heard");
+    require(styled.isRich || styled.link.isEmpty(), "a link is to be seen");
+    // Each character may stand in all styles and a link, and be escaped.
+    require(styled.text.size() <= 100 + 60 * source.size() + 6 * source.size() * styled.link.size(),
+            "it stays in proportion");
+}
+
+} // namespace tolvane::fuzz

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// Pictures from anywhere: what is claimed bounds what is decoded.
+#include "fuzz/targets.h"
+#include "ui/images/decoding.h"
+
+namespace tolvane::fuzz {
+
+namespace {
+
+qint64 pixels(const QSize &size)
+{
+    return qint64(size.width()) * size.height();
+}
+
+bool isReady(const QImage &image)
+{
+    return image.format() == QImage::Format_RGB32 ||
+           image.format() == QImage::Format_ARGB32_Premultiplied;
+}
+
+} // namespace
+
+void pictures(Input input)
+{
+    const QSize target(1 + input.byte(), 1 + input.byte());
+    const QByteArray bytes = input.rest();
+    const QSize claimed = images::claimedSize(bytes);
+    require(!images::isModest(bytes) || pixels(claimed) <= images::modestPixels,
+            "what is modest is small");
+
+    const QImage image = images::decoded(bytes);
+    require(image.isNull() || (isReady(image) && pixels(image.size()) <= images::maximumPixels),
+            "what is decoded is bounded and ready to draw");
+    require(pixels(image.size()) <= pixels(claimed), "what is decoded is no larger than it claims");
+    require(images::decoded(bytes) == image, "the same bytes are the same picture");
+
+    const QImage small = images::decodedThumbnail(bytes, target);
+    require(small.isNull() || isReady(small), "a thumbnail is ready to draw");
+    require(pixels(small.size()) <= std::max(pixels(image.size()), 4 * pixels(target) + 1024),
+            "a thumbnail is no larger than it has to be");
+    const QImage scaled = images::thumbnail(image, target);
+    require(scaled.width() <= image.width() && scaled.height() <= image.height(),
+            "nothing is scaled up");
+}
+
+} // namespace tolvane::fuzz
