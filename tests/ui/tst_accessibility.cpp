@@ -183,8 +183,11 @@ private Q_SLOTS:
             if (stop.role == u"list"_s || visit.roleAround(stop) == u"list"_s)
                 goThrough(visit, stop);
         }
+        // Qt 6.4 tells nobody that something is disabled, as all is until the conversation is
+        // there.
+        const bool isWaiting = screen == u"conversation-loading"_s;
         for (const Heard &heard : reachable(visit)) {
-            if (!isReached(visit, heard))
+            if (!isWaiting && !isReached(visit, heard))
                 faults += u"not reached: "_s + described(heard);
         }
         QVERIFY2(faults.isEmpty(),
