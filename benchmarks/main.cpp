@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "allocations.h"
+#include "conversation.h"
 #include "core/configuration.h"
 #include "figures.h"
 #include "idle.h"
@@ -34,6 +35,32 @@ const std::vector<Promise> promises = {
     {"main thread's share of a thumbnail in 1,000", "thumbnail on main thread", "", 0.3, "ms"},
     {"memory for 1,000 thumbnails scrolled through", "thumbnails' memory", "", 110, "MiB"},
     {"10,000 pushes handled", "tenThousandPushes", "", 200, "ms"},
+    {"first frame of 10,000 messages / of 20", "first frame with 10000 messages",
+     "first frame with 20 messages", 2, "x"},
+    {"one more of 10,000 messages", "frame with one more message with 10000 messages", "", 16.7,
+     "ms"},
+    {"one more of 10,000 messages / a row of a plain list",
+     "frame with one more message with 10000 messages",
+     "frame with one more row with 10000 messages", 3, "x"},
+    {"longest frame as a message comes in",
+     "longest frame as a message comes in with 10000 messages", "", 16.7, "ms"},
+    {"screen's share of a quiet poll of 10,000 messages", "quiet poll with 10000 messages", "", 1,
+     "ms"},
+    {"longest frame of flings / of a plain list's",
+     "longest frame of a fling through the conversation with 10000 messages",
+     "longest frame of a fling through a plain list with 10000 messages", 2, "x"},
+    {"median frame of flings / of a plain list's",
+     "median frame of a fling through the conversation with 10000 messages",
+     "median frame of a fling through a plain list with 10000 messages", 2, "x"},
+    {"delegates alive among 10,000 messages",
+     "most delegates in the conversation with 10000 messages", "", 20, "items"},
+    {"a key among 200 lines", "key among 200 lines with 20 messages", "", 4, "ms"},
+    {"pinch and pan of 12 megapixels, large allocations", "large allocations of a pinch and pan",
+     "", 0, "times"},
+    // What the caches may hold, and the records.
+    {"10,000 messages and 1,000 pictures, memory over that of 20", "memory of a long conversation",
+     "", 125, "MiB"},
+    {"memory with 20 messages", "peak memory with 20 messages", "", 200, "MiB"},
     {"10,000 pushes / 1,000 pushes", "tenThousandPushes", "thousandPushes", 12, "x"},
 };
 
@@ -62,5 +89,6 @@ int main(int argc, char **argv)
     tolvane::bench::measureIdle(figures);
     tolvane::bench::measureAllocations(figures);
     tolvane::bench::measureScrolling(figures);
+    tolvane::bench::measureConversation(figures);
     return figures.check(promises) ? 0 : 1;
 }

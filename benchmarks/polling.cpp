@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "measures.h"
 #include "platform/await.h"
 #include "platform/platform.h"
 #include "samples.h"
@@ -7,7 +8,6 @@
 #include <QtCore/QEventLoop>
 
 #include <benchmark/benchmark.h>
-#include <ctime>
 
 namespace tolvane::bench {
 
@@ -32,13 +32,6 @@ private:
     QByteArray m_body;
 };
 
-double mainThreadSeconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
 QCoro::Task<> refreshAndQuit(TicketData &ticket, QEventLoop &loop)
 {
     co_await ticket.silentFetchTicket(QStringLiteral("ticket"));
@@ -53,10 +46,10 @@ void quietPoll(benchmark::State &state)
     const auto ticket = std::make_shared<TicketData>(std::nullopt);
     for (auto _ : state) {
         QEventLoop loop;
-        const double before = mainThreadSeconds();
+        const double before = threadMilliseconds();
         detach(refreshAndQuit(*ticket, loop));
         loop.exec();
-        state.SetIterationTime(mainThreadSeconds() - before);
+        state.SetIterationTime((threadMilliseconds() - before) / 1000);
     }
     platform().urlSession = std::move(network);
     if (!ticket->ticket() || ticket->ticket()->messages.size() != 10'000)

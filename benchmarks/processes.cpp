@@ -33,6 +33,18 @@ void Program::write(const QByteArray &line)
     m_process.waitForBytesWritten();
 }
 
+QByteArray outputOf(const QString &path, const QStringList &arguments)
+{
+    constexpr int patience = 600'000;
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(path, arguments);
+    if (!process.waitForFinished(patience) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0)
+        qFatal("%s %s failed", qPrintable(path), qPrintable(arguments.join(QLatin1Char(' '))));
+    return process.readAllStandardOutput();
+}
+
 Backend::Backend()
     : m_program(QStringLiteral(TOLVANE_BACKEND),
                 {QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--db"),

@@ -23,6 +23,9 @@ private:
     QProcess m_process;
 };
 
+/// What a program says that runs to its end. Ends the benchmark with a message when it fails.
+QByteArray outputOf(const QString &path, const QStringList &arguments);
+
 /// The local backend on a free port, with nothing stored.
 class Backend
 {

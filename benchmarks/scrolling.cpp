@@ -2,8 +2,7 @@
 #include "scrolling.h"
 
 #include "figures.h"
-
-#include <QtCore/QProcess>
+#include "processes.h"
 
 #include <algorithm>
 
@@ -19,13 +18,8 @@ struct Cost
 
 Cost costOf(const QStringList &arguments)
 {
-    constexpr int patience = 600'000;
-    QProcess host;
-    host.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    host.start(QStringLiteral(TOLVANE_THUMBNAIL_HOST), arguments);
-    if (!host.waitForFinished(patience) || host.exitCode() != 0)
-        qFatal("the thumbnail host failed");
-    const QList<QByteArray> numbers = host.readAllStandardOutput().simplified().split(' ');
+    const QList<QByteArray> numbers =
+        outputOf(QStringLiteral(TOLVANE_THUMBNAIL_HOST), arguments).simplified().split(' ');
     return {numbers.constFirst().toDouble(), numbers.constLast().toDouble()};
 }
 

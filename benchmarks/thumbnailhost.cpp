@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Scrolls through a thousand pictures in a window, then tells the main thread's time and the peak
 // of the process's memory. With "plain", rectangles take the place of the pictures, for comparison.
+#include "measures.h"
 #include "photo.h"
 #include "platform/platform.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
@@ -13,7 +12,6 @@
 #include <QtQuick/QQuickView>
 
 #include <cstdio>
-#include <ctime>
 
 extern void qml_register_types_Tolvane();
 
@@ -77,22 +75,6 @@ private:
     const QByteArray m_photo = bench::photo({2400, 1800});
 };
 
-double mainThreadMilliseconds()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
-}
-
-double peakMebibytes()
-{
-    QFile file(QStringLiteral("/proc/self/status"));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    const QRegularExpression peak(QStringLiteral("VmHWM:\\s+(\\d+)"));
-    return peak.match(QString::fromUtf8(file.readAll())).captured(1).toDouble() / 1024;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -119,7 +101,7 @@ int main(int argc, char **argv)
     view.show();
 
     // A row further at a pace that the workers keep up with.
-    const double before = mainThreadMilliseconds();
+    const double before = bench::threadMilliseconds();
     int row = 0;
     QTimer step;
     QObject::connect(&step, &QTimer::timeout, [&] {
@@ -132,6 +114,6 @@ int main(int argc, char **argv)
     });
     step.start(40);
     QGuiApplication::exec();
-    std::printf("%f %f\n", (mainThreadMilliseconds() - before) / 1000, peakMebibytes());
+    std::printf("%f %f\n", (bench::threadMilliseconds() - before) / 1000, bench::peakMebibytes());
     return 0;
 }
