@@ -45,6 +45,9 @@ void measureConversation(Figures &figures)
             }
         }
     }
+    figures.record("memory of a long conversation",
+                   figures.figure("peak memory with 10000 messages") -
+                       figures.figure("peak memory with 20 messages"));
 }
 
 } // namespace tolvane::bench

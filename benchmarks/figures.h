@@ -32,9 +32,10 @@ public:
     /// Prints a table and tells whether all promises were kept.
     bool check(const std::vector<Promise> &promises) const;
 
-private:
+    /// NaN for what was not measured.
     double figure(const std::string &name) const;
 
+private:
     std::map<std::string, double> m_figures;
 };
 

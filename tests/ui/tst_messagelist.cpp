@@ -78,6 +78,29 @@ private Q_SLOTS:
         QCOMPARE(arrived.count(), 1);
     }
 
+    void agesGoOn()
+    {
+        const Fixture fixture;
+        MessageListModel model;
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        model.refreshAges();
+        QVERIFY(changed.isEmpty());
+        MessageDto message = makeMessage(u"m"_s);
+        message.timestamp =
+            fixture.clock->now().toUTC().toString(u"yyyy-MM-dd'T'HH:mm:ss'+0000'"_s);
+        model.setMessages({message, makeMessage(u"old"_s)});
+        const auto caption = [&] {
+            return model.data(model.index(0), MessageListModel::captionRole).toString();
+        };
+        const QString before = caption();
+        fixture.clock->advance(std::chrono::minutes(5));
+        model.refreshAges();
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(1).toModelIndex().row(), 1);
+        QVERIFY(changed.at(0).at(2).value<QList<int>>().contains(MessageListModel::captionRole));
+        QVERIFY2(before != caption() && caption().startsWith(u"5 "_s), qPrintable(caption()));
+    }
+
     void aShuffledListStaysCheap()
     {
         const Fixture fixture;

@@ -197,6 +197,7 @@ Rectangle {
             open(numbers(1, 100))
             list.rows.scrollBy(-3000, 0)
             waitForRendering(list)
+            list.rows.ensurePolished()
             const before = list.flickable.contentY
             const row = list.rows.childAt(100, 300)
             const seenAt = row.y

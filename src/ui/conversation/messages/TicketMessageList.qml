@@ -84,6 +84,16 @@ Item {
             event.accepted = false
     }
 
+    // The list asks for the rows in sight only.
+    Timer {
+        interval: 60000
+        repeat: true
+        triggeredOnStart: true
+        running: list.visible && list.Window.visibility !== Window.Hidden
+                 && list.Window.visibility !== Window.Minimized
+        onTriggered: list.model.refreshAges()
+    }
+
     Connections {
         target: list.model
 

@@ -183,7 +183,9 @@ void AnchoredList::removeRows(int row, int count)
 
 void AnchoredList::updateRows(int first, int last, const QList<int> &roles)
 {
-    notePlaces();
+    // Other records move to their places; what is only said otherwise leaves the end where it is.
+    if (roles.isEmpty())
+        notePlaces();
     const int end = std::min(last + 1, m_firstRow + int(m_rows.size()));
     for (int row = std::max(first, m_firstRow); row < end; ++row) {
         const ListRow *shown = rowAt(row);

@@ -53,6 +53,12 @@ qsizetype MessageListModel::firstRowOf(qsizetype message) const
     return row;
 }
 
+void MessageListModel::refreshAges()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {captionRole, descriptionRole});
+}
+
 void MessageListModel::copy(int row) const
 {
     if (row >= 0 && row < rowCount())

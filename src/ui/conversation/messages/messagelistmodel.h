@@ -38,6 +38,9 @@ public:
     /// The same list again costs next to nothing if it is a copy of the one before.
     void setMessages(const QList<MessageDto> &messages);
 
+    /// Time has passed: what the rows say of their age is to be asked for anew.
+    Q_INVOKABLE void refreshAges();
+
     /// Puts the text of the row's message on the clipboard, as it was written.
     Q_INVOKABLE void copy(int row) const;
 
