@@ -127,7 +127,7 @@ private Q_SLOTS:
         for (const Look &look : looks) {
             look.apply();
             screens.host.resize(look.size);
-            QTest::qWait(400);
+            QTest::qWait(200);
             QList<Shown> shown;
             collect(screens.messenger(), shown);
             for (const QString &fault : faultsOf(shown, QRectF({}, look.size))) {

@@ -35,14 +35,14 @@ class HostFace : public QObject
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
 
 public:
-    enum Environment {
+    enum Environment : int {
         Production = static_cast<int>(Tolvane::Environment::production),
         Development = static_cast<int>(Tolvane::Environment::development),
         Alpha = static_cast<int>(Tolvane::Environment::alpha),
     };
     Q_ENUM(Environment)
 
-    enum PresentationOptions {
+    enum PresentationOptions : int {
         None = static_cast<int>(tolvane::PresentationOptions::none),
         Sound = static_cast<int>(tolvane::PresentationOptions::sound),
         SoundAndBanner = static_cast<int>(tolvane::PresentationOptions::soundAndBanner),
