@@ -31,10 +31,18 @@ struct HomeScene : Scene
         return QTest::qWaitFor([this] { return find(u"text of last"_s); }) && rest();
     }
 
+    bool hasSlidIn() const
+    {
+        const auto items = messenger()->childItems();
+        return std::ranges::none_of(items, [](const QQuickItem *item) { return item->y() > 0; });
+    }
+
     bool rest()
     {
+        // However long a busy machine takes.
+        const bool isThere = QTest::qWaitFor([this] { return hasSlidIn(); }, 20'000);
         QTest::qWait(450);
-        return true;
+        return isThere;
     }
 
     void drag(QPoint from, QPoint to)
@@ -53,8 +61,8 @@ struct HomeScene : Scene
             QWheelEvent event(place, host.mapToGlobal(place), {}, {0, notches > 0 ? 120 : -120},
                               Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
             QCoreApplication::sendEvent(&host, &event);
-            QTest::qWait(20);
         }
+        QTest::qWait(20);
     }
 
     /// All that a screen reader can come to, in its order.
