@@ -307,7 +307,7 @@ ItemPointer AnchoredList::takeSpare(const QVariant &kind)
 
 void AnchoredList::drop(int row, std::unique_ptr<ListRow> dropped)
 {
-    constexpr std::size_t mostSpareItems = 8;
+    constexpr std::size_t mostSpareItems = 12;
     const QVariant kind = kindOf(row);
     if (!dropped || !kind.isValid())
         return;
@@ -316,9 +316,15 @@ void AnchoredList::drop(int row, std::unique_ptr<ListRow> dropped)
     item->setVisible(false);
     item->setOpacity(1);
     m_spareItems.push_back({.kind = kind, .item = std::move(item)});
-    // The one that nothing was found for the longest.
-    if (m_spareItems.size() > mostSpareItems)
-        m_spareItems.pop_front();
+    if (m_spareItems.size() <= mostSpareItems)
+        return;
+    // One of a kind that there are more of, else the one that nothing was found for the longest: the
+    // rarest kinds, with pictures, are the dearest to make.
+    const auto hasTwin = [this](const SpareItem &each) {
+        return std::ranges::count(m_spareItems, each.kind, &SpareItem::kind) > 1;
+    };
+    const auto twin = std::ranges::find_if(m_spareItems, hasTwin);
+    m_spareItems.erase(twin == m_spareItems.end() ? m_spareItems.begin() : twin);
 }
 
 QVariantMap AnchoredList::rolesOf(int row, const QList<int> &roles) const
