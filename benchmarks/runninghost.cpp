@@ -147,6 +147,11 @@ void RunningHost::installPlatform()
     exchangePlatform(std::move(installed));
 }
 
+void RunningHost::forgetRequests()
+{
+    static_cast<test::ScriptedSession &>(*platform().urlSession).requests.clear();
+}
+
 QQuickItem *RunningHost::messenger() const
 {
     for (QQuickItem *item : m_window.contentItem()->childItems()) {

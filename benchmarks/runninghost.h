@@ -25,6 +25,8 @@ public:
     /// Of the messenger that is there.
     ScreenData &screen() const;
     void waitForList() const;
+    /// The network that stands in keeps all that it was asked.
+    static void forgetRequests();
 
     /// Shows something of the host's own over all that it has: a header, rows with texts, a button,
     /// and nothing more. With 10,000 rows.
