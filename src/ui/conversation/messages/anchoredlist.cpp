@@ -318,8 +318,8 @@ void AnchoredList::drop(int row, std::unique_ptr<ListRow> dropped)
     m_spareItems.push_back({.kind = kind, .item = std::move(item)});
     if (m_spareItems.size() <= mostSpareItems)
         return;
-    // One of a kind that there are more of, else the one that nothing was found for the longest: the
-    // rarest kinds, with pictures, are the dearest to make.
+    // One of a kind that there are more of, else the one that nothing was found for the longest:
+    // the rarest kinds, with pictures, are the dearest to make.
     const auto hasTwin = [this](const SpareItem &each) {
         return std::ranges::count(m_spareItems, each.kind, &SpareItem::kind) > 1;
     };
