@@ -233,7 +233,8 @@ int AnchoredList::indexOf(const QQuickItem *item) const
 
 std::unique_ptr<ListRow> AnchoredList::make(int row)
 {
-    ItemPointer item = takeSpare(kindOf(row));
+    const QVariant kind = kindOf(row);
+    ItemPointer item = takeSpare(kind);
     if (item)
         fillAnew(*item, row);
     else
@@ -249,7 +250,9 @@ std::unique_ptr<ListRow> AnchoredList::make(int row)
     m_offsets.setHeight(row, item->implicitHeight());
     connect(item.get(), &QQuickItem::implicitHeightChanged, this,
             [this, shown = item.get()] { measure(shown); });
-    return std::make_unique<ListRow>(std::move(item), [this] { polish(); });
+    auto made = std::make_unique<ListRow>(std::move(item), [this] { polish(); });
+    made->kind = kind;
+    return made;
 }
 
 ItemPointer AnchoredList::created(int row)
@@ -305,17 +308,16 @@ ItemPointer AnchoredList::takeSpare(const QVariant &kind)
     return item;
 }
 
-void AnchoredList::drop(int row, std::unique_ptr<ListRow> dropped)
+void AnchoredList::drop(std::unique_ptr<ListRow> dropped)
 {
     constexpr std::size_t mostSpareItems = 12;
-    const QVariant kind = kindOf(row);
-    if (!dropped || !kind.isValid())
+    if (!dropped || !dropped->kind.isValid())
         return;
     ItemPointer item = dropped->takeItem();
     item->disconnect(this);
     item->setVisible(false);
     item->setOpacity(1);
-    m_spareItems.push_back({.kind = kind, .item = std::move(item)});
+    m_spareItems.push_back({.kind = dropped->kind, .item = std::move(item)});
     if (m_spareItems.size() <= mostSpareItems)
         return;
     // One of a kind that there are more of, else the one that nothing was found for the longest:

@@ -144,7 +144,7 @@ private:
     void fillAnew(QQuickItem &item, int row);
     QVariant kindOf(int row) const;
     ItemPointer takeSpare(const QVariant &kind);
-    void drop(int row, std::unique_ptr<ListRow> dropped);
+    void drop(std::unique_ptr<ListRow> dropped);
     static void setProperties(QQuickItem &item, const QVariantMap &values);
     QVariantMap rolesOf(int row, const QList<int> &roles = {}) const;
     void measure(const QQuickItem *item);

@@ -152,11 +152,11 @@ void AnchoredList::fill(double top, double below)
 void AnchoredList::dropOutside(int first, int last)
 {
     for (; !m_rows.empty() && m_firstRow < first; ++m_firstRow) {
-        drop(m_firstRow, std::move(m_rows.front()));
+        drop(std::move(m_rows.front()));
         m_rows.pop_front();
     }
     while (!m_rows.empty() && m_firstRow + int(m_rows.size()) > last) {
-        drop(m_firstRow + int(m_rows.size()) - 1, std::move(m_rows.back()));
+        drop(std::move(m_rows.back()));
         m_rows.pop_back();
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QVariant>
 #include <QtCore/QVariantAnimation>
 #include <QtQuick/QQuickItem>
 
@@ -50,6 +51,8 @@ public:
 
     /// Where it was before rows came or went.
     std::optional<double> before;
+    /// As what its item was built; invalid for one that is of no further use.
+    QVariant kind;
 
 private:
     struct Look
