@@ -31,7 +31,8 @@ target_compile_definitions(tolvane_compiler INTERFACE
   QT_NO_CAST_TO_ASCII
   QT_NO_KEYWORDS
   QT_NO_FOREACH
-  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400
+  $<$<BOOL:${TOLVANE_DEVELOPER_BUILD}>:TOLVANE_DEVELOPER_BUILD>)
 target_compile_options(tolvane_compiler INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   $<$<BOOL:${TOLVANE_WARNINGS_AS_ERRORS}>:-Werror>)

@@ -63,7 +63,7 @@ if(TARGET TolvaneQmlPlugin)
   set_target_properties(TolvaneQmlPlugin PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_module}")
   install(TARGETS TolvaneQmlPlugin DESTINATION "${module_dir}" COMPONENT qml)
   # As built, the module is for hosts that link the library. This one also names the plugin.
-  get_target_property(built TolvaneHostFace QT_QML_MODULE_OUTPUT_DIRECTORY)
+  get_target_property(built TolvaneQmlApi QT_QML_MODULE_OUTPUT_DIRECTORY)
   file(READ "${built}/qmldir" qmldir)
   string(REPLACE "module Tolvane\n"
     "module Tolvane\nplugin tolvaneplugin\nclassname TolvanePlugin\n" qmldir "${qmldir}")

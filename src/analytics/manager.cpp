@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/manager.h"
 
-#include "backend/json.h"
-#include "core/configuration.h"
-#include "core/logger.h"
-#include "core/persistentstore.h"
-#include "platform/guard.h"
+#include "analytics/logger.h"
+#include "backend/configuration.h"
+#include "backend/persistentstore.h"
+#include "backend/wire/json.h"
+#include "base/guard.h"
+#include "base/shared.h"
 #include "platform/platform.h"
-#include "platform/shared.h"
 
 namespace tolvane {
 

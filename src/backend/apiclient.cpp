@@ -2,11 +2,11 @@
 #include "backend/apiclient.h"
 
 #include "backend/apierror.h"
-#include "backend/json.h"
+#include "backend/configuration.h"
+#include "backend/persistentstore.h"
 #include "backend/requests.h"
-#include "core/configuration.h"
-#include "core/persistentstore.h"
-#include "platform/await.h"
+#include "backend/wire/json.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
 
 #include <array>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/records.h"
+#include "backend/wire/records.h"
+#include "base/privateexport.h"
 
 #include <QCoroTask>
 
@@ -15,7 +16,7 @@ namespace tolvane {
 /// and the caller is resumed on its own. They fail with APIError for an HTTP failure, UrlError for
 /// a transport failure, DecodingError for an answer that cannot be read. Nothing is retried. The
 /// operations keep no state and may run side by side.
-struct APIClient
+struct TOLVANE_AUTOTEST_EXPORT APIClient
 {
     /// The argument is the `updatedAt` of the branding at hand; absent as a result says that there
     /// is nothing newer.

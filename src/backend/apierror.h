@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <tolvane/error.h>
 
 #include <QtCore/QByteArray>
@@ -8,7 +10,7 @@
 namespace tolvane {
 
 /// An answer whose HTTP status is a failure.
-class APIError final : public Error
+class TOLVANE_AUTOTEST_EXPORT APIError final : public Error
 {
 public:
     enum Case { clientError, serverError, unknownError };

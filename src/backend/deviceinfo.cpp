@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "backend/records.h"
+#include "backend/wire/records.h"
 #include "platform/platform.h"
 
 #include <array>

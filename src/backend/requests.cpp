@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "backend/requests.h"
 
-#include "core/persistentstore.h"
+#include "backend/persistentstore.h"
 
 #include <QtCore/QUuid>
 

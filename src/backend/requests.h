@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/multipartbody.h"
-#include "platform/urlsession.h"
+#include "backend/wire/multipartbody.h"
+#include "platform/network/urlsession.h"
 
 #include <QtCore/QString>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/platform.h"
 
-#include "platform/eventloopthread.h"
-#include "platform/userinterface.h"
+#include "platform/async/eventloopthread.h"
+#include "platform/system/userinterface.h"
 
 #include <atomic>
 #include <mutex>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/clock.h"
-#include "platform/executor.h"
-#include "platform/mainthread.h"
-#include "platform/notificationcenter.h"
-#include "platform/preferences.h"
-#include "platform/privateexport.h"
-#include "platform/services.h"
-#include "platform/urlcache.h"
-#include "platform/urlsession.h"
+#include "base/mainthread.h"
+#include "base/privateexport.h"
+#include "platform/async/clock.h"
+#include "platform/async/executor.h"
+#include "platform/async/notificationcenter.h"
+#include "platform/network/urlcache.h"
+#include "platform/network/urlsession.h"
+#include "platform/system/preferences.h"
+#include "platform/system/services.h"
 
 #include <functional>
 #include <memory>
@@ -48,13 +48,14 @@ struct Platform
 };
 
 /// A platform with the production services.
-Platform makeProductionPlatform();
+TOLVANE_AUTOTEST_EXPORT Platform makeProductionPlatform();
 
 /// The platform of this process: the production services, made at first use, unless another was
 /// installed before. Safe from any thread.
 TOLVANE_PRIVATE_EXPORT Platform &platform();
 
 /// Puts another platform in place and gives back the one before. Only while nothing runs on it.
-std::unique_ptr<Platform> exchangePlatform(std::unique_ptr<Platform> replacement);
+TOLVANE_AUTOTEST_EXPORT std::unique_ptr<Platform>
+    TOLVANE_AUTOTEST_EXPORT exchangePlatform(std::unique_ptr<Platform> replacement);
 
 } // namespace tolvane

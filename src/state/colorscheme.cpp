@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "state/colorscheme.h"
 
-#include "platform/shared.h"
-#include "state/textlength.h"
+#include "base/shared.h"
+#include "base/textlength.h"
 
 #include <array>
 #include <charconv>

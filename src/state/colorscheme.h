@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/records.h"
-#include "platform/privateexport.h"
+#include "backend/wire/records.h"
+#include "base/privateexport.h"
 
 #include <QtCore/QString>
 
@@ -12,7 +12,7 @@
 namespace tolvane {
 
 /// An opaque colour in sRGB, each channel from 0 to 1.
-struct Color
+struct TOLVANE_AUTOTEST_EXPORT Color
 {
     double red = 0;
     double green = 0;
@@ -53,7 +53,7 @@ struct DynamicColor
 
 /// The colours of the branding, which all views read as they are built. Main thread; notifies
 /// nobody.
-struct ColorScheme
+struct TOLVANE_AUTOTEST_EXPORT ColorScheme
 {
     TOLVANE_PRIVATE_EXPORT static ColorScheme &shared();
 

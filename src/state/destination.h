@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/records.h"
-#include "platform/privateexport.h"
+#include "backend/wire/records.h"
+#include "base/privateexport.h"
 
 #include <QtCore/QMetaType>
 #include <QtCore/QUrl>

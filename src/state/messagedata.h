@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/privateexport.h"
+#include "base/privateexport.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QUrl>

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "state/pollingservice.h"
 
+#include "analytics/logger.h"
 #include "analytics/manager.h"
 #include "backend/apiclient.h"
-#include "backend/json.h"
-#include "core/logger.h"
-#include "core/notifications.h"
-#include "platform/await.h"
+#include "backend/wire/json.h"
+#include "base/shared.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
-#include "platform/shared.h"
+#include "state/notifications.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/records.h"
-#include "platform/clock.h"
-#include "platform/notificationcenter.h"
+#include "backend/wire/records.h"
+#include "base/privateexport.h"
+#include "platform/async/clock.h"
+#include "platform/async/notificationcenter.h"
 
 #include <tolvane/error.h>
 
@@ -26,7 +27,8 @@ class Executor;
 /// after 5 failures in a row. Loops belong to this service and outlive the screens.
 ///
 /// All of it runs on the polling executor; the public operations are safe from any thread.
-class PollingService final : public std::enable_shared_from_this<PollingService>
+class TOLVANE_AUTOTEST_EXPORT PollingService final
+    : public std::enable_shared_from_this<PollingService>
 {
 public:
     static std::shared_ptr<PollingService> shared();

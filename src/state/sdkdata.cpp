@@ -2,14 +2,14 @@
 #include "state/sdkdata.h"
 
 #include "analytics/manager.h"
+#include "analytics/reporting.h"
 #include "backend/apiclient.h"
-#include "core/notifications.h"
-#include "core/persistentstore.h"
-#include "platform/await.h"
+#include "backend/persistentstore.h"
+#include "base/shared.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
-#include "platform/shared.h"
 #include "state/colorscheme.h"
-#include "state/reporting.h"
+#include "state/notifications.h"
 
 namespace tolvane {
 

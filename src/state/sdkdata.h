@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/notificationcenter.h"
-#include "platform/privateexport.h"
+#include "base/privateexport.h"
+#include "platform/async/notificationcenter.h"
 
 #include <QCoroTask>
 #include <QtCore/QObject>

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "state/ticketdata.h"
 
+#include "analytics/logger.h"
 #include "analytics/manager.h"
+#include "analytics/reporting.h"
 #include "backend/apiclient.h"
-#include "backend/json.h"
-#include "core/logger.h"
-#include "core/notifications.h"
-#include "platform/await.h"
-#include "platform/errors.h"
+#include "backend/wire/json.h"
+#include "base/errors.h"
+#include "base/textlength.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
+#include "state/notifications.h"
 #include "state/pollingservice.h"
-#include "state/reporting.h"
-#include "state/textlength.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/records.h"
-#include "platform/notificationcenter.h"
-#include "platform/privateexport.h"
+#include "backend/wire/records.h"
+#include "base/privateexport.h"
+#include "platform/async/notificationcenter.h"
 
 #include <tolvane/loadingstate.h>
 

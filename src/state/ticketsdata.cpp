@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "state/ticketsdata.h"
 
+#include "analytics/logger.h"
+#include "analytics/reporting.h"
 #include "backend/apiclient.h"
-#include "core/logger.h"
-#include "platform/await.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
-#include "state/reporting.h"
 
 namespace tolvane {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "backend/json.h"
-#include "support/wire.h"
+#include "backend/wire/json.h"
+#include "testing/wire.h"
 
 #include <QtTest/QTest>
 

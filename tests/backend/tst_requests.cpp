@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apiclient.h"
 #include "backend/apierror.h"
-#include "backend/formitems.h"
-#include "core/configuration.h"
-#include "core/persistentstore.h"
-#include "platform/await.h"
-#include "support/wire.h"
+#include "backend/configuration.h"
+#include "backend/persistentstore.h"
+#include "backend/wire/formitems.h"
+#include "platform/async/await.h"
+#include "testing/wire.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtTest/QTest>

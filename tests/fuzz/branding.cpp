@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The branding that is kept on the device: read whole or not at all, and every colour is one.
-#include "core/persistentstore.h"
-#include "fuzz/targets.h"
+#include "backend/persistentstore.h"
 #include "state/colorscheme.h"
-#include "support/testplatform.h"
+#include "targets.h"
+#include "testing/testplatform.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The door that libFuzzer comes in by. TOLVANE_FUZZ_TARGET names the target.
-#include "fuzz/targets.h"
+#include "targets.h"
 
 using namespace tolvane::fuzz;
 

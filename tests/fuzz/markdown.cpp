@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Messages' texts: nothing but the few elements comes out, closed as they were opened.
-#include "fuzz/targets.h"
-#include "ui/conversation/messages/inlinemarkdown.h"
+#include "targets.h"
+#include "ui/markdown/inlinemarkdown.h"
 
 #include <QtCore/QStringList>
 

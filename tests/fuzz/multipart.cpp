@@ -2,9 +2,9 @@
 // Forms: what the library writes is what the backend reads, and the backend reads anything.
 #include "multipart.h"
 
-#include "backend/multipartbody.h"
+#include "backend/wire/multipartbody.h"
 #include "errors.h"
-#include "fuzz/targets.h"
+#include "targets.h"
 
 #include <QtCore/QRegularExpression>
 

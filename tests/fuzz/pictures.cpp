@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pictures from anywhere: what is claimed bounds what is decoded.
-#include "fuzz/targets.h"
+#include "targets.h"
 #include "ui/images/decoding.h"
 
 namespace tolvane::fuzz {

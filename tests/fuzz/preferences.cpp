@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The file of the preferences, whatever became of it: it can be read, and written again.
-#include "platform/preferences.h"
+#include "platform/system/preferences.h"
 
-#include "fuzz/targets.h"
+#include "targets.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Push payloads: they are told on whole or not at all, and none is shown twice.
-#include "core/notifications.h"
-#include "core/pushrouting.h"
-#include "fuzz/targets.h"
-#include "platform/await.h"
+#include "facade/pushrouting.h"
+#include "platform/async/await.h"
+#include "state/notifications.h"
 #include "state/ticketdata.h"
-#include "support/wire.h"
+#include "targets.h"
+#include "testing/wire.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // replay TARGET FOLDER MUTATIONS: gives a target every file of a folder, and so many changed ones,
 // the same in every run. It needs no fuzzer.
-#include "fuzz/targets.h"
+#include "targets.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

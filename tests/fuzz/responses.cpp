@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Answers of the backend: what is read is read the same way by every road.
-#include "backend/json.h"
-#include "fuzz/targets.h"
+#include "backend/wire/json.h"
+#include "targets.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "fuzz/targets.h"
+#include "targets.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTemporaryDir>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "fuzz/input.h"
+#include "input.h"
 
 #include <array>
 

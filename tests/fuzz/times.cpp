@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Timestamps and schedules: a moment is the same in every zone, and order does not count.
-#include "fuzz/targets.h"
 #include "state/supportavailability.h"
 #include "state/timeago.h"
-#include "support/testplatform.h"
+#include "targets.h"
+#include "testing/testplatform.h"
 
 #include <QtCore/QTimeZone>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/await.h"
-#include "platform/clock.h"
-#include "platform/eventloopthread.h"
-#include "platform/notificationcenter.h"
+#include "platform/async/await.h"
+#include "platform/async/clock.h"
+#include "platform/async/eventloopthread.h"
+#include "platform/async/notificationcenter.h"
 
 #include <QtTest/QTest>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/librarytexts.h"
-#include "platform/services.h"
+#include "platform/system/librarytexts.h"
+#include "platform/system/services.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

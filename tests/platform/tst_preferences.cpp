@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/preferences.h"
+#include "platform/system/preferences.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/urlcache.h"
+#include "platform/network/urlcache.h"
 
 #include <QtCore/QDirIterator>
 #include <QtCore/QFile>

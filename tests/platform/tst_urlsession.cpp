@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/errors.h"
-#include "platform/urlsession.h"
-#include "support/scriptedserver.h"
+#include "base/errors.h"
+#include "platform/network/urlsession.h"
+#include "testing/scriptedserver.h"
 
 #include <QtCore/QTimer>
 #include <QtNetwork/QTcpSocket>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/scriptedserver.h"
+#include "testing/scriptedserver.h"
 
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/await.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
 #include "state/pollingservice.h"
 

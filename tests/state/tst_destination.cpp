@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/destination.h"
-#include "support/wire.h"
+#include "testing/wire.h"
 
 #include <QtCore/QSet>
 #include <QtTest/QTest>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apierror.h"
-#include "core/notifications.h"
-#include "platform/errors.h"
+#include "base/errors.h"
+#include "state/notifications.h"
 #include "state/pollingservice.h"
-#include "support/wire.h"
+#include "testing/wire.h"
 
 #include <QtTest/QTest>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "core/notifications.h"
-#include "core/persistentstore.h"
-#include "platform/await.h"
-#include "platform/errors.h"
+#include "backend/persistentstore.h"
+#include "base/errors.h"
+#include "platform/async/await.h"
 #include "state/colorscheme.h"
+#include "state/notifications.h"
 #include "state/sdkdata.h"
-#include "support/wire.h"
+#include "testing/wire.h"
 
 #include <QtTest/QTest>
 

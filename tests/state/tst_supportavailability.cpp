@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/supportavailability.h"
-#include "support/testplatform.h"
+#include "testing/testplatform.h"
 
 #include <QtTest/QTest>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apierror.h"
-#include "core/notifications.h"
-#include "platform/await.h"
+#include "platform/async/await.h"
+#include "state/notifications.h"
 #include "state/pollingservice.h"
 #include "state/ticketdata.h"
-#include "support/wire.h"
+#include "testing/wire.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apierror.h"
-#include "platform/await.h"
+#include "platform/async/await.h"
 #include "state/ticketsdata.h"
-#include "support/wire.h"
+#include "testing/wire.h"
 
 #include <QtTest/QTest>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/timeago.h"
-#include "support/testplatform.h"
+#include "testing/testplatform.h"
 
 #include <QtTest/QTest>
 

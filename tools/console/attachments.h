@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/records.h"
+#include "backend/wire/records.h"
 
 #include <QtCore/QString>
 

@@ -2,8 +2,8 @@
 #include "commands.h"
 
 #include "attachments.h"
-#include "core/persistentstore.h"
-#include "platform/await.h"
+#include "backend/persistentstore.h"
+#include "platform/async/await.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "state/timeago.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host.h"
 
-#include "core/configuration.h"
-#include "core/notifications.h"
+#include "backend/configuration.h"
 #include "platform/platform.h"
+#include "state/notifications.h"
 #include "state/sdkdata.h"
 
 #include <tolvane/tolvane.h>

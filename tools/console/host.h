@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/notificationcenter.h"
-#include "platform/services.h"
+#include "platform/async/notificationcenter.h"
+#include "platform/system/services.h"
 #include "state/ticketdata.h"
 #include "state/ticketsdata.h"
 

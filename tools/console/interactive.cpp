@@ -2,9 +2,9 @@
 #include "interactive.h"
 
 #include "attachments.h"
-#include "core/persistentstore.h"
+#include "backend/persistentstore.h"
 #include "output.h"
-#include "platform/await.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
 #include "wireforms.h"
 

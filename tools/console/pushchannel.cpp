@@ -2,7 +2,7 @@
 #include "pushchannel.h"
 
 #include "attachments.h"
-#include "core/configuration.h"
+#include "backend/configuration.h"
 #include "platform/platform.h"
 
 #include <tolvane/tolvane.h>

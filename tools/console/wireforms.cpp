@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "wireforms.h"
 
-#include "backend/json.h"
+#include "backend/wire/json.h"
 #include "state/colorscheme.h"
 #include "state/sdkdata.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/notificationcenter.h"
+#include "platform/async/notificationcenter.h"
 #include "state/ticketdata.h"
 #include "state/ticketsdata.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/conversation/ticketscreendata.h"
 
-#include "core/notifications.h"
-#include "platform/await.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
+#include "state/notifications.h"
 #include "ui/conversation/ticketheader.h"
-#include "ui/loadingstatetexts.h"
+#include "ui/kit/loadingstatetexts.h"
 
 #include <QtCore/QPointer>
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/notificationcenter.h"
+#include "base/privateexport.h"
+#include "platform/async/notificationcenter.h"
 #include "state/destination.h"
 #include "state/supportavailability.h"
 #include "state/ticketdata.h"
-#include "ui/conversation/composer/composerdata.h"
-#include "ui/conversation/messages/messagelistmodel.h"
+#include "ui/composer/composerdata.h"
+#include "ui/messages/messagelistmodel.h"
 
 #include <QCoroTask>
 #include <QtCore/QObject>
@@ -21,7 +22,7 @@ namespace tolvane {
 
 /// What one conversation's screen shows: its store, which is new with the screen, and what the
 /// views make of it. Takes in pushes and polls for as long as it lives. Main thread.
-class TicketScreenData : public QObject
+class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/home/screendata.h"
 
-#include "core/notifications.h"
-#include "platform/await.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
+#include "state/notifications.h"
 #include "state/sdkdata.h"
-#include "ui/loadingstatetexts.h"
+#include "ui/kit/loadingstatetexts.h"
 
 namespace tolvane {
 

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/notificationcenter.h"
+#include "base/privateexport.h"
+#include "platform/async/notificationcenter.h"
 #include "state/messagedata.h"
 #include "state/navigationdata.h"
 #include "state/ticketsdata.h"
-#include "ui/home/ticketlistmodel.h"
+#include "ui/tickets/ticketlistmodel.h"
 
 #include <QtCore/QObject>
 #include <QtQml/qqmlregistration.h>
@@ -17,7 +18,7 @@ namespace tolvane {
 
 /// What one presentation of the messenger owns: stores that are new with it, and go with it.
 /// Nothing is loaded before the settings have arrived. Main thread.
-class ScreenData : public QObject
+class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/icons/iconcache.h"
 
-#include "platform/shared.h"
+#include "base/shared.h"
 
 #include <QtCore/QFile>
 #include <QtGui/QColor>

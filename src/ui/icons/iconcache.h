@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/lrucache.h"
+#include "base/lrucache.h"
 
 #include <QtGui/QImage>
 

@@ -150,8 +150,8 @@ QQmlComponent &AsyncImage::commonPlaceholder()
     QQmlEngine *engine = qmlEngine(this);
     auto *component = engine->findChild<QQmlComponent *>(name, Qt::FindDirectChildrenOnly);
     if (!component) {
-        const QUrl file(
-            QStringLiteral("qrc:/qt-project.org/imports/Tolvane/Private/ImagePlaceholder.qml"));
+        const QUrl file(QStringLiteral(
+            "qrc:/qt-project.org/imports/Tolvane/Private/images/ImagePlaceholder.qml"));
         component = new QQmlComponent(engine, file, engine);
         component->setObjectName(name);
     }

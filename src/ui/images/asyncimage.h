@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
 #include "ui/images/imageload.h"
 
 #include <QtCore/QPointer>
@@ -17,7 +18,7 @@ namespace tolvane {
 ///
 /// Loading begins as the item appears: it is complete, visible and in a window. What it shows takes
 /// the item's size, and gives it an implicit one.
-class AsyncImage : public QQuickItem
+class TOLVANE_VIEWS_AUTOTEST_EXPORT AsyncImage : public QQuickItem
 {
     Q_OBJECT
     QML_ANONYMOUS

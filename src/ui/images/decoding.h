@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QSize>
 #include <QtGui/QImage>
@@ -20,22 +22,22 @@ inline constexpr qint64 modestPixels = 2'097'152;
 inline constexpr qsizetype modestBytes = 4'194'304;
 
 /// The size that the bytes claim, without decoding them. Invalid when they are no picture.
-QSize claimedSize(const QByteArray &bytes);
+TOLVANE_VIEWS_AUTOTEST_EXPORT QSize claimedSize(const QByteArray &bytes);
 
 /// Whether the bytes claim a picture of modest size.
-bool isModest(const QByteArray &bytes);
+TOLVANE_VIEWS_AUTOTEST_EXPORT bool isModest(const QByteArray &bytes);
 
 /// Null when the bytes are no picture, or one that is too large. A JPEG that is too large comes
 /// smaller.
-QImage decoded(const QByteArray &bytes);
+TOLVANE_VIEWS_AUTOTEST_EXPORT QImage decoded(const QByteArray &bytes);
 
 /// The picture scaled down as thumbnail() does it, without decoding it whole where the format
 /// allows. Null when the bytes are no picture.
-QImage decodedThumbnail(const QByteArray &bytes, const QSize &target);
+TOLVANE_VIEWS_AUTOTEST_EXPORT QImage decodedThumbnail(const QByteArray &bytes, const QSize &target);
 
 /// The picture scaled down so that it just fills the target, in pixels, and keeps its aspect ratio.
 /// Very long ones are kept to four times the target's area. A picture that is no larger is given
 /// back as it is.
-QImage thumbnail(const QImage &image, const QSize &target);
+TOLVANE_VIEWS_AUTOTEST_EXPORT QImage thumbnail(const QImage &image, const QSize &target);
 
 } // namespace tolvane::images

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/imagecache.h"
 
+#include "base/shared.h"
 #include "platform/platform.h"
-#include "platform/shared.h"
 
 namespace tolvane {
 

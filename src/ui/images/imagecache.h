@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/lrucache.h"
-#include "platform/urlcache.h"
+#include "base/lrucache.h"
+#include "base/privateexport.h"
+#include "platform/network/urlcache.h"
 
 #include <QtGui/QImage>
 
@@ -13,7 +14,7 @@ namespace tolvane {
 
 /// Where pictures are kept: decoded in memory, and as the bytes that came, in memory and on disk.
 /// One for the process, shared by all views. Safe from any thread.
-class ImageCache
+class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageCache
 {
 public:
     static ImageCache &shared();

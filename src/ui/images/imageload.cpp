@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/imageload.h"
 
-#include "platform/await.h"
+#include "platform/async/await.h"
 #include "platform/platform.h"
 #include "ui/images/decoding.h"
 #include "ui/images/imagecache.h"

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/urlsession.h"
+#include "base/privateexport.h"
+#include "platform/network/urlsession.h"
 
 #include <QCoroTask>
 #include <QtCore/QObject>
@@ -17,7 +18,8 @@ namespace tolvane {
 ///
 /// A load that has begun runs to its end, whether or not the view is still there; it keeps this
 /// object alive meanwhile.
-class ImageLoad final : public QObject, public std::enable_shared_from_this<ImageLoad>
+class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageLoad final : public QObject,
+                                                      public std::enable_shared_from_this<ImageLoad>
 {
     Q_OBJECT
 

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "conversation.h"
+
+#include "benchmarks/support/figures.h"
+#include "benchmarks/support/processes.h"
+
+namespace tolvane::bench {
+
+namespace {
+
+struct Run
+{
+    const char *scenario;
+    int messageCount;
+    /// Noise only ever adds: what is short is measured more often.
+    int times;
+};
+
+constexpr Run runs[] = {
+    {"open", 20, 5},
+    {"open", 10'000, 5},
+    {"append", 10'000, 2},
+    {"append-plain", 10'000, 2},
+    {"poll", 10'000, 2},
+    {"fling", 10'000, 1},
+    {"fling-plain", 10'000, 1},
+    {"type", 20, 2},
+    {"zoom", 0, 2},
+    {"read", 20, 1},
+    {"read", 10'000, 1},
+};
+
+} // namespace
+
+void measureConversation(Figures &figures)
+{
+    for (const Run &run : runs) {
+        for (int time = 0; time < run.times; ++time) {
+            const QByteArray output =
+                outputOf(QStringLiteral(TOLVANE_CONVERSATION_HOST),
+                         {QString::fromLatin1(run.scenario), QString::number(run.messageCount)});
+            for (const QByteArray &line : output.trimmed().split('\n')) {
+                const qsizetype blank = line.indexOf(' ');
+                figures.record(line.sliced(blank + 1).toStdString(), line.first(blank).toDouble());
+            }
+        }
+    }
+    figures.record("memory of a long conversation",
+                   figures.figure("peak memory with 10000 messages") -
+                       figures.figure("peak memory with 20 messages"));
+}
+
+} // namespace tolvane::bench

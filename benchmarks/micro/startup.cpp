@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "analytics/manager.h"
+#include "backend/persistentstore.h"
+#include "base/shared.h"
+#include "platform/platform.h"
+
+#include <tolvane/tolvane.h>
+
+#include <benchmark/benchmark.h>
+
+namespace tolvane::bench {
+
+namespace {
+
+void initialize(benchmark::State &state)
+{
+    persistentstore::setCustomerId(QStringLiteral("01jbenchbenchbenchbenchbe0"));
+    for (auto _ : state) {
+        state.PauseTiming();
+        // As in a new process, and without the settings' load that the last round has posted.
+        resetSharedInstances();
+        QCoreApplication::removePostedEvents(QCoreApplication::instance());
+        state.ResumeTiming();
+        Tolvane::initialize(QStringLiteral("key"));
+    }
+    QCoreApplication::removePostedEvents(QCoreApplication::instance());
+}
+BENCHMARK(initialize)->Unit(benchmark::kMicrosecond);
+
+void readAndEvent(benchmark::State &state)
+{
+    const auto domain = QStringLiteral("com.tolvane.sdk");
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(
+            platform().preferences->open(domain)->text(QStringLiteral("customer.id")));
+        TolvaneAnalyticsManager::shared().track(
+            TolvaneAnalyticsEvent::Lifecycle::sdkInitialized,
+            {{TolvaneAnalyticsEvent::PropertyKeys::actionType, QStringLiteral("lifecycle")}});
+    }
+}
+BENCHMARK(readAndEvent)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+} // namespace tolvane::bench

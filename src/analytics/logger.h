@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/privateexport.h"
+#include "platform/system/services.h"
+
+#include <QtCore/QLocale>
+#include <QtCore/QString>
+
+#include <atomic>
+#include <memory>
+
+namespace tolvane {
+
+enum class LogLevel { debug, info, warning, error, critical };
+
+/// The library's diagnostic output: one line a message, silent until the host asks for it.
+/// Safe from any thread.
+class TOLVANE_PRIVATE_EXPORT Logger
+{
+public:
+    static Logger &shared();
+
+    Logger();
+    Logger(const QString &subsystem, const QString &category);
+
+    void setEnabled(bool enabled) { m_enabled = enabled; }
+    /// For messages that take time to make.
+    bool isEnabled() const { return m_enabled; }
+
+    void log(LogLevel level, const QString &message);
+
+    /// A line at `critical` for the developer of the host, who must see it with logging off too.
+    void reportMisuse(const QString &message);
+
+private:
+    void write(LogLevel level, const QString &message);
+
+    const QString m_category;
+    const QLocale m_locale;
+    const std::unique_ptr<LogSink> m_logger;
+    std::atomic<bool> m_enabled = false;
+};
+
+} // namespace tolvane

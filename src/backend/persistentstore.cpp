@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "backend/persistentstore.h"
+
+#include "backend/wire/json.h"
+#include "platform/platform.h"
+
+namespace tolvane::persistentstore {
+
+namespace {
+
+const QString customerIdKey = QStringLiteral("customer.id");
+const QString customerOriginalIdKey = QStringLiteral("customer.original_id");
+const QString brandingKey = QStringLiteral("branding");
+
+std::unique_ptr<PreferencesDomain> openDomain()
+{
+    return platform().preferences->open(QStringLiteral("com.tolvane.sdk"));
+}
+
+std::optional<QString> readText(const QString &key)
+{
+    const auto domain = openDomain();
+    return domain ? domain->text(key) : std::nullopt;
+}
+
+void writeText(const QString &key, const std::optional<QString> &value)
+{
+    if (const auto domain = openDomain())
+        domain->setText(key, value);
+}
+
+} // namespace
+
+std::optional<QString> customerId()
+{
+    return readText(customerIdKey);
+}
+
+void setCustomerId(const QString &id)
+{
+    writeText(customerIdKey, id);
+}
+
+std::optional<QString> customerOriginalId()
+{
+    return readText(customerOriginalIdKey);
+}
+
+void setCustomerOriginalId(const std::optional<QString> &id)
+{
+    writeText(customerOriginalIdKey, id);
+}
+
+std::optional<BrandingDto> branding()
+{
+    const auto domain = openDomain();
+    const std::optional<QByteArray> bytes = domain ? domain->bytes(brandingKey) : std::nullopt;
+    if (!bytes)
+        return std::nullopt;
+    try {
+        return json::decode<BrandingDto>(*bytes);
+    } catch (const DecodingError &) {
+        return std::nullopt; // The next load fetches a fresh copy in its place.
+    }
+}
+
+void setBranding(const std::optional<BrandingDto> &branding)
+{
+    const auto domain = openDomain();
+    if (!domain)
+        return;
+    domain->setBytes(brandingKey, branding ? std::optional(json::encode(*branding)) : std::nullopt);
+}
+
+} // namespace tolvane::persistentstore

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "backend/wire/fields.h"
+#include "base/decodingerror.h"
+#include "base/privateexport.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <bitset>
+#include <optional>
+#include <simdjson.h>
+
+namespace tolvane::json {
+
+/// Where in a document reading stands. Steps link to the one around them, on the stack, so that the
+/// path costs nothing until it is wanted.
+class CodingPath
+{
+public:
+    CodingPath() = default;
+    CodingPath(const CodingPath &parent, std::string_view key)
+        : m_parent(&parent)
+        , m_key(key)
+    {
+    }
+    CodingPath(const CodingPath &parent, qsizetype index)
+        : m_parent(&parent)
+        , m_index(index)
+    {
+    }
+
+    /// Such as "messages[3].sender.type".
+    QString text() const;
+
+private:
+    const CodingPath *m_parent = nullptr;
+    std::string_view m_key;
+    qsizetype m_index = -1;
+};
+
+[[noreturn]] void throwMismatch(const CodingPath &path, const char *wanted);
+[[noreturn]] void throwMissing(const CodingPath &path);
+[[noreturn]] void throwNull(const CodingPath &path);
+
+using Element = simdjson::dom::element;
+
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, QString &value, const CodingPath &path);
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, bool &value, const CodingPath &path);
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, int &value, const CodingPath &path);
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, float &value, const CodingPath &path);
+
+template <Record T>
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, T &record, const CodingPath &path);
+
+template <typename T>
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, QList<T> &list, const CodingPath &path)
+{
+    simdjson::dom::array array;
+    if (element.get(array))
+        throwMismatch(path, "a list");
+    list.reserve(static_cast<qsizetype>(array.size()));
+    for (const Element item : array) {
+        const CodingPath itemPath(path, list.size());
+        read(item, list.emplaceBack(), itemPath);
+    }
+}
+
+template <typename T>
+void readField(const Element &element, std::optional<T> &value, const CodingPath &path)
+{
+    if (!element.is_null())
+        read(element, value.emplace(), path);
+}
+
+template <typename T>
+void readField(const Element &element, T &value, const CodingPath &path)
+{
+    if (element.is_null())
+        throwNull(path);
+    read(element, value, path);
+}
+
+template <typename T>
+constexpr bool isOptional = false;
+template <typename T>
+constexpr bool isOptional<std::optional<T>> = true;
+
+template <Record T>
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, T &record, const CodingPath &path)
+{
+    simdjson::dom::object object;
+    if (element.get(object))
+        throwMismatch(path, "an object");
+    std::bitset<std::tuple_size_v<decltype(fieldsOf<T>)>> seen;
+    for (const auto [key, value] : object) {
+        std::size_t index = 0;
+        // A fold with "or": it ends at the field whose key it is.
+        const auto take = [&, key = key, value = value](const auto &field) {
+            if (field.key != key) {
+                ++index;
+                return false;
+            }
+            // Of a key that comes again the last value counts, whole.
+            if (seen.test(index))
+                record.*field.member = std::remove_cvref_t<decltype(record.*field.member)>();
+            readField(value, record.*field.member, CodingPath(path, field.key));
+            seen.set(index);
+            return true;
+        };
+        std::apply([&take](const auto &...fields) { (take(fields) || ...); }, fieldsOf<T>);
+    }
+    std::size_t index = 0;
+    forEachField<T>([&](const auto &field) {
+        using Value = std::remove_cvref_t<decltype(record.*field.member)>;
+        if (!isOptional<Value> && !seen.test(index))
+            throwMissing(CodingPath(path, field.key));
+        ++index;
+    });
+}
+
+} // namespace tolvane::json

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#include "base/decodingerror.h"
+
+namespace tolvane {
+
+DecodingError::DecodingError(Kind kind, QString codingPath, const QString &problem)
+    : Error(QStringLiteral("TolvaneSdk.DecodingError"), kind,
+            codingPath.isEmpty() ? problem : codingPath + QLatin1String(": ") + problem)
+    , m_codingPath(std::move(codingPath))
+{
+}
+
+} // namespace tolvane

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include "analytics/logger.h"
+#include "analytics/manager.h"
+#include "backend/apiclient.h"
+#include "backend/configuration.h"
+#include "backend/persistentstore.h"
+#include "base/guard.h"
+#include "base/ulid.h"
+#include "facade/pushrouting.h"
+#include "platform/async/await.h"
+#include "platform/platform.h"
+#include "state/sdkdata.h"
+
+#include <tolvane/tolvane.h>
+
+#include <array>
+
+namespace tolvane {
+
+using Keys = TolvaneAnalyticsEvent::PropertyKeys;
+
+namespace {
+
+// Indexed by Tolvane::Environment.
+constexpr std::array environmentNames = {"production", "development", "alpha"};
+
+const QString notInitialized = QStringLiteral("Tolvane is not initialized");
+
+bool isInitialized()
+{
+    return Configuration::shared().apiKey().has_value();
+}
+
+bool hasApplication()
+{
+    if (QCoreApplication::instance())
+        return true;
+    Logger::shared().reportMisuse(
+        QStringLiteral("Tolvane was called before the application object was made"));
+    return false;
+}
+
+/// Runs an operation of the facade on the main thread: at once if this is it. A host's call must
+/// never end in an exception, whatever happens inside.
+template <typename Operation>
+void onMainThread(Operation operation)
+{
+    if (!hasApplication())
+        return;
+    if (isMainThread())
+        guarded("an operation of the facade", operation);
+    else
+        platform().mainThread->post(operation);
+}
+
+/// As onMainThread(), for operations that need initialize().
+template <typename Operation>
+void whenInitialized(Operation operation)
+{
+    onMainThread([operation = std::move(operation)] {
+        if (isInitialized())
+            operation();
+        else
+            Logger::shared().reportMisuse(notInitialized);
+    });
+}
+
+void makeSureOfCustomerId()
+{
+    if (persistentstore::customerId())
+        return;
+    const QString id = ULID::generate(platform().clock->now()).description();
+    persistentstore::setCustomerId(id);
+    Logger::shared().log(LogLevel::info, QStringLiteral("New customer ID generated: ") + id);
+}
+
+QString textOrNil(const std::optional<QString> &text)
+{
+    return text.value_or(QStringLiteral("nil"));
+}
+
+void start(const QString &key)
+{
+    if (!Configuration::shared().adoptApiKey(key))
+        return;
+    makeSureOfCustomerId();
+    Logger::shared().log(LogLevel::info, QStringLiteral("SDK initialized"));
+    TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Lifecycle::sdkInitialized,
+                                            {{Keys::actionType, QStringLiteral("lifecycle")}});
+    platform().mainThread->post([] { detach(SdkData::shared()->fetchSettings()); });
+}
+
+QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> originalId)
+{
+    try {
+        persistentstore::setCustomerOriginalId(originalId);
+        const APIClient client = APIClient::live();
+        const UpdateCustomerDto customer{.email = email, .originalId = originalId};
+        co_await client.updateCustomer(customer);
+        Logger::shared().log(LogLevel::info, QStringLiteral("Customer updated: %1 %2 %3")
+                                                 .arg(textOrNil(email), textOrNil(originalId),
+                                                      textOrNil(persistentstore::customerId())));
+        TolvaneAnalyticsManager::shared().track(
+            TolvaneAnalyticsEvent::Lifecycle::customerUpdated,
+            {{QStringLiteral("has_email"), email.has_value()},
+             {QStringLiteral("has_original_id"), originalId.has_value()},
+             {Keys::actionType, QStringLiteral("lifecycle")}});
+    } catch (...) {
+        const ErrorPtr error = currentError();
+        Logger::shared().log(LogLevel::error, QStringLiteral("Error updating customer: ") +
+                                                  error->localizedDescription());
+        TolvaneAnalyticsManager::shared().trackError(QStringLiteral("updateCustomer"), {}, *error);
+    }
+}
+
+/// A promise that is kept when the last one who knows of it lets go, whatever became of the work.
+std::shared_ptr<QPromise<void>> makeSelfKeepingPromise()
+{
+    std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *kept) {
+        kept->finish();
+        delete kept;
+    });
+    promise->start();
+    return promise;
+}
+
+QCoro::Task<> holdUntilDone(QCoro::Task<> task, std::shared_ptr<QPromise<void>> promise)
+{
+    const auto held = std::move(promise);
+    co_await task;
+}
+
+} // namespace
+
+QString Tolvane::rawValue(Environment environment)
+{
+    return QString::fromLatin1(environmentNames.at(static_cast<std::size_t>(environment)));
+}
+
+std::optional<Tolvane::Environment> Tolvane::environmentFromRawValue(const QString &rawValue)
+{
+    for (std::size_t i = 0; i < environmentNames.size(); ++i) {
+        if (rawValue == QLatin1String(environmentNames.at(i)))
+            return static_cast<Environment>(i);
+    }
+    return std::nullopt;
+}
+
+void Tolvane::initialize(const QString &key)
+{
+    onMainThread([key] { start(key); });
+}
+
+void Tolvane::setEnvironment(Environment environment)
+{
+    Configuration::shared().setEnvironment(environment);
+}
+
+void Tolvane::enableLogging(bool enabled)
+{
+    Logger::shared().setEnabled(enabled);
+}
+
+void Tolvane::setAnalyticsDelegate(const std::shared_ptr<TolvaneAnalyticsDelegate> &delegate)
+{
+    onMainThread([delegate] {
+        TolvaneAnalyticsManager::shared().setDelegate(delegate);
+        Logger::shared().log(LogLevel::info, QStringLiteral("Analytics delegate set: ") +
+                                                 (delegate ? QStringLiteral("enabled")
+                                                           : QStringLiteral("disabled")));
+    });
+}
+
+QFuture<void> Tolvane::updateCustomer(const std::optional<QString> &email,
+                                      const std::optional<QString> &originalID)
+{
+    const auto promise = makeSelfKeepingPromise();
+    QFuture<void> future = promise->future();
+    whenInitialized([=] { detach(holdUntilDone(sendCustomer(email, originalID), promise)); });
+    return future;
+}
+
+void Tolvane::open()
+{
+    whenInitialized([] {
+        TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Chat::opened, {});
+        platform().present();
+    });
+}
+
+void Tolvane::setDeviceToken(const QByteArray &deviceToken)
+{
+    whenInitialized([deviceToken] { pushrouting::registerDevice(deviceToken); });
+}
+
+bool Tolvane::isTolvanePushNotification(const QVariantMap &payload)
+{
+    return pushrouting::isOurs(payload);
+}
+
+PresentationOptions Tolvane::willPresentNotification(const QVariantMap &payload)
+{
+    PresentationOptions options = PresentationOptions::none;
+    if (!isMainThread()) {
+        Logger::shared().reportMisuse(
+            QStringLiteral("Tolvane::willPresentNotification was called off the main thread"));
+        return options;
+    }
+    whenInitialized([&options, payload] { options = pushrouting::willPresent(payload); });
+    return options;
+}
+
+void Tolvane::handlePushNotification(const QVariantMap &payload)
+{
+    whenInitialized([payload] { pushrouting::handle(payload); });
+}
+
+} // namespace tolvane

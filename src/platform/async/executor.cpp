@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "platform/async/executor.h"
+
+#include "base/guard.h"
+#include "platform/async/winddown.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QThreadPool>
+
+namespace tolvane {
+
+namespace {
+
+class MainExecutor final : public Executor
+{
+public:
+    void post(std::function<void()> work) override
+    {
+        QCoreApplication *app = QCoreApplication::instance();
+        if (!app) {
+            abandon(std::move(work));
+            return;
+        }
+        QMetaObject::invokeMethod(
+            app, [work = std::move(work)] { guarded("a posted call", work); },
+            Qt::QueuedConnection);
+    }
+};
+
+class WorkerPool final : public Executor
+{
+public:
+    WorkerPool(const QString &name, QThread::Priority priority)
+    {
+        m_pool.setObjectName(name);
+        m_pool.setThreadPriority(priority);
+        m_windDown = atWindDown([this] {
+            m_pool.clear();
+            m_pool.waitForDone();
+        });
+    }
+
+    void post(std::function<void()> work) override
+    {
+        m_pool.start([work = std::move(work)] { guarded("a worker's job", work); });
+    }
+
+private:
+    QThreadPool m_pool;
+    WindDownHook m_windDown;
+};
+
+} // namespace
+
+std::unique_ptr<Executor> makeMainExecutor()
+{
+    return std::make_unique<MainExecutor>();
+}
+
+std::unique_ptr<Executor> makeWorkerPool(const QString &name, QThread::Priority priority)
+{
+    return std::make_unique<WorkerPool>(name, priority);
+}
+
+} // namespace tolvane

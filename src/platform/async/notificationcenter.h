@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/privateexport.h"
+
+#include <QtCore/QString>
+#include <QtCore/QVariantMap>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+namespace tolvane {
+
+class Executor;
+
+/// In-process broadcasts by name, delivered synchronously on the posting thread.
+class TOLVANE_PRIVATE_EXPORT NotificationCenter
+{
+public:
+    using UserInfo = std::optional<QVariantMap>;
+    using Callback = std::function<void(const UserInfo &userInfo)>;
+
+    /// Where an observer's callback runs: on the posting thread, or on the main thread, which is
+    /// the same call where the posting thread is the main one.
+    enum class Delivery { postingThread, mainThread };
+
+    /// Ends the observation when it goes; no delivery begins afterwards.
+    using Observation = std::shared_ptr<void>;
+
+    explicit NotificationCenter(Executor &mainExecutor)
+        : m_mainExecutor(mainExecutor)
+    {
+    }
+    NotificationCenter(const NotificationCenter &) = delete;
+    NotificationCenter &operator=(const NotificationCenter &) = delete;
+    virtual ~NotificationCenter() = default;
+
+    virtual void post(const QString &name, const UserInfo &userInfo);
+
+    [[nodiscard]] Observation observe(const QString &name, Delivery delivery, Callback callback);
+
+private:
+    struct Observer
+    {
+        QString name;
+        Delivery delivery;
+        Callback callback;
+    };
+
+    Executor &m_mainExecutor;
+    std::mutex m_mutex;
+    std::vector<std::weak_ptr<Observer>> m_observers;
+};
+
+} // namespace tolvane

@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include "platform/network/transfer.h"
+
+#include "platform/network/onesendbody.h"
+
+#include <QtNetwork/QNetworkAccessManager>
+#include <QtNetwork/QNetworkReply>
+#include <QtNetwork/QNetworkRequest>
+
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+constexpr qsizetype mebibyte = 1'048'576;
+// How much may wait to be read. The stack receives on a thread of its own, and a sender who is
+// faster than this one would fill the memory before the bound on the body is looked at.
+constexpr qsizetype readBufferSize = mebibyte;
+constexpr int maximumRedirects = 16;
+
+struct ErrorCode
+{
+    QNetworkReply::NetworkError error;
+    UrlError::Code code;
+};
+
+// What is not listed has no better name than a lost connection.
+constexpr std::array errorCodes = {
+    ErrorCode{QNetworkReply::ConnectionRefusedError, UrlError::cannotConnectToHost},
+    ErrorCode{QNetworkReply::HostNotFoundError, UrlError::cannotFindHost},
+    ErrorCode{QNetworkReply::TimeoutError, UrlError::timedOut},
+    // Nobody but the idle timer aborts a transfer.
+    ErrorCode{QNetworkReply::OperationCanceledError, UrlError::timedOut},
+    ErrorCode{QNetworkReply::SslHandshakeFailedError, UrlError::secureConnectionFailed},
+    ErrorCode{QNetworkReply::TemporaryNetworkFailureError, UrlError::notConnectedToInternet},
+    ErrorCode{QNetworkReply::NetworkSessionFailedError, UrlError::notConnectedToInternet},
+    ErrorCode{QNetworkReply::ProxyConnectionRefusedError, UrlError::cannotConnectToHost},
+    ErrorCode{QNetworkReply::ProxyNotFoundError, UrlError::cannotFindHost},
+    ErrorCode{QNetworkReply::ProxyTimeoutError, UrlError::timedOut},
+    ErrorCode{QNetworkReply::ProtocolUnknownError, UrlError::unsupportedURL},
+    ErrorCode{QNetworkReply::ProtocolFailure, UrlError::badServerResponse},
+    ErrorCode{QNetworkReply::UnknownContentError, UrlError::badServerResponse},
+};
+
+UrlError transportError(const QNetworkReply &reply)
+{
+    for (const ErrorCode &entry : errorCodes) {
+        if (entry.error == reply.error())
+            return UrlError(entry.code, reply.errorString());
+    }
+    return UrlError(UrlError::networkConnectionLost, reply.errorString());
+}
+
+/// Redirects that have the same request sent again, body included.
+bool keepsMethod(int status)
+{
+    return status == 307 || status == 308;
+}
+
+/// Whether the "error" of a reply only says that its status is 4xx or 5xx, which makes it an
+/// answer.
+bool isHttpAnswer(QNetworkReply::NetworkError error, int status)
+{
+    if (status == 0)
+        return false;
+    if (error == QNetworkReply::NoError)
+        return true;
+    const bool clientFailure =
+        error == QNetworkReply::ProxyAuthenticationRequiredError ||
+        error == QNetworkReply::ProtocolInvalidOperationError ||
+        (error >= QNetworkReply::ContentAccessDenied &&
+         error <= QNetworkReply::UnknownContentError && error != QNetworkReply::ContentReSendError);
+    const bool serverFailure = error >= QNetworkReply::InternalServerError;
+    // The network stack rewinds the body for these before anybody decides to follow.
+    if (error == QNetworkReply::ContentReSendError && keepsMethod(status))
+        return true;
+    return (status >= 400 && clientFailure) || (status >= 500 && serverFailure);
+}
+
+bool isSameOrigin(const QUrl &a, const QUrl &b)
+{
+    const auto port = [](const QUrl &url) {
+        return url.port(url.scheme() == QLatin1String("https") ? 443 : 80);
+    };
+    return a.scheme() == b.scheme() && a.host() == b.host() && port(a) == port(b);
+}
+
+/// Whether a redirect may lead there. What carries the key stays with its origin, and nothing goes
+/// on in the clear that began encrypted.
+bool mayFollow(const UrlRequest &request, const QUrl &target)
+{
+    if (!request.isAnonymous)
+        return isSameOrigin(target, request.url);
+    const QString scheme = target.scheme();
+    return scheme == QLatin1String("https") ||
+           (scheme == QLatin1String("http") && request.url.scheme() == scheme);
+}
+
+/// Leaves out of a request whatever the stack would add to tell who asks.
+void makeAnonymous(QNetworkRequest &request)
+{
+    QUrl url = request.url();
+    url.setUserInfo({});
+    request.setUrl(url);
+    for (const auto attribute :
+         {QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::CookieSaveControlAttribute,
+          QNetworkRequest::AuthenticationReuseAttribute})
+        request.setAttribute(attribute, QNetworkRequest::Manual);
+}
+
+bool isHeaderText(const QByteArray &text)
+{
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
+}
+
+std::optional<UrlError> refusal(const UrlRequest &request)
+{
+    const QString scheme = request.url.scheme();
+    if (!request.url.isValid() || scheme.isEmpty())
+        return UrlError(UrlError::badURL);
+    if (scheme != QLatin1String("http") && scheme != QLatin1String("https"))
+        return UrlError(UrlError::unsupportedURL);
+    if (request.url.host().isEmpty())
+        return UrlError(UrlError::badURL);
+    for (const auto &[name, value] : request.headers) {
+        // A line end in a value would let it add headers of its own.
+        if (!isHeaderText(value))
+            return UrlError(
+                UrlError::badURL,
+                QStringLiteral("header %1 has a line end").arg(QString::fromLatin1(name)));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Transfer::Transfer(QNetworkAccessManager &manager, UrlRequest request,
+                   std::shared_ptr<QPromise<UrlResponse>> promise)
+    : QObject(&manager)
+    , m_manager(manager)
+    , m_request(std::move(request))
+    , m_promise(std::move(promise))
+{
+}
+
+void Transfer::begin()
+{
+    if (const auto error = refusal(m_request))
+        fail(*error);
+    else
+        send();
+}
+
+void Transfer::send()
+{
+    QNetworkRequest request(m_request.url);
+    for (const auto &[name, value] : m_request.headers)
+        request.setRawHeader(name, value);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
+    if (m_request.isAnonymous)
+        makeAnonymous(request);
+    request.setTransferTimeout(static_cast<int>(m_request.timeout.count()));
+    // The bound on the body, checked as it is read, serves for compressed ones too; the stack's own
+    // check would refuse long and repetitive conversations.
+    request.setDecompressedSafetyCheckThreshold(-1);
+
+    auto *body = new OneSendBody(m_request.body);
+    m_body.clear();
+    m_reply = m_manager.sendCustomRequest(request, m_request.method, body);
+    body->setParent(m_reply);
+    // Any earlier there is nobody yet to take notice of it.
+    connect(m_reply, &QNetworkReply::metaDataChanged, m_reply,
+            [reply = m_reply] { reply->setReadBufferSize(readBufferSize); });
+    connect(m_reply, &QNetworkReply::readyRead, this, &Transfer::readAvailable);
+    connect(m_reply, &QNetworkReply::finished, this, &Transfer::finish);
+}
+
+void Transfer::readAvailable()
+{
+    // In bounded steps, since what waits compressed can be any size once it is read, and up to the
+    // read that gives nothing: it is what lets more come in.
+    while (m_reply->isOpen() && m_body.size() <= m_request.maximumBodySize) {
+        const QByteArray part = m_reply->read(readBufferSize);
+        if (part.isEmpty())
+            break;
+        m_body += part;
+    }
+    m_tooLarge = m_body.size() > m_request.maximumBodySize;
+    if (m_tooLarge)
+        m_reply->abort();
+}
+
+void Transfer::finish()
+{
+    m_reply->deleteLater();
+    if (!m_tooLarge)
+        readAvailable();
+    if (m_tooLarge)
+        return fail(UrlError(UrlError::dataLengthExceedsMaximum));
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (!isHttpAnswer(m_reply->error(), status))
+        return fail(transportError(*m_reply));
+    if (followRedirect(status))
+        return;
+    succeed(status);
+}
+
+bool Transfer::followRedirect(int status)
+{
+    const bool isRedirect = keepsMethod(status) || (status >= 301 && status <= 303);
+    // Not as the parsed header, which is empty for a relative address.
+    const QUrl location = QUrl::fromEncoded(m_reply->rawHeader("Location"));
+    if (!isRedirect || location.isEmpty() || m_redirects == maximumRedirects)
+        return false;
+    const QUrl target = m_request.url.resolved(location);
+    if (!target.isValid() || target.host().isEmpty() || !mayFollow(m_request, target))
+        return false;
+    ++m_redirects;
+    m_request.url = target;
+    if (!keepsMethod(status) && m_request.method != "GET") {
+        // RFC 9110, 15.4: the answer to what was posted is to be fetched.
+        m_request.method = "GET";
+        m_request.body.clear();
+        m_request.headers.removeIf(
+            [](const auto &header) { return header.first == "Content-Type"; });
+    }
+    send();
+    return true;
+}
+
+void Transfer::succeed(int status)
+{
+    // A read takes room for all that it may give; the rest would stay for as long as the answer.
+    m_body.squeeze();
+    m_promise->addResult(UrlResponse{status, m_reply->rawHeaderPairs(), std::move(m_body)});
+    m_promise->finish();
+    deleteLater();
+}
+
+void Transfer::fail(const UrlError &error)
+{
+    m_promise->setException(std::make_exception_ptr(error));
+    m_promise->finish();
+    deleteLater();
+}
+
+} // namespace tolvane

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/errors.h"
+#include "platform/network/urlsession.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QPromise>
+
+#include <memory>
+
+class QNetworkAccessManager;
+class QNetworkReply;
+
+namespace tolvane {
+
+/// One request on its way, redirects included; lives on the network's thread and ends itself.
+class Transfer final : public QObject
+{
+public:
+    Transfer(QNetworkAccessManager &manager, UrlRequest request,
+             std::shared_ptr<QPromise<UrlResponse>> promise);
+
+    void begin();
+
+private:
+    void send();
+    void readAvailable();
+    void finish();
+    bool followRedirect(int status);
+    void succeed(int status);
+    void fail(const UrlError &error);
+
+    QNetworkAccessManager &m_manager;
+    UrlRequest m_request;
+    std::shared_ptr<QPromise<UrlResponse>> m_promise;
+    QNetworkReply *m_reply = nullptr;
+    QByteArray m_body;
+    bool m_tooLarge = false;
+    int m_redirects = 0;
+};
+
+} // namespace tolvane

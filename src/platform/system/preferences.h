@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/privateexport.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <memory>
+#include <optional>
+
+namespace tolvane {
+
+/// A named domain of text and byte values that outlasts the process.
+class PreferencesDomain
+{
+public:
+    PreferencesDomain() = default;
+    PreferencesDomain(const PreferencesDomain &) = delete;
+    PreferencesDomain &operator=(const PreferencesDomain &) = delete;
+    virtual ~PreferencesDomain() = default;
+
+    /// Absent when there is no such key or its value is of the other kind.
+    virtual std::optional<QString> text(const QString &key) const = 0;
+    virtual std::optional<QByteArray> bytes(const QString &key) const = 0;
+
+    /// An absent value removes the key. When the call returns the change is on its way to the disk
+    /// whatever becomes of this process.
+    virtual void setText(const QString &key, const std::optional<QString> &value) = 0;
+    virtual void setBytes(const QString &key, const std::optional<QByteArray> &value) = 0;
+};
+
+/// Opens domains, anew for each access. Safe for threads and for several processes.
+class Preferences
+{
+public:
+    Preferences() = default;
+    Preferences(const Preferences &) = delete;
+    Preferences &operator=(const Preferences &) = delete;
+    virtual ~Preferences() = default;
+
+    /// Null when the domain cannot be opened.
+    virtual std::unique_ptr<PreferencesDomain> open(const QString &name) const = 0;
+};
+
+/// Domains as files in the application's configuration folder (QStandardPaths::AppConfigLocation,
+/// below XDG_CONFIG_HOME on Linux), readable by their owner only. The folder belongs to the
+/// application, so that two hosts of one user are two customers.
+TOLVANE_AUTOTEST_EXPORT std::unique_ptr<Preferences> makeFilePreferences();
+
+} // namespace tolvane

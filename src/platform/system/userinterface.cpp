@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "platform/system/userinterface.h"
+
+#include <utility>
+
+namespace tolvane {
+
+namespace {
+
+// Never destroyed, as everything that may still ask for it.
+UserInterface &registered()
+{
+    static auto *instance = new UserInterface;
+    return *instance;
+}
+
+} // namespace
+
+void registerUserInterface(UserInterface userInterface)
+{
+    registered() = std::move(userInterface);
+}
+
+const UserInterface &userInterface()
+{
+    return registered();
+}
+
+} // namespace tolvane

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "backend/wire/records.h"
+#include "base/privateexport.h"
+
+#include <QCoroTask>
+#include <QtCore/QAbstractListModel>
+#include <QtGui/QImage>
+
+namespace tolvane {
+
+/// The attachments being composed, as rows with small pictures, each decoded once on the workers.
+/// What can't be decoded has no row. Main thread.
+class TOLVANE_VIEWS_AUTOTEST_EXPORT AttachmentListModel final : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        nameRole = Qt::UserRole + 1,
+        /// Null until it is decoded.
+        pictureRole,
+    };
+
+    using QAbstractListModel::QAbstractListModel;
+
+    /// Costs next to nothing for a list that is the same as before.
+    void setAttachments(const QList<AttachmentDto> &attachments);
+    const AttachmentDto &attachment(int row) const { return m_rows[row].attachment; }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+private:
+    struct Row
+    {
+        AttachmentDto attachment;
+        QImage picture;
+    };
+
+    void removeMissing();
+    bool isPicture(const AttachmentDto &attachment);
+    qsizetype indexOf(const AttachmentDto &attachment) const;
+    void remove(qsizetype row);
+    void place(const AttachmentDto &attachment, qsizetype row);
+    QCoro::Task<> decode(AttachmentDto attachment);
+    void show(const AttachmentDto &attachment, const QImage &picture);
+
+    QList<AttachmentDto> m_attachments;
+    QList<AttachmentDto> m_undecodable;
+    QList<Row> m_rows;
+};
+
+} // namespace tolvane

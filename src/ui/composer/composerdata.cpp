@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "ui/composer/composerdata.h"
+
+#include "analytics/logger.h"
+#include "analytics/manager.h"
+#include "base/ulid.h"
+#include "platform/async/await.h"
+#include "platform/platform.h"
+#include "ui/composer/imagefiles.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QMimeData>
+#include <QtCore/QPointer>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
+
+namespace tolvane {
+
+namespace {
+
+/// A picture that is no file has no name of its own.
+AttachmentDto nameless(const QString &mimeType, const QByteArray &bytes)
+{
+    return {.name = ULID::generate(platform().clock->now()).description(),
+            .mimeType = mimeType,
+            .data = bytes};
+}
+
+QByteArray encodedAsPng(const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "png");
+    return bytes;
+}
+
+/// A picture as the other application offers it, if it does so in a format of the web.
+std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
+{
+    for (const char *type : {"image/png", "image/jpeg", "image/webp", "image/gif"}) {
+        const QString format = QString::fromLatin1(type);
+        if (!clipboard.hasFormat(format))
+            continue;
+        const QByteArray bytes = clipboard.data(format);
+        if (!bytes.isEmpty())
+            return nameless(format, bytes);
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+ComposerData::ComposerData(std::shared_ptr<TicketData> store, QObject *parent)
+    : QObject(parent)
+    , m_store(std::move(store))
+    , m_lastMessage(m_store->message())
+{
+    connect(m_store.get(), &TicketData::changed, this, &ComposerData::takeOver);
+    m_attachments.setAttachments(m_store->attachments());
+}
+
+void ComposerData::takeOver()
+{
+    m_attachments.setAttachments(m_store->attachments());
+    if (m_lastMessage != m_store->message()) {
+        m_lastMessage = m_store->message();
+        Q_EMIT messageChanged();
+    }
+    Q_EMIT changed();
+    deliver();
+}
+
+QStringList ComposerData::imagePatterns() const
+{
+    return imagefiles::patterns();
+}
+
+void ComposerData::send()
+{
+    if (isSendDisabled())
+        return;
+    TolvaneAnalyticsManager::shared().trackUserAction(
+        QStringLiteral("send_button_tapped"), QStringLiteral("ticket"),
+        {{QStringLiteral("has_message"), !m_store->message().isEmpty()},
+         {TolvaneAnalyticsEvent::PropertyKeys::attachmentCount, m_store->attachments().size()}});
+    detach(m_store->ticket() ? m_store->sendMessage() : m_store->createTicket());
+}
+
+void ComposerData::addFiles(const QList<QUrl> &files)
+{
+    for (const QUrl &file : files)
+        detach(add(platform().workers->run([file] { return imagefiles::read(file); })));
+}
+
+bool ComposerData::takes(const QList<QUrl> &urls) const
+{
+    return !isSendingMessage() && !imagefiles::among(urls).isEmpty();
+}
+
+void ComposerData::drop(const QList<QUrl> &urls)
+{
+    addFiles(imagefiles::among(urls));
+}
+
+bool ComposerData::pasteImages()
+{
+    const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
+    return clipboard && !isSendingMessage() && pasteFrom(*clipboard);
+}
+
+bool ComposerData::pasteFrom(const QMimeData &clipboard)
+{
+    if (takes(clipboard.urls())) {
+        drop(clipboard.urls());
+        return true;
+    }
+    // Tables and formatted texts often come with a picture of themselves.
+    if (clipboard.hasText())
+        return false;
+    if (const auto picture = encodedPicture(clipboard)) {
+        m_arrived += *picture;
+        deliver();
+        return true;
+    }
+    const auto image = clipboard.imageData().value<QImage>();
+    if (image.isNull())
+        return false;
+    detach(add(platform().workers->run([image]() -> Attachment {
+        return nameless(QStringLiteral("image/png"), encodedAsPng(image));
+    })));
+    return true;
+}
+
+QCoro::Task<> ComposerData::add(QFuture<Attachment> read)
+{
+    const QPointer<ComposerData> self(this);
+    Attachment attachment;
+    try {
+        attachment = co_await settled(read);
+    } catch (...) {
+        attachment = {}; // Told below, with what was read and is no picture.
+    }
+    if (!attachment) {
+        Logger::shared().log(
+            LogLevel::error,
+            QStringLiteral("A picked file is left out: it can't be read or is no picture"));
+        co_return;
+    }
+    if (!self)
+        co_return;
+    self->m_arrived += *attachment;
+    self->deliver();
+}
+
+void ComposerData::deliver()
+{
+    if (m_arrived.isEmpty() || isSendingMessage())
+        return;
+    m_store->setAttachments(m_store->attachments() + std::exchange(m_arrived, {}));
+}
+
+void ComposerData::removeAttachment(int row)
+{
+    if (row < 0 || row >= m_attachments.rowCount())
+        return;
+    QList<AttachmentDto> attachments = m_store->attachments();
+    attachments.removeOne(m_attachments.attachment(row));
+    m_store->setAttachments(attachments);
+}
+
+void ComposerData::pickerIsMissing(const QString &reason)
+{
+    Logger::shared().log(LogLevel::error,
+                         QStringLiteral("No picker for pictures: %1").arg(reason.trimmed()));
+}
+
+} // namespace tolvane

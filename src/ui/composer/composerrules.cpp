@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "ui/composer/composerrules.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tolvane {
+
+namespace {
+
+constexpr double deadBand = 0.5;
+constexpr double tightestRadius = 14;
+/// A picture that can still be told, and its button hit.
+constexpr double leastStripHeight = 56;
+
+} // namespace
+
+std::optional<double> ComposerRules::update(double measured, double present, double limit) const
+{
+    const double clamped = std::max(std::min(measured, limit), editorMinHeight);
+    if (std::abs(clamped - present) > deadBand)
+        return clamped;
+    return std::nullopt;
+}
+
+double ComposerRules::editorHeight(double measuredHeight) const
+{
+    return measuredHeight == 0 ? editorMinHeight : measuredHeight;
+}
+
+double ComposerRules::cornerRadius(double measuredHeight) const
+{
+    const double base = editorMinHeight + 2 * editorVerticalPadding;
+    const double range = editorMaxHeight - editorMinHeight;
+    const double progress = range > 0 ? std::clamp((measuredHeight - base) / range, 0.0, 1.0) : 0;
+    const double eased = progress * (2 - progress);
+    return base / 2 + (tightestRadius - base / 2) * eased;
+}
+
+ComposerRules::Room ComposerRules::fit(double available, bool hasStrip) const
+{
+    const double inside = available - 2 * editorVerticalPadding;
+    const double wanted = hasStrip ? stripHeight + stripSpacing : 0;
+    const double editor = std::clamp(inside - wanted, editorMinHeight, editorMaxHeight);
+    const double strip = std::clamp(inside - editor - stripSpacing, leastStripHeight, stripHeight);
+    return {.editor = editor, .strip = hasStrip ? strip : 0};
+}
+
+} // namespace tolvane

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "ui/composer/imagefiles.h"
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeDatabase>
+#include <QtCore/QRegularExpression>
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane::imagefiles {
+
+namespace {
+
+constexpr std::array suffixes = {"png", "jpg",  "jpeg", "gif",  "webp", "bmp",
+                                 "tif", "tiff", "heic", "heif", "avif"};
+
+/// Some systems name by other addresses than paths what their pickers hand out; the file system
+/// takes those as they are.
+QString pathOf(const QUrl &file)
+{
+    return file.isLocalFile() ? file.toLocalFile() : file.toString();
+}
+
+bool isCalledAsPicture(const QUrl &url)
+{
+    const QString suffix = QFileInfo(url.fileName()).suffix().toLower();
+    return std::ranges::any_of(
+        suffixes, [&suffix](const char *known) { return suffix == QLatin1String(known); });
+}
+
+QByteArray bytesOf(const QUrl &url)
+{
+    // A pipe or a device might never end.
+    if (url.isLocalFile() && !QFileInfo(url.toLocalFile()).isFile())
+        return {};
+    QFile file(pathOf(url));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A name as it may stand in the head of a form's part, where nothing is escaped.
+QString sound(QString name)
+{
+    static const QRegularExpression unsound(QStringLiteral("[\\x00-\\x1f\\x7f\"\\\\]"));
+    return name.replace(unsound, QStringLiteral("_"));
+}
+
+QString nameOf(const QString &fileName, const QByteArray &bytes)
+{
+    const QByteArray digest =
+        QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).first(8).toHex();
+    const QFileInfo info(sound(fileName));
+    const QString suffix = info.suffix();
+    const QString name = info.completeBaseName() + QLatin1Char('-') + QString::fromLatin1(digest);
+    return suffix.isEmpty() ? name : name + QLatin1Char('.') + suffix;
+}
+
+} // namespace
+
+QStringList patterns()
+{
+    QStringList patterns;
+    for (const char *suffix : suffixes) {
+        const QString pattern = QStringLiteral("*.") + QLatin1String(suffix);
+        patterns << pattern << pattern.toUpper();
+    }
+    return patterns;
+}
+
+QList<QUrl> among(const QList<QUrl> &urls)
+{
+    QList<QUrl> files;
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile() && isCalledAsPicture(url))
+            files += url;
+    }
+    return files;
+}
+
+std::optional<AttachmentDto> read(const QUrl &file)
+{
+    const QByteArray bytes = bytesOf(file);
+    if (bytes.isEmpty())
+        return std::nullopt;
+    const QString fileName = file.fileName();
+    const QMimeType type = QMimeDatabase().mimeTypeForFileNameAndData(fileName, bytes);
+    if (!type.isDefault() && !type.name().startsWith(QLatin1String("image/")))
+        return std::nullopt;
+    return AttachmentDto{.name = nameOf(fileName, bytes),
+                         .mimeType = type.isDefault() ? QStringLiteral("image/png") : type.name(),
+                         .data = bytes};
+}
+
+} // namespace tolvane::imagefiles

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane.Private
+
+// What stands in for a picture whose view has no placeholder of its own.
+Item {
+    implicitWidth: indicator.implicitWidth
+    implicitHeight: indicator.implicitHeight
+
+    ProgressIndicator {
+        id: indicator
+
+        anchors.centerIn: parent
+        width: Math.min(implicitWidth, parent.width)
+        height: Math.min(implicitHeight, parent.height)
+    }
+}

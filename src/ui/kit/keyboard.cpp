@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "ui/kit/keyboard.h"
+
+#include <QtCore/QRectF>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
+
+namespace tolvane {
+
+namespace {
+
+/// Android tells places in pixels of the screen, all others in points.
+double pixelsPerPoint()
+{
+#ifdef Q_OS_ANDROID
+    return qGuiApp->devicePixelRatio();
+#else
+    return 1;
+#endif
+}
+
+} // namespace
+
+Keyboard::Keyboard(QObject *parent)
+    : QObject(parent)
+{
+    const QInputMethod *inputMethod = QGuiApplication::inputMethod();
+    connect(inputMethod, &QInputMethod::visibleChanged, this, &Keyboard::changed);
+    connect(inputMethod, &QInputMethod::keyboardRectangleChanged, this, &Keyboard::changed);
+}
+
+bool Keyboard::isShown() const
+{
+    const QInputMethod *inputMethod = QGuiApplication::inputMethod();
+    return inputMethod->isVisible() && !inputMethod->keyboardRectangle().isEmpty();
+}
+
+double Keyboard::top() const
+{
+    return QGuiApplication::inputMethod()->keyboardRectangle().top() / pixelsPerPoint();
+}
+
+void Keyboard::hide()
+{
+    QGuiApplication::inputMethod()->hide();
+}
+
+} // namespace tolvane

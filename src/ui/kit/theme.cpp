@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "ui/kit/theme.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QFontInfo>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QPalette>
+
+#include <algorithm>
+
+namespace tolvane {
+
+Theme::Theme(QObject *parent)
+    : QObject(parent)
+{
+    qGuiApp->installEventFilter(this);
+}
+
+bool Theme::isDark() const
+{
+    // Qt 6.4 does not tell the appearance; a dark one has light text on a darker ground.
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::WindowText).lightness() >
+           palette.color(QPalette::Window).lightness();
+}
+
+const std::optional<QString> &Theme::logoText() const
+{
+    const ColorScheme &scheme = ColorScheme::shared();
+    return isDark() ? scheme.logoDark : scheme.logoLight;
+}
+
+bool Theme::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == qGuiApp && (event->type() == QEvent::ApplicationPaletteChange ||
+                               event->type() == QEvent::ApplicationFontChange))
+        Q_EMIT changed();
+    return QObject::eventFilter(watched, event);
+}
+
+QColor Theme::branded(DynamicColor ColorScheme::*color) const
+{
+    const DynamicColor &dynamic = ColorScheme::shared().*color;
+    const Color &shade = dynamic.resolved(isDark() ? Appearance::dark : Appearance::light);
+    return QColor::fromRgbF(float(shade.red), float(shade.green), float(shade.blue));
+}
+
+QColor Theme::byAppearance(QRgb light, QRgb dark) const
+{
+    return QColor::fromRgba(isDark() ? dark : light);
+}
+
+double Theme::columnInset(double width, double margin) const
+{
+    return margin + std::max(0.0, (width - columnWidth()) / 2);
+}
+
+int Theme::scaled(int points) const
+{
+    return qRound(points * textScale(QFontInfo(QGuiApplication::font()).pixelSize()));
+}
+
+double textScale(int pixelSize)
+{
+    // What desktops and phones have their applications write in, unless somebody wants it larger.
+    constexpr double usual = 13;
+    constexpr double ordinary = 1.4;
+    constexpr double most = 2;
+    const double wanted = pixelSize / usual;
+    return wanted > ordinary ? std::min(wanted, most) : 1;
+}
+
+} // namespace tolvane

@@ -1,0 +1,385 @@
+// SPDX-License-Identifier: MIT
+#include "ui/listview/anchoredlist.h"
+
+#include <QtGui/QAccessible>
+#include <QtQml/QQmlContext>
+#include <QtQml/QQmlEngine>
+#include <QtQml/qqmlinfo.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace tolvane {
+
+AnchoredList::AnchoredList(QQuickItem *parent)
+    : QQuickItem(parent)
+    , m_goal([this] { polish(); })
+{
+}
+
+AnchoredList::~AnchoredList()
+{
+    m_goal.stop();
+}
+
+void AnchoredList::setModel(QAbstractItemModel *model)
+{
+    if (m_model == model)
+        return;
+    if (m_model)
+        m_model->disconnect(this);
+    m_model = model;
+    if (model) {
+        using Model = QAbstractItemModel;
+        connect(model, &Model::rowsInserted, this,
+                [this](const QModelIndex &, int first, int last) {
+                    insertRows(first, last - first + 1);
+                });
+        connect(model, &Model::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
+            removeRows(first, last - first + 1);
+        });
+        connect(model, &Model::rowsMoved, this,
+                [this](const QModelIndex &, int first, int last, const QModelIndex &, int to) {
+                    const int count = last - first + 1;
+                    removeRows(first, count);
+                    insertRows(to > first ? to - count : to, count);
+                });
+        connect(model, &Model::dataChanged, this,
+                [this](const QModelIndex &first, const QModelIndex &last, const QList<int> &roles) {
+                    updateRows(first.row(), last.row(), roles);
+                });
+        connect(model, &Model::modelReset, this, &AnchoredList::restart);
+        connect(model, &QObject::destroyed, this, &AnchoredList::restart);
+    }
+    restart();
+    Q_EMIT modelChanged();
+}
+
+void AnchoredList::setKindRole(const QString &role)
+{
+    if (m_kindRole == role)
+        return;
+    m_kindRole = role;
+    m_spareItems.clear();
+    Q_EMIT kindRoleChanged();
+}
+
+void AnchoredList::setDelegate(QQmlComponent *delegate)
+{
+    if (m_delegate == delegate)
+        return;
+    m_delegate = delegate;
+    restart();
+    Q_EMIT delegateChanged();
+}
+
+QVariantList AnchoredList::trailing() const
+{
+    QVariantList components;
+    for (const auto &component : m_trailing)
+        components += QVariant::fromValue(component.data());
+    return components;
+}
+
+void AnchoredList::setTrailing(const QVariantList &components)
+{
+    QList<QPointer<QQmlComponent>> wanted;
+    for (const QVariant &component : components)
+        wanted += component.value<QQmlComponent *>();
+    if (m_trailing == wanted)
+        return;
+    for (qsizetype at = m_trailing.size() - 1; at >= 0; --at) {
+        if (wanted.contains(m_trailing.at(at)))
+            continue;
+        removeRows(modelCount() + int(at), 1);
+        m_trailing.removeAt(at);
+    }
+    for (qsizetype at = 0; at < wanted.size(); ++at) {
+        if (at < m_trailing.size() && m_trailing.at(at) == wanted.at(at))
+            continue;
+        m_trailing.insert(at, wanted.at(at));
+        insertRows(modelCount() + int(at), 1);
+    }
+    Q_EMIT trailingChanged();
+}
+
+void AnchoredList::restart()
+{
+    m_rows.clear();
+    m_leaving.clear();
+    m_spareItems.clear();
+    m_offsets.clear();
+    const int count = modelCount() + int(m_trailing.size());
+    m_offsets.insert(0, count);
+    m_arrivals.assign(std::size_t(count), -1);
+    m_anchor = 0;
+    m_anchorPlace = m_topMargin;
+    m_firstRow = 0;
+    m_isAtEnd = true;
+    m_goal.stop();
+    setCurrentIndex(-1);
+    polish();
+}
+
+void AnchoredList::notePlaces()
+{
+    polish();
+    if (m_layout == 0)
+        return;
+    m_isAtEnd = false;
+    // What is seen first stays, whatever comes and goes below.
+    const int row = std::max(0, m_offsets.rowAt(m_contentY - placeOf(0)));
+    m_anchorPlace = placeOf(row);
+    m_anchor = row;
+    for (std::size_t at = 0; at < m_rows.size(); ++at) {
+        if (m_rows[at] && !m_rows[at]->before)
+            m_rows[at]->before = placeOf(m_firstRow + int(at)) + m_rows[at]->shift();
+    }
+}
+
+void AnchoredList::insertRows(int row, int count)
+{
+    notePlaces();
+    const bool isAbove = row < m_anchor || (row == m_anchor && row < m_offsets.count());
+    m_offsets.insert(row, count);
+    m_arrivals.insert(m_arrivals.begin() + row, std::size_t(count), m_layout);
+    if (isAbove)
+        m_anchor += count;
+    if (row <= m_firstRow) {
+        m_firstRow += count;
+    } else if (row < m_firstRow + int(m_rows.size())) {
+        Rows added{std::size_t(count)};
+        m_rows.insert(m_rows.begin() + (row - m_firstRow), std::move_iterator(added.begin()),
+                      std::move_iterator(added.end()));
+    }
+    if (m_currentIndex >= row) {
+        m_currentIndex += count;
+        Q_EMIT currentIndexChanged();
+    }
+}
+
+void AnchoredList::removeRows(int row, int count)
+{
+    notePlaces();
+    const int first = std::clamp(row - m_firstRow, 0, int(m_rows.size()));
+    const int last = std::clamp(row + count - m_firstRow, 0, int(m_rows.size()));
+    for (int at = first; at < last; ++at) {
+        auto &leaving = m_rows[std::size_t(at)];
+        if (!leaving)
+            continue;
+        leaving->leave();
+        m_leaving.push_back({std::move(leaving), placeOf(m_firstRow + at)});
+    }
+    m_rows.erase(m_rows.begin() + first, m_rows.begin() + last);
+    m_firstRow -= std::clamp(m_firstRow - row, 0, count);
+    m_offsets.remove(row, count);
+    m_arrivals.erase(m_arrivals.begin() + row, m_arrivals.begin() + row + count);
+    m_anchor -= std::clamp(m_anchor - row, 0, count);
+    if (m_currentIndex >= row) {
+        m_currentIndex = m_currentIndex < row + count ? -1 : m_currentIndex - count;
+        Q_EMIT currentIndexChanged();
+    }
+}
+
+void AnchoredList::updateRows(int first, int last, const QList<int> &roles)
+{
+    // Other records move to their places; what is only said otherwise leaves the end where it is.
+    if (roles.isEmpty())
+        notePlaces();
+    const int end = std::min(last + 1, m_firstRow + int(m_rows.size()));
+    for (int row = std::max(first, m_firstRow); row < end; ++row) {
+        const ListRow *shown = rowAt(row);
+        if (!shown)
+            continue;
+        setProperties(*shown->item(), rolesOf(row, roles));
+    }
+}
+
+void AnchoredList::setProperties(QQuickItem &item, const QVariantMap &values)
+{
+    for (auto value = values.begin(); value != values.end(); ++value)
+        item.setProperty(value.key().toUtf8().constData(), value.value());
+}
+
+std::unique_ptr<ListRow> &AnchoredList::slot(int row)
+{
+    if (m_rows.empty())
+        m_firstRow = row;
+    for (; row < m_firstRow; --m_firstRow)
+        m_rows.emplace_front();
+    while (row >= m_firstRow + int(m_rows.size()))
+        m_rows.emplace_back();
+    return m_rows[std::size_t(row - m_firstRow)];
+}
+
+ListRow *AnchoredList::rowAt(int row) const
+{
+    const int at = row - m_firstRow;
+    return at >= 0 && at < int(m_rows.size()) ? m_rows[std::size_t(at)].get() : nullptr;
+}
+
+QQuickItem *AnchoredList::itemAt(int row) const
+{
+    const ListRow *shown = rowAt(row);
+    return shown ? shown->item() : nullptr;
+}
+
+int AnchoredList::indexOf(const QQuickItem *item) const
+{
+    const auto found = std::ranges::find_if(
+        m_rows, [item](const auto &row) { return row && row->item() == item; });
+    return found == m_rows.end() ? -1 : m_firstRow + int(found - m_rows.begin());
+}
+
+std::unique_ptr<ListRow> AnchoredList::make(int row)
+{
+    const QVariant kind = kindOf(row);
+    ItemPointer item = takeSpare(kind);
+    if (item)
+        fillAnew(*item, row);
+    else
+        item = created(row);
+    if (!item)
+        return nullptr;
+    // Screen readers go through the rows in the order of the items.
+    if (QQuickItem *next = itemAt(row + 1))
+        item->stackBefore(next);
+    else if (QQuickItem *previous = itemAt(row - 1))
+        item->stackAfter(previous);
+    item->setHeight(item->implicitHeight());
+    m_offsets.setHeight(row, item->implicitHeight());
+    connect(item.get(), &QQuickItem::implicitHeightChanged, this,
+            [this, shown = item.get()] { measure(shown); });
+    auto made = std::make_unique<ListRow>(std::move(item), [this] { polish(); });
+    made->kind = kind;
+    return made;
+}
+
+ItemPointer AnchoredList::created(int row)
+{
+    const int trailing = row - modelCount();
+    QQmlComponent *component = trailing < 0 ? m_delegate : m_trailing.value(trailing);
+    if (!component || !component->isReady()) {
+        qmlWarning(this) << "cannot make a row: "
+                         << (component ? component->errorString() : QStringLiteral("no component"));
+        return nullptr;
+    }
+    QQmlContext *context = component->creationContext();
+    QVariantMap properties = rolesOf(row);
+    properties[QStringLiteral("parent")] = QVariant::fromValue(this);
+    properties[QStringLiteral("width")] = width();
+    QObject *object =
+        component->createWithInitialProperties(properties, context ? context : qmlContext(this));
+    auto *item = qobject_cast<QQuickItem *>(object);
+    if (!item) {
+        delete object;
+        return nullptr;
+    }
+    QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    item->setParent(this);
+    if (row == m_currentIndex)
+        item->setProperty("isCurrent", true);
+    return ItemPointer(item);
+}
+
+void AnchoredList::fillAnew(QQuickItem &item, int row)
+{
+    item.setWidth(width());
+    setProperties(item, rolesOf(row));
+    item.setProperty("isCurrent", row == m_currentIndex);
+    item.setVisible(true);
+}
+
+QVariant AnchoredList::kindOf(int row) const
+{
+    const int role = m_model ? m_model->roleNames().key(m_kindRole.toUtf8(), -1) : -1;
+    return row < modelCount() && role >= 0 ? m_model->data(m_model->index(row, 0), role)
+                                           : QVariant();
+}
+
+ItemPointer AnchoredList::takeSpare(const QVariant &kind)
+{
+    const auto found = kind.isValid() ? std::ranges::find(m_spareItems, kind, &SpareItem::kind)
+                                      : m_spareItems.end();
+    if (found == m_spareItems.end())
+        return nullptr;
+    ItemPointer item = std::move(found->item);
+    m_spareItems.erase(found);
+    return item;
+}
+
+void AnchoredList::drop(std::unique_ptr<ListRow> dropped)
+{
+    constexpr std::size_t mostSpareItems = 12;
+    if (!dropped || !dropped->kind.isValid())
+        return;
+    ItemPointer item = dropped->takeItem();
+    item->disconnect(this);
+    item->setVisible(false);
+    item->setOpacity(1);
+    m_spareItems.push_back({.kind = dropped->kind, .item = std::move(item)});
+    if (m_spareItems.size() <= mostSpareItems)
+        return;
+    // One of a kind that there are more of, else the one that nothing was found for the longest:
+    // the rarest kinds, with pictures, are the dearest to make.
+    const auto hasTwin = [this](const SpareItem &each) {
+        return std::ranges::count(m_spareItems, each.kind, &SpareItem::kind) > 1;
+    };
+    const auto twin = std::ranges::find_if(m_spareItems, hasTwin);
+    m_spareItems.erase(twin == m_spareItems.end() ? m_spareItems.begin() : twin);
+}
+
+QVariantMap AnchoredList::rolesOf(int row, const QList<int> &roles) const
+{
+    QVariantMap values;
+    if (row >= modelCount())
+        return values;
+    const QModelIndex index = m_model->index(row, 0);
+    const auto names = m_model->roleNames();
+    for (auto name = names.begin(); name != names.end(); ++name) {
+        const bool isWanted = roles.isEmpty() || roles.contains(name.key());
+        if (isWanted && QLatin1String(*name) != m_kindRole)
+            values.insert(QString::fromLatin1(*name), m_model->data(index, name.key()));
+    }
+    return values;
+}
+
+void AnchoredList::measure(const QQuickItem *item)
+{
+    const int row = indexOf(item);
+    if (row < 0)
+        return;
+    itemAt(row)->setHeight(item->implicitHeight());
+    m_offsets.setHeight(row, item->implicitHeight());
+    polish();
+}
+
+void AnchoredList::setCurrentIndex(int row)
+{
+    if (m_currentIndex == row)
+        return;
+    for (const auto &[each, isCurrent] : {std::pair(m_currentIndex, false), std::pair(row, true)}) {
+        if (QQuickItem *item = itemAt(each))
+            item->setProperty("isCurrent", isCurrent);
+    }
+    m_currentIndex = row;
+    Q_EMIT currentIndexChanged();
+}
+
+void AnchoredList::announce(const QString &text)
+{
+#if QT_CONFIG(accessibility)
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QAccessibleAnnouncementEvent event(this, text);
+#else
+    // Nothing here takes a text; what alerts is looked at by some of those who listen.
+    Q_UNUSED(text)
+    QAccessibleEvent event(this, QAccessible::Alert);
+#endif
+    QAccessible::updateAccessibility(&event);
+#else
+    Q_UNUSED(text)
+#endif
+}
+
+} // namespace tolvane

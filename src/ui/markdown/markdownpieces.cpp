@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "ui/markdown/markdownpieces.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtCore/QStringView>
+#include <QtCore/QUrl>
+
+#include <algorithm>
+#include <optional>
+
+namespace tolvane::markdown {
+
+namespace {
+
+bool isAsciiPunctuation(QChar c)
+{
+    return c.unicode() < 0x80 && (c.isPunct() || c.isSymbol());
+}
+
+bool isPunctuation(QChar c)
+{
+    return c.isPunct() || c.isSymbol();
+}
+
+/// Reads a text from its beginning to its end.
+class Reader
+{
+public:
+    explicit Reader(const QString &source)
+        : m_text(source)
+    {
+    }
+
+    Pieces read()
+    {
+        while (m_at < m_source.size()) {
+            if (!readSpecial())
+                addText(m_source.sliced(m_at, 1), 1);
+        }
+        applyEmphasis(m_pieces, 0);
+        return std::move(m_pieces);
+    }
+
+private:
+    struct Bracket
+    {
+        qsizetype piece;
+        bool isImage;
+    };
+
+    QChar at(qsizetype place) const
+    {
+        return place >= 0 && place < m_source.size() ? m_source.at(place) : QChar(u'\n');
+    }
+
+    bool readSpecial()
+    {
+        switch (at(m_at).unicode()) {
+        case u'\\':
+            return readEscape();
+        case u'`':
+            return readCode();
+        case u'*':
+        case u'_':
+        case u'~':
+            return readDelimiters();
+        case u'<':
+            return readAutolink();
+        case u'[':
+            return readBracket();
+        case u']':
+            return readLink();
+        case u'h':
+            return readAddress();
+        default:
+            return false;
+        }
+    }
+
+    void addText(QStringView text, qsizetype length)
+    {
+        if (m_pieces.isEmpty() || !m_isTextLast)
+            m_pieces += Piece();
+        m_pieces.last().text += text;
+        m_isTextLast = true;
+        m_at += length;
+    }
+
+    void add(Piece piece, qsizetype length)
+    {
+        m_pieces += std::move(piece);
+        m_isTextLast = false;
+        m_at += length;
+    }
+
+    bool readEscape()
+    {
+        const bool isEscape = isAsciiPunctuation(at(m_at + 1)) || at(m_at + 1) == u'\n';
+        if (isEscape && m_at + 1 < m_source.size())
+            addText(m_source.sliced(m_at + 1, 1), 2);
+        else
+            addText(u"\\", 1);
+        return true;
+    }
+
+    qsizetype runLength(qsizetype from) const
+    {
+        qsizetype end = from;
+        while (end < m_source.size() && m_source.at(end) == m_source.at(from))
+            ++end;
+        return end - from;
+    }
+
+    bool readCode()
+    {
+        const qsizetype length = runLength(m_at);
+        const qsizetype begin = m_at + length;
+        for (qsizetype end = m_source.indexOf(u'`', begin); end >= 0;) {
+            const qsizetype closing = runLength(end);
+            if (closing == length) {
+                QStringView text = m_source.sliced(begin, end - begin);
+                // So that code may begin or end with a backtick.
+                if (text.startsWith(u' ') && text.endsWith(u' ') && !text.trimmed().isEmpty())
+                    text = text.sliced(1).chopped(1);
+                add({.text = text.toString(), .styles = code}, end + closing - m_at);
+                return true;
+            }
+            end = m_source.indexOf(u'`', end + closing);
+        }
+        addText(m_source.sliced(m_at, length), length);
+        return true;
+    }
+
+    bool readDelimiters()
+    {
+        const QChar delimiter = at(m_at);
+        const qsizetype length = runLength(m_at);
+        const QChar before = at(m_at - 1);
+        const QChar after = at(m_at + length);
+        const bool isLeft = !after.isSpace() &&
+                            (!isPunctuation(after) || before.isSpace() || isPunctuation(before));
+        const bool isRight = !before.isSpace() &&
+                             (!isPunctuation(before) || after.isSpace() || isPunctuation(after));
+        // Names like snake_case_names stay whole, and so does "about ~5".
+        const bool isWordwise = delimiter == u'_';
+        const bool isStyle = delimiter != u'~' || length == 2;
+        Piece piece = {.delimiter = delimiter, .length = int(length), .left = int(length)};
+        piece.canOpen = isStyle && isLeft && (!isWordwise || !isRight || isPunctuation(before));
+        piece.canClose = isStyle && isRight && (!isWordwise || !isLeft || isPunctuation(after));
+        add(piece, length);
+        return true;
+    }
+
+    bool readAutolink()
+    {
+        static const QRegularExpression form(QStringLiteral(
+            "<((?:https?://|mailto:)[^\\s<>]+|[\\w.+-]+@[A-Za-z0-9-]+(?:\\.[A-Za-z0-9-]+)+)>"));
+        const auto match = form.match(m_text, m_at, QRegularExpression::NormalMatch,
+                                      QRegularExpression::AnchorAtOffsetMatchOption);
+        const QString text = match.captured(1);
+        const bool isMail = text.contains(u'@') && !text.contains(u':');
+        const QString link = allowedLink(isMail ? QStringLiteral("mailto:") + text : text);
+        if (!match.hasMatch() || link.isEmpty())
+            return false;
+        add({.text = text, .link = link}, match.capturedLength());
+        return true;
+    }
+
+    /// An address as it is, without any marks.
+    bool readAddress()
+    {
+        const QStringView rest = m_source.sliced(m_at);
+        if (!(rest.startsWith(u"http://") || rest.startsWith(u"https://")) ||
+            at(m_at - 1).isLetterOrNumber())
+            return false;
+        qsizetype end = 0;
+        while (end < rest.size() && !rest.at(end).isSpace() && rest.at(end) != u'<')
+            ++end;
+        const QString text = rest.first(lengthOfAddress(rest.first(end))).toString();
+        const QString link = allowedLink(text);
+        if (link.isEmpty())
+            return false;
+        add({.text = text, .link = link}, text.size());
+        return true;
+    }
+
+    /// The full stop behind an address ends the sentence, and a parenthesis may have begun before.
+    static qsizetype lengthOfAddress(QStringView text)
+    {
+        qsizetype open = text.count(u'(') - text.count(u')');
+        while (!text.isEmpty()) {
+            const QChar last = text.back();
+            const bool isOutside = last == u')' && open < 0;
+            if (!isOutside && !QStringView(u"?!.,:;*_~'\"]").contains(last))
+                break;
+            open += isOutside;
+            text.chop(1);
+        }
+        return text.size();
+    }
+
+    bool readBracket()
+    {
+        m_brackets += {.piece = m_pieces.size(), .isImage = at(m_at - 1) == u'!'};
+        add({.text = QStringLiteral("[")}, 1);
+        return true;
+    }
+
+    /// Where the target ends that begins with the parenthesis there, and what it is.
+    std::optional<std::pair<qsizetype, QString>> target(qsizetype from) const
+    {
+        static const QRegularExpression form(
+            QStringLiteral("\\(\\s*(?:<([^<>\\n]*)>|((?:[^\\s()]|\\([^\\s()]*\\))*))"
+                           "(?:\\s+(?:\"[^\"]*\"|'[^']*'))?\\s*\\)"));
+        const auto match = form.match(m_text, from, QRegularExpression::NormalMatch,
+                                      QRegularExpression::AnchorAtOffsetMatchOption);
+        if (!match.hasMatch())
+            return std::nullopt;
+        return std::pair(match.capturedEnd(), match.captured(1) + match.captured(2));
+    }
+
+    bool readLink()
+    {
+        if (m_brackets.isEmpty())
+            return false;
+        const Bracket bracket = m_brackets.takeLast();
+        const auto found = bracket.isImage ? std::nullopt : target(m_at + 1);
+        const QString link = found ? allowedLink(found->second) : QString();
+        if (link.isEmpty())
+            return false;
+        applyEmphasis(m_pieces, bracket.piece + 1);
+        m_pieces.remove(bracket.piece);
+        for (qsizetype piece = bracket.piece; piece < m_pieces.size(); ++piece)
+            m_pieces[piece].link = link;
+        // There are no links within links.
+        m_brackets.clear();
+        m_isTextLast = false;
+        m_at = found->first;
+        return true;
+    }
+
+    const QString m_text;
+    const QStringView m_source = m_text;
+    qsizetype m_at = 0;
+    Pieces m_pieces;
+    bool m_isTextLast = false;
+    QList<Bracket> m_brackets;
+};
+
+} // namespace
+
+QString allowedLink(const QString &address)
+{
+    const QUrl url(address, QUrl::StrictMode);
+    const QString scheme = url.scheme();
+    const bool isWeb = scheme == QLatin1String("https") || scheme == QLatin1String("http");
+    const bool isMail = scheme == QLatin1String("mailto");
+    if (!url.isValid() || !((isWeb && !url.host().isEmpty()) || (isMail && !url.path().isEmpty())))
+        return {};
+    return QString::fromLatin1(url.toEncoded());
+}
+
+Pieces piecesOf(const QString &source)
+{
+    QString text = source;
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    return Reader(text).read();
+}
+
+} // namespace tolvane::markdown

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/privateexport.h"
+
+#include <QtCore/QObject>
+#include <QtCore/QStringList>
+#include <QtCore/QUrl>
+#include <QtQml/qqmlregistration.h>
+
+#include <algorithm>
+
+namespace tolvane {
+
+/// How the pictures of a message stand in a grid: which are shown, where, and how large. Lengths in
+/// points.
+class TOLVANE_VIEWS_AUTOTEST_EXPORT AttachmentsLayout : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    /// Their addresses, as they came.
+    Q_PROPERTY(QStringList attachments MEMBER attachments NOTIFY changed)
+    Q_PROPERTY(int total READ total NOTIFY changed)
+    /// The most that are shown.
+    Q_PROPERTY(int maxGridSize MEMBER maxGridSize NOTIFY changed)
+    Q_PROPERTY(int count READ count NOTIFY changed)
+    Q_PROPERTY(int columns READ columns NOTIFY changed)
+    Q_PROPERTY(int rows READ rows NOTIFY changed)
+    Q_PROPERTY(double greatestWidth READ greatestWidth NOTIFY changed)
+    Q_PROPERTY(double side READ side NOTIFY changed)
+
+public:
+    using QObject::QObject;
+
+    QStringList attachments;
+    int maxGridSize = 4;
+
+    int total() const { return int(attachments.size()); }
+    int count() const { return std::min(total(), maxGridSize); }
+    int columns() const { return count() == 1 ? 1 : 2; }
+    int rows() const { return (count() + 1) / 2; }
+    double greatestWidth() const { return count() == 1 ? 200 : count() == 2 ? 250 : 280; }
+    double side() const { return count() == 1 ? 200 : count() == 2 ? 122 : 138; }
+
+    /// How many are not shown, if the cell is the one to say so; else 0.
+    Q_INVOKABLE int remaining(int cell) const
+    {
+        return cell == maxGridSize - 1 ? std::max(0, total() - maxGridSize) : 0;
+    }
+
+    /// Empty if what came is no address.
+    Q_INVOKABLE QUrl url(int cell) const { return QUrl(attachments.value(cell), QUrl::StrictMode); }
+
+Q_SIGNALS:
+    void changed();
+};
+
+} // namespace tolvane

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "ui/messages/messagelistmodel.h"
+
+#include <QtCore/QUrl>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+
+#include <algorithm>
+#include <utility>
+
+namespace tolvane {
+
+namespace {
+
+bool isNews(const QList<MessageDto> &messages, const QList<MessageDto> &before)
+{
+    return !before.isEmpty() && messages.size() > before.size() &&
+           messages.constLast().id != before.constLast().id &&
+           !messagerow::isCustomer(messages.constLast());
+}
+
+QStringList attachmentsOf(const MessageRow &row)
+{
+    return row.isFirst ? row.message.attachments.value_or(QStringList()) : QStringList();
+}
+
+} // namespace
+
+void MessageListModel::setMessages(const QList<MessageDto> &messages)
+{
+    // A copy is told at once. Else it is the beginning that most often is the same.
+    const bool isCopy =
+        messages.constData() == m_messages.constData() && messages.size() == m_messages.size();
+    const qsizetype same = isCopy
+                               ? messages.size()
+                               : std::ranges::mismatch(messages, m_messages).in1 - messages.begin();
+    if (same == messages.size() && same == m_messages.size())
+        return;
+    const QList<MessageDto> before = std::exchange(m_messages, messages);
+    replaceBehind(firstRowOf(same), messagerow::rowsOf(messages.sliced(same)));
+    Q_EMIT messagesChanged();
+    if (isNews(messages, before))
+        Q_EMIT messageArrived(messagerow::description(messages.constLast()));
+}
+
+qsizetype MessageListModel::firstRowOf(qsizetype message) const
+{
+    qsizetype row = 0;
+    for (; row < records().size(); ++row) {
+        if (records().at(row).isFirst && message-- == 0)
+            break;
+    }
+    return row;
+}
+
+void MessageListModel::refreshAges()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {captionRole, descriptionRole});
+}
+
+void MessageListModel::copy(int row) const
+{
+    if (row >= 0 && row < rowCount())
+        QGuiApplication::clipboard()->setText(records().at(row).message.content);
+}
+
+QVariant MessageListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const MessageRow &row = records().at(index.row());
+    const MessageDto &message = row.message;
+    switch (role) {
+    case isCustomerRole:
+        return messagerow::isCustomer(message);
+    case avatarRole:
+        return messagerow::avatar(message.sender);
+    case pictureRole:
+        return QUrl(message.sender.profilePicture.value_or(QString()));
+    case contentRole:
+        return QVariant::fromValue(styled(row.text));
+    case captionRole:
+        return messagerow::caption(message);
+    case attachmentsRole:
+        return attachmentsOf(row);
+    case descriptionRole:
+        return messagerow::description(message);
+    case isFirstRole:
+        return row.isFirst;
+    case isLastRole:
+        return row.isLast;
+    case kindRole:
+        return QStringList{messagerow::avatar(message.sender),
+                           styled(row.text).isRich ? QStringLiteral("rich") : QString(),
+                           attachmentsOf(row).isEmpty() ? QString() : QStringLiteral("pictures")};
+    default:
+        return {};
+    }
+}
+
+const StyledText &MessageListModel::styled(const QString &source) const
+{
+    if (m_styledSource != source) {
+        m_styledSource = source;
+        m_styled = inlineMarkdown(source);
+    }
+    return m_styled;
+}
+
+QHash<int, QByteArray> MessageListModel::roleNames() const
+{
+    return {{isCustomerRole, "isCustomer"},   {avatarRole, "avatar"},
+            {pictureRole, "picture"},         {contentRole, "content"},
+            {captionRole, "caption"},         {attachmentsRole, "attachments"},
+            {descriptionRole, "description"}, {isFirstRole, "isFirst"},
+            {isLastRole, "isLast"},           {kindRole, "kind"}};
+}
+
+} // namespace tolvane

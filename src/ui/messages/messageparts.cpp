@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "ui/messages/messageparts.h"
+
+#include <QtCore/QTextBoundaryFinder>
+
+namespace tolvane {
+
+namespace {
+
+/// How much of the text makes a part; it is longer than one.
+qsizetype lengthOfPart(QStringView text)
+{
+    const QStringView most = text.first(longestPart);
+    const qsizetype least = longestPart * 3 / 4;
+    for (const char16_t end : {u'\n', u' '}) {
+        const qsizetype at = most.lastIndexOf(end);
+        if (at >= least)
+            return at + 1;
+    }
+    // What looks like one character may be many: a family, a letter with accents.
+    const QStringView around = text.sliced(least, qMin(text.size(), 2 * longestPart) - least);
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, around.data(), around.size());
+    finder.setPosition(longestPart - least);
+    const qsizetype boundary =
+        finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
+    // A character without an end is none.
+    return boundary > 0 ? least + boundary : longestPart;
+}
+
+} // namespace
+
+QStringList partsOf(const QString &text)
+{
+    QStringList parts;
+    QStringView rest = text;
+    while (rest.size() > longestPart) {
+        const QStringView part = rest.first(lengthOfPart(rest));
+        rest = rest.sliced(part.size());
+        parts += (part.endsWith(u'\n') ? part.chopped(1) : part).toString();
+    }
+    // Most texts are one part, which is no copy.
+    parts += parts.isEmpty() ? text : rest.toString();
+    return parts;
+}
+
+} // namespace tolvane

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "ui/messages/messagerow.h"
+
+#include "platform/platform.h"
+#include "state/timeago.h"
+#include "ui/kit/isolatedtext.h"
+#include "ui/markdown/inlinemarkdown.h"
+#include "ui/messages/messageparts.h"
+
+#include <QtCore/QStringList>
+
+namespace tolvane::messagerow {
+
+namespace {
+
+QString senderLabel(const SenderDto &sender)
+{
+    const Bundle &bundle = *platform().bundle;
+    if (sender.type == words::customer)
+        return bundle.hostString(QStringLiteral("You"));
+    const QString name = isolatedText(sender.name.value_or(QString()));
+    return name.isEmpty() ? bundle.string(QStringLiteral("ticket_support")) : name;
+}
+
+void addRows(QList<MessageRow> &rows, const MessageDto &message)
+{
+    if (message.content.size() <= longestPart) {
+        rows += {.id = message.id, .message = message, .text = message.content};
+        return;
+    }
+    const QStringList parts = partsOf(message.content);
+    for (qsizetype part = 0; part < parts.size(); ++part) {
+        const bool isFirst = part == 0;
+        rows +=
+            {.id = isFirst ? message.id : message.id + QLatin1Char('\n') + QString::number(part),
+             .message = message,
+             .text = parts.at(part),
+             .isFirst = isFirst,
+             .isLast = part == parts.size() - 1};
+    }
+}
+
+} // namespace
+
+QList<MessageRow> rowsOf(const QList<MessageDto> &messages)
+{
+    QList<MessageRow> rows;
+    rows.reserve(messages.size());
+    for (const MessageDto &message : messages)
+        addRows(rows, message);
+    return rows;
+}
+
+bool isCustomer(const MessageDto &message)
+{
+    return message.sender.type == words::customer;
+}
+
+QString avatar(const SenderDto &sender)
+{
+    if (sender.type == words::aiAgent)
+        return QStringLiteral("ai");
+    if (sender.type != words::humanAgent)
+        return QStringLiteral("none");
+    return sender.profilePicture ? QStringLiteral("picture") : QStringLiteral("person");
+}
+
+QString caption(const MessageDto &message)
+{
+    return timeAgoText(message.timestamp) + QStringLiteral(" \u00b7 ") +
+           senderLabel(message.sender);
+}
+
+QString description(const MessageDto &message)
+{
+    // Nobody listens to more in one go, and assistive tools copy it about.
+    constexpr qsizetype longest = 2000;
+    const QString text =
+        withoutMarkdown(message.content.first(qMin(message.content.size(), longest)));
+    QStringList parts = {senderLabel(message.sender), text, timeAgoText(message.timestamp)};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+} // namespace tolvane::messagerow

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "backend/wire/records.h"
+#include "base/privateexport.h"
+
+#include <QtCore/QList>
+
+namespace tolvane {
+
+/// One row of the message list: a message, or a part of one that is too long for a row.
+struct MessageRow
+{
+    QString id;
+    MessageDto message;
+    /// What of the message's text the row shows.
+    QString text;
+    bool isFirst = true;
+    bool isLast = true;
+
+    bool operator==(const MessageRow &) const = default;
+};
+
+/// What the rows say. Main thread.
+namespace messagerow {
+
+QList<MessageRow> rowsOf(const QList<MessageDto> &messages);
+
+bool isCustomer(const MessageDto &message);
+
+/// "picture", "person", "ai" or "none"
+QString avatar(const SenderDto &sender);
+
+/// How long ago, and who.
+TOLVANE_VIEWS_AUTOTEST_EXPORT QString caption(const MessageDto &message);
+
+/// All of the message as one text, for those who hear it.
+TOLVANE_VIEWS_AUTOTEST_EXPORT QString description(const MessageDto &message);
+
+} // namespace messagerow
+
+} // namespace tolvane

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/privateexport.h"
+#include "ui/motion/spring.h"
+
+#include <QtCore/QAbstractAnimation>
+#include <QtCore/QObject>
+#include <QtQml/QQmlParserStatus>
+#include <QtQml/qqmlregistration.h>
+
+namespace tolvane {
+
+/// A number that follows its target on a spring, a step with each frame of the display, and comes
+/// to rest exactly there. A target that changes on the way is taken up at the speed of the moment.
+///
+///     SpringValue { id: height; target: view.isOpen ? 240 : 80 }
+///
+/// Whatever is set while the object is made is there at once. Main thread.
+class TOLVANE_VIEWS_AUTOTEST_EXPORT SpringValue : public QObject, public QQmlParserStatus
+{
+    Q_OBJECT
+    Q_INTERFACES(QQmlParserStatus)
+    QML_ELEMENT
+    /// Only a finite number; an equal one changes nothing.
+    Q_PROPERTY(double target READ target WRITE setTarget NOTIFY targetChanged)
+    Q_PROPERTY(double value READ value NOTIFY valueChanged)
+    /// In seconds; 0 or less follows at once. These two apply from the next target on.
+    Q_PROPERTY(double response READ response WRITE setResponse NOTIFY springChanged)
+    /// At least 0.05, so that it comes to rest.
+    Q_PROPERTY(
+        double dampingFraction READ dampingFraction WRITE setDampingFraction NOTIFY springChanged)
+    Q_PROPERTY(bool isRunning READ isRunning NOTIFY isRunningChanged)
+
+public:
+    explicit SpringValue(QObject *parent = nullptr);
+
+    double target() const { return m_target; }
+    void setTarget(double target);
+    double value() const { return m_value; }
+    double response() const { return m_spring.response; }
+    void setResponse(double response);
+    double dampingFraction() const { return m_spring.dampingFraction; }
+    void setDampingFraction(double fraction);
+    bool isRunning() const { return m_frames.state() == QAbstractAnimation::Running; }
+
+    /// To be there without a motion; the target is the value, too. Ends what is running.
+    Q_INVOKABLE void jumpTo(double value);
+
+Q_SIGNALS:
+    void targetChanged();
+    void valueChanged();
+    void springChanged();
+    void isRunningChanged();
+
+protected:
+    void classBegin() override { m_isComplete = false; }
+    void componentComplete() override { m_isComplete = true; }
+
+private:
+    /// Time by the frames of the display.
+    class Frames final : public QAbstractAnimation
+    {
+    public:
+        explicit Frames(SpringValue &value)
+            : m_springValue(value)
+        {
+        }
+        int duration() const override { return -1; }
+
+    protected:
+        void updateCurrentTime(int) override { m_springValue.step(); }
+
+    private:
+        SpringValue &m_springValue;
+    };
+
+    Spring::Motion motion() const;
+    void step();
+    void rest();
+    void setValue(double value);
+    bool replaceTarget(double target);
+
+    Spring m_spring;
+    /// What runs, and how it began.
+    Spring m_running;
+    Spring::Motion m_start;
+    double m_target = 0;
+    double m_value = 0;
+    Frames m_frames{*this};
+    bool m_isComplete = true;
+};
+
+} // namespace tolvane

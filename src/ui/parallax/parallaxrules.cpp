@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "ui/parallax/parallaxrules.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tolvane {
+
+namespace {
+
+/// A twentieth of the way: less is not worth a second look. What two progresses of exactly that
+/// distance differ by more is rounding.
+constexpr double leastStep = 0.05;
+constexpr double rounding = 1e-9;
+
+/// The part of the threshold below which a collapsed header opens again.
+constexpr double reopening = 0.5;
+
+} // namespace
+
+ParallaxRules::ParallaxRules(const ParallaxConfiguration &configuration)
+    : m_configuration(configuration)
+{
+}
+
+void ParallaxRules::setConfiguration(const ParallaxConfiguration &configuration)
+{
+    m_configuration = configuration;
+}
+
+const ParallaxHeightConfiguration &ParallaxRules::heights() const
+{
+    return m_isLandscape ? m_configuration.landscape() : m_configuration.portrait();
+}
+
+double ParallaxRules::scrollRange() const
+{
+    return openedHeight() - collapsedHeight() - contentCornerRadius;
+}
+
+double ParallaxRules::spacerHeight() const
+{
+    return std::max(0.0, scrollRange());
+}
+
+double ParallaxRules::headerHeight() const
+{
+    return openedHeight() + std::max(m_scrollOffset, -collapsedHeight());
+}
+
+double ParallaxRules::sheetHeight() const
+{
+    return std::max(0.0, m_viewHeight - collapsedHeight());
+}
+
+double ParallaxRules::contentTop() const
+{
+    return collapsedHeight() + std::max(0.0, spacerHeight() + m_scrollOffset);
+}
+
+void ParallaxRules::scroll(double offset)
+{
+    // Every height follows from the offset; what is not a number is no place to be.
+    m_scrollOffset = std::isnan(offset) ? 0 : offset;
+    const double now = progress();
+    if (std::abs(now - m_lastScrollProgress) <= leastStep + rounding)
+        return;
+    m_lastScrollProgress = now;
+    const ParallaxScrollState next = stateAt(now);
+    if (next == m_state)
+        return;
+    m_state = next;
+    if (onStateChange)
+        onStateChange(next);
+}
+
+double ParallaxRules::progress() const
+{
+    const double range = scrollRange();
+    if (!(range > 0))
+        return m_scrollOffset < 0 ? 1 : 0;
+    const double progress = -m_scrollOffset / range;
+    // Also where both are infinite.
+    return progress > 0 ? std::min(progress, 1.0) : 0;
+}
+
+ParallaxScrollState ParallaxRules::stateAt(double progress) const
+{
+    const double threshold = m_configuration.thresholdPercentage();
+    const bool isCollapsed = m_state == ParallaxScrollState::collapsed
+                                 ? progress >= threshold * reopening
+                                 : progress > threshold;
+    return isCollapsed ? ParallaxScrollState::collapsed : ParallaxScrollState::opened;
+}
+
+} // namespace tolvane

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane.Private
+
+// A page of the navigation, for a destination. By address, so that what it is made of is read with the
+// first page, not with the home screen.
+FocusScope {
+    id: page
+
+    /// A TolvaneDestination; stays as it is.
+    required property var destination
+    required property ScreenData screen
+    required property bool isOnTop
+
+    Loader {
+        id: content
+
+        anchors.fill: parent
+        focus: true
+        Component.onCompleted: {
+            if (page.destination.kind === "imageViewer")
+                setSource(Qt.resolvedUrl("../viewer/ImageViewer.qml"), {
+                    imageUrl: page.destination.imageUrl,
+                    messageData: page.screen.messages,
+                    focus: true
+                })
+            else
+                setSource(Qt.resolvedUrl("../conversation/TicketScreen.qml"), {
+                    destination: page.destination,
+                    navigation: page.screen.navigation,
+                    messageData: page.screen.messages,
+                    isOnTop: Qt.binding(() => page.isOnTop),
+                    focus: true
+                })
+        }
+    }
+
+    Connections {
+        target: content.item
+        ignoreUnknownSignals: true
+
+        function onBackRequested() {
+            page.screen.navigation.goBack()
+        }
+    }
+}

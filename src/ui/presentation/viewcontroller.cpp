@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "ui/presentation/viewcontroller.h"
+
+#include "analytics/logger.h"
+#include "analytics/manager.h"
+#include "platform/platform.h"
+#include "state/notifications.h"
+#include "ui/home/screendata.h"
+#include "ui/presentation/viewsengine.h"
+
+#include <QtGui/QGuiApplication>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+
+namespace tolvane {
+
+namespace {
+
+void postState(bool isOpen)
+{
+    platform().notificationCenter->post(notifications::didChangeState,
+                                        QVariantMap{{QStringLiteral("open"), isOpen}});
+}
+
+QPointer<TolvaneViewController> &current()
+{
+    static QPointer<TolvaneViewController> controller;
+    return controller;
+}
+
+} // namespace
+
+TolvaneViewController::TolvaneViewController() = default;
+
+TolvaneViewController::~TolvaneViewController()
+{
+    delete m_view;
+}
+
+void TolvaneViewController::presentInForeground()
+{
+    if (current() && current()->m_data->isShown())
+        return;
+    // One that is sliding out makes room at once.
+    if (current())
+        current()->viewDidDisappear();
+    if (QWindow *window = Stage::foregroundWindow())
+        (new TolvaneViewController)->presentOver(*window);
+}
+
+void TolvaneViewController::presentOver(QWindow &window)
+{
+    m_stage = Stage(window);
+    m_formerFocus = m_stage.window()->activeFocusItem();
+    if (!viewDidLoad()) {
+        deleteLater();
+        return;
+    }
+    current() = this;
+    m_stage.open();
+    m_view->forceActiveFocus();
+    m_data->setShown(true);
+}
+
+bool TolvaneViewController::viewDidLoad()
+{
+    m_data = std::make_unique<ScreenData>();
+    const QUrl file(QStringLiteral(
+        "qrc:/qt-project.org/imports/Tolvane/Private/presentation/TolvanePresentation.qml"));
+    QQmlComponent component(&viewsEngine(), file);
+    if (component.isReady()) {
+        QQuickItem *parent = m_stage.window()->contentItem();
+        m_view = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
+            {{QStringLiteral("screen"), QVariant::fromValue(m_data.get())},
+             {QStringLiteral("parent"), QVariant::fromValue(parent)}}));
+    }
+    if (!m_view) {
+        Logger::shared().log(LogLevel::error, QStringLiteral("The messenger cannot be shown: ") +
+                                                  component.errorString());
+        return false;
+    }
+    QQmlEngine::setObjectOwnership(m_view, QQmlEngine::CppOwnership);
+    connect(m_data.get(), &ScreenData::closeRequested, this, &TolvaneViewController::closeTapped);
+    // Queued, since it is the view itself that says so.
+    connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
+            Qt::QueuedConnection);
+    // The window may be closed or destroyed under the messenger, and the application may end.
+    connect(m_stage.window(), &QWindow::visibleChanged, this, [this](bool isVisible) {
+        if (!isVisible)
+            viewDidDisappear();
+    });
+    connect(m_stage.window(), &QObject::destroyed, this, &TolvaneViewController::viewDidDisappear);
+    connect(qGuiApp, &QCoreApplication::aboutToQuit, this,
+            &TolvaneViewController::viewDidDisappear);
+    m_isOnScreen = true;
+    postState(true);
+    return true;
+}
+
+void TolvaneViewController::viewDidDisappear()
+{
+    if (!std::exchange(m_isOnScreen, false))
+        return;
+    current().clear();
+    delete m_view;
+    m_stage.close();
+    if (m_formerFocus)
+        m_formerFocus->forceActiveFocus();
+    postState(false);
+    deleteLater();
+}
+
+void TolvaneViewController::closeTapped()
+{
+    TolvaneAnalyticsManager::shared().trackUserAction(
+        QStringLiteral("close_button_tapped"), QStringLiteral("chat"),
+        {{QStringLiteral("close_method"), QStringLiteral("button")}});
+    m_data->setShown(false);
+}
+
+} // namespace tolvane

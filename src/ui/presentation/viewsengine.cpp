@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "ui/presentation/viewsengine.h"
+
+#include <QtCore/QPointer>
+#include <QtGui/QGuiApplication>
+#include <QtQml/QQmlEngine>
+
+extern void qml_register_types_Tolvane_Private();
+
+namespace tolvane {
+
+QQmlEngine &viewsEngine()
+{
+    static QPointer<QQmlEngine> engine;
+    if (!engine) {
+        qml_register_types_Tolvane_Private();
+        engine = new QQmlEngine(qGuiApp);
+        // While there still is a platform for what it holds, and after all views have gone.
+        QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, engine, &QObject::deleteLater);
+    }
+    return *engine;
+}
+
+} // namespace tolvane

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/parallax/parallaxscroll.h"
+
+#include <QtQml/QQmlEngine>
+
+// What the views of the module speak of.
+
+namespace tolvane {
+
+struct HostParallax
+{
+    Q_GADGET
+    QML_FOREIGN(tolvane::ParallaxType)
+    QML_NAMED_ELEMENT(Parallax)
+    QML_SINGLETON
+};
+
+struct HostParallaxScroll
+{
+    Q_GADGET
+    QML_FOREIGN(tolvane::ParallaxScroll)
+    QML_NAMED_ELEMENT(ParallaxScroll)
+    QML_UNCREATABLE("ParallaxScrollView makes its own.")
+};
+
+} // namespace tolvane

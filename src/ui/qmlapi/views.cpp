@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "platform/system/userinterface.h"
+#include "ui/presentation/viewcontroller.h"
+
+#include <tolvane/views.h>
+
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtQml/qqmlextensionplugin.h>
+
+extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
+
+// A static library's types and resources are not linked unless something names them. Outside of
+// namespaces, as the macros want it.
+static void keepModules()
+{
+    [[maybe_unused]] void (*const volatile registrations[])() = {
+        qml_register_types_Tolvane, qml_register_types_Tolvane_Private};
+    Q_INIT_RESOURCE(qmake_Tolvane);
+    Q_INIT_RESOURCE(TolvaneQmlApi_raw_qml_0);
+    Q_INIT_RESOURCE(qmlcache_TolvaneQmlApi);
+    Q_INIT_RESOURCE(qmake_Tolvane_Private);
+    Q_INIT_RESOURCE(TolvaneViews_raw_qml_0);
+    Q_INIT_RESOURCE(qmlcache_TolvaneViews);
+    Q_INIT_RESOURCE(tolvane_icons);
+    Q_INIT_RESOURCE(tolvane_shaders);
+}
+
+namespace tolvane {
+
+namespace {
+
+QSizeF screenSize()
+{
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    return screen ? QSizeF(screen->size()) : QSizeF(0, 0);
+}
+
+} // namespace
+
+} // namespace tolvane
+
+// The header calls it as the library is loaded.
+bool TolvaneSdkViews()
+{
+    keepModules();
+    tolvane::registerUserInterface({.present = tolvane::TolvaneViewController::presentInForeground,
+                                    .screenSize = tolvane::screenSize});
+    return true;
+}

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "ui/shapes/roundedshape.h"
+
+#include <QtGui/QPolygonF>
+
+#include <algorithm>
+#include <numbers>
+
+namespace tolvane {
+
+namespace {
+
+QRectF centered(const QSizeF &size, const QRectF &bounds)
+{
+    QRectF rect(QPointF(), size);
+    rect.moveCenter(bounds.center());
+    return rect;
+}
+
+std::array<qreal, 4> radiiIn(const QRectF &target, const Rounding &rounding)
+{
+    const qreal most = std::min(target.width(), target.height()) / 2;
+    if (rounding.isCircle)
+        return {most, most, most, most};
+    std::array<qreal, 4> radii{};
+    for (std::size_t corner = 0; corner < radii.size(); ++corner) {
+        if (rounding.corners & (1 << corner))
+            radii.at(corner) = std::clamp(rounding.radius, 0.0, most);
+    }
+    return radii;
+}
+
+} // namespace
+
+bool RoundedShape::isRounded() const
+{
+    return std::ranges::any_of(radii, [](qreal radius) { return radius > 0; });
+}
+
+ContinuousCorner RoundedShape::corner(std::size_t which) const
+{
+    return ContinuousCorner::of(radii.at(which), std::min(target.width(), target.height()) / 2);
+}
+
+QPainterPath RoundedShape::outline(qreal factor) const
+{
+    constexpr int steps = 24;
+    QPolygonF outline;
+    // Clockwise from the upper left; a corner that is not round is one place.
+    const auto addCorner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter) {
+        const ContinuousCorner corner = this->corner(which);
+        const QPointF center = place - corner.extent * outwards;
+        for (int step = 0; step <= (corner.extent > 0 ? steps : 0); ++step) {
+            const qreal angle = (quarter + qreal(step) / steps) * std::numbers::pi / 2;
+            outline += (center + corner.extent * corner.at(angle)) * factor;
+        }
+    };
+    const QRectF rect(QPointF(), target.size());
+    addCorner(0, rect.topLeft(), {-1, -1}, 2);
+    addCorner(1, rect.topRight(), {1, -1}, 3);
+    addCorner(3, rect.bottomRight(), {1, 1}, 0);
+    addCorner(2, rect.bottomLeft(), {-1, 1}, 1);
+    QPainterPath path;
+    path.addPolygon(outline);
+    path.closeSubpath();
+    return path;
+}
+
+RoundedShape placed(const QSizeF &picture, const QRectF &bounds, FillMode mode,
+                    const Rounding &rounding)
+{
+    RoundedShape shape = {.target = bounds, .source = QRectF(QPointF(), picture)};
+    if (mode == FillMode::fit)
+        shape.target = centered(picture.scaled(bounds.size(), Qt::KeepAspectRatio), bounds);
+    if (mode == FillMode::fill)
+        shape.source = centered(bounds.size().scaled(picture, Qt::KeepAspectRatio), shape.source);
+    if (rounding.isCircle) {
+        const QSizeF whole = shape.target.size();
+        const qreal side = std::min(whole.width(), whole.height());
+        shape.target = centered(QSizeF(side, side), shape.target);
+        shape.source = centered(QSizeF(shape.source.width() * side / whole.width(),
+                                       shape.source.height() * side / whole.height()),
+                                shape.source);
+    }
+    shape.radii = radiiIn(shape.target, rounding);
+    return shape;
+}
+
+} // namespace tolvane

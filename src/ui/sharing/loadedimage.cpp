@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "ui/sharing/loadedimage.h"
+
+#include "platform/async/await.h"
+#include "platform/platform.h"
+#include "ui/images/decoding.h"
+#include "ui/images/imagecache.h"
+
+namespace tolvane {
+
+namespace {
+
+/// The request of the view that shows the picture is under way in this time.
+constexpr std::chrono::milliseconds secondLookAfter(500);
+
+QImage cachedImage(const QUrl &url)
+{
+    ImageCache &cache = ImageCache::shared();
+    UrlRequest request;
+    request.url = url;
+    request.isAnonymous = true;
+    const auto response = cache.responses().cachedResponse(request);
+    if (!response)
+        return {};
+    // A photo that is shown has been decoded already, and is large.
+    const QImage shown = cache.image(ImageCache::key(url));
+    return shown.isNull() ? images::decoded(response->body) : shown;
+}
+
+QFuture<QImage> lookForImage(const QUrl &url)
+{
+    return platform().pictureWorkers->run([url] { return cachedImage(url); });
+}
+
+} // namespace
+
+LoadedImage::~LoadedImage()
+{
+    m_stop.request_stop();
+}
+
+void LoadedImage::componentComplete()
+{
+    detach(load(this, m_url, m_stop.get_token()));
+}
+
+QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_token stop)
+{
+    QFuture<QImage> look = lookForImage(url);
+    QImage image = co_await settled(look);
+    if (image.isNull()) {
+        try {
+            QFuture<void> wait = platform().clock->sleep(secondLookAfter, stop);
+            co_await settled(wait);
+        } catch (const CancellationError &) {
+            co_return;
+        }
+        QFuture<QImage> secondLook = lookForImage(url);
+        image = co_await settled(secondLook);
+    }
+    if (!self || image.isNull())
+        co_return;
+    // The view's own, where that has come meanwhile: a large picture need not be kept twice.
+    const QImage shown = ImageCache::shared().image(ImageCache::key(url));
+    self->m_image = shown.isNull() ? image : shown;
+    Q_EMIT self->imageChanged();
+}
+
+} // namespace tolvane

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "ui/tickets/ticketlistmodel.h"
+
+#include "ui/tickets/ticketrow.h"
+
+#include <QtCore/QUrl>
+
+namespace tolvane {
+
+QVariant TicketListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const TicketPreviewDto &ticket = records().at(index.row());
+    switch (role) {
+    case previewRole:
+        return QVariant::fromValue(ticket);
+    case iconRole:
+        return ticketrow::icon(ticket);
+    case pictureRole:
+        return QUrl(ticket.lastMessage.sender.profilePicture.value_or(QString()));
+    case contentRole:
+        return ticketrow::singleLine(ticket.lastMessage.content);
+    case captionRole:
+        return ticketrow::caption(ticket.lastMessage);
+    case isUnreadRole:
+        return ticketrow::isUnread(ticket.lastMessage);
+    case descriptionRole:
+        return ticketrow::description(ticket);
+    case sectionRole:
+        return QStringLiteral("tickets");
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> TicketListModel::roleNames() const
+{
+    return {{previewRole, "preview"},         {iconRole, "icon"},       {pictureRole, "picture"},
+            {contentRole, "content"},         {captionRole, "caption"}, {isUnreadRole, "isUnread"},
+            {descriptionRole, "description"}, {sectionRole, "section"}};
+}
+
+} // namespace tolvane

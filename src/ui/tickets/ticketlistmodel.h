@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/privateexport.h"
+#include "state/ticketsdata.h"
+#include "ui/kit/recordlistmodel.h"
+
+namespace tolvane {
+
+/// The tickets of a store as rows. Main thread.
+class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketListModel final : public RecordListModel<TicketPreviewDto>
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        /// A TicketPreviewDto, to navigate with.
+        previewRole = Qt::UserRole + 1,
+        /// "closed", "ai", "picture" or "person"
+        iconRole,
+        pictureRole,
+        contentRole,
+        captionRole,
+        isUnreadRole,
+        /// All of the row in one sentence, for screen readers.
+        descriptionRole,
+        /// The same for all: they are one section.
+        sectionRole,
+    };
+
+    using RecordListModel::RecordListModel;
+
+    void setTickets(const TicketsData::Tickets &tickets) { replace(tickets); }
+
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+};
+
+} // namespace tolvane

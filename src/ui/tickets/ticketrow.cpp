@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "ui/tickets/ticketrow.h"
+
+#include "platform/platform.h"
+#include "state/timeago.h"
+#include "ui/kit/isolatedtext.h"
+
+#include <QtCore/QStringList>
+
+namespace tolvane::ticketrow {
+
+namespace {
+
+QString senderLabel(const SenderDto &sender)
+{
+    if (sender.type == words::customer)
+        return platform().bundle->string(QStringLiteral("main_sender_customer_name"));
+    if (sender.type == words::humanAgent && sender.name)
+        return *sender.name;
+    return sender.type;
+}
+
+} // namespace
+
+QString icon(const TicketPreviewDto &ticket)
+{
+    const SenderDto &sender = ticket.lastMessage.sender;
+    if (ticket.state == words::closed)
+        return QStringLiteral("closed");
+    if (sender.type == words::aiAgent)
+        return QStringLiteral("ai");
+    return sender.profilePicture ? QStringLiteral("picture") : QStringLiteral("person");
+}
+
+QString singleLine(const QString &text)
+{
+    // The view shows its beginning; more than that need not be laid out.
+    constexpr qsizetype longest = 500;
+    return text.first(qMin(text.size(), longest)).simplified();
+}
+
+QString caption(const MessageDto &message)
+{
+    return isolatedText(senderLabel(message.sender)) + QStringLiteral(" \u00b7 ") +
+           timeAgoText(message.timestamp);
+}
+
+bool isUnread(const MessageDto &message)
+{
+    return !message.isRead && message.sender.type != words::customer;
+}
+
+QString description(const TicketPreviewDto &ticket)
+{
+    QStringList parts = {senderLabel(ticket.lastMessage.sender),
+                         singleLine(ticket.lastMessage.content),
+                         timeAgoText(ticket.lastMessage.timestamp)};
+    const Bundle &bundle = *platform().bundle;
+    if (ticket.state == words::closed)
+        parts += bundle.string(QStringLiteral("ticket_closed"));
+    if (isUnread(ticket.lastMessage))
+        parts += bundle.string(QStringLiteral("accessibility_unread"));
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
+}
+
+} // namespace tolvane::ticketrow

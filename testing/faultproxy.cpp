@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "testing/faultproxy.h"
+
+#include <QtCore/QTimer>
+#include <QtNetwork/QTcpSocket>
+
+#include <chrono>
+
+namespace tolvane::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+void writeInPieces(QTcpSocket &host, const QByteArray &rest)
+{
+    const qsizetype size = std::max<qsizetype>(rest.size() / 8, 64);
+    host.write(rest.left(size));
+    if (rest.size() > size)
+        QTimer::singleShot(25ms, &host,
+                           [&host, rest, size] { writeInPieces(host, rest.mid(size)); });
+}
+
+void writeWithBody(QTcpSocket &host, const QByteArray &answer, const QByteArray &body)
+{
+    const int status = answer.split(' ').value(1).toInt();
+    host.write(ScriptedServer::response(status, body, {"Content-Type: application/json"}));
+}
+
+QByteArray bodyOf(const QByteArray &answer)
+{
+    return answer.mid(answer.indexOf("\r\n\r\n") + 4);
+}
+
+void writeHalf(QTcpSocket &host, const QByteArray &answer)
+{
+    host.write(answer.left(answer.size() - bodyOf(answer).size() / 2));
+}
+
+/// An answer as it is where the connection to the host goes on.
+QByteArray keptAlive(QByteArray answer)
+{
+    return answer.replace("Connection: close\r\n", "");
+}
+
+QByteArray wireForm(const ServedRequest &request)
+{
+    QByteArray text = request.method + ' ' + request.target + " HTTP/1.1\r\n";
+    for (const auto &[name, value] : request.headers) {
+        if (name != "connection")
+            text += name + ": " + value + "\r\n";
+    }
+    return text + "Connection: close\r\n\r\n" + request.body;
+}
+
+} // namespace
+
+namespace faults {
+
+const Fault none = {"none", true,
+                    [](QTcpSocket &host, const QByteArray &answer) { host.write(answer); }};
+const Fault reset = {"reset", false,
+                     [](QTcpSocket &host, const QByteArray &) { ScriptedServer::reset(host); }};
+const Fault resetAfter = {"reset after", true, reset.act};
+const Fault truncated = {"truncated", true, [](QTcpSocket &host, const QByteArray &answer) {
+                             writeHalf(host, answer);
+                             host.disconnectFromHost();
+                         }};
+const Fault stalled = {"stalled", false, [](QTcpSocket &, const QByteArray &) {}};
+const Fault stalledHalfWay = {"stalled half-way", true, writeHalf};
+const Fault drip = {"drip", true, writeInPieces};
+const Fault doubled = {"doubled", true, [](QTcpSocket &host, const QByteArray &answer) {
+                           host.write(answer + answer);
+                       }};
+const Fault late = {"late", true, [](QTcpSocket &host, const QByteArray &answer) {
+                        QTimer::singleShot(700ms, &host, [&host, answer] { host.write(answer); });
+                    }};
+const Fault unavailable = {"unavailable", false, [](QTcpSocket &host, const QByteArray &) {
+                               host.write(ScriptedServer::response(503, "busy"));
+                           }};
+const Fault badGateway = {"bad gateway", true, [](QTcpSocket &host, const QByteArray &) {
+                              host.write(ScriptedServer::response(502, "<h1>Bad Gateway</h1>"));
+                          }};
+const Fault noHttp = {"no HTTP", false, [](QTcpSocket &host, const QByteArray &) {
+                          host.write("* OK IMAP4rev1 ready\r\n\r\n");
+                          host.disconnectFromHost();
+                      }};
+const Fault garbled = {"garbled", true, [](QTcpSocket &host, const QByteArray &answer) {
+                           writeWithBody(host, answer, bodyOf(answer).replace(':', '\0'));
+                       }};
+const Fault null = {"null", true, [](QTcpSocket &host, const QByteArray &answer) {
+                        writeWithBody(host, answer, "null");
+                    }};
+
+const std::array<const Fault *, 13> all = {
+    &reset, &resetAfter,  &truncated,  &stalled, &stalledHalfWay, &drip, &doubled,
+    &late,  &unavailable, &badGateway, &noHttp,  &garbled,        &null};
+
+} // namespace faults
+
+FaultProxy::FaultProxy(quint16 backendPort)
+    : m_backendPort(backendPort)
+{
+    m_server.handler = [this](const ServedRequest &request, QTcpSocket &host) {
+        const Fault &fault = m_isOffline ? faults::reset
+                             : faultFor  ? faultFor(request)
+                                         : faults::none;
+        if (fault.reachesBackend)
+            pass(request, host, fault);
+        else
+            fault.act(host, {});
+    };
+}
+
+void FaultProxy::pass(const ServedRequest &request, QTcpSocket &host, const Fault &fault)
+{
+    auto *backend = new QTcpSocket(&host);
+    QObject::connect(backend, &QTcpSocket::disconnected, &host, [backend, &host, &fault] {
+        backend->deleteLater();
+        fault.act(host, keptAlive(backend->readAll()));
+    });
+    QObject::connect(backend, &QTcpSocket::errorOccurred, &host, [backend, &host](auto) {
+        // The end of an answer counts as an error, too.
+        if (backend->state() == QAbstractSocket::UnconnectedState && backend->bytesAvailable() == 0)
+            ScriptedServer::reset(host);
+    });
+    backend->connectToHost(QHostAddress::LocalHost, m_backendPort);
+    backend->write(wireForm(request));
+}
+
+void FaultProxy::setOffline(bool isOffline)
+{
+    m_isOffline = isOffline;
+    if (!isOffline)
+        return;
+    for (auto *host : m_server.findChildren<QTcpSocket *>(Qt::FindDirectChildrenOnly))
+        ScriptedServer::reset(*host);
+}
+
+} // namespace tolvane::test

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "testing/testplatform.h"
+
+#include "analytics/logger.h"
+#include "analytics/manager.h"
+#include "backend/configuration.h"
+#include "base/errors.h"
+#include "base/shared.h"
+#include "state/pollingservice.h"
+
+namespace tolvane::test {
+
+Fixture::Fixture()
+{
+    auto installed = std::make_unique<Platform>(makeProductionPlatform());
+    installed->workers = std::make_unique<InlineExecutor>();
+    installed->pictureWorkers = std::make_unique<InlineExecutor>();
+    installed->pollingThread = makeMainExecutor();
+    installed->notificationCenter =
+        std::make_unique<RecordingCenter>(*installed->mainThread, broadcasts);
+    const auto install = [](auto &service, auto replacement) {
+        auto *raw = replacement.get();
+        service = std::move(replacement);
+        return raw;
+    };
+    clock = install(installed->clock, std::make_unique<ManualClock>());
+    preferences = install(installed->preferences, std::make_unique<MemoryPreferences>());
+    session = install(installed->urlSession, std::make_unique<ScriptedSession>());
+    device = install(installed->device, std::make_unique<FakeDevice>());
+    bundle = install(installed->bundle, std::make_unique<FakeBundle>());
+    installed->makeLogSink = [lines = log](const QString &,
+                                           const QString &) -> std::unique_ptr<LogSink> {
+        return makeCapturingSink(lines);
+    };
+    installed->makeUrlCache = [this](UrlCache::Settings settings) {
+        settings.diskPath = m_caches.filePath(settings.diskPath);
+        return makeUrlCache(settings);
+    };
+    installed->environmentVariable = [this](const char *name) -> std::optional<QString> {
+        const auto found = environment.constFind(QString::fromLatin1(name));
+        return found == environment.cend() ? std::nullopt : std::optional(*found);
+    };
+    m_before = exchangePlatform(std::move(installed));
+    Logger::shared().setEnabled(true);
+    TolvaneAnalyticsManager::shared().setDelegate(delegate);
+}
+
+Fixture::~Fixture()
+{
+    // What the test's handler refers to has gone before this.
+    session->handler = [](const UrlRequest &) -> UrlResponse { throw CancellationError(); };
+    session->release();
+    const auto polling = PollingService::shared();
+    QFuture<QList<QString>> active = polling->activeTickets();
+    settle();
+    for (const QString &ticketId : active.result())
+        polling->stopPolling(ticketId);
+    // Whatever sleeps without a way to be stopped wakes up.
+    clock->advance(std::chrono::hours(1));
+    settle();
+    resetSharedInstances();
+    exchangePlatform(std::move(m_before));
+}
+
+void Fixture::setKey(const QString &key)
+{
+    Configuration::shared().adoptApiKey(key);
+}
+
+UrlResponse json(const QByteArray &body, int status)
+{
+    return {.status = status, .headers = {{"Content-Type", "application/json"}}, .body = body};
+}
+
+} // namespace tolvane::test

@@ -1,0 +1,496 @@
+// SPDX-License-Identifier: MIT
+#include "testing/ui/screens.h"
+
+#include "state/destination.h"
+#include "testing/ui/samples.h"
+#include "ui/images/imagecache.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QPainter>
+#include <QtGui/QPalette>
+
+using namespace Qt::StringLiterals;
+
+namespace tolvane::test {
+
+namespace {
+
+const QString cdn = u"https://cdn.example/"_s;
+
+QByteArray photo()
+{
+    static const QByteArray bytes = [] {
+        QImage image(900, 600, QImage::Format_RGB32);
+        QPainter painter(&image);
+        QLinearGradient sky(0, 0, 0, 600);
+        sky.setColorAt(0, QColor(0x8fc7e8));
+        sky.setColorAt(0.7, QColor(0xfdf3df));
+        painter.fillRect(image.rect(), sky);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0xf2b33d));
+        painter.drawEllipse(QPoint(640, 250), 80, 80);
+        painter.setBrush(QColor(0x35594b));
+        painter.drawEllipse(QPoint(250, 700), 500, 300);
+        painter.setBrush(QColor(0x24423a));
+        painter.drawEllipse(QPoint(750, 760), 500, 300);
+        painter.end();
+        return encoded(image, "png");
+    }();
+    return bytes;
+}
+
+BrandingDto demoBranding()
+{
+    return {.primaryLight = u"#63B5AD"_s,
+            .accentLight = u"#0B3340"_s,
+            .chatBackgroundLight = u"#F5F4F0"_s,
+            .fontColorBasicLight = u"#14262E"_s,
+            .fontColorUserBubbleLight = u"#FFFFFF"_s,
+            .fontColorAgentBubbleLight = u"#14262E"_s,
+            .bubbleUserLight = u"#0F5C63"_s,
+            .bubbleAgentLight = u"#E5E8E5"_s,
+            .primaryDark = u"#1F5A6B"_s,
+            .accentDark = u"#FFCFA6"_s,
+            .chatBackgroundDark = u"#0D1519"_s,
+            .fontColorBasicDark = u"#EAF1F2"_s,
+            .fontColorUserBubbleDark = u"#FFFFFF"_s,
+            .fontColorAgentBubbleDark = u"#E6EDEE"_s,
+            .bubbleUserDark = u"#1D6B70"_s,
+            .bubbleAgentDark = u"#1D2A30"_s,
+            .logoLight = cdn + u"logo"_s,
+            .logoDark = cdn + u"logo"_s,
+            .updatedAt = u"1"_s};
+}
+
+struct Line
+{
+    const char *type;
+    const char *name;
+    const char *text;
+    int pictures;
+    /// Minutes before noon, the present time.
+    int age;
+};
+
+// What people write is theirs, in whatever language.
+constexpr Line lines[] = {
+    {"customer", "", "Hello, my parcel has not arrived. Can you look where it is?", 0, 9000},
+    {"ai agent", "Nova",
+     "Of course! The carrier had it on **Tuesday** in `Leipzig`.\n\nDo you have "
+     "a picture of the note? See [how to find it](https://help.example/note).",
+     0, 4000},
+    {"customer", "", "", 1, 2900},
+    {"customer", "", "And two more of the parcel", 2, 2890},
+    {"human agent", "Marisol Ferreira-Van den Bosch",
+     "Thank you. I have asked the depot, and they have found it: a label had come off. It will be "
+     "with you tomorrow before noon, and we refund what you paid for the sending. I am sorry that "
+     "you had to write to us about it at all.",
+     0, 1500},
+    {"human agent", "", "Pictures of the depot", 3, 1400},
+    {"human agent", "Ünal", "More of them", 6, 180},
+    {"human agent", "ليلى", "شكراً لانتظارك، سيصل الطرد غداً قبل الظهر.", 0, 61},
+    {"customer", "", "👍🎉", 0, 2},
+    {"customer", "",
+     "Donaudampfschifffahrtselektrizitätenhauptbetriebswerkbauunterbeamtengesellschaft", 0, 0},
+};
+
+QString timestamp(int age)
+{
+    return QDateTime(QDate(2026, 3, 14), QTime(12, 0), Qt::UTC)
+               .addSecs(-60 * age)
+               .toString(u"yyyy-MM-ddTHH:mm:ss"_s) +
+           u"+0000"_s;
+}
+
+MessageDto messageOf(const Line &line, int number)
+{
+    MessageDto message = makeMessage(u"m%1"_s.arg(number), QString::fromUtf8(line.type));
+    const QString name = QString::fromUtf8(line.name);
+    if (!name.isEmpty()) {
+        message.sender.name = name;
+        if (message.sender.type == words::humanAgent)
+            message.sender.profilePicture = cdn + u"person"_s;
+    }
+    message.content = QString::fromUtf8(line.text);
+    message.timestamp = timestamp(line.age);
+    message.isRead = number % 3 == 0;
+    QList<QString> pictures;
+    for (int index = 0; index < line.pictures; ++index)
+        pictures += cdn + u"photo%1-%2"_s.arg(number).arg(index);
+    if (!pictures.isEmpty())
+        message.attachments = pictures;
+    return message;
+}
+
+TicketDto sampleTicket()
+{
+    TicketDto ticket = makeTicket({});
+    ticket.assignee = words::humanAgent;
+    ticket.schedules = {{.id = u"s"_s,
+                         .startTime = u"2026-03-14T00:00:00+0000"_s,
+                         .endTime = u"2026-03-14T00:01:00+0000"_s,
+                         .days = {u"Mon"_s}}};
+    int number = 0;
+    for (const Line &line : lines)
+        ticket.messages += messageOf(line, number++);
+    return ticket;
+}
+
+QByteArray sampleList()
+{
+    QList<QByteArray> rows;
+    int number = 0;
+    for (const Line &line : lines) {
+        TicketPreviewDto preview = makePreview(number == 0 ? u"t1"_s : u"t-%1"_s.arg(number));
+        preview.lastMessage = messageOf(line, number);
+        preview.state = number == 3 ? words::closed : u"open"_s;
+        rows += json::encode(preview);
+        ++number;
+    }
+    return '[' + rows.join(',') + ']';
+}
+
+QQuickItem *lastIn(QQuickItem *item, const char *type)
+{
+    if (!item || !item->isVisible())
+        return nullptr;
+    const QList<QQuickItem *> children = item->childItems();
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
+        if (QQuickItem *found = lastIn(*child, type))
+            return found;
+    }
+    return QByteArray(item->metaObject()->className()).startsWith(type) ? item : nullptr;
+}
+
+} // namespace
+
+void Look::apply() const
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(isDark ? 0x16181d : 0xf4f4f4));
+    palette.setColor(QPalette::WindowText, QColor(isDark ? Qt::white : Qt::black));
+    QGuiApplication::setPalette(palette);
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(qRound(13 * textScale));
+    QGuiApplication::setFont(font);
+}
+
+std::span<const Screens::Screen> Screens::all()
+{
+    static constexpr Screen screens[] = {
+        {"home-skeleton", &Screens::homeSkeleton},
+        {"home-loading", &Screens::homeLoading},
+        {"home-list", &Screens::homeList},
+        {"home-current", &Screens::homeCurrent},
+        {"home-collapsed", &Screens::homeCollapsed},
+        {"home-empty", &Screens::homeEmpty},
+        {"home-error", &Screens::homeError},
+        {"conversation-loading", &Screens::conversationLoading},
+        {"conversation", &Screens::conversation},
+        {"conversation-beginning", &Screens::conversationBeginning},
+        {"conversation-typing", &Screens::conversationTyping},
+        {"conversation-closed", &Screens::conversationClosed},
+        {"conversation-error", &Screens::conversationError},
+        {"conversation-new", &Screens::conversationNew},
+        {"conversation-hovered", &Screens::conversationHovered},
+        {"composer-text", &Screens::composerText},
+        {"composer-attachments", &Screens::composerAttachments},
+        {"composer-sending", &Screens::composerSending},
+        {"viewer-loading", &Screens::viewerLoading},
+        {"viewer", &Screens::viewer},
+        {"viewer-menu", &Screens::viewerMenu},
+        {"viewer-notice", &Screens::viewerNotice},
+    };
+    return screens;
+}
+
+void Screens::addRows()
+{
+    QTest::addColumn<QString>("screen");
+    for (const Screen &screen : all())
+        QTest::newRow(screen.name) << QString::fromLatin1(screen.name);
+}
+
+Screens::Screens(const Look &look)
+    : m_ticket(sampleTicket())
+{
+    look.apply();
+    bundle->speak(look.language);
+    host.resize(look.size);
+    listJson = sampleList();
+    session->handler = [this](const UrlRequest &request) { return respond(request); };
+}
+
+UrlResponse Screens::respond(const UrlRequest &request)
+{
+    if (request.url.isLocalFile()) {
+        QFile file(request.url.toLocalFile());
+        return {.status = 200,
+                .headers = {},
+                .body = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray()};
+    }
+    const QString path = request.url.path();
+    if (request.url.host() == u"cdn.example"_s) {
+        if (!m_hasPictures)
+            throw UrlError(UrlError::notConnectedToInternet);
+        return {.status = 200, .headers = {}, .body = photo()};
+    }
+    if (path.endsWith(u"/settings"_s))
+        return answer(demoBranding());
+    if (isFailing)
+        throw UrlError(UrlError::notConnectedToInternet);
+    if (path.endsWith(u"/tickets"_s))
+        return test::json(listJson);
+    return answer(m_ticket);
+}
+
+void Screens::show(const Screen &screen)
+{
+    if (!showHost())
+        qFatal("The host has no window");
+    (this->*screen.open)();
+    rest();
+}
+
+void Screens::show(const QString &name)
+{
+    const auto screens = all();
+    const auto found = std::ranges::find(
+        screens, name, [](const Screen &screen) { return QString::fromLatin1(screen.name); });
+    if (found == screens.end())
+        qFatal("No such screen: %s", qPrintable(name));
+    show(*found);
+}
+
+QStringList Screens::data()
+{
+    QStringList data;
+    for (const Line &line : lines) {
+        data += QString::fromUtf8(line.name);
+        data += QString::fromUtf8(line.text).simplified();
+        // As the backend calls them.
+        data += QString::fromUtf8(line.type);
+    }
+    return data;
+}
+
+QQuickItem *Screens::last(const char *type) const
+{
+    return lastIn(messenger(), type);
+}
+
+ScreenData &Screens::screen() const
+{
+    return *messenger()->property("screen").value<ScreenData *>();
+}
+
+ComposerData &Screens::composer() const
+{
+    return *last("TicketComposer_")->property("composer").value<ComposerData *>();
+}
+
+bool Screens::isAtRest() const
+{
+    const QQuickItem *content = last("TolvaneScreen_");
+    const QQuickItem *stack = last("TolvaneNavigationStack_");
+    return (!content || content->y() == 0) &&
+           (!stack || stack->property("depth") == stack->property("topmost"));
+}
+
+void Screens::rest()
+{
+    settle();
+    if (!QTest::qWaitFor([this] { return isAtRest(); }, 30000))
+        qFatal("What moves does not come to rest");
+    // Views come and go.
+    QTest::qWait(400);
+}
+
+void Screens::open()
+{
+    loadSettings();
+    TolvaneViewController::presentInForeground();
+    rest();
+    if (!QTest::qWaitFor([this] { return !screen().isLoading(); }))
+        qFatal("The list was not loaded");
+    rest();
+}
+
+void Screens::openTicket()
+{
+    open();
+    TicketPreviewDto preview = makePreview();
+    preview.lastMessage = m_ticket.messages.constFirst();
+    screen().navigation()->navigate(TolvaneDestination::ticket(preview));
+    rest();
+}
+
+void Screens::openPicture()
+{
+    UrlRequest request;
+    request.url = QUrl(cdn + u"photo2-0"_s);
+    if (m_hasPictures)
+        ImageCache::shared().responses().store(respond(request), request);
+    openTicket();
+    screen().messages()->setSelectedAttachment(request.url);
+    rest();
+}
+
+void Screens::homeSkeleton()
+{
+    TolvaneViewController::presentInForeground();
+}
+
+void Screens::homeLoading()
+{
+    loadSettings();
+    session->held = true;
+    TolvaneViewController::presentInForeground();
+}
+
+void Screens::homeList()
+{
+    open();
+}
+
+void Screens::homeCurrent()
+{
+    open();
+    QTest::keyClick(&host, Qt::Key_Down);
+    QTest::keyClick(&host, Qt::Key_Down);
+}
+
+void Screens::homeCollapsed()
+{
+    open();
+    QQuickItem *list = last("QQuickListView");
+    list->setProperty("contentY", list->property("contentY").toReal() + 190);
+}
+
+void Screens::homeEmpty()
+{
+    listJson = "[]";
+    open();
+}
+
+void Screens::homeError()
+{
+    isFailing = true;
+    open();
+}
+
+void Screens::conversationLoading()
+{
+    open();
+    session->held = true;
+    TicketPreviewDto preview = makePreview();
+    preview.lastMessage = m_ticket.messages.at(4);
+    screen().navigation()->navigate(TolvaneDestination::ticket(preview));
+}
+
+void Screens::conversation()
+{
+    openTicket();
+}
+
+void Screens::conversationBeginning()
+{
+    openTicket();
+    last("TicketMessageList_")->forceActiveFocus(Qt::TabFocusReason);
+    QTest::keyClick(&host, Qt::Key_Home);
+}
+
+void Screens::conversationTyping()
+{
+    m_ticket.assignee = words::aiAgent;
+    openTicket();
+}
+
+void Screens::conversationClosed()
+{
+    m_ticket.state = words::closed;
+    m_ticket.assignee = words::aiAgent;
+    openTicket();
+}
+
+void Screens::conversationError()
+{
+    open();
+    isFailing = true;
+    screen().navigation()->navigate(TolvaneDestination::ticket(makePreview()));
+}
+
+void Screens::conversationNew()
+{
+    open();
+    screen().navigation()->navigate(TolvaneDestination::newTicket());
+}
+
+void Screens::conversationHovered()
+{
+    openTicket();
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(u"/pictures/one.png"_s)});
+    QDragEnterEvent event({100, 200}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&host, &event);
+    rest();
+}
+
+void Screens::composerText()
+{
+    openTicket();
+    composer().setMessage(u"First of all, thank you.\n\n"_s +
+                          u"Now there is one thing more that I would like to ask. "_s.repeated(12));
+}
+
+void Screens::composerAttachments()
+{
+    openTicket();
+    QTemporaryDir folder;
+    QList<QUrl> files;
+    for (int number = 0; number < 4; ++number) {
+        const QString path = folder.filePath(u"picture%1.png"_s.arg(number));
+        solid({300, 200}, QColor::fromHsv(number * 80, 120, 220)).save(path);
+        files += QUrl::fromLocalFile(path);
+    }
+    composer().addFiles(files);
+    settle();
+    rest();
+}
+
+void Screens::composerSending()
+{
+    openTicket();
+    composer().setMessage(u"On its way"_s);
+    session->held = true;
+    composer().send();
+}
+
+void Screens::viewerLoading()
+{
+    m_hasPictures = false;
+    openPicture();
+}
+
+void Screens::viewer()
+{
+    openPicture();
+}
+
+void Screens::viewerMenu()
+{
+    openPicture();
+    const QQuickItem *share = last("ImageActions_");
+    QTest::mouseClick(&host, Qt::LeftButton, {},
+                      share->mapRectToScene(share->boundingRect()).center().toPoint());
+}
+
+void Screens::viewerNotice()
+{
+    openPicture();
+    QTest::qWait(600);
+    QTest::keyClick(&host, Qt::Key_C, Qt::ControlModifier);
+}
+
+} // namespace tolvane::test

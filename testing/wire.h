@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "backend/wire/json.h"
+#include "testing/testplatform.h"
+
+namespace tolvane::test {
+
+inline MessageDto makeMessage(const QString &id, const QString &senderType = words::customer,
+                              const QString &ticketId = QStringLiteral("t1"))
+{
+    return {.id = id,
+            .ticketId = ticketId,
+            .sender = {.id = QStringLiteral("s-") + senderType,
+                       .name = {},
+                       .profilePicture = {},
+                       .type = senderType},
+            .content = QStringLiteral("text of ") + id,
+            .isRead = false,
+            .timestamp = QStringLiteral("2026-03-14T12:00:00+0000"),
+            .attachments = {}};
+}
+
+inline TicketDto makeTicket(const QList<MessageDto> &messages,
+                            const QString &id = QStringLiteral("t1"))
+{
+    return {.id = id,
+            .state = QStringLiteral("open"),
+            .assignee = words::aiAgent,
+            .messages = messages,
+            .schedules = {}};
+}
+
+inline TicketPreviewDto makePreview(const QString &id = QStringLiteral("t1"))
+{
+    return {.id = id,
+            .state = QStringLiteral("open"),
+            .lastMessage = makeMessage(QStringLiteral("last"), words::customer, id)};
+}
+
+template <typename Record>
+UrlResponse answer(const Record &record)
+{
+    return json(tolvane::json::encode(record));
+}
+
+} // namespace tolvane::test

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "analytics/logger.h"
+#include "base/base32.h"
+#include "base/decodingerror.h"
+#include "base/ulid.h"
+#include "testing/testplatform.h"
+
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+class IdentityTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void base32_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArray>("text");
+        QTest::newRow("none") << QByteArray() << QByteArray();
+        QTest::newRow("one") << QByteArray("\xff") << QByteArray("ZW======");
+        QTest::newRow("two") << QByteArray("\0\x01", 2) << QByteArray("000G====");
+        QTest::newRow("three") << QByteArray("abc") << QByteArray("C5H66===");
+        QTest::newRow("four") << QByteArray("abcd") << QByteArray("C5H66S0=");
+        QTest::newRow("five") << QByteArray("abcde") << QByteArray("C5H66S35");
+    }
+
+    void base32()
+    {
+        QFETCH(const QByteArray, bytes);
+        QFETCH(const QByteArray, text);
+        QCOMPARE(encodeBase32(bytes, crockfordBase32, Base32Padding::add), text);
+        QCOMPARE(decodeBase32(text, crockfordBase32), bytes);
+        QCOMPARE(decodeBase32(text.toLower(), crockfordBase32), bytes);
+        QVERIFY(!decodeBase32(QByteArray(text).replace('=', "") + 'U', crockfordBase32));
+    }
+
+    void parses_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("canonical"); // Empty where it is no id.
+        const QString id = u"01hq3v6m5y9t8s7r6q5p4n3m2k"_s;
+        QTest::newRow("canonical") << id << id;
+        QTest::newRow("upper case") << id.toUpper() << id;
+        QTest::newRow("aliases") << u"OIhq3v6m5y9t8s7r6q5p4n3m2k"_s << id;
+        QTest::newRow("bits that don't fit are lost") << u"8"_s + id.sliced(1) << id;
+        QTest::newRow("short") << id.chopped(1) << QString();
+        QTest::newRow("long") << id + u'0' << QString();
+        QTest::newRow("invalid letter") << id.chopped(1) + u'u' << QString();
+        QTest::newRow("padding") << id.chopped(1) + u'=' << QString();
+        QTest::newRow("26 characters, 27 bytes") << id.chopped(1) + u'é' << QString();
+    }
+
+    void parses()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const QString, canonical);
+        const std::optional<ULID> id = ULID::parse(text);
+        QCOMPARE(id ? id->description() : QString(), canonical);
+        try {
+            QCOMPARE(ULID::decode(text, u"a.b"_s), id);
+        } catch (const DecodingError &error) {
+            QVERIFY(!id);
+            QCOMPARE(error.codingPath(), u"a.b"_s);
+            QCOMPARE(error.localizedDescription(),
+                     u"a.b: Attempted to decode ULID from invalid ULID string."_s);
+        }
+    }
+
+    void sortsByTime()
+    {
+        const auto at = [](qint64 ms) {
+            return ULID::generate(QDateTime::fromMSecsSinceEpoch(ms, Qt::UTC));
+        };
+        QCOMPARE(at(0).description().first(10), u"0000000000"_s);
+        QCOMPARE(at((1LL << 48) - 1).description().first(10), u"7zzzzzzzzz"_s);
+        QCOMPARE(at(1LL << 48).description().first(10), u"0000000000"_s);
+        for (qint64 ms = 1'773'489'600'000; ms < 1'773'489'600'100; ++ms) {
+            QVERIFY(at(ms) < at(ms + 1));
+            QVERIFY(at(ms).description() < at(ms + 1).description());
+            QVERIFY(at(ms) != at(ms));
+        }
+    }
+
+    void linesHaveTheirForm_data()
+    {
+        QTest::addColumn<int>("level");
+        QTest::addColumn<QString>("word");
+        QTest::addColumn<int>("type");
+        QTest::newRow("debug") << 0 << u"DEBUG"_s << int(LogType::debug);
+        QTest::newRow("info") << 1 << u"INFO"_s << int(LogType::info);
+        QTest::newRow("warning") << 2 << u"WARNING"_s << int(LogType::error);
+        QTest::newRow("error") << 3 << u"ERROR"_s << int(LogType::error);
+        QTest::newRow("critical") << 4 << u"CRITICAL"_s << int(LogType::fault);
+    }
+
+    void linesHaveTheirForm()
+    {
+        QFETCH(const int, level);
+        QFETCH(const QString, word);
+        QFETCH(const int, type);
+        Fixture fixture;
+        Logger &logger = Logger::shared();
+        logger.log(static_cast<LogLevel>(level), u"100 %s %1 %n"_s);
+        const QString time = fixture.clock->now().toLocalTime().toString(u"HH:mm:ss"_s);
+        QCOMPARE(fixture.log->lines,
+                 QStringList{u"[Tolvane] [%1] [%2.000] "_s.arg(word, time) + u"100 %s %1 %n"_s});
+        QCOMPARE(int(fixture.log->types.constFirst()), type);
+        fixture.log->disabledTypes = {static_cast<LogType>(type)};
+        logger.log(static_cast<LogLevel>(level), u"the platform doesn't want it"_s);
+        logger.setEnabled(false);
+        fixture.log->disabledTypes.clear();
+        logger.log(static_cast<LogLevel>(level), u"nor does the host"_s);
+        QCOMPARE(fixture.log->lines.size(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(IdentityTest)
+#include "tst_identity.moc"

@@ -1,0 +1,487 @@
+// SPDX-License-Identifier: MIT
+#include "analytics/manager.h"
+#include "backend/persistentstore.h"
+#include "base/errors.h"
+#include "base/ulid.h"
+#include "state/notifications.h"
+#include "state/pollingservice.h"
+#include "state/sdkdata.h"
+#include "state/ticketdata.h"
+#include "testing/wire.h"
+
+#include <tolvane/tolvane.h>
+#include <tolvane/version.h>
+
+#include <QtCore/QThread>
+#include <QtTest/QTest>
+
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+using Event = TolvaneAnalyticsEvent;
+
+namespace {
+
+const QString notInitialized = u"Tolvane is not initialized"_s;
+
+struct Scene : Fixture
+{
+    Scene()
+    {
+        session->handler = [this](const UrlRequest &) {
+            if (failing)
+                throw UrlError(UrlError::notConnectedToInternet);
+            return test::json("{}", 304);
+        };
+        platform().present = [this] {
+            if (delegate)
+                presentations += delegate->names();
+        };
+    }
+
+    void initialize()
+    {
+        Tolvane::initialize(u"key"_s);
+        settle();
+        forget();
+    }
+
+    void forget()
+    {
+        delegate->events.clear();
+        log->lines.clear();
+        session->requests.clear();
+    }
+
+    /// The lines without category, level and time.
+    QStringList texts() const
+    {
+        QStringList texts;
+        for (const QString &line : log->lines)
+            texts += line.section(u"] "_s, 3);
+        return texts.filter(QRegularExpression(u"^(?!Analytics event)"_s));
+    }
+
+    bool failing = false;
+    QStringList presentations; ///< The names of the events sent before each.
+};
+
+QVariantMap push(const QVariantMap &content = {}, const QVariant &source = u"tolvane"_s)
+{
+    QVariantMap payload = content;
+    payload.insert(u"source"_s, source);
+    return payload;
+}
+
+const QVariantMap messageContent = {
+    {u"id"_s, u"m"_s}, {u"ticketId"_s, u"t"_s}, {u"odd"_s, QVariantList{1, QVariant(), 2.5}}};
+
+struct ThrowingDelegate final : TolvaneAnalyticsDelegate
+{
+    void didReceiveEvent(const Event &) override { throw std::runtime_error("host"); }
+};
+
+struct SelfRemovingDelegate final : TolvaneAnalyticsDelegate
+{
+    void didReceiveEvent(const Event &) override
+    {
+        Tolvane::setAnalyticsDelegate(nullptr);
+        self->reset();
+        ++calls;
+    }
+    std::shared_ptr<TolvaneAnalyticsDelegate> *self = nullptr;
+    int calls = 0;
+};
+
+} // namespace
+
+class TolvaneTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initializeInOrder()
+    {
+        Scene scene;
+        Tolvane::initialize(QString()); // Empty is a key like any other.
+        QCOMPARE(scene.session->requests.size(), 0);
+        const auto id = persistentstore::customerId();
+        QVERIFY(id && ULID::parse(*id));
+        QCOMPARE(scene.texts(),
+                 QStringList({u"New customer ID generated: "_s + *id, u"SDK initialized"_s}));
+        QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::sdkInitialized});
+        const Event event = scene.delegate->events.constFirst();
+        QCOMPARE(event.properties(), QVariantMap({{u"action_type"_s, u"lifecycle"_s},
+                                                  {u"device_model"_s, u"Test Model"_s},
+                                                  {u"os_version"_s, u"12.4"_s}}));
+        QCOMPARE(event.customerId(), id);
+        QVERIFY(!event.originalCustomerId());
+        QCOMPARE(event.environment(), u"production"_s);
+        QCOMPARE(event.sdkVersion(), u"0.1.0"_s);
+        settle();
+        QVERIFY(SdkData::shared()->settingsDidLoad());
+        scene.forget();
+
+        Tolvane::initialize(u"other"_s);
+        settle();
+        QVERIFY(scene.log->lines.isEmpty() && scene.delegate->events.isEmpty() &&
+                scene.session->requests.isEmpty());
+    }
+
+    void initializeWithoutAStore()
+    {
+        Scene scene;
+        scene.preferences->canOpen = false;
+        Tolvane::initialize(u"key"_s);
+        settle();
+        QVERIFY(scene.texts().constFirst().startsWith("New customer ID generated: "_L1));
+        QVERIFY(!scene.delegate->events.constFirst().customerId());
+        QVERIFY(SdkData::shared()->settingsDidLoad());
+    }
+
+    void callsBeforeInitializeDoNothing_data()
+    {
+        QTest::addColumn<std::function<void()>>("call");
+        using Call = std::function<void()>;
+        QTest::newRow("open") << Call([] { Tolvane::open(); });
+        QTest::newRow("updateCustomer")
+            << Call([] { QVERIFY(Tolvane::updateCustomer({}, u"id"_s).isFinished()); });
+        QTest::newRow("setDeviceToken") << Call([] { Tolvane::setDeviceToken("x"); });
+        QTest::newRow("handlePushNotification")
+            << Call([] { Tolvane::handlePushNotification(push(messageContent)); });
+        QTest::newRow("willPresentNotification") << Call(
+            [] { QCOMPARE(Tolvane::willPresentNotification(push()), PresentationOptions::none); });
+    }
+
+    void callsBeforeInitializeDoNothing()
+    {
+        QFETCH(const std::function<void()>, call);
+        Scene scene;
+        Tolvane::enableLogging(false);
+        call();
+        settle();
+        // Said even with logging off: the host's developer has to see it.
+        QCOMPARE(scene.texts(), QStringList{notInitialized});
+        QCOMPARE(scene.log->types, QList{LogType::fault});
+        QVERIFY(scene.delegate->events.isEmpty() && scene.session->requests.isEmpty() &&
+                scene.broadcasts.isEmpty() && scene.presentations.isEmpty());
+        QVERIFY(scene.preferences->values->isEmpty());
+    }
+
+    void updateCustomer_data()
+    {
+        QTest::addColumn<std::optional<QString>>("email");
+        QTest::addColumn<std::optional<QString>>("originalId");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QByteArray>("body");
+        using Text = std::optional<QString>;
+        QTest::newRow("both") << Text(u"a@b.c"_s) << Text(u"7"_s)
+                              << "Customer updated: a@b.c 7 mine"
+                              << QByteArray(R"({"email":"a@b.c","originalId":"7"})");
+        QTest::newRow("empty is present")
+            << Text(QString()) << Text() << "Customer updated:  nil mine"
+            << QByteArray(R"({"email":""})");
+        QTest::newRow("neither") << Text() << Text() << "Customer updated: nil nil mine"
+                                 << QByteArray("{}");
+        QTest::newRow("percent signs stay")
+            << Text(u"%2%1"_s) << Text(u"%3"_s) << "Customer updated: %2%1 %3 mine"
+            << QByteArray(R"({"email":"%2%1","originalId":"%3"})");
+    }
+
+    void updateCustomer()
+    {
+        QFETCH(const std::optional<QString>, email);
+        QFETCH(const std::optional<QString>, originalId);
+        QFETCH(const QString, line);
+        QFETCH(const QByteArray, body);
+        Scene scene;
+        persistentstore::setCustomerId(u"mine"_s);
+        persistentstore::setCustomerOriginalId(u"before"_s);
+        scene.initialize();
+        scene.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
+        const QFuture<void> done = Tolvane::updateCustomer(email, originalId);
+        QCOMPARE(persistentstore::customerOriginalId(), originalId); // Before any answer.
+        settle();
+        QVERIFY(done.isFinished() && !done.isCanceled());
+        QCOMPARE(scene.session->requests.constFirst().body, body);
+        QCOMPARE(scene.texts(), QStringList{line});
+        const QVariantMap properties =
+            scene.delegate->properties(Event::Lifecycle::customerUpdated);
+        QCOMPARE(properties.value(u"has_email"_s), email.has_value());
+        QCOMPARE(properties.value(u"has_original_id"_s), originalId.has_value());
+    }
+
+    void aFailedUpdateKeepsTheOriginalId()
+    {
+        Scene scene;
+        scene.initialize();
+        scene.failing = true;
+        const QFuture<void> done = Tolvane::updateCustomer({}, u"7"_s);
+        settle();
+        QVERIFY(done.isFinished() && !done.isCanceled());
+        QCOMPARE(persistentstore::customerOriginalId(), u"7"_s);
+        QVERIFY(scene.texts().constFirst().startsWith("Error updating customer: "_L1));
+        const QVariantMap error = scene.delegate->properties(Event::Errors::networkError);
+        QCOMPARE(error.value(u"error_context"_s), u"updateCustomer"_s);
+        QCOMPARE(error.value(u"error_code"_s), -1009);
+    }
+
+    void deviceTokensAreRegistered()
+    {
+        Scene scene;
+        scene.initialize();
+        persistentstore::setCustomerOriginalId(u"7"_s);
+        Tolvane::setDeviceToken(QByteArray::fromHex("0aff"));
+        QCOMPARE(scene.texts(), QStringList{u"Device token: 0aff"_s});
+        QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::deviceTokenSet});
+        QVERIFY(scene.session->requests.isEmpty());
+        settle();
+        QCOMPARE(scene.session->requests.constFirst().body,
+                 QByteArray(R"({"originalId":"7","deviceToken":"0aff"})"));
+        // The scripted 304 counts as a failure here: told to analytics, not to the log.
+        QCOMPARE(scene.delegate->properties(Event::Errors::apiError).value(u"error_context"_s),
+                 u"setDeviceToken"_s);
+        QCOMPARE(scene.texts().size(), 1);
+    }
+
+    void pushesAreRecognised_data()
+    {
+        QTest::addColumn<QVariantMap>("payload");
+        QTest::addColumn<bool>("ours");
+        QTest::newRow("ours") << push() << true;
+        QTest::newRow("case counts") << push({}, u"Tolvane"_s) << false;
+        QTest::newRow("other type") << push({}, 5) << false;
+        QTest::newRow("bytes are no text") << push({}, QByteArray("tolvane")) << false;
+        QTest::newRow("null") << push({}, QVariant()) << false;
+        QTest::newRow("empty") << QVariantMap() << false;
+    }
+
+    void pushesAreRecognised()
+    {
+        QFETCH(const QVariantMap, payload);
+        QFETCH(const bool, ours);
+        Scene scene;
+        QCOMPARE(Tolvane::isTolvanePushNotification(payload), ours);
+        scene.initialize();
+        QCOMPARE(Tolvane::willPresentNotification(payload),
+                 ours ? PresentationOptions::soundAndBanner : PresentationOptions::none);
+        QCOMPARE(scene.delegate->names().contains(Event::Notifications::pushReceived), ours);
+        Tolvane::handlePushNotification(payload);
+        QCOMPARE(scene.delegate->names().contains(Event::Notifications::pushTapped), ours);
+        QVERIFY(scene.broadcasts.isEmpty());
+    }
+
+    void pushesAreRouted_data()
+    {
+        QTest::addColumn<QVariantMap>("content");
+        QTest::addColumn<QString>("broadcast");
+        QTest::addColumn<QVariantMap>("userInfo");
+        QTest::addColumn<bool>("isCounted");
+        const QString message = u"message"_s;
+        const QString preview = u"ticketPreview"_s;
+        const QVariantMap bare = {{u"id"_s, u"m"_s}};
+        QTest::newRow("message") << QVariantMap{{message, messageContent}, {preview, bare}}
+                                 << notifications::didReceiveMessage << messageContent << true;
+        QTest::newRow("message without its ticket")
+            << QVariantMap{{message, bare}} << notifications::didReceiveMessage << bare << false;
+        QTest::newRow("state") << QVariantMap{{preview, bare}}
+                               << notifications::didReceiveStateUpdate << bare << false;
+        QTest::newRow("message of another type falls through")
+            << QVariantMap{{message, 5}, {preview, bare}} << notifications::didReceiveStateUpdate
+            << bare << false;
+        QTest::newRow("neither") << QVariantMap() << QString() << QVariantMap() << false;
+    }
+
+    void pushesAreRouted()
+    {
+        QFETCH(const QVariantMap, content);
+        QFETCH(const QString, broadcast);
+        QFETCH(const QVariantMap, userInfo);
+        QFETCH(const bool, isCounted);
+        for (const bool isOpen : {false, true}) {
+            Scene scene;
+            scene.initialize();
+            SdkData::shared();
+            platform().notificationCenter->post(notifications::didChangeState,
+                                                QVariantMap{{u"open"_s, isOpen}});
+            scene.broadcasts.clear();
+            if (isOpen)
+                QCOMPARE(Tolvane::willPresentNotification(push(content)),
+                         PresentationOptions::sound);
+            else
+                Tolvane::handlePushNotification(push(content));
+            QCOMPARE(scene.broadcasts.size(), broadcast.isEmpty() ? 0 : 1);
+            if (!broadcast.isEmpty()) {
+                QCOMPARE(scene.broadcasts.constFirst().name, broadcast);
+                QCOMPARE(scene.broadcasts.constFirst().userInfo, userInfo);
+            }
+            QStringList events =
+                isOpen ? QStringList{Event::Notifications::pushReceived} : QStringList();
+            events += Event::Notifications::pushTapped;
+            if (!isOpen)
+                events += Event::Chat::opened;
+            QCOMPARE(scene.presentations, isOpen ? QStringList() : events);
+            if (isCounted)
+                events += Event::Chat::messageReceived;
+            QCOMPARE(scene.delegate->names(), events);
+        }
+    }
+
+    void whateverIsInAPayloadIsSurvived_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QVariant deep = u"bottom"_s;
+        QVariant deepMap = deep;
+        for (int i = 0; i < 5'000; ++i) {
+            deep = QVariantList{deep};
+            deepMap = QVariantMap{{u"message"_s, deepMap}};
+        }
+        QTest::newRow("deep lists") << deep;
+        QTest::newRow("deep dictionaries") << deepMap;
+        QTest::newRow("huge text") << QVariant(QString(5'000'000, u'x'));
+        QTest::newRow("lone surrogate") << QVariant(QString(QChar(0xd800)));
+        QTest::newRow("number") << QVariant(1e308);
+        QTest::newRow("no number") << QVariant(qQNaN());
+        QTest::newRow("null") << QVariant();
+        QTest::newRow("null of a type") << QVariant(QMetaType(QMetaType::QVariantMap));
+        QTest::newRow("bytes") << QVariant(QByteArray("\0\xff", 2));
+        QTest::newRow("date") << QVariant(QDateTime());
+        QTest::newRow("hash") << QVariant(QVariantHash{{u"id"_s, 1}});
+        QTest::newRow("object") << QVariant::fromValue<QObject *>(nullptr);
+    }
+
+    void whateverIsInAPayloadIsSurvived()
+    {
+        QFETCH(const QVariant, value);
+        Scene scene;
+        scene.initialize();
+        const auto ticket = std::make_shared<TicketData>(makePreview());
+        const auto polling = PollingService::shared(); // Both read what is broadcast.
+        const auto observation = platform().notificationCenter->observe(
+            notifications::didReceiveMessage, NotificationCenter::Delivery::mainThread,
+            [ticket](const auto &userInfo) { ticket->onMessageNotification(userInfo); });
+        const bool isDictionary = value.typeId() == QMetaType::QVariantMap;
+        QVariantMap partly = tolvane::json::dictionary(makeMessage(u"m"_s));
+        partly.insert(u"attachments"_s, value);
+        for (const QVariantMap &content :
+             {QVariantMap{{u"message"_s, value}}, QVariantMap{{u"ticketPreview"_s, value}},
+              QVariantMap{{u"message"_s, partly}}, QVariantMap{{u"extra"_s, value}}}) {
+            scene.broadcasts.clear();
+            Tolvane::handlePushNotification(push(content));
+            settle();
+            const bool isRouted = !content.contains(u"extra"_s) &&
+                                  (isDictionary || content.value(u"message"_s) == partly);
+            QCOMPARE(scene.broadcasts.size(), isRouted ? 1 : 0);
+            if (isRouted)
+                QVERIFY(scene.broadcasts.constFirst().userInfo == content.constBegin()->toMap());
+        }
+        QVERIFY(!Tolvane::isTolvanePushNotification({{u"source"_s, value}}));
+    }
+
+    void callsFromOtherThreadsArriveInOrder()
+    {
+        Scene scene;
+        const std::unique_ptr<QThread> thread(QThread::create([] {
+            Tolvane::initialize(u"key"_s);
+            Tolvane::open();
+            Tolvane::handlePushNotification(push());
+            QCOMPARE(Tolvane::willPresentNotification(push()), PresentationOptions::none);
+        }));
+        thread->start();
+        thread->wait();
+        QVERIFY(scene.delegate->events.isEmpty());
+        settle();
+        QCOMPARE(scene.delegate->names().first(3),
+                 QStringList({Event::Lifecycle::sdkInitialized, Event::Chat::opened,
+                              Event::Notifications::pushTapped}));
+        QCOMPARE(scene.texts().filter(u"off the main thread"_s).size(), 1);
+    }
+
+    void delegatesDoNoHarm()
+    {
+        Scene scene;
+        const auto throwing = std::make_shared<ThrowingDelegate>();
+        Tolvane::setAnalyticsDelegate(throwing);
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"host"_s));
+        Tolvane::initialize(u"key"_s);
+
+        auto owned = std::make_shared<SelfRemovingDelegate>();
+        auto *raw = owned.get();
+        std::shared_ptr<TolvaneAnalyticsDelegate> self = std::move(owned);
+        raw->self = &self;
+        Tolvane::setAnalyticsDelegate(self);
+        Tolvane::open();
+        Tolvane::open();
+        QVERIFY(!self);
+
+        Tolvane::setAnalyticsDelegate(scene.delegate); // Nothing comes afterwards.
+        QVERIFY(scene.delegate->events.isEmpty());
+        QCOMPARE(
+            scene.texts().filter(u"Analytics delegate set: "_s),
+            QStringList({u"Analytics delegate set: enabled"_s, u"Analytics delegate set: enabled"_s,
+                         u"Analytics delegate set: disabled"_s,
+                         u"Analytics delegate set: enabled"_s}));
+        std::weak_ptr<TolvaneAnalyticsDelegate> weak = scene.delegate;
+        scene.delegate.reset();
+        QVERIFY(weak.expired()); // The library holds it weakly.
+        Tolvane::open();
+    }
+
+    void errorsAreClassified_data()
+    {
+        QTest::addColumn<QString>("domain");
+        QTest::addColumn<QString>("description");
+        QTest::addColumn<QString>("event");
+        QTest::newRow("network") << "x.NSURLErrorDomain"
+                                 << "bad configuration" << Event::Errors::networkError;
+        QTest::newRow("configuration")
+            << "other"
+            << "The CONFIGURATION is off" << Event::Errors::configurationError;
+        QTest::newRow("else") << "other"
+                              << "text" << Event::Errors::apiError;
+    }
+
+    void errorsAreClassified()
+    {
+        QFETCH(const QString, domain);
+        QFETCH(const QString, description);
+        QFETCH(const QString, event);
+        Scene scene;
+        scene.bundle->version = u"3.1"_s;
+        auto &manager = TolvaneAnalyticsManager::shared();
+        manager.trackError({}, {{u"k"_s, 1}}, Error(domain, 7, description));
+        QCOMPARE(scene.delegate->names(), QStringList{event});
+        const QVariantMap properties = scene.delegate->properties(event);
+        QCOMPARE(properties.value(u"error_message"_s), description);
+        QCOMPARE(properties.value(u"error_code"_s), 7);
+        QCOMPARE(properties.value(u"k"_s), 1);
+        QVERIFY(!properties.contains(u"error_context"_s));
+
+        manager.setEnabled(false);
+        scene.forget();
+        manager.trackUserAction(u"a"_s, u"s"_s, {});
+        QVERIFY(scene.delegate->events.isEmpty() && scene.log->lines.isEmpty());
+        manager.setEnabled(true);
+        manager.trackUserAction(u"a"_s, u"s"_s, {});
+        QCOMPARE(scene.delegate->properties(u"user_action"_s).value(u"screen_name"_s), u"s"_s);
+    }
+
+    void environmentsHaveNames()
+    {
+        for (const char *name : {"production", "development", "alpha"}) {
+            const auto environment = Tolvane::environmentFromRawValue(QString::fromLatin1(name));
+            QVERIFY(environment);
+            QCOMPARE(Tolvane::rawValue(*environment), QString::fromLatin1(name));
+        }
+        QVERIFY(!Tolvane::environmentFromRawValue(u"Production"_s));
+        QCOMPARE(TolvaneSdkVersionNumber, 1.0);
+        QCOMPARE(
+            std::strcmp(TolvaneSdkVersionString, "@(#)PROGRAM:TolvaneSdk  PROJECT:Tolvane-1\n"), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TolvaneTest)
+#include "tst_tolvane.moc"

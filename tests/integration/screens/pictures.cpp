@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// Saves a picture of each screen in each look, for people to look at.
+#include "testing/ui/screens.h"
+
+#include <QtCore/QDir>
+#include <QtGui/QGuiApplication>
+
+using namespace Qt::StringLiterals;
+using tolvane::test::Look;
+using tolvane::test::Screens;
+
+namespace {
+
+const QList<Look> &looks()
+{
+    static const QList<Look> looks = {
+        {.name = u"phone"_s},
+        {.name = u"phone-dark"_s, .isDark = true},
+        {.name = u"small"_s, .size = {320, 480}},
+        {.name = u"small-german-large"_s, .size = {320, 480}, .language = u"de"_s, .textScale = 2},
+        {.name = u"phone-large"_s, .textScale = 2},
+        {.name = u"phone-arabic"_s, .language = u"ar"_s},
+        {.name = u"landscape"_s, .size = {844, 390}},
+        {.name = u"landscape-arabic-dark"_s,
+         .size = {844, 390},
+         .language = u"ar"_s,
+         .isDark = true},
+        {.name = u"landscape-german-large"_s,
+         .size = {844, 390},
+         .language = u"de"_s,
+         .textScale = 2},
+        {.name = u"desktop"_s, .size = {1400, 900}},
+        {.name = u"wide-dark"_s, .size = {2560, 1440}, .isDark = true},
+    };
+    return looks;
+}
+
+bool take(const Look &look, const Screens::Screen &screen, const QDir &folder)
+{
+    Screens screens(look);
+    screens.show(screen);
+    const QString file = folder.filePath(look.name + u'-' + QLatin1String(screen.name) + u".png"_s);
+    std::printf("%s\n", qPrintable(file));
+    return screens.host.grabWindow().save(file);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QGuiApplication app(argc, argv);
+    const QStringList arguments = QGuiApplication::arguments();
+    if (arguments.size() < 2 || !QDir().mkpath(arguments.at(1))) {
+        std::fprintf(stderr, "Usage: tolvane-pictures FOLDER [LOOK [SCREEN]]\n"
+                             "The names of looks and screens are matched by their beginning.\n");
+        return EXIT_FAILURE;
+    }
+    bool isDone = true;
+    for (const Look &look : looks()) {
+        if (arguments.size() > 2 && look.name != arguments.at(2))
+            continue;
+        for (const Screens::Screen &screen : Screens::all()) {
+            if (QLatin1String(screen.name).startsWith(arguments.value(3)))
+                isDone = take(look, screen, QDir(arguments.at(1))) && isDone;
+        }
+    }
+    return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
+}

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: MIT
+// Every screen in a language that nobody speaks: longer than most and marked, so that a text that
+// was not translated stands out, and one that has no room is found.
+#include "testing/ui/screens.h"
+
+#include <QtCore/QRegularExpression>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+QString pseudo(const QString &text)
+{
+    static const QString plain = u"aeiouyAEIOUYcnsz"_s;
+    static const QString accented = u"áëîöûÿÁËÎÖÛŸçñšž"_s;
+    static const QString filling = u" ïpšûm dölör šït ámët çöñšëçtët ádïpïšçï vëlït"_s;
+    QString changed = text;
+    for (QChar &letter : changed) {
+        const qsizetype place = plain.indexOf(letter);
+        if (place >= 0)
+            letter = accented.at(place);
+    }
+    return u"⟦"_s + changed + filling.repeated(4).first(text.size() * 4 / 10) + u"⟧"_s;
+}
+
+/// What is the same in every language.
+const QStringList &fixedTexts()
+{
+    static const QStringList texts = {u"👋"_s, u"🤖"_s, u"Send us a message"_s,
+                                      u"We typically reply in a few minutes."_s};
+    return texts;
+}
+
+bool isA(const QQuickItem *item, const char *type)
+{
+    return QByteArray(item->metaObject()->className()).startsWith(type);
+}
+
+const QQuickItem *ancestor(const QQuickItem *item, const char *type)
+{
+    for (; item; item = item->parentItem()) {
+        if (isA(item, type))
+            return item;
+    }
+    return nullptr;
+}
+
+const QQuickItem *scroller(const QQuickItem *item)
+{
+    for (; item; item = item->parentItem()) {
+        if (item->inherits("QQuickFlickable"))
+            return item;
+    }
+    return nullptr;
+}
+
+/// A text as it is seen.
+struct Shown
+{
+    const QQuickItem *item;
+    QString text;
+    /// What is painted, in the window.
+    QRectF place;
+
+    QString name() const { return u"\"%1\" in %2"_s.arg(text.left(60), owner()); }
+    QString owner() const
+    {
+        for (const QQuickItem *each = item; each; each = each->parentItem()) {
+            const QByteArray type = each->metaObject()->className();
+            if (type.contains("_QMLTYPE_"))
+                return QString::fromLatin1(type.left(type.indexOf("_QMLTYPE_")));
+        }
+        return {};
+    }
+};
+
+QRectF painted(const QQuickItem *item)
+{
+    const QSizeF content(item->property("contentWidth").toReal(),
+                         item->property("contentHeight").toReal());
+    const int alignment = item->property("effectiveHorizontalAlignment").toInt();
+    const double spare = item->width() - content.width();
+    const double x = alignment == Qt::AlignRight     ? spare
+                     : alignment == Qt::AlignHCenter ? spare / 2
+                                                     : 0;
+    const bool isCentred = item->property("verticalAlignment").toInt() == Qt::AlignVCenter;
+    const double y = isCentred ? (item->height() - content.height()) / 2 : 0;
+    return item->mapRectToScene(QRectF({x, y}, content));
+}
+
+void collect(const QQuickItem *item, QList<Shown> &shown)
+{
+    if (!item->isVisible() || item->opacity() == 0)
+        return;
+    const QString text = item->property("text").toString();
+    if (item->inherits("QQuickText") && !text.isEmpty())
+        shown += {item, text, painted(item)};
+    for (const QQuickItem *child : item->childItems())
+        collect(child, shown);
+}
+
+class PseudoLocaleTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { Look().apply(); }
+
+    void allIsTranslatedAndFits_data() { Screens::addRows(); }
+
+    void allIsTranslatedAndFits()
+    {
+        QFETCH(const QString, screen);
+        Screens screens(Look{});
+        screens.bundle->dress = pseudo;
+        screens.show(screen);
+        const Look looks[] = {{.size = {390, 844}},
+                              {.size = {320, 480}},
+                              {.size = {844, 390}},
+                              {.size = {390, 844}, .textScale = 2},
+                              {.size = {320, 480}, .textScale = 2}};
+        QStringList faults;
+        for (const Look &look : looks) {
+            look.apply();
+            screens.host.resize(look.size);
+            QTest::qWait(200);
+            QList<Shown> shown;
+            collect(screens.messenger(), shown);
+            for (const QString &fault : faultsOf(shown, QRectF({}, look.size))) {
+                faults += u"%1x%2 at %3: %4"_s.arg(look.size.width())
+                              .arg(look.size.height())
+                              .arg(look.textScale)
+                              .arg(fault);
+            }
+            QVERIFY(!shown.isEmpty() || screen == u"home-skeleton"_s);
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n')));
+    }
+
+    void faultsAreFound_data()
+    {
+        QTest::addColumn<QByteArray>("qml");
+        QTest::addColumn<QString>("fault");
+        QTest::newRow("sound") << QByteArray("text: '⟦short⟧'; width: 100") << QString();
+        QTest::newRow("elided") << QByteArray("text: '⟦much longer than that⟧'; width: 50; "
+                                              "elide: Text.ElideRight")
+                                << QString();
+        QTest::newRow("not translated")
+            << QByteArray("text: 'short'; width: 100") << u"not translated"_s;
+        QTest::newRow("beyond its item")
+            << QByteArray("text: '⟦much longer than that⟧'; width: 50") << u"too wide"_s;
+        QTest::newRow("too high") << QByteArray("text: '⟦a⟧'; width: 50; height: 4")
+                                  << u"too high"_s;
+        QTest::newRow("cut") << QByteArray("text: '⟦a b c d⟧'; width: 30; wrapMode: Text.Wrap; "
+                                           "maximumLineCount: 1")
+                             << u"cut without an ellipsis"_s;
+        QTest::newRow("outside") << QByteArray("text: '⟦short⟧'; x: 380") << u"out of the window"_s;
+    }
+
+    void faultsAreFound()
+    {
+        QFETCH(const QByteArray, qml);
+        QFETCH(const QString, fault);
+        QQuickView window;
+        QQmlComponent component(window.engine());
+        component.setData("import QtQuick\nItem { Text { " + qml + " } }", {});
+        const std::unique_ptr<QObject> root(component.create());
+        QVERIFY2(root, qPrintable(component.errorString()));
+        QList<Shown> shown;
+        collect(qobject_cast<QQuickItem *>(root.get()), shown);
+        const QStringList faults = faultsOf(shown, {0, 0, 400, 400});
+        QCOMPARE(faults.size(), fault.isEmpty() ? 0 : 1);
+        QVERIFY(fault.isEmpty() || faults.constFirst().contains(fault));
+    }
+
+private:
+    static QStringList faultsOf(const QList<Shown> &shown, const QRectF &window)
+    {
+        QStringList faults;
+        for (const Shown &each : shown) {
+            if (!isTranslated(each))
+                faults += u"not translated: "_s + each.name();
+            if (const QString fault = cutOff(each, window); !fault.isEmpty())
+                faults += fault + u": "_s + each.name();
+        }
+        for (qsizetype first = 0; first < shown.size(); ++first) {
+            for (qsizetype second = first + 1; second < shown.size(); ++second) {
+                if (overlap(shown.at(first), shown.at(second)))
+                    faults += shown.at(first).name() + u" overlaps "_s + shown.at(second).name();
+            }
+        }
+        return faults;
+    }
+
+    static bool isTranslated(const Shown &shown)
+    {
+        // A message is its author's; so is what was left out of a longer one.
+        if (ancestor(shown.item, "MessageBubble_") || shown.text.startsWith(u'+'))
+            return true;
+        static const QRegularExpression translated(u"⟦[^⟧]*⟧"_s);
+        QString rest = shown.text;
+        rest.remove(translated);
+        for (const QString &known : fixedTexts() + Screens::data()) {
+            if (!known.isEmpty())
+                rest.remove(known);
+        }
+        static const QRegularExpression fileName(u"^image_[0-9.]*jpg$"_s);
+        rest.remove(fileName);
+        static const QRegularExpression letter(u"\\p{L}"_s);
+        return !rest.contains(letter);
+    }
+
+    static QString cutOff(const Shown &shown, const QRectF &window)
+    {
+        const QQuickItem *item = shown.item;
+        const QRectF own = item->mapRectToScene({QPointF(), item->size()});
+        if (item->property("truncated").toBool() && item->property("elide").toInt() == 3)
+            return u"cut without an ellipsis"_s;
+        if (shown.place.width() > own.width() + 1)
+            return u"too wide"_s;
+        // Lines of a given height count as high as their font for the item, and not for the eye.
+        const bool isGiven = item->property("lineHeightMode").toInt() == 1;
+        if (!isGiven && shown.place.height() > own.height() + 1)
+            return u"too high"_s;
+        // What stands in for a conversation goes on below, as the conversation will.
+        const bool isScrolled = scroller(item) || ancestor(item, "TicketMessagesSkeletonView_");
+        if (shown.place.left() < -1 || shown.place.right() > window.width() + 1 ||
+            (!isScrolled && !shown.place.isEmpty() &&
+             (shown.place.top() < -1 || shown.place.bottom() > window.height() + 1)))
+            return u"out of the window"_s;
+        return {};
+    }
+
+    static bool overlap(const Shown &first, const Shown &second)
+    {
+        // What scrolls passes under what does not, and under the title of its section.
+        if (scroller(first.item) != scroller(second.item) ||
+            isOver(first.item) != isOver(second.item))
+            return false;
+        const QRectF both = first.place.intersected(second.place);
+        return both.width() > 2 && both.height() > first.place.height() / 4;
+    }
+
+    /// Whether it lies over the rest of its screen.
+    static bool isOver(const QQuickItem *item)
+    {
+        for (const char *type : {"TicketListHeader_", "AttachmentDropArea_", "ShareMenu_",
+                                 "ViewerNotice_", "TicketBar_", "TolvaneHeader_"}) {
+            if (ancestor(item, type))
+                return true;
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(PseudoLocaleTest)
+#include "tst_pseudolocale.moc"

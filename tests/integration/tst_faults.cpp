@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: MIT
+// The operations of the stores against the local backend, with a fault in between: what is told of
+// it, what is lost by it, and what the customer's next try does.
+#include "backend/persistentstore.h"
+#include "base/decodingerror.h"
+#include "platform/async/await.h"
+#include "state/sdkdata.h"
+#include "state/ticketdata.h"
+#include "state/ticketsdata.h"
+#include "testing/backendprogram.h"
+#include "testing/faultproxy.h"
+#include "testing/impatientsession.h"
+#include "testing/testplatform.h"
+
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString question = u"Where is my parcel? 📦"_s;
+const AttachmentDto label = {u"label.png"_s, u"image/png"_s, QByteArray(20'000, '\1')};
+
+/// A host whose way to the backend is the proxy, on the real network.
+struct Scene : Fixture
+{
+    explicit Scene(const BackendProgram &backend)
+        : proxy(backend.port())
+    {
+        setKey();
+        environment.insert(u"TOLVANE_API_URL"_s, proxy.url(u"/api"_s));
+        auto installed = std::make_unique<ImpatientSession>(makeNetworkSession());
+        network = installed.get();
+        scripted = std::exchange(platform().urlSession, std::move(installed));
+        // The backend keeps its data from case to case, and each of them is a customer of its own.
+        persistentstore::setCustomerId(u"customer-%1"_s.arg(customers++));
+        ticket->setNewTicket(true);
+    }
+    ~Scene() { platform().urlSession.swap(scripted); }
+
+    /// Runs an operation to its end.
+    void run(QCoro::Task<> task)
+    {
+        bool hasEnded = false;
+        detach(whenEnded(std::move(task), hasEnded));
+        if (!QTest::qWaitFor([&] { return hasEnded; }, 30'000))
+            qFatal("An operation has no end");
+        settle();
+    }
+
+    /// Opens a conversation while all is well.
+    void begin()
+    {
+        ticket->setMessage(u"Hello"_s);
+        run(ticket->createTicket());
+        // The polling that it starts has made its first request, and time stands still.
+        if (!QTest::qWaitFor([&] { return clock->sleeperCount() > 0; }, 30'000))
+            qFatal("There is no polling");
+    }
+
+    void compose()
+    {
+        ticket->setMessage(question);
+        ticket->setAttachments({label});
+    }
+
+    /// The domain and code of the last failure that was told to analytics, empty without one.
+    QString reported() const
+    {
+        QString text;
+        for (const TolvaneAnalyticsEvent &event : delegate->events) {
+            const QVariantMap properties = event.properties();
+            if (properties.contains(u"error_domain"_s))
+                text = nameOf(properties[u"error_domain"_s].toString(),
+                              properties[u"error_code"_s].toInt());
+        }
+        return text;
+    }
+
+    static QString nameOf(const ErrorPtr &error)
+    {
+        return error ? nameOf(error->domain(), error->code()) : QString();
+    }
+
+    static QString nameOf(const QString &domain, int code)
+    {
+        return domain + u' ' + QString::number(code);
+    }
+
+    static inline int customers = 0;
+
+    FaultProxy proxy;
+    ImpatientSession *network;
+    std::unique_ptr<UrlSession> scripted;
+    std::shared_ptr<TicketsData> tickets = std::make_shared<TicketsData>();
+    std::shared_ptr<TicketData> ticket = std::make_shared<TicketData>(std::nullopt);
+
+private:
+    static QCoro::Task<> whenEnded(QCoro::Task<> task, bool &hasEnded)
+    {
+        co_await task;
+        hasEnded = true;
+    }
+};
+
+struct Operation
+{
+    const char *name;
+    QByteArray method;
+    QByteArray path;
+    bool sends;
+    QCoro::Task<> (*run)(Scene &scene);
+    /// "DOMAIN CODE" of what it failed with; empty when it went well.
+    QString (*failure)(const Scene &scene);
+};
+
+const Operation operations[] = {
+    {"settings", "GET", "/api/settings", false,
+     [](Scene &) { return SdkData::shared()->fetchSettings(); },
+     [](const Scene &scene) {
+         return SdkData::shared()->settingsDidLoad() ? QString() : scene.reported();
+     }},
+    {"tickets", "GET", "/api/tickets", false, [](Scene &scene) { return scene.tickets->load(); },
+     [](const Scene &scene) { return Scene::nameOf(scene.tickets->state().failure()); }},
+    {"ticket", "GET", "/api/ticket/", false,
+     [](Scene &scene) { return scene.ticket->fetchTicket(); },
+     [](const Scene &scene) { return Scene::nameOf(scene.ticket->fetchError()); }},
+    {"create", "POST", "/api/ticket/create", true,
+     [](Scene &scene) { return scene.ticket->createTicket(); },
+     [](const Scene &scene) { return Scene::nameOf(scene.ticket->sendError()); }},
+    {"message", "POST", "/api/ticket/", true,
+     [](Scene &scene) { return scene.ticket->sendMessage(); },
+     [](const Scene &scene) { return Scene::nameOf(scene.ticket->sendError()); }},
+};
+
+struct Expectation
+{
+    const Fault *fault;
+    const char *failure;
+    std::chrono::milliseconds timeout = 60s;
+};
+
+const Expectation expectations[] = {
+    {&faults::reset, "NSURLErrorDomain -1005"},
+    {&faults::resetAfter, "NSURLErrorDomain -1005"},
+    {&faults::truncated, "NSURLErrorDomain -1005"},
+    {&faults::stalled, "NSURLErrorDomain -1001", 1s},
+    {&faults::stalledHalfWay, "NSURLErrorDomain -1001", 1s},
+    {&faults::drip, ""},
+    {&faults::doubled, ""},
+    {&faults::late, ""},
+    {&faults::unavailable, "TolvaneSdk.APIError 1"},
+    {&faults::badGateway, "TolvaneSdk.APIError 1"},
+    {&faults::noHttp, "NSURLErrorDomain -1005"},
+    {&faults::garbled, "TolvaneSdk.DecodingError 1"},
+    {&faults::null, "TolvaneSdk.DecodingError 2"},
+};
+static_assert(std::size(expectations) == faults::all.size());
+
+} // namespace
+
+class FaultsTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aFaultIsToldAndNothingIsLost_data()
+    {
+        QTest::addColumn<const Operation *>("operation");
+        QTest::addColumn<const Expectation *>("expected");
+        for (const Operation &operation : operations) {
+            for (const Expectation &expected : expectations)
+                QTest::addRow("%s, %s", operation.name, expected.fault->name)
+                    << &operation << &expected;
+        }
+    }
+
+    void aFaultIsToldAndNothingIsLost()
+    {
+        QFETCH(const Operation *, operation);
+        QFETCH(const Expectation *, expected);
+        const QString failure = QLatin1String(expected->failure);
+        Scene scene(m_backend);
+        if (operation->path != "/api/ticket/create")
+            scene.begin();
+        scene.compose();
+        scene.delegate->events.clear();
+        scene.proxy.forgetRequests();
+        failTheNext(scene, *operation, *expected->fault);
+
+        scene.network->timeout = expected->timeout;
+        scene.run(operation->run(scene));
+        scene.network->timeout = 60s;
+        QCOMPARE(operation->failure(scene), failure);
+        QCOMPARE(count(scene, *operation), 1); // Nothing is sent a second time by itself.
+        const bool isSent = operation->sends && failure.isEmpty();
+        QCOMPARE(scene.ticket->message(), isSent ? QString() : question);
+        QCOMPARE(scene.ticket->attachments(), isSent ? QList<AttachmentDto>() : QList{label});
+        QCOMPARE(scene.ticket->isSendDisabled(), isSent);
+
+        if (!failure.isEmpty())
+            scene.run(operation->run(scene));
+        QCOMPARE(operation->failure(scene), QString());
+        QCOMPARE(scene.ticket->message().isEmpty(), operation->sends);
+
+        // A request whose answer is lost has been carried out, of which nobody can know.
+        const bool wasInVain = !failure.isEmpty() && expected->fault->reachesBackend;
+        QCOMPARE(questionsAtBackend(scene), operation->sends ? 1 + wasInVain : 0);
+    }
+
+    void answersOvertakeEachOther()
+    {
+        Scene scene(m_backend);
+        scene.begin();
+        failTheNext(scene, operations[2], faults::late);
+        QStringList order;
+        const auto note = [&order](const QString &name) {
+            return [&order, name] { order += name; };
+        };
+        connect(scene.ticket.get(), &TicketData::changed, this, [&] {
+            if (!scene.ticket->isFetchingTicket())
+                order += u"ticket"_s;
+        });
+        connect(scene.tickets.get(), &TicketsData::changed, this, note(u"tickets"_s));
+        detach(scene.ticket->fetchTicket());
+        scene.run(scene.tickets->silentReload());
+        QTRY_COMPARE(order, QStringList({u"tickets"_s, u"ticket"_s}));
+        QCOMPARE(scene.ticket->state().value()->messages.size(), 1);
+        QCOMPARE(scene.tickets->state().value()->constFirst().id, scene.ticket->ticketId());
+    }
+
+    void aBackendThatIsGoneAndComesBack()
+    {
+        QTemporaryDir folder;
+        auto backend = std::make_unique<BackendProgram>(folder.path(), u"3600"_s);
+        Scene scene(*backend);
+        scene.begin();
+        backend->kill();
+        scene.compose();
+        scene.run(scene.ticket->sendMessage());
+        QCOMPARE(Scene::nameOf(scene.ticket->sendError()), u"NSURLErrorDomain -1005"_s);
+        scene.environment[u"TOLVANE_API_URL"_s] = backend->url(); // Past the proxy: nobody listens.
+        scene.run(scene.ticket->sendMessage());
+        QCOMPARE(Scene::nameOf(scene.ticket->sendError()), u"NSURLErrorDomain -1004"_s);
+        QCOMPARE(scene.ticket->message(), question);
+
+        backend.reset();
+        backend = std::make_unique<BackendProgram>(folder.path(), u"3600"_s);
+        scene.environment[u"TOLVANE_API_URL"_s] = backend->url();
+        scene.run(scene.ticket->sendMessage());
+        QVERIFY(!scene.ticket->sendError());
+        QCOMPARE(questionsAtBackend(scene), 1);
+    }
+
+private:
+    static bool isOf(const Operation &operation, const ServedRequest &request)
+    {
+        return request.method == operation.method && request.target.startsWith(operation.path);
+    }
+
+    static void failTheNext(Scene &scene, const Operation &operation, const Fault &fault)
+    {
+        scene.proxy.faultFor = [&operation, &fault, isDone = false](
+                                   const ServedRequest &request) mutable -> const Fault & {
+            if (isDone || !isOf(operation, request))
+                return faults::none;
+            isDone = true;
+            return fault;
+        };
+    }
+
+    static qsizetype count(const Scene &scene, const Operation &operation)
+    {
+        return std::ranges::count_if(scene.proxy.requests(), [&](const ServedRequest &request) {
+            return isOf(operation, request);
+        });
+    }
+
+    /// How often the backend has the question, each time with its picture.
+    static int questionsAtBackend(Scene &scene)
+    {
+        int questions = 0;
+        scene.run(scene.tickets->load());
+        if (scene.tickets->state().failure())
+            return -1;
+        const auto list = scene.tickets->state().value().value_or(QList<TicketPreviewDto>());
+        for (const TicketPreviewDto &preview : list) {
+            const auto ticket = std::make_shared<TicketData>(preview);
+            scene.run(ticket->fetchTicket());
+            const QList<MessageDto> messages = ticket->ticket()->messages;
+            for (const MessageDto &message : messages)
+                questions += message.content == question && message.attachments->size() == 1;
+        }
+        return questions;
+    }
+
+    QTemporaryDir m_folder;
+    BackendProgram m_backend{m_folder.path(), u"3600"_s};
+};
+
+QTEST_GUILESS_MAIN(FaultsTest)
+#include "tst_faults.moc"

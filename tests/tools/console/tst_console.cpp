@@ -1,0 +1,303 @@
+// SPDX-License-Identifier: MIT
+#include "eventstream.h"
+#include "program.h"
+#include "testing/backendprogram.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtNetwork/QTcpServer>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane::test;
+using tolvane::console::EventStream;
+
+namespace {
+
+const QString ticket = u"ticket"_s;
+const QString nowhere = u"http://127.0.0.1:1/api"_s;
+
+bool isOk(const QJsonObject &reply)
+{
+    return reply.value("ok"_L1).toBool();
+}
+
+QString errorOf(const QJsonObject &reply)
+{
+    return reply.value("error"_L1).toString();
+}
+
+QJsonObject onTicket(int handle, QJsonObject more = {})
+{
+    more.insert(ticket, handle);
+    return more;
+}
+
+QJsonArray messagesOf(ConsoleProgram &console, int handle)
+{
+    return console.request(u"ticket.state"_s, onTicket(handle))
+        .value(ticket)
+        .toObject()
+        .value("messages"_L1)
+        .toArray();
+}
+
+/// Waits until the conversation's state has `value` at `key` of its ticket.
+bool reaches(ConsoleProgram &console, int handle, const QString &key, const QString &value)
+{
+    return QTest::qWaitFor(
+        [&] {
+            return console.request(u"ticket.state"_s, onTicket(handle))
+                       .value(ticket)
+                       .toObject()
+                       .value(key)
+                       .toString() == value;
+        },
+        15'000);
+}
+
+} // namespace
+
+class ConsoleTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyLineIsAnswered_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<QJsonValue>("id");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("no JSON") << QByteArray("garbage") << QJsonValue()
+                                 << "The line is not a JSON object";
+        QTest::newRow("no object")
+            << QByteArray("[1]") << QJsonValue() << "The line is not a JSON object";
+        QTest::newRow("empty") << QByteArray() << QJsonValue() << "The line is not a JSON object";
+        QTest::newRow("no command")
+            << QByteArray(R"({"id":"a"})") << QJsonValue(u"a"_s) << "Unknown command: \"\"";
+        QTest::newRow("unreadable id")
+            << QByteArray(R"({"id":[],"cmd":"x"})") << QJsonValue() << "Unknown command: \"x\"";
+        QTest::newRow("missing argument") << QByteArray(R"({"id":7,"cmd":"initialize"})")
+                                          << QJsonValue(7) << "Argument \"key\" is missing";
+        QTest::newRow("wrong type") << QByteArray(R"({"id":7,"cmd":"setOpen","open":"yes"})")
+                                    << QJsonValue(7) << "Argument \"open\" must be true or false";
+        QTest::newRow("unknown environment")
+            << QByteArray(R"({"id":7,"cmd":"setEnvironment","environment":"moon"})")
+            << QJsonValue(7) << "There is no environment \"moon\"";
+        QTest::newRow("before initialize") << QByteArray(R"({"id":7,"cmd":"open"})")
+                                           << QJsonValue(7) << "Tolvane is not initialized";
+        QTest::newRow("no such row") << QByteArray(R"({"id":7,"cmd":"ticket.open","ticketId":"x"})")
+                                     << QJsonValue(7) << "The list has no ticket \"x\"";
+        QTest::newRow("no such handle") << QByteArray(R"({"id":7,"cmd":"ticket.state","ticket":3})")
+                                        << QJsonValue(7) << "There is no open ticket 3";
+        QTest::newRow("a good one")
+            << QByteArray(R"({"id":7,"cmd":"polling"})") << QJsonValue(7) << "";
+    }
+
+    void everyLineIsAnswered()
+    {
+        QFETCH(const QByteArray, line);
+        QFETCH(const QJsonValue, id);
+        QFETCH(const QString, error);
+        const QTemporaryDir config;
+        ConsoleProgram console(config.path(), nowhere);
+        console.send(line);
+        const QJsonObject reply =
+            console.await([](const QJsonObject &) { return true; }); // Nothing else comes.
+        QCOMPARE(reply.value("reply"_L1), id);
+        QCOMPARE(isOk(reply), error.isEmpty());
+        QCOMPARE(errorOf(reply), error);
+        QVERIFY(isOk(console.request(u"settings"_s))); // The session goes on.
+        const QJsonObject age = console.request(u"timeAgo"_s, {{u"timestamp"_s, u"long ago"_s}});
+        QCOMPARE(age.value("text"_L1), u"Unknown time"_s);
+        QCOMPARE(console.end(), 0);
+        QCOMPARE(console.errors(), QByteArray());
+    }
+
+    void eventsOfAStream_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArrayList>("events");
+        QTest::addColumn<QByteArray>("lastId");
+        const auto row = [](const char *name, const QByteArray &bytes, const QByteArrayList &events,
+                            const char *lastId = "") {
+            QTest::newRow(name) << bytes << events << QByteArray(lastId);
+        };
+        row("LF", "id: 1\ndata: a\n\ndata: b\n\n", {"a", "b"}, "1");
+        row("CR LF", "id: 1\r\ndata: a\r\n\r\ndata: b\r\n\r\n", {"a", "b"}, "1");
+        row("CR", "id: 1\rdata: a\r\rdata: b\r\r", {"a", "b"}, "1");
+        row("several lines", "data: a\ndata:b:c\ndata\ndata:  d\n\n", {"a\nb:c\n\n d"});
+        row("comments and other fields", ":data: x\nevent: x\nretry: 1\n\ndata: a\n\n", {"a"});
+        row("byte order mark",
+            "\xEF\xBB\xBF"
+            "data: a\n\n",
+            {"a"});
+        row("id alone", "id: 7\n\n", {}, "7");
+        row("id is taken back", "id: 7\n\nid\n\n", {});
+        row("id with a zero", QByteArray("id: 7\n\nid: ?8\n\n").replace('?', '\0'), {}, "7");
+        row("cut short", "id: 7\ndata: a\n", {});
+        const QByteArray aLot(EventStream::longest / 2, 'x');
+        row("long line", "data: " + aLot + aLot + "\n\ndata: b\n\n", {"", "b"});
+        row("long event", "data: " + aLot + "\ndata: " + aLot + "\n\ndata: b\n\n", {"", "b"});
+    }
+
+    void eventsOfAStream()
+    {
+        QFETCH(const QByteArray, bytes);
+        EventStream whole;
+        QTEST(whole.read(bytes), "events");
+        QTEST(whole.lastId(), "lastId");
+        EventStream inPieces;
+        QByteArrayList events;
+        for (const char byte : bytes)
+            events += inPieces.read(QByteArray(1, byte));
+        QTEST(events, "events");
+    }
+
+    void pushesReachTheHost()
+    {
+        const QTemporaryDir folder;
+        const BackendProgram backend(folder.path(), u"1"_s); // Time to leave before the answer.
+        const auto [output, status] = sessionOutput(folder.path(), backend.url(), "push on\n");
+        QVERIFY(status == 1 && output.contains("not initialized"));
+        const auto [early, earlyStatus] =
+            sessionOutput(folder.path(), backend.url(), "init\npush on\ntap\n");
+        QVERIFY(earlyStatus == 1 && early.contains("No push has come"));
+        const auto [text, endStatus] = sessionOutput(
+            folder.path(), backend.url(),
+            "init\npush on\nnew\nsay a human, please\nwait push\nwait push\nsay my order\nleave\n"
+            "wait push\ntap\nlist\nopen 1\nsay thanks, bye\nwait push\nwait push\nwait closed\n"
+            "push off\n");
+        QCOMPARE(endStatus, 0);
+        qsizetype at = 0;
+        for (const char *next : {"push, sound: Maya Lindqvist: Hi, this is *Maya*.", "\u203A leave",
+                                 "push, sound and banner: Maya Lindqvist: I am asking the carrier",
+                                 "\u203A tap", "(the messenger would open here)", "\u203A open 1",
+                                 "push, sound: Maya Lindqvist: Glad that",
+                                 "push, sound: the conversation is closed"}) {
+            at = text.indexOf(next, at);
+            QVERIFY2(at >= 0, next + ("\n" + text));
+        }
+        // Once by push or by polling, and once when the conversation is opened again.
+        QCOMPARE(text.count("       Hi, this is *Maya*."), 2);
+    }
+
+    void composeTakesAllOrNothing()
+    {
+        const QTemporaryDir config;
+        ConsoleProgram console(config.path(), nowhere);
+        QCOMPARE(console.request(u"ticket.new"_s).value(ticket).toInt(), 1);
+        const QJsonObject inline1 = {
+            {u"name"_s, u"a.png"_s}, {u"mimeType"_s, u"image/png"_s}, {u"base64"_s, u"AAEC"_s}};
+        const QString compose = u"ticket.compose"_s;
+        const QString files = u"attachments"_s;
+        QVERIFY(
+            isOk(console.request(compose, onTicket(1, {{u"message"_s, u"hello"_s},
+                                                       {files, QJsonArray{inline1, inline1}}}))));
+        for (const QJsonObject &bad : {QJsonObject{{u"path"_s, u"/no/such/file"_s}},
+                                       QJsonObject{{u"path"_s, u"/"_s}}, QJsonObject()}) {
+            const QJsonObject reply = console.request(
+                compose, onTicket(1, {{u"message"_s, u"lost"_s}, {files, QJsonArray{bad}}}));
+            QVERIFY(!isOk(reply) && !errorOf(reply).isEmpty());
+        }
+        const QJsonObject state = console.request(u"ticket.state"_s, onTicket(1));
+        QCOMPARE(state.value("message"_L1), u"hello"_s);
+        QCOMPARE(state.value("attachmentCount"_L1), 1);
+        QCOMPARE(state.value("state"_L1), u"empty"_s);
+    }
+
+    void endsInTheMiddleOfEverything_data()
+    {
+        QTest::addColumn<bool>("byQuit");
+        QTest::newRow("end of input") << false;
+        QTest::newRow("quit") << true;
+    }
+
+    void endsInTheMiddleOfEverything()
+    {
+        QFETCH(const bool, byQuit);
+        QTcpServer stalling; // Accepts and says nothing.
+        QVERIFY(stalling.listen(QHostAddress::LocalHost));
+        const QTemporaryDir config;
+        ConsoleProgram console(config.path(),
+                               u"http://127.0.0.1:%1/api"_s.arg(stalling.serverPort()));
+        QVERIFY(isOk(console.request(u"initialize"_s, {{u"key"_s, u"k"_s}})));
+        console.request(u"ticket.new"_s);
+        console.request(u"ticket.compose"_s, onTicket(1, {{u"message"_s, u"hi"_s}}));
+        console.send(R"({"id":"a","cmd":"ticket.create","ticket":1})");
+        console.send(R"({"id":"b","cmd":"tickets.reload"})");
+        console.send(R"({"id":"c","cmd":"tickets.reload"})");
+        QVERIFY(isOk(console.request(u"ticket.close"_s, onTicket(1))));
+        if (byQuit)
+            QVERIFY(isOk(console.request(u"quit"_s)));
+        QCOMPARE(console.end(), 0);
+        QCOMPARE(console.errors(), QByteArray());
+    }
+
+    void aConversationFromFirstWordToRestart()
+    {
+        const QTemporaryDir folder;
+        auto backend = std::make_unique<BackendProgram>(folder.path());
+        auto console = std::make_unique<ConsoleProgram>(folder.path(), backend->url());
+        const auto say = [&](int handle, const char *operation, const char *text) {
+            console->request(u"ticket.compose"_s,
+                             onTicket(handle, {{u"message"_s, QString::fromUtf8(text)}}));
+            return isOk(console->request(QString::fromLatin1(operation), onTicket(handle)));
+        };
+        const auto awaitAnswer = [&] {
+            return console->awaitEvent(u"notification"_s, u"didReceiveMessage"_s)
+                .value("userInfo"_L1)
+                .toObject();
+        };
+        console->request(u"setAnalyticsDelegate"_s, {{u"enabled"_s, true}});
+        console->request(u"initialize"_s, {{u"key"_s, u"k"_s}});
+        console->request(u"ticket.new"_s);
+        console->request(u"ticket.compose"_s,
+                         onTicket(1, {{u"attachments"_s, QJsonArray{QJsonObject{
+                                                             {u"name"_s, u"photo.png"_s},
+                                                             {u"mimeType"_s, u"image/png"_s},
+                                                             {u"base64"_s, u"iVBORw0KGgo="_s}}}}}));
+        QVERIFY(say(1, "ticket.create", "Hello, see the photo 📦"));
+        const QJsonObject first = messagesOf(*console, 1).at(0).toObject();
+        QCOMPARE(first.value("content"_L1), u"Hello, see the photo 📦"_s);
+        QVERIFY(first.value("attachments"_L1)
+                    .toArray()
+                    .at(0)
+                    .toString()
+                    .startsWith("http://127.0.0.1"_L1));
+
+        const QJsonObject reply = awaitAnswer(); // By polling: nothing pushes here.
+        QCOMPARE(reply.value("sender"_L1).toObject().value("type"_L1), u"ai agent"_s);
+        QVERIFY(say(1, "ticket.send", "I want to talk to a human"));
+        QVERIFY(!awaitAnswer().isEmpty());
+        QVERIFY(reaches(*console, 1, u"assignee"_s, u"human agent"_s));
+        QVERIFY(say(1, "ticket.send", "Thanks, that is solved, bye"));
+        QVERIFY(!awaitAnswer().isEmpty());
+        QVERIFY(reaches(*console, 1, u"state"_s, u"closed"_s));
+        QVERIFY(!console->awaitEvent(u"analytics"_s, u"tolvane_ticket_created"_s).isEmpty());
+
+        const QJsonObject customer = console->request(u"customer"_s);
+        const qsizetype count = messagesOf(*console, 1).size();
+        QCOMPARE(console->end(), 0);
+        QCOMPARE(console->errors(), QByteArray());
+        backend.reset();
+
+        backend = std::make_unique<BackendProgram>(folder.path());
+        console = std::make_unique<ConsoleProgram>(folder.path(), backend->url());
+        console->request(u"initialize"_s, {{u"key"_s, u"k"_s}});
+        QCOMPARE(console->request(u"customer"_s).value("customerId"_L1),
+                 customer.value("customerId"_L1));
+        console->request(u"tickets.load"_s);
+        const QJsonArray rows = console->request(u"tickets.state"_s).value("value"_L1).toArray();
+        QCOMPARE(rows.size(), 1);
+        QVERIFY(isOk(console->request(u"ticket.open"_s,
+                                      {{u"ticketId"_s, rows.at(0).toObject().value("id"_L1)}})));
+        console->request(u"ticket.fetch"_s, onTicket(1));
+        QVERIFY(messagesOf(*console, 1).size() >= count);
+        QVERIFY(say(1, "ticket.send", "One more question"));
+        QVERIFY(!awaitAnswer().isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(ConsoleTest)
+#include "tst_console.moc"

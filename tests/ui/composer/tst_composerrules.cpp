@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "testing/ui/samples.h"
+#include "ui/composer/composerlayout.h"
+#include "ui/composer/imagefiles.h"
+
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+class ComposerRulesTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void heightsMoveByMoreThanHalfAPoint()
+    {
+        struct Case
+        {
+            double measured;
+            double present;
+            std::optional<double> taken;
+        };
+        const Case cases[] = {{37, 0, 40},           {37, 40, {}},       {62, 40, 62},
+                              {40, 62, 40},          {100.6, 100.2, {}}, {100.5, 100, {}},
+                              {100.8, 100.2, 100.8}, {5000, 190, 200},   {5000, 200, {}}};
+        for (const auto &[measured, present, taken] : cases)
+            QCOMPARE(ComposerRules().update(measured, present, 200), taken);
+    }
+
+    void cornersTighten()
+    {
+        const std::pair<double, double> cases[] = {{0, 30},   {40, 30},     {60, 30},
+                                                   {140, 18}, {200, 14.25}, {500, 14}};
+        const ComposerRules flat{.editorMinHeight = 40, .editorMaxHeight = 40};
+        for (const auto &[height, radius] : cases) {
+            QCOMPARE(ComposerRules().cornerRadius(height), radius);
+            QCOMPARE(flat.cornerRadius(height), 30);
+        }
+    }
+
+    void roomIsShared()
+    {
+        struct Case
+        {
+            double available;
+            bool hasStrip;
+            ComposerRules::Room room;
+        };
+        const Case cases[] = {{900, true, {200, 150}}, {374, true, {200, 150}},
+                              {300, true, {126, 150}}, {150, true, {40, 86}},
+                              {20, true, {40, 56}},    {150, false, {130, 0}}};
+        for (const auto &[available, hasStrip, room] : cases)
+            QCOMPARE(ComposerRules().fit(available, hasStrip), room);
+    }
+
+    void theLayoutFollowsOnceTheLayoutIsDone()
+    {
+        ComposerLayout layout;
+        const QSignalSpy changes(&layout, &ComposerLayout::measuredHeightChanged);
+        QCOMPARE(layout.editorHeight(), 40);
+        layout.measure(120);
+        layout.measure(180);
+        QCOMPARE(layout.measuredHeight(), 0);
+        QTRY_COMPARE(layout.editorHeight(), 180);
+        layout.setHasStrip(true);
+        layout.setAvailableHeight(274); // Takes from the editor what it no longer has.
+        QTRY_COMPARE(layout.editorHeight(), 100);
+        QCOMPARE(changes.size(), 2);
+    }
+
+    void filesBecomeAttachments_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("mimeType"); // Empty: it becomes none.
+        const QByteArray png = encoded(solid({2, 2}, Qt::red), "png");
+        QTest::newRow("png") << u"a.png"_s << png << u"image/png"_s;
+        QTest::newRow("jpeg") << u"B.JPG"_s << encoded(solid({2, 2}, Qt::red), "jpg")
+                              << u"image/jpeg"_s;
+        QTest::newRow("by content") << u"photo"_s << png << u"image/png"_s;
+        QTest::newRow("unknown") << u"photo"_s << QByteArray::fromHex("00e101fe02")
+                                 << u"image/png"_s;
+        QTest::newRow("text") << u"letter.txt"_s << "Dear all"_ba << QString();
+        QTest::newRow("empty") << u"a.png"_s << ""_ba << QString();
+    }
+
+    void filesBecomeAttachments()
+    {
+        QFETCH(const QString, name);
+        QFETCH(const QByteArray, bytes);
+        QFETCH(const QString, mimeType);
+        const QTemporaryDir one;
+        const QTemporaryDir other;
+        QList<std::optional<AttachmentDto>> read;
+        for (const QTemporaryDir *folder : {&one, &other}) {
+            QFile file(folder->filePath(name));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+            file.close();
+            read += imagefiles::read(QUrl::fromLocalFile(file.fileName()));
+        }
+        QCOMPARE(read[0].has_value(), !mimeType.isEmpty());
+        QCOMPARE(read[0], read[1]); // Says nothing of its folder.
+        if (read[0]) {
+            QCOMPARE(read[0]->mimeType, mimeType);
+            QCOMPARE(read[0]->data, bytes);
+            const QFileInfo info(name);
+            QVERIFY(read[0]->name.startsWith(info.baseName() + u'-'));
+            QCOMPARE(QFileInfo(read[0]->name).suffix(), info.suffix());
+        }
+        QVERIFY(!imagefiles::read(QUrl::fromLocalFile(one.filePath(u"gone.png"_s))));
+        QVERIFY(!imagefiles::read(QUrl::fromLocalFile(one.path())));
+    }
+
+    void onlyImageFilesAreTakenFromADrop()
+    {
+        const QList<QUrl> urls = {QUrl(u"file:///a/b.PNG"_s), QUrl(u"file:///a/b.pdf"_s),
+                                  QUrl(u"https://example.org/c.png"_s), QUrl(u"file:///a/d.webp"_s),
+                                  QUrl()};
+        QCOMPARE(imagefiles::among(urls), QList({urls[0], urls[3]}));
+    }
+};
+
+QTEST_GUILESS_MAIN(ComposerRulesTest)
+#include "tst_composerrules.moc"

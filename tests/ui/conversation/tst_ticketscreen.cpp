@@ -1,0 +1,414 @@
+// SPDX-License-Identifier: MIT
+// A conversation's screen, within the messenger and used as people do.
+#include "analytics/logger.h"
+#include "testing/ui/samples.h"
+#include "testing/ui/scene.h"
+#include "ui/conversation/ticketscreendata.h"
+#include "ui/images/imagecache.h"
+
+#include <QtTest/QSignalSpy>
+
+using namespace tolvane;
+using namespace tolvane::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString photo = u"https://cdn.example/photo.png"_s;
+
+MessageDto written(const QString &id, const QString &type, const QString &name = {})
+{
+    MessageDto message = makeMessage(id, type);
+    if (!name.isNull())
+        message.sender.name = name;
+    return message;
+}
+
+/// The messenger with the ticket "t1" in its list.
+struct ScreenScene : Scene
+{
+    ScreenScene()
+    {
+        ticket.messages[0].attachments = {photo};
+        session->handler = [this](const UrlRequest &request) -> UrlResponse {
+            const QString path = request.url.path();
+            if (path.endsWith(u"/settings"_s))
+                return answer(branding());
+            if (path.endsWith(u"/tickets"_s))
+                return test::json(listJson);
+            if (request.url == QUrl(photo))
+                return {
+                    .status = 200, .headers = {}, .body = encoded(solid({9, 9}, Qt::red), "png")};
+            if (isFailing)
+                throw UrlError(UrlError::notConnectedToInternet);
+            return answer(ticket);
+        };
+        setTickets({u"t1"_s});
+    }
+
+    /// Goes where the button or row with that text leads.
+    bool open(const QString &text = u"text of last"_s)
+    {
+        if (!showHost())
+            return false;
+        loadSettings();
+        TolvaneViewController::presentInForeground();
+        return tap([this, text] { return find(text); });
+    }
+
+    bool tap(const std::function<QQuickItem *()> &target)
+    {
+        QQuickItem *item = nullptr;
+        QPointF place;
+        const auto isAtRest = [&] {
+            item = target();
+            const QPointF before = place;
+            place = item ? item->mapToScene(item->boundingRect().center()) : QPointF();
+            return item && place == before && host.contentItem()->contains(place);
+        };
+        if (!QTest::qWaitFor(isAtRest))
+            return false;
+        QTest::mouseClick(&host, Qt::LeftButton, {}, place.toPoint());
+        settle();
+        return true;
+    }
+
+    void type(const QString &text)
+    {
+        for (const QChar character : text)
+            QTest::keyClick(&host, character.toLatin1());
+    }
+
+    static QQuickItem *ofType(QQuickItem *in, const char *type)
+    {
+        if (!in || QByteArray(in->metaObject()->className()).startsWith(type))
+            return in;
+        for (QQuickItem *child : in->childItems()) {
+            if (QQuickItem *found = ofType(child, type))
+                return found;
+        }
+        return nullptr;
+    }
+    QQuickItem *ofType(const char *type) const { return ofType(messenger(), type); }
+
+    TicketScreenData *screen() const
+    {
+        QQuickItem *item = ofType("TicketScreen_");
+        return item ? item->findChild<TicketScreenData *>() : nullptr;
+    }
+    bool hasViewer() const { return ofType("ImageViewer_"); }
+
+    qsizetype fetches() const
+    {
+        return std::ranges::count_if(session->requests, [](const UrlRequest &request) {
+            return request.method == "GET" && request.url.path().endsWith(u"/ticket/t1"_s);
+        });
+    }
+    qsizetype views() const
+    {
+        return delegate->names().count(TolvaneAnalyticsEvent::Chat::ticketViewed);
+    }
+
+    template <typename Record>
+    void push(const QString &name, const Record &record)
+    {
+        platform().notificationCenter->post(name, tolvane::json::dictionary(record));
+        settle();
+    }
+
+    TicketDto ticket =
+        makeTicket({written(u"m1"_s, words::customer), written(u"m2"_s, words::humanAgent)});
+};
+
+} // namespace
+
+class TicketScreenTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void onlyTheFirstFetchShows()
+    {
+        ScreenScene scene;
+        QVERIFY(scene.open(u"Send us a message"_s)); // The list is there, and no ticket's answer.
+        QTest::keyClick(&scene.host, Qt::Key_Escape);
+        QTRY_VERIFY(!scene.screen());
+        scene.session->held = true;
+        QVERIFY(scene.tap([&] { return scene.find(u"text of last"_s); }));
+        QTRY_VERIFY(scene.screen());
+        QCOMPARE(scene.screen()->state(), u"loadingWithPreview"_s);
+        QVERIFY(scene.ofType("TicketMessagesSkeletonView"));
+        QCOMPARE(scene.screen()->preview()->rowCount(), 1);
+        QCOMPARE(scene.views(), 0);
+        scene.session->held = false;
+        scene.session->release();
+        settle();
+        QCOMPARE(scene.screen()->state(), u"loaded"_s);
+        QCOMPARE(scene.views(), 1);
+
+        // What is there stays there under the viewer, what was written included.
+        scene.type(u"draft"_s);
+        QStringList states;
+        connect(scene.screen(), &TicketScreenData::changed, scene.screen(),
+                [&] { states += scene.screen()->state(); });
+        for (int round = 1; round <= 2; ++round) { // The same picture, twice.
+            QVERIFY(scene.tap([&] { return scene.ofType("AttachmentThumbnail"); }));
+            QTRY_VERIFY(scene.hasViewer());
+            QCOMPARE(scene.fetches(), round);
+            QTest::keyClick(&scene.host, Qt::Key_Escape);
+            settle();
+            QCOMPARE(scene.fetches(), round + 1);
+            QTRY_VERIFY(!scene.hasViewer());
+        }
+        states.removeAll(u"loaded"_s);
+        QCOMPARE(states, QStringList());
+        QCOMPARE(scene.screen()->composer()->message(), u"draft"_s);
+        QCOMPARE(scene.views(), 1);
+    }
+
+    void whoLeavesEarlyHasNotSeenIt()
+    {
+        ScreenScene scene;
+        QVERIFY(scene.open());
+        QTRY_COMPARE(scene.views(), 1);
+        QTest::keyClick(&scene.host, Qt::Key_Escape);
+        QTRY_VERIFY(!scene.screen());
+        scene.session->held = true;
+        QVERIFY(scene.tap([&] { return scene.find(u"text of last"_s); }));
+        QTRY_VERIFY(scene.screen());
+        QTest::keyClick(&scene.host, Qt::Key_Escape);
+        QTRY_VERIFY(!scene.screen());
+        scene.session->held = false;
+        scene.session->release();
+        settle();
+        QCOMPARE(scene.fetches(), 2);
+        QCOMPARE(scene.views(), 1);
+        QVERIFY(scene.log->lines.join(u'\n').contains(u"Error fetching ticket: "_s));
+    }
+
+    void messagesArrive_data()
+    {
+        QTest::addColumn<MessageDto>("message");
+        QTest::addColumn<bool>("isShown");
+        QTest::addColumn<bool>("isLookedUp");
+        QTest::newRow("new") << written(u"m3"_s, words::aiAgent) << true << true;
+        QTest::newRow("known") << written(u"m2"_s, words::humanAgent) << false << false;
+        QTest::newRow("of another ticket")
+            << makeMessage(u"m3"_s, words::aiAgent, u"t2"_s) << false << false;
+    }
+
+    void messagesArrive()
+    {
+        QFETCH(const MessageDto, message);
+        QFETCH(const bool, isShown);
+        QFETCH(const bool, isLookedUp);
+        ScreenScene scene;
+        QVERIFY(scene.open());
+        QTRY_VERIFY(scene.screen());
+        QTRY_COMPARE(scene.screen()->state(), u"loaded"_s);
+        scene.clock->advance(5s);
+        const qsizetype listRequests = scene.listRequests();
+        scene.push(notifications::didReceiveMessage, message);
+        const int rows = isShown ? 3 : 2;
+        QCOMPARE(scene.screen()->messages()->rowCount(), rows);
+        QCOMPARE(scene.listRequests(), listRequests + 1);
+        if (isShown)
+            scene.ticket.messages += message;
+        scene.clock->advance(1s);
+        QCOMPARE(scene.fetches(), isLookedUp ? 2 : 1);
+        QCOMPARE(scene.screen()->messages()->rowCount(), rows);
+        QCOMPARE(scene.screen()->state(), u"loaded"_s);
+    }
+
+    void statesArrive()
+    {
+        ScreenScene scene;
+        scene.session->held = true;
+        TicketScreenData screen;
+        screen.setDestination(TolvaneDestination::ticket(makePreview()));
+        screen.appear();
+        TicketPreviewDto update = makePreview();
+        update.lastMessage = makeMessage(u"later"_s);
+        update.state = words::closed;
+        scene.push(notifications::didReceiveStateUpdate, update);
+        const QAbstractItemModel &preview = *screen.preview();
+        QVERIFY(preview.index(0, 0)
+                    .data(MessageListModel::descriptionRole)
+                    .toString()
+                    .contains(u"text of later"_s));
+        scene.session->release();
+        settle();
+        QCOMPARE(screen.ticketState(), u"open"_s);
+        scene.push(notifications::didReceiveStateUpdate, makePreview(u"t2"_s));
+        scene.push(notifications::didReceiveStateUpdate, update);
+        QCOMPARE(screen.ticketState(), words::closed);
+        QCOMPARE(screen.state(), u"loaded"_s);
+    }
+
+    void aNewConversation()
+    {
+        ScreenScene scene;
+        QVERIFY(scene.open(u"Send us a message"_s));
+        QTRY_VERIFY(scene.screen());
+        QCOMPARE(scene.screen()->state(), u"empty"_s);
+        QCOMPARE(scene.fetches(), 0);
+        QQuickItem *hint = scene.find(u"ticket_new_hint"_s);
+        QQuickItem *composer = scene.ofType("TicketComposer");
+        QVERIFY(hint && composer);
+        // In the middle of what is left of it, above the composer.
+        scene.host.resize(400, 420);
+        QTRY_VERIFY(hint->mapToScene({0, hint->height()}).y() <= composer->mapToScene({}).y());
+
+        scene.type(u"hello"_s);
+        QTest::keyClick(&scene.host, Qt::Key_Return, Qt::ControlModifier);
+        settle();
+        QCOMPARE(scene.screen()->state(), u"loaded"_s);
+        QCOMPARE(scene.screen()->messages()->rowCount(), 2);
+        QCOMPARE(scene.views(), 0);
+        // It goes by its beginning: it has that title, and takes no states.
+        QCOMPARE(scene.screen()->title(), u"ticket_new_discussion"_s);
+        QCOMPARE(scene.screen()->subtitle(), QString());
+        TicketPreviewDto update = makePreview();
+        update.state = words::closed;
+        scene.push(notifications::didReceiveStateUpdate, update);
+        QCOMPARE(scene.screen()->ticketState(), u"open"_s);
+    }
+
+    void theHeader_data()
+    {
+        QTest::addColumn<bool>("isKnown");
+        QTest::addColumn<bool>("isFetched");
+        QTest::addColumn<QList<MessageDto>>("messages");
+        QTest::addColumn<QList<ScheduleDto>>("schedules");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("subtitle");
+        QTest::addColumn<bool>("isAvailable");
+        const MessageDto customer = written(u"m1"_s, words::customer, u"Ada"_s);
+        const MessageDto nora = written(u"m2"_s, words::humanAgent, u"Nora"_s);
+        const MessageDto ai = written(u"m3"_s, words::aiAgent, u"Robo"_s);
+        const MessageDto nobody = written(u"m4"_s, words::humanAgent);
+        const MessageDto blank = written(u"m5"_s, words::humanAgent, u""_s);
+        const QStringList week = {u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s,
+                                  u"Fri"_s, u"Sat"_s, u"Sun"_s};
+        const auto hours = [&](const char *end, const QStringList &days) {
+            return QList<ScheduleDto>{
+                {u"s"_s, u"2020-01-01T00:00:00Z"_s, QLatin1String(end), days}};
+        };
+        const auto always = hours("2020-01-01T23:59:00Z", week);
+        const auto never = hours("2020-01-01T23:59:00Z", {u"monday"_s});
+        const QString support = u"ticket_support"_s;
+        const QString team = u"ticket_support_team"_s;
+        const QString open = u"ticket_cs_available"_s;
+        const QString closed = u"ticket_cs_not_available"_s;
+        const QList<MessageDto> none;
+        QTest::newRow("new") << false << true << QList{customer, nora} << always
+                             << u"ticket_new_discussion"_s << QString() << false;
+        QTest::newRow("on its way") << true << false << none << always << support << team << false;
+        QTest::newRow("no hours") << true << true << QList{customer} << QList<ScheduleDto>()
+                                  << support << team << false;
+        QTest::newRow("open") << true << true << QList{nora, ai, customer} << always << u"Robo"_s
+                              << open << true;
+        QTest::newRow("closed") << true << true << QList{ai, nora} << never << u"Nora"_s << closed
+                                << false;
+        QTest::newRow("last without a name")
+            << true << true << QList{nora, nobody} << always << u"Nora"_s << open << true;
+        QTest::newRow("name without a letter")
+            << true << true << QList{nora, blank} << always << QString() << open << true;
+        QTest::newRow("nobody has a name")
+            << true << true << QList{customer, nobody} << always << support << open << true;
+        QTest::newRow("no messages") << true << true << none << never << support << closed << false;
+    }
+
+    void theHeader()
+    {
+        QFETCH(const bool, isKnown);
+        QFETCH(const bool, isFetched);
+        QFETCH(const QList<MessageDto>, messages);
+        QFETCH(const QList<ScheduleDto>, schedules);
+        QFETCH(const QString, title);
+        QFETCH(const QString, subtitle);
+        QFETCH(const bool, isAvailable);
+        ScreenScene scene;
+        scene.device->timeZone = u"UTC"_s;
+        scene.ticket.messages = messages;
+        scene.ticket.schedules = schedules;
+        TicketScreenData screen;
+        screen.setDestination(isKnown ? TolvaneDestination::ticket(makePreview())
+                                      : TolvaneDestination::newTicket());
+        if (isFetched && isKnown)
+            screen.appear();
+        screen.composer()->setMessage(u"hello"_s);
+        if (!isKnown)
+            screen.composer()->send();
+        settle();
+        QCOMPARE(screen.messages()->rowCount() > 0, isFetched && !messages.isEmpty());
+        QCOMPARE(screen.title(), title);
+        QCOMPARE(screen.subtitle(), subtitle);
+        QCOMPARE(screen.isSupportAvailable(), isAvailable);
+    }
+
+    void aFailureShowsUntilALaterFetch()
+    {
+        ScreenScene scene;
+        scene.isFailing = true;
+        QVERIFY(scene.open());
+        QTRY_VERIFY(scene.screen());
+        QTRY_COMPARE(scene.screen()->state(), u"error"_s);
+        QTRY_VERIFY(scene.find(u"Something went wrong"_s));
+        QVERIFY(scene.find(scene.screen()->errorText()));
+        QVERIFY(!scene.screen()->errorText().isEmpty());
+        QVERIFY(!scene.screen()->composer()->isFetchingTicket());
+        scene.isFailing = false;
+        scene.push(notifications::didReceiveMessage, written(u"m2"_s, words::humanAgent));
+        QCOMPARE(scene.screen()->state(), u"error"_s);
+        scene.clock->advance(1s);
+        QCOMPARE(scene.screen()->state(), u"loaded"_s);
+        QTRY_VERIFY(!scene.find(u"Something went wrong"_s));
+        QCOMPARE(scene.views(), 0); // Nobody has waited for that one.
+
+        scene.isFailing = true;
+        scene.push(notifications::didReceiveMessage, written(u"m3"_s, words::humanAgent));
+        scene.clock->advance(1s);
+        QCOMPARE(scene.screen()->state(), u"error"_s);
+    }
+
+    void theComposerIsAlwaysThere_data()
+    {
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("ticketState");
+        QTest::addColumn<bool>("isWritable");
+        QTest::newRow("loading") << u"loadingWithPreview"_s << QString() << false;
+        QTest::newRow("error") << u"error"_s << QString() << true;
+        QTest::newRow("open") << u"loaded"_s << u"open"_s << true;
+        QTest::newRow("closed") << u"loaded"_s << words::closed << true;
+    }
+
+    void theComposerIsAlwaysThere()
+    {
+        QFETCH(const QString, state);
+        QFETCH(const QString, ticketState);
+        QFETCH(const bool, isWritable);
+        ScreenScene scene;
+        scene.isFailing = state == u"error"_s;
+        scene.ticket.state = ticketState;
+        QVERIFY(scene.showHost());
+        scene.loadSettings();
+        TolvaneViewController::presentInForeground();
+        QTRY_VERIFY(scene.find(u"text of last"_s));
+        scene.session->held = state.startsWith(u"loading"_s);
+        QVERIFY(scene.tap([&] { return scene.find(u"text of last"_s); }));
+        QTRY_VERIFY(scene.screen());
+        QTRY_COMPARE(scene.screen()->state(), state);
+        QQuickItem *composer = scene.ofType("TicketComposer");
+        QVERIFY(composer && composer->isVisible() && composer->isEnabled());
+        QTRY_COMPARE(composer->mapToScene({0, composer->height()}).y(), 700 - 16.0);
+        QTRY_COMPARE(composer->mapToScene({}).x(), 16.0);
+        QTRY_VERIFY(composer->hasActiveFocus() || !isWritable);
+        scene.type(u"hi"_s);
+        QCOMPARE(scene.screen()->composer()->message(), isWritable ? u"hi"_s : QString());
+        scene.session->release();
+    }
+};
+
+QTEST_MAIN(TicketScreenTest)
+#include "tst_ticketscreen.moc"

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+// The home screen, used as people do.
+#include "testing/ui/scene.h"
+
+#include <QtGui/QAccessible>
+#include <QtGui/QWheelEvent>
+
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+/// The messenger is open, with this many tickets loaded, and at rest.
+struct HomeScene : Scene
+{
+    explicit HomeScene(int count)
+    {
+        QStringList ids;
+        for (int index = 0; index < count; ++index)
+            ids += u"t%1"_s.arg(index);
+        setTickets(ids);
+    }
+
+    bool open()
+    {
+        if (!showHost())
+            return false;
+        loadSettings();
+        TolvaneViewController::presentInForeground();
+        settle();
+        return QTest::qWaitFor([this] { return find(u"text of last"_s); }) && rest();
+    }
+
+    bool hasSlidIn() const
+    {
+        const auto items = messenger()->childItems();
+        return std::ranges::none_of(items, [](const QQuickItem *item) { return item->y() > 0; });
+    }
+
+    bool rest()
+    {
+        // However long a busy machine takes.
+        const bool isThere = QTest::qWaitFor([this] { return hasSlidIn(); }, 20'000);
+        QTest::qWait(450);
+        return isThere;
+    }
+
+    void drag(QPoint from, QPoint to)
+    {
+        QTest::mousePress(&host, Qt::LeftButton, {}, from);
+        for (int step = 1; step <= 10; ++step)
+            QTest::mouseMove(&host, from + (to - from) * step / 10, 16);
+        QTest::qWait(300); // Held, not thrown.
+        QTest::mouseRelease(&host, Qt::LeftButton, {}, to);
+    }
+
+    void turnWheel(int notches)
+    {
+        for (int notch = 0; notch < qAbs(notches); ++notch) {
+            const QPointF place(200, 500);
+            QWheelEvent event(place, host.mapToGlobal(place), {}, {0, notches > 0 ? 120 : -120},
+                              Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&host, &event);
+        }
+        QTest::qWait(20);
+    }
+
+    /// All that a screen reader can come to, in its order.
+    static void collect(QAccessibleInterface *in, QList<QAccessibleInterface *> &all)
+    {
+        if (!in || in->state().invisible)
+            return;
+        all += in;
+        for (int index = 0; index < in->childCount(); ++index)
+            collect(in->child(index), all);
+    }
+    QList<QAccessibleInterface *> heard()
+    {
+        QList<QAccessibleInterface *> all;
+        collect(QAccessible::queryAccessibleInterface(&host), all);
+        return all;
+    }
+    QStringList heardRows()
+    {
+        QStringList rows;
+        for (QAccessibleInterface *each : heard()) {
+            if (each->role() == QAccessible::ListItem)
+                rows += each->text(QAccessible::Name);
+        }
+        return rows;
+    }
+    QRect placeOf(const QString &name)
+    {
+        for (QAccessibleInterface *each : heard()) {
+            if (each->text(QAccessible::Name).startsWith(name))
+                return each->rect().translated(-host.position());
+        }
+        return {};
+    }
+};
+
+} // namespace
+
+class HomeTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aPullLoadsAnew_data()
+    {
+        QTest::addColumn<int>("pulled");
+        QTest::addColumn<int>("turned");
+        QTest::addColumn<bool>("loads");
+        QTest::newRow("a good pull") << 260 << 0 << true;
+        QTest::newRow("a little") << 60 << 0 << false;
+        QTest::newRow("wheel turned up at the top") << 0 << 3 << true;
+        QTest::newRow("a notch") << 0 << 1 << false;
+        QTest::newRow("wheel turned down") << 0 << -4 << false;
+    }
+
+    void aPullLoadsAnew()
+    {
+        QFETCH(const int, pulled);
+        QFETCH(const int, turned);
+        QFETCH(const bool, loads);
+        HomeScene scene(3);
+        QVERIFY(scene.open());
+        const qsizetype before = scene.listRequests();
+        if (pulled > 0)
+            scene.drag({200, 300}, {200, 300 + pulled});
+        scene.turnWheel(turned);
+        settle();
+        QCOMPARE(scene.listRequests() > before, loads);
+        scene.rest();
+    }
+
+    void momentumAtTheTopIsNoPull()
+    {
+        HomeScene scene(40);
+        QVERIFY(scene.open());
+        const qsizetype before = scene.listRequests();
+        scene.turnWheel(-8);
+        scene.rest();
+        scene.turnWheel(25);
+        scene.rest();
+        QCOMPARE(scene.listRequests(), before);
+    }
+
+    void theKeyboardDoes()
+    {
+        HomeScene scene(3);
+        QVERIFY(scene.open());
+        QTest::keyClick(&scene.host, Qt::Key_Down);
+        QTest::keyClick(&scene.host, Qt::Key_Down);
+        QTest::keyClick(&scene.host, Qt::Key_Return);
+        QCOMPARE(scene.delegate->properties(u"user_action"_s).value(u"ticket_id"_s), u"t1"_s);
+        scene.rest();
+        QTest::keyClick(&scene.host, Qt::Key_Escape);
+        scene.rest();
+
+        // Round: the list, the button for a new ticket, the one that closes.
+        QStringList reached;
+        for (int press = 0; press < 3; ++press) {
+            QTest::keyClick(&scene.host, Qt::Key_Tab);
+            if (QAccessibleInterface *focused =
+                    QAccessible::queryAccessibleInterface(scene.host.activeFocusItem()))
+                reached += focused->text(QAccessible::Name);
+        }
+        QVERIFY2(reached.contains(u"Send us a message"_s) &&
+                     reached.contains(u"accessibility_close"_s),
+                 qPrintable(reached.join(u'|')));
+    }
+
+    void whatIsThereIsSaid()
+    {
+        HomeScene scene(2);
+        QVERIFY(scene.open());
+        for (QAccessibleInterface *each : scene.heard()) {
+            const QString name = each->text(QAccessible::Name);
+            if (each->state().focusable || each->role() == QAccessible::Button)
+                QVERIFY2(!name.isEmpty(), each->object()->metaObject()->className());
+        }
+        QCOMPARE(scene.heardRows().size(), 2);
+        QVERIFY(scene.heardRows().constFirst().contains(u"text of last"_s));
+
+        // No row any more, though it may be kept for another ticket.
+        scene.setTickets({u"t1"_s});
+        scene.clock->advance(std::chrono::seconds(5));
+        platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
+        settle();
+        scene.rest();
+        QCOMPARE(scene.heardRows().size(), 1);
+    }
+
+    void itIsMirrored()
+    {
+        HomeScene scene(1);
+        scene.bundle->direction = Qt::RightToLeft;
+        QVERIFY(scene.open());
+        QVERIFY(scene.placeOf(u"accessibility_close"_s).left() < 30);
+        QQuickItem *text = scene.find(u"text of last"_s);
+        QCOMPARE(text->mapRectToScene(text->boundingRect()).right(), 400 - 16 - 8 - 32 - 10.0);
+    }
+};
+
+QTEST_MAIN(HomeTest)
+#include "tst_home.moc"

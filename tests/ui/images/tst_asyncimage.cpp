@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: MIT
+#include "base/errors.h"
+#include "testing/testplatform.h"
+#include "testing/ui/samples.h"
+#include "ui/images/asyncimage.h"
+#include "ui/images/imagecache.h"
+
+#include <QtQml/QQmlContext>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickView>
+#include <QtTest/QTest>
+
+extern void qml_register_types_Tolvane_Private();
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+const QUrl address(u"https://cdn.example/photo.png"_s);
+const QUrl otherAddress(u"https://cdn.example/other.png"_s);
+
+constexpr const char *page = R"(
+    import QtQuick
+    import Tolvane.Private
+    Rectangle {
+        id: page
+        property alias view: view
+        property url url
+        property int placeholders: 0
+        property int contents: 0
+        property Component content: RoundedImage { Component.onCompleted: ++page.contents }
+        width: 200; height: 200; color: "black"
+        %1 {
+            id: view
+            width: 200; height: 200
+            url: page.url
+            content: page.content
+            placeholder: Rectangle { color: "yellow"; Component.onCompleted: ++page.placeholders }
+        }
+    }
+)";
+
+const QString whole = u"CachedAsyncImage"_s;
+const QString thumbnail = u"ThumbnailAsyncImage"_s;
+
+UrlResponse picture(const QColor &color)
+{
+    return {.status = 200, .headers = {}, .body = encoded(solid({40, 30}, color), "png")};
+}
+
+UrlRequest requestFor(const QUrl &url)
+{
+    UrlRequest request;
+    request.url = url;
+    return request;
+}
+
+/// A window with one view in it.
+struct Scene : Fixture
+{
+    explicit Scene(const QString &type = whole, const QUrl &url = address)
+    {
+        session->handler = [this](const UrlRequest &request) -> UrlResponse {
+            if (failing)
+                throw UrlError(UrlError::timedOut);
+            return picture(request.url == address ? Qt::red : Qt::blue);
+        };
+        QString source = QString::fromLatin1(page).arg(type);
+        if (type == thumbnail)
+            source.replace(u"id: view"_s, u"id: view; thumbnailSize: Qt.size(20, 20)"_s);
+        component.setData(source.toUtf8(), QUrl());
+        root = qobject_cast<QQuickItem *>(
+            component.createWithInitialProperties({{u"url"_s, url}}, window.rootContext()));
+        if (!root)
+            qFatal("%s", qPrintable(component.errorString()));
+        item = root->property("view").value<AsyncImage *>();
+    }
+
+    bool show()
+    {
+        window.setContent({}, nullptr, root);
+        window.show();
+        return QTest::qWaitForWindowExposed(&window);
+    }
+
+    int placeholders() const { return root->property("placeholders").toInt(); }
+    int contents() const { return root->property("contents").toInt(); }
+    QColor middle() { return window.grabWindow().pixelColor(100, 100); }
+
+    QQuickView window;
+    QQmlComponent component{window.engine()};
+    QQuickItem *root;
+    AsyncImage *item;
+    bool failing = false;
+};
+
+} // namespace
+
+class AsyncImageTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { qml_register_types_Tolvane_Private(); }
+
+    void thePlaceholderGivesWayToThePicture_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("whole") << whole << QSize(40, 30);
+        QTest::newRow("thumbnail") << thumbnail << QSize(27, 20);
+    }
+
+    void thePlaceholderGivesWayToThePicture()
+    {
+        QFETCH(const QString, type);
+        QFETCH(const QSize, size);
+        Scene scene(type);
+        scene.session->held = true;
+        QCOMPARE(scene.placeholders(), 0); // Not before it appears.
+        QVERIFY(scene.show());
+        QCOMPARE(scene.middle(), QColor(Qt::yellow));
+        QVERIFY(scene.item->isLoading());
+        scene.session->release();
+        QCOMPARE(scene.middle(), QColor(Qt::red));
+        QCOMPARE(scene.item->image().size(), size * scene.window.effectiveDevicePixelRatio());
+        QCOMPARE(scene.placeholders(), 1);
+        QCOMPARE(scene.contents(), 1);
+        QVERIFY(!scene.item->isLoading());
+    }
+
+    void whatIsAtHandShowsInTheFirstFrame_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("isDecoded");
+        QTest::addColumn<int>("placeholders");
+        QTest::newRow("whole, decoded") << whole << true << 0;
+        QTest::newRow("whole, as it came") << whole << false << 0;
+        QTest::newRow("thumbnail, decoded") << thumbnail << true << 1;
+        QTest::newRow("thumbnail, as it came") << thumbnail << false << 1;
+    }
+
+    void whatIsAtHandShowsInTheFirstFrame()
+    {
+        QFETCH(const QString, type);
+        QFETCH(const bool, isDecoded);
+        QFETCH(const int, placeholders);
+        Scene scene(type);
+        ImageCache &cache = ImageCache::shared();
+        if (isDecoded)
+            cache.insert(ImageCache::key(address), solid({40, 30}, Qt::red));
+        else
+            cache.responses().store(picture(Qt::red), requestFor(address));
+        std::atomic<int> frames = 0;
+        std::atomic<int> framesBeforeContent = 0;
+        connect(
+            &scene.window, &QQuickWindow::beforeSynchronizing, this,
+            [&] {
+                framesBeforeContent += scene.contents() == 0 ? 1 : 0;
+                ++frames;
+            },
+            Qt::DirectConnection); // The main thread waits meanwhile.
+        QVERIFY(scene.show());
+        QTRY_VERIFY(frames > 0);
+        QCOMPARE(scene.middle(), QColor(Qt::red));
+        QCOMPARE(scene.placeholders(), placeholders);
+        if (type == whole)
+            QCOMPARE(framesBeforeContent.load(), 0);
+        QCOMPARE(scene.contents(), 1);
+        QVERIFY(scene.session->requests.isEmpty());
+    }
+
+    void appearingAgainTriesAgain()
+    {
+        Scene scene;
+        scene.failing = true;
+        QVERIFY(scene.show());
+        settle();
+        QVERIFY(!scene.item->isLoading());
+        scene.failing = false;
+        settle();
+        QCOMPARE(scene.session->requests.size(), 1); // Not by itself.
+
+        scene.session->held = true;
+        for (int i = 0; i < 2; ++i) { // The second time it is still loading.
+            scene.root->setVisible(false);
+            scene.root->setVisible(true);
+        }
+        scene.session->release();
+        QCOMPARE(scene.session->requests.size(), 2);
+        QCOMPARE(scene.middle(), QColor(Qt::red));
+        scene.root->setVisible(false);
+        scene.root->setVisible(true);
+        settle();
+        QCOMPARE(scene.session->requests.size(), 2);
+        QCOMPARE(scene.contents(), 1);
+    }
+
+    void anotherAddressBeginsAnew()
+    {
+        Scene scene;
+        QVERIFY(scene.show());
+        settle();
+        QCOMPARE(scene.middle(), QColor(Qt::red));
+
+        scene.session->held = true;
+        scene.root->setProperty("url", otherAddress);
+        QCOMPARE(scene.middle(), QColor(Qt::yellow)); // Never the picture of another address.
+        scene.root->setProperty("url", QUrl());
+        scene.session->release();
+        QCOMPARE(scene.middle(), QColor(Qt::yellow));
+        scene.root->setProperty("url", otherAddress);
+        QCOMPARE(scene.middle(), QColor(Qt::blue)); // The abandoned load has filled the caches.
+        QCOMPARE(scene.session->requests.size(), 2);
+    }
+
+    void aViewThatGoesWhileItLoadsHarmsNobody()
+    {
+        Scene scene;
+        scene.session->held = true;
+        QVERIFY(scene.show());
+        delete scene.item;
+        scene.session->release();
+        QVERIFY(!ImageCache::shared().image(ImageCache::key(address)).isNull());
+        QCOMPARE(scene.middle(), QColor(Qt::black));
+    }
+
+    void whatIsShownTakesTheViewsSizeAndGivesItOne()
+    {
+        Scene scene;
+        scene.item->resetWidth();
+        scene.item->resetHeight();
+        QVERIFY(scene.show());
+        settle();
+        QCOMPARE(scene.item->size(), QSizeF(40, 30));
+        scene.item->setSize({50, 60});
+        QCOMPARE(scene.item->item()->size(), QSizeF(50, 60));
+    }
+
+    void thereIsAPlaceholderForThoseWithoutOne()
+    {
+        Scene scene(whole, QUrl());
+        scene.item->setPlaceholder(nullptr);
+        QVERIFY(scene.show());
+        QVERIFY(scene.item->item()->implicitWidth() > 0);
+        QVERIFY(scene.middle() != QColor(Qt::yellow));
+    }
+
+    void contentThatCannotBeMadeIsReported()
+    {
+        Scene scene;
+        QQmlComponent broken(scene.window.engine());
+        broken.setData("import QtQuick; Item { unknown: 1 }", QUrl());
+        scene.root->setProperty("content", QVariant::fromValue(&broken));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot make the item"_s));
+        QVERIFY(scene.show());
+        settle();
+        QVERIFY(!scene.item->isLoading());
+    }
+
+    /// A loader deletes its item with the next turn of the event loop, and its context at once.
+    void aPictureArrivesForAViewThatIsGoing()
+    {
+        Scene scene;
+        scene.session->held = true;
+        QQmlComponent component(scene.window.engine());
+        component.setData("import QtQuick\nimport Tolvane.Private\n"
+                          "Loader { sourceComponent: CachedAsyncImage {\n"
+                          "url: 'https://cdn.example/photo.png'; content: RoundedImage {} } }",
+                          {});
+        const std::unique_ptr<QQuickItem> loader(qobject_cast<QQuickItem *>(component.create()));
+        QVERIFY2(loader, qPrintable(component.errorString()));
+        QVERIFY(scene.show());
+        loader->setParentItem(scene.root);
+        settle();
+        const QPointer<QObject> view = loader->property("item").value<QObject *>();
+        QVERIFY(view);
+        loader->setProperty("active", false);
+        scene.session->release();
+        settle();
+        QTRY_VERIFY(!view);
+    }
+};
+
+QTEST_MAIN(AsyncImageTest)
+#include "tst_asyncimage.moc"

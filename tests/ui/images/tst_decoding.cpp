@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "testing/ui/samples.h"
+#include "ui/images/decoding.h"
+
+#include <QtGui/QColorSpace>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane::test;
+namespace images = tolvane::images;
+
+namespace {
+
+QByteArray dataFile(const char *name)
+{
+    QFile file(QStringLiteral(TOLVANE_TEST_DATA "/") + QLatin1String(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray hugePng(int side)
+{
+    return encoded(QImage(side, side, QImage::Format_Mono), "png");
+}
+
+QImage halves(const QSize &size, const QColor &left, const QColor &right)
+{
+    QImage image = solid(size, left);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = size.width() / 2; x < size.width(); ++x)
+            image.setPixelColor(x, y, right);
+    }
+    return image;
+}
+
+/// The same numbers as in sRGB, said to be of a space with a wider red.
+QByteArray wideGamutPng(const QColor &color)
+{
+    QImage image = solid({4, 4}, color);
+    image.setColorSpace(QColorSpace::DisplayP3);
+    return encoded(image, "png");
+}
+
+bool isClose(QRgb a, QRgb b, int tolerance)
+{
+    return qAbs(qRed(a) - qRed(b)) <= tolerance && qAbs(qGreen(a) - qGreen(b)) <= tolerance &&
+           qAbs(qBlue(a) - qBlue(b)) <= tolerance && qAbs(qAlpha(a) - qAlpha(b)) <= tolerance;
+}
+
+} // namespace
+
+class DecodingTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void picturesAreReadAndOthersRefused_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QSize>("size"); // Empty: no picture.
+        QTest::addColumn<QColor>("middle");
+        const QColor red(200, 50, 50);
+        const QByteArray jpeg = encoded(solid({60, 40}, red), "jpeg");
+        const QImage clear = solid({5, 5}, QColor(0, 128, 0, 128), QImage::Format_ARGB32);
+        QTest::newRow("png") << encoded(solid({3, 2}, red), "png") << QSize(3, 2) << red;
+        QTest::newRow("transparent png")
+            << encoded(clear, "png") << QSize(5, 5) << QColor(0, 128, 0, 128);
+        QTest::newRow("one pixel") << encoded(solid({1, 1}, red), "png") << QSize(1, 1) << red;
+        QTest::newRow("16 bits a channel")
+            << encoded(solid({7, 7}, red, QImage::Format_RGBA64), "png") << QSize(7, 7) << red;
+        QTest::newRow("jpeg") << jpeg << QSize(60, 40) << red;
+        QTest::newRow("CMYK jpeg") << dataFile("cmyk.jpg") << QSize(24, 16) << red;
+        QTest::newRow("turned jpeg") << turned(jpeg, 6) << QSize(40, 60) << red;
+        QTest::newRow("jpeg cut short") << jpeg.first(jpeg.size() - 20) << QSize(60, 40) << red;
+        QTest::newRow("first frame of a gif")
+            << dataFile("animated.gif") << QSize(8, 6) << QColor(0, 255, 0);
+        QTest::newRow("webp") << encoded(solid({9, 9}, red), "webp") << QSize(9, 9) << red;
+        QTest::newRow("wide gamut")
+            << wideGamutPng(QColor(200, 100, 100)) << QSize(4, 4) << QColor(215, 94, 96);
+
+        const QColor none;
+        QTest::newRow("nothing") << QByteArray() << QSize() << none;
+        QTest::newRow("page") << QByteArray("<!doctype html><p>404") << QSize() << none;
+        QTest::newRow("svg") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' "
+                                           "height='9'><rect width='9' height='9'/></svg>")
+                             << QSize() << none;
+        QTest::newRow("bmp") << encoded(solid({3, 2}, red), "bmp") << QSize() << none;
+        QTest::newRow("png's head only")
+            << encoded(solid({3, 2}, red), "png").first(20) << QSize() << none;
+        QTest::newRow("100 megapixels in a few KB") << hugePng(10'000) << QSize() << none;
+        QTest::newRow("jpeg's start, then noise")
+            << QByteArray("\xff\xd8\xff") + QByteArray(500, '\x5a') << QSize() << none;
+    }
+
+    void picturesAreReadAndOthersRefused()
+    {
+        QFETCH(const QByteArray, bytes);
+        QFETCH(const QSize, size);
+        QFETCH(const QColor, middle);
+        for (const QImage &image :
+             {images::decoded(bytes), images::decodedThumbnail(bytes, {1000, 1000})}) {
+            QCOMPARE(image.isNull(), size.isEmpty());
+            if (image.isNull())
+                continue;
+            QCOMPARE(image.size(), size);
+            QVERIFY(image.format() == QImage::Format_RGB32 ||
+                    image.format() == QImage::Format_ARGB32_Premultiplied);
+            const QRgb pixel = image.pixelColor(size.width() / 2, size.height() / 2).rgba();
+            QVERIFY2(isClose(pixel, middle.rgba(), 6), qPrintable(QColor(pixel).name()));
+        }
+    }
+
+    void orientationIsApplied()
+    {
+        // Red on the left, turned by a quarter: red on top.
+        const QByteArray jpeg = turned(encoded(halves({160, 80}, Qt::red, Qt::blue), "jpeg"), 6);
+        for (const QImage &image :
+             {images::decoded(jpeg), images::decodedThumbnail(jpeg, {20, 20})}) {
+            QVERIFY(image.height() == 2 * image.width());
+            const int x = image.width() / 2;
+            QVERIFY(isClose(image.pixel(x, image.height() / 5), qRgb(254, 0, 0), 10));
+            QVERIFY(isClose(image.pixel(x, image.height() * 4 / 5), qRgb(0, 0, 254), 10));
+        }
+    }
+
+    void thumbnailsFillTheirTarget_data()
+    {
+        QTest::addColumn<QSize>("picture");
+        QTest::addColumn<QSize>("target");
+        QTest::addColumn<QSize>("thumbnail");
+        QTest::newRow("wide") << QSize(800, 400) << QSize(100, 100) << QSize(200, 100);
+        QTest::newRow("tall") << QSize(300, 600) << QSize(100, 50) << QSize(100, 200);
+        QTest::newRow("never larger") << QSize(80, 40) << QSize(100, 100) << QSize(80, 40);
+        QTest::newRow("very long") << QSize(2000, 20) << QSize(10, 10) << QSize(200, 2);
+        QTest::newRow("no target") << QSize(80, 40) << QSize(0, 100) << QSize(80, 40);
+    }
+
+    void thumbnailsFillTheirTarget()
+    {
+        QFETCH(const QSize, picture);
+        QFETCH(const QSize, target);
+        QFETCH(const QSize, thumbnail);
+        const QImage image = solid(picture, Qt::darkCyan);
+        QCOMPARE(images::thumbnail(image, target).size(), thumbnail);
+        for (const char *format : {"png", "jpeg"})
+            QCOMPARE(images::decodedThumbnail(encoded(image, format), target).size(), thumbnail);
+    }
+
+    void jpegsTooLargeComeSmaller()
+    {
+        const QByteArray jpeg = encoded(solid({8000, 5000}, Qt::red), "jpeg");
+        const QImage image = images::decoded(jpeg);
+        QVERIFY(!image.isNull());
+        QVERIFY(qint64(image.width()) * image.height() <= images::maximumPixels);
+        QCOMPARE(image.size(), QSize(4000, 2500));
+        QCOMPARE(images::decodedThumbnail(jpeg, {50, 50}).size(), QSize(80, 50));
+    }
+};
+
+QTEST_GUILESS_MAIN(DecodingTest)
+#include "tst_decoding.moc"

@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: MIT
+#include "base/errors.h"
+#include "testing/testplatform.h"
+#include "testing/ui/samples.h"
+#include "ui/images/imagecache.h"
+#include "ui/images/imageload.h"
+
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+const QUrl address(u"https://cdn.example/a%20photo.png?x=1"_s);
+const QString key = ImageCache::key(address);
+const QSize fullSize(300, 200);
+
+UrlResponse pictureResponse(const QSize &size = fullSize)
+{
+    return {.status = 200, .headers = {}, .body = encoded(solid(size, Qt::red), "png")};
+}
+
+UrlResponse page()
+{
+    return {.status = 404, .headers = {{"Content-Type", "image/png"}}, .body = "<html>Gone"};
+}
+
+UrlRequest requestFor(const QUrl &url)
+{
+    UrlRequest request;
+    request.url = url;
+    return request;
+}
+
+struct Scene : Fixture
+{
+    Scene()
+    {
+        session->handler = [this](const UrlRequest &) {
+            if (failing)
+                throw UrlError(UrlError::timedOut);
+            return response;
+        };
+    }
+
+    static std::shared_ptr<ImageLoad> view(std::optional<QSizeF> thumbnail = {},
+                                           const QUrl &url = address)
+    {
+        return std::make_shared<ImageLoad>(url, thumbnail);
+    }
+
+    /// As its view does when it appears.
+    static void appear(ImageLoad &load, qreal scale = 1)
+    {
+        load.lookAtCaches();
+        load.begin(scale);
+    }
+
+    qsizetype requestCount() const { return session->requests.size(); }
+
+    UrlResponse response = pictureResponse();
+    bool failing = false;
+};
+
+} // namespace
+
+class ImageLoadTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aPictureIsLoadedAndKept()
+    {
+        Scene scene;
+        const auto view = scene.view();
+        QVERIFY(!view->isLoading());
+        scene.appear(*view);
+        QVERIFY(view->isLoading() && view->image().isNull());
+        scene.appear(*view); // While it loads.
+        settle();
+        QVERIFY(!view->isLoading());
+        QCOMPARE(view->image().size(), fullSize);
+        QCOMPARE(scene.requestCount(), 1);
+
+        const UrlRequest &request = scene.session->requests.constFirst();
+        QCOMPARE(request.url, address);
+        QCOMPARE(request.method, "GET");
+        QVERIFY(request.headers.isEmpty() && request.isAnonymous);
+        QCOMPARE(request.timeout, std::chrono::seconds(60));
+
+        QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
+        const auto kept = ImageCache::shared().responses().cachedResponse(requestFor(address));
+        QVERIFY(kept && kept->body == scene.response.body);
+        QVERIFY(scene.log->lines.isEmpty());
+    }
+
+    void whatIsAtHandNeedsNoLoad()
+    {
+        for (const bool isDecoded : {true, false}) {
+            Scene scene;
+            if (isDecoded)
+                ImageCache::shared().insert(key, solid(fullSize, Qt::blue));
+            else
+                ImageCache::shared().responses().store(pictureResponse(), requestFor(address));
+            const auto view = scene.view();
+            view->lookAtCaches();
+            QCOMPARE(view->image().size(), fullSize);
+            QVERIFY(!ImageCache::shared().image(key).isNull());
+            view->begin(1);
+            QVERIFY(!view->isLoading());
+            QCOMPARE(scene.requestCount(), 0);
+        }
+    }
+
+    void onlyModestPicturesAreDecodedAtOnce()
+    {
+        Scene scene;
+        ImageCache::shared().responses().store(pictureResponse({3000, 1500}), requestFor(address));
+        const auto view = scene.view();
+        view->lookAtCaches();
+        QVERIFY(view->image().isNull());
+        view->begin(1);
+        settle();
+        QCOMPARE(view->image().size(), QSize(3000, 1500));
+        QCOMPARE(scene.requestCount(), 0);
+    }
+
+    void aNetworkFailureIsTriedAgainWithTheNextAppearance()
+    {
+        Scene scene;
+        scene.failing = true;
+        const auto view = scene.view();
+        scene.appear(*view);
+        settle();
+        QVERIFY(!view->isLoading() && view->image().isNull());
+        scene.failing = false;
+        scene.appear(*view);
+        settle();
+        QCOMPARE(view->image().size(), fullSize);
+        QCOMPARE(scene.requestCount(), 2);
+        QVERIFY(scene.log->lines.isEmpty() && scene.delegate->events.isEmpty());
+    }
+
+    void whatIsNoPictureIsKeptAndStaysLoading()
+    {
+        for (const auto thumbnail : {std::optional<QSizeF>(), std::optional(QSizeF(10, 10))}) {
+            Scene scene;
+            scene.response = page();
+            const auto view = scene.view(thumbnail);
+            scene.appear(*view);
+            settle();
+            QVERIFY(view->isLoading() && view->image().isNull());
+            scene.appear(*view);
+            settle();
+            QCOMPARE(scene.requestCount(), 1); // Stuck for this view's life.
+            const auto kept = ImageCache::shared().responses().cachedResponse(requestFor(address));
+            QVERIFY(kept && kept->status == 404);
+
+            // Another view takes the page in the cache for a miss.
+            scene.response = pictureResponse();
+            const auto other = scene.view(thumbnail);
+            scene.appear(*other);
+            settle();
+            QVERIFY(!other->image().isNull());
+            QCOMPARE(scene.requestCount(), 2);
+        }
+    }
+
+    void thumbnailsAreMadeOfTheWholePictureAndNeverKept()
+    {
+        Scene scene;
+        const auto small = scene.view(QSizeF(20, 20));
+        scene.appear(*small, 3);
+        settle();
+        QCOMPARE(small->image().size(), QSize(90, 60)); // In pixels of the screen.
+        QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
+
+        const auto large = scene.view(QSizeF(50, 50));
+        large->lookAtCaches();
+        QVERIFY(large->image().isNull()); // First the placeholder, also now.
+        large->begin(1);
+        settle();
+        QCOMPARE(large->image().size(), QSize(75, 50));
+        QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
+
+        const auto whole = scene.view();
+        whole->lookAtCaches();
+        QCOMPARE(whole->image().size(), fullSize);
+        QCOMPARE(scene.requestCount(), 1);
+    }
+
+    void photosBecomeThumbnailsWithoutFillingTheCache()
+    {
+        Scene scene;
+        scene.response = pictureResponse({2400, 1600});
+        const auto view = scene.view(QSizeF(50, 50));
+        scene.appear(*view, 2);
+        settle();
+        QCOMPARE(view->image().size(), QSize(150, 100));
+        QVERIFY(ImageCache::shared().image(key).isNull());
+
+        ImageCache::shared().insert(key, solid({2400, 1600}, Qt::blue));
+        const auto other = scene.view(QSizeF(50, 50));
+        scene.appear(*other, 1);
+        settle();
+        QCOMPARE(other->image().pixelColor(1, 1), QColor(Qt::blue)); // Out of what was there.
+        QCOMPARE(scene.requestCount(), 1);
+    }
+
+    void aViewThatHasGoneHarmsNobody()
+    {
+        Scene scene;
+        scene.session->held = true;
+        auto view = scene.view();
+        const std::weak_ptr<ImageLoad> watched = view;
+        scene.appear(*view);
+        view.reset();
+        QVERIFY(!watched.expired());
+        scene.session->release();
+        QVERIFY(watched.expired());
+        QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
+    }
+
+    void twoViewsLoadEachForThemselves()
+    {
+        Scene scene;
+        scene.session->held = true;
+        const auto first = scene.view();
+        const auto second = scene.view();
+        scene.appear(*first);
+        scene.appear(*second);
+        scene.session->release();
+        QCOMPARE(scene.requestCount(), 2);
+        QVERIFY(!first->image().isNull() && !second->image().isNull());
+    }
+
+    void unsafeAddressesAreNeverLoaded_data()
+    {
+        QTest::addColumn<QUrl>("url");
+        for (const char *text :
+             {"", "photo.png", "/etc/passwd", "//cdn.example/a.png", "file:///etc/passwd",
+              "data:image/png;base64,iVBORw0KGgo=", "qrc:/a.png", "ftp://cdn.example/a.png",
+              "https://", "https:///a.png", "http://[half", "javascript:alert(1)"})
+            QTest::newRow(text) << QUrl(QString::fromLatin1(text));
+    }
+
+    void unsafeAddressesAreNeverLoaded()
+    {
+        QFETCH(const QUrl, url);
+        for (const auto thumbnail : {std::optional<QSizeF>(), std::optional(QSizeF(10, 10))}) {
+            Scene scene;
+            const auto view = scene.view(thumbnail, url);
+            scene.appear(*view);
+            settle();
+            QVERIFY(!view->isLoading() && view->image().isNull());
+            QCOMPARE(scene.requestCount(), 0);
+        }
+    }
+
+    void theMemoryCacheIsBounded()
+    {
+        Scene scene;
+        ImageCache &cache = ImageCache::shared();
+        const auto name = [](int i) { return QString::number(i); };
+        for (int i = 0; i < 101; ++i) {
+            cache.image(name(0)); // Used all the time, it stays.
+            cache.insert(name(i), solid({1, 1}, Qt::red));
+        }
+        QVERIFY(!cache.image(name(0)).isNull() && !cache.image(name(100)).isNull());
+        QVERIFY(cache.image(name(1)).isNull());
+
+        // 20 MiB each, three of which are too much.
+        const QImage large(2560, 2048, QImage::Format_RGB32);
+        for (int i = 0; i < 3; ++i)
+            cache.insert(u"large"_s + name(i), large);
+        QVERIFY(cache.image(u"large0"_s).isNull() && cache.image(name(100)).isNull());
+        QVERIFY(!cache.image(u"large1"_s).isNull() && !cache.image(u"large2"_s).isNull());
+        cache.insert(u"larger"_s, QImage(4000, 4000, QImage::Format_RGB32));
+        QVERIFY(cache.image(u"larger"_s).isNull() && !cache.image(u"large2"_s).isNull());
+    }
+
+    void whatMemoryLostComesFromTheResponses()
+    {
+        Scene scene;
+        const auto first = scene.view();
+        scene.appear(*first);
+        settle();
+        for (int i = 0; i < 100; ++i)
+            ImageCache::shared().insert(QString::number(i), solid({1, 1}, Qt::red));
+        QVERIFY(ImageCache::shared().image(key).isNull());
+        const auto second = scene.view();
+        scene.appear(*second);
+        QCOMPARE(second->image().size(), fullSize);
+        QVERIFY(!ImageCache::shared().image(key).isNull());
+        QCOMPARE(scene.requestCount(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(ImageLoadTest)
+#include "tst_imageload.moc"

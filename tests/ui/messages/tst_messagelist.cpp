@@ -1,0 +1,344 @@
+// SPDX-License-Identifier: MIT
+#include "testing/wire.h"
+#include "ui/markdown/inlinemarkdown.h"
+#include "ui/messages/attachmentslayout.h"
+#include "ui/messages/messagelistmodel.h"
+#include "ui/messages/messageparts.h"
+#include "ui/messages/typingdots.h"
+
+#include <QtCore/QRandomGenerator>
+#include <QtTest/QAbstractItemModelTester>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+#include <numbers>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+QList<MessageDto> messagesOf(int first, int last)
+{
+    QList<MessageDto> messages;
+    for (int id = first; id <= last; ++id)
+        messages += makeMessage(QString::number(id));
+    return messages;
+}
+
+QStringList textsIn(const MessageListModel &model)
+{
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(); ++row)
+        texts +=
+            model.data(model.index(row), MessageListModel::contentRole).value<StyledText>().text;
+    return texts;
+}
+
+/// Without the paragraph around it.
+QString htmlOf(const QString &source)
+{
+    const StyledText styled = inlineMarkdown(source);
+    QString text = styled.text;
+    if (styled.isRich)
+        text.remove(u"<div style=\"white-space:pre-wrap\">"_s).remove(u"</div>"_s);
+    return text;
+}
+
+} // namespace
+
+class MessageListTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void onlyWhatIsNewIsTold()
+    {
+        const Fixture fixture;
+        MessageListModel model;
+        const QAbstractItemModelTester tester(&model);
+        QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+        QSignalSpy changed(&model, &MessageListModel::messagesChanged);
+        QSignalSpy arrived(&model, &MessageListModel::messageArrived);
+        QList<MessageDto> messages = messagesOf(1, 10'000);
+        model.setMessages(messages);
+        model.setMessages(messages);
+        model.setMessages(messagesOf(1, 10'000));
+        QCOMPARE(inserted.count(), 1);
+        QCOMPARE(changed.count(), 1);
+        messages += makeMessage(u"answer"_s, words::aiAgent);
+        model.setMessages(messages);
+        QCOMPARE(inserted.takeLast().at(1).toInt(), 10'000);
+        QCOMPARE(arrived.count(), 1);
+        messages[3].isRead = true;
+        messages += makeMessage(u"thanks"_s);
+        model.setMessages(messages);
+        QCOMPARE(changed.count(), 3);
+        QCOMPARE(arrived.count(), 1);
+    }
+
+    void agesGoOn()
+    {
+        const Fixture fixture;
+        MessageListModel model;
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        model.refreshAges();
+        QVERIFY(changed.isEmpty());
+        MessageDto message = makeMessage(u"m"_s);
+        message.timestamp =
+            fixture.clock->now().toUTC().toString(u"yyyy-MM-dd'T'HH:mm:ss'+0000'"_s);
+        model.setMessages({message, makeMessage(u"old"_s)});
+        const auto caption = [&] {
+            return model.data(model.index(0), MessageListModel::captionRole).toString();
+        };
+        const QString before = caption();
+        fixture.clock->advance(std::chrono::minutes(5));
+        model.refreshAges();
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.at(0).at(1).toModelIndex().row(), 1);
+        QVERIFY(changed.at(0).at(2).value<QList<int>>().contains(MessageListModel::captionRole));
+        QVERIFY2(before != caption() && caption().startsWith(u"5 "_s), qPrintable(caption()));
+    }
+
+    void aShuffledListStaysCheap()
+    {
+        const Fixture fixture;
+        MessageListModel model;
+        QSignalSpy moved(&model, &QAbstractItemModel::rowsMoved);
+        QList<MessageDto> messages = messagesOf(1, 20'000);
+        model.setMessages(messages);
+        std::ranges::reverse(messages);
+        model.setMessages(messages);
+        QCOMPARE(model.data(model.index(0), MessageListModel::contentRole).value<StyledText>().text,
+                 u"text of 20000"_s);
+        QVERIFY(moved.count() < 1000);
+        // Every second one is gone, which would be 10,000 steps.
+        QList<MessageDto> half;
+        for (qsizetype at = 0; at < messages.size(); at += 2)
+            half += messages.at(at);
+        model.setMessages(half);
+        QCOMPARE(model.rowCount(), half.size());
+    }
+
+    void longMessagesTakeSeveralRows()
+    {
+        const Fixture fixture;
+        MessageListModel model;
+        MessageDto message = makeMessage(u"m"_s);
+        message.attachments = QStringList{u"https://cdn.example/a.png"_s};
+        message.content = QString(100'000, u'x');
+        model.setMessages({message, makeMessage(u"n"_s)});
+        const auto valueOf = [&model](int row, int role) {
+            return model.data(model.index(row), role);
+        };
+        QCOMPARE(model.rowCount(), 26);
+        QCOMPARE(textsIn(model).first(25).join(QString()), message.content);
+        QCOMPARE(valueOf(0, MessageListModel::attachmentsRole).toStringList().size(), 1);
+        QCOMPARE(valueOf(1, MessageListModel::attachmentsRole).toStringList().size(), 0);
+        QVERIFY(valueOf(0, MessageListModel::isFirstRole).toBool());
+        QVERIFY(!valueOf(0, MessageListModel::isLastRole).toBool());
+        QVERIFY(valueOf(24, MessageListModel::isLastRole).toBool());
+        message.content += u'y';
+        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+        QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+        model.setMessages({message, makeMessage(u"n"_s)});
+        QCOMPARE(inserted.count(), 1);
+        QVERIFY(changed.count() > 0);
+    }
+
+    void nothingIsLostBetweenParts_data()
+    {
+        QTest::addColumn<QString>("unit");
+        QTest::addColumn<QString>("seam");
+        QTest::newRow("one word") << u"abcdefg"_s << QString();
+        QTest::newRow("words") << u"some words "_s << QString();
+        QTest::newRow("lines") << u"a line of text\n"_s << u"\n"_s;
+        QTest::newRow("emoji of several")
+            << u"\U0001F468\u200D\U0001F469\u200D\U0001F467"_s << QString();
+        QTest::newRow("accents") << u"e\u0301\u0302\u0303\u0304"_s << QString();
+        QTest::newRow("a character without an end") << u"\u0301"_s << QString();
+        QTest::newRow("no width") << u"\u200b"_s << QString();
+        QTest::newRow("half a character") << QString(QChar(0xd83d)) << QString();
+    }
+
+    void nothingIsLostBetweenParts()
+    {
+        QFETCH(const QString, unit);
+        QFETCH(const QString, seam);
+        const QString text = unit.repeated(20'000 / unit.size());
+        const QStringList parts = partsOf(text);
+        QCOMPARE(parts.join(seam), text);
+        QVERIFY(parts.size() > 4);
+        for (const QString &part : parts) {
+            QVERIFY(part.size() <= longestPart);
+            // None begins within a character.
+            QVERIFY(unit.at(1 % unit.size()).isLetter() || part.startsWith(unit.first(1)));
+        }
+    }
+
+    void rowsSayWho_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("picture");
+        QTest::addColumn<QString>("avatar");
+        QTest::addColumn<QString>("label");
+        const QString url = u"https://cdn.example/a.png"_s;
+        const QString maya = u"\u2068Maya\u2069"_s;
+        const QString support = u"ticket_support"_s;
+        QTest::newRow("customer") << words::customer << u"Eve"_s << url << u"none"_s << u"You"_s;
+        QTest::newRow("ai") << words::aiAgent << QString() << url << u"ai"_s << support;
+        QTest::newRow("human") << words::humanAgent << u"Maya"_s << QString() << u"person"_s
+                               << maya;
+        QTest::newRow("picture") << words::humanAgent << u"Maya"_s << url << u"picture"_s << maya;
+        QTest::newRow("no name") << words::humanAgent << u" "_s << url << u"picture"_s << support;
+        QTest::newRow("unknown") << u"Customer"_s << u"Maya"_s << url << u"none"_s << maya;
+        QTest::newRow("turning round") << words::humanAgent << u"\u202eMa\n\u2069ya"_s << QString()
+                                       << u"person"_s << u"\u2068Ma ya\u2069"_s;
+    }
+
+    void rowsSayWho()
+    {
+        QFETCH(const QString, type);
+        QFETCH(const QString, name);
+        QFETCH(const QString, picture);
+        QFETCH(const QString, avatar);
+        QFETCH(const QString, label);
+        const Fixture fixture;
+        MessageDto message = makeMessage(u"m"_s, type);
+        message.content = u"**Hi**"_s;
+        if (!name.isEmpty())
+            message.sender.name = name;
+        if (!picture.isEmpty())
+            message.sender.profilePicture = picture;
+        MessageListModel model;
+        model.setMessages({message});
+        const QModelIndex row = model.index(0);
+        QCOMPARE(model.data(row, MessageListModel::avatarRole).toString(), avatar);
+        QCOMPARE(model.data(row, MessageListModel::isCustomerRole).toBool(), type == u"customer"_s);
+        QCOMPARE(model.data(row, MessageListModel::captionRole).toString(),
+                 u"timeago_now \u00b7 "_s + label);
+        QCOMPARE(model.data(row, MessageListModel::descriptionRole).toString(),
+                 label + u", Hi, timeago_now"_s);
+    }
+
+    void markdownWithinALine_data()
+    {
+        QTest::addColumn<QString>("html");
+        const auto add = [](const char *source, const char *html) {
+            QTest::newRow(source) << QString::fromUtf8(html);
+        };
+        add("*a* _b_", "<i>a</i> <i>b</i>");
+        add("**a** __b__", "<b>a</b> <b>b</b>");
+        add("***a***", "<b><i>a</i></b>");
+        add("**a *b* c**", "<b>a </b><b><i>b</i></b><b> c</b>");
+        add("~~a~~ ~b~", "<s>a</s> ~b~");
+        add("`a *b* <c>`", "<code>a *b* &lt;c&gt;</code>");
+        add("`` a ` b ``", "<code>a ` b</code>");
+        add("snake_case_name", "snake_case_name");
+        add("2 * 3 * 4", "2 * 3 * 4");
+        add("*a _b* c_", "<i>a _b</i> c_");
+        add("\\*a\\*", "*a*");
+        add("[a *b*](https://x.y/?q=1&r=2 \"t\")",
+            "<a href=\"https://x.y/?q=1&amp;r=2\">a </a>"
+            "<a href=\"https://x.y/?q=1&amp;r=2\"><i>b</i></a>");
+        add("<mailto:a@b.c> <a@b.c>",
+            "<a href=\"mailto:a@b.c\">mailto:a@b.c</a> <a href=\"mailto:a@b.c\">a@b.c</a>");
+        add("See (https://x.y/a_b_c).",
+            "See (<a href=\"https://x.y/a_b_c\">https://x.y/a_b_c</a>).");
+        add("[[a](https://x.y)](https://z.y)",
+            "[<a href=\"https://x.y\">a</a>](<a href=\"https://z.y\">https://z.y</a>)");
+        // What it is not.
+        add("# a\n- b\n1. c\n> d\n    e\n---", "# a\n- b\n1. c\n> d\n    e\n---");
+        add("a\r\n\r\n  b", "a\n\n  b");
+        add("*a*\nb", "<i>a</i><br/>b");
+        add("*a* <img src=\"https://x\"> <b>",
+            "<i>a</i> &lt;img src=&quot;https://x&quot;&gt; &lt;b&gt;");
+        add("<script>a</script>", "<script>a</script>");
+        add("![a](x.png)", "![a](x.png)");
+        add("[a](javascript:b)", "[a](javascript:b)");
+        add("[a](file:///etc/passwd)", "[a](file:///etc/passwd)");
+        add("[a](https://x.y\" onclick=\"b)",
+            "[a](<a href=\"https://x.y\">https://x.y</a>&quot; onclick=&quot;b)");
+        add("[a]() [b] []( ", "[a]() [b] []( ");
+        add("", "");
+    }
+
+    void markdownWithinALine()
+    {
+        QFETCH(const QString, html);
+        QCOMPARE(htmlOf(QString::fromUtf8(QTest::currentDataTag())), html);
+    }
+
+    void anyMarkdownIsReadInTime()
+    {
+        // What a part may be, from all that has a meaning: it ends, and only styles are taken away.
+        QRandomGenerator random(7);
+        const QString letters = u"a*_~`[]()<>!\\h:/ \n\u202e\u200b"_s;
+        for (int round = 0; round < 200; ++round) {
+            QString text;
+            while (text.size() < longestPart)
+                text += QString(1 + random.bounded(3), letters.at(random.bounded(letters.size())));
+            const QString plain = withoutMarkdown(text);
+            QCOMPARE(plain.count(u'a'), text.count(u'a'));
+        }
+        for (const char *unit :
+             {"*", "**a", "a*", "[", "](", "<", "`a``", "[a](", "_a_ ", "((", "h"})
+            QVERIFY(!withoutMarkdown(QString::fromLatin1(unit).repeated(longestPart / 4)).isNull());
+    }
+
+    void dotsRideAWave_data()
+    {
+        QTest::addColumn<int>("dot");
+        QTest::addColumn<double>("time");
+        QTest::addColumn<double>("sine");
+        QTest::newRow("begins in the middle") << 0 << 0.0 << 0.0;
+        QTest::newRow("top") << 0 << 0.25 << 1.0;
+        QTest::newRow("bottom") << 0 << 0.75 << -1.0;
+        QTest::newRow("a second later") << 0 << 800'000'000.25 << 1.0;
+        QTest::newRow("second dot") << 1 << 0.0 << std::numbers::sqrt3 / 2;
+        QTest::newRow("third dot") << 2 << 0.25 << -0.5;
+    }
+
+    void dotsRideAWave()
+    {
+        QFETCH(const int, dot);
+        QFETCH(const double, time);
+        QFETCH(const double, sine);
+        const TypingDots dots;
+        const auto isNear = [](double a, double b) { return std::abs(a - b) < 1e-5; };
+        QVERIFY(isNear(dots.offset(dot, time), -4 * sine));
+        QVERIFY(isNear(dots.scale(dot, time), 0.95 + 0.06 * (sine + 1)));
+        QVERIFY(isNear(dots.opacity(dot, time), 0.6 + 0.2 * (sine + 1)));
+        QCOMPARE(dots.height(), 16.0);
+    }
+
+    void picturesInAGrid_data()
+    {
+        QTest::addColumn<int>("total");
+        QTest::addColumn<QList<double>>("grid"); // shown, columns, rows, width, side, remaining
+        QTest::newRow("1") << 1 << QList<double>{1, 1, 1, 200, 200, 0};
+        QTest::newRow("2") << 2 << QList<double>{2, 2, 1, 250, 122, 0};
+        QTest::newRow("3") << 3 << QList<double>{3, 2, 2, 280, 138, 0};
+        QTest::newRow("4") << 4 << QList<double>{4, 2, 2, 280, 138, 0};
+        QTest::newRow("5") << 5 << QList<double>{4, 2, 2, 280, 138, 1};
+        QTest::newRow("10") << 10 << QList<double>{4, 2, 2, 280, 138, 6};
+    }
+
+    void picturesInAGrid()
+    {
+        QFETCH(const int, total);
+        QFETCH(const QList<double>, grid);
+        AttachmentsLayout layout;
+        layout.attachments = QStringList(total, u"https://cdn.example/a.png"_s);
+        QCOMPARE(
+            (QList<double>{double(layout.count()), double(layout.columns()), double(layout.rows()),
+                           layout.greatestWidth(), layout.side(), double(layout.remaining(3))}),
+            grid);
+        QCOMPARE(layout.remaining(2), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(MessageListTest)
+#include "tst_messagelist.moc"

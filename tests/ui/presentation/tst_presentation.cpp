@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "platform/platform.h"
+#include "state/notifications.h"
+#include "state/sdkdata.h"
+#include "testing/ui/scene.h"
+#include "ui/presentation/viewcontroller.h"
+
+#include <QtGui/QRasterWindow>
+#include <QtQuick/QQuickView>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+void open()
+{
+    TolvaneViewController::presentInForeground();
+}
+
+} // namespace
+
+class PresentationTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutAWindowNothingHappens()
+    {
+        Scene scene;
+        open();
+        QVERIFY(!scene.messenger() && scene.openStates().isEmpty());
+    }
+
+    void itWaitsForTheSettingsAndShowsTheList()
+    {
+        Scene scene;
+        scene.setTickets({u"t1"_s, u"t2"_s});
+        QVERIFY(scene.showHost());
+        open();
+        QCOMPARE(scene.openStates(), QList<bool>{true});
+        QVERIFY(SdkData::shared()->isOpen());
+        settle();
+        QCOMPARE(scene.listRequests(), 0);
+        QVERIFY(scene.messenger() && !scene.find(u"main_subtitle"_s));
+
+        scene.loadSettings();
+        QCOMPARE(scene.listRequests(), 1); // The first appearance adds no refresh of its own.
+        QVERIFY(scene.find(u"main_subtitle"_s));
+        QTRY_VERIFY(scene.find(u"text of last"_s));
+        QTRY_COMPARE(scene.host.grabWindow().pixelColor(5, 5), QColor(0x20, 0x5d, 0x4e));
+
+        scene.clock->advance(std::chrono::seconds(5));
+        platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
+        settle();
+        QCOMPARE(scene.listRequests(), 2);
+    }
+
+    void thereIsAViewForEachState()
+    {
+        Scene scene;
+        QVERIFY(scene.showHost());
+        scene.loadSettings();
+        scene.session->held = true;
+        open();
+        QVERIFY(!scene.find(u"No conversations yet"_s));
+        scene.session->release();
+        QTRY_VERIFY(scene.find(u"No conversations yet"_s));
+        scene.isFailing = true;
+        QTest::keyClick(&scene.host, Qt::Key_F5);
+        settle();
+        QTRY_VERIFY(scene.find(u"Something went wrong"_s));
+        QTRY_VERIFY(!scene.find(u"No conversations yet"_s));
+    }
+
+    void closingGivesEverythingBack()
+    {
+        Scene scene;
+        QVERIFY(scene.showHost());
+        scene.loadSettings();
+        for (int round = 0; round < 2; ++round) {
+            scene.broadcasts.clear();
+            scene.delegate->events.clear();
+            open();
+            open(); // Is there already.
+            settle();
+            QTest::qWait(400);
+            QTest::keyClick(&scene.host, Qt::Key_Escape);
+            QTRY_VERIFY(!scene.messenger());
+            QCOMPARE(scene.openStates(), QList<bool>({true, false}));
+            QVERIFY(scene.field->hasActiveFocus());
+            QCOMPARE(scene.delegate->names().count(u"user_action"_s), 1);
+            const QVariantMap properties = scene.delegate->properties(u"user_action"_s);
+            QCOMPARE(properties.value(u"action_type"_s), u"close_button_tapped"_s);
+            QCOMPARE(properties.value(u"close_method"_s), u"button"_s);
+        }
+    }
+
+    void ticketsAndNewConversationsOpenAPage()
+    {
+        Scene scene;
+        scene.setTickets({u"t1"_s});
+        QVERIFY(scene.showHost());
+        scene.loadSettings();
+        open();
+        QTRY_VERIFY(scene.find(u"text of last"_s));
+        QTest::qWait(400);
+        for (const QString &target : {u"text of last"_s, u"Send us a message"_s}) {
+            QQuickItem *item = scene.find(target);
+            QVERIFY(item);
+            const QPointF middle = item->mapToScene(item->boundingRect().center());
+            QTest::mouseClick(&scene.host, Qt::LeftButton, {}, middle.toPoint());
+            scene.clock->advance(std::chrono::seconds(5));
+            const qsizetype before = scene.listRequests();
+            QTest::keyClick(&scene.host, Qt::Key_Escape); // Back, not away.
+            settle();
+            QVERIFY(scene.messenger());
+            QCOMPARE(scene.listRequests(), before + 1);
+        }
+        QStringList actions;
+        for (const TolvaneAnalyticsEvent &event : scene.delegate->events) {
+            if (event.name() == u"user_action"_s)
+                actions += event.properties().value(u"action_type"_s).toString();
+        }
+        QCOMPARE(actions, QStringList({u"navigate_to_ticket"_s, u"navigate_to_new_ticket"_s}));
+    }
+
+    void itEndsWithTheHostsWindow_data()
+    {
+        QTest::addColumn<bool>("isDestroyed");
+        QTest::newRow("closed") << false;
+        QTest::newRow("destroyed") << true;
+    }
+
+    void itEndsWithTheHostsWindow()
+    {
+        QFETCH(const bool, isDestroyed);
+        Scene scene;
+        auto window = std::make_unique<QQuickView>();
+        window->resize(300, 300);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        open();
+        QCOMPARE(scene.openStates(), QList<bool>{true});
+        if (isDestroyed)
+            window.reset();
+        else
+            window->close();
+        settle();
+        QCOMPARE(scene.openStates(), QList<bool>({true, false}));
+        QVERIFY(!SdkData::shared()->isOpen());
+    }
+
+    void hostsOfAnotherKindGetAWindowOverTheirs_data()
+    {
+        QTest::addColumn<bool>("isClosedByTheSystem");
+        QTest::newRow("by the customer") << false;
+        QTest::newRow("by the window manager") << true;
+    }
+
+    void hostsOfAnotherKindGetAWindowOverTheirs()
+    {
+        QFETCH(const bool, isClosedByTheSystem);
+        Scene scene;
+        QRasterWindow window;
+        window.resize(360, 500);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        open();
+        QQuickWindow *own = nullptr;
+        for (QWindow *each : QGuiApplication::topLevelWindows()) {
+            if (each->transientParent() == &window)
+                own = qobject_cast<QQuickWindow *>(each);
+        }
+        QVERIFY(own && own->modality() == Qt::WindowModal);
+        QCOMPARE(own->geometry(), window.geometry());
+        window.resize(300, 400);
+        QTRY_COMPARE(own->size(), QSize(300, 400));
+        QVERIFY(QTest::qWaitForWindowActive(own));
+        const QPointer<QQuickWindow> watched = own;
+        if (isClosedByTheSystem)
+            own->close();
+        else
+            QTest::keyClick(own, Qt::Key_Escape);
+        QTRY_VERIFY(!watched);
+        QCOMPARE(scene.openStates(), QList<bool>({true, false}));
+    }
+};
+
+QTEST_MAIN(PresentationTest)
+#include "tst_presentation.moc"

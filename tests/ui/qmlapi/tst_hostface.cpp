@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+#include "analytics/manager.h"
+#include "backend/configuration.h"
+#include "backend/persistentstore.h"
+#include "platform/async/await.h"
+#include "platform/platform.h"
+#include "state/notifications.h"
+#include "testing/wire.h"
+
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+extern void qml_register_types_Tolvane();
+extern void qml_register_types_Tolvane_Private();
+
+namespace {
+
+const QByteArray host = R"(
+    import QtQml
+    import Tolvane
+
+    QtObject {
+        property var events: []
+        property var states: []
+        property Connections connections: Connections {
+            target: Tolvane
+
+            function onAnalyticsEvent(event) { events.push(event) }
+            function onIsOpenChanged() { states.push(Tolvane.isOpen) }
+        }
+
+        function run(source) { return eval(source) }
+    }
+)";
+
+/// A host in QML, on replaceable services.
+struct Scene : Fixture
+{
+    Scene()
+    {
+        session->handler = [](const UrlRequest &request) {
+            return test::json("{}", request.url.path().endsWith(u"/settings"_s) ? 304 : 200);
+        };
+        QQmlComponent component(engine.get());
+        component.setData(host, QUrl());
+        object.reset(component.create());
+        if (!object)
+            qWarning().noquote() << component.errorString();
+    }
+
+    QVariant run(const QString &source)
+    {
+        QVariant result;
+        QMetaObject::invokeMethod(object.get(), "run", Q_RETURN_ARG(QVariant, result),
+                                  Q_ARG(QVariant, source));
+        settle();
+        return result;
+    }
+
+    /// Bodies of what was sent since the last call, without the settings.
+    QList<QByteArray> bodies()
+    {
+        QList<QByteArray> bodies;
+        for (const UrlRequest &request : std::exchange(session->requests, {})) {
+            if (!request.url.path().endsWith(u"/settings"_s))
+                bodies += request.body;
+        }
+        return bodies;
+    }
+
+    void postState(bool isOpen)
+    {
+        platform().notificationCenter->post(notifications::didChangeState,
+                                            QVariantMap{{u"open"_s, isOpen}});
+    }
+
+    std::unique_ptr<QQmlEngine> engine = std::make_unique<QQmlEngine>();
+    std::unique_ptr<QObject> object;
+};
+
+} // namespace
+
+class HostFaceTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qml_register_types_Tolvane();
+        qml_register_types_Tolvane_Private();
+    }
+
+    void operationsAreThoseOfTheFacade_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QString>("event");
+        QTest::addColumn<QByteArray>("body");
+        const auto row = [](const char *source, const QString &event, const QByteArray &body) {
+            QTest::newRow(source) << QString::fromLatin1(source) << event << body;
+        };
+        const QString updated = u"tolvane_customer_updated"_s;
+        row("Tolvane.open()", u"tolvane_chat_opened"_s, {});
+        row("Tolvane.updateCustomer('a@b.c', '7')", updated,
+            R"({"email":"a@b.c","originalId":"7"})");
+        row("Tolvane.updateCustomer(undefined, 7)", updated, R"({"originalId":"7"})");
+        row("Tolvane.updateCustomer('', null)", updated, R"({"email":""})");
+        row("Tolvane.updateCustomer()", updated, "{}");
+        row("Tolvane.setDeviceToken(new Uint8Array([10, 255]).buffer)",
+            u"tolvane_device_token_set"_s, R"({"deviceToken":"0aff"})");
+        row("Tolvane.willPresentNotification({source: 'tolvane'})", u"tolvane_push_received"_s, {});
+        row("Tolvane.handlePushNotification({source: 'tolvane'})", u"tolvane_push_tapped"_s, {});
+    }
+
+    void operationsAreThoseOfTheFacade()
+    {
+        QFETCH(const QString, source);
+        QFETCH(const QString, event);
+        QFETCH(const QByteArray, body);
+        Scene scene;
+        scene.run(u"Tolvane.initialize('key')"_s);
+        QVERIFY(scene.delegate->names().contains(u"tolvane_sdk_initialized"_s));
+        scene.bodies();
+        scene.delegate->events.clear();
+        scene.run(source);
+        QVERIFY(scene.delegate->names().contains(event));
+        QCOMPARE(scene.bodies(), body.isEmpty() ? QList<QByteArray>() : QList{body});
+    }
+
+    void valuesAreThoseOfTheFacade_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("ours") << u"Tolvane.isTolvanePushNotification({source: 'tolvane'})"_s
+                              << QVariant(true);
+        QTest::newRow("not ours") << u"Tolvane.isTolvanePushNotification({})"_s << QVariant(false);
+        QTest::newRow("banner") << u"Tolvane.willPresentNotification({source: 'tolvane'}) === "
+                                   "Tolvane.SoundAndBanner && Tolvane.SoundAndBanner === 18"_s
+                                << QVariant(true);
+        QTest::newRow("nothing") << u"Tolvane.willPresentNotification({}) === Tolvane.None"_s
+                                 << QVariant(true);
+    }
+
+    void valuesAreThoseOfTheFacade()
+    {
+        QFETCH(const QString, source);
+        Scene scene;
+        scene.run(u"Tolvane.initialize('key')"_s);
+        QTEST(scene.run(source), "value");
+    }
+
+    void environmentsAreKnownOnes()
+    {
+        Scene scene;
+        scene.run(u"Tolvane.setEnvironment(Tolvane.Alpha)"_s);
+        QCOMPARE(Configuration::shared().environment(), Tolvane::Environment::alpha);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"There is no environment 7"_s));
+        scene.run(u"Tolvane.setEnvironment(7)"_s);
+        QCOMPARE(Configuration::shared().environment(), Tolvane::Environment::alpha);
+    }
+
+    void isOpenFollowsTheMessenger()
+    {
+        Scene scene;
+        QCOMPARE(scene.run(u"Tolvane.isOpen"_s), QVariant(false));
+        scene.postState(true);
+        scene.postState(true);
+        scene.postState(false);
+        // Whatever else changes is no news.
+        scene.run(u"Tolvane.initialize('key')"_s);
+        QCOMPARE(scene.run(u"JSON.stringify(states)"_s), QVariant(u"[true,false]"_s));
+    }
+
+    void eventsReachBothLanguages()
+    {
+        Scene scene;
+        persistentstore::setCustomerId(u"mine"_s);
+        TolvaneAnalyticsManager::shared().track(u"both"_s, {{u"key"_s, 3}});
+        QCOMPARE(scene.delegate->names(), QStringList{u"both"_s});
+        const QDateTime time = scene.delegate->events.constFirst().timestamp();
+        QCOMPARE(scene.run(u"events.length"_s).toInt(), 1);
+        QCOMPARE(scene.run(u"const e = events[0]; [e.name, e.properties.key, e.customerId, "
+                           "e.originalCustomerId, e.environment, e.timestamp.getTime()].join()"_s),
+                 QVariant(u"both,3,mine,,production,%1"_s.arg(time.toMSecsSinceEpoch())));
+
+        // QML hears without a delegate, and a delegate without QML.
+        Tolvane::setAnalyticsDelegate(nullptr);
+        TolvaneAnalyticsManager::shared().track(u"QML"_s, {});
+        QCOMPARE(scene.run(u"events[1].name"_s), QVariant(u"QML"_s));
+        Tolvane::setAnalyticsDelegate(scene.delegate);
+        scene.object.reset();
+        scene.engine.reset();
+        TolvaneAnalyticsManager::shared().track(u"C++"_s, {});
+        QCOMPARE(scene.delegate->names(), QStringList({u"both"_s, u"C++"_s}));
+    }
+
+    void anEngineMayEndInAHandler()
+    {
+        Scene scene;
+        struct Ending final : TolvaneAnalyticsDelegate
+        {
+            void didReceiveEvent(const TolvaneAnalyticsEvent &) override
+            {
+                scene->object.reset();
+                scene->engine.reset();
+            }
+            Scene *scene = nullptr;
+        };
+        const auto ending = std::make_shared<Ending>();
+        ending->scene = &scene;
+        Tolvane::setAnalyticsDelegate(ending);
+        TolvaneAnalyticsManager::shared().track(u"last"_s, {});
+        QVERIFY(!scene.engine);
+    }
+
+    void theModuleHasFewNames_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<bool>("isThere");
+        for (const char *type :
+             {"ParallaxScrollView { configuration: Parallax.configuration(Parallax.heights(2, 1), "
+              "Parallax.heights(2, 1), 0, 1, 0.5, 'red', 'red') }",
+              "LoadingStateView { loadingState: 'idle' }", "TolvaneEmptyContentView { }",
+              "TolvaneErrorContentView { errorText: 'None' }"})
+            QTest::newRow(type) << QString::fromLatin1(type) << true;
+        for (const char *type : {"IconButton { }", "Icon { }", "MessageBubble { }"})
+            QTest::newRow(type) << QString::fromLatin1(type) << false;
+    }
+
+    void theModuleHasFewNames()
+    {
+        QFETCH(const QString, type);
+        QFETCH(const bool, isThere);
+        Scene scene;
+        QQmlComponent component(scene.engine.get());
+        component.setData("import Tolvane\n" + type.toUtf8(), QUrl());
+        QCOMPARE(component.errorString().contains(u"is not a type"_s), !isThere);
+        const std::unique_ptr<QObject> object(isThere ? component.create() : nullptr);
+        QVERIFY2((object != nullptr) == isThere, qPrintable(component.errorString()));
+    }
+};
+
+QTEST_MAIN(HostFaceTest)
+#include "tst_hostface.moc"

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+#include "platform/system/files.h"
+#include "testing/testplatform.h"
+#include "testing/ui/samples.h"
+#include "ui/images/imagecache.h"
+#include "ui/sharing/imageshare.h"
+#include "ui/sharing/loadedimage.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QImageReader>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+extern void qml_register_types_Tolvane_Private();
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+const QUrl address(u"https://cdn.example/photo.png"_s);
+
+struct Scene : Fixture
+{
+    Scene() { qml_register_types_Tolvane_Private(); }
+
+    std::unique_ptr<LoadedImage> load()
+    {
+        QQmlComponent component(&engine);
+        component.setData("import Tolvane.Private\nLoadedImage {}", QUrl());
+        return std::unique_ptr<LoadedImage>(qobject_cast<LoadedImage *>(
+            component.createWithInitialProperties({{u"url"_s, address}})));
+    }
+
+    static void keep(const QByteArray &bytes)
+    {
+        UrlRequest request;
+        request.url = address;
+        ImageCache::shared().responses().store({.status = 200, .headers = {}, .body = bytes},
+                                               request);
+    }
+
+    QQmlEngine engine;
+    QTemporaryDir folder;
+};
+
+const QByteArray png = encoded(solid({40, 30}, Qt::red), "png");
+
+} // namespace
+
+class ImageShareTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void thePictureComesOutOfTheCache_data()
+    {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("meanwhile");
+        QTest::addColumn<QByteArray>("afterwards");
+        QTest::addColumn<QList<bool>>("isThere"); // At once, after 0.4 and 0.5 seconds, later.
+        using There = QList<bool>;
+        const QByteArray none;
+        QTest::newRow("at hand") << png << none << none << There{true, true, true, true};
+        QTest::newRow("meanwhile") << none << png << none << There{false, false, true, true};
+        QTest::newRow("no picture, then one")
+            << QByteArray("<html>") << png << none << There{false, false, true, true};
+        QTest::newRow("no picture")
+            << none << QByteArray("<html>") << none << There{false, false, false, false};
+        QTest::newRow("too late") << none << none << png << There{false, false, false, false};
+    }
+
+    void thePictureComesOutOfTheCache()
+    {
+        QFETCH(const QByteArray, before);
+        QFETCH(const QByteArray, meanwhile);
+        QFETCH(const QByteArray, afterwards);
+        QFETCH(const QList<bool>, isThere);
+        Scene scene;
+        const auto keep = [&](const QByteArray &bytes) {
+            if (!bytes.isEmpty())
+                scene.keep(bytes);
+            settle();
+        };
+        QList<bool> seen;
+        keep(before);
+        const auto load = scene.load();
+        settle();
+        seen += !load->image().isNull();
+        keep(meanwhile);
+        for (const auto span : {400ms, 100ms}) {
+            scene.clock->advance(span);
+            seen += !load->image().isNull();
+        }
+        keep(afterwards);
+        scene.clock->advance(60s);
+        seen += !load->image().isNull();
+        QCOMPARE(seen, isThere);
+        QVERIFY(scene.session->requests.isEmpty());
+        QCOMPARE(scene.clock->sleeperCount(), 0);
+    }
+
+    void whoeverLeavesWaitsForNothing()
+    {
+        Scene scene;
+        scene.load();
+        settle();
+        QCOMPARE(scene.clock->sleeperCount(), 0);
+        QCOMPARE(scene.clock->requestedSleeps(), QList<double>{0.5});
+    }
+
+    void theFile()
+    {
+        Scene scene;
+        ImageShare share;
+        QSignalSpy changes(&share, &ImageShare::fileChanged);
+        QImage picture = solid({40, 30}, Qt::transparent, QImage::Format_ARGB32_Premultiplied);
+        share.setImage(picture);
+        settle();
+        QVERIFY(share.isReady());
+        const QImage read = QImage::fromData(share.file().data, "jpeg");
+        QCOMPARE(read.size(), picture.size());
+        QVERIFY(qGray(read.pixel(20, 15)) > 250); // On white.
+        QCOMPARE(share.filename(), ImageFile::filenameAt(scene.clock->now()));
+
+        const int count = int(changes.count());
+        const QByteArray data = share.file().data;
+        scene.clock->advance(1s);
+        share.setImage(picture); // The same one.
+        settle();
+        QCOMPARE(changes.count(), count);
+        share.setImage({});
+        QVERIFY(!share.isReady());
+    }
+
+    void filenames_data()
+    {
+        QTest::addColumn<qint64>("milliseconds");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("fraction") << Q_INT64_C(1718031234567) << u"image_1718031234.567.jpg"_s;
+        QTest::newRow("short fraction") << Q_INT64_C(1718031234500) << u"image_1718031234.5.jpg"_s;
+        QTest::newRow("whole") << Q_INT64_C(1718031234000) << u"image_1718031234.0.jpg"_s;
+    }
+
+    void filenames()
+    {
+        QFETCH(const qint64, milliseconds);
+        QTEST(ImageFile::filenameAt(QDateTime::fromMSecsSinceEpoch(milliseconds)), "name");
+    }
+
+    void savingTellsHowItWent()
+    {
+        Scene scene;
+        ImageShare share;
+        QSignalSpy saved(&share, &ImageShare::saved);
+        QSignalSpy failed(&share, &ImageShare::failed);
+        const QString path = scene.folder.filePath(u"a b.jpg"_s);
+        share.save(QUrl::fromLocalFile(path));
+        settle();
+        QVERIFY(saved.isEmpty() && failed.isEmpty()); // There is nothing yet.
+        share.setImage(solid({40, 30}, Qt::red));
+        settle();
+        share.save(QUrl::fromLocalFile(path));
+        settle();
+        QCOMPARE(saved.value(0).value(0).toString(), path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), share.file().data);
+
+        for (const QString &bad :
+             {scene.folder.filePath(u"no/such/folder.jpg"_s), scene.folder.path()}) {
+            share.save(QUrl::fromLocalFile(bad));
+            settle();
+            QVERIFY(!failed.takeFirst().value(0).toString().isEmpty());
+        }
+        QCOMPARE(saved.count(), 1);
+        QCOMPARE(QDir(scene.folder.path()).entryList(QDir::Files), QStringList{u"a b.jpg"_s});
+    }
+
+    void aNameThatIsFree()
+    {
+        Scene scene;
+        const QString folder = scene.folder.filePath(u"to be made"_s);
+        QStringList names;
+        for (int i = 0; i < 3; ++i) {
+            const QString path = files::unusedPath(folder, u"image_1.5.jpg"_s);
+            files::write(path, "x");
+            names += QFileInfo(path).fileName();
+        }
+        QCOMPARE(names,
+                 QStringList({u"image_1.5.jpg"_s, u"image_1.5 (2).jpg"_s, u"image_1.5 (3).jpg"_s}));
+    }
+
+    void aDragHasTheFile()
+    {
+        Scene scene;
+        ImageShare share;
+        share.setImage(solid({40, 30}, Qt::red));
+        settle();
+        share.prepareDrag();
+        settle();
+        const std::unique_ptr<QMimeData> data(share.makeMimeData());
+        QCOMPARE(data->urls().size(), 1);
+        const QFileInfo file(data->urls().constFirst().toLocalFile());
+        QCOMPARE(file.fileName(), share.filename());
+        QCOMPARE(file.size(), share.file().data.size());
+        QCOMPARE(data->data(u"image/jpeg"_s), share.file().data);
+    }
+};
+
+QTEST_MAIN(ImageShareTest)
+#include "tst_imageshare.moc"

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "testing/wire.h"
+#include "ui/tickets/ticketlistmodel.h"
+#include "ui/tickets/ticketrow.h"
+
+#include <QtCore/QRandomGenerator>
+#include <QtTest/QAbstractItemModelTester>
+#include <QtTest/QTest>
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+using Tickets = TicketsData::Tickets;
+
+Tickets ticketsOf(const QString &ids)
+{
+    Tickets tickets;
+    for (const QChar id : ids)
+        tickets += makePreview(QString(id));
+    return tickets;
+}
+
+/// What a view is told, a letter each: inserted, removed, moved, changed.
+struct Listener
+{
+    explicit Listener(TicketListModel &model)
+    {
+        const auto note = [this](char letter, int count) { letters += QByteArray(count, letter); };
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted,
+                         [note](auto, int first, int last) { note('i', last - first + 1); });
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved,
+                         [note](auto, int first, int last) { note('r', last - first + 1); });
+        QObject::connect(&model, &QAbstractItemModel::rowsMoved, [note] { note('m', 1); });
+        QObject::connect(&model, &QAbstractItemModel::dataChanged, [note] { note('c', 1); });
+        QObject::connect(&model, &QAbstractItemModel::modelReset, [note] { note('!', 1); });
+    }
+
+    QByteArray letters;
+};
+
+QString idsIn(const TicketListModel &model)
+{
+    QString ids;
+    for (int row = 0; row < model.rowCount(); ++row)
+        ids +=
+            model.data(model.index(row), TicketListModel::previewRole).value<TicketPreviewDto>().id;
+    return ids;
+}
+
+} // namespace
+
+class TicketListTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aNewListBecomesTheFewestSteps_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<QByteArray>("told");
+        const auto add = [](const char *before, const char *after, const char *told) {
+            QTest::addRow("%s to %s", before, after)
+                << QString::fromLatin1(before) << QString::fromLatin1(after) << QByteArray(told);
+        };
+        add("abc", "abc", "");
+        add("", "abc", "iii");
+        add("abc", "", "rrr");
+        add("abc", "xabc", "i");
+        add("abcd", "dabc", "m"); // The one with news goes to the top.
+        add("abcd", "acd", "r");
+        add("abc", "xyz", "rrriii");
+        add("abc", "cxa", "rmi");
+        add("aab", "aba", "m");
+    }
+
+    void aNewListBecomesTheFewestSteps()
+    {
+        QFETCH(const QString, before);
+        QFETCH(const QString, after);
+        QFETCH(const QByteArray, told);
+        TicketListModel model;
+        const QAbstractItemModelTester tester(&model);
+        model.setTickets(ticketsOf(before));
+        const Listener listener(model);
+        model.setTickets(ticketsOf(after));
+        QCOMPARE(idsIn(model), after);
+        QCOMPARE(listener.letters, told);
+    }
+
+    void onlyTheRowThatChangedIsTold()
+    {
+        TicketListModel model;
+        Tickets tickets;
+        for (int i = 0; i < 1000; ++i)
+            tickets += makePreview(QString::number(i));
+        model.setTickets(tickets);
+        const Listener listener(model);
+        tickets[500].lastMessage.content = u"news"_s;
+        model.setTickets(tickets);
+        QCOMPARE(listener.letters, "c");
+        QCOMPARE(model.data(model.index(500), TicketListModel::contentRole), u"news"_s);
+    }
+
+    void anyListFollowsAnyOther()
+    {
+        QRandomGenerator random(3);
+        TicketListModel model;
+        const QAbstractItemModelTester tester(&model);
+        for (int round = 0; round < 300; ++round) {
+            QString ids;
+            for (int i = random.bounded(8); i > 0; --i)
+                ids += QChar(u'a' + random.bounded(10));
+            model.setTickets(ticketsOf(ids));
+            QCOMPARE(idsIn(model), ids);
+        }
+    }
+
+    void rowsSayWhoAndWhat_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("picture");
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<QString>("icon");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<bool>("isUnread");
+        const QString url = u"https://cdn.example/a.png"_s;
+        QTest::newRow("ai") << u"ai agent"_s << url << u"open"_s << u"ai"_s << u"ai agent"_s
+                            << true;
+        QTest::newRow("human with picture")
+            << u"human agent"_s << url << u"open"_s << u"picture"_s << u"Maya"_s << true;
+        QTest::newRow("human") << u"human agent"_s << QString() << u"open"_s << u"person"_s
+                               << u"Maya"_s << true;
+        QTest::newRow("customer") << u"customer"_s << QString() << u"open"_s << u"person"_s
+                                  << u"main_sender_customer_name"_s << false;
+        QTest::newRow("closed") << u"ai agent"_s << QString() << u"closed"_s << u"closed"_s
+                                << u"ai agent"_s << true;
+        QTest::newRow("case counts")
+            << u"AI agent"_s << QString() << u"Closed"_s << u"person"_s << u"AI agent"_s << true;
+    }
+
+    void rowsSayWhoAndWhat()
+    {
+        QFETCH(const QString, type);
+        QFETCH(const QString, picture);
+        QFETCH(const QString, state);
+        QFETCH(const QString, icon);
+        QFETCH(const QString, label);
+        QFETCH(const bool, isUnread);
+        Fixture fixture;
+        TicketPreviewDto preview = makePreview();
+        preview.state = state;
+        preview.lastMessage.content = u" one\n\ntwo\t three "_s;
+        preview.lastMessage.sender = {
+            .id = u"s"_s, .name = u"Maya"_s, .profilePicture = {}, .type = type};
+        if (!picture.isEmpty())
+            preview.lastMessage.sender.profilePicture = picture;
+        QCOMPARE(ticketrow::icon(preview), icon);
+        QCOMPARE(ticketrow::caption(preview.lastMessage),
+                 u"\u2068"_s + label + u"\u2069 · timeago_now"_s);
+        QCOMPARE(ticketrow::isUnread(preview.lastMessage), isUnread);
+        QCOMPARE(ticketrow::singleLine(preview.lastMessage.content), u"one two three"_s);
+        const QString description = ticketrow::description(preview);
+        QVERIFY(description.startsWith(label + u", one two three, timeago_now"_s));
+        QCOMPARE(description.contains(u"accessibility_unread"_s), isUnread);
+
+        preview.lastMessage.isRead = true;
+        preview.lastMessage.sender.name = std::nullopt;
+        QVERIFY(!ticketrow::isUnread(preview.lastMessage));
+        if (type == words::humanAgent)
+            QVERIFY(ticketrow::caption(preview.lastMessage).contains(type));
+    }
+};
+
+QTEST_GUILESS_MAIN(TicketListTest)
+#include "tst_ticketlist.moc"

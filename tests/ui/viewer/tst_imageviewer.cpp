@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+#include "state/messagedata.h"
+#include "testing/testplatform.h"
+#include "testing/ui/samples.h"
+#include "ui/images/imagecache.h"
+#include "ui/sharing/imageshare.h"
+#include "ui/viewer/imagestatetype.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QPointingDevice>
+#include <QtGui/QStyleHints>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickView>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+extern void qml_register_types_Tolvane_Private();
+
+using namespace Qt::StringLiterals;
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+const QUrl address(u"https://cdn.example/photo.png"_s);
+constexpr QSize room(400, 300);
+constexpr QPoint middle(200, 150);
+
+UrlResponse picture()
+{
+    // As wide as the window, and half as high.
+    return {.status = 200, .headers = {}, .body = encoded(solid({80, 30}, Qt::red), "png")};
+}
+
+UrlRequest requestFor(const QUrl &url)
+{
+    UrlRequest request;
+    request.url = url;
+    return request;
+}
+
+/// A window with the viewer in it.
+struct Scene : Fixture
+{
+    explicit Scene(bool isCached = true)
+    {
+        session->handler = [](const UrlRequest &) { return picture(); };
+        if (isCached)
+            ImageCache::shared().responses().store(picture(), requestFor(address));
+        messages.setSelectedAttachment(address);
+        QQmlComponent component(window.engine());
+        component.setData("import Tolvane.Private\nImageViewer {}", QUrl());
+        viewer = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
+            {{u"imageUrl"_s, address}, {u"messageData"_s, QVariant::fromValue(&messages)}}));
+        if (!viewer)
+            qFatal("%s", qPrintable(component.errorString()));
+        state = viewer->property("imageState").value<ImageStateType *>();
+        share = viewer->findChild<ImageShare *>();
+        window.setResizeMode(QQuickView::SizeRootObjectToView);
+        window.setContent({}, nullptr, viewer);
+        window.resize(room);
+        viewer->setFocus(true);
+        window.show();
+        window.requestActivate();
+        if (!QTest::qWaitForWindowActive(&window))
+            qFatal("no window");
+        settle();
+    }
+
+    bool hasControls() const { return viewer->property("showControls").toBool(); }
+    void press(QKeySequence keys) { QTest::keySequence(&window, keys); }
+    void wheel(int degrees, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QWheelEvent event(middle, window.mapToGlobal(middle), {}, {0, degrees * 8}, Qt::NoButton,
+                          modifiers, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&window, &event);
+    }
+    /// A trackpad's pinch, by steps.
+    void pinch(const QList<double> &steps)
+    {
+        const auto send = [this](Qt::NativeGestureType type, double value) {
+            QNativeGestureEvent event(type, trackpad.get(), 2, middle, middle,
+                                      window.mapToGlobal(middle), value, {}, 1);
+            QCoreApplication::sendEvent(&window, &event);
+        };
+        send(Qt::BeginNativeGesture, 0);
+        for (const double step : steps)
+            send(Qt::ZoomNativeGesture, step);
+        send(Qt::EndNativeGesture, 0);
+    }
+    QColor colorAt(QPoint place) { return window.grabWindow().pixelColor(place); }
+
+    MessageData messages;
+    QQuickView window;
+    QQuickItem *viewer;
+    ImageStateType *state;
+    ImageShare *share;
+    std::unique_ptr<QPointingDevice> screen{
+        QTest::createTouchDevice(QInputDevice::DeviceType::TouchScreen)};
+    std::unique_ptr<QPointingDevice> trackpad{
+        QTest::createTouchDevice(QInputDevice::DeviceType::TouchPad)};
+};
+
+} // namespace
+
+class ImageViewerTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { qml_register_types_Tolvane_Private(); }
+
+    void thePictureIsWhereZoomAndPanBringIt()
+    {
+        Scene scene;
+        QCOMPARE(scene.colorAt({200, 80}), QColor(Qt::red));
+        QCOMPARE(scene.colorAt({200, 60}), QColor(Qt::black));
+        scene.state->doubleTapped();
+        QTRY_COMPARE(scene.state->shownScale(), 2.0);
+        QCOMPARE(scene.colorAt({200, 2}), QColor(Qt::red));
+        scene.state->dragChanged({0, 150});
+        QCOMPARE(scene.colorAt({200, 145}), QColor(Qt::black));
+        QCOMPARE(scene.colorAt({200, 155}), QColor(Qt::red));
+        scene.window.resize(200, 150);
+        QTRY_COMPARE(scene.state->shownOffset(), QPointF(0, 75));
+    }
+
+    void fingersPinchAndDragAtOnce()
+    {
+        Scene scene;
+        auto fingers = QTest::touchEvent(&scene.window, scene.screen.get(), false);
+        // A frame takes in the last position only.
+        const auto move = [&](QPoint left, QPoint right) {
+            fingers.move(0, left).move(1, right).commit();
+            QTest::qWait(20);
+        };
+        fingers.press(0, QPoint(150, 150)).press(1, QPoint(250, 150)).commit();
+        for (int step = 1; step <= 10; ++step)
+            move({150 - 10 * step, 150}, {250 + 10 * step, 150});
+        const double scale = scene.state->scale();
+        QVERIFY2(scale > 1.5 && scale <= 3, qPrintable(QString::number(scale)));
+        QCOMPARE(scene.state->shownScale(), scale);
+        for (int step = 1; step <= 10; ++step)
+            move({50 + 4 * step, 150}, {350 + 4 * step, 150});
+        QCOMPARE(scene.state->scale(), scale);
+        QCOMPARE(scene.state->offset().x(), 40.0);
+
+        fingers.stationary(0).release(1, QPoint(390, 150)).commit();
+        QTRY_VERIFY(!scene.state->isDragging());
+        QCOMPARE(scene.state->offset().x(), 40.0);
+        // The finger that is left drags on from there.
+        for (int step = 1; step <= 10; ++step) {
+            fingers.move(0, QPoint(90 - 5 * step, 150)).commit();
+            QTest::qWait(20);
+        }
+        QVERIFY(scene.state->isDragging());
+        const double left = scene.state->offset().x();
+        QVERIFY2(left >= -10 && left < 30, qPrintable(QString::number(left)));
+        fingers.release(0, QPoint(40, 150)).commit();
+        QTRY_VERIFY(!scene.state->isDragging());
+        QVERIFY(scene.hasControls());
+    }
+
+    void aPinchOnATrackpad()
+    {
+        Scene scene;
+        scene.pinch({0.25, 0.2});
+        QCOMPARE(scene.state->scale(), 1.5);
+        scene.pinch({1.0});
+        QCOMPARE(scene.state->scale(), 3.0);
+        scene.pinch({-0.9});
+        QCOMPARE(scene.state->scale(), 1.0);
+        QTRY_COMPARE(scene.state->shownScale(), 1.0);
+    }
+
+    void thePointerDragsWhatIsZoomedIn()
+    {
+        Scene scene;
+        const auto drag = [&](QPoint by) {
+            QTest::mousePress(&scene.window, Qt::LeftButton, {}, middle);
+            for (int step = 1; step <= 10; ++step)
+                QTest::mouseMove(&scene.window, middle + by * step / 10);
+            QTest::mouseRelease(&scene.window, Qt::LeftButton, {}, middle + by);
+        };
+        drag({60, 20});
+        QCOMPARE(scene.state->offset(), QPointF());
+        scene.state->doubleTapped();
+        drag({60, 20});
+        QCOMPARE(scene.state->offset(), QPointF(60, 20));
+        drag({-20, 0});
+        QCOMPARE(scene.state->offset(), QPointF(40, 20));
+        drag({8, 0}); // Too little for a drag.
+        QCOMPARE(scene.state->offset(), QPointF(40, 20));
+    }
+
+    void taps()
+    {
+        Scene scene;
+        const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+        QTest::mouseClick(&scene.window, Qt::LeftButton, {}, middle);
+        QVERIFY(scene.hasControls()); // It waits for a second one.
+        QTRY_VERIFY(!scene.hasControls());
+        QTest::mouseClick(&scene.window, Qt::LeftButton, {}, {30, 25}); // The button is away.
+        QTRY_VERIFY(scene.hasControls());
+        QCOMPARE(scene.state->scale(), 1.0);
+
+        QSignalSpy controls(scene.viewer, SIGNAL(showControlsChanged()));
+        QTest::qWait(interval);
+        for (const double scale : {2.0, 1.0}) {
+            QTest::mouseDClick(&scene.window, Qt::LeftButton, {}, middle);
+            QCOMPARE(scene.state->scale(), scale);
+            QTest::qWait(interval * 2);
+        }
+        QCOMPARE(controls.count(), 0);
+    }
+
+    void theWheelPansAndZooms()
+    {
+        Scene scene;
+        scene.wheel(15);
+        QCOMPARE(scene.state->offset(), QPointF());
+        scene.wheel(15, Qt::ControlModifier);
+        scene.wheel(15, Qt::ControlModifier);
+        QCOMPARE(scene.state->scale(), 1.5625);
+        scene.wheel(-15);
+        QCOMPARE(scene.state->offset(), QPointF(0, -60));
+        QTest::qWait(300); // The pinch is over,
+        for (int turn = 0; turn < 20; ++turn)
+            scene.wheel(1, Qt::ControlModifier); // and small turns add up.
+        QCOMPARE_GT(scene.state->scale(), 2.0);
+        for (int turn = 0; turn < 10; ++turn)
+            scene.wheel(-15, Qt::ControlModifier);
+        QCOMPARE(scene.state->scale(), 0.5);
+        QTRY_COMPARE(scene.state->scale(), 1.0); // As after any pinch.
+        QCOMPARE(scene.state->offset(), QPointF());
+    }
+
+    void keys()
+    {
+        Scene scene;
+        scene.press(Qt::Key_Right);
+        QCOMPARE(scene.state->offset(), QPointF());
+        scene.press(QKeySequence(Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus));
+        QCOMPARE(scene.state->scale(), 1.953125);
+        scene.press(QKeySequence(Qt::Key_Right, Qt::Key_Down));
+        QCOMPARE(scene.state->offset(), QPointF(-80, -80));
+        scene.press(Qt::Key_Minus);
+        QCOMPARE(scene.state->scale(), 1.5625);
+        scene.press(Qt::Key_0);
+        QCOMPARE(scene.state->scale(), 1.0);
+        QCOMPARE(scene.state->offset(), QPointF());
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_H}) {
+            scene.press(key);
+            QVERIFY(!scene.hasControls());
+            scene.press(key);
+            QVERIFY(scene.hasControls());
+        }
+        scene.press(Qt::CTRL | Qt::Key_C);
+        QVERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(u"image/jpeg"_s));
+    }
+
+    void leavingFreesTheSelectionFirst_data()
+    {
+        QTest::addColumn<QList<int>>("keys");
+        QTest::newRow("Escape") << QList<int>{Qt::Key_Escape};
+        QTest::newRow("Back") << QList<int>{Qt::Key_Back};
+        QTest::newRow("the button") << QList<int>{Qt::Key_Tab, Qt::Key_Return};
+        QTest::newRow("the button, found hidden")
+            << QList<int>{Qt::Key_H, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return};
+    }
+
+    void leavingFreesTheSelectionFirst()
+    {
+        QFETCH(const QList<int>, keys);
+        Scene scene;
+        QList<QUrl> selections;
+        QSignalSpy left(scene.viewer, SIGNAL(backRequested()));
+        connect(&scene.messages, &MessageData::selectedAttachmentChanged, this,
+                [&] { QCOMPARE(left.count(), 0); });
+        for (const int key : keys) {
+            QCOMPARE(left.count(), 0);
+            QTest::keyClick(&scene.window, Qt::Key(key));
+        }
+        QCOMPARE(left.count(), 1);
+        QCOMPARE(scene.messages.selectedAttachment(), QUrl());
+    }
+
+    void theMenuByKeys()
+    {
+        Scene scene;
+        QGuiApplication::clipboard()->clear();
+        scene.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
+        scene.press(Qt::Key_Escape);
+        QCOMPARE(scene.messages.selectedAttachment(), address); // Only the menu is closed,
+        scene.press(QKeySequence(Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return)); // and opens again.
+        const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
+        QCOMPARE(copied->data(u"image/jpeg"_s), scene.share->file().data);
+        QVERIFY(copied->hasImage());
+    }
+
+    void nothingIsSharedBeforeThereIsAFile()
+    {
+        Scene scene(false);
+        QVERIFY(!scene.share->isReady());
+        // Past the share button: from the picture to the back button, and once around.
+        scene.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
+        QCOMPARE(scene.messages.selectedAttachment(), QUrl());
+    }
+};
+
+QTEST_MAIN(ImageViewerTest)
+#include "tst_imageviewer.moc"
