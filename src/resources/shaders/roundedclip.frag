@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #version 440
 
-// What an item shows, cut to a rectangle with rounded corners that begins somewhere below its top.
+// Clips an item to a rectangle with rounded corners, which may begin below the item's top.
 
 layout(location = 0) in vec2 qt_TexCoord0;
 layout(location = 0) out vec4 color;
@@ -26,7 +26,7 @@ void main()
     vec2 part = max(fromCorner, 0.0) / extent;
     float ring = pow(pow(part.x, exponent) + pow(part.y, exponent), 1.0 / exponent);
     float beyond = min(max(fromCorner.x, fromCorner.y), 0.0) + (ring - 1.0) * extent;
-    // One pixel of the screen from full to nothing.
+    // The edge fades over one pixel of the screen.
     float pixel = length(vec2(dFdx(beyond), dFdy(beyond)));
     float cover = clamp(0.5 - beyond / max(pixel, 1e-6), 0.0, 1.0);
     color = texture(source, qt_TexCoord0) * cover * qt_Opacity;

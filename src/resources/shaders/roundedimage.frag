@@ -15,7 +15,7 @@ layout(std140, binding = 0) uniform Uniforms {
 
 layout(binding = 1) uniform sampler2D picture;
 
-// Negative inside, positive outside the rectangle whose corners are superellipses.
+// The distance from a rectangle whose corners are superellipses; negative inside.
 float distanceOutside(vec2 at)
 {
     vec2 leftAndRight = at.y < 0.0 ? extents.xy : extents.zw;
@@ -30,7 +30,7 @@ float distanceOutside(vec2 at)
 void main()
 {
     float outside = distanceOutside(place);
-    // One pixel of the screen, however the item is scaled and turned.
+    // The size of a pixel of the screen, however the item is scaled and rotated.
     float pixel = max(length(vec2(dFdx(outside), dFdy(outside))), 0.0001);
     float coverage = clamp(0.5 - outside / pixel, 0.0, 1.0);
     color = texture(picture, pictureAt) * (coverage * opacity);

@@ -1,7 +1,7 @@
 #version 440
 
-// A picture in a rounded rectangle. Positions relative to the middle travel along, because the
-// renderer may already have transformed the vertices when it draws several items at once.
+// Draws a picture in a rounded rectangle. Positions relative to the middle are an attribute,
+// because the renderer may already have transformed the vertices when it batches several items.
 
 layout(location = 0) in vec4 position;
 layout(location = 1) in vec2 pictureCoordinate;

@@ -5,7 +5,7 @@
     <name>Library</name>
     <message>
         <source>main_title</source>
-        <extracomment>Greeting at the top of the home screen. A waving hand follows at once, so it ends with a blank.</extracomment>
+        <extracomment>Greeting at the top of the home screen. An icon of a waving hand follows directly, so the text ends with a space.</extracomment>
         <translation>Hello! </translation>
     </message>
     <message>
@@ -20,12 +20,12 @@
     </message>
     <message>
         <source>main_sender_customer_name</source>
-        <extracomment>Stands as the sender's name on what the customer wrote. Alone, so with a capital.</extracomment>
+        <extracomment>The sender's name on messages of the customer. Stands alone, so it starts with a capital letter.</extracomment>
         <translation>You</translation>
     </message>
     <message>
         <source>timeago_invalid</source>
-        <extracomment>In place of an age, where the date of a message cannot be read.</extracomment>
+        <extracomment>Shown instead of the age of a message if its date cannot be parsed.</extracomment>
         <translation>Unknown time</translation>
     </message>
     <message>
@@ -40,7 +40,7 @@
     </message>
     <message numerus="yes">
         <source>%lld timeago_minutes</source>
-        <extracomment>Age of a message: 1 to 59 minutes. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Age of a message: 1 to 59 minutes. Stands alone, so it starts like a sentence. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>%Ln minute ago</numerusform>
             <numerusform>%Ln minutes ago</numerusform>
@@ -48,7 +48,7 @@
     </message>
     <message numerus="yes">
         <source>%lld timeago_hours</source>
-        <extracomment>Age of a message: 1 to 24 hours. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Age of a message: 1 to 24 hours. Stands alone, so it starts like a sentence. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>%Ln hour ago</numerusform>
             <numerusform>%Ln hours ago</numerusform>
@@ -56,7 +56,7 @@
     </message>
     <message numerus="yes">
         <source>%lld timeago_days</source>
-        <extracomment>Age of a message: 1 to 6 days. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Age of a message: 1 to 6 days. Stands alone, so it starts like a sentence. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>%Ln day ago</numerusform>
             <numerusform>%Ln days ago</numerusform>
@@ -64,7 +64,7 @@
     </message>
     <message>
         <source>ticket_closed</source>
-        <extracomment>In the last row of a conversation, after a lock, where support has ended it. The customer can still write.</extracomment>
+        <extracomment>In the last row of a conversation that support has closed, after an icon of a lock. The customer can still write.</extracomment>
         <translation>This conversation is closed</translation>
     </message>
     <message>
@@ -84,7 +84,7 @@
     </message>
     <message>
         <source>accessibility_loading</source>
-        <extracomment>Read aloud: the indicator of progress.</extracomment>
+        <extracomment>Read aloud: the progress indicator.</extracomment>
         <translation>Loading</translation>
     </message>
     <message>
@@ -94,7 +94,7 @@
     </message>
     <message>
         <source>ticket_support</source>
-        <extracomment>Stands for whoever answers, where the name is not known. Title of a conversation, too.</extracomment>
+        <extracomment>Shown instead of the agent's name if that is not known. Also the title of a conversation.</extracomment>
         <translation>Support</translation>
     </message>
     <message>
@@ -104,32 +104,32 @@
     </message>
     <message>
         <source>ticket_new_hint</source>
-        <extracomment>In place of the messages, where the customer has not written any yet.</extracomment>
+        <extracomment>Shown instead of the messages if the customer has not written any yet.</extracomment>
         <translation>Write your first message. We are happy to help.</translation>
     </message>
     <message>
         <source>ticket_cs_available</source>
-        <extracomment>Beneath the title of a conversation: people are there to answer now.</extracomment>
+        <extracomment>Beneath the title of a conversation: support agents are available now.</extracomment>
         <translation>Available now</translation>
     </message>
     <message>
         <source>ticket_cs_not_available</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, and when somebody will be is not known.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, and it is not known when somebody will be.</extracomment>
         <translation>Not available</translation>
     </message>
     <message>
         <source>ticket_cs_available_day</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within a day.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, but somebody will be within a day.</extracomment>
         <translation>Back within a day</translation>
     </message>
     <message>
         <source>ticket_cs_available_days</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within some days.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, but somebody will be within some days.</extracomment>
         <translation>Back in a few days</translation>
     </message>
     <message numerus="yes">
         <source>%lld ticket_cs_available_hours</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be in 1 to 7 hours. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, but somebody will be in 1 to 7 hours. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>Back in %Ln hour</numerusform>
             <numerusform>Back in %Ln hours</numerusform>
@@ -137,7 +137,7 @@
     </message>
     <message>
         <source>composer_placeholder</source>
-        <extracomment>In the empty field for writing.</extracomment>
+        <extracomment>Placeholder of the empty message field.</extracomment>
         <translation>Write a message</translation>
     </message>
     <message>
@@ -162,7 +162,7 @@
     </message>
     <message>
         <source>accessibility_remove_attachment</source>
-        <extracomment>Read aloud: the button that takes a chosen picture away. %1 is its name.</extracomment>
+        <extracomment>Read aloud: the button that removes a chosen picture. %1 is its name.</extracomment>
         <translation>Remove %1</translation>
     </message>
     <message>
@@ -192,17 +192,17 @@
     </message>
     <message>
         <source>viewer_saved</source>
-        <extracomment>Tells that the picture was saved. %1 is the folder or file.</extracomment>
+        <extracomment>Confirms that the picture was saved. %1 is the folder or file.</extracomment>
         <translation>Saved to %1</translation>
     </message>
     <message>
         <source>viewer_copied</source>
-        <extracomment>Tells that the picture is on the clipboard.</extracomment>
+        <extracomment>Confirms that the picture is on the clipboard.</extracomment>
         <translation>Copied</translation>
     </message>
     <message>
         <source>viewer_save_failed</source>
-        <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
+        <extracomment>Reports that the picture could not be saved. %1 is the reason.</extracomment>
         <translation>Could not be saved: %1</translation>
     </message>
     <message>
@@ -217,7 +217,7 @@
     </message>
     <message>
         <source>error_unreachable</source>
-        <extracomment>Beneath "Something went wrong": the server is not there, or the connection to it fails.</extracomment>
+        <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>The server cannot be reached.</translation>
     </message>
 </context>

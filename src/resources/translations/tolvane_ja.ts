@@ -5,7 +5,7 @@
     <name>Library</name>
     <message>
         <source>main_title</source>
-        <extracomment>Greeting at the top of the home screen. A waving hand follows at once, so it ends with a blank.</extracomment>
+        <extracomment>Greeting at the top of the home screen. An icon of a waving hand follows directly, so the text ends with a space.</extracomment>
         <translation>こんにちは </translation>
     </message>
     <message>
@@ -20,12 +20,12 @@
     </message>
     <message>
         <source>main_sender_customer_name</source>
-        <extracomment>Stands as the sender's name on what the customer wrote. Alone, so with a capital.</extracomment>
+        <extracomment>The sender's name on messages of the customer. Stands alone, so it starts with a capital letter.</extracomment>
         <translation>あなた</translation>
     </message>
     <message>
         <source>timeago_invalid</source>
-        <extracomment>In place of an age, where the date of a message cannot be read.</extracomment>
+        <extracomment>Shown instead of the age of a message if its date cannot be parsed.</extracomment>
         <translation>日時不明</translation>
     </message>
     <message>
@@ -40,28 +40,28 @@
     </message>
     <message numerus="yes">
         <source>%lld timeago_minutes</source>
-        <extracomment>Age of a message: 1 to 59 minutes. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Age of a message: 1 to 59 minutes. Stands alone, so it starts like a sentence. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>%Ln分前</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%lld timeago_hours</source>
-        <extracomment>Age of a message: 1 to 24 hours. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Age of a message: 1 to 24 hours. Stands alone, so it starts like a sentence. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>%Ln時間前</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%lld timeago_days</source>
-        <extracomment>Age of a message: 1 to 6 days. Stands alone, so it begins like a sentence. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Age of a message: 1 to 6 days. Stands alone, so it starts like a sentence. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>%Ln日前</numerusform>
         </translation>
     </message>
     <message>
         <source>ticket_closed</source>
-        <extracomment>In the last row of a conversation, after a lock, where support has ended it. The customer can still write.</extracomment>
+        <extracomment>In the last row of a conversation that support has closed, after an icon of a lock. The customer can still write.</extracomment>
         <translation>この会話は終了しました</translation>
     </message>
     <message>
@@ -81,7 +81,7 @@
     </message>
     <message>
         <source>accessibility_loading</source>
-        <extracomment>Read aloud: the indicator of progress.</extracomment>
+        <extracomment>Read aloud: the progress indicator.</extracomment>
         <translation>読み込み中</translation>
     </message>
     <message>
@@ -91,7 +91,7 @@
     </message>
     <message>
         <source>ticket_support</source>
-        <extracomment>Stands for whoever answers, where the name is not known. Title of a conversation, too.</extracomment>
+        <extracomment>Shown instead of the agent's name if that is not known. Also the title of a conversation.</extracomment>
         <translation>サポート</translation>
     </message>
     <message>
@@ -101,39 +101,39 @@
     </message>
     <message>
         <source>ticket_new_hint</source>
-        <extracomment>In place of the messages, where the customer has not written any yet.</extracomment>
+        <extracomment>Shown instead of the messages if the customer has not written any yet.</extracomment>
         <translation>最初のメッセージをお書きください。喜んでお手伝いします。</translation>
     </message>
     <message>
         <source>ticket_cs_available</source>
-        <extracomment>Beneath the title of a conversation: people are there to answer now.</extracomment>
+        <extracomment>Beneath the title of a conversation: support agents are available now.</extracomment>
         <translation>対応中</translation>
     </message>
     <message>
         <source>ticket_cs_not_available</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, and when somebody will be is not known.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, and it is not known when somebody will be.</extracomment>
         <translation>対応時間外</translation>
     </message>
     <message>
         <source>ticket_cs_available_day</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within a day.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, but somebody will be within a day.</extracomment>
         <translation>1日以内に対応</translation>
     </message>
     <message>
         <source>ticket_cs_available_days</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be within some days.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, but somebody will be within some days.</extracomment>
         <translation>数日以内に対応</translation>
     </message>
     <message numerus="yes">
         <source>%lld ticket_cs_available_hours</source>
-        <extracomment>Beneath the title of a conversation: nobody is there, but somebody will be in 1 to 7 hours. Keep %Ln, the number, where the language says it.</extracomment>
+        <extracomment>Beneath the title of a conversation: nobody is available, but somebody will be in 1 to 7 hours. Keep %Ln, the number, in the plural forms that contain the number.</extracomment>
         <translation>
             <numerusform>%Ln時間後に対応</numerusform>
         </translation>
     </message>
     <message>
         <source>composer_placeholder</source>
-        <extracomment>In the empty field for writing.</extracomment>
+        <extracomment>Placeholder of the empty message field.</extracomment>
         <translation>メッセージを入力</translation>
     </message>
     <message>
@@ -158,7 +158,7 @@
     </message>
     <message>
         <source>accessibility_remove_attachment</source>
-        <extracomment>Read aloud: the button that takes a chosen picture away. %1 is its name.</extracomment>
+        <extracomment>Read aloud: the button that removes a chosen picture. %1 is its name.</extracomment>
         <translation>%1を削除</translation>
     </message>
     <message>
@@ -188,17 +188,17 @@
     </message>
     <message>
         <source>viewer_saved</source>
-        <extracomment>Tells that the picture was saved. %1 is the folder or file.</extracomment>
+        <extracomment>Confirms that the picture was saved. %1 is the folder or file.</extracomment>
         <translation>%1に保存しました</translation>
     </message>
     <message>
         <source>viewer_copied</source>
-        <extracomment>Tells that the picture is on the clipboard.</extracomment>
+        <extracomment>Confirms that the picture is on the clipboard.</extracomment>
         <translation>コピーしました</translation>
     </message>
     <message>
         <source>viewer_save_failed</source>
-        <extracomment>Tells that the picture could not be saved. %1 is the reason.</extracomment>
+        <extracomment>Reports that the picture could not be saved. %1 is the reason.</extracomment>
         <translation>保存できませんでした：%1</translation>
     </message>
     <message>
@@ -213,7 +213,7 @@
     </message>
     <message>
         <source>error_unreachable</source>
-        <extracomment>Beneath "Something went wrong": the server is not there, or the connection to it fails.</extracomment>
+        <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>サーバーに接続できません。</translation>
     </message>
 </context>

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The branding's logo for the appearance; an icon where the branding has none.
+// The branding's logo for the current appearance; an icon if the branding has no logo.
 Item {
     id: logo
 

@@ -2,12 +2,12 @@
 import QtQuick
 import Tolvane.Private
 
-// The button for a new ticket as it floats over the list: away while the list loads.
+// The floating button for a new ticket above the list. It is hidden while the list loads.
 Item {
     id: area
 
     required property bool isPresent
-    /// To the lower edge of the window.
+    /// The distance to the lower edge of the window.
     property real edge
 
     signal clicked()
@@ -16,7 +16,7 @@ Item {
     visible: button.y < height + 6
     enabled: isPresent
 
-    // What passes below the button does not come out between it and the edge of the window.
+    // Hides the rows between the button and the lower edge of the window.
     Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right

@@ -7,18 +7,18 @@ FocusScope {
     id: home
 
     required property ScreenData screen
-    /// False while something else is on top of it.
+    /// False while a page covers it.
     property bool isOnTop: true
 
     property bool hasInitiallyLoaded: false
 
-    /// What is free at rest between the header and the button for a new ticket.
+    /// The height at rest between the header and the button for a new ticket.
     readonly property real noticeRoom: newTicket.y - (parallax.isLandscape ? 160 : 240) + 12
 
-    /// How far the sheet has to be pulled down for the list to be loaded anew.
+    /// How far the sheet has to be pulled down to load the list again.
     readonly property int fullPull: 70
 
-    // The first load is the screen's own; coming back refreshes what is there.
+    // ScreenData starts the first load; returning to this view refreshes the list.
     onIsOnTopChanged: {
         if (isOnTop)
             appear()
@@ -50,14 +50,14 @@ FocusScope {
     Connections {
         target: parallax.list
 
-        // No row is marked before somebody uses the arrow keys.
+        // No row is highlighted before the arrow keys are used.
         function onModelChanged() {
             if (parallax.list.currentItem)
                 parallax.list.currentItem.focus = false
             parallax.list.currentIndex = -1
         }
 
-        // Let go of after a good pull.
+        // Released after a full pull.
         function onDraggingChanged() {
             if (!parallax.list.dragging && parallax.offset > home.fullPull)
                 home.screen.load()
@@ -77,7 +77,8 @@ FocusScope {
         configuration: Parallax.configuration(Parallax.heights(240, 80), Parallax.heights(160, 60),
                                               0.5, 1.5, 0.3, Theme.primaryColor,
                                               Theme.chatBackgroundColor)
-        // Little height, as of a phone on its side; a large window has room for the tall header.
+        // Only for low windows, as on a phone in landscape; large windows have room for the tall
+        // header.
         isLandscape: height > 0 && width > height && height < 500
         bottomContentMargin: 120
         reuseItems: true

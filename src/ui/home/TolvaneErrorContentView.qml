@@ -6,7 +6,7 @@ import Tolvane.Private
 TolvaneNotice {
     id: view
 
-    /// What went wrong, in the customer's language.
+    /// The reason for the failure, in the customer's language.
     required property string errorText
 
     icon: "warning"

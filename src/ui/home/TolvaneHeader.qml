@@ -3,14 +3,14 @@ import QtQuick
 import Tolvane.Private
 
 // The branded part of the home screen: logo, greeting and the button that closes the messenger. It
-// has two layouts, of which one takes the place of the other as the list is scrolled. Its heights are
-// given, so that there is a largest text for each.
+// has two layouts, and changes from one to the other as the list is scrolled. The heights are
+// fixed, so each layout limits its text size.
 Rectangle {
     id: header
 
     property bool isCollapsed: false
     property bool isLandscape: false
-    /// How far the sheet is pulled down, from 0 to 1 and more, where letting go loads anew.
+    /// How far the sheet is pulled down: from 1 on, releasing it loads the list again.
     property real pull: 0
 
     signal closeRequested()
@@ -27,7 +27,7 @@ Rectangle {
         logoRadius: header.isLandscape ? 8 : 12
     }
 
-    // Made before anybody scrolls, but not before everything else is there.
+    // Created before it is needed for scrolling, but after everything else is shown.
     Loader {
         id: collapsed
 
@@ -51,7 +51,7 @@ Rectangle {
 
     onIsCollapsedChanged: collapsed.active = true
 
-    // In the room that the sheet leaves.
+    // In the space that the sheet uncovers when it is pulled down.
     ProgressIndicator {
         anchors.horizontalCenter: parent.horizontalCenter
         y: parent.height - Parallax.contentCornerRadius - height - 12

@@ -13,14 +13,14 @@ Item {
     required property int logoSize
     required property int logoRadius
 
-    /// As large as it may be and the longer line still fits.
+    /// The largest text size up to `titleSize` at which the longer line fits; 16 at least.
     readonly property int fittingSize: Math.max(16, Math.min(titleSize, Math.floor(
                                            textRoom / question.advanceWidth * question.font.pixelSize)))
-    /// Fonts that take more room would not fit in the strip that stays.
+    /// Fixed: lines of fonts with a larger line height would not fit into the collapsed header.
     readonly property int lineHeight: Math.ceil(fittingSize * 1.2)
     readonly property real inset: Theme.columnInset(width, 16)
     readonly property int spacing: isLandscape ? 7 : 10
-    /// What the close button in the corner leaves free.
+    /// The width for text; when collapsed, logo and close button are beside it.
     readonly property int textRoom: width - 2 * inset - (isCollapsed ? logoSize + spacing + 44 : 0)
 
     opacity: Math.max(0, Math.min(1, presence.value))
@@ -47,7 +47,7 @@ Item {
     Grid {
         anchors.left: parent.left
         anchors.leftMargin: layout.inset
-        // The lowest strip is too low for two lines below the usual margin.
+        // The collapsed landscape header is too low for two lines below the usual margin.
         y: layout.isLandscape && layout.isCollapsed ? 9 : 16
         columns: layout.isCollapsed ? 2 : 1
         spacing: layout.spacing
@@ -77,7 +77,7 @@ Item {
                     lineHeightMode: Text.FixedHeight
                     lineHeight: layout.lineHeight
                 }
-                // 👋, as an icon: no font has to be found for it.
+                // 👋 as an icon, since the system may have no font for it.
                 Icon {
                     id: wave
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The header while the settings are still to come.
+// The placeholder of the header until the settings have arrived.
 Rectangle {
     id: header
 

@@ -2,14 +2,14 @@
 import QtQuick
 import Tolvane.Private
 
-// The way to a new conversation.
+// The button that starts a new conversation.
 Item {
     id: button
 
     required property string title
     required property string subtitle
 
-    /// It covers what is below: its texts grow less than others.
+    /// Limited, since a higher button covers more of the list.
     readonly property int textSize: Math.min(Theme.callout, 24)
 
     signal clicked()
@@ -44,8 +44,8 @@ Item {
         dampingFraction: 0.85
     }
 
-    // A soft shadow, a little below: rings of less and less black around each other. The innermost is
-    // wide enough to begin below the button.
+    // A soft shadow, a little lower than the button: nested rings of decreasing opacity. The
+    // innermost is wide enough to start under the button.
     Repeater {
         model: 6
 

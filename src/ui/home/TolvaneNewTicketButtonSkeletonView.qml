@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The button for a new ticket while the settings are still to come.
+// The placeholder of the button for a new ticket until the settings have arrived.
 Item {
     implicitHeight: button.height + 20
 

@@ -11,7 +11,7 @@ Rectangle {
     Accessible.name: Texts.string("accessibility_loading")
 
     Column {
-        // The end is what is cut where there is no room for it all.
+        // If there is not enough height, the lower end is cut off.
         y: Math.max(0, (parent.height - height) / 2)
         width: parent.width
 

@@ -58,7 +58,7 @@ void ScreenData::begin()
 
 void ScreenData::takeOver()
 {
-    // The rows stay behind a skeleton, for the list to keep its place.
+    // Behind a skeleton the rows are kept, so that the list keeps its position.
     if (const auto tickets = m_ticketsData->state().value())
         m_tickets.setTickets(*tickets);
     Q_EMIT ticketsChanged();

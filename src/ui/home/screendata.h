@@ -16,15 +16,16 @@
 
 namespace tolvane {
 
-/// What one presentation of the messenger owns: stores that are new with it, and go with it.
-/// Nothing is loaded before the settings have arrived. Main thread.
+/// The stores of one presentation of the messenger, created and destroyed with it. Nothing is
+/// loaded before the settings have arrived. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("each presentation has its own")
     Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY settingsChanged)
-    /// While true the messenger slides in and is there; then it slides out and calls didHide().
+    /// While true, the messenger slides in and stays. When false, it slides out and calls
+    /// didHide().
     Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
     /// "idle", "loading", "loadingWithPreview", "loaded", "empty" or "error"
     Q_PROPERTY(QString state READ state NOTIFY ticketsChanged)
@@ -47,11 +48,11 @@ public:
     NavigationData *navigation() { return &m_navigation; }
     MessageData *messages() { return &m_messages; }
 
-    /// The load that shows, as after a pull.
+    /// Loads the tickets and shows that they are loading, as after pulling the list down.
     Q_INVOKABLE void load();
-    /// The refresh that does not show, as on coming back to the list.
+    /// Refreshes the tickets without showing it, as on returning to the list.
     Q_INVOKABLE void reload();
-    /// As the close button does.
+    /// Requests to close the messenger, as the close button does.
     Q_INVOKABLE void close() { Q_EMIT closeRequested(); }
     Q_INVOKABLE void didHide() { Q_EMIT hidden(); }
 

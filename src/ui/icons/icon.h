@@ -8,15 +8,16 @@
 
 namespace tolvane {
 
-/// One of the library's icons, drawn for the pixels that it takes on the screen: in one colour, or
-/// in its own where it has several. Decoration: what it stands for has to be said by whoever uses
-/// it.
+/// One of the library's icons, rendered at the resolution of the screen: in one colour, or in its
+/// own colours if it has several. Screen readers ignore it: the item that uses it has to provide an
+/// accessible name.
 class Icon : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// The name of a file in src/resources/icons, without its ending; those that keep their colours
-    /// are in the folder "colored". Of any other name, nothing is shown, and there is a warning.
+    /// The name of a file in src/resources/icons, without its suffix; icons that keep their own
+    /// colours are in the folder "colored". For any other name, a warning is logged and nothing is
+    /// shown.
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
 
@@ -42,7 +43,7 @@ private:
     QString m_name;
     QColor m_color = Qt::black;
     bool m_isKnown = false;
-    /// What is to be seen; null for nothing.
+    /// The rendered icon; null if nothing is shown.
     QImage m_image;
 };
 

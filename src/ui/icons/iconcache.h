@@ -7,8 +7,8 @@
 
 namespace tolvane {
 
-/// The icons as they were drawn last. One is drawn once for each size and colour, however many
-/// views show it. Main thread.
+/// A cache of rendered icons. An icon is rendered once for each size and colour, however many views
+/// show it. Main thread.
 class IconCache
 {
 public:
@@ -19,8 +19,8 @@ public:
     /// Whether the library has an icon of that name.
     static bool has(const QString &name);
 
-    /// @param name of an icon that there is
-    /// @param size in pixels, not empty; the icon is in the middle, as large as fits
+    /// @param name of an existing icon
+    /// @param size in physical pixels, not empty; the icon is centred, as large as fits
     QImage image(const QString &name, const QSize &size, const QColor &color);
 
 private:

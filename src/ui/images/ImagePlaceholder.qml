@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// What stands in for a picture whose view has no placeholder of its own.
+// The placeholder of an AsyncImage that sets none of its own.
 Item {
     implicitWidth: indicator.implicitWidth
     implicitHeight: indicator.implicitHeight

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Who is on the other side of a conversation, 32 by 32.
+// The icon for the other side of a conversation, 32 by 32 pixels.
 Loader {
     id: icon
 
@@ -30,7 +30,7 @@ Loader {
             radius: width / 2
             color: Theme.bubbleAgentColor
 
-            // 🤖, as an icon: no font has to be found for it.
+            // 🤖 as an icon, since the system may have no font for it.
             Icon {
                 anchors.centerIn: parent
                 name: "colored/robot"

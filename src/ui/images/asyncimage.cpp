@@ -105,7 +105,7 @@ void AsyncImage::appear()
 
 void AsyncImage::updateBody()
 {
-    // What has never appeared makes nothing.
+    // An item that has never appeared shows nothing, not even the placeholder.
     if (!m_isPresent && !m_shownPicture)
         return;
     const QImage picture = m_load->image();
@@ -127,7 +127,7 @@ QQuickItem *AsyncImage::make(QQmlComponent &component, const QVariantMap &proper
     QQmlContext *context = component.creationContext();
     if (!context)
         context = qmlContext(this);
-    // A view that is about to be deleted has lost its context already.
+    // A view that is about to be deleted has already lost its context.
     if (!context || !context->isValid())
         return nullptr;
     // Qt 6.4 crashes over initial properties for a component that did not compile.
@@ -145,7 +145,7 @@ QQuickItem *AsyncImage::make(QQmlComponent &component, const QVariantMap &proper
 
 QQmlComponent &AsyncImage::commonPlaceholder()
 {
-    // Compiled once for each engine, and goes with it.
+    // Compiled once for each engine, and deleted with it.
     const QString name = QStringLiteral("tolvaneCommonPlaceholder");
     QQmlEngine *engine = qmlEngine(this);
     auto *component = engine->findChild<QQmlComponent *>(name, Qt::FindDirectChildrenOnly);
@@ -163,7 +163,7 @@ void AsyncImage::replaceItem(QQuickItem *item)
     if (m_item) {
         m_item->disconnect(this);
         m_item->setParentItem(nullptr);
-        // It may be its own signal that led here.
+        // Deferred: the item may be emitting the signal that replaces it.
         m_item->deleteLater();
     }
     m_item = item;

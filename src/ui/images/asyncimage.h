@@ -14,30 +14,30 @@
 
 namespace tolvane {
 
-/// Shows what it makes of a picture once there is one, and a placeholder before.
+/// Loads a picture, and shows a placeholder until then and an item with the picture after that.
 ///
-/// Loading begins as the item appears: it is complete, visible and in a window. What it shows takes
-/// the item's size, and gives it an implicit one.
+/// Loading starts when the item appears, that is, when it is complete, visible and in a window. The
+/// shown item takes the size of this one, and provides its implicit size.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT AsyncImage : public QQuickItem
 {
     Q_OBJECT
     QML_ANONYMOUS
-    /// Empty, or no http or https address: the placeholder stays.
+    /// If empty, or not an http or https URL, the placeholder stays.
     Q_PROPERTY(QUrl url READ url WRITE setUrl NOTIFY urlChanged)
-    /// Made with its property `image` set to the picture.
+    /// Created with its property `image` set to the picture.
     Q_PROPERTY(QQmlComponent *content READ content WRITE setContent NOTIFY contentChanged)
-    /// A progress indicator, unless there is another.
+    /// A progress indicator by default.
     Q_PROPERTY(
         QQmlComponent *placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
-    /// Null until there is one.
+    /// Null until the picture is loaded.
     Q_PROPERTY(QImage image READ image NOTIFY loadChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY loadChanged)
-    /// What is shown now: the content or the placeholder.
+    /// The shown item: content or placeholder.
     Q_PROPERTY(QQuickItem *item READ item NOTIFY itemChanged)
 
 public:
     QUrl url() const { return m_url; }
-    /// Another picture begins anew: a load that runs for the one before only fills the caches.
+    /// Starts a new load; a running load of the URL before only fills the caches.
     void setUrl(const QUrl &url);
     QQmlComponent *content() const { return m_content; }
     void setContent(QQmlComponent *content);
@@ -55,7 +55,7 @@ Q_SIGNALS:
     void itemChanged();
 
 protected:
-    /// @param thumbnailSize in points; without it, the picture is loaded whole
+    /// @param thumbnailSize in pixels; without it, the picture is loaded at full size
     explicit AsyncImage(QQuickItem *parent, const std::optional<QSizeF> &thumbnailSize = {});
 
     const std::optional<QSizeF> &requestedSize() const { return m_thumbnailSize; }
@@ -70,7 +70,7 @@ private:
     void updatePresence(const QQuickWindow *window);
     void appear();
     void updateBody();
-    /// The content for a picture, the placeholder for none.
+    /// Shows the content if there is a picture, else the placeholder.
     void show(const QImage &picture);
     QQuickItem *make(QQmlComponent &component, const QVariantMap &properties);
     QQmlComponent &commonPlaceholder();
@@ -83,12 +83,12 @@ private:
     QPointer<QQmlComponent> m_content;
     QPointer<QQmlComponent> m_placeholder;
     QPointer<QQuickItem> m_item;
-    /// The cache key of what is shown, once anything is.
+    /// The cache key of the shown picture; empty before anything is shown.
     std::optional<qint64> m_shownPicture;
     bool m_isPresent = false;
 };
 
-/// Shows a picture at its full size. One that is at hand shows in the first frame.
+/// Shows a picture at its full size. A picture that is available at once shows in the first frame.
 class CachedAsyncImage : public tolvane::AsyncImage
 {
     Q_OBJECT
@@ -106,8 +106,8 @@ class ThumbnailAsyncImage : public tolvane::AsyncImage
 {
     Q_OBJECT
     QML_ELEMENT
-    /// In points. The thumbnail just fills it and keeps the picture's aspect ratio; it has as many
-    /// pixels as the screen shows.
+    /// In pixels. The thumbnail just fills it, keeps the picture's aspect ratio, and has the
+    /// resolution of the screen.
     Q_PROPERTY(QSizeF thumbnailSize READ thumbnailSize WRITE setThumbnailSize NOTIFY
                    thumbnailSizeChanged REQUIRED)
 

@@ -23,7 +23,7 @@ struct Signature
 
 using namespace std::string_view_literals;
 
-// Only what is listed reaches a decoder: the host may have plug-ins for formats that run scripts or
+// Only these formats reach a decoder: the host may have plug-ins for formats that run scripts or
 // read files.
 constexpr std::array signatures = {
     Signature{"png", 0, "\x89PNG\r\n\x1a\n"sv},
@@ -43,7 +43,8 @@ QByteArray formatOf(const QByteArray &bytes)
     return {};
 }
 
-/// The size of a GIF's screen. That is what is decoded, however little of it the first frame fills.
+/// The size of a GIF's screen. The decoder reads all of it, however little of it the first frame
+/// fills.
 QSize screenOf(const QByteArray &gif)
 {
     constexpr qsizetype place = 6;
@@ -59,14 +60,14 @@ qint64 pixelCount(const QSize &size)
     return qint64(size.width()) * size.height();
 }
 
-/// The size times a factor, nowhere less than one pixel.
+/// The size times a factor, at least one pixel by one.
 QSize scaledBy(const QSize &size, double factor)
 {
     return QSize(qRound(size.width() * factor), qRound(size.height() * factor))
         .expandedTo(QSize(1, 1));
 }
 
-/// Reads one picture out of bytes that stay where they are.
+/// Reads one picture from bytes, which are not copied.
 class Reader
 {
 public:
@@ -87,7 +88,8 @@ public:
             m_size = m_size.expandedTo(screenOf(bytes));
     }
 
-    /// As it is stored, before it is turned. Invalid for what is no picture.
+    /// The size as it is stored, before orientation applies. Invalid if the bytes are not a
+    /// picture.
     const QSize &size() const { return m_size; }
     bool isTurnedSideways()
     {
@@ -103,7 +105,7 @@ private:
     bool m_scalesWhileDecoding = false;
 };
 
-/// 32 bits a pixel and in sRGB, as textures and painters take it without another conversion.
+/// Converts to 32 bits a pixel in sRGB, which textures and painters use without conversion.
 QImage readyToDraw(QImage image)
 {
     static const QColorSpace standard(QColorSpace::SRgb);
@@ -114,14 +116,15 @@ QImage readyToDraw(QImage image)
         image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
 }
 
-/// By how much the picture has to be scaled down to be read in bounded memory; 0 for what cannot be
-/// read.
+/// The factor for scaling down with which the picture can be read in bounded memory; 0 if it cannot
+/// be read.
 double Reader::readableFactor() const
 {
     if (m_size.isEmpty())
         return 0;
     double factor = 1;
-    // The decoder gets smaller by halves only; in between it takes as much memory as for more.
+    // The decoder scales by halves only; for a factor in between, it takes as much memory as for
+    // the next larger half.
     while (pixelCount(scaledBy(m_size, factor)) > maximumPixels)
         factor /= 2;
     return factor == 1 || m_scalesWhileDecoding ? factor : 0;
@@ -139,7 +142,7 @@ QImage Reader::read(double factor)
     return readyToDraw(std::move(image));
 }
 
-/// How much smaller a picture becomes; 1 for one that stays as it is.
+/// The factor for scaling down to a thumbnail; 1 for a picture that stays as it is.
 double thumbnailFactor(const QSize &size, const QSize &target)
 {
     constexpr double largestArea = 4;

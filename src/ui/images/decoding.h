@@ -7,37 +7,37 @@
 #include <QtCore/QSize>
 #include <QtGui/QImage>
 
-/// From bytes that anybody may have sent to a picture. Formats are PNG, JPEG, GIF (its first frame)
-/// and WebP, told by their content. Orientation and colour profile are applied, and what comes out
-/// is in the form that renderers take as it is. Everything is safe from any thread.
+/// Decodes pictures from bytes that may come from anybody. Formats are PNG, JPEG, GIF (its first
+/// frame) and WebP, detected by their content. Orientation and colour profile are applied, and the
+/// result has a format that renderers use without conversion. All functions are thread-safe.
 namespace tolvane::images {
 
-/// Pictures of more pixels are not decoded whole. It is what fits into 128 MiB, the most that the
-/// image reader allocates by itself.
+/// Pictures with more pixels are not decoded at full size. These take 128 MiB, the most that
+/// QImageReader allocates by default.
 inline constexpr qint64 maximumPixels = 33'554'432;
 
-/// Pictures of up to so many pixels in so many bytes are cheap enough to be decoded whole at any
-/// time.
+/// Pictures of up to this many pixels in up to this many bytes are cheap enough to be decoded at
+/// full size at any time.
 inline constexpr qint64 modestPixels = 2'097'152;
 inline constexpr qsizetype modestBytes = 4'194'304;
 
-/// The size that the bytes claim, without decoding them. Invalid when they are no picture.
+/// The size that the bytes declare, without decoding them. Invalid if they are not a picture.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QSize claimedSize(const QByteArray &bytes);
 
-/// Whether the bytes claim a picture of modest size.
+/// Whether the bytes declare a picture that is cheap to decode at full size.
 TOLVANE_VIEWS_AUTOTEST_EXPORT bool isModest(const QByteArray &bytes);
 
-/// Null when the bytes are no picture, or one that is too large. A JPEG that is too large comes
-/// smaller.
+/// Null if the bytes are not a picture, or one that is too large. A JPEG that is too large is
+/// decoded at a smaller size.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QImage decoded(const QByteArray &bytes);
 
-/// The picture scaled down as thumbnail() does it, without decoding it whole where the format
-/// allows. Null when the bytes are no picture.
+/// The picture scaled down as by thumbnail(), without decoding it at full size if the format allows
+/// that. Null if the bytes are not a picture.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QImage decodedThumbnail(const QByteArray &bytes, const QSize &target);
 
-/// The picture scaled down so that it just fills the target, in pixels, and keeps its aspect ratio.
-/// Very long ones are kept to four times the target's area. A picture that is no larger is given
-/// back as it is.
+/// The picture scaled down so that it just fills the target, in physical pixels, and keeps its
+/// aspect ratio. Very long pictures are limited to four times the target's area. A picture that is
+/// no larger is returned unchanged.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QImage thumbnail(const QImage &image, const QSize &target);
 
 } // namespace tolvane::images

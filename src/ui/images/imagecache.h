@@ -12,8 +12,8 @@
 
 namespace tolvane {
 
-/// Where pictures are kept: decoded in memory, and as the bytes that came, in memory and on disk.
-/// One for the process, shared by all views. Safe from any thread.
+/// Caches pictures: decoded in memory, and as received bytes in memory and on disk. One for the
+/// process, shared by all views. Thread-safe.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageCache
 {
 public:
@@ -21,15 +21,15 @@ public:
 
     ImageCache();
 
-    /// The key of an address: its absolute form. Views keep it, so that looking is cheap.
+    /// The key of a URL: its absolute form. Views store it, so that lookups are cheap.
     static QString key(const QUrl &url);
 
-    /// Null when it is not there.
+    /// Null if the picture is not cached.
     QImage image(const QString &key);
     void insert(const QString &key, const QImage &image);
 
-    /// The responses that pictures came in. This is the library's own cache; the host's is left
-    /// alone, and the answers of the backend never enter it.
+    /// The responses that contained the pictures. This cache is the library's own: the host's is
+    /// not used, and the backend's responses to API requests never enter this one.
     UrlCache &responses() { return *m_responses; }
 
 private:

@@ -10,7 +10,7 @@ namespace tolvane {
 
 namespace {
 
-// More than any photo; a longer answer is not worth its memory.
+// More than any photo has; a longer response is not worth its memory.
 constexpr qsizetype maximumDownload = 33'554'432;
 
 UrlRequest requestFor(const QUrl &url)
@@ -22,7 +22,7 @@ UrlRequest requestFor(const QUrl &url)
     return request;
 }
 
-/// Throws what the future holds instead of a result.
+/// Rethrows the future's exception, and throws if it was cancelled.
 UrlResponse resultOf(QFuture<UrlResponse> answer)
 {
     answer.waitForFinished();
@@ -31,7 +31,7 @@ UrlResponse resultOf(QFuture<UrlResponse> answer)
     return answer.result();
 }
 
-/// Addresses are texts of the backend's: none may have a local file read.
+/// URLs come from the backend, and must not make the library read local files.
 bool isLoadable(const QUrl &url)
 {
     return url.isValid() && !url.host().isEmpty() &&
@@ -40,7 +40,7 @@ bool isLoadable(const QUrl &url)
 
 } // namespace
 
-/// How pictures are made of bytes and of other pictures; goes to the workers.
+/// How pictures are decoded from bytes and scaled; copied to the workers.
 class ImageLoad::Recipe
 {
 public:
@@ -52,8 +52,8 @@ public:
 
     Pictures fromBytes(const QByteArray &bytes) const
     {
-        // A photo is decoded at the size of its thumbnail: whole, it would cost many times the time
-        // and push everything else out of the cache.
+        // A photo is decoded at the size of its thumbnail: at full size, it would take many times
+        // as long and push everything else out of the cache.
         if (m_target.isValid() && !images::isModest(bytes))
             return {.whole = {}, .shown = images::decodedThumbnail(bytes, m_target)};
         return fromWhole(images::decoded(bytes));
@@ -65,8 +65,8 @@ public:
                 .shown = m_target.isValid() ? images::thumbnail(whole, m_target) : whole};
     }
 
-    /// From the cache of responses, else from the network; a failure of that is the future's. One
-    /// way there and back, so that the main thread is woken once for each picture.
+    /// From the response cache, else from the network; if that fails, the future holds the error.
+    /// The main thread is woken once only for each picture.
     QFuture<Pictures> obtain(const UrlRequest &request) const
     {
         auto promise = std::make_shared<QPromise<Pictures>>();
@@ -99,7 +99,7 @@ private:
         platform().urlSession->data(request).then(QtFuture::Launch::Sync, read);
     }
 
-    /// The response is kept whatever it is, before anybody looks into it.
+    /// Every response is stored, before its content is examined.
     Pictures fromResponse(const UrlRequest &request, const UrlResponse &response) const
     {
         ImageCache::shared().responses().store(response, request);
@@ -163,7 +163,8 @@ QCoro::Task<> ImageLoad::load(QSize target)
         QFuture<Pictures> obtained = recipe.obtain(m_request);
         pictures = co_await settled(obtained);
     } catch (...) {
-        // The placeholder says enough. The view's next appearance tries again.
+        // The placeholder stays, and the failure is not shown. The view's next appearance tries
+        // again.
         setLoading(false);
         co_return;
     }

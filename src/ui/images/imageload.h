@@ -13,40 +13,40 @@
 
 namespace tolvane {
 
-/// What one view has of the picture at an address, and how it gets it: from the caches, else from
-/// the network, which fills them. Main thread.
+/// Loads the picture of a URL for one view: from the caches, else from the network, which fills the
+/// caches. Main thread.
 ///
-/// A load that has begun runs to its end, whether or not the view is still there; it keeps this
-/// object alive meanwhile.
+/// A load that has started runs to its end, whether or not the view still exists; it keeps this
+/// object alive until then.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageLoad final : public QObject,
                                                       public std::enable_shared_from_this<ImageLoad>
 {
     Q_OBJECT
 
 public:
-    /// @param url the picture's; anything but an http or https address is never loaded
-    /// @param thumbnailSize in points; without it, the whole picture is what is loaded
+    /// @param url anything but an http or https URL is never loaded
+    /// @param thumbnailSize in pixels; without it, the picture is loaded at full size
     ImageLoad(const QUrl &url, std::optional<QSizeF> thumbnailSize);
 
-    /// Null until there is one.
+    /// Null until the picture is loaded.
     const QImage &image() const { return m_image; }
-    /// Stays true for what came and is no picture: asking again would bring the same.
+    /// Stays true if the response is not a picture: another request would bring the same.
     bool isLoading() const { return m_isLoading; }
 
-    /// Takes the whole picture from the caches if it is at hand there, without waiting for
-    /// anything. Thumbnails are never at hand.
+    /// Takes the full-size picture from the caches if it is available there without waiting.
+    /// Thumbnails never are.
     void lookAtCaches();
 
-    /// For the view that has appeared: begins to load, unless there is nothing left to load or a
+    /// Called when the view has appeared: starts to load, unless there is nothing left to load or a
     /// load is running.
-    /// @param scale pixels of the screen to the point
+    /// @param scale the device pixel ratio
     void begin(qreal scale);
 
 Q_SIGNALS:
     void changed();
 
 private:
-    /// What was made of bytes: what goes into the cache, if anything, and what the view shows.
+    /// The decoded pictures: the one for the cache, which may be null, and the one for the view.
     struct Pictures
     {
         QImage whole;

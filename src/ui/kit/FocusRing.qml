@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// Shows where the keyboard is.
+// Outlines the item that has the keyboard focus.
 Rectangle {
     id: ring
 

@@ -2,15 +2,15 @@
 import QtQuick
 import Tolvane.Private
 
-// An icon to press, 36 by 36, with pointer and keyboard. Pale while disabled.
+// A button with an icon, 36 by 36 pixels, for pointer and keyboard. Faded while disabled.
 Item {
     id: button
 
     required property string icon
     required property color color
-    /// What it does, for those who hear it.
+    /// What the button does, for screen readers.
     required property string name
-    /// Whether the icon points along the reading direction.
+    /// Whether the icon points in the reading direction, and is turned in right-to-left layouts.
     property bool mirrors: false
     property real iconSize: 18
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// One view of a LoadingStateView, from its coming to its going.
+// Loads one view of a LoadingStateView, and animates its appearance and removal.
 Loader {
     id: page
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// The one switch from the state of something remote to a view of it. A change of the state's case
-// goes over from one view to the other; a change within `loaded` is the content's own business.
-// What is shown has the view's width and gives it its height.
+// Shows the view that belongs to the state of a load. A change of the state animates from one view
+// to the other; changes within `loaded` are handled by the content itself. The shown view takes the
+// width of this item, and provides its implicit height.
 //
 //     LoadingStateView {
 //         loadingState: store.state
@@ -18,12 +18,13 @@ Item {
     required property string loadingState
     property Component content
     property Component loading
-    /// Without one, `loading` is shown.
+    /// If not set, `loading` is shown.
     property Component loadingWithPreview
     property Component empty
     property Component error
-    /// How the views come and go, by the name of the state. They fade; those with a `scale` grow from
-    /// it, those with a `removalScale` shrink to it, and those that are `immediate` come at once.
+    /// How views appear and disappear, by the name of the state. All of them fade. `scale` is the
+    /// scale that a view grows from, `removalScale` is the scale that it shrinks to, and a view
+    /// that is `immediate` appears at once.
     property var transitions: ({})
 
     readonly property var components: ({

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// Says that something is on its way, for as long as it is visible. Decoration: what is waited for
-// has to say so in words.
+// A spinner that turns while it is visible. Screen readers ignore it: the view that shows it has to
+// provide an accessible name.
 Item {
     id: indicator
 
@@ -16,7 +16,7 @@ Item {
     Icon {
         id: wheel
 
-        // In steps: between two spokes there is nothing to see.
+        // In steps of one spoke: a turn of less would not be visible.
         property int step
 
         anchors.centerIn: parent

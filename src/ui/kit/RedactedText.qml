@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// Bars of a text's length in the place of its lines.
+// The placeholder of a text: bars of the text's length instead of its lines.
 Item {
     id: redacted
 

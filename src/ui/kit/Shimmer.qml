@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// A shine that travels over its parent from one side to the other, again and again. It is one
-// picture that moves; nothing else is touched.
+// A highlight that moves over its parent from one side to the other, in an endless loop. Only the
+// position of one item changes; nothing else is updated.
 Item {
     id: shimmer
 
@@ -13,7 +13,7 @@ Item {
     clip: true
 
     Rectangle {
-        // The same white would glare on a dark ground.
+        // The same white would be too bright on a dark background.
         opacity: Theme.isDark ? 0.4 : 1
         width: shimmer.width
         height: shimmer.height

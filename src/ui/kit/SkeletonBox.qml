@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A bar in the place of something that is still to come.
+// The placeholder of something that is loading: a bar.
 RoundedCorner {
     id: box
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// An icon with a line about what there is instead of the content, and one about what to do.
+// An icon, a title and a line of detail, shown instead of content.
 Item {
     id: notice
 
@@ -17,14 +17,14 @@ Item {
     property int iconSize: 60
     property int padding: 40
     property int spacing: 20
-    /// The height that is in sight; the notice is in the middle of it.
+    /// The visible height, in which the notice is centred.
     property real room: height
 
-    /// Where there is little of it, everything moves closer together.
+    /// True if the height is too small; margins and spacing are reduced then.
     readonly property bool isCramped:
         room < iconSize + spacing + texts.implicitHeight + 2 * padding
     readonly property real edge: isCramped ? 8 : padding
-    // Words in large letters need the width.
+    // Large letters need the width.
     readonly property real sideEdge: titleSize > 28 ? 16 : padding
 
     implicitHeight: column.implicitHeight + 2 * edge

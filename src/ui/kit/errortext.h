@@ -7,8 +7,8 @@
 
 namespace tolvane {
 
-/// Why something failed, for the customer: in their language what went wrong on the way, else what
-/// the error itself says.
+/// The reason for a failure, for the customer: a translated text for network errors, else the
+/// error's own description.
 QString errorText(const Error &error);
 
 } // namespace tolvane

@@ -5,8 +5,8 @@
 
 namespace tolvane {
 
-/// A name on one line, of a sensible length, that neither reorders what stands beside it nor
-/// decides in which direction that is read. Empty where there is nothing of it to be seen.
+/// A name as one line of bounded length, isolated so that it neither reorders the text around it
+/// nor decides the direction of that text. Empty if nothing of the name is visible.
 QString isolatedText(const QString &name);
 
 } // namespace tolvane

@@ -9,7 +9,7 @@ namespace tolvane {
 
 namespace {
 
-/// Android tells places in pixels of the screen, all others in points.
+/// Android reports the rectangle in physical pixels, all others in device-independent pixels.
 double pixelsPerPoint()
 {
 #ifdef Q_OS_ANDROID

@@ -13,7 +13,8 @@ class Keyboard : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool isShown READ isShown NOTIFY changed)
-    /// Its upper edge from the top of the window, in points; meaningless while it is not shown.
+    /// The distance of its upper edge from the top of the window, in pixels; meaningless while it
+    /// is not shown.
     Q_PROPERTY(double top READ top NOTIFY changed)
 
 public:
@@ -22,7 +23,7 @@ public:
     bool isShown() const;
     double top() const;
 
-    /// Puts it away until somebody taps into a text again.
+    /// Hides it until the customer next taps into a text field.
     Q_INVOKABLE void hide();
 
 Q_SIGNALS:

@@ -9,7 +9,7 @@
 
 #include <array>
 
-// What QML is told of a LoadingState.
+// LoadingState, as strings for QML.
 
 namespace tolvane {
 
@@ -23,7 +23,7 @@ QString caseName(const LoadingState<Value> &state)
     return QString::fromLatin1(names.at(static_cast<std::size_t>(state.current())));
 }
 
-/// Why it failed, in the customer's language; empty where it did not.
+/// The reason for the failure, in the customer's language; empty without a failure.
 template <typename Value>
 QString errorText(const LoadingState<Value> &state)
 {

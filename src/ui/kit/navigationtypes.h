@@ -6,7 +6,7 @@
 
 #include <QtQml/qqmlregistration.h>
 
-// The stores of the navigation, for QML.
+// Registers the stores of the navigation in QML.
 
 namespace tolvane {
 
@@ -31,7 +31,7 @@ struct MessageDataType
     QML_NAMED_ELEMENT(MessageData)
 };
 
-/// Makes destinations: `navigation.navigate(Destination.newTicket())`.
+/// Creates destinations: `navigation.navigate(Destination.newTicket())`.
 class DestinationType : public QObject
 {
     Q_OBJECT

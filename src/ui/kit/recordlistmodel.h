@@ -8,9 +8,9 @@
 
 namespace tolvane {
 
-/// Records as rows. A list that takes the place of another becomes the fewest insertions, removals,
-/// moves and changes, told apart by the records' `id`, so that a view keeps its place and rebuilds
-/// only what is different. A record that is listed twice gets two rows. Main thread.
+/// A list model of records. A new list is applied as the fewest insertions, removals, moves and
+/// changes. Records are matched by their `id`, so that a view keeps its position and rebuilds only
+/// the rows that differ. A record that is listed twice gets two rows. Main thread.
 template <typename Record>
 class RecordListModel : public QAbstractListModel
 {
@@ -26,14 +26,14 @@ protected:
     const QList<Record> &records() const { return m_records; }
 
     void replace(const QList<Record> &records) { replaceBehind(0, records); }
-    /// The first `kept` rows stay as they are; the records are all that come after them.
+    /// Keeps the first `kept` rows and replaces all rows after them.
     void replaceBehind(qsizetype kept, const QList<Record> &records);
 
 private:
     using Count = QHash<QString, int>;
 
-    /// A list that was shuffled takes a step for each record, each with a look at all others; past
-    /// this many it counts as another list.
+    /// Applying a shuffled list takes one step for each record, and each step searches all others.
+    /// Beyond this number of steps the model is reset instead.
     static constexpr int mostSteps = 200;
 
     qsizetype takeOverBeginning(qsizetype kept, const QList<Record> &records);
@@ -53,7 +53,7 @@ private:
 template <typename Record>
 void RecordListModel<Record>::replaceBehind(qsizetype kept, const QList<Record> &records)
 {
-    // Most lists differ at one end, if at all.
+    // Most new lists differ from the old one at one end only, if at all.
     const qsizetype beginning = takeOverBeginning(kept, records);
     const qsizetype first = kept + beginning;
     const qsizetype end =
@@ -114,7 +114,7 @@ bool RecordListModel<Record>::removeMissing(const QList<Record> &middle, qsizety
             return false;
         remove(row, end - row);
         last -= end - row;
-        // The one that ended the run has been counted.
+        // The row that ended the run has been counted already.
         ++row;
     }
     return true;

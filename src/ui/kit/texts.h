@@ -8,13 +8,13 @@
 
 namespace tolvane {
 
-/// The texts of the views, by their keys.
+/// Translated strings of the views, by their keys.
 class Texts : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    /// Whether the language of the texts is read from right to left; views are mirrored then.
+    /// Whether the language is read from right to left; views are mirrored then.
     Q_PROPERTY(bool isRightToLeft READ isRightToLeft CONSTANT)
 
 public:
@@ -22,9 +22,9 @@ public:
 
     bool isRightToLeft() const { return platform().bundle->layoutDirection() == Qt::RightToLeft; }
 
-    /// The library's own.
+    /// A string of the library.
     Q_INVOKABLE QString string(const QString &key) const { return platform().bundle->string(key); }
-    /// One that the host may translate; else the key.
+    /// A string that the host may translate; the key if the host does not.
     Q_INVOKABLE QString hostString(const QString &key) const
     {
         return platform().bundle->hostString(key);

@@ -18,7 +18,7 @@ Theme::Theme(QObject *parent)
 
 bool Theme::isDark() const
 {
-    // Qt 6.4 does not tell the appearance; a dark one has light text on a darker ground.
+    // Qt 6.4 does not report the appearance; a dark one has lighter text than background.
     const QPalette palette = QGuiApplication::palette();
     return palette.color(QPalette::WindowText).lightness() >
            palette.color(QPalette::Window).lightness();
@@ -62,7 +62,7 @@ int Theme::scaled(int points) const
 
 double textScale(int pixelSize)
 {
-    // What desktops and phones have their applications write in, unless somebody wants it larger.
+    // The default font size of desktops and phones, in pixels.
     constexpr double usual = 13;
     constexpr double ordinary = 1.4;
     constexpr double most = 2;

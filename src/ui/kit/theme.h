@@ -10,13 +10,13 @@
 
 namespace tolvane {
 
-/// How much larger than usual texts are for an application whose font has that size: 1 for the
-/// sizes that systems come with, up to 2 where people, or the host, have chosen a larger one.
+/// The factor for text sizes if the application's font has this size: 1 for the sizes that systems
+/// use by default, up to 2 if the user or the host has chosen a larger one.
 double textScale(int pixelSize);
 
-/// The look, defined once: the branding's colours and the neutral ones for the appearance of the
-/// display, and the sizes of text. Views read the branding as they are built; a change of the
-/// appearance tells those that are there.
+/// The colours of the branding, the neutral colours for a light or dark appearance, and the text
+/// sizes, defined once. Views read the branding when they are created; existing views are notified
+/// of a change of the appearance or of the application's font.
 class Theme : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ class Theme : public QObject
     Q_PROPERTY(QColor greenColor READ greenColor NOTIFY changed)
     Q_PROPERTY(QColor grayColor READ grayColor CONSTANT)
     Q_PROPERTY(QColor blueColor READ blueColor NOTIFY changed)
-    /// Sizes of text, in points, as large as the application's font asks for.
+    /// Text sizes in pixels, scaled with the application's font.
     Q_PROPERTY(int caption READ caption NOTIFY changed)
     Q_PROPERTY(int footnote READ footnote NOTIFY changed)
     Q_PROPERTY(int callout READ callout NOTIFY changed)
@@ -46,9 +46,9 @@ class Theme : public QObject
     Q_PROPERTY(int title3 READ title3 NOTIFY changed)
     Q_PROPERTY(int title2 READ title2 NOTIFY changed)
     Q_PROPERTY(int title READ title NOTIFY changed)
-    /// What large windows have in their middle is no wider: longer lines are hard to read.
+    /// The maximum width of content in large windows: longer lines are hard to read.
     Q_PROPERTY(int columnWidth READ columnWidth CONSTANT)
-    /// Whether the branding names a logo for the appearance, and where it is.
+    /// Whether the branding has a logo for the current appearance, and its URL.
     Q_PROPERTY(bool hasLogo READ hasLogo NOTIFY changed)
     Q_PROPERTY(QUrl logo READ logo NOTIFY changed)
 
@@ -79,7 +79,7 @@ public:
     int title2() const { return scaled(22); }
     int title() const { return scaled(28); }
     int columnWidth() const { return 860; }
-    /// How far from the edges of something so wide its content is, at least that margin.
+    /// The distance of the content from either edge of an item of this width, at least the margin.
     Q_INVOKABLE double columnInset(double width, double margin) const;
     bool hasLogo() const { return logoText().has_value(); }
     QUrl logo() const { return QUrl(logoText().value_or(QString())); }

@@ -8,8 +8,8 @@ namespace tolvane {
 
 namespace {
 
-/// The two motions that all others are made of: one that begins at a distance of 1 without speed,
-/// and one that begins at rest with a speed of 1, less the part of the damping in it.
+/// The two basis solutions that every motion is a combination of. `even` starts at a displacement
+/// of 1 with a velocity of -decay, `odd` at a displacement of 0 with a velocity of 1.
 struct Basis
 {
     double even;
@@ -18,7 +18,7 @@ struct Basis
 
 Basis basisAt(double seconds, double frequency, double dampingFraction)
 {
-    // So near to the critical damping, the difference is lost in rounding.
+    // This near to critical damping, the difference is lost to rounding.
     constexpr double nearlyCritical = 1e-6;
     const double decay = dampingFraction * frequency;
     if (std::abs(dampingFraction - 1) < nearlyCritical) {
@@ -30,7 +30,7 @@ Basis basisAt(double seconds, double frequency, double dampingFraction)
         const double left = std::exp(-decay * seconds);
         return {left * std::cos(split * seconds), left * std::sin(split * seconds) / split};
     }
-    // Not by hyperbolic functions, which overflow long before this does.
+    // Without hyperbolic functions, which overflow long before these exponentials do.
     const double slow = std::exp((split - decay) * seconds);
     const double fast = std::exp((-split - decay) * seconds);
     return {(slow + fast) / 2, (slow - fast) / (2 * split)};

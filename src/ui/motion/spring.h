@@ -5,30 +5,29 @@
 
 namespace tolvane {
 
-/// The motion of a damped spring with a mass of 1, exact at any time: frames that come late or not
-/// at all change nothing in it. Knows no window.
+/// The motion of a damped spring with a mass of 1. It is computed from the start for any time, so
+/// that late or dropped frames do not change it. Uses no window.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT Spring
 {
-    /// Where it is from its rest, and how fast it goes, in units a second.
+    /// The distance from rest, and the velocity per second.
     struct Motion
     {
         double displacement = 0;
         double velocity = 0;
     };
 
-    /// How long one swing would take without damping, in seconds. At 0 or less everything is at
-    /// rest at once.
+    /// The period without damping, in seconds. At 0 or less, the spring is at rest at once.
     double response = 0.35;
-    /// 0 swings for ever, below 1 it swings beyond its rest, from 1 on it creeps there.
+    /// At 0 it oscillates for ever, below 1 it overshoots, from 1 on it does not oscillate.
     double dampingFraction = 0.75;
 
     double stiffness() const;
     double damping() const;
 
-    /// What has become of a motion after so many seconds, none of them below 0.
+    /// The motion after that many seconds, which must not be negative.
     Motion after(double seconds, const Motion &start) const;
 
-    /// How far the motion could swing if nothing damped it: it only ever gets less.
+    /// The amplitude that the motion would have without damping. It only decreases over time.
     double reach(const Motion &motion) const;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double leastDampingFraction = 0.05;
 
-/// What is left of the first swing when nobody sees it any more: a tenth of a point in a thousand.
+/// The part of the initial amplitude that is too small to see: a tenth of a pixel in a thousand.
 constexpr double atRest = 0.0001;
 
 } // namespace
@@ -27,7 +27,7 @@ void SpringValue::setTarget(double target)
         jumpTo(target);
         return;
     }
-    // As it moves now, before it is drawn to another place.
+    // Computed before the target changes, since displacements are relative to the target.
     const Spring::Motion now = motion();
     const double place = m_target + now.displacement;
     if (!replaceTarget(target))

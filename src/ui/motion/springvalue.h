@@ -11,23 +11,25 @@
 
 namespace tolvane {
 
-/// A number that follows its target on a spring, a step with each frame of the display, and comes
-/// to rest exactly there. A target that changes on the way is taken up at the speed of the moment.
+/// A number that follows its target like a damped spring, one step a frame, and comes to rest
+/// exactly at the target. A target that changes during the motion is approached from the current
+/// value and velocity.
 ///
 ///     SpringValue { id: height; target: view.isOpen ? 240 : 80 }
 ///
-/// Whatever is set while the object is made is there at once. Main thread.
+/// A target that is set during construction applies without animation. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT SpringValue : public QObject, public QQmlParserStatus
 {
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
-    /// Only a finite number; an equal one changes nothing.
+    /// Infinite numbers and NaN are ignored; an equal number changes nothing.
     Q_PROPERTY(double target READ target WRITE setTarget NOTIFY targetChanged)
     Q_PROPERTY(double value READ value NOTIFY valueChanged)
-    /// In seconds; 0 or less follows at once. These two apply from the next target on.
+    /// In seconds; at 0 or less, the value follows at once. Changes of `response` and
+    /// `dampingFraction` apply from the next target on.
     Q_PROPERTY(double response READ response WRITE setResponse NOTIFY springChanged)
-    /// At least 0.05, so that it comes to rest.
+    /// At least 0.05, so that the value comes to rest.
     Q_PROPERTY(
         double dampingFraction READ dampingFraction WRITE setDampingFraction NOTIFY springChanged)
     Q_PROPERTY(bool isRunning READ isRunning NOTIFY isRunningChanged)
@@ -44,7 +46,7 @@ public:
     void setDampingFraction(double fraction);
     bool isRunning() const { return m_frames.state() == QAbstractAnimation::Running; }
 
-    /// To be there without a motion; the target is the value, too. Ends what is running.
+    /// Sets target and value without animation. Stops a running animation.
     Q_INVOKABLE void jumpTo(double value);
 
 Q_SIGNALS:
@@ -58,7 +60,7 @@ protected:
     void componentComplete() override { m_isComplete = true; }
 
 private:
-    /// Time by the frames of the display.
+    /// Calls step() once a frame of the display.
     class Frames final : public QAbstractAnimation
     {
     public:
@@ -82,7 +84,7 @@ private:
     bool replaceTarget(double target);
 
     Spring m_spring;
-    /// What runs, and how it began.
+    /// The spring of the running animation, and the motion that it started with.
     Spring m_running;
     Spring::Motion m_start;
     double m_target = 0;

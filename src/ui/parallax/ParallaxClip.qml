@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The effect of a sheet's layer: cuts what is on it to a rounded shape, smoothly at any scale.
+// The effect of a sheet's layer: clips it to a rounded rectangle, antialiased at any scale.
 ShaderEffect {
     /// Set by the layer.
     property var source

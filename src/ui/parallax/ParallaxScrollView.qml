@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A header that stays behind, and a sheet with rounded corners that scrolls over it.
+// A header in the background, and a sheet with rounded corners that scrolls over it.
 //
 //     ParallaxScrollView {
 //         configuration: Parallax.configuration(Parallax.heights(240, 80), Parallax.heights(160, 60),
@@ -12,13 +12,13 @@ import Tolvane.Private
 //         model: tickets; delegate: TicketRow { }     // rows
 //     }
 //
-// The sheet is a list: rows are made as they come into sight, however many the model has. The
-// list's own header item is the clear room through which one sees the header of the view, with the
-// content below. ParallaxSheet has the ground with the rounded corners.
+// The sheet is a ListView: rows are created when they become visible, however many the model has.
+// The list's own header item consists of a transparent spacer, through which the header of the view
+// shows, and the content below it. ParallaxSheet draws the background with the rounded corners.
 //
-// The header of the view is drawn behind the sheet, and for events it is a part of the list: what
-// it wants itself, such as a press on a button, it gets through the clear room; a drag or a turn of
-// the wheel upon it moves the sheet.
+// The header of the view is drawn behind the sheet, but its parent is the list. Events that it
+// handles itself, such as a press on a button, reach it through the spacer; a drag or a turn of the
+// wheel over it moves the sheet.
 Item {
     id: view
 
@@ -26,7 +26,7 @@ Item {
     required property var configuration
     property bool isLandscape: height > 0 && width > height
 
-    /// Takes the width of the view, and the height that the rules give it.
+    /// Takes the width of the view, and the height that ParallaxRules computes.
     property Component header
     /// Takes the width of the view and its own implicit height; without rows, it is at least as
     /// high as `minimumHeight`, so that it fills the sheet.
@@ -38,11 +38,12 @@ Item {
     property alias section: list.section
     property alias spacing: list.spacing
     property alias reuseItems: list.reuseItems
-    /// False for content that stays clear of the sheet's corners by itself: drawing is cheaper then.
+    /// Set to false if the content does not reach into the sheet's corners: rendering is cheaper
+    /// then.
     property bool cutsCorners: true
-    /// What the rows are, for those who hear it.
+    /// What the rows are, for screen readers.
     property string listName
-    /// Room below the last of it all.
+    /// The space below the last row or the content.
     property real bottomContentMargin
 
     /// ParallaxScroll.Opened or Collapsed.
@@ -51,7 +52,7 @@ Item {
     readonly property alias offset: rules.offset
     readonly property alias headerItem: header.item
     readonly property alias contentItem: content.item
-    /// For what else there is to do with a list: its position, its count.
+    /// For the other properties of a list, such as its position and its count.
     readonly property alias list: list
 
     onMinimumHeightChanged: list.arrange()
@@ -88,11 +89,11 @@ Item {
                 rules.scroll(originY - contentY)
         }
 
-        // Sets the heights of all that is above the rows. Bindings would go round in circles: the
-        // list takes in the changes of its model while its header is resized.
+        // Sets the heights of everything above the rows. Bindings would loop: the list applies the
+        // changes of its model while its header is resized.
         //
-        // Who sees what is above the rows stays as far from the top as before; who is further down
-        // keeps the rows in place.
+        // If anything above the rows is visible, the distance from the top is kept; otherwise the
+        // rows stay in place.
         function arrange() {
             if (!headerItem || isArranging)
                 return
@@ -111,7 +112,7 @@ Item {
         y: rules.collapsedHeight
         width: view.width
         height: rules.sheetHeight
-        // Few rows can be scrolled over the header as well.
+        // So that even a few rows can be scrolled over the header.
         bottomMargin: Math.max(view.bottomContentMargin, height + rules.spacerHeight - contentHeight)
         boundsBehavior: Flickable.DragAndOvershootBounds
         currentIndex: -1
@@ -122,11 +123,11 @@ Item {
         onContentYChanged: measure()
         onCountChanged: arrange()
         onHeaderItemChanged: arrange()
-        // Cut with the sheet; the header is none of it.
+        // The rows are clipped with the sheet, the header is not.
         Component.onCompleted: contentItem.parent = sheet
     }
 
-    // Once all heights are there: what fitted before may be out of bounds.
+    // Runs when all heights are set: a position that was valid before may be out of bounds now.
     Timer {
         id: settling
 

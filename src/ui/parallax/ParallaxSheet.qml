@@ -2,20 +2,20 @@
 import QtQuick
 import Tolvane.Private
 
-// What is seen of the list: its rows and, below them, the ground with rounded corners that goes
-// where the content begins. The ground is none of the list's items, so that it fills the sheet
-// whatever the list has.
+// The visible part of the list: its rows and, below them, the background with rounded corners,
+// which moves with the top of the content. The background is not an item of the list, so that it
+// fills the sheet however many rows the list has.
 Item {
     id: sheet
 
     required property color background
-    /// Where the content begins; 0 once it has arrived at the top.
+    /// The upper edge of the content; 0 once it has reached the top of the sheet.
     required property real contentTop
-    /// Whether what is on the ground may reach into the corners, and has to be cut there, too.
+    /// Whether the content may reach into the corners, and has to be clipped there, too.
     required property bool cutsCorners
 
     clip: true
-    // The software renderer has no effects: there only the ground is round.
+    // The software renderer has no effects: there, only the background has rounded corners.
     layer.enabled: cutsCorners && GraphicsInfo.api !== GraphicsInfo.Software
     layer.effect: ParallaxClip { }
 
@@ -27,7 +27,7 @@ Item {
         radius: sheet.layer.enabled ? 0 : Parallax.contentCornerRadius
         color: sheet.background
 
-        // The header lies below, and must not notice what happens on the sheet.
+        // Keeps events on the sheet from the header below it.
         MouseArea {
             anchors.fill: parent
             hoverEnabled: true

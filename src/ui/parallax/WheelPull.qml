@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// What a pull is to a finger, with a wheel or a trackpad: turning on, upwards, at the top of a list.
-// It takes a new turn for each pull.
+// Pulling with a wheel or a trackpad: turning further upwards at the top of a list. Each pull needs
+// a new turn.
 Item {
     id: pull
 
@@ -10,10 +10,10 @@ Item {
 
     signal pulled()
 
-    /// In eighths of a degree, as wheels count: three notches.
+    /// In eighths of a degree, as angleDelta reports it: three notches.
     readonly property int full: 360
     property int turned: 0
-    /// Momentum that arrives at the top is none.
+    /// Momentum that reaches the top does not count.
     property bool beganAtTop: false
 
     anchors.fill: parent
@@ -35,7 +35,7 @@ Item {
         }
     }
 
-    // Between one turn and the next.
+    // A turn that follows after a longer pause is a new one.
     Timer {
         id: rest
 

@@ -7,7 +7,7 @@ namespace tolvane {
 
 namespace {
 
-/// The comparison is false for what is not a number, too.
+/// The comparison is false for NaN, too.
 double atLeast(double least, double value)
 {
     return value > least ? value : least;

@@ -8,12 +8,12 @@ namespace tolvane {
 
 namespace {
 
-/// A twentieth of the way: less is not worth a second look. What two progresses of exactly that
-/// distance differ by more is rounding.
+/// The state is evaluated again only after a change of the progress of more than a twentieth. Two
+/// values with exactly that difference may differ by more because of rounding.
 constexpr double leastStep = 0.05;
 constexpr double rounding = 1e-9;
 
-/// The part of the threshold below which a collapsed header opens again.
+/// The fraction of the threshold below which a collapsed header opens again.
 constexpr double reopening = 0.5;
 
 } // namespace
@@ -60,7 +60,7 @@ double ParallaxRules::contentTop() const
 
 void ParallaxRules::scroll(double offset)
 {
-    // Every height follows from the offset; what is not a number is no place to be.
+    // Every height depends on the offset, so NaN counts as rest.
     m_scrollOffset = std::isnan(offset) ? 0 : offset;
     const double now = progress();
     if (std::abs(now - m_lastScrollProgress) <= leastStep + rounding)
@@ -80,7 +80,7 @@ double ParallaxRules::progress() const
     if (!(range > 0))
         return m_scrollOffset < 0 ? 1 : 0;
     const double progress = -m_scrollOffset / range;
-    // Also where both are infinite.
+    // The comparison is false for NaN, too, which comes from two infinite values.
     return progress > 0 ? std::min(progress, 1.0) : 0;
 }
 

@@ -9,11 +9,11 @@
 
 namespace tolvane {
 
-/// How a header and the sheet that scrolls over it share a view. Knows no window: it is told what
-/// was measured, and answers with heights and with the state of the header.
+/// The geometry of a view in which a sheet scrolls over a header. Uses no window: it takes
+/// measurements, and computes heights and the state of the header.
 ///
-/// Offsets are in points: 0 at rest, negative as the sheet moves up, positive as it is pulled down
-/// beyond its rest.
+/// Offsets are in pixels: 0 at rest, negative when the sheet is moved up, positive when it is
+/// pulled down beyond its rest.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ParallaxRules
 {
 public:
@@ -21,42 +21,42 @@ public:
 
     explicit ParallaxRules(const ParallaxConfiguration &configuration);
 
-    /// Told of each change of the state, after the change.
+    /// Called after each change of the state.
     std::function<void(ParallaxScrollState)> onStateChange;
 
     const ParallaxConfiguration &configuration() const { return m_configuration; }
-    /// As turning the device, changes heights and leaves the state.
+    /// Like setLandscape(), changes heights but not the state.
     void setConfiguration(const ParallaxConfiguration &configuration);
 
     /// 300 until measured.
     double viewHeight() const { return m_viewHeight; }
     void setViewHeight(double height) { m_viewHeight = height; }
 
-    /// Changes heights and leaves the state: that one only follows scrolling.
+    /// Setting it changes heights but not the state, which changes by scrolling only.
     bool isLandscape() const { return m_isLandscape; }
     void setLandscape(bool isLandscape) { m_isLandscape = isLandscape; }
 
     double openedHeight() const { return heights().openedHeight(); }
     double collapsedHeight() const { return heights().collapsedHeight(); }
 
-    /// How far the sheet travels from rest to where it stays; its rounded corners lie on the
-    /// header. May be negative, for a header that hardly changes.
+    /// The distance that the sheet moves between opened and collapsed, without the rounded corners,
+    /// which overlap the header. May be negative, for a header that hardly changes.
     double scrollRange() const;
-    /// The clear room above the content, by which the header shows through: the range, if there is
-    /// one.
+    /// The height of the transparent space above the content, through which the header shows:
+    /// scrollRange(), but not negative.
     double spacerHeight() const;
     /// Grows without limit as the sheet is pulled down; shrinks by the collapsed height at most.
     double headerHeight() const;
     double sheetHeight() const;
-    /// Where the content begins, from the top of the view. Never above the sheet.
+    /// The upper edge of the content, from the top of the view. Never above the sheet.
     double contentTop() const;
 
-    /// Of the last scroll().
+    /// The offset of the last scroll().
     double scrollOffset() const { return m_scrollOffset; }
     ParallaxScrollState state() const { return m_state; }
 
-    /// Takes in a measured offset. Without a range (0 or less) there is no way between the states:
-    /// anything scrolled counts as all of it.
+    /// Sets the measured offset. If scrollRange() is 0 or less, any offset above rest counts as
+    /// full progress.
     void scroll(double offset);
 
 private:

@@ -9,12 +9,12 @@ namespace tolvane {
 
 namespace {
 
-/// What rules without a configuration stand on: no header.
+/// The configuration until one is set: no header.
 const ParallaxHeightConfiguration noHeights(0, 0);
 const ParallaxConfiguration nothing(noHeights, noHeights, 0, 1, 0, {}, {});
 
-/// Null where the value is of another type. The types have no default for a conversion to fall
-/// back to.
+/// Null if the value has another type. QVariant::value() is not possible: it needs a default
+/// constructor, which these types do not have.
 template <typename Type>
 const Type *get(const QVariant &value)
 {
@@ -37,7 +37,7 @@ void ParallaxScroll::setConfiguration(const QVariant &configuration)
 {
     const auto *given = get<ParallaxConfiguration>(configuration);
     if (!given) {
-        qmlWarning(this) << "not a configuration of a parallax view";
+        qmlWarning(this) << "configuration must be made with Parallax.configuration()";
         return;
     }
     if (*given == m_rules.configuration())
@@ -83,7 +83,7 @@ QVariant ParallaxType::configuration(const QVariant &portrait, const QVariant &l
     const auto *upright = get<ParallaxHeightConfiguration>(portrait);
     const auto *lying = get<ParallaxHeightConfiguration>(landscape);
     if (!upright || !lying) {
-        qmlWarning(this) << "heights are made with Parallax.heights()";
+        qmlWarning(this) << "portrait and landscape must be made with Parallax.heights()";
         return {};
     }
     return QVariant::fromValue(ParallaxConfiguration(*upright, *lying, parallaxFactor,

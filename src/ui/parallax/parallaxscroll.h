@@ -10,13 +10,12 @@
 
 namespace tolvane {
 
-/// The rules of a parallax view, for QML: what was measured goes in, heights and the state come
-/// out.
+/// ParallaxRules for QML: takes measurements, and provides heights and the state.
 class ParallaxScroll : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// A ParallaxConfiguration; anything else is reported and changes nothing.
+    /// A ParallaxConfiguration; other values log a warning and are ignored.
     Q_PROPERTY(QVariant configuration READ configuration WRITE setConfiguration NOTIFY layoutChanged
                    REQUIRED)
     Q_PROPERTY(double viewHeight READ viewHeight WRITE setViewHeight NOTIFY layoutChanged)
@@ -26,7 +25,7 @@ class ParallaxScroll : public QObject
     Q_PROPERTY(double sheetHeight READ sheetHeight NOTIFY layoutChanged)
     Q_PROPERTY(QColor headerBackground READ headerBackground NOTIFY layoutChanged)
     Q_PROPERTY(QColor contentBackground READ contentBackground NOTIFY layoutChanged)
-    /// What follows the scrolling as well.
+    /// These change with the scrolling, too.
     Q_PROPERTY(double offset READ offset NOTIFY scrolled)
     Q_PROPERTY(double headerHeight READ headerHeight NOTIFY scrolled)
     Q_PROPERTY(double contentTop READ contentTop NOTIFY scrolled)
@@ -69,7 +68,7 @@ private:
     ParallaxRules m_rules;
 };
 
-/// Makes configurations, in QML: `Parallax.configuration(Parallax.heights(240, 80), ...)`.
+/// Creates configurations in QML: `Parallax.configuration(Parallax.heights(240, 80), ...)`.
 class ParallaxType : public QObject
 {
     Q_OBJECT
@@ -88,7 +87,7 @@ public:
     double contentCornerExponent() const { return contentCorner().exponent; }
 
     Q_INVOKABLE QVariant heights(double opened, double collapsed) const;
-    /// The parts are those of ParallaxConfiguration, in its order.
+    /// The parameters are those of ParallaxConfiguration, in the same order.
     Q_INVOKABLE QVariant configuration(const QVariant &portrait, const QVariant &landscape,
                                        double parallaxFactor, double stretchFactor,
                                        double thresholdPercentage, const QColor &headerBackground,

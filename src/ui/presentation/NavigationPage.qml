@@ -2,12 +2,12 @@
 import QtQuick
 import Tolvane.Private
 
-// A page of the navigation, for a destination. By address, so that what it is made of is read with the
-// first page, not with the home screen.
+// A page of the navigation, for a destination. The content is set by URL, so that its types are
+// loaded with the first page, not with the home screen.
 FocusScope {
     id: page
 
-    /// A TolvaneDestination; stays as it is.
+    /// A TolvaneDestination; never changes.
     required property var destination
     required property ScreenData screen
     required property bool isOnTop

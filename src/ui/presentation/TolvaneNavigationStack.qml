@@ -2,8 +2,9 @@
 import QtQuick
 import Tolvane.Private
 
-// The home screen, and what is stacked above it. Pages come in from the trailing side and go out
-// there; what they cover gives way a little. What is covered is neither drawn nor read aloud.
+// The home screen and the pages above it. Pages slide in from the trailing edge and slide out to
+// it; the view below moves aside a little. Covered views are neither drawn nor read by screen
+// readers.
 FocusScope {
     id: stack
 
@@ -11,10 +12,10 @@ FocusScope {
     readonly property NavigationData navigation: screen.navigation
     readonly property int topmost: navigation.path.length
 
-    /// The path, and after a way back also the page that is on its way out. Nothing is bound to it:
-    /// a page keeps what it shows until it is gone.
+    /// The path of the existing pages, which after going back includes the page that is still
+    /// sliding out. Nothing is bound to it: a page keeps its destination until it is destroyed.
     readonly property var shown: ({path: []})
-    /// How many pages are in, with what is still on its way.
+    /// The number of shown pages; a fraction while a page slides in or out.
     property real depth: topmost
 
     Behavior on depth {
@@ -31,8 +32,8 @@ FocusScope {
         return count
     }
 
-    // Pages stay as they are for as long as they are on the path; where another one takes the
-    // place of one, it is new, and so are those above it.
+    // Pages are kept for as long as they are on the path. From the first difference on, the pages
+    // are created anew.
     function show(path: var) {
         const common = countOfCommon(path)
         if (pages.count > common)
@@ -42,7 +43,8 @@ FocusScope {
             pages.append({level: pages.count + 1})
     }
 
-    // A page that was left is shown until it is out, which one that was not yet in is at once.
+    // After going back, the page is kept until it has slid out, or removed at once if it had not
+    // begun to slide in.
     function follow() {
         const path = Array.from(navigation.path)
         if (depth === path.length || countOfCommon(path) < path.length)

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// Slides the messenger in over all that the window shows, and out again. Nothing gets through to
-// what is below.
+// Slides the messenger in over the content of the window, and out again. No input reaches the
+// content below.
 FocusScope {
     id: presentation
 

@@ -45,7 +45,7 @@ Stage::Stage(QWindow &host)
     m_own->setFlag(Qt::FramelessWindowHint);
     m_own->setGeometry(host.geometry());
     m_own->setTitle(host.title());
-    // It covers the host's window, wherever that goes.
+    // It covers the host's window wherever that moves.
     for (const auto changed :
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
         QObject::connect(&host, changed, m_own.get(),

@@ -8,19 +8,20 @@
 
 namespace tolvane {
 
-/// Where the messenger is shown: inside the host's window where that is one of Qt Quick, else in a
-/// window of its own over the host's, modal to it. Main thread.
+/// The window that shows the messenger: the host's window if that is a QQuickWindow, else a window
+/// of its own over the host's, modal to it. Main thread.
 class Stage
 {
 public:
-    /// Nothing to show in.
+    /// Without a window.
     Stage() = default;
     explicit Stage(QWindow &host);
 
-    /// The host's window that the customer looks at; null when the host has none.
+    /// The host's window that has the focus, else a visible one; null if there is no visible
+    /// window.
     static QWindow *foregroundWindow();
 
-    /// Null once it has gone, with the host's window for instance.
+    /// Null once it is destroyed, with the host's window for instance.
     QQuickWindow *window() const { return m_window; }
     QWindow *host() const { return m_host; }
 

@@ -41,7 +41,7 @@ void TolvaneViewController::presentInForeground()
 {
     if (current() && current()->m_data->isShown())
         return;
-    // One that is sliding out makes room at once.
+    // A messenger that is still sliding out is removed at once.
     if (current())
         current()->viewDidDisappear();
     if (QWindow *window = Stage::foregroundWindow())
@@ -81,7 +81,7 @@ bool TolvaneViewController::viewDidLoad()
     }
     QQmlEngine::setObjectOwnership(m_view, QQmlEngine::CppOwnership);
     connect(m_data.get(), &ScreenData::closeRequested, this, &TolvaneViewController::closeTapped);
-    // Queued, since it is the view itself that says so.
+    // Queued, since the view emits the signal and the slot deletes the view.
     connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
             Qt::QueuedConnection);
     // The window may be closed or destroyed under the messenger, and the application may end.

@@ -14,9 +14,9 @@ namespace tolvane {
 
 class ScreenData;
 
-/// Shows the whole messenger in a window, and tells the rest of the library when it is there and
-/// when it has gone, whatever made it go: its close button, the window, the application. Owns
-/// itself while it is on screen. Main thread.
+/// Shows the messenger in a window, and notifies the rest of the library when it opens and when it
+/// closes, whether its close button, the window or the application closes it. Owns itself while it
+/// is on screen. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT TolvaneViewController final : public QObject
 {
     Q_OBJECT
@@ -25,8 +25,8 @@ public:
     TolvaneViewController();
     ~TolvaneViewController() override;
 
-    /// Over the window that the customer looks at, if there is one. While the messenger is on
-    /// screen it is left as it is.
+    /// Shows the messenger over the host's foreground window, if there is one. Does nothing if the
+    /// messenger is shown already.
     static void presentInForeground();
 
 private:

@@ -15,7 +15,8 @@ QQmlEngine &viewsEngine()
     if (!engine) {
         qml_register_types_Tolvane_Private();
         engine = new QQmlEngine(qGuiApp);
-        // While there still is a platform for what it holds, and after all views have gone.
+        // Deletes the engine after all views, and while the platform that its objects need still
+        // exists.
         QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, engine, &QObject::deleteLater);
     }
     return *engine;

@@ -7,8 +7,9 @@ class QQmlEngine;
 
 namespace tolvane {
 
-/// The engine that all of the library's views run in: its own, so that the host's may come and go,
-/// and kept from one presentation to the next, so that a later one opens at once. Main thread.
+/// The QML engine of all the library's views. It is the library's own, so that the host may create
+/// and destroy engines at any time, and it is kept between presentations, so that later ones open
+/// at once. Main thread.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QQmlEngine &viewsEngine();
 
 } // namespace tolvane

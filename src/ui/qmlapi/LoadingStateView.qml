@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 import Tolvane.Private as Private
 
-// A view for each state of something remote.
+// Shows the view that belongs to the state of a load.
 Private.LoadingStateView { }

@@ -28,7 +28,7 @@ QVariantMap describe(const TolvaneAnalyticsEvent &event)
     return description;
 }
 
-/// Absent for what JavaScript has instead of a text.
+/// Absent for `undefined` and `null`.
 std::optional<QString> optionalText(const QVariant &value)
 {
     if (!value.isValid() || value.typeId() == QMetaType::Nullptr)
@@ -38,7 +38,7 @@ std::optional<QString> optionalText(const QVariant &value)
 
 } // namespace
 
-/// Outlives its face where a handler of the signal ends that.
+/// Stays valid if a handler of the signal destroys the facade.
 class HostFace::Observer final : public TolvaneAnalyticsDelegate
 {
 public:

@@ -24,8 +24,8 @@ namespace tolvane {
 /// }
 /// @endcode
 ///
-/// Operations do what those of the C++ class do, and fail as little. Each engine has its own face
-/// of the one library; hosts may use both languages at once. Main thread.
+/// Methods behave like those of the C++ class, also when they fail. Each engine has its own
+/// instance, for the one library; hosts may use both languages at once. Main thread.
 class HostFace : public QObject
 {
     Q_OBJECT
@@ -55,10 +55,10 @@ public:
     bool isOpen() const { return m_isOpen; }
 
     Q_INVOKABLE void initialize(const QString &key);
-    /// What is no environment is reported, and changes nothing.
+    /// Unknown values log a warning and are ignored.
     Q_INVOKABLE void setEnvironment(tolvane::HostFace::Environment environment);
     Q_INVOKABLE void enableLogging(bool enabled);
-    /// `undefined` and `null` stand for absent.
+    /// `undefined` and `null` mean absent.
     Q_INVOKABLE void updateCustomer(const QVariant &email = {}, const QVariant &originalID = {});
     Q_INVOKABLE void open();
     /// @param deviceToken the push service's token, as an ArrayBuffer of its raw bytes
@@ -71,8 +71,8 @@ public:
 Q_SIGNALS:
     void isOpenChanged();
 
-    /// Something happened in the messenger. A delegate that was set in C++ hears of it as well,
-    /// and first.
+    /// Emitted for each analytics event. A delegate that was set in C++ is notified as well, and
+    /// first.
     /// @param event an object with what TolvaneAnalyticsEvent has: `name`, `properties`,
     /// `timestamp`, `sdkVersion`, `customerId`, `originalCustomerId`, `environment`; an id that is
     /// absent is `undefined`

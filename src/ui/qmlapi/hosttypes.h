@@ -5,7 +5,7 @@
 
 #include <QtQml/QQmlEngine>
 
-// What the views of the module speak of.
+// Registers the types that the views of this module use.
 
 namespace tolvane {
 

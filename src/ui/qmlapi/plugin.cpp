@@ -3,7 +3,7 @@
 
 #include <QtQml/QQmlEngineExtensionPlugin>
 
-// Types and resources are in the library of views, which comes with the plugin.
+// Types and resources are in the library of views, which is loaded with the plugin.
 class TolvanePlugin final : public QQmlEngineExtensionPlugin
 {
     Q_OBJECT

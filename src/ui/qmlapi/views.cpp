@@ -11,8 +11,8 @@
 extern void qml_register_types_Tolvane();
 extern void qml_register_types_Tolvane_Private();
 
-// A static library's types and resources are not linked unless something names them. Outside of
-// namespaces, as the macros want it.
+// Types and resources of a static library are not linked unless something refers to them. Outside
+// of namespaces, as Q_INIT_RESOURCE requires.
 static void keepModules()
 {
     [[maybe_unused]] void (*const volatile registrations[])() = {
@@ -41,7 +41,7 @@ QSizeF screenSize()
 
 } // namespace tolvane
 
-// The header calls it as the library is loaded.
+// Called by the header `tolvane/views.h` when the library is loaded.
 bool TolvaneSdkViews()
 {
     keepModules();

@@ -24,7 +24,7 @@ ContinuousCorner ContinuousCorner::of(qreal radius, qreal room)
     if (!(used > 0))
         return {};
     const qreal extent = std::min(reach * used, room);
-    // The middle of the arc is that far from either side.
+    // The distance of the arc's middle from either side.
     const qreal middle = used * (1 - std::numbers::sqrt2 / 2);
     return {.extent = extent, .exponent = -1 / std::log2(1 - middle / extent)};
 }

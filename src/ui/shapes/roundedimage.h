@@ -9,8 +9,8 @@
 
 namespace tolvane {
 
-/// An item that draws a decoded picture, with rounded corners if it is told so. Smooth when it is
-/// shrunk; its implicit size is one point for each pixel.
+/// An item that draws a decoded picture, optionally with rounded corners. Scaling down is smooth.
+/// The implicit size is one device-independent pixel for each pixel of the picture.
 class RoundedImage : public QQuickItem
 {
     Q_OBJECT
@@ -41,13 +41,13 @@ public:
     void setImage(const QImage &image);
     FillMode fillMode() const { return m_fillMode; }
     void setFillMode(FillMode mode);
-    /// In points.
+    /// In pixels.
     qreal radius() const { return m_rounding.radius; }
     void setRadius(qreal radius);
-    /// Which corners the radius is for; all, unless told otherwise.
+    /// The corners that the radius applies to; all by default.
     Corners corners() const { return Corners(m_rounding.corners); }
     void setCorners(Corners corners);
-    /// The largest circle in the middle, whatever the radius.
+    /// Draws the largest circle in the middle, whatever the radius.
     bool isCircle() const { return m_rounding.isCircle; }
     void setCircle(bool isCircle);
 

@@ -12,7 +12,7 @@ namespace tolvane {
 
 namespace {
 
-/// The block of uniforms as the shaders declare it (std140).
+/// The uniform block as the shaders declare it (std140).
 struct Uniforms
 {
     std::array<float, 16> matrix;
@@ -55,7 +55,7 @@ public:
             for (std::size_t which = 0; which < extents.size(); ++which) {
                 const ContinuousCorner corner = shape.corner(which);
                 extents.at(which) = float(corner.extent);
-                // Those that are round are alike.
+                // All rounded corners have the same exponent.
                 if (corner.extent > 0)
                     exponent = float(corner.exponent);
             }
@@ -102,7 +102,7 @@ QSGMaterialShader *RoundedMaterial::createShader(QSGRendererInterface::RenderMod
 
 int RoundedMaterial::compare(const QSGMaterial *other) const
 {
-    // Each has a texture of its own, so that no two are alike.
+    // Each material has its own texture, so no two are equal.
     return this < other ? -1 : this > other ? 1 : 0;
 }
 

@@ -10,7 +10,7 @@
 
 namespace tolvane {
 
-/// Draws a texture with rounded corners, smooth at every scale. For renderers with shaders.
+/// Draws a texture with rounded corners, antialiased at every scale. For renderers with shaders.
 class RoundedMaterial final : public QSGMaterial
 {
 public:

@@ -13,7 +13,7 @@ namespace tolvane {
 
 namespace {
 
-/// Corners by a shader.
+/// Rounds the corners by a shader.
 class ShaderNode final : public RoundedNode
 {
 public:
@@ -103,13 +103,13 @@ private:
     bool m_hasMipmaps = false;
 };
 
-/// The picture as it comes out on the screen, painted once: for the renderer that has no shaders.
+/// The picture as it appears on the screen, painted once: for the renderer without shaders.
 QImage painted(const QImage &image, const RoundedShape &shape, qreal pixelRatio)
 {
     const QSize size = (shape.target.size() * pixelRatio).toSize().expandedTo(QSize(1, 1));
     const double x = size.width() / shape.source.width();
     const double y = size.height() / shape.source.height();
-    // Smooth when shrunk, as the painter's own transformation is not.
+    // The painter's own transformation is not smooth when it scales down.
     const QImage part = image.copy(shape.source.toAlignedRect());
     const QImage scaled =
         part.scaled(qMax(1, qRound(part.width() * x)), qMax(1, qRound(part.height() * y)),
@@ -125,7 +125,7 @@ QImage painted(const QImage &image, const RoundedShape &shape, qreal pixelRatio)
     return result;
 }
 
-/// Corners by a painter.
+/// Rounds the corners by QPainter.
 class PaintedNode final : public RoundedNode
 {
 public:

@@ -10,14 +10,14 @@ class QQuickWindow;
 
 namespace tolvane {
 
-/// What draws a picture in the scene of a window. Render thread, while the main thread waits.
+/// The scene graph node that draws a picture. Render thread, while the main thread is blocked.
 class RoundedNode : public QSGNode
 {
 public:
-    /// The kind of node that the window's renderer can draw.
+    /// Creates the kind of node that the window's renderer can draw.
     static RoundedNode *make(QQuickWindow &window);
 
-    /// @param pixelRatio pixels of the screen to the point
+    /// @param pixelRatio the window's device pixel ratio
     virtual void update(const QImage &image, const RoundedShape &shape, qreal pixelRatio) = 0;
 };
 

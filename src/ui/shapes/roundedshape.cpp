@@ -46,7 +46,7 @@ QPainterPath RoundedShape::outline(qreal factor) const
 {
     constexpr int steps = 24;
     QPolygonF outline;
-    // Clockwise from the upper left; a corner that is not round is one place.
+    // Clockwise from the top left; a corner that is not rounded is a single point.
     const auto addCorner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter) {
         const ContinuousCorner corner = this->corner(which);
         const QPointF center = place - corner.extent * outwards;

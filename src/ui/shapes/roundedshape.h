@@ -11,8 +11,8 @@
 
 namespace tolvane {
 
-/// Where a picture is drawn, which part of it, and how the corners are rounded. All in the item's
-/// coordinates but for `source`, which is in the picture's pixels.
+/// Where a picture is drawn, which part of it is drawn, and how its corners are rounded. All in the
+/// coordinates of the item, except for `source`, which is in pixels of the picture.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
 {
     QRectF target;
@@ -23,26 +23,26 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
     bool isRounded() const;
     /// One of the corners, in the order of the radii.
     ContinuousCorner corner(std::size_t which) const;
-    /// The outline about an origin, each length multiplied by a factor.
+    /// The outline with its top left at the origin, scaled by the factor.
     QPainterPath outline(qreal factor) const;
 
     bool operator==(const RoundedShape &) const = default;
 };
 
-/// How a picture takes the room that it is given. Fit and Fill keep its aspect ratio.
+/// How a picture is fitted into its bounds. Fit and Fill keep its aspect ratio.
 enum class FillMode { stretch, fit, fill };
 
-/// What is rounded: the corners of a mask (1 top left, 2 top right, 4 bottom left, 8 bottom right)
-/// by a radius, which never is more than half of the shorter side.
+/// Which corners are rounded, as a mask (1 top left, 2 top right, 4 bottom left, 8 bottom right),
+/// and their radius, which is limited to half of the shorter side.
 struct Rounding
 {
     qreal radius = 0;
     int corners = 0;
-    /// The largest circle in the middle instead.
+    /// Draws the largest circle in the middle instead.
     bool isCircle = false;
 };
 
-/// @param bounds the room there is
+/// @param bounds the available rectangle
 /// @param picture the size of the picture in pixels, not empty
 TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape placed(const QSizeF &picture, const QRectF &bounds,
                                                   FillMode mode, const Rounding &rounding);

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A ticket's row that is still to come.
+// The placeholder of a ticket's row.
 RoundedCorner {
     id: row
 

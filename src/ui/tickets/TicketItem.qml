@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// One conversation in the list: who is on the other side, what was said last and when.
+// One conversation in the list: the other side's icon, the last message, its sender and its age.
 Item {
     id: item
 
@@ -24,7 +24,7 @@ Item {
     Accessible.name: description
     Accessible.focusable: true
     Accessible.onPressAction: clicked()
-    // A row that waits for its next ticket is not one to read.
+    // Hides a pooled row from screen readers.
     ListView.onPooled: visible = false
     ListView.onReused: visible = true
 
@@ -58,7 +58,7 @@ Item {
 
             Text {
                 width: parent.width
-                // An empty line keeps its height.
+                // Keeps the height of the line if there is no text.
                 text: item.content.length > 0 ? item.content : " "
                 textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// The title over the rows, which stays while they pass under it. As wide as they are, so that it
-// leaves the corners of the sheet alone.
+// The title above the rows, which stays in place while they scroll under it. It is as wide as the
+// rows, so that it does not cover the corners of the sheet.
 Item {
     implicitHeight: title.implicitHeight + 18
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The list of tickets while it is still to come.
+// The placeholder of the list of tickets while it loads.
 Item {
     id: skeleton
 

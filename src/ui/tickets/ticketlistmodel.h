@@ -14,7 +14,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketListModel final : public RecordListMod
 
 public:
     enum Role {
-        /// A TicketPreviewDto, to navigate with.
+        /// A TicketPreviewDto, for Destination.ticket().
         previewRole = Qt::UserRole + 1,
         /// "closed", "ai", "picture" or "person"
         iconRole,
@@ -24,7 +24,7 @@ public:
         isUnreadRole,
         /// All of the row in one sentence, for screen readers.
         descriptionRole,
-        /// The same for all: they are one section.
+        /// The same for all rows, which form one section.
         sectionRole,
     };
 

@@ -6,22 +6,22 @@
 
 #include <QtCore/QString>
 
-/// What a row of the ticket list says. Main thread.
+/// The texts of a row of the ticket list. Main thread.
 namespace tolvane::ticketrow {
 
-/// "closed", "ai", "picture" or "person": who is on the other side.
+/// The kind of icon for the other side: "closed", "ai", "picture" or "person".
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString icon(const TicketPreviewDto &ticket);
 
-/// The text on one line, whatever line ends are in it.
+/// The beginning of the text as one line, with spaces instead of line breaks.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString singleLine(const QString &text);
 
-/// Who wrote last, and how long ago.
+/// The sender and the age of the message.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString caption(const MessageDto &message);
 
-/// The customer's own messages never are.
+/// Always false for the customer's own messages.
 TOLVANE_VIEWS_AUTOTEST_EXPORT bool isUnread(const MessageDto &message);
 
-/// All of the row as one text, for those who hear it.
+/// The whole row as one text, for screen readers.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString description(const TicketPreviewDto &ticket);
 
 } // namespace tolvane::ticketrow
