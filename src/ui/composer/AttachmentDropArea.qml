@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Takes image files that are dropped on a conversation, and says so while they hover over it.
+// Attaches image files that are dropped on a conversation, with a hint while they are over it.
 DropArea {
     id: area
 
@@ -11,7 +11,7 @@ DropArea {
     onEntered: drag => drag.accepted = area.composer.takes(drag.urls)
     onDropped: drop => {
         area.composer.drop(drop.urls)
-        // Never moved: they stay where they are.
+        // The files are copied, never moved.
         drop.accept(Qt.CopyAction)
     }
 

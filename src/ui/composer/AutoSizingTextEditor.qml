@@ -2,31 +2,31 @@
 import QtQuick
 import Tolvane.Private
 
-// A text editor that says how high it would like to be, and scrolls where it gets less.
+// A text editor that provides the height its text needs, and scrolls if it gets less.
 //
-// What it measures is its own layout, whose height is that of the text with a line for the cursor
-// after a line break at the end. A hidden copy would be laid out a second time with each key.
+// It measures its own layout, which includes a line for the cursor after a line break at the end. A
+// hidden copy would be laid out a second time with each key.
 FocusScope {
     id: editor
 
-    /// What stands in the editor. Changes that are typed are told by edited(), for the owner of
-    /// the text to take them over.
+    /// The text in the editor. Typing emits edited(), and the owner of the text applies the
+    /// change.
     required property string text
     required property string placeholder
     required property bool isDisabled
     required property real verticalPadding
 
-    /// True also while an input method is only composing the first of the text.
+    /// True also while the input method is composing the first text.
     readonly property bool hasContent: input.length > 0 || isComposing
     readonly property bool isComposing: input.preeditText.length > 0
     readonly property real textHeight: input.contentHeight + 2 * verticalPadding
 
     signal edited(string text)
     signal submitted()
-    /// A paste that the owner may take instead, by setting `event.accepted`.
+    /// Emitted before a paste. The owner handles the paste itself by setting `event.accepted`.
     signal pasteRequested(var event)
 
-    // Reads the text once for a change, however long it is.
+    // Compares once per change, as the text may be long.
     onTextChanged: {
         if (input.text !== text)
             input.text = text
@@ -75,8 +75,8 @@ FocusScope {
             selectByMouse: !finger.active
             persistentSelection: false
             inputMethodHints: Qt.ImhMultiLine
-            // By what is written; before there is anything, by the language of the views. Mirrored,
-            // it would not notice that the alignment is its own again.
+            // Aligned by the text; an empty editor by the language of the views. With mirroring,
+            // TextEdit would not notice that the alignment was reset.
             LayoutMirroring.enabled: false
             horizontalAlignment: !editor.hasContent && editor.LayoutMirroring.enabled
                                  ? TextEdit.AlignRight : undefined
@@ -100,12 +100,12 @@ FocusScope {
                     editor.pasteRequested(event)
                 }
             }
-            // A tabulator would be of no use in a message, and there is no other way out.
+            // A tab is of no use in a message, and no other key moves the focus out of the editor.
             Keys.onTabPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed:
                 nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
 
-            // A finger scrolls; what selects is the mouse.
+            // A finger scrolls; only the mouse selects.
             PointHandler {
                 id: finger
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 import QtQuick.Dialogs
-// Where the system has no dialog of its own, the module's is made of these, and without them it
-// crashes as it opens. Imported here, what is missing is an error that can be told.
+// Where the system has no native dialog, QtQuick.Dialogs builds one from these modules, and crashes
+// when it is opened without them. Imported here, a missing module is an error that can be reported.
 import Qt.labs.folderlistmodel
 import QtQuick.Controls
 import QtQuick.Layouts
 import Tolvane.Private
 
-// The system's file dialog, for pictures, as many as one likes.
+// The system's file dialog, for any number of pictures.
 FileDialog {
     id: dialog
 

@@ -2,12 +2,12 @@
 import QtQuick
 import Tolvane.Private
 
-// A picture that is attached, as a square, with a button to remove it.
+// An attached picture as a square, with a button to remove it.
 Item {
     id: thumbnail
 
     required property var image
-    /// For those who hear it.
+    /// The names of the picture and of its button for screen readers.
     required property string name
     required property string removeName
     property bool isCurrent: false
@@ -23,7 +23,7 @@ Item {
         radius: 10
         color: Theme.chatBackgroundColor
 
-        // While it is being decoded, and behind what can be seen through.
+        // Seen while the picture is being decoded, and behind transparent pictures.
         Rectangle {
             anchors.fill: parent
             radius: 10
@@ -44,7 +44,7 @@ Item {
         isShown: thumbnail.isCurrent
     }
 
-    // To be hit by a finger it reaches beyond what is drawn, into the corner.
+    // Larger than the drawn button, up to the corner, so that a finger can hit it.
     MouseArea {
         anchors.top: parent.top
         anchors.right: parent.right

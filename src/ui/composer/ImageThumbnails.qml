@@ -2,7 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// The pictures that are attached, in a row that scrolls. Arrow keys go through it, Delete removes.
+// The attached pictures in a row that scrolls. Arrow keys go through it, Delete and Backspace
+// remove a picture.
 FocusScope {
     id: thumbnails
 
@@ -10,7 +11,7 @@ FocusScope {
 
     readonly property alias count: list.count
 
-    /// There is nothing left here for the keyboard.
+    /// Emitted when the last picture is removed while the row has the focus.
     signal emptied()
 
     ListView {
@@ -69,7 +70,7 @@ FocusScope {
             onRemoved: thumbnails.composer.removeAttachment(index)
         }
 
-        // Mirrored, the list would stay where its beginning was.
+        // A mirrored list does not follow its beginning when that moves.
         Timer {
             id: beginning
 
@@ -77,7 +78,7 @@ FocusScope {
             onTriggered: list.positionViewAtBeginning()
         }
 
-        // A mouse has one wheel; here there is one way to go.
+        // A vertical wheel scrolls the row too.
         WheelHandler {
             acceptedDevices: PointerDevice.Mouse
             onWheel: event => {

@@ -2,13 +2,13 @@
 import QtQuick
 import Tolvane.Private
 
-// Opens the system's picker for pictures and attaches what was picked.
+// Opens the system's picker for pictures and attaches the picked files.
 IconButton {
     id: button
 
     required property ComposerData composer
-    /// What has a signal `picked(files)`, a function `open()` and `patterns` to filter by. Made
-    /// with the first press: its module takes a while to load, and not every host ships it.
+    /// A component with a signal `picked(files)`, a function `open()` and `patterns` to filter by.
+    /// Created on the first press: its module loads slowly, and not every host ships it.
     property url pickerSource: Qt.resolvedUrl("ImagePicker.qml")
     property var picker: null
 

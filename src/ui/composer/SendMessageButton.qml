@@ -2,12 +2,12 @@
 import QtQuick
 import Tolvane.Private
 
-// Sends what was written; shows that it is on its way.
+// Sends the message, and shows progress while it is being sent.
 FocusScope {
     id: button
 
     required property ComposerData composer
-    /// An input method holds text that goes with the message.
+    /// Whether an input method is composing text, which would be sent too.
     property bool isComposing: false
 
     signal clicked()
@@ -26,7 +26,7 @@ FocusScope {
         name: Texts.string("accessibility_send")
         onClicked: button.clicked()
 
-        // It flies the way one writes.
+        // The plane points in the direction of writing.
         transform: Scale {
             origin.x: button.width / 2
             xScale: button.LayoutMirroring.enabled ? -1 : 1

@@ -2,29 +2,29 @@
 import QtQuick
 import Tolvane.Private
 
-// Where a message is written: pictures to attach above a bar with the editor and its two buttons.
-// To be placed at the bottom by its own height, which follows what is written, over whatever
-// scrolls behind.
+// The field for a message: the attached pictures above a bar with the editor and its two buttons.
+// To be placed at the bottom, over the scrolling content, with its implicit height, which follows
+// the text.
 FocusScope {
     id: view
 
     required property ComposerData composer
-    /// What there is room for. The editor scrolls, and pictures get smaller, to keep within.
+    /// The editor scrolls and the pictures shrink to stay within this height.
     property real maximumHeight: 400
 
     implicitHeight: bar.y + bar.height
 
-    // What is there from the beginning does not move there.
+    // False at first: the initial content does not move into place.
     property bool isAnimated: false
 
-    /// Puts the cursor into the text.
+
     function focusEditor() {
         editor.forceActiveFocus()
     }
 
     function send() {
         Editing.commit()
-        // Back to where the next message is written; but no keyboard is to rise for a tap.
+        // Returns the focus for the next message; but a tap must not open the on-screen keyboard.
         if (sendButton.activeFocus)
             focusEditor()
         composer.send()
@@ -51,7 +51,7 @@ FocusScope {
     Item {
         id: strip
 
-        // Out to the edges of the window.
+        // Extends to the edges of the window.
         x: -16
         width: view.width + 32
         height: measures.hasStrip ? measures.stripHeight + measures.stripSpacing : 0
@@ -80,12 +80,12 @@ FocusScope {
         width: view.width
         height: editor.height + 2 * measures.editorVerticalPadding
         radius: measures.cornerRadius(editor.height)
-        // Nearly opaque, so that what passes below never gets in the way of reading.
+        // Nearly opaque, so that the text is legible over content that scrolls below.
         color: Qt.alpha(Qt.tint(Theme.chatBackgroundColor, Qt.alpha(Theme.fontBasicColor, 0.07)), 0.92)
         border.width: 1
         border.color: Qt.alpha(Theme.fontBasicColor, 0.12)
 
-        // A press beside the text is for the text, and nothing behind the bar is to get it.
+        // A press beside the editor focuses it, and does not reach the items behind the bar.
         MouseArea {
             anchors.fill: parent
             cursorShape: Qt.IBeamCursor

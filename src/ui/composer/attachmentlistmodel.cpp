@@ -16,8 +16,8 @@ namespace {
 
 constexpr int thumbnailSide = 150;
 
-/// Whether both are the same by name and share their bytes: those are never compared here, there
-/// may be many of them, and every key that is typed comes by.
+/// Whether both have the same name and share their bytes. The bytes are not compared: there may be
+/// many of them, and each key that is typed leads here.
 bool isSame(const AttachmentDto &one, const AttachmentDto &other)
 {
     return one.name == other.name && one.mimeType == other.mimeType &&
@@ -32,7 +32,7 @@ bool contains(const QList<AttachmentDto> &list, const AttachmentDto &attachment)
 
 QSize thumbnailSize()
 {
-    // For the finest of the screens: the window may move.
+    // The highest ratio of all screens, as the window may move to another one.
     const int side = qCeil(thumbnailSide * qGuiApp->devicePixelRatio());
     return {side, side};
 }
@@ -41,7 +41,7 @@ QSize thumbnailSize()
 
 void AttachmentListModel::setAttachments(const QList<AttachmentDto> &attachments)
 {
-    // A list that is shared can't have changed underneath.
+    // Implicitly shared copies are equal.
     if (attachments.size() == m_attachments.size() &&
         attachments.constData() == m_attachments.constData())
         return;
@@ -118,7 +118,7 @@ QCoro::Task<> AttachmentListModel::decode(AttachmentDto attachment)
             });
         picture = co_await settled(decoded);
     } catch (...) {
-        picture = {}; // As good as undecodable.
+        picture = {}; // Treated as undecodable.
     }
     if (self)
         self->show(attachment, picture);

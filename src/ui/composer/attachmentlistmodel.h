@@ -10,8 +10,8 @@
 
 namespace tolvane {
 
-/// The attachments being composed, as rows with small pictures, each decoded once on the workers.
-/// What can't be decoded has no row. Main thread.
+/// The attachments being composed, as rows with thumbnails, each decoded once on the workers.
+/// Attachments that can't be decoded have no row. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT AttachmentListModel final : public QAbstractListModel
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    /// Costs next to nothing for a list that is the same as before.
+    /// Returns at once if the list is an implicitly shared copy of the previous one.
     void setAttachments(const QList<AttachmentDto> &attachments);
     const AttachmentDto &attachment(int row) const { return m_rows[row].attachment; }
 

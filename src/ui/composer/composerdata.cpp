@@ -19,7 +19,7 @@ namespace tolvane {
 
 namespace {
 
-/// A picture that is no file has no name of its own.
+/// An attachment from a picture without a file name, under a generated name.
 AttachmentDto nameless(const QString &mimeType, const QByteArray &bytes)
 {
     return {.name = ULID::generate(platform().clock->now()).description(),
@@ -36,7 +36,7 @@ QByteArray encodedAsPng(const QImage &image)
     return bytes;
 }
 
-/// A picture as the other application offers it, if it does so in a format of the web.
+/// The picture as the other application encoded it, if that is a format of the web.
 std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
 {
     for (const char *type : {"image/png", "image/jpeg", "image/webp", "image/gif"}) {
@@ -116,7 +116,7 @@ bool ComposerData::pasteFrom(const QMimeData &clipboard)
         drop(clipboard.urls());
         return true;
     }
-    // Tables and formatted texts often come with a picture of themselves.
+    // Applications often copy tables and formatted text along with a picture of them.
     if (clipboard.hasText())
         return false;
     if (const auto picture = encodedPicture(clipboard)) {
@@ -140,12 +140,12 @@ QCoro::Task<> ComposerData::add(QFuture<Attachment> read)
     try {
         attachment = co_await settled(read);
     } catch (...) {
-        attachment = {}; // Told below, with what was read and is no picture.
+        attachment = {}; // Logged below, like a file that is no picture.
     }
     if (!attachment) {
         Logger::shared().log(
             LogLevel::error,
-            QStringLiteral("A picked file is left out: it can't be read or is no picture"));
+            QStringLiteral("A picked file is not attached: it can't be read or is no picture"));
         co_return;
     }
     if (!self)
@@ -173,7 +173,7 @@ void ComposerData::removeAttachment(int row)
 void ComposerData::pickerIsMissing(const QString &reason)
 {
     Logger::shared().log(LogLevel::error,
-                         QStringLiteral("No picker for pictures: %1").arg(reason.trimmed()));
+                         QStringLiteral("Can't open the image picker: %1").arg(reason.trimmed()));
 }
 
 } // namespace tolvane

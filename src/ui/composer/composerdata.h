@@ -18,23 +18,23 @@ class QMimeData;
 
 namespace tolvane {
 
-/// What is being written in a conversation, for QML, and what its buttons do. Main thread.
+/// The message being composed in a conversation, for QML, and the composer's actions. Main thread.
 ///
-/// Files are read on the workers, all at once, and become attachments as they arrive, also after
-/// the one who picked them has gone on. What arrives while a message goes out waits until that is
-/// done: it is not part of that message, and would go with it otherwise.
+/// Files are read on the workers in parallel. Each becomes an attachment when it has been read,
+/// however long after it was picked. A file that is read while a message is being sent is attached
+/// afterwards: it is not part of that message, and would be cleared with it otherwise.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerData : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("made over the store of a conversation")
+    QML_UNCREATABLE("created for the store of a conversation")
     Q_PROPERTY(QString message READ message WRITE setMessage NOTIFY messageChanged)
-    /// Rows with `name` and `picture`, those that can be shown.
+    /// Rows with `name` and `picture`, for the attachments that can be shown.
     Q_PROPERTY(QAbstractItemModel *attachments READ attachments CONSTANT)
     Q_PROPERTY(bool isFetchingTicket READ isFetchingTicket NOTIFY changed)
     Q_PROPERTY(bool isSendingMessage READ isSendingMessage NOTIFY changed)
     Q_PROPERTY(bool isSendDisabled READ isSendDisabled NOTIFY changed)
-    /// What pictures are called, for a picker to filter by: "*.png" and others.
+    /// File name patterns of pictures, for the filter of a picker: "*.png" and others.
     Q_PROPERTY(QStringList imagePatterns READ imagePatterns CONSTANT)
 
 public:
@@ -48,20 +48,20 @@ public:
     bool isSendDisabled() const { return m_store->isSendDisabled(); }
     QStringList imagePatterns() const;
 
-    /// Sends what is there, unless sending is disabled.
+    /// Sends the message, unless sending is disabled.
     Q_INVOKABLE void send();
-    /// Attaches files that were picked. What can't be read is left out.
+    /// Attaches files that were picked. Files that can't be read or are no pictures are left out.
     Q_INVOKABLE void addFiles(const QList<QUrl> &files);
-    /// Whether any of what hovers over the conversation would be taken.
+    /// Whether a drop of these URLs would attach any of them.
     Q_INVOKABLE bool takes(const QList<QUrl> &urls) const;
-    /// Attaches the image files among what was dropped.
+    /// Attaches the image files among the dropped URLs.
     Q_INVOKABLE void drop(const QList<QUrl> &urls);
-    /// Attaches the picture or the image files in the clipboard. False where there are none, or
-    /// where a text stands beside a picture and is what was meant.
+    /// Attaches the picture or the image files in the clipboard. False if it has neither, or if it
+    /// has a picture and a text: then the text is to be pasted.
     Q_INVOKABLE bool pasteImages();
     /// Removes the attachment of a row.
     Q_INVOKABLE void removeAttachment(int row);
-    /// There is no picker to open on this system; for the log.
+    /// Logs that no picker can be opened on this system.
     Q_INVOKABLE void pickerIsMissing(const QString &reason);
 
 Q_SIGNALS:

@@ -9,23 +9,23 @@
 
 namespace tolvane {
 
-/// The rules of the composer, for QML: what was measured goes in, heights come out. Lengths are in
-/// points.
+/// ComposerRules for QML: takes measured heights and provides the heights of the items. Lengths are
+/// in device-independent pixels.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerLayout : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// How high the composer may get, and whether there are pictures to show.
+    /// The maximum height of the composer, and whether it shows pictures.
     Q_PROPERTY(
         double availableHeight READ availableHeight WRITE setAvailableHeight NOTIFY roomChanged)
     Q_PROPERTY(bool hasStrip READ hasStrip WRITE setHasStrip NOTIFY roomChanged)
     Q_PROPERTY(double editorMinHeight READ editorMinHeight CONSTANT)
     Q_PROPERTY(double editorVerticalPadding READ editorVerticalPadding CONSTANT)
     Q_PROPERTY(double stripSpacing READ stripSpacing CONSTANT)
-    /// Where the editor begins to scroll.
+    /// The height at which the editor begins to scroll.
     Q_PROPERTY(double editorMaxHeight READ editorMaxHeight NOTIFY roomChanged)
     Q_PROPERTY(double stripHeight READ stripHeight NOTIFY roomChanged)
-    /// Of the text, as last taken over; 0 before.
+    /// The height of the text that was last applied; 0 before the first.
     Q_PROPERTY(double measuredHeight READ measuredHeight NOTIFY measuredHeightChanged)
     Q_PROPERTY(double editorHeight READ editorHeight NOTIFY measuredHeightChanged)
 
@@ -44,10 +44,10 @@ public:
     double measuredHeight() const { return m_measuredHeight; }
     double editorHeight() const { return m_rules.editorHeight(m_measuredHeight); }
 
-    /// Takes in the height of the text with its padding. What follows from it comes with the next
-    /// turn of the event loop: a layout that is under way is not to be changed.
+    /// Sets the height of the text with its padding. It is applied in the next turn of the event
+    /// loop, as a layout in progress must not be changed.
     Q_INVOKABLE void measure(double height);
-    /// Of the bar, for a height of the editor on its way from one to another.
+    /// The radius of the bar for a height of the editor, also during an animation of the height.
     Q_INVOKABLE double cornerRadius(double height) const { return m_rules.cornerRadius(height); }
 
 Q_SIGNALS:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double deadBand = 0.5;
 constexpr double tightestRadius = 14;
-/// A picture that can still be told, and its button hit.
+/// At this height a picture is still recognisable and its button can be hit.
 constexpr double leastStripHeight = 56;
 
 } // namespace

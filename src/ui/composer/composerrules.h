@@ -7,17 +7,17 @@
 
 namespace tolvane {
 
-/// The measures of the composer, in points.
+/// The sizes of the composer, in device-independent pixels.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerRules
 {
     double editorMinHeight = 40;
     double editorMaxHeight = 200;
     double editorVerticalPadding = 10;
 
-    /// What there is room for.
+    /// The heights that fit into the available height.
     struct Room
     {
-        /// The most that the editor may take.
+        /// The maximum height of the editor.
         double editor;
         /// The height of the strip of pictures; 0 without one.
         double strip;
@@ -28,20 +28,21 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerRules
     static constexpr double stripHeight = 150;
     static constexpr double stripSpacing = 4;
 
-    /// The height that takes the place of the present one, if the text has been measured to differ
-    /// by enough. A fraction of a point must not set off another layout.
-    /// @param measured of the text, its padding included
-    /// @param limit where the editor begins to scroll
+    /// The height that replaces the present one, if the measured height of the text differs enough
+    /// from it. A fraction of a pixel must not trigger another layout.
+    /// @param measured the height of the text, its padding included
+    /// @param limit the height at which the editor begins to scroll
     std::optional<double> update(double measured, double present, double limit) const;
 
-    /// Of the editor, for the height that was last taken over; 0 before there was one.
+    /// The height of the editor.
+    /// @param measuredHeight the height that was last applied; 0 before the first
     double editorHeight(double measuredHeight) const;
 
-    /// Of the bar's corners: a capsule at rest, tighter the higher it grows.
+    /// The radius of the bar's corners: a capsule at rest, smaller the higher the bar grows.
     double cornerRadius(double measuredHeight) const;
 
-    /// Fits editor and strip into a height. The editor gives way first, as it can scroll; then the
-    /// pictures get smaller. Of what doesn't fit even so, the least heights remain.
+    /// Fits editor and strip into a height. The editor shrinks first, as it can scroll; then the
+    /// pictures do. Neither gets smaller than its minimum height, even if it doesn't fit.
     Room fit(double available, bool hasStrip) const;
 };
 

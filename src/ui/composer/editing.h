@@ -9,7 +9,7 @@
 
 namespace tolvane {
 
-/// What a text editor needs and QML has no words for.
+/// Functions for a text editor that QML does not provide.
 class Editing : public QObject
 {
     Q_OBJECT
@@ -19,15 +19,15 @@ class Editing : public QObject
 public:
     using QObject::QObject;
 
-    /// Has an editor draw what is in sight of its flickable, whatever else it holds: a megabyte of
-    /// text would take seconds a frame. The editor sees to that itself for texts that are set, not
-    /// for those that are pasted.
+    /// Makes an editor draw only the text that its Flickable shows: a megabyte of text would take
+    /// seconds a frame. TextEdit does so by itself for text that is set, but not for text that is
+    /// pasted.
     Q_INVOKABLE void drawOnlyWhatIsInSight(QQuickItem *editor)
     {
         editor->setFlag(QQuickItem::ItemObservesViewport);
     }
 
-    /// Makes what the input method is still composing a part of the text.
+    /// Makes the text that the input method is composing a part of the editor's text.
     Q_INVOKABLE void commit() { QGuiApplication::inputMethod()->commit(); }
 };
 

@@ -17,8 +17,7 @@ namespace {
 constexpr std::array suffixes = {"png", "jpg",  "jpeg", "gif",  "webp", "bmp",
                                  "tif", "tiff", "heic", "heif", "avif"};
 
-/// Some systems name by other addresses than paths what their pickers hand out; the file system
-/// takes those as they are.
+/// The pickers of some systems return URLs that are not paths; QFile opens those as they are.
 QString pathOf(const QUrl &file)
 {
     return file.isLocalFile() ? file.toLocalFile() : file.toString();
@@ -33,14 +32,14 @@ bool isCalledAsPicture(const QUrl &url)
 
 QByteArray bytesOf(const QUrl &url)
 {
-    // A pipe or a device might never end.
+    // Reading a pipe or a device might never end.
     if (url.isLocalFile() && !QFileInfo(url.toLocalFile()).isFile())
         return {};
     QFile file(pathOf(url));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// A name as it may stand in the head of a form's part, where nothing is escaped.
+/// A name that is safe in the header of a multipart form's part, where nothing is escaped.
 QString sound(QString name)
 {
     static const QRegularExpression unsound(QStringLiteral("[\\x00-\\x1f\\x7f\"\\\\]"));

@@ -10,20 +10,20 @@
 
 #include <optional>
 
-/// Files that become attachments: which are pictures, and how they are read.
+/// Recognises files that are pictures, and reads them as attachments.
 namespace tolvane::imagefiles {
 
-/// What pictures are called, as patterns in both cases: systems compare them as they are.
+/// File name patterns of pictures, in lower and upper case: some systems compare case-sensitively.
 QStringList patterns();
 
-/// Those that are files of this device and are called as pictures are. Looks at no file.
+/// The URLs of local files that have the suffix of a picture. Does not access the files.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QList<QUrl> among(const QList<QUrl> &urls);
 
-/// The file as an attachment, its bytes unchanged. Nothing for what can't be read, is empty, or is
-/// known to be no picture. Takes time; safe from any thread.
+/// The file as an attachment, its bytes unchanged. No value if the file can't be read, is empty or
+/// is known to be no picture. Blocks while it reads; safe from any thread.
 ///
-/// The name tells the same file again, picked twice or found in two folders, and tells nothing of
-/// where it was found: the file's own name, and a digest of its bytes.
+/// The attachment's name is the file's own name with a digest of its bytes. It identifies a file
+/// that is picked twice or found in two folders, and does not reveal where it was found.
 TOLVANE_VIEWS_AUTOTEST_EXPORT std::optional<AttachmentDto> read(const QUrl &file);
 
 } // namespace tolvane::imagefiles

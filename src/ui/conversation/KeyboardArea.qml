@@ -3,8 +3,8 @@ import QtQuick
 import QtQuick.Window
 import Tolvane.Private
 
-// As high as what the on-screen keyboard covers of the window. Where the system makes the window
-// smaller instead, that is nothing.
+// As high as the part of the window that the on-screen keyboard covers: 0 where the system shrinks
+// the window instead.
 Item {
     readonly property real windowHeight: Window.height
 

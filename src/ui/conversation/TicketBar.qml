@@ -15,7 +15,7 @@ Rectangle {
     implicitHeight: 52
     color: Theme.primaryColor
 
-    // Nothing of it goes through to what is below.
+    // Keeps presses from the items below the bar.
     MouseArea {
         anchors.fill: parent
         Accessible.ignored: true

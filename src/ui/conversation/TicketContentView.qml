@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A conversation: what was said, and below, over the end of it, the field for writing.
+// A conversation: the message list, and the composer over the end of it.
 FocusScope {
     id: view
 
@@ -11,9 +11,9 @@ FocusScope {
     /// How much of the lower edge the on-screen keyboard covers.
     property real keyboardHeight
 
-    /// How much of the content's lower edge the composer lies over.
+    /// The height of the content's lower end that the composer covers.
     readonly property real covered: composer.height + 32
-    /// What the composer leaves free.
+    /// The height that the composer leaves for a notice.
     readonly property real noticeRoom: stateView.height - covered + 16
 
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})

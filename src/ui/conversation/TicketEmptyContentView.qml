@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Nothing was written yet.
+// Shown while a conversation has no messages.
 TolvaneNotice {
     icon: "bubbles"
     iconColor: Theme.primaryColor

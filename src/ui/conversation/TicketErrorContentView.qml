@@ -2,11 +2,11 @@
 import QtQuick
 import Tolvane.Private
 
-// The conversation could not be loaded.
+// Shown when a conversation could not be loaded.
 TolvaneNotice {
     id: view
 
-    /// What went wrong, in the customer's language.
+    /// Describes the error in the customer's language.
     required property string errorText
 
     icon: "warning"

@@ -2,12 +2,12 @@
 import QtQuick
 import Tolvane.Private
 
-// Who answers in this conversation, and whether somebody is there. A tap goes back.
+// Shows who answers in a conversation, and whether support is available. A tap goes back.
 Item {
     id: header
 
     required property string title
-    /// Empty for none.
+    /// If it is empty, its line is hidden.
     required property string subtitle
     required property bool isSupportAvailable
 
@@ -29,10 +29,10 @@ Item {
             horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight
             color: Theme.accentColor
-            // The bar's height is given.
+            // Limited, as the bar has a fixed height.
             font.pixelSize: Math.min(Theme.callout, 20)
             font.weight: Font.DemiBold
-            // Whatever the script.
+            // The same line height for all scripts.
             lineHeightMode: Text.FixedHeight
             lineHeight: Math.ceil(font.pixelSize * 1.3)
             Accessible.ignored: true

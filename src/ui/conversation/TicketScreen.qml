@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// One conversation, existing or about to begin.
+// The screen of one conversation, existing or new.
 FocusScope {
     id: screen
 
@@ -10,7 +10,7 @@ FocusScope {
     required property var destination
     required property NavigationData navigation
     required property MessageData messageData
-    /// False while something else is on top of it.
+    /// False while another screen covers this one.
     required property bool isOnTop
 
     property bool isComplete: false
@@ -43,7 +43,7 @@ FocusScope {
         }
     }
 
-    // Nothing goes through to what is below.
+    // Keeps pointer events from the items below the screen.
     Rectangle {
         anchors.fill: parent
         color: Theme.chatBackgroundColor

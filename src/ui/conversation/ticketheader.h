@@ -5,19 +5,19 @@
 
 #include <QtCore/QString>
 
-/// What the bar of a conversation says. Main thread.
+/// Title and subtitle in the bar of a conversation. Main thread.
 namespace tolvane {
 
 class TicketData;
 
 namespace ticketheader {
 
-/// Who answers: the last who did and has a name, else support; of a conversation that is about to
-/// begin, that it is new.
+/// The name of the last sender other than the customer who has one, else the name of support. The
+/// title of a conversation that has not begun yet says that it is new.
 QString title(const TicketData &ticketData);
 
-/// Whether somebody is there. While the opening hours are not known, nobody is, and the text only
-/// tells whom one writes to.
+/// Whether support is available. While the opening hours are unknown it is not, and the text only
+/// names the support team.
 SupportAvailability subtitle(const TicketData &ticketData);
 
 } // namespace ticketheader

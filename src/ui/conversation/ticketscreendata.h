@@ -20,20 +20,21 @@
 
 namespace tolvane {
 
-/// What one conversation's screen shows: its store, which is new with the screen, and what the
-/// views make of it. Takes in pushes and polls for as long as it lives. Main thread.
+/// The data of one conversation's screen: its store, which is created with the screen, and the
+/// texts and models for the views. Handles pushes and poll results as long as it exists. Main
+/// thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// A ticket or a new one; set once, before anything else is asked for.
+    /// An existing ticket or a new one. Set once; later values are ignored.
     Q_PROPERTY(
         tolvane::TolvaneDestination destination READ destination WRITE setDestination REQUIRED)
     /// "idle", "loading", "loadingWithPreview", "loaded", "empty" or "error"
     Q_PROPERTY(QString state READ state NOTIFY changed)
     Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
-    /// Empty for a conversation that is about to begin.
+    /// Empty for a conversation that has not begun yet.
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
     Q_PROPERTY(bool isSupportAvailable READ isSupportAvailable NOTIFY changed)
     Q_PROPERTY(bool isAITyping READ isAITyping NOTIFY changed)
@@ -41,13 +42,13 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
     Q_PROPERTY(QString ticketState READ ticketState NOTIFY changed)
     /// A MessageListModel.
     Q_PROPERTY(QAbstractItemModel *messages READ messages CONSTANT)
-    /// The same of what is known before the conversation is there: a message at most.
+    /// A MessageListModel of what is known before the ticket is loaded: one message at most.
     Q_PROPERTY(QAbstractItemModel *preview READ preview CONSTANT)
     Q_PROPERTY(tolvane::ComposerData *composer READ composer NOTIFY destinationChanged)
 
 public:
     explicit TicketScreenData(QObject *parent = nullptr);
-    /// Who leaves before the conversation has arrived has not seen it.
+    /// Cancels a running fetch: a ticket that arrives later does not count as viewed.
     ~TicketScreenData() override;
 
     const TolvaneDestination &destination() const { return m_destination; }
@@ -63,7 +64,8 @@ public:
     QAbstractItemModel *preview() { return &m_preview; }
     ComposerData *composer() { return m_composer ? &*m_composer : nullptr; }
 
-    /// Each time the screen appears: the first fetch shows, later ones do not.
+    /// To be called each time the screen appears. Fetches are visible until one has finished, then
+    /// silent.
     Q_INVOKABLE void appear();
 
 Q_SIGNALS:

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// Shows which part of a flickable is in sight, at its lower or trailing edge. Pale, and gone where
-// all is in sight.
+// Shows which part of a Flickable is visible, at its lower or trailing edge. Hidden while all of it
+// is visible.
 Rectangle {
     id: mark
 
@@ -16,7 +16,7 @@ Rectangle {
                                              : flickable.visibleArea.widthRatio
     readonly property real position: isVertical ? flickable.visibleArea.yPosition
                                                 : flickable.visibleArea.xPosition
-    // Long texts would leave a dot.
+    // Long texts would shrink it to a dot.
     readonly property real length: Math.max(ratio * room, Math.min(24, room))
     readonly property real place:
         ratio < 1 ? Math.max(0, Math.min(1, position / (1 - ratio))) * (room - length) : 0

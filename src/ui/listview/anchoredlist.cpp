@@ -127,7 +127,7 @@ void AnchoredList::notePlaces()
     if (m_layout == 0)
         return;
     m_isAtEnd = false;
-    // What is seen first stays, whatever comes and goes below.
+    // The first visible row stays in place when rows below it are inserted or removed.
     const int row = std::max(0, m_offsets.rowAt(m_contentY - placeOf(0)));
     m_anchorPlace = placeOf(row);
     m_anchor = row;
@@ -183,7 +183,7 @@ void AnchoredList::removeRows(int row, int count)
 
 void AnchoredList::updateRows(int first, int last, const QList<int> &roles)
 {
-    // Other records move to their places; what is only said otherwise leaves the end where it is.
+    // Replaced records animate to their positions; changed roles keep the list at its end.
     if (roles.isEmpty())
         notePlaces();
     const int end = std::min(last + 1, m_firstRow + int(m_rows.size()));
@@ -241,7 +241,7 @@ std::unique_ptr<ListRow> AnchoredList::make(int row)
         item = created(row);
     if (!item)
         return nullptr;
-    // Screen readers go through the rows in the order of the items.
+    // Screen readers read the rows in the order of the items.
     if (QQuickItem *next = itemAt(row + 1))
         item->stackBefore(next);
     else if (QQuickItem *previous = itemAt(row - 1))
@@ -260,7 +260,7 @@ ItemPointer AnchoredList::created(int row)
     const int trailing = row - modelCount();
     QQmlComponent *component = trailing < 0 ? m_delegate : m_trailing.value(trailing);
     if (!component || !component->isReady()) {
-        qmlWarning(this) << "cannot make a row: "
+        qmlWarning(this) << "cannot create a row: "
                          << (component ? component->errorString() : QStringLiteral("no component"));
         return nullptr;
     }
@@ -320,8 +320,8 @@ void AnchoredList::drop(std::unique_ptr<ListRow> dropped)
     m_spareItems.push_back({.kind = dropped->kind, .item = std::move(item)});
     if (m_spareItems.size() <= mostSpareItems)
         return;
-    // One of a kind that there are more of, else the one that nothing was found for the longest:
-    // the rarest kinds, with pictures, are the dearest to make.
+    // Discards an item whose kind the pool has more of, else the item that has been unused for the
+    // longest: the rarest kinds, with pictures, are the most expensive to create.
     const auto hasTwin = [this](const SpareItem &each) {
         return std::ranges::count(m_spareItems, each.kind, &SpareItem::kind) > 1;
     };
@@ -372,7 +372,7 @@ void AnchoredList::announce(const QString &text)
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QAccessibleAnnouncementEvent event(this, text);
 #else
-    // Nothing here takes a text; what alerts is looked at by some of those who listen.
+    // Before Qt 6.8 no event takes a text; some screen readers read the item that sends an alert.
     Q_UNUSED(text)
     QAccessibleEvent event(this, QAccessible::Alert);
 #endif

@@ -17,38 +17,38 @@
 
 namespace tolvane {
 
-/// The rows of a list of any length and heights, as far as they are in sight, over a Flickable that
-/// tells how far it has been scrolled.
+/// The visible rows of a list of any length, with rows of any height, over a Flickable that
+/// provides the scroll position.
 ///
-/// What is seen never jumps: one row is the anchor, and all others stand where it puts them. Which
-/// row that is changes with what is in sight. Where the list begins and ends follows from it, and
-/// is an estimate until those rows have been seen; where an end is in sight, it is exact. That is
-/// why the places here, `start` and `end` included, have no fixed origin.
+/// Visible rows never jump: one row is the anchor, and the others are placed relative to it. The
+/// anchor changes with the visible rows. The start and the end of the list follow from it, and are
+/// estimates until the rows there have been visible; an end that is visible is exact. That is why
+/// the positions here, `start` and `end` included, have no fixed origin.
 ///
-/// The list begins at its end. Where it stands at the end it stays there while things change their
-/// size; rows that come and go leave it alone, for scrollToEnd() to be called.
+/// The list opens at its end. If it is at the end, it stays there while rows change their heights.
+/// Inserted and removed rows do not scroll it: scrollToEnd() is to be called for that.
 class AnchoredList : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QAbstractItemModel *model READ model WRITE setModel NOTIFY modelChanged)
     /// Has a property for each role of the model. It gets the width of the list; its implicit
-    /// height is the row's. Its `isCurrent` is true while it is the current one.
+    /// height is the height of the row. Its `isCurrent` is true while its row is the current one.
     Q_PROPERTY(QQmlComponent *delegate READ delegate WRITE setDelegate NOTIFY delegateChanged)
-    /// A role that tells which rows have items built alike: the item of a row that has gone out of
-    /// sight is filled anew for the next of its kind, which takes much less than to make one.
-    /// Without it no item is used twice.
+    /// A role that is equal for rows whose items have the same structure: the item of a row that
+    /// has become invisible is reused for the next row of its kind, which is much cheaper than to
+    /// create one. Without this role no item is reused.
     Q_PROPERTY(QString kindRole READ kindRole WRITE setKindRole NOTIFY kindRoleChanged)
     /// Components of further rows after those of the model.
     Q_PROPERTY(QVariantList trailing READ trailing WRITE setTrailing NOTIFY trailingChanged)
     Q_PROPERTY(double topMargin MEMBER m_topMargin WRITE setTopMargin NOTIFY marginsChanged)
     Q_PROPERTY(
         double bottomMargin MEMBER m_bottomMargin WRITE setBottomMargin NOTIFY marginsChanged)
-    /// Whether somebody moves the list, or it still coasts.
+    /// Whether the list is being dragged or flicked.
     Q_PROPERTY(bool isMoving MEMBER m_isMoving WRITE setMoving NOTIFY isMovingChanged)
-    /// The place at the top of the list's window.
+    /// The position at the top of the viewport.
     Q_PROPERTY(double contentY READ contentY WRITE setContentY NOTIFY contentYChanged)
-    /// The least and the most that `contentY` may be.
+    /// The minimum and the maximum of `contentY`.
     Q_PROPERTY(double start READ start NOTIFY endsChanged)
     Q_PROPERTY(double end READ end NOTIFY endsChanged)
     /// A row of the model, or -1.
@@ -78,18 +78,18 @@ public:
     void setCurrentIndex(int row);
     QQuickItem *currentItem() const { return itemAt(m_currentIndex); }
 
-    /// @param duration in milliseconds; 0 for at once
+    /// @param duration in milliseconds; 0 scrolls immediately
     Q_INVOKABLE void scrollToEnd(int duration);
     Q_INVOKABLE void scrollToStart(int duration);
     Q_INVOKABLE void scrollBy(double distance, int duration);
-    /// Makes the next row (1) or the one before (-1) the current one and shows it. Of a row that
-    /// goes beyond the window, it shows more first.
+    /// Makes the next row (1) or the one before (-1) the current one and scrolls to it. If the
+    /// current row extends beyond the viewport, scrolls within that row first.
     Q_INVOKABLE void step(int direction);
-    /// The item of a row, trailing ones included; null while the row is out of sight.
+    /// The item of a row, trailing rows included; null while the row is not visible.
     Q_INVOKABLE QQuickItem *itemAt(int row) const;
-    /// -1 for an item that is none of a row.
+    /// The row of an item; -1 for an item that does not belong to a row.
     Q_INVOKABLE int indexOf(const QQuickItem *item) const;
-    /// Has a screen reader say something.
+    /// Makes a screen reader announce a text.
     Q_INVOKABLE void announce(const QString &text);
 
 Q_SIGNALS:
@@ -102,7 +102,7 @@ Q_SIGNALS:
     void contentYChanged();
     void endsChanged();
     void currentIndexChanged();
-    /// Whoever scrolls the list has to go there.
+    /// The Flickable has to scroll to this position.
     void moveRequested(double contentY);
 
 protected:
@@ -113,7 +113,7 @@ protected:
 private:
     using Rows = std::deque<std::unique_ptr<ListRow>>;
 
-    // What becomes of the model's changes.
+    // Changes of the model.
     int modelCount() const { return m_model ? m_model->rowCount() : 0; }
     void restart();
     void insertRows(int row, int count);
@@ -121,7 +121,7 @@ private:
     void updateRows(int first, int last, const QList<int> &roles);
     void notePlaces();
 
-    // Where rows are.
+    // Positions of rows.
     double placeOf(int row) const;
     double firstPlace() const;
     double lastPlace() const;
@@ -136,7 +136,7 @@ private:
     void animateArrivals();
     void report(double place);
 
-    // Their items.
+    // Items of rows.
     std::unique_ptr<ListRow> &slot(int row);
     ListRow *rowAt(int row) const;
     std::unique_ptr<ListRow> make(int row);
@@ -159,14 +159,14 @@ private:
     int m_currentIndex = -1;
 
     RowOffsets m_offsets;
-    /// For each row, when it came: the number of the layout that showed it first.
+    /// For each row, the number of the first layout after its insertion; -1 for initial rows.
     std::vector<int> m_arrivals;
     int m_layout = 0;
-    /// The row that stays where it is; the number of rows for the end of the last.
+    /// The row whose position is fixed; the number of rows stands for the end of the last one.
     int m_anchor = 0;
     double m_anchorPlace = 0;
 
-    /// Those that are there, in order, without gaps once they have been settled.
+    /// The rows that have items, in order, without gaps after a layout.
     Rows m_rows;
     int m_firstRow = 0;
     struct SpareItem
@@ -174,7 +174,7 @@ private:
         QVariant kind;
         ItemPointer item;
     };
-    /// Of rows that went out of sight, for those that come into sight next.
+    /// Items of rows that became invisible, for rows that become visible next.
     std::deque<SpareItem> m_spareItems;
     struct LeavingRow
     {

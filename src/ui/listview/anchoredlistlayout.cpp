@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the rows of the list are, and how it is scrolled.
+// Positions of the rows, and scrolling.
 #include "ui/listview/anchoredlist.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -94,7 +94,7 @@ double AnchoredList::goalPlace() const
         return lastPlace();
     double place = m_goal.place();
     if (m_goal.kind() == ScrollGoal::Kind::currentRow) {
-        // Just in sight; of one that is higher than the window, what is met first.
+        // Just far enough to show the row; if it is higher than the viewport, its nearer edge.
         const int row = std::max(0, m_currentIndex);
         const auto [least, most] =
             std::minmax({placeOf(row), placeOf(row + 1) + m_bottomMargin - height()});
@@ -114,8 +114,8 @@ double AnchoredList::wantedPlace(double place) const
 
 void AnchoredList::anchorAt(double top)
 {
-    // What comes into sight has its own height only once it is there: what is in sight already
-    // stays where it is. Else, if it is the end that is looked at, the end does.
+    // A row has its real height only once its item exists: a visible row that has an item becomes
+    // the anchor. Otherwise the end of the list does, if it is visible.
     const int count = m_offsets.count();
     const int first = std::max(0, m_offsets.rowAt(top - placeOf(0)));
     const int known = std::max(first, m_firstRow);
@@ -165,9 +165,9 @@ void AnchoredList::beginScroll()
 {
     if (!m_goal.isAimed() || m_goal.hasBegun())
         return;
-    // What has just come is measured before the way to it is.
+    // New rows are measured before the distance to them is.
     fill(m_contentY, height());
-    // A long way is not shown: rows would be made for it that nobody can read.
+    // A long distance is not animated in full: nobody could read the rows created for it.
     const double most = 2 * height();
     m_goal.begin(std::clamp(goalPlace() - m_contentY, -most, most));
 }
@@ -177,7 +177,7 @@ void AnchoredList::settle()
     const QScopedValueRollback settling(m_isSettling, true);
     beginScroll();
     double place = m_contentY;
-    // Rows that come into sight have other heights than was thought, which moves the ends.
+    // Rows that become visible differ from their estimated heights, which moves the ends.
     for (int round = 0; round < 10; ++round) {
         const double wanted = wantedPlace(place);
         if (round > 0 && wanted == place)

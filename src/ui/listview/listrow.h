@@ -11,8 +11,7 @@
 
 namespace tolvane {
 
-/// Its own signal may be what leads to the end of an item: it goes with the next turn of the event
-/// loop.
+/// Deferred: the item may be emitting the signal that removes it.
 struct DeleteItemLater
 {
     void operator()(QQuickItem *item) const;
@@ -20,38 +19,38 @@ struct DeleteItemLater
 
 using ItemPointer = std::unique_ptr<QQuickItem, DeleteItemLater>;
 
-/// The item of a row while it is there, and how it comes and goes: in 0.3 seconds from a place of
-/// its own height below, out to one above, and fading. Main thread.
+/// The item of a visible row, with its animations of 0.3 seconds: it enters from its own height
+/// below its position and leaves to its own height above it, while it fades. Main thread.
 class ListRow
 {
 public:
-    /// @param item goes with the row
-    /// @param moved called for each step of a movement
+    /// @param item is destroyed with the row
+    /// @param moved called for each step of an animation
     ListRow(ItemPointer item, std::function<void()> moved);
     ~ListRow();
     ListRow(const ListRow &) = delete;
     ListRow &operator=(const ListRow &) = delete;
 
     QQuickItem *item() const { return m_item.get(); }
-    /// The row itself is at its end.
+    /// Releases the item. The row must not be used afterwards.
     ItemPointer takeItem();
     double height() const { return m_item->implicitHeight(); }
 
-    /// Puts it where it belongs, from the top of the window of the list, but for its movement.
+    /// Sets the position, from the top of the viewport. An animation adds its shift to it.
     void place(double y);
-    /// Where it is now, beside where it belongs.
+    /// The present distance from the position.
     double shift() const { return m_shift; }
 
     void enter();
-    /// From somewhere else to where it belongs.
+    /// Animates from another place to the position.
     void displace(double from);
-    /// Upwards, unless its `leavesDownwards` says otherwise.
+    /// Animates upwards, unless `leavesDownwards` of the item is true.
     void leave();
     bool isMoving() const { return m_motion.state() == QAbstractAnimation::Running; }
 
-    /// Where it was before rows came or went.
+    /// The position before rows were inserted or removed.
     std::optional<double> before;
-    /// As what its item was built; invalid for one that is of no further use.
+    /// The kind that the item was created for; invalid if the item cannot be reused.
     QVariant kind;
 
 private:

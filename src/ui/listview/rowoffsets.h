@@ -5,8 +5,8 @@
 
 namespace tolvane {
 
-/// Heights of rows that stand below each other, and where each begins. A row that has not been
-/// measured counts with an estimate. A change costs a pass over the rows behind it, once.
+/// Heights and offsets of rows that are below each other. A row that has not been measured has an
+/// estimated height. After a change, the next query calculates the offsets of the rows after it.
 class RowOffsets
 {
 public:
@@ -20,17 +20,17 @@ public:
     double height(int row) const { return m_heights[std::size_t(row)]; }
     void setHeight(int row, double height);
 
-    /// From the top of the first row to the top of that row; for count(), to the end of the last.
+    /// From the top of the first row to the top of this row; for count(), to the end of the last.
     double offset(int row) const;
-    /// The row that has what is so far from the top of the first; the nearest if there is none.
-    /// -1 without rows.
+    /// The row at an offset from the top of the first row, or the row nearest to it. -1 without
+    /// rows.
     int rowAt(double offset) const;
 
 private:
     void forgetBehind(int row);
 
     std::vector<double> m_heights;
-    /// Where rows begin, as far as it is known.
+    /// The offsets that have been calculated.
     mutable std::vector<double> m_offsets = {0};
 };
 

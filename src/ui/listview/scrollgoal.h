@@ -7,8 +7,8 @@
 
 namespace tolvane {
 
-/// A scrolling on its way: to a place, to the current row from one direction, or to an end of the
-/// list, wherever those are meanwhile.
+/// An animation that scrolls to a position, to the current row from one direction, or to an end of
+/// the list. These may move while it runs.
 class ScrollGoal
 {
 public:
@@ -23,13 +23,13 @@ public:
 
     bool isAimed() const { return m_isAimed; }
     Kind kind() const { return m_kind; }
-    /// The place it was aimed at; for the current row, the direction.
+    /// The position to scroll to; for the current row, the direction.
     double place() const { return m_place; }
 
     bool hasBegun() const { return m_hasBegun; }
-    /// @param distance what there is to go
+    /// @param distance the distance to scroll
     void begin(double distance);
-    /// What is left to go.
+    /// The remaining distance.
     double distance() const;
     bool hasArrived() const;
 

@@ -11,7 +11,7 @@ bool matches(const Piece &opener, const Piece &closer)
 {
     if (opener.delimiter != closer.delimiter || !opener.canOpen || opener.left == 0)
         return false;
-    // Of runs that could both open and close, as in a*b**c*, some do not go together.
+    // Some runs that could both open and close do not match each other, as in a*b**c*.
     const bool isAmbiguous = opener.canClose || closer.canOpen;
     return !isAmbiguous || (opener.length + closer.length) % 3 != 0 ||
            (opener.length % 3 == 0 && closer.length % 3 == 0);
@@ -34,7 +34,7 @@ void style(Pieces &pieces, qsizetype opener, qsizetype closer)
                                                           : emphasis;
     for (qsizetype at = opener + 1; at < closer; ++at) {
         pieces[at].styles |= style;
-        // Styles nest: what is open within ends here.
+        // Styles nest: runs between the two can no longer open one.
         pieces[at].canOpen = false;
     }
     pieces[opener].left -= isDouble ? 2 : 1;

@@ -17,7 +17,7 @@ struct Element
     const char *name;
 };
 
-// From the outside in.
+// From the outermost to the innermost.
 constexpr std::array elements = {Element{strong, "b"}, Element{emphasis, "i"},
                                  Element{strikethrough, "s"}, Element{code, "code"}};
 
@@ -40,7 +40,7 @@ QString html(const Piece &piece)
     return html;
 }
 
-/// Neighbours that look alike as one, so that much punctuation makes no more elements.
+/// Merges adjacent spans that look alike, so that much punctuation adds no elements.
 Pieces joined(const Pieces &pieces)
 {
     Pieces result;

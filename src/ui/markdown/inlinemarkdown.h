@@ -8,12 +8,12 @@
 
 namespace tolvane {
 
-/// A message's text, ready to be shown.
+/// A message's text, formatted for display.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT StyledText
 {
     Q_GADGET
     Q_PROPERTY(QString text MEMBER text)
-    /// Whether `text` is HTML, else it is plain.
+    /// Whether `text` is HTML; otherwise it is plain text.
     Q_PROPERTY(bool isRich MEMBER isRich)
     /// The address of the first link, if there is one.
     Q_PROPERTY(QString link MEMBER link)
@@ -26,14 +26,14 @@ public:
     bool operator==(const StyledText &) const = default;
 };
 
-/// Reads Markdown within a line: emphasis, strong, strikethrough, code and links. All else, blocks,
-/// images and HTML included, stays as it was written, line breaks and blanks too. The HTML has
-/// escaped text and six elements, b, i, s, code, br and a, in one div; links lead to https,
-/// http and mailto only; nothing in it can be fetched. The time that it takes may grow with the
-/// square of the length: parts of a few thousand characters are meant.
+/// Converts inline Markdown: emphasis, strong, strikethrough, code and links. Everything else,
+/// blocks, images and HTML included, stays as it was written, with its line breaks and spaces. The
+/// HTML consists of escaped text and six elements, b, i, s, code, br and a, in one div; links are
+/// https, http and mailto only; it has nothing that could be fetched. The time may be quadratic in
+/// the length: this is meant for chunks of a few thousand characters.
 TOLVANE_VIEWS_AUTOTEST_EXPORT StyledText inlineMarkdown(const QString &source);
 
-/// The same without any styles, for those who hear it.
+/// The text without any formatting, for screen readers.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString withoutMarkdown(const QString &source);
 
 } // namespace tolvane

@@ -22,7 +22,7 @@ bool isPunctuation(QChar c)
     return c.isPunct() || c.isSymbol();
 }
 
-/// Reads a text from its beginning to its end.
+/// Parses a text from its beginning to its end.
 class Reader
 {
 public:
@@ -119,7 +119,7 @@ private:
             const qsizetype closing = runLength(end);
             if (closing == length) {
                 QStringView text = m_source.sliced(begin, end - begin);
-                // So that code may begin or end with a backtick.
+                // A space on either side is removed: code may begin or end with a backtick.
                 if (text.startsWith(u' ') && text.endsWith(u' ') && !text.trimmed().isEmpty())
                     text = text.sliced(1).chopped(1);
                 add({.text = text.toString(), .styles = code}, end + closing - m_at);
@@ -141,7 +141,7 @@ private:
                             (!isPunctuation(after) || before.isSpace() || isPunctuation(before));
         const bool isRight = !before.isSpace() &&
                              (!isPunctuation(before) || after.isSpace() || isPunctuation(after));
-        // Names like snake_case_names stay whole, and so does "about ~5".
+        // Names like snake_case_names stay as they are, and so does "about ~5".
         const bool isWordwise = delimiter == u'_';
         const bool isStyle = delimiter != u'~' || length == 2;
         Piece piece = {.delimiter = delimiter, .length = int(length), .left = int(length)};
@@ -166,7 +166,7 @@ private:
         return true;
     }
 
-    /// An address as it is, without any marks.
+    /// A bare URL, without any delimiters.
     bool readAddress()
     {
         const QStringView rest = m_source.sliced(m_at);
@@ -184,7 +184,7 @@ private:
         return true;
     }
 
-    /// The full stop behind an address ends the sentence, and a parenthesis may have begun before.
+    /// Excludes punctuation that ends the sentence, and a parenthesis that was opened before.
     static qsizetype lengthOfAddress(QStringView text)
     {
         qsizetype open = text.count(u'(') - text.count(u')');
@@ -206,7 +206,7 @@ private:
         return true;
     }
 
-    /// Where the target ends that begins with the parenthesis there, and what it is.
+    /// The end and the URL of the link target that begins with the parenthesis at `from`.
     std::optional<std::pair<qsizetype, QString>> target(qsizetype from) const
     {
         static const QRegularExpression form(
@@ -232,7 +232,7 @@ private:
         m_pieces.remove(bracket.piece);
         for (qsizetype piece = bracket.piece; piece < m_pieces.size(); ++piece)
             m_pieces[piece].link = link;
-        // There are no links within links.
+        // Links do not nest.
         m_brackets.clear();
         m_isTextLast = false;
         m_at = found->first;

@@ -8,15 +8,15 @@ namespace tolvane::markdown {
 
 enum Style { emphasis = 1, strong = 2, strikethrough = 4, code = 8 };
 
-/// A stretch of a text in one style.
+/// A span of text in one style.
 struct Piece
 {
     QString text = {};
     int styles = 0;
-    /// Where it leads to, escaped as addresses are; else empty.
+    /// The percent-encoded URL of a link; else empty.
     QString link = {};
 
-    /// For a run of * or _ or ~: what is not taken for a style yet, and which role it may play.
+    /// For a run of * or _ or ~: its length, how much of it is unmatched, and its possible roles.
     QChar delimiter = {};
     int length = 0;
     int left = 0;
@@ -26,14 +26,14 @@ struct Piece
 
 using Pieces = QList<Piece>;
 
-/// The pieces of a text, links and code recognised, and emphasis applied.
+/// Parses a text: recognises links and code, and applies emphasis.
 Pieces piecesOf(const QString &source);
 
-/// Turns runs of delimiters from `first` on into styles of what lies between, by CommonMark's
-/// rules; what is left of them stays as text.
+/// Turns runs of delimiters from `first` on into styles of the text between them, by CommonMark's
+/// rules; unmatched delimiters stay as text.
 void applyEmphasis(Pieces &pieces, qsizetype first);
 
-/// The address of a link as it may stand in HTML; empty unless it is one for https, http or mailto.
+/// The percent-encoded URL of a link; empty unless it is a valid one for https, http or mailto.
 QString allowedLink(const QString &address);
 
 } // namespace tolvane::markdown

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Says that the AI is about to answer.
+// The row that shows that the AI is writing an answer.
 Item {
     id: message
 

@@ -2,14 +2,14 @@
 import QtQuick
 import Tolvane.Private
 
-// One picture of a message, to be looked at. Without an address its place stays empty.
+// One picture of a message; a tap opens it. Without a URL it is invisible.
 Item {
     id: cell
 
     required property int index
     required property url address
     required property real cornerRadius
-    /// How many more there are that are not shown.
+    /// The number of further pictures that are not shown.
     required property int remainingCount
     required property int totalCount
 
@@ -54,7 +54,7 @@ Item {
         }
     }
 
-    // Few have it, and rows with pictures are the dearest of all to make while the list flies by.
+    // Few cells need it, and rows with pictures are the most expensive to create during a flick.
     Loader {
         anchors.fill: parent
         active: cell.remainingCount > 0

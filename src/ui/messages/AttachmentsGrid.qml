@@ -2,11 +2,11 @@
 import QtQuick
 import Tolvane.Private
 
-// The first pictures of a message, on the side of whoever sent them.
+// The first pictures of a message, on the side of the sender.
 Item {
     id: grid
 
-    /// Addresses, as texts.
+    /// URLs as strings.
     property alias attachments: layout.attachments
     required property bool isCustomer
     property alias maxGridSize: layout.maxGridSize
@@ -20,7 +20,7 @@ Item {
         (cells.itemAt(index) as AttachmentThumbnail).open()
     }
 
-    // Cells of a row that is not full stand on that side as well.
+    // Cells of a row that is not full are on that side as well.
     readonly property bool isRight: isCustomer !== LayoutMirroring.enabled
 
     implicitHeight: layout.rows * (layout.side + spacing) - spacing
@@ -37,7 +37,7 @@ Item {
         AttachmentThumbnail {
             readonly property int row: Math.floor(index / layout.columns)
             readonly property int column: index % layout.columns
-            // How many cells stand between this one and the side.
+            // The number of cells between this one and the side.
             readonly property int fromSide: grid.isCustomer ? Math.min(layout.columns, layout.count
                                                               - row * layout.columns) - 1 - column
                                                             : column
@@ -47,7 +47,7 @@ Item {
             y: row * (layout.side + grid.spacing)
             width: layout.side
             height: layout.side
-            // Anew with each change, also where as many take the place of others.
+            // Reads the total, so that each change of the attachments evaluates the binding again.
             address: index < layout.total ? layout.url(index) : ""
             cornerRadius: grid.cornerRadius
             remainingCount: index < layout.total ? layout.remaining(index) : 0

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// What a message stands on: round, but for the lower corner on the side of whoever sent it. A part
-// of a longer message goes on squarely.
+// The background of a message: rounded, except for the lower corner on the side of the sender. The
+// parts of a long message have square corners between them.
 RoundedCorner {
     required property bool isRight
     property bool isFirst: true

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Who has written a message, 32 by 32.
+// The avatar of a message's sender, 32 by 32 pixels.
 Loader {
     id: avatar
 

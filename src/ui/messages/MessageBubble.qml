@@ -2,14 +2,14 @@
 import QtQuick
 import Tolvane.Private
 
-// A text on a ground with round corners.
+// A text on a background with rounded corners.
 Item {
     id: bubble
 
     /// A StyledText.
     required property var content
     required property bool isCustomer
-    /// Of a text in parts, all are of one width.
+    /// All parts of a long text have the same width.
     required property bool isFirst
     required property bool isLast
     required property real maximumWidth
@@ -43,7 +43,7 @@ Item {
         x: 16
         y: 16
         width: bubble.width - 32
-        // Whatever the branding, a link can be read like the text; the line beneath tells it apart.
+        // Links have the colour of the text, to be legible with any branding, and an underline.
         text: bubble.content.isRich ? "<style>a { color: " + bubble.tint + " }</style>"
                                       + bubble.content.text : bubble.content.text
         textFormat: bubble.content.isRich ? Text.RichText : Text.PlainText

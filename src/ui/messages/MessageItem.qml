@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// One message: its pictures, its text in a bubble beside the sender's avatar, and from when and
-// whom it is. A row of a long one has a part of the text only.
+// One message: its pictures, its text in a bubble beside the sender's avatar, and a caption with
+// its age and sender. A row of a long message has a part of the text only.
 Item {
     id: message
 
@@ -22,7 +22,7 @@ Item {
 
     property bool isCurrent: false
     property bool showsFocus: false
-    /// To what comes below.
+    /// The distance to the next row.
     property real gap
     readonly property alias bubble: bubble
 
@@ -36,7 +36,7 @@ Item {
             linkActivated(content.link)
     }
 
-    // All rows leave this much beside the avatars, and on the other side as well.
+    // The width that all rows leave for the avatar, and on the other side as well.
     readonly property real inset: 42
     readonly property real topInset: isFirst ? 10 : 0
     readonly property real bubbleTop: topInset + (grid.item ? grid.height + 10 : 0)

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A disc in the place of an avatar.
+// The placeholder of an avatar.
 SkeletonBox {
     implicitWidth: 32
     implicitHeight: 32

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A message that is still to come.
+// The placeholder of a message.
 Item {
     id: message
 
@@ -55,7 +55,7 @@ Item {
             }
         }
 
-        // On the bubble alone: over the empty ground beside it, it would look like a box.
+        // Over the bubble only: on the empty background beside it, it would look like a box.
         Shimmer { }
     }
 

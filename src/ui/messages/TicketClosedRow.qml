@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Says that the conversation has come to its end.
+// The row that shows that the conversation is closed.
 Item {
     id: row
 

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// The conversation: its messages, who is typing, and whether it is closed. Its end stays in sight:
-// the list goes there when it appears and whenever something changes there.
+// The list of a conversation: its messages, a row while the AI is typing, and a row if the ticket
+// is closed. The list scrolls to its end when it appears and whenever something changes there.
 Item {
     id: list
 
@@ -13,19 +13,19 @@ Item {
     /// The state of the ticket.
     required property string ticketState
     required property bool isAITyping
-    /// Room for what lies over the end of the list.
+    /// The height of the items that cover the end of the list.
     property real bottomContentMargin
     readonly property bool isClosed: ticketState === "closed"
-    /// For what else there is to do with the rows.
+    /// For direct access to the rows.
     readonly property alias rows: rows
     readonly property alias flickable: flickable
 
-    /// The on-screen keyboard is there.
+    /// To be called when the on-screen keyboard has appeared.
     function keyboardShown() {
         scrollToEnd(200)
     }
 
-    // Who has the list in hand keeps it until they let go.
+    // The duration of a scroll to the end that waits for the end of a drag; -1 without one.
     property int postponed: -1
 
     function scrollToEnd(duration) {
@@ -35,7 +35,7 @@ Item {
             rows.scrollToEnd(duration)
     }
 
-    // What the keyboard comes to is to be seen.
+    // An item that gets the focus is scrolled into view.
     readonly property Item focusItem: Window.activeFocusItem
 
     onFocusItemChanged: {
@@ -84,7 +84,7 @@ Item {
             event.accepted = false
     }
 
-    // The list asks for the rows in sight only.
+    // Cheap, as the list reads the visible rows only.
     Timer {
         interval: 60000
         repeat: true
@@ -111,7 +111,7 @@ Item {
         anchors.fill: parent
         clip: true
         flickableDirection: Flickable.VerticalFlick
-        // The rows are none of its contents: they know best where they begin and end.
+        // The rows are not part of its content: AnchoredList calculates where they begin and end.
         contentHeight: 0
         topMargin: -rows.start
         bottomMargin: rows.end + height

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The conversation while it is still to come, under the message that is already known.
+// The placeholder of a conversation that is loading, below the message that is already known.
 Item {
     id: skeleton
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Dots on a wave. What moves are the dots alone; the room that they have stays as it is.
+// Dots that move in a wave. The size of the item does not change.
 Item {
     id: view
 
@@ -34,7 +34,7 @@ Item {
         }
     }
 
-    // A tick for each frame; what time it is the clock knows.
+    // One tick per frame; the time comes from the clock.
     NumberAnimation {
         id: ticks
 

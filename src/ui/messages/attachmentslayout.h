@@ -12,16 +12,16 @@
 
 namespace tolvane {
 
-/// How the pictures of a message stand in a grid: which are shown, where, and how large. Lengths in
-/// points.
+/// The layout of a message's pictures in a grid: which are shown, where, and how large. Lengths are
+/// in device-independent pixels.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT AttachmentsLayout : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Their addresses, as they came.
+    /// The URLs of the pictures, as received.
     Q_PROPERTY(QStringList attachments MEMBER attachments NOTIFY changed)
     Q_PROPERTY(int total READ total NOTIFY changed)
-    /// The most that are shown.
+    /// The maximum number of pictures that are shown.
     Q_PROPERTY(int maxGridSize MEMBER maxGridSize NOTIFY changed)
     Q_PROPERTY(int count READ count NOTIFY changed)
     Q_PROPERTY(int columns READ columns NOTIFY changed)
@@ -42,13 +42,13 @@ public:
     double greatestWidth() const { return count() == 1 ? 200 : count() == 2 ? 250 : 280; }
     double side() const { return count() == 1 ? 200 : count() == 2 ? 122 : 138; }
 
-    /// How many are not shown, if the cell is the one to say so; else 0.
+    /// The number of pictures that are not shown, for the cell that displays it; else 0.
     Q_INVOKABLE int remaining(int cell) const
     {
         return cell == maxGridSize - 1 ? std::max(0, total() - maxGridSize) : 0;
     }
 
-    /// Empty if what came is no address.
+    /// Empty if the received text is not a URL.
     Q_INVOKABLE QUrl url(int cell) const { return QUrl(attachments.value(cell), QUrl::StrictMode); }
 
 Q_SIGNALS:

@@ -28,7 +28,7 @@ QStringList attachmentsOf(const MessageRow &row)
 
 void MessageListModel::setMessages(const QList<MessageDto> &messages)
 {
-    // A copy is told at once. Else it is the beginning that most often is the same.
+    // A copy is recognised by its shared data. Otherwise the beginning is most often the same.
     const bool isCopy =
         messages.constData() == m_messages.constData() && messages.size() == m_messages.size();
     const qsizetype same = isCopy

@@ -8,8 +8,8 @@
 
 namespace tolvane {
 
-/// The messages of a ticket as rows, in the ticket's order. What takes time, such as the styled
-/// text, is made as a row is asked for it. Main thread.
+/// The messages of a ticket as rows, in the ticket's order. Expensive data, such as the formatted
+/// text, are computed when a row is asked for them. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT MessageListModel final : public RecordListModel<MessageRow>
 {
     Q_OBJECT
@@ -23,44 +23,44 @@ public:
         /// A StyledText.
         contentRole,
         captionRole,
-        /// Addresses, as they came; none for any but the message's first row.
+        /// URLs, as received; empty for all but the message's first row.
         attachmentsRole,
         /// All of the message in one sentence, for screen readers.
         descriptionRole,
         /// A message that is too long for one row has several.
         isFirstRole,
         isLastRole,
-        /// What rows have in common whose items are built alike.
+        /// Equal for rows whose items have the same structure.
         kindRole,
     };
 
     using RecordListModel::RecordListModel;
 
-    /// The same list again costs next to nothing if it is a copy of the one before.
+    /// Returns at once if the list is an implicitly shared copy of the previous one.
     void setMessages(const QList<MessageDto> &messages);
 
-    /// Time has passed: what the rows say of their age is to be asked for anew.
+    /// Makes views read the ages in the rows again, after time has passed.
     Q_INVOKABLE void refreshAges();
 
-    /// Puts the text of the row's message on the clipboard, as it was written.
+    /// Copies the text of the row's message to the clipboard, as it was written.
     Q_INVOKABLE void copy(int row) const;
 
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
 Q_SIGNALS:
-    /// The list is another than before, after all of its rows have been told of.
+    /// The list has changed. Emitted after the signals for all of its rows.
     void messagesChanged();
-    /// Somebody other than the customer has written, while there was a list.
+    /// Somebody other than the customer has added a message to a list that was not empty.
     void messageArrived(const QString &description);
 
 private:
-    /// The number of rows where there is no such message.
+    /// The number of rows if there is no such message.
     qsizetype firstRowOf(qsizetype message) const;
     const StyledText &styled(const QString &source) const;
 
     QList<MessageDto> m_messages;
-    /// What was asked for last: the roles of a row are asked for one after another.
+    /// The last result is kept, as views read the roles of a row one after another.
     mutable QString m_styledSource;
     mutable StyledText m_styled;
 };

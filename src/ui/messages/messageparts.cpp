@@ -7,7 +7,7 @@ namespace tolvane {
 
 namespace {
 
-/// How much of the text makes a part; it is longer than one.
+/// The length of the first chunk of a text that is longer than one.
 qsizetype lengthOfPart(QStringView text)
 {
     const QStringView most = text.first(longestPart);
@@ -17,13 +17,13 @@ qsizetype lengthOfPart(QStringView text)
         if (at >= least)
             return at + 1;
     }
-    // What looks like one character may be many: a family, a letter with accents.
+    // One visible character may consist of many: an emoji of a family, a letter with accents.
     const QStringView around = text.sliced(least, qMin(text.size(), 2 * longestPart) - least);
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, around.data(), around.size());
     finder.setPosition(longestPart - least);
     const qsizetype boundary =
         finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
-    // A character without an end is none.
+    // Without a boundary this is a character longer than real text has: it may be split.
     return boundary > 0 ? least + boundary : longestPart;
 }
 
@@ -38,7 +38,7 @@ QStringList partsOf(const QString &text)
         rest = rest.sliced(part.size());
         parts += (part.endsWith(u'\n') ? part.chopped(1) : part).toString();
     }
-    // Most texts are one part, which is no copy.
+    // Most texts are one chunk, which is not copied.
     parts += parts.isEmpty() ? text : rest.toString();
     return parts;
 }

@@ -7,13 +7,13 @@
 
 namespace tolvane {
 
-/// The most characters that one row shows.
+/// The maximum number of characters in one row.
 inline constexpr qsizetype longestPart = 4000;
 
-/// A text in parts that are cheap to lay out, so that a message of any length costs only what is
-/// seen of it. Cut at the end of a line if there is one in the last quarter, else behind a blank,
-/// else anywhere, but in no character. All of the text is in the parts, but for the line ends that
-/// it was cut at. Never empty.
+/// Splits a text into chunks that are cheap to lay out, so that only the visible part of a long
+/// message takes time. Splits after a line break or else a space in the last quarter of a chunk,
+/// otherwise between any two characters. The chunks have all of the text except the line breaks
+/// that it was split at. Never empty.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QStringList partsOf(const QString &text);
 
 } // namespace tolvane

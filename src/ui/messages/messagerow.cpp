@@ -73,7 +73,7 @@ QString caption(const MessageDto &message)
 
 QString description(const MessageDto &message)
 {
-    // Nobody listens to more in one go, and assistive tools copy it about.
+    // Nobody listens to more at once, and assistive technologies copy the text several times.
     constexpr qsizetype longest = 2000;
     const QString text =
         withoutMarkdown(message.content.first(qMin(message.content.size(), longest)));

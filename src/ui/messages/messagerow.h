@@ -13,7 +13,7 @@ struct MessageRow
 {
     QString id;
     MessageDto message;
-    /// What of the message's text the row shows.
+    /// The part of the message's text that the row shows.
     QString text;
     bool isFirst = true;
     bool isLast = true;
@@ -21,7 +21,7 @@ struct MessageRow
     bool operator==(const MessageRow &) const = default;
 };
 
-/// What the rows say. Main thread.
+/// The texts of the rows. Main thread.
 namespace messagerow {
 
 QList<MessageRow> rowsOf(const QList<MessageDto> &messages);
@@ -31,10 +31,10 @@ bool isCustomer(const MessageDto &message);
 /// "picture", "person", "ai" or "none"
 QString avatar(const SenderDto &sender);
 
-/// How long ago, and who.
+/// The message's age and its sender.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString caption(const MessageDto &message);
 
-/// All of the message as one text, for those who hear it.
+/// The whole message as one text, for screen readers.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString description(const MessageDto &message);
 
 } // namespace messagerow

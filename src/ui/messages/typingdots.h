@@ -8,8 +8,9 @@
 
 namespace tolvane {
 
-/// The wave that dots ride while somebody types: where a dot is at a time. It has no state, so that
-/// the dots stay together after any pause. Lengths in points, times in seconds.
+/// The wave of the typing dots: the look of a dot as a function of time. It has no state, so that
+/// the dots stay in phase after any pause. Lengths are in device-independent pixels, times in
+/// seconds.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT TypingDots : public QObject
 {
     Q_OBJECT
@@ -17,7 +18,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT TypingDots : public QObject
     Q_PROPERTY(int dotCount MEMBER dotCount CONSTANT)
     Q_PROPERTY(double dotSize MEMBER dotSize CONSTANT)
     Q_PROPERTY(double spacing MEMBER spacing CONSTANT)
-    /// Room for the dots wherever they are.
+    /// Enough for the dots at any offset.
     Q_PROPERTY(double height READ height CONSTANT)
 
 public:
@@ -27,7 +28,7 @@ public:
     double dotSize = 8;
     /// The greatest offset up or down.
     double verticalAmplitude = 4;
-    /// At the bottom of the wave, and what the top adds.
+    /// The scale at the bottom of the wave, and its increase at the top.
     double baseScale = 0.95;
     double scaleAmplitude = 0.12;
     double baseOpacity = 0.6;

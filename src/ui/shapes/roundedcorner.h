@@ -9,13 +9,13 @@
 
 namespace tolvane {
 
-/// A rectangle in one colour, with the corners of a mask rounded and the others square.
+/// A rectangle in one colour. The corners in a mask are rounded, the others are square.
 class RoundedCorner : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY appearanceChanged)
-    /// In points; never more than half of the shorter side.
+    /// In device-independent pixels; never more than half of the shorter side.
     Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY appearanceChanged)
     /// TopLeft 1, TopRight 2, BottomLeft 4, BottomRight 8.
     Q_PROPERTY(tolvane::RoundedImage::Corners corners READ corners WRITE setCorners NOTIFY

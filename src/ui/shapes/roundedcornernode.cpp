@@ -17,15 +17,15 @@ namespace tolvane {
 
 namespace {
 
-/// A place on a curve about an origin, for an extent of 1, and where outwards is there.
+/// A point on a curve around an origin, for an extent of 1, and the outward direction there.
 struct Direction
 {
     QPointF place;
     QPointF outwards;
 };
 
-/// A corner of a shape: the middle of its curve, the curve as directions from there, and how much
-/// of a pixel the shape fades out there, across and down.
+/// A corner of a shape: the centre of its curve, the curve as points relative to the centre, and
+/// the fraction of a pixel over which the shape fades out there, horizontally and vertically.
 struct Corner
 {
     QPointF middle;
@@ -48,7 +48,7 @@ Corners cornersOf(const RoundedShape &shape)
         Corner result{.middle = place - curve.extent * outwards,
                       .extent = curve.extent,
                       .directions = {},
-                      // Something may go on from an edge without a curve: no gap is to show there.
+                      // Another shape may adjoin an edge without a curve: there must be no gap.
                       .fading = {1.0, isEdgeRound ? 1.0 : 0.0}};
         if (curve.extent <= 0)
             result.directions = {{outwards, outwards}};
@@ -66,7 +66,7 @@ Corners cornersOf(const RoundedShape &shape)
             corner(2, rect.bottomLeft(), {-1, 1}, 1, isBottomRound)};
 }
 
-/// Vertices and triangles as they are added.
+/// Collects vertices and triangles.
 class Mesh
 {
 public:
@@ -114,9 +114,9 @@ private:
     std::vector<quint16> m_indices;
 };
 
-/// What is inside as few large triangles and small fans at the corners, and around it a rim that
-/// fades out over a pixel.
-/// @param pixel the length of one
+/// A mesh of few large triangles inside, small fans at the corners, and a rim around them that
+/// fades out over a device pixel.
+/// @param pixel the size of a device pixel
 Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
 {
     Mesh mesh(color);
@@ -154,8 +154,7 @@ Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
     return mesh;
 }
 
-/// Triangles without a texture, which the renderer draws all at once, however many shapes there
-/// are.
+/// Triangles without a texture: the renderer batches them, however many shapes there are.
 class MeshNode final : public RoundedCornerNode
 {
 public:
@@ -181,7 +180,7 @@ private:
     QSGGeometryNode m_node;
 };
 
-/// A picture of the corners with what is between them stretched, for the renderer that has no
+/// An image of the corners, stretched between them, for the software renderer, which draws no
 /// triangles.
 class PatchNode final : public RoundedCornerNode
 {

@@ -10,15 +10,15 @@ class QQuickWindow;
 
 namespace tolvane {
 
-/// What draws a shape in one colour in the scene of a window. Render thread, while the main thread
-/// waits.
+/// A scene graph node that draws a shape in one colour. Render thread, while the main thread is
+/// blocked.
 class RoundedCornerNode : public QSGNode
 {
 public:
-    /// The kind of node that the window's renderer can draw.
+    /// Creates the kind of node that the window's renderer can draw.
     static RoundedCornerNode *make(QQuickWindow &window);
 
-    /// @param pixelRatio pixels of the screen to the point
+    /// @param pixelRatio device pixels per device-independent pixel
     virtual void update(const RoundedShape &shape, const QColor &color, qreal pixelRatio) = 0;
 };
 

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// What can be done with the picture's file: drag it away by its picture, save it, copy it. Over all
-// of the viewer; a press beside it closes it.
+// The menu for the picture's file: drag it by its thumbnail, save it or copy it. Covers the whole
+// viewer; a press outside its panel closes it.
 FocusScope {
     id: menu
 
@@ -30,7 +30,7 @@ FocusScope {
     Keys.onBackPressed: closed()
     Keys.onUpPressed: save.forceActiveFocus()
     Keys.onDownPressed: copy.forceActiveFocus()
-    // The focus goes round in the menu.
+    // The focus cycles within the menu.
     Keys.onTabPressed: (save.activeFocus ? copy : save).forceActiveFocus()
     Keys.onBacktabPressed: (save.activeFocus ? copy : save).forceActiveFocus()
 
@@ -60,7 +60,7 @@ FocusScope {
         Accessible.role: Accessible.PopupMenu
         Accessible.name: Texts.string("accessibility_share")
 
-        // What is pressed beside the items does not close the menu.
+        // A press on the panel beside the items does not close the menu.
         MouseArea { anchors.fill: parent }
 
         Column {

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A line to choose.
+// An item of the share menu.
 Item {
     id: item
 

@@ -10,7 +10,7 @@
 
 namespace tolvane {
 
-/// A picture as a JPEG file that is given away: what is in it, and what it wants to be called.
+/// A picture as a JPEG file to be shared: its bytes and its name.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageFile
 {
     QByteArray data;
@@ -21,7 +21,7 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageFile
 };
 
 /// The picture as a JPEG of quality 0.85, on white where it is transparent. Empty when it cannot be
-/// encoded. Safe from any thread, and meant for another than the main one.
+/// encoded. Safe from any thread; too slow for the main thread.
 QByteArray jpeg(const QImage &image);
 
 } // namespace tolvane

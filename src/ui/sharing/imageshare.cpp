@@ -20,11 +20,11 @@ namespace tolvane {
 
 namespace {
 
-/// Of what hangs on the pointer.
+/// The maximum size of a drag's pixmap.
 constexpr QSize dragPicture(160, 160);
 
-/// Whatever takes a dragged file may read it long after the drag: the files go with the
-/// application. Empty where there is no room for one.
+/// The target of a drop may read the file long after the drag, so the folder is removed when the
+/// application exits. Empty if it cannot be created.
 QString dragFolder()
 {
     struct Folder final : QObject
@@ -150,7 +150,7 @@ QCoro::Task<> ImageShare::writeForDrag(QPointer<ImageShare> self)
             });
         picture = co_await settled(writing);
     } catch (const Error &) {
-        // Dragged as bytes, then.
+        // The drag then has the bytes only.
         co_return;
     }
     if (!self || self->m_image.cacheKey() != image.cacheKey())
@@ -163,8 +163,8 @@ void ImageShare::startDrag(QQuickItem *item)
 {
     if (!isReady() || !item)
         return;
-    // Dragging runs an event loop of its own, in which anything may happen, and the item hears
-    // nothing of the release.
+    // Deferred: dragging runs a nested event loop, in which either object may be destroyed. The
+    // item receives no release event.
     const QPointer<ImageShare> self(this);
     const QPointer<QQuickItem> source(item);
     QMetaObject::invokeMethod(

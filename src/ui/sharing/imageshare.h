@@ -18,19 +18,19 @@ class QMimeData;
 
 namespace tolvane {
 
-/// Gives a picture away as a JPEG file, the same one each time: saved, copied, dragged. The file is
-/// made as soon as there is a picture, on the workers. Main thread.
+/// Shares a picture as a JPEG file by saving, copying or dragging it, always the same file. The
+/// file is encoded on the workers as soon as there is a picture. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageShare : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Where the picture comes from, once it is there.
+    /// Provides the picture once it is loaded.
     Q_PROPERTY(tolvane::LoadedImage *source READ source WRITE setSource NOTIFY sourceChanged)
     Q_PROPERTY(QUrl url READ url NOTIFY sourceChanged)
-    /// Whether there is a file to give away; stays false for a picture that cannot be encoded.
+    /// Whether there is a file to share; stays false for a picture that cannot be encoded.
     Q_PROPERTY(bool isReady READ isReady NOTIFY fileChanged)
     Q_PROPERTY(QString filename READ filename NOTIFY fileChanged)
-    /// Where it might be saved.
+    /// The path that a save dialog suggests.
     Q_PROPERTY(QUrl suggestedPlace READ suggestedPlace NOTIFY fileChanged)
 
 public:
@@ -39,32 +39,34 @@ public:
     LoadedImage *source() const { return m_source; }
     void setSource(LoadedImage *source);
     QUrl url() const { return m_source ? m_source->url() : QUrl(); }
-    /// Null for none yet; the same one again changes nothing.
+    /// A null image means that there is no picture yet. The same image again has no effect.
     void setImage(const QImage &image);
     bool isReady() const { return !m_file.data.isEmpty(); }
     QString filename() const { return m_file.filename; }
     QUrl suggestedPlace() const;
     const ImageFile &file() const { return m_file; }
 
-    /// Each does nothing without a file. Saving ends with saved() or failed().
-    /// @param place the file to write, on this machine
+    /// Without a file, this and the functions below do nothing. Saving ends with saved() or
+    /// failed().
+    /// @param place the local file to write
     Q_INVOKABLE void save(const QUrl &place);
-    /// Into the customer's folder for pictures, under a name that is free there.
+    /// Saves to the customer's folder for pictures, under a name that is unused there.
     Q_INVOKABLE void saveToPictures();
-    /// To the clipboard, as a picture and as the file's bytes.
+    /// Copies to the clipboard, as a picture and as the file's bytes.
     Q_INVOKABLE void copy();
-    /// Puts the file where it can be dragged from; to be called a little before startDrag().
+    /// Writes the file to a temporary folder for dragging. To be called some time before
+    /// startDrag(), as the workers do it.
     Q_INVOKABLE void prepareDrag();
-    /// Lets the pointer, which is pressed over the item, drag the file out of the application.
+    /// Starts to drag the file out of the application; the pointer must be pressed over the item.
     Q_INVOKABLE void startDrag(QQuickItem *item);
 
-    /// What is given to others: the picture, the file's bytes, and its place once it is prepared.
+    /// The shared data: the picture, the file's bytes, and its path once prepareDrag() is finished.
     QMimeData *makeMimeData() const;
 
 Q_SIGNALS:
     void sourceChanged();
     void fileChanged();
-    /// @param place the path as people of this system write it
+    /// @param place the path with the separators of this system
     void saved(const QString &place);
     void failed(const QString &reason);
     void copied();
@@ -78,7 +80,7 @@ private:
     QPointer<LoadedImage> m_source;
     QImage m_image;
     ImageFile m_file;
-    /// Where the file lies for dragging, and what hangs on the pointer; empty until it does.
+    /// The path of the file for dragging, and the pixmap of the drag; empty until it is written.
     QString m_dragPath;
     QImage m_dragPicture;
 };

@@ -10,7 +10,7 @@ namespace tolvane {
 
 namespace {
 
-/// The request of the view that shows the picture is under way in this time.
+/// Leaves time for the request of the view that shows the picture.
 constexpr std::chrono::milliseconds secondLookAfter(500);
 
 QImage cachedImage(const QUrl &url)
@@ -22,7 +22,7 @@ QImage cachedImage(const QUrl &url)
     const auto response = cache.responses().cachedResponse(request);
     if (!response)
         return {};
-    // A photo that is shown has been decoded already, and is large.
+    // A photo that is shown has been decoded already, and is too large to be decoded again.
     const QImage shown = cache.image(ImageCache::key(url));
     return shown.isNull() ? images::decoded(response->body) : shown;
 }
@@ -60,7 +60,7 @@ QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_
     }
     if (!self || image.isNull())
         co_return;
-    // The view's own, where that has come meanwhile: a large picture need not be kept twice.
+    // Prefers the view's image if it has been decoded meanwhile: a large picture is kept once.
     const QImage shown = ImageCache::shared().image(ImageCache::key(url));
     self->m_image = shown.isNull() ? image : shown;
     Q_EMIT self->imageChanged();

@@ -15,9 +15,9 @@
 
 namespace tolvane {
 
-/// The picture at an address for sharing it, apart from what a view shows of it: out of the cache
-/// of responses, now, or half a second later when a view had it loaded meanwhile. It sends no
-/// request itself. What is not there by then stays null. Main thread.
+/// The picture at a URL, for sharing; independent of what a view shows of it. It comes from the
+/// response cache: at once, or half a second later, when a view may have loaded it. Sends no
+/// request itself. The image stays null if the cache does not have it by then. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT LoadedImage : public QObject, public QQmlParserStatus
 {
     Q_OBJECT

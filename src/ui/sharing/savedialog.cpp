@@ -8,7 +8,7 @@ namespace tolvane {
 
 namespace {
 
-// Compiled when it is asked for, since the module may be missing.
+// Compiled at run time, since the module may be missing.
 constexpr const char *dialog = R"qml(
     import QtQuick.Dialogs
     FileDialog {

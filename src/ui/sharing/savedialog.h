@@ -9,8 +9,8 @@
 
 namespace tolvane {
 
-/// The system's dialog that asks where to save a picture; Qt's own where the system has none. It
-/// comes with Qt Quick Dialogs, which a host may do without. Main thread.
+/// The system's dialog for saving a picture, or Qt's own if the system lacks one. It requires Qt
+/// Quick Dialogs, which a host may not ship. Main thread.
 class SaveDialog : public QObject
 {
     Q_OBJECT
@@ -20,8 +20,8 @@ public:
     using QObject::QObject;
     ~SaveDialog() override;
 
-    /// Asks, over a window. False when there is no dialog to ask with.
-    /// @param suggestion the file to begin with
+    /// Opens the dialog over a window. False if it cannot be created.
+    /// @param suggestion the file that is selected at first
     Q_INVOKABLE bool open(QQuickWindow *window, const QUrl &suggestion);
 
 Q_SIGNALS:

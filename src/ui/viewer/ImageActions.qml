@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Makes a file of the picture as soon as there is one, and offers to share it.
+// The share button. Encodes the picture as a file as soon as it is loaded.
 ViewerControl {
     id: actions
 

@@ -2,12 +2,12 @@
 import QtQuick
 import Tolvane.Private
 
-// One attachment in all of the window, on black: to look at closely, and to share.
+// Shows one attachment in the whole window on black, with zoom and a share menu.
 FocusScope {
     id: viewer
 
     required property url imageUrl
-    /// The MessageData in which the picture was chosen; null where there is none.
+    /// The MessageData in which the picture was selected; may be null.
     property var messageData: null
     property bool showControls: true
     readonly property alias imageState: zoom
@@ -15,7 +15,7 @@ FocusScope {
     signal backRequested()
 
     function goBack() {
-        // So that the same picture can be chosen again.
+        // Allows the same picture to be selected again.
         if (messageData)
             messageData.selectedAttachment = ""
         backRequested()
@@ -59,7 +59,7 @@ FocusScope {
         imageUrl: viewer.imageUrl
         imageState: zoom
         onTapped: viewer.toggleControls()
-        // Whoever looks for the controls by keyboard is shown them first.
+        // The first Tab only shows hidden controls.
         Keys.enabled: !viewer.showControls
         Keys.onTabPressed: viewer.showControls = true
         Keys.onBacktabPressed: viewer.showControls = true

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Turns until the picture is there.
+// Shown until the picture is loaded.
 Item {
     ProgressIndicator {
         anchors.centerIn: parent

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// What lies over the picture and hides with the other controls, on a dark ground of its own: the
-// picture may be as white as what is on it.
+// A control over the picture, hidden together with the others. It has a dark background, as the
+// picture may be as white as the control.
 FocusScope {
     id: control
 
@@ -19,7 +19,7 @@ FocusScope {
         NumberAnimation { duration: 250; easing.type: Easing.InOutQuad }
     }
 
-    // A press beside what is to be pressed, or on what is not ready, is none on the picture.
+    // Keeps presses beside the button, or on a disabled button, from the picture.
     MouseArea { anchors.fill: parent }
 
     Rectangle {

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// What the keys do in the viewer.
+// The key bindings of the viewer.
 QtObject {
     id: keys
 
@@ -27,7 +27,7 @@ QtObject {
         [Qt.Key_0]: () => imageState.reset(),
     })
 
-    // The view goes where the arrow points, so the picture goes the other way.
+    // An arrow key moves the view in its direction, and thus the picture the other way.
     readonly property var panning: ({
         [Qt.Key_Left]: Qt.point(panStep, 0),
         [Qt.Key_Right]: Qt.point(-panStep, 0),

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Tells what came of sharing, for a moment.
+// Shows the result of sharing for a few seconds.
 Rectangle {
     id: notice
 

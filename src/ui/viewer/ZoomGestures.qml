@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The hands on a picture: pinches of a screen or a trackpad, drags, taps and the wheel.
+// Gestures on a picture: pinches on a screen or a trackpad, drags, taps and the wheel.
 Item {
     id: gestures
 
@@ -29,8 +29,8 @@ Item {
     DragHandler {
         id: drag
 
-        // The finger that stays when the other one goes drags on from where it is. The handler has
-        // not seen it come down.
+        // The finger that remains after a pinch drags on from where it is: the handler has not
+        // received its press.
         property bool isLeftOfPinch: false
         property point start
 
@@ -57,7 +57,7 @@ Item {
         imageState.dragChanged(Qt.point(translation.x, translation.y))
     }
 
-    // A single tap waits for a second one.
+    // A single tap is delayed, as a second one may follow.
     TapHandler {
         onSingleTapped: single.restart()
         onDoubleTapped: {
@@ -73,7 +73,7 @@ Item {
         onTriggered: gestures.tapped()
     }
 
-    // With Ctrl the wheel pinches, else it drags.
+    // The wheel zooms with Ctrl, else it pans.
     MouseArea {
         id: wheelArea
 

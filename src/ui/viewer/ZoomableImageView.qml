@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// One picture in all the room there is, zoomed and panned by fingers, pointer and wheel.
+// A picture that fills the item, zoomed and panned by fingers, pointer and wheel.
 Item {
     id: view
 
@@ -26,15 +26,14 @@ Item {
         url: view.imageUrl
     }
 
-    // On the way, nothing but its place on the screen changes: it is drawn from what has been
-    // uploaded once.
+    // Zooming and panning changes its transform only: the texture is uploaded once.
     CachedAsyncImage {
         id: picture
 
         readonly property real fit: Math.min(view.width / implicitWidth,
                                              view.height / implicitHeight)
-        // Without a graphics processor the picture is painted at the size that it has here. Twice
-        // that leaves something to zoom into.
+        // The software renderer paints the picture at the size of this item. Twice that size
+        // leaves detail to zoom into.
         readonly property real detail: view.hasPicture && GraphicsInfo.api === GraphicsInfo.Software
                                        ? Math.max(1, Math.min(2, 1 / fit)) : 1
 

@@ -8,19 +8,19 @@
 
 namespace tolvane {
 
-/// How a picture is zoomed and panned, by gestures. Knows no window: it is told what a gesture has
-/// come to, and what room the picture has. Lengths are in points, of the room and not of the
-/// picture; zooming goes about the middle.
+/// Zoom and pan of a picture, changed by gestures. Independent of windows: callers pass the state
+/// of a gesture and the size of the viewport. Lengths are in device-independent pixels of the
+/// viewport, not in those of the picture. The centre of the viewport is the origin of zooming.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageState
 {
     static constexpr double smallestScale = 0.5;
     static constexpr double greatestScale = 4;
-    /// A pinch that ends below it goes back to where the picture came from.
+    /// A pinch that ends below this scale resets zoom and pan.
     static constexpr double snapBackScale = 0.9;
     static constexpr double doubleTapScale = 2;
-    /// A pinch of less is none yet.
+    /// Smaller changes do not begin a pinch.
     static constexpr double leastPinchChange = 0.01;
-    /// A drag of less is none yet, in points.
+    /// Shorter movements do not begin a drag. In device-independent pixels.
     static constexpr double leastDragDistance = 10;
 
     double scale = 1;
@@ -29,12 +29,12 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageState
     QSizeF lastOffset = {0, 0};
     bool isDragging = false;
 
-    /// How far the picture may go from the middle, either way. Nowhere unless it is zoomed in.
+    /// How far the picture may be moved from the centre, either way. 0 unless it is zoomed in.
     QSizeF maxOffset(const QSizeF &geometry) const;
     void clampOffset(const QSizeF &geometry);
 
-    /// @param value by how much the fingers have spread since the gesture began, which is 1 there;
-    ///              what is no positive number is not heeded
+    /// @param value the scale since the gesture began, where it is 1; values that are not positive
+    ///              numbers are ignored
     void pinchChanged(double value);
     void pinchEnded(const QSizeF &geometry);
 
@@ -43,7 +43,7 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageState
     void dragEnded(const QSizeF &geometry);
 
     void doubleTapped();
-    /// Back to the whole picture in the middle.
+    /// Shows the whole picture again, centred.
     void reset();
 
     bool operator==(const ImageState &) const = default;

@@ -29,7 +29,7 @@ void ImageStateType::setGeometry(const QSizeF &geometry)
     if (m_geometry == geometry)
         return;
     m_geometry = geometry;
-    // Less room, less to pan: nothing may be left where nobody can bring it back from.
+    // A smaller viewport allows less panning: the picture must not stay out of reach.
     change(Way::atOnce, [&](ImageState &state) { state.clampOffset(m_geometry); });
     Q_EMIT geometryChanged();
 }

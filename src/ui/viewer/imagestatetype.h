@@ -10,24 +10,24 @@
 
 namespace tolvane {
 
-/// Zoom and pan of a picture, for QML: gestures go in, and what is to be seen comes out. What a
-/// finger does is seen at once, what is left to the picture swings there. A step touches nothing
-/// but a few numbers. Main thread.
+/// Zoom and pan of a picture, for QML: takes gestures and provides the values to show. Finger input
+/// applies immediately; programmatic changes animate with a spring. A step of the animation changes
+/// a few numbers only. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageStateType : public QObject
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(ImageState)
-    /// The room that the picture has, in points.
+    /// The size of the viewport, in device-independent pixels.
     Q_PROPERTY(QSizeF geometry READ geometry WRITE setGeometry NOTIFY geometryChanged)
-    /// Where zoom and pan are, or are on the way to.
+    /// The values of zoom and pan that the animation ends at.
     Q_PROPERTY(double scale READ scale NOTIFY changed)
     Q_PROPERTY(QPointF offset READ offset NOTIFY changed)
     Q_PROPERTY(bool isDragging READ isDragging NOTIFY changed)
     Q_PROPERTY(bool isZoomedIn READ isZoomedIn NOTIFY changed)
-    /// Where they are seen.
+    /// The values to show.
     Q_PROPERTY(double shownScale READ shownScale NOTIFY shownChanged)
     Q_PROPERTY(QPointF shownOffset READ shownOffset NOTIFY shownChanged)
-    /// In points.
+    /// In device-independent pixels.
     Q_PROPERTY(double leastDragDistance READ leastDragDistance CONSTANT)
 
 public:
@@ -51,8 +51,9 @@ public:
     Q_INVOKABLE void doubleTapped();
     Q_INVOKABLE void reset();
 
-    /// What is not done by fingers: a step of a pinch that swings, until pinchEnded(), and a whole
-    /// drag, seen at once or swinging. Such drags are not heeded while there is one by hand.
+    /// For input that is not a finger gesture: pinchStepped() animates one step of a pinch, until
+    /// pinchEnded(); pan() and swingBy() are whole drags, applied immediately or animated. Such
+    /// drags are ignored during a drag gesture.
     Q_INVOKABLE void pinchStepped(double value);
     Q_INVOKABLE void pan(const QPointF &translation) { dragWhole(Way::atOnce, translation); }
     Q_INVOKABLE void swingBy(const QPointF &translation) { dragWhole(Way::swinging, translation); }
