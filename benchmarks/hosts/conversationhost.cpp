@@ -11,7 +11,7 @@
 #include "state/notifications.h"
 #include "ui/images/asyncimage.h"
 #include "ui/messages/messagelistmodel.h"
-#include "ui/viewer/imagestatetype.h"
+#include "ui/viewer/zoomcontroller.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
@@ -313,7 +313,7 @@ void zoom(CannedBackend &, int)
             sendWheel(window, {step % 7 - 3, step % 5 - 2}, 8, Qt::NoModifier);
         }));
     }
-    if (viewer->property("imageState").value<ImageStateType *>()->scale() <= 1)
+    if (viewer->property("imageState").value<ZoomController *>()->scale() <= 1)
         qFatal("nothing was zoomed");
     std::printf("%d large allocations of a pinch and pan\n", largeAllocations() - before);
     std::printf("%f median frame of a pinch and pan\n", medianOf(steps));

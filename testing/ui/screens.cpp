@@ -295,7 +295,7 @@ bool Screens::isAtRest() const
     const QQuickItem *content = last("TolvaneScreen_");
     const QQuickItem *stack = last("TolvaneNavigationStack_");
     return (!content || content->y() == 0) &&
-           (!stack || stack->property("depth") == stack->property("topmost"));
+           (!stack || stack->property("depth") == stack->property("pathLength"));
 }
 
 void Screens::rest()
@@ -333,7 +333,7 @@ void Screens::openPicture()
     if (m_hasPictures)
         ImageCache::shared().responses().store(respond(request), request);
     openTicket();
-    screen().messages()->setSelectedAttachment(request.url);
+    screen().attachmentSelection()->setSelectedAttachment(request.url);
     rest();
 }
 

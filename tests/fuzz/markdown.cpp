@@ -62,7 +62,7 @@ QString textIn(const QString &html)
 void markdown(Input input)
 {
     const QString source = QString::fromUtf8(input.rest());
-    const StyledText styled = inlineMarkdown(source);
+    const FormattedText styled = inlineMarkdown(source);
     const QString plain = withoutMarkdown(source);
     require(plain.size() <= source.size(), "nothing is added to what is heard");
     require(styled.isRich ? textIn(styled.text) == plain : styled.text == plain,

@@ -24,8 +24,8 @@ void pictures(Input input)
 {
     const QSize target(1 + input.byte(), 1 + input.byte());
     const QByteArray bytes = input.rest();
-    const QSize claimed = images::claimedSize(bytes);
-    require(!images::isModest(bytes) || pixels(claimed) <= images::modestPixels,
+    const QSize claimed = images::declaredSize(bytes);
+    require(!images::isCheapToDecode(bytes) || pixels(claimed) <= images::maximumCheapPixels,
             "what is modest is small");
 
     const QImage image = images::decoded(bytes);

@@ -7,8 +7,8 @@ layout(location = 0) in vec4 position;
 layout(location = 1) in vec2 pictureCoordinate;
 layout(location = 2) in vec2 fromCenter;
 
-layout(location = 0) out vec2 pictureAt;
-layout(location = 1) out vec2 place;
+layout(location = 0) out vec2 texCoord;
+layout(location = 1) out vec2 centerOffset;
 
 layout(std140, binding = 0) uniform Uniforms {
     mat4 matrix;
@@ -22,7 +22,7 @@ out gl_PerVertex { vec4 gl_Position; };
 
 void main()
 {
-    pictureAt = pictureCoordinate;
-    place = fromCenter;
+    texCoord = pictureCoordinate;
+    centerOffset = fromCenter;
     gl_Position = matrix * position;
 }

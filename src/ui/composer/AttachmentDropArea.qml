@@ -8,7 +8,7 @@ DropArea {
 
     required property ComposerData composer
 
-    onEntered: drag => drag.accepted = area.composer.takes(drag.urls)
+    onEntered: drag => drag.accepted = area.composer.canDrop(drag.urls)
     onDropped: drop => {
         area.composer.drop(drop.urls)
         // The files are copied, never moved.
@@ -43,7 +43,7 @@ DropArea {
             }
             Text {
                 width: parent.width
-                text: Texts.string("composer_drop_hint")
+                text: Strings.string("composer_drop_hint")
                 textFormat: Text.PlainText
                 wrapMode: Text.Wrap
                 horizontalAlignment: Text.AlignHCenter

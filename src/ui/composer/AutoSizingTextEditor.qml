@@ -85,7 +85,7 @@ FocusScope {
             Accessible.multiLine: true
 
             onTextChanged: {
-                Editing.drawOnlyWhatIsInSight(input)
+                TextEditHelper.observeViewport(input)
                 if (text !== editor.text)
                     editor.edited(text)
             }
@@ -131,7 +131,7 @@ FocusScope {
         Accessible.ignored: true
     }
 
-    ScrollMark {
+    ScrollIndicator {
         flickable: viewport
         orientation: Qt.Vertical
     }

@@ -16,7 +16,7 @@ FileDialog {
     signal picked(var files)
 
     fileMode: FileDialog.OpenFiles
-    title: Texts.string("accessibility_attach")
+    title: Strings.string("accessibility_attach")
     nameFilters: [title + " (" + patterns.join(" ") + ")"]
     onAccepted: picked(selectedFiles)
 }

@@ -9,7 +9,7 @@ Item {
     required property var image
     /// The names of the picture and of its button for screen readers.
     required property string name
-    required property string removeName
+    required property string removeButtonName
     property bool isCurrent: false
 
     signal removed()
@@ -52,7 +52,7 @@ Item {
         height: 40
         cursorShape: Qt.PointingHandCursor
         Accessible.role: Accessible.Button
-        Accessible.name: thumbnail.removeName
+        Accessible.name: thumbnail.removeButtonName
         Accessible.onPressAction: thumbnail.removed()
         onClicked: thumbnail.removed()
 

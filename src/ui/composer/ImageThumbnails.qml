@@ -27,7 +27,7 @@ FocusScope {
         boundsBehavior: Flickable.DragOverBounds
         model: thumbnails.composer.attachments
         Accessible.role: Accessible.List
-        Accessible.name: Texts.string("accessibility_attach")
+        Accessible.name: Strings.string("accessibility_attach")
         onCountChanged: {
             if (thumbnails.LayoutMirroring.enabled)
                 beginning.start()
@@ -66,7 +66,7 @@ FocusScope {
             height: ListView.view.height
             image: picture
             isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
-            removeName: Texts.string("accessibility_remove_attachment").arg(name)
+            removeButtonName: Strings.string("accessibility_remove_attachment").arg(name)
             onRemoved: thumbnails.composer.removeAttachment(index)
         }
 
@@ -89,7 +89,7 @@ FocusScope {
         }
     }
 
-    ScrollMark {
+    ScrollIndicator {
         flickable: list
         orientation: Qt.Horizontal
     }

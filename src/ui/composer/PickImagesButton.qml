@@ -17,19 +17,19 @@ IconButton {
     icon: "paperclip"
     iconSize: 20
     color: Theme.fontBasicColor
-    name: Texts.string("accessibility_attach")
+    name: Strings.string("accessibility_attach")
     enabled: !composer.isSendingMessage
     onClicked: {
-        if (picker || makePicker())
+        if (picker || createPicker())
             picker.open()
     }
 
-    function makePicker() {
+    function createPicker() {
         const component = Qt.createComponent(pickerSource)
         if (component.status === Component.Ready)
             picker = component.createObject(button, {patterns: composer.imagePatterns})
         if (!picker)
-            composer.pickerIsMissing(component.errorString())
+            composer.logPickerError(component.errorString())
         return picker
     }
 

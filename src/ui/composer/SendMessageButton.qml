@@ -23,7 +23,7 @@ FocusScope {
         icon: "paperplane"
         iconSize: 20
         color: Theme.fontBasicColor
-        name: Texts.string("accessibility_send")
+        name: Strings.string("accessibility_send")
         onClicked: button.clicked()
 
         // The plane points in the direction of writing.
@@ -37,7 +37,7 @@ FocusScope {
         anchors.fill: parent
         visible: button.composer.isSendingMessage
         Accessible.role: Accessible.Indicator
-        Accessible.name: Texts.string("accessibility_sending")
+        Accessible.name: Strings.string("accessibility_sending")
 
         ProgressIndicator {
             anchors.centerIn: parent

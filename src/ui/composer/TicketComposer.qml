@@ -23,7 +23,7 @@ FocusScope {
     }
 
     function send() {
-        Editing.commit()
+        TextEditHelper.commit()
         // Returns the focus for the next message; but a tap must not open the on-screen keyboard.
         if (sendButton.activeFocus)
             focusEditor()
@@ -34,7 +34,7 @@ FocusScope {
         id: measures
 
         availableHeight: view.maximumHeight
-        hasStrip: thumbnails.count > 0
+        hasThumbnails: thumbnails.count > 0
     }
 
     Timer {
@@ -54,7 +54,7 @@ FocusScope {
         // Extends to the edges of the window.
         x: -16
         width: view.width + 32
-        height: measures.hasStrip ? measures.stripHeight + measures.stripSpacing : 0
+        height: measures.hasThumbnails ? measures.stripHeight + measures.stripSpacing : 0
         clip: height < thumbnails.height
 
         Behavior on height {
@@ -113,14 +113,14 @@ FocusScope {
             height: measures.editorHeight
             focus: true
             text: view.composer.message
-            placeholder: Texts.string("composer_placeholder")
+            placeholder: Strings.string("composer_placeholder")
             isDisabled: view.composer.isFetchingTicket
             verticalPadding: measures.editorVerticalPadding
-            onTextHeightChanged: measures.measure(textHeight)
+            onTextHeightChanged: measures.setTextHeight(textHeight)
             onEdited: text => view.composer.message = text
             onSubmitted: view.send()
             onPasteRequested: event => event.accepted = view.composer.pasteImages()
-            Component.onCompleted: measures.measure(textHeight)
+            Component.onCompleted: measures.setTextHeight(textHeight)
 
             Behavior on height {
                 enabled: view.isAnimated

@@ -50,7 +50,7 @@ void AttachmentListModel::setAttachments(const QList<AttachmentDto> &attachments
     qsizetype row = 0;
     for (const AttachmentDto &attachment : attachments) {
         if (isPicture(attachment))
-            place(attachment, row++);
+            insertOrMove(attachment, row++);
     }
 }
 
@@ -70,7 +70,7 @@ bool AttachmentListModel::isPicture(const AttachmentDto &attachment)
         return true;
     if (contains(m_undecodable, attachment))
         return false;
-    const bool isClaimed = !images::claimedSize(attachment.data).isEmpty();
+    const bool isClaimed = !images::declaredSize(attachment.data).isEmpty();
     if (!isClaimed)
         m_undecodable += attachment;
     return isClaimed;
@@ -90,7 +90,7 @@ void AttachmentListModel::remove(qsizetype row)
     endRemoveRows();
 }
 
-void AttachmentListModel::place(const AttachmentDto &attachment, qsizetype row)
+void AttachmentListModel::insertOrMove(const AttachmentDto &attachment, qsizetype row)
 {
     const qsizetype old = indexOf(attachment);
     if (old == row)
@@ -121,10 +121,10 @@ QCoro::Task<> AttachmentListModel::decode(AttachmentDto attachment)
         picture = {}; // Treated as undecodable.
     }
     if (self)
-        self->show(attachment, picture);
+        self->setPicture(attachment, picture);
 }
 
-void AttachmentListModel::show(const AttachmentDto &attachment, const QImage &picture)
+void AttachmentListModel::setPicture(const AttachmentDto &attachment, const QImage &picture)
 {
     const qsizetype row = indexOf(attachment);
     if (row < 0)

@@ -44,9 +44,9 @@ private:
     bool isPicture(const AttachmentDto &attachment);
     qsizetype indexOf(const AttachmentDto &attachment) const;
     void remove(qsizetype row);
-    void place(const AttachmentDto &attachment, qsizetype row);
+    void insertOrMove(const AttachmentDto &attachment, qsizetype row);
     QCoro::Task<> decode(AttachmentDto attachment);
-    void show(const AttachmentDto &attachment, const QImage &picture);
+    void setPicture(const AttachmentDto &attachment, const QImage &picture);
 
     QList<AttachmentDto> m_attachments;
     QList<AttachmentDto> m_undecodable;

@@ -20,7 +20,7 @@ namespace tolvane {
 namespace {
 
 /// An attachment from a picture without a file name, under a generated name.
-AttachmentDto nameless(const QString &mimeType, const QByteArray &bytes)
+AttachmentDto makeAttachment(const QString &mimeType, const QByteArray &bytes)
 {
     return {.name = ULID::generate(platform().clock->now()).description(),
             .mimeType = mimeType,
@@ -45,7 +45,7 @@ std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
             continue;
         const QByteArray bytes = clipboard.data(format);
         if (!bytes.isEmpty())
-            return nameless(format, bytes);
+            return makeAttachment(format, bytes);
     }
     return std::nullopt;
 }
@@ -57,11 +57,11 @@ ComposerData::ComposerData(std::shared_ptr<TicketData> store, QObject *parent)
     , m_store(std::move(store))
     , m_lastMessage(m_store->message())
 {
-    connect(m_store.get(), &TicketData::changed, this, &ComposerData::takeOver);
+    connect(m_store.get(), &TicketData::changed, this, &ComposerData::syncFromStore);
     m_attachments.setAttachments(m_store->attachments());
 }
 
-void ComposerData::takeOver()
+void ComposerData::syncFromStore()
 {
     m_attachments.setAttachments(m_store->attachments());
     if (m_lastMessage != m_store->message()) {
@@ -69,7 +69,7 @@ void ComposerData::takeOver()
         Q_EMIT messageChanged();
     }
     Q_EMIT changed();
-    deliver();
+    flushPending();
 }
 
 QStringList ComposerData::imagePatterns() const
@@ -94,14 +94,14 @@ void ComposerData::addFiles(const QList<QUrl> &files)
         detach(add(platform().workers->run([file] { return imagefiles::read(file); })));
 }
 
-bool ComposerData::takes(const QList<QUrl> &urls) const
+bool ComposerData::canDrop(const QList<QUrl> &urls) const
 {
-    return !isSendingMessage() && !imagefiles::among(urls).isEmpty();
+    return !isSendingMessage() && !imagefiles::imageFilesIn(urls).isEmpty();
 }
 
 void ComposerData::drop(const QList<QUrl> &urls)
 {
-    addFiles(imagefiles::among(urls));
+    addFiles(imagefiles::imageFilesIn(urls));
 }
 
 bool ComposerData::pasteImages()
@@ -112,7 +112,7 @@ bool ComposerData::pasteImages()
 
 bool ComposerData::pasteFrom(const QMimeData &clipboard)
 {
-    if (takes(clipboard.urls())) {
+    if (canDrop(clipboard.urls())) {
         drop(clipboard.urls());
         return true;
     }
@@ -120,15 +120,15 @@ bool ComposerData::pasteFrom(const QMimeData &clipboard)
     if (clipboard.hasText())
         return false;
     if (const auto picture = encodedPicture(clipboard)) {
-        m_arrived += *picture;
-        deliver();
+        m_pending += *picture;
+        flushPending();
         return true;
     }
     const auto image = clipboard.imageData().value<QImage>();
     if (image.isNull())
         return false;
     detach(add(platform().workers->run([image]() -> Attachment {
-        return nameless(QStringLiteral("image/png"), encodedAsPng(image));
+        return makeAttachment(QStringLiteral("image/png"), encodedAsPng(image));
     })));
     return true;
 }
@@ -150,15 +150,15 @@ QCoro::Task<> ComposerData::add(QFuture<Attachment> read)
     }
     if (!self)
         co_return;
-    self->m_arrived += *attachment;
-    self->deliver();
+    self->m_pending += *attachment;
+    self->flushPending();
 }
 
-void ComposerData::deliver()
+void ComposerData::flushPending()
 {
-    if (m_arrived.isEmpty() || isSendingMessage())
+    if (m_pending.isEmpty() || isSendingMessage())
         return;
-    m_store->setAttachments(m_store->attachments() + std::exchange(m_arrived, {}));
+    m_store->setAttachments(m_store->attachments() + std::exchange(m_pending, {}));
 }
 
 void ComposerData::removeAttachment(int row)
@@ -170,7 +170,7 @@ void ComposerData::removeAttachment(int row)
     m_store->setAttachments(attachments);
 }
 
-void ComposerData::pickerIsMissing(const QString &reason)
+void ComposerData::logPickerError(const QString &reason)
 {
     Logger::shared().log(LogLevel::error,
                          QStringLiteral("Can't open the image picker: %1").arg(reason.trimmed()));

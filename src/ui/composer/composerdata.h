@@ -53,7 +53,7 @@ public:
     /// Attaches files that were picked. Files that can't be read or are no pictures are left out.
     Q_INVOKABLE void addFiles(const QList<QUrl> &files);
     /// Whether a drop of these URLs would attach any of them.
-    Q_INVOKABLE bool takes(const QList<QUrl> &urls) const;
+    Q_INVOKABLE bool canDrop(const QList<QUrl> &urls) const;
     /// Attaches the image files among the dropped URLs.
     Q_INVOKABLE void drop(const QList<QUrl> &urls);
     /// Attaches the picture or the image files in the clipboard. False if it has neither, or if it
@@ -62,7 +62,7 @@ public:
     /// Removes the attachment of a row.
     Q_INVOKABLE void removeAttachment(int row);
     /// Logs that no picker can be opened on this system.
-    Q_INVOKABLE void pickerIsMissing(const QString &reason);
+    Q_INVOKABLE void logPickerError(const QString &reason);
 
 Q_SIGNALS:
     void messageChanged();
@@ -71,15 +71,15 @@ Q_SIGNALS:
 private:
     using Attachment = std::optional<AttachmentDto>;
 
-    void takeOver();
+    void syncFromStore();
     bool pasteFrom(const QMimeData &clipboard);
     QCoro::Task<> add(QFuture<Attachment> read);
-    void deliver();
+    void flushPending();
 
     const std::shared_ptr<TicketData> m_store;
     QString m_lastMessage;
     AttachmentListModel m_attachments;
-    QList<AttachmentDto> m_arrived;
+    QList<AttachmentDto> m_pending;
 };
 
 } // namespace tolvane

@@ -10,7 +10,7 @@ namespace tolvane {
 ComposerLayout::ComposerLayout(QObject *parent)
     : QObject(parent)
 {
-    connect(this, &ComposerLayout::roomChanged, this, &ComposerLayout::scheduleUpdate);
+    connect(this, &ComposerLayout::heightsChanged, this, &ComposerLayout::scheduleUpdate);
 }
 
 void ComposerLayout::setAvailableHeight(double height)
@@ -18,18 +18,18 @@ void ComposerLayout::setAvailableHeight(double height)
     if (m_availableHeight == height)
         return;
     m_availableHeight = height;
-    Q_EMIT roomChanged();
+    Q_EMIT heightsChanged();
 }
 
-void ComposerLayout::setHasStrip(bool hasStrip)
+void ComposerLayout::setHasThumbnails(bool hasThumbnails)
 {
-    if (m_hasStrip == hasStrip)
+    if (m_hasThumbnails == hasThumbnails)
         return;
-    m_hasStrip = hasStrip;
-    Q_EMIT roomChanged();
+    m_hasThumbnails = hasThumbnails;
+    Q_EMIT heightsChanged();
 }
 
-void ComposerLayout::measure(double height)
+void ComposerLayout::setTextHeight(double height)
 {
     m_textHeight = height;
     scheduleUpdate();
@@ -46,7 +46,7 @@ void ComposerLayout::scheduleUpdate()
 void ComposerLayout::update()
 {
     m_isScheduled = false;
-    if (const auto height = m_rules.update(m_textHeight, m_measuredHeight, room().editor)) {
+    if (const auto height = m_rules.update(m_textHeight, m_measuredHeight, heights().editor)) {
         m_measuredHeight = *height;
         Q_EMIT measuredHeightChanged();
     }

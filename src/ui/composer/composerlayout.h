@@ -17,14 +17,14 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerLayout : public QObject
     QML_ELEMENT
     /// The maximum height of the composer, and whether it shows pictures.
     Q_PROPERTY(
-        double availableHeight READ availableHeight WRITE setAvailableHeight NOTIFY roomChanged)
-    Q_PROPERTY(bool hasStrip READ hasStrip WRITE setHasStrip NOTIFY roomChanged)
+        double availableHeight READ availableHeight WRITE setAvailableHeight NOTIFY heightsChanged)
+    Q_PROPERTY(bool hasThumbnails READ hasThumbnails WRITE setHasThumbnails NOTIFY heightsChanged)
     Q_PROPERTY(double editorMinHeight READ editorMinHeight CONSTANT)
     Q_PROPERTY(double editorVerticalPadding READ editorVerticalPadding CONSTANT)
     Q_PROPERTY(double stripSpacing READ stripSpacing CONSTANT)
     /// The height at which the editor begins to scroll.
-    Q_PROPERTY(double editorMaxHeight READ editorMaxHeight NOTIFY roomChanged)
-    Q_PROPERTY(double stripHeight READ stripHeight NOTIFY roomChanged)
+    Q_PROPERTY(double editorMaxHeight READ editorMaxHeight NOTIFY heightsChanged)
+    Q_PROPERTY(double stripHeight READ stripHeight NOTIFY heightsChanged)
     /// The height of the text that was last applied; 0 before the first.
     Q_PROPERTY(double measuredHeight READ measuredHeight NOTIFY measuredHeightChanged)
     Q_PROPERTY(double editorHeight READ editorHeight NOTIFY measuredHeightChanged)
@@ -34,34 +34,37 @@ public:
 
     double availableHeight() const { return m_availableHeight; }
     void setAvailableHeight(double height);
-    bool hasStrip() const { return m_hasStrip; }
-    void setHasStrip(bool hasStrip);
+    bool hasThumbnails() const { return m_hasThumbnails; }
+    void setHasThumbnails(bool hasThumbnails);
     double editorMinHeight() const { return m_rules.editorMinHeight; }
     double editorVerticalPadding() const { return m_rules.editorVerticalPadding; }
     double stripSpacing() const { return ComposerRules::stripSpacing; }
-    double editorMaxHeight() const { return room().editor; }
-    double stripHeight() const { return room().strip; }
+    double editorMaxHeight() const { return heights().editor; }
+    double stripHeight() const { return heights().strip; }
     double measuredHeight() const { return m_measuredHeight; }
     double editorHeight() const { return m_rules.editorHeight(m_measuredHeight); }
 
     /// Sets the height of the text with its padding. It is applied in the next turn of the event
     /// loop, as a layout in progress must not be changed.
-    Q_INVOKABLE void measure(double height);
+    Q_INVOKABLE void setTextHeight(double height);
     /// The radius of the bar for a height of the editor, also during an animation of the height.
     Q_INVOKABLE double cornerRadius(double height) const { return m_rules.cornerRadius(height); }
 
 Q_SIGNALS:
-    void roomChanged();
+    void heightsChanged();
     void measuredHeightChanged();
 
 private:
-    ComposerRules::Room room() const { return m_rules.fit(m_availableHeight, m_hasStrip); }
+    ComposerRules::Heights heights() const
+    {
+        return m_rules.fit(m_availableHeight, m_hasThumbnails);
+    }
     void scheduleUpdate();
     void update();
 
     const ComposerRules m_rules;
     double m_availableHeight = 10'000;
-    bool m_hasStrip = false;
+    bool m_hasThumbnails = false;
     double m_textHeight = 0;
     double m_measuredHeight = 0;
     bool m_isScheduled = false;

@@ -9,9 +9,9 @@ namespace tolvane {
 namespace {
 
 constexpr double deadBand = 0.5;
-constexpr double tightestRadius = 14;
+constexpr double minRadius = 14;
 /// At this height a picture is still recognisable and its button can be hit.
-constexpr double leastStripHeight = 56;
+constexpr double minStripHeight = 56;
 
 } // namespace
 
@@ -34,16 +34,16 @@ double ComposerRules::cornerRadius(double measuredHeight) const
     const double range = editorMaxHeight - editorMinHeight;
     const double progress = range > 0 ? std::clamp((measuredHeight - base) / range, 0.0, 1.0) : 0;
     const double eased = progress * (2 - progress);
-    return base / 2 + (tightestRadius - base / 2) * eased;
+    return base / 2 + (minRadius - base / 2) * eased;
 }
 
-ComposerRules::Room ComposerRules::fit(double available, bool hasStrip) const
+ComposerRules::Heights ComposerRules::fit(double available, bool hasThumbnails) const
 {
     const double inside = available - 2 * editorVerticalPadding;
-    const double wanted = hasStrip ? stripHeight + stripSpacing : 0;
+    const double wanted = hasThumbnails ? stripHeight + stripSpacing : 0;
     const double editor = std::clamp(inside - wanted, editorMinHeight, editorMaxHeight);
-    const double strip = std::clamp(inside - editor - stripSpacing, leastStripHeight, stripHeight);
-    return {.editor = editor, .strip = hasStrip ? strip : 0};
+    const double strip = std::clamp(inside - editor - stripSpacing, minStripHeight, stripHeight);
+    return {.editor = editor, .strip = hasThumbnails ? strip : 0};
 }
 
 } // namespace tolvane

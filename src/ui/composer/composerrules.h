@@ -15,14 +15,14 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerRules
     double editorVerticalPadding = 10;
 
     /// The heights that fit into the available height.
-    struct Room
+    struct Heights
     {
         /// The maximum height of the editor.
         double editor;
         /// The height of the strip of pictures; 0 without one.
         double strip;
 
-        bool operator==(const Room &) const = default;
+        bool operator==(const Heights &) const = default;
     };
 
     static constexpr double stripHeight = 150;
@@ -43,7 +43,7 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerRules
 
     /// Fits editor and strip into a height. The editor shrinks first, as it can scroll; then the
     /// pictures do. Neither gets smaller than its minimum height, even if it doesn't fit.
-    Room fit(double available, bool hasStrip) const;
+    Heights fit(double available, bool hasThumbnails) const;
 };
 
 } // namespace tolvane

@@ -23,7 +23,7 @@ QString pathOf(const QUrl &file)
     return file.isLocalFile() ? file.toLocalFile() : file.toString();
 }
 
-bool isCalledAsPicture(const QUrl &url)
+bool hasImageSuffix(const QUrl &url)
 {
     const QString suffix = QFileInfo(url.fileName()).suffix().toLower();
     return std::ranges::any_of(
@@ -40,7 +40,7 @@ QByteArray bytesOf(const QUrl &url)
 }
 
 /// A name that is safe in the header of a multipart form's part, where nothing is escaped.
-QString sound(QString name)
+QString sanitized(QString name)
 {
     static const QRegularExpression unsound(QStringLiteral("[\\x00-\\x1f\\x7f\"\\\\]"));
     return name.replace(unsound, QStringLiteral("_"));
@@ -50,7 +50,7 @@ QString nameOf(const QString &fileName, const QByteArray &bytes)
 {
     const QByteArray digest =
         QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).first(8).toHex();
-    const QFileInfo info(sound(fileName));
+    const QFileInfo info(sanitized(fileName));
     const QString suffix = info.suffix();
     const QString name = info.completeBaseName() + QLatin1Char('-') + QString::fromLatin1(digest);
     return suffix.isEmpty() ? name : name + QLatin1Char('.') + suffix;
@@ -68,11 +68,11 @@ QStringList patterns()
     return patterns;
 }
 
-QList<QUrl> among(const QList<QUrl> &urls)
+QList<QUrl> imageFilesIn(const QList<QUrl> &urls)
 {
     QList<QUrl> files;
     for (const QUrl &url : urls) {
-        if (url.isLocalFile() && isCalledAsPicture(url))
+        if (url.isLocalFile() && hasImageSuffix(url))
             files += url;
     }
     return files;

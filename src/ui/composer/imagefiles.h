@@ -17,7 +17,7 @@ namespace tolvane::imagefiles {
 QStringList patterns();
 
 /// The URLs of local files that have the suffix of a picture. Does not access the files.
-TOLVANE_VIEWS_AUTOTEST_EXPORT QList<QUrl> among(const QList<QUrl> &urls);
+TOLVANE_VIEWS_AUTOTEST_EXPORT QList<QUrl> imageFilesIn(const QList<QUrl> &urls);
 
 /// The file as an attachment, its bytes unchanged. No value if the file can't be read, is empty or
 /// is known to be no picture. Blocks while it reads; safe from any thread.

@@ -30,7 +30,7 @@ Rectangle {
         icon: "chevron-left"
         mirrors: true
         color: Theme.accentColor
-        name: Texts.hostString("Back")
+        name: Strings.hostString("Back")
         onClicked: bar.backRequested()
     }
 

@@ -14,7 +14,7 @@ FocusScope {
     /// The height of the content's lower end that the composer covers.
     readonly property real covered: composer.height + 32
     /// The height that the composer leaves for a notice.
-    readonly property real noticeRoom: stateView.height - covered + 16
+    readonly property real noticeHeight: stateView.height - covered + 16
 
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
@@ -53,9 +53,9 @@ FocusScope {
         }
         loading: TicketMessagesSkeletonView { }
         loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }
-        empty: TicketEmptyContentView { room: view.noticeRoom }
+        empty: TicketEmptyContentView { visibleHeight: view.noticeHeight }
         error: TicketErrorContentView {
-            room: view.noticeRoom
+            visibleHeight: view.noticeHeight
             errorText: view.ticket.errorText
         }
     }

@@ -9,7 +9,7 @@ TolvaneNotice {
     iconSize: 48
     padding: 32
     spacing: 16
-    detail: Texts.string("ticket_new_hint")
+    detail: Strings.string("ticket_new_hint")
     titleSize: Theme.headline
     detailColor: Theme.fontBasicColor
 }

@@ -14,7 +14,7 @@ TolvaneNotice {
     iconSize: 48
     padding: 32
     spacing: 16
-    title: Texts.hostString("Something went wrong")
+    title: Strings.hostString("Something went wrong")
     titleColor: Theme.fontBasicColor
     titleSize: Theme.headline
     detail: errorText

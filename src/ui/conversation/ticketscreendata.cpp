@@ -18,7 +18,7 @@ TicketScreenData::TicketScreenData(QObject *parent)
 
 TicketScreenData::~TicketScreenData()
 {
-    m_appearances.request_stop();
+    m_stopSource.request_stop();
 }
 
 void TicketScreenData::setDestination(const TolvaneDestination &destination)
@@ -31,7 +31,7 @@ void TicketScreenData::setDestination(const TolvaneDestination &destination)
     m_ticketData->setNewTicket(!preview);
     m_composer.emplace(m_ticketData);
     observe();
-    takeOver();
+    syncFromStore();
     Q_EMIT destinationChanged();
 }
 
@@ -58,7 +58,7 @@ QString TicketScreenData::ticketState() const
 void TicketScreenData::appear()
 {
     if (m_hasLoaded)
-        detach(m_ticketData->silentFetchTicket({}, m_appearances.get_token()));
+        detach(m_ticketData->silentFetchTicket({}, m_stopSource.get_token()));
     else
         detach(load());
 }
@@ -67,14 +67,14 @@ QCoro::Task<> TicketScreenData::load()
 {
     const QPointer self(this);
     const auto store = m_ticketData;
-    co_await store->fetchTicket({}, m_appearances.get_token());
+    co_await store->fetchTicket({}, m_stopSource.get_token());
     if (self)
         m_hasLoaded = true;
 }
 
 void TicketScreenData::observe()
 {
-    connect(m_ticketData.get(), &TicketData::changed, this, &TicketScreenData::takeOver);
+    connect(m_ticketData.get(), &TicketData::changed, this, &TicketScreenData::syncFromStore);
     using Reaction = void (TicketData::*)(const NotificationCenter::UserInfo &);
     const auto pass = [this](const QString &name, Reaction reaction) {
         m_observations.push_back(platform().notificationCenter->observe(
@@ -87,7 +87,7 @@ void TicketScreenData::observe()
     pass(notifications::didReceiveMessage, &TicketData::onMessageNotification);
 }
 
-void TicketScreenData::takeOver()
+void TicketScreenData::syncFromStore()
 {
     if (m_ticketData->ticket())
         m_messages.setMessages(m_ticketData->ticket()->messages);

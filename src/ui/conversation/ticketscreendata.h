@@ -75,7 +75,7 @@ Q_SIGNALS:
 private:
     QCoro::Task<> load();
     void observe();
-    void takeOver();
+    void syncFromStore();
 
     TolvaneDestination m_destination;
     std::shared_ptr<TicketData> m_ticketData;
@@ -84,7 +84,7 @@ private:
     MessageListModel m_preview;
     SupportAvailability m_availability;
     std::vector<NotificationCenter::Observation> m_observations;
-    std::stop_source m_appearances;
+    std::stop_source m_stopSource;
     bool m_hasLoaded = false;
 };
 

@@ -8,7 +8,7 @@ Item {
 
     required property bool isPresent
     /// The distance to the lower edge of the window.
-    property real edge
+    property real bottomInset
 
     signal clicked()
 
@@ -21,7 +21,7 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         y: button.y + button.height / 2
-        height: parent.height + area.edge - y
+        height: parent.height + area.bottomInset - y
         visible: height > 0
         color: Theme.chatBackgroundColor
     }

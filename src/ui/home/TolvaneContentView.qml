@@ -13,10 +13,10 @@ FocusScope {
     property bool hasInitiallyLoaded: false
 
     /// The height at rest between the header and the button for a new ticket.
-    readonly property real noticeRoom: newTicket.y - (parallax.isLandscape ? 160 : 240) + 12
+    readonly property real noticeHeight: newTicket.y - (parallax.isLandscape ? 160 : 240) + 12
 
     /// How far the sheet has to be pulled down to load the list again.
-    readonly property int fullPull: 70
+    readonly property int refreshDistance: 70
 
     // ScreenData starts the first load; returning to this view refreshes the list.
     onIsOnTopChanged: {
@@ -59,12 +59,12 @@ FocusScope {
 
         // Released after a full pull.
         function onDraggingChanged() {
-            if (!parallax.list.dragging && parallax.offset > home.fullPull)
+            if (!parallax.list.dragging && parallax.offset > home.refreshDistance)
                 home.screen.load()
         }
     }
 
-    WheelPull {
+    WheelPullToRefresh {
         parent: parallax.list
         isAtTop: parallax.list.atYBeginning
         onPulled: home.screen.load()
@@ -82,14 +82,14 @@ FocusScope {
         isLandscape: height > 0 && width > height && height < 500
         bottomContentMargin: 120
         reuseItems: true
-        cutsCorners: false
-        listName: Texts.string("ticket_list_your_messages")
+        clipsCorners: false
+        listName: Strings.string("ticket_list_your_messages")
         model: home.screen.state === "loaded" ? home.screen.tickets : null
 
         header: TolvaneHeader {
             isCollapsed: parallax.scrollState === ParallaxScroll.Collapsed
             isLandscape: parallax.isLandscape
-            pull: parallax.offset / home.fullPull
+            pullProgress: parallax.offset / home.refreshDistance
             onCloseRequested: home.screen.close()
         }
 
@@ -106,9 +106,9 @@ FocusScope {
                 loadingState: home.screen.state
                 content: Item { }
                 loading: TolvaneListSkeletonView { }
-                empty: TolvaneEmptyContentView { room: home.noticeRoom }
+                empty: TolvaneEmptyContentView { visibleHeight: home.noticeHeight }
                 error: TolvaneErrorContentView {
-                    room: home.noticeRoom
+                    visibleHeight: home.noticeHeight
                     errorText: home.screen.errorText
                 }
                 transitions: ({
@@ -138,7 +138,7 @@ FocusScope {
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: 6
-        edge: 6
+        bottomInset: 6
         isPresent: !home.screen.isLoading
         onClicked: home.screen.navigation.navigate(Destination.newTicket())
     }

@@ -6,8 +6,8 @@ import Tolvane.Private
 TolvaneNotice {
     icon: "bubbles"
     iconColor: Qt.alpha(Theme.primaryColor, 0.8)
-    title: Texts.hostString("No conversations yet")
+    title: Strings.hostString("No conversations yet")
     titleColor: Theme.accentColor
-    detail: Texts.hostString("Start a new conversation to get help")
+    detail: Strings.hostString("Start a new conversation to get help")
     detailColor: Qt.alpha(Theme.accentColor, 0.6)
 }

@@ -11,7 +11,7 @@ TolvaneNotice {
 
     icon: "warning"
     iconColor: Qt.alpha(Theme.redColor, 0.6)
-    title: Texts.hostString("Something went wrong")
+    title: Strings.hostString("Something went wrong")
     titleColor: Theme.fontBasicColor
     detail: errorText
     detailColor: Theme.fontBasicColor

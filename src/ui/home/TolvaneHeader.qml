@@ -11,7 +11,7 @@ Rectangle {
     property bool isCollapsed: false
     property bool isLandscape: false
     /// How far the sheet is pulled down: from 1 on, releasing it loads the list again.
-    property real pull: 0
+    property real pullProgress: 0
 
     signal closeRequested()
 
@@ -55,8 +55,8 @@ Rectangle {
     ProgressIndicator {
         anchors.horizontalCenter: parent.horizontalCenter
         y: parent.height - Parallax.contentCornerRadius - height - 12
-        visible: header.pull > 0
-        opacity: Math.min(1, header.pull)
+        visible: header.pullProgress > 0
+        opacity: Math.min(1, header.pullProgress)
         tint: Theme.accentColor
     }
 
@@ -66,7 +66,7 @@ Rectangle {
         anchors.margins: 16
         icon: "close"
         color: Theme.accentColor
-        name: Texts.string("accessibility_close")
+        name: Strings.string("accessibility_close")
         onClicked: header.closeRequested()
     }
 }

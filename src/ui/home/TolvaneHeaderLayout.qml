@@ -15,13 +15,13 @@ Item {
 
     /// The largest text size up to `titleSize` at which the longer line fits; 16 at least.
     readonly property int fittingSize: Math.max(16, Math.min(titleSize, Math.floor(
-                                           textRoom / question.advanceWidth * question.font.pixelSize)))
+                                           availableTextWidth / question.advanceWidth * question.font.pixelSize)))
     /// Fixed: lines of fonts with a larger line height would not fit into the collapsed header.
     readonly property int lineHeight: Math.ceil(fittingSize * 1.2)
     readonly property real inset: Theme.columnInset(width, 16)
     readonly property int spacing: isLandscape ? 7 : 10
     /// The width for text; when collapsed, logo and close button are beside it.
-    readonly property int textRoom: width - 2 * inset - (isCollapsed ? logoSize + spacing + 44 : 0)
+    readonly property int availableTextWidth: width - 2 * inset - (isCollapsed ? logoSize + spacing + 44 : 0)
 
     opacity: Math.max(0, Math.min(1, presence.value))
     scale: 0.9 + 0.1 * presence.value
@@ -31,7 +31,7 @@ Item {
     TextMetrics {
         id: question
 
-        text: Texts.string("main_subtitle")
+        text: Strings.string("main_subtitle")
         font.pixelSize: 100
         font.bold: true
     }
@@ -66,8 +66,8 @@ Item {
                 Text {
                     id: greeting
 
-                    width: Math.min(implicitWidth, layout.textRoom - wave.width)
-                    text: Texts.string("main_title")
+                    width: Math.min(implicitWidth, layout.availableTextWidth - wave.width)
+                    text: Strings.string("main_title")
                     textFormat: Text.PlainText
                     horizontalAlignment: Text.AlignLeft
                     elide: Text.ElideRight
@@ -87,8 +87,8 @@ Item {
                 }
             }
             Text {
-                width: Math.min(implicitWidth, layout.textRoom)
-                text: Texts.string("main_subtitle")
+                width: Math.min(implicitWidth, layout.availableTextWidth)
+                text: Strings.string("main_subtitle")
                 textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft
                 elide: Text.ElideRight

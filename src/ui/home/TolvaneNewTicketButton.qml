@@ -18,7 +18,7 @@ Item {
 
     implicitHeight: label.implicitHeight + 20
     activeFocusOnTab: true
-    scale: size.value
+    scale: scaleSpring.value
     Accessible.role: Accessible.Button
     Accessible.name: title
     Accessible.description: subtitle
@@ -29,7 +29,7 @@ Item {
     Keys.onSpacePressed: clicked()
 
     SpringValue {
-        id: size
+        id: scaleSpring
 
         target: button.isPressed ? 0.96 : 1
         response: 0.3
@@ -37,7 +37,7 @@ Item {
     }
 
     SpringValue {
-        id: turn
+        id: rotationSpring
 
         target: button.isPressed ? 45 : 0
         response: 0.15
@@ -64,7 +64,7 @@ Item {
         }
     }
 
-    RoundedCorner {
+    RoundedRectangle {
         anchors.fill: parent
         radius: 8
         color: Theme.accentColor
@@ -115,7 +115,7 @@ Item {
         height: 22
         name: "paperplane"
         color: Theme.primaryColor
-        rotation: turn.value
+        rotation: rotationSpring.value
     }
 
     FocusRing { tint: Theme.fontBasicColor }

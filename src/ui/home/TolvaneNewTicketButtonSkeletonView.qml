@@ -6,7 +6,7 @@ import Tolvane.Private
 Item {
     implicitHeight: button.height + 20
 
-    RoundedCorner {
+    RoundedRectangle {
         id: button
 
         x: 20

@@ -8,7 +8,7 @@ Rectangle {
 
     color: Theme.primaryColor
     Accessible.role: Accessible.StaticText
-    Accessible.name: Texts.string("accessibility_loading")
+    Accessible.name: Strings.string("accessibility_loading")
 
     Column {
         // If there is not enough height, the lower end is cut off.

@@ -12,12 +12,12 @@ namespace tolvane {
 ScreenData::ScreenData(QObject *parent)
     : QObject(parent)
 {
-    connect(m_ticketsData.get(), &TicketsData::changed, this, &ScreenData::takeOver);
+    connect(m_ticketsData.get(), &TicketsData::changed, this, &ScreenData::syncFromStore);
     connect(SdkData::shared().get(), &SdkData::changed, this, [this] {
-        begin();
+        startOnceSettingsLoaded();
         Q_EMIT settingsChanged();
     });
-    begin();
+    startOnceSettingsLoaded();
 }
 
 void ScreenData::setShown(bool isShown)
@@ -43,11 +43,11 @@ QString ScreenData::errorText() const
     return tolvane::errorText(m_ticketsData->state());
 }
 
-void ScreenData::begin()
+void ScreenData::startOnceSettingsLoaded()
 {
-    if (m_hasBegun || !settingsDidLoad())
+    if (m_hasStarted || !settingsDidLoad())
         return;
-    m_hasBegun = true;
+    m_hasStarted = true;
     for (const QString &name :
          {notifications::didReceiveMessage, notifications::didReceiveStateUpdate,
           notifications::didSendMessage})
@@ -56,7 +56,7 @@ void ScreenData::begin()
     load();
 }
 
-void ScreenData::takeOver()
+void ScreenData::syncFromStore()
 {
     // Behind a skeleton the rows are kept, so that the list keeps its position.
     if (const auto tickets = m_ticketsData->state().value())

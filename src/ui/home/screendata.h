@@ -33,7 +33,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
     Q_PROPERTY(QString errorText READ errorText NOTIFY ticketsChanged)
     Q_PROPERTY(QAbstractItemModel *tickets READ tickets CONSTANT)
     Q_PROPERTY(tolvane::NavigationData *navigation READ navigation CONSTANT)
-    Q_PROPERTY(tolvane::MessageData *messages READ messages CONSTANT)
+    Q_PROPERTY(tolvane::MessageData *attachmentSelection READ attachmentSelection CONSTANT)
 
 public:
     explicit ScreenData(QObject *parent = nullptr);
@@ -46,7 +46,7 @@ public:
     QString errorText() const;
     QAbstractItemModel *tickets() { return &m_tickets; }
     NavigationData *navigation() { return &m_navigation; }
-    MessageData *messages() { return &m_messages; }
+    MessageData *attachmentSelection() { return &m_attachmentSelection; }
 
     /// Loads the tickets and shows that they are loading, as after pulling the list down.
     Q_INVOKABLE void load();
@@ -64,15 +64,15 @@ Q_SIGNALS:
     void hidden();
 
 private:
-    void begin();
-    void takeOver();
+    void startOnceSettingsLoaded();
+    void syncFromStore();
 
     const std::shared_ptr<TicketsData> m_ticketsData = std::make_shared<TicketsData>();
     TicketListModel m_tickets;
     NavigationData m_navigation;
-    MessageData m_messages;
+    MessageData m_attachmentSelection;
     std::vector<NotificationCenter::Observation> m_observations;
-    bool m_hasBegun = false;
+    bool m_hasStarted = false;
     bool m_isShown = false;
 };
 

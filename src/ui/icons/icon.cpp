@@ -21,7 +21,7 @@ void Icon::setName(const QString &name)
     if (name == m_name)
         return;
     m_name = name;
-    m_isKnown = IconCache::has(name);
+    m_isKnown = IconCache::contains(name);
     if (!m_isKnown && !name.isEmpty())
         qmlWarning(this) << "there is no icon " << name;
     polish();

@@ -17,7 +17,7 @@ QString pathOf(const QString &name)
     return QStringLiteral(":/tolvane/icons/%1.svg").arg(name);
 }
 
-QImage drawn(const QString &name, const QSize &size, const QColor &color)
+QImage rendered(const QString &name, const QSize &size, const QColor &color)
 {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -44,7 +44,7 @@ IconCache::IconCache()
 {
 }
 
-bool IconCache::has(const QString &name)
+bool IconCache::contains(const QString &name)
 {
     return !name.isEmpty() && QFile::exists(pathOf(name));
 }
@@ -58,7 +58,7 @@ QImage IconCache::image(const QString &name, const QSize &size, const QColor &co
                             .arg(color.name(QColor::HexArgb));
     if (const QImage *known = m_images.object(key))
         return *known;
-    QImage image = drawn(name, size, color);
+    QImage image = rendered(name, size, color);
     m_images.insert(key, image, image.sizeInBytes());
     return image;
 }

@@ -17,7 +17,7 @@ public:
     IconCache();
 
     /// Whether the library has an icon of that name.
-    static bool has(const QString &name);
+    static bool contains(const QString &name);
 
     /// @param name of an existing icon
     /// @param size in physical pixels, not empty; the icon is centred, as large as fits

@@ -11,7 +11,7 @@ namespace tolvane {
 namespace {
 
 // The cache key of a null image.
-constexpr qint64 noPicture = 0;
+constexpr qint64 nullImageKey = 0;
 
 } // namespace
 
@@ -19,7 +19,7 @@ AsyncImage::AsyncImage(QQuickItem *parent, const std::optional<QSizeF> &thumbnai
     : QQuickItem(parent)
     , m_thumbnailSize(thumbnailSize)
 {
-    startAnew();
+    restartLoad();
 }
 
 void AsyncImage::setUrl(const QUrl &url)
@@ -27,14 +27,14 @@ void AsyncImage::setUrl(const QUrl &url)
     if (m_url == url)
         return;
     m_url = url;
-    startAnew();
+    restartLoad();
     Q_EMIT urlChanged();
 }
 
-void AsyncImage::requestSize(const QSizeF &size)
+void AsyncImage::setRequestedSize(const QSizeF &size)
 {
     m_thumbnailSize = size;
-    startAnew();
+    restartLoad();
 }
 
 void AsyncImage::setContent(QQmlComponent *content)
@@ -42,7 +42,7 @@ void AsyncImage::setContent(QQmlComponent *content)
     if (m_content == content)
         return;
     m_content = content;
-    if (m_shownPicture && *m_shownPicture != noPicture)
+    if (m_shownImageKey && *m_shownImageKey != nullImageKey)
         show(m_load->image());
     Q_EMIT contentChanged();
 }
@@ -52,19 +52,19 @@ void AsyncImage::setPlaceholder(QQmlComponent *placeholder)
     if (m_placeholder == placeholder)
         return;
     m_placeholder = placeholder;
-    if (m_shownPicture == noPicture)
+    if (m_shownImageKey == nullImageKey)
         show({});
     Q_EMIT placeholderChanged();
 }
 
-void AsyncImage::startAnew()
+void AsyncImage::restartLoad()
 {
     if (m_load)
         m_load->disconnect(this);
     m_load = std::make_shared<ImageLoad>(m_url, m_thumbnailSize);
     connect(m_load.get(), &ImageLoad::changed, this, [this] {
         Q_EMIT loadChanged();
-        updateBody();
+        updateShownItem();
     });
     Q_EMIT loadChanged();
     if (m_isPresent)
@@ -98,31 +98,32 @@ void AsyncImage::updatePresence(const QQuickWindow *window)
 
 void AsyncImage::appear()
 {
-    m_load->lookAtCaches();
-    updateBody();
-    m_load->begin(window()->effectiveDevicePixelRatio());
+    m_load->loadFromCaches();
+    updateShownItem();
+    m_load->start(window()->effectiveDevicePixelRatio());
 }
 
-void AsyncImage::updateBody()
+void AsyncImage::updateShownItem()
 {
     // An item that has never appeared shows nothing, not even the placeholder.
-    if (!m_isPresent && !m_shownPicture)
+    if (!m_isPresent && !m_shownImageKey)
         return;
     const QImage picture = m_load->image();
-    if (m_shownPicture != picture.cacheKey())
+    if (m_shownImageKey != picture.cacheKey())
         show(picture);
 }
 
 void AsyncImage::show(const QImage &picture)
 {
-    m_shownPicture = picture.cacheKey();
+    m_shownImageKey = picture.cacheKey();
     if (picture.isNull())
-        replaceItem(make(m_placeholder ? *m_placeholder : commonPlaceholder(), {}));
+        replaceItem(createItem(m_placeholder ? *m_placeholder : defaultPlaceholder(), {}));
     else
-        replaceItem(m_content ? make(*m_content, {{QStringLiteral("image"), picture}}) : nullptr);
+        replaceItem(m_content ? createItem(*m_content, {{QStringLiteral("image"), picture}})
+                              : nullptr);
 }
 
-QQuickItem *AsyncImage::make(QQmlComponent &component, const QVariantMap &properties)
+QQuickItem *AsyncImage::createItem(QQmlComponent &component, const QVariantMap &properties)
 {
     QQmlContext *context = component.creationContext();
     if (!context)
@@ -143,7 +144,7 @@ QQuickItem *AsyncImage::make(QQmlComponent &component, const QVariantMap &proper
     return item;
 }
 
-QQmlComponent &AsyncImage::commonPlaceholder()
+QQmlComponent &AsyncImage::defaultPlaceholder()
 {
     // Compiled once for each engine, and deleted with it.
     const QString name = QStringLiteral("tolvaneCommonPlaceholder");
@@ -170,14 +171,14 @@ void AsyncImage::replaceItem(QQuickItem *item)
     if (item) {
         item->setParent(this);
         item->setParentItem(this);
-        connect(item, &QQuickItem::implicitWidthChanged, this, &AsyncImage::followItem);
-        connect(item, &QQuickItem::implicitHeightChanged, this, &AsyncImage::followItem);
+        connect(item, &QQuickItem::implicitWidthChanged, this, &AsyncImage::syncGeometry);
+        connect(item, &QQuickItem::implicitHeightChanged, this, &AsyncImage::syncGeometry);
     }
-    followItem();
+    syncGeometry();
     Q_EMIT itemChanged();
 }
 
-void AsyncImage::followItem()
+void AsyncImage::syncGeometry()
 {
     setImplicitSize(m_item ? m_item->implicitWidth() : 0, m_item ? m_item->implicitHeight() : 0);
     if (m_item)
@@ -195,7 +196,7 @@ void ThumbnailAsyncImage::setThumbnailSize(const QSizeF &size)
 {
     if (thumbnailSize() == size)
         return;
-    requestSize(size);
+    setRequestedSize(size);
     Q_EMIT thumbnailSizeChanged();
 }
 

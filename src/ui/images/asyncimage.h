@@ -59,23 +59,23 @@ protected:
     explicit AsyncImage(QQuickItem *parent, const std::optional<QSizeF> &thumbnailSize = {});
 
     const std::optional<QSizeF> &requestedSize() const { return m_thumbnailSize; }
-    void requestSize(const QSizeF &size);
+    void setRequestedSize(const QSizeF &size);
 
     void componentComplete() override;
     void itemChange(ItemChange change, const ItemChangeData &data) override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
 
 private:
-    void startAnew();
+    void restartLoad();
     void updatePresence(const QQuickWindow *window);
     void appear();
-    void updateBody();
+    void updateShownItem();
     /// Shows the content if there is a picture, else the placeholder.
     void show(const QImage &picture);
-    QQuickItem *make(QQmlComponent &component, const QVariantMap &properties);
-    QQmlComponent &commonPlaceholder();
+    QQuickItem *createItem(QQmlComponent &component, const QVariantMap &properties);
+    QQmlComponent &defaultPlaceholder();
     void replaceItem(QQuickItem *item);
-    void followItem();
+    void syncGeometry();
 
     QUrl m_url;
     std::optional<QSizeF> m_thumbnailSize;
@@ -84,7 +84,7 @@ private:
     QPointer<QQmlComponent> m_placeholder;
     QPointer<QQuickItem> m_item;
     /// The cache key of the shown picture; empty before anything is shown.
-    std::optional<qint64> m_shownPicture;
+    std::optional<qint64> m_shownImageKey;
     bool m_isPresent = false;
 };
 

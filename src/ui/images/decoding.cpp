@@ -45,7 +45,7 @@ QByteArray formatOf(const QByteArray &bytes)
 
 /// The size of a GIF's screen. The decoder reads all of it, however little of it the first frame
 /// fills.
-QSize screenOf(const QByteArray &gif)
+QSize logicalScreenSize(const QByteArray &gif)
 {
     constexpr qsizetype place = 6;
     constexpr qsizetype length = 4;
@@ -85,7 +85,7 @@ public:
         m_scalesWhileDecoding = format == "jpeg";
         m_size = m_reader.size();
         if (format == "gif" && m_size.isValid())
-            m_size = m_size.expandedTo(screenOf(bytes));
+            m_size = m_size.expandedTo(logicalScreenSize(bytes));
     }
 
     /// The size as it is stored, before orientation applies. Invalid if the bytes are not a
@@ -106,7 +106,7 @@ private:
 };
 
 /// Converts to 32 bits a pixel in sRGB, which textures and painters use without conversion.
-QImage readyToDraw(QImage image)
+QImage convertedForRendering(QImage image)
 {
     static const QColorSpace standard(QColorSpace::SRgb);
     const QColorSpace space = image.colorSpace();
@@ -139,7 +139,7 @@ QImage Reader::read(double factor)
     QImage image;
     if (!m_reader.read(&image))
         return {};
-    return readyToDraw(std::move(image));
+    return convertedForRendering(std::move(image));
 }
 
 /// The factor for scaling down to a thumbnail; 1 for a picture that stays as it is.
@@ -157,17 +157,17 @@ double thumbnailFactor(const QSize &size, const QSize &target)
 
 } // namespace
 
-QSize claimedSize(const QByteArray &bytes)
+QSize declaredSize(const QByteArray &bytes)
 {
     return Reader(bytes).size();
 }
 
-bool isModest(const QByteArray &bytes)
+bool isCheapToDecode(const QByteArray &bytes)
 {
-    if (bytes.size() > modestBytes)
+    if (bytes.size() > maximumCheapBytes)
         return false;
-    const QSize size = claimedSize(bytes);
-    return !size.isEmpty() && pixelCount(size) <= modestPixels;
+    const QSize size = declaredSize(bytes);
+    return !size.isEmpty() && pixelCount(size) <= maximumCheapPixels;
 }
 
 QImage decoded(const QByteArray &bytes)

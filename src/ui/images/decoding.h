@@ -18,14 +18,14 @@ inline constexpr qint64 maximumPixels = 33'554'432;
 
 /// Pictures of up to this many pixels in up to this many bytes are cheap enough to be decoded at
 /// full size at any time.
-inline constexpr qint64 modestPixels = 2'097'152;
-inline constexpr qsizetype modestBytes = 4'194'304;
+inline constexpr qint64 maximumCheapPixels = 2'097'152;
+inline constexpr qsizetype maximumCheapBytes = 4'194'304;
 
 /// The size that the bytes declare, without decoding them. Invalid if they are not a picture.
-TOLVANE_VIEWS_AUTOTEST_EXPORT QSize claimedSize(const QByteArray &bytes);
+TOLVANE_VIEWS_AUTOTEST_EXPORT QSize declaredSize(const QByteArray &bytes);
 
 /// Whether the bytes declare a picture that is cheap to decode at full size.
-TOLVANE_VIEWS_AUTOTEST_EXPORT bool isModest(const QByteArray &bytes);
+TOLVANE_VIEWS_AUTOTEST_EXPORT bool isCheapToDecode(const QByteArray &bytes);
 
 /// Null if the bytes are not a picture, or one that is too large. A JPEG that is too large is
 /// decoded at a smaller size.

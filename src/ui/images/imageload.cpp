@@ -41,11 +41,11 @@ bool isLoadable(const QUrl &url)
 } // namespace
 
 /// How pictures are decoded from bytes and scaled; copied to the workers.
-class ImageLoad::Recipe
+class ImageLoad::DecodePlan
 {
 public:
     /// @param target of the thumbnail, in pixels; invalid for the whole picture
-    explicit Recipe(const QSize &target)
+    explicit DecodePlan(const QSize &target)
         : m_target(target)
     {
     }
@@ -54,7 +54,7 @@ public:
     {
         // A photo is decoded at the size of its thumbnail: at full size, it would take many times
         // as long and push everything else out of the cache.
-        if (m_target.isValid() && !images::isModest(bytes))
+        if (m_target.isValid() && !images::isCheapToDecode(bytes))
             return {.whole = {}, .shown = images::decodedThumbnail(bytes, m_target)};
         return fromWhole(images::decoded(bytes));
     }
@@ -67,14 +67,14 @@ public:
 
     /// From the response cache, else from the network; if that fails, the future holds the error.
     /// The main thread is woken once only for each picture.
-    QFuture<Pictures> obtain(const UrlRequest &request) const
+    QFuture<Pictures> fetch(const UrlRequest &request) const
     {
         auto promise = std::make_shared<QPromise<Pictures>>();
         promise->start();
-        platform().pictureWorkers->post([recipe = *this, request, promise] {
-            Pictures cached = recipe.fromCache(request);
+        platform().pictureWorkers->post([plan = *this, request, promise] {
+            Pictures cached = plan.fromCache(request);
             if (cached.shown.isNull())
-                recipe.download(request, promise);
+                plan.download(request, promise);
             else
                 fulfil(*promise, [&] { return cached; });
         });
@@ -91,9 +91,9 @@ private:
     void download(const UrlRequest &request,
                   const std::shared_ptr<QPromise<Pictures>> &promise) const
     {
-        const auto read = [recipe = *this, request, promise](QFuture<UrlResponse> answer) {
+        const auto read = [plan = *this, request, promise](QFuture<UrlResponse> answer) {
             platform().pictureWorkers->post([=] {
-                fulfil(*promise, [&] { return recipe.fromResponse(request, resultOf(answer)); });
+                fulfil(*promise, [&] { return plan.fromResponse(request, resultOf(answer)); });
             });
         };
         platform().urlSession->data(request).then(QtFuture::Launch::Sync, read);
@@ -117,7 +117,7 @@ ImageLoad::ImageLoad(const QUrl &url, std::optional<QSizeF> thumbnailSize)
 {
 }
 
-void ImageLoad::lookAtCaches()
+void ImageLoad::loadFromCaches()
 {
     if (!m_isLoadable || m_thumbnailSize || !m_image.isNull())
         return;
@@ -125,7 +125,7 @@ void ImageLoad::lookAtCaches()
     QImage image = cache.image(m_key);
     if (image.isNull()) {
         const auto cached = cache.responses().cachedResponse(m_request, UrlCache::Look::quick);
-        if (!cached || !images::isModest(cached->body))
+        if (!cached || !images::isCheapToDecode(cached->body))
             return;
         image = images::decoded(cached->body);
         if (image.isNull())
@@ -136,7 +136,7 @@ void ImageLoad::lookAtCaches()
     Q_EMIT changed();
 }
 
-void ImageLoad::begin(qreal scale)
+void ImageLoad::start(qreal scale)
 {
     if (!m_isLoadable || m_isLoading || !m_image.isNull())
         return;
@@ -146,13 +146,13 @@ void ImageLoad::begin(qreal scale)
 QCoro::Task<> ImageLoad::load(QSize target)
 {
     const auto self = shared_from_this();
-    const Recipe recipe(target);
+    const DecodePlan plan(target);
     setLoading(true);
 
     const QImage remembered = ImageCache::shared().image(m_key);
     if (!remembered.isNull()) {
         QFuture<Pictures> made = platform().pictureWorkers->run(
-            [recipe, remembered] { return recipe.fromWhole(remembered); });
+            [plan, remembered] { return plan.fromWhole(remembered); });
         const Pictures pictures = co_await settled(made);
         finish(pictures.shown);
         co_return;
@@ -160,7 +160,7 @@ QCoro::Task<> ImageLoad::load(QSize target)
 
     Pictures pictures;
     try {
-        QFuture<Pictures> obtained = recipe.obtain(m_request);
+        QFuture<Pictures> obtained = plan.fetch(m_request);
         pictures = co_await settled(obtained);
     } catch (...) {
         // The placeholder stays, and the failure is not shown. The view's next appearance tries

@@ -35,12 +35,12 @@ public:
 
     /// Takes the full-size picture from the caches if it is available there without waiting.
     /// Thumbnails never are.
-    void lookAtCaches();
+    void loadFromCaches();
 
     /// Called when the view has appeared: starts to load, unless there is nothing left to load or a
     /// load is running.
     /// @param scale the device pixel ratio
-    void begin(qreal scale);
+    void start(qreal scale);
 
 Q_SIGNALS:
     void changed();
@@ -52,7 +52,7 @@ private:
         QImage whole;
         QImage shown;
     };
-    class Recipe;
+    class DecodePlan;
 
     QCoro::Task<> load(QSize target);
     void setLoading(bool isLoading);

@@ -9,15 +9,15 @@ Loader {
     required property var transition
 
     function leave() {
-        shown.stop()
+        enterAnimation.stop()
         z = 0
         enabled = false
-        left.start()
+        exitAnimation.start()
     }
 
     Component.onCompleted: {
         if (!transition.immediate)
-            shown.start()
+            enterAnimation.start()
     }
 
     component Step: NumberAnimation {
@@ -27,14 +27,14 @@ Loader {
     }
 
     ParallelAnimation {
-        id: shown
+        id: enterAnimation
 
         Step { property: "scale"; from: page.transition.scale ?? 1; to: 1 }
         Step { property: "opacity"; from: 0; to: 1 }
     }
 
     ParallelAnimation {
-        id: left
+        id: exitAnimation
 
         Step { property: "scale"; to: page.transition.removalScale ?? 1 }
         Step { property: "opacity"; to: 0 }

@@ -41,7 +41,7 @@ Item {
     property LoadingStatePage current
     property string shownState: ""
 
-    function go() {
+    function updateView() {
         if (loadingState === shownState)
             return
         shownState = loadingState
@@ -55,8 +55,8 @@ Item {
         }) : null
     }
 
-    onLoadingStateChanged: go()
-    Component.onCompleted: go()
+    onLoadingStateChanged: updateView()
+    Component.onCompleted: updateView()
 
     Component {
         id: page

@@ -7,7 +7,7 @@ import Tolvane.Private
 Item {
     id: shimmer
 
-    readonly property real beginning: LayoutMirroring.enabled ? width : -width
+    readonly property real startX: LayoutMirroring.enabled ? width : -width
 
     anchors.fill: parent
     clip: true
@@ -27,8 +27,8 @@ Item {
         }
 
         XAnimator on x {
-            from: shimmer.beginning
-            to: -shimmer.beginning
+            from: shimmer.startX
+            to: -shimmer.startX
             duration: 1500
             loops: Animation.Infinite
             running: shimmer.visible && shimmer.width > 0

@@ -3,7 +3,7 @@ import QtQuick
 import Tolvane.Private
 
 // The placeholder of something that is loading: a bar.
-RoundedCorner {
+RoundedRectangle {
     id: box
 
     property color tint

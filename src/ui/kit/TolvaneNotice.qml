@@ -18,30 +18,30 @@ Item {
     property int padding: 40
     property int spacing: 20
     /// The visible height, in which the notice is centred.
-    property real room: height
+    property real visibleHeight: height
 
     /// True if the height is too small; margins and spacing are reduced then.
-    readonly property bool isCramped:
-        room < iconSize + spacing + texts.implicitHeight + 2 * padding
-    readonly property real edge: isCramped ? 8 : padding
+    readonly property bool isCompact:
+        visibleHeight < iconSize + spacing + texts.implicitHeight + 2 * padding
+    readonly property real verticalPadding: isCompact ? 8 : padding
     // Large letters need the width.
-    readonly property real sideEdge: titleSize > 28 ? 16 : padding
+    readonly property real horizontalPadding: titleSize > 28 ? 16 : padding
 
-    implicitHeight: column.implicitHeight + 2 * edge
+    implicitHeight: column.implicitHeight + 2 * verticalPadding
     Accessible.role: Accessible.StaticText
     Accessible.name: title.length > 0 ? title + ". " + detail : detail
 
     Column {
         id: column
 
-        x: notice.sideEdge
-        y: Math.max(notice.edge, (Math.min(notice.height, notice.room) - height) / 2)
+        x: notice.horizontalPadding
+        y: Math.max(notice.verticalPadding, (Math.min(notice.height, notice.visibleHeight) - height) / 2)
         width: parent.width - 2 * x
-        spacing: notice.isCramped ? 8 : notice.spacing
+        spacing: notice.isCompact ? 8 : notice.spacing
 
         Icon {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: notice.isCramped ? 0.7 * notice.iconSize : notice.iconSize
+            width: notice.isCompact ? 0.7 * notice.iconSize : notice.iconSize
             height: width
             name: notice.icon
             color: notice.iconColor

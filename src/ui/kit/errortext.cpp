@@ -8,7 +8,7 @@ namespace tolvane {
 
 namespace {
 
-const char *keyOf(int code)
+const char *translationKey(int code)
 {
     switch (code) {
     case UrlError::notConnectedToInternet:
@@ -27,7 +27,7 @@ QString errorText(const Error &error)
 {
     if (error.domain() != QLatin1String("NSURLErrorDomain"))
         return error.localizedDescription();
-    return platform().bundle->string(QString::fromLatin1(keyOf(error.code())));
+    return platform().bundle->string(QString::fromLatin1(translationKey(error.code())));
 }
 
 } // namespace tolvane

@@ -10,7 +10,7 @@ namespace tolvane {
 namespace {
 
 /// Android reports the rectangle in physical pixels, all others in device-independent pixels.
-double pixelsPerPoint()
+double keyboardPixelRatio()
 {
 #ifdef Q_OS_ANDROID
     return qGuiApp->devicePixelRatio();
@@ -37,7 +37,7 @@ bool Keyboard::isShown() const
 
 double Keyboard::top() const
 {
-    return QGuiApplication::inputMethod()->keyboardRectangle().top() / pixelsPerPoint();
+    return QGuiApplication::inputMethod()->keyboardRectangle().top() / keyboardPixelRatio();
 }
 
 void Keyboard::hide()

@@ -10,21 +10,21 @@
 
 namespace tolvane {
 
-struct DestinationValue
+struct DestinationForeign
 {
     Q_GADGET
     QML_FOREIGN(tolvane::TolvaneDestination)
     QML_VALUE_TYPE(destination)
 };
 
-struct NavigationDataType
+struct NavigationDataForeign
 {
     Q_GADGET
     QML_FOREIGN(tolvane::NavigationData)
     QML_NAMED_ELEMENT(NavigationData)
 };
 
-struct MessageDataType
+struct MessageDataForeign
 {
     Q_GADGET
     QML_FOREIGN(tolvane::MessageData)
@@ -32,7 +32,7 @@ struct MessageDataType
 };
 
 /// Creates destinations: `navigation.navigate(Destination.newTicket())`.
-class DestinationType : public QObject
+class DestinationFactory : public QObject
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(Destination)

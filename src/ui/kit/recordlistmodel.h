@@ -25,46 +25,46 @@ public:
 protected:
     const QList<Record> &records() const { return m_records; }
 
-    void replace(const QList<Record> &records) { replaceBehind(0, records); }
+    void replace(const QList<Record> &records) { replaceAfter(0, records); }
     /// Keeps the first `kept` rows and replaces all rows after them.
-    void replaceBehind(qsizetype kept, const QList<Record> &records);
+    void replaceAfter(qsizetype kept, const QList<Record> &records);
 
 private:
-    using Count = QHash<QString, int>;
+    using IdCounts = QHash<QString, int>;
 
     /// Applying a shuffled list takes one step for each record, and each step searches all others.
     /// Beyond this number of steps the model is reset instead.
-    static constexpr int mostSteps = 200;
+    static constexpr int maximumSteps = 200;
 
-    qsizetype takeOverBeginning(qsizetype kept, const QList<Record> &records);
-    qsizetype takeOverEnd(const QList<Record> &records, qsizetype most);
+    qsizetype updateCommonPrefix(qsizetype kept, const QList<Record> &records);
+    qsizetype updateCommonSuffix(const QList<Record> &records, qsizetype most);
     bool removeMissing(const QList<Record> &middle, qsizetype first, qsizetype last);
-    bool arrange(const QList<Record> &middle, qsizetype first, qsizetype countAfter);
+    bool insertAndMove(const QList<Record> &middle, qsizetype first, qsizetype countAfter);
     void insert(qsizetype row, const QList<Record> &records);
     void remove(qsizetype row, qsizetype count);
     void move(qsizetype from, qsizetype to);
     void change(qsizetype row, const Record &record);
     qsizetype indexOf(const QString &id, qsizetype from) const;
-    static Count countOf(const QList<Record> &records);
+    static IdCounts countIds(const QList<Record> &records);
 
     QList<Record> m_records;
 };
 
 template <typename Record>
-void RecordListModel<Record>::replaceBehind(qsizetype kept, const QList<Record> &records)
+void RecordListModel<Record>::replaceAfter(qsizetype kept, const QList<Record> &records)
 {
     // Most new lists differ from the old one at one end only, if at all.
-    const qsizetype beginning = takeOverBeginning(kept, records);
+    const qsizetype beginning = updateCommonPrefix(kept, records);
     const qsizetype first = kept + beginning;
     const qsizetype end =
-        takeOverEnd(records, std::min(m_records.size() - first, records.size() - beginning));
+        updateCommonSuffix(records, std::min(m_records.size() - first, records.size() - beginning));
     const qsizetype last = m_records.size() - end;
     const QList<Record> middle = records.sliced(beginning, records.size() - end - beginning);
     if (last == first) {
         insert(first, middle);
     } else if (middle.isEmpty()) {
         remove(first, last - first);
-    } else if (!removeMissing(middle, first, last) || !arrange(middle, first, end)) {
+    } else if (!removeMissing(middle, first, last) || !insertAndMove(middle, first, end)) {
         beginResetModel();
         m_records.remove(kept, m_records.size() - kept);
         m_records += records;
@@ -73,7 +73,7 @@ void RecordListModel<Record>::replaceBehind(qsizetype kept, const QList<Record> 
 }
 
 template <typename Record>
-qsizetype RecordListModel<Record>::takeOverBeginning(qsizetype kept, const QList<Record> &records)
+qsizetype RecordListModel<Record>::updateCommonPrefix(qsizetype kept, const QList<Record> &records)
 {
     const qsizetype most = std::min(m_records.size() - kept, records.size());
     qsizetype count = 0;
@@ -83,7 +83,7 @@ qsizetype RecordListModel<Record>::takeOverBeginning(qsizetype kept, const QList
 }
 
 template <typename Record>
-qsizetype RecordListModel<Record>::takeOverEnd(const QList<Record> &records, qsizetype most)
+qsizetype RecordListModel<Record>::updateCommonSuffix(const QList<Record> &records, qsizetype most)
 {
     qsizetype count = 0;
     for (; count < most; ++count) {
@@ -100,7 +100,7 @@ template <typename Record>
 bool RecordListModel<Record>::removeMissing(const QList<Record> &middle, qsizetype first,
                                             qsizetype last)
 {
-    Count wanted = countOf(middle);
+    IdCounts wanted = countIds(middle);
     int steps = 0;
     for (qsizetype row = first; row < last;) {
         qsizetype end = row;
@@ -110,7 +110,7 @@ bool RecordListModel<Record>::removeMissing(const QList<Record> &middle, qsizety
             ++row;
             continue;
         }
-        if (++steps > mostSteps)
+        if (++steps > maximumSteps)
             return false;
         remove(row, end - row);
         last -= end - row;
@@ -121,10 +121,10 @@ bool RecordListModel<Record>::removeMissing(const QList<Record> &middle, qsizety
 }
 
 template <typename Record>
-bool RecordListModel<Record>::arrange(const QList<Record> &middle, qsizetype first,
-                                      qsizetype countAfter)
+bool RecordListModel<Record>::insertAndMove(const QList<Record> &middle, qsizetype first,
+                                            qsizetype countAfter)
 {
-    Count kept = countOf(m_records.sliced(first, m_records.size() - first - countAfter));
+    IdCounts kept = countIds(m_records.sliced(first, m_records.size() - first - countAfter));
     int steps = 0;
     for (qsizetype at = 0; at < middle.size();) {
         qsizetype end = at;
@@ -141,7 +141,7 @@ bool RecordListModel<Record>::arrange(const QList<Record> &middle, qsizetype fir
             steps += old != row;
             change(row, middle.at(at++));
         }
-        if (steps > mostSteps)
+        if (steps > maximumSteps)
             return false;
     }
     return true;
@@ -196,9 +196,9 @@ qsizetype RecordListModel<Record>::indexOf(const QString &id, qsizetype from) co
 }
 
 template <typename Record>
-auto RecordListModel<Record>::countOf(const QList<Record> &records) -> Count
+auto RecordListModel<Record>::countIds(const QList<Record> &records) -> IdCounts
 {
-    Count count;
+    IdCounts count;
     for (const Record &record : records)
         ++count[record.id];
     return count;

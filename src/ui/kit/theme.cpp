@@ -24,7 +24,7 @@ bool Theme::isDark() const
            palette.color(QPalette::Window).lightness();
 }
 
-const std::optional<QString> &Theme::logoText() const
+const std::optional<QString> &Theme::logoUrl() const
 {
     const ColorScheme &scheme = ColorScheme::shared();
     return isDark() ? scheme.logoDark : scheme.logoLight;
@@ -55,19 +55,19 @@ double Theme::columnInset(double width, double margin) const
     return margin + std::max(0.0, (width - columnWidth()) / 2);
 }
 
-int Theme::scaled(int points) const
+int Theme::scaled(int pixels) const
 {
-    return qRound(points * textScale(QFontInfo(QGuiApplication::font()).pixelSize()));
+    return qRound(pixels * textScale(QFontInfo(QGuiApplication::font()).pixelSize()));
 }
 
 double textScale(int pixelSize)
 {
     // The default font size of desktops and phones, in pixels.
-    constexpr double usual = 13;
-    constexpr double ordinary = 1.4;
-    constexpr double most = 2;
-    const double wanted = pixelSize / usual;
-    return wanted > ordinary ? std::min(wanted, most) : 1;
+    constexpr double defaultPixelSize = 13;
+    constexpr double scalingThreshold = 1.4;
+    constexpr double maximumScale = 2;
+    const double wanted = pixelSize / defaultPixelSize;
+    return wanted > scalingThreshold ? std::min(wanted, maximumScale) : 1;
 }
 
 } // namespace tolvane

@@ -81,8 +81,8 @@ public:
     int columnWidth() const { return 860; }
     /// The distance of the content from either edge of an item of this width, at least the margin.
     Q_INVOKABLE double columnInset(double width, double margin) const;
-    bool hasLogo() const { return logoText().has_value(); }
-    QUrl logo() const { return QUrl(logoText().value_or(QString())); }
+    bool hasLogo() const { return logoUrl().has_value(); }
+    QUrl logo() const { return QUrl(logoUrl().value_or(QString())); }
 
 Q_SIGNALS:
     void changed();
@@ -91,10 +91,10 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    const std::optional<QString> &logoText() const;
+    const std::optional<QString> &logoUrl() const;
     QColor branded(DynamicColor ColorScheme::*color) const;
     QColor byAppearance(QRgb light, QRgb dark) const;
-    int scaled(int points) const;
+    int scaled(int pixels) const;
 };
 
 } // namespace tolvane

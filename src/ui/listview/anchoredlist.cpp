@@ -13,13 +13,13 @@ namespace tolvane {
 
 AnchoredList::AnchoredList(QQuickItem *parent)
     : QQuickItem(parent)
-    , m_goal([this] { polish(); })
+    , m_scrollAnimation([this] { polish(); })
 {
 }
 
 AnchoredList::~AnchoredList()
 {
-    m_goal.stop();
+    m_scrollAnimation.stop();
 }
 
 void AnchoredList::setModel(QAbstractItemModel *model)
@@ -48,10 +48,10 @@ void AnchoredList::setModel(QAbstractItemModel *model)
                 [this](const QModelIndex &first, const QModelIndex &last, const QList<int> &roles) {
                     updateRows(first.row(), last.row(), roles);
                 });
-        connect(model, &Model::modelReset, this, &AnchoredList::restart);
-        connect(model, &QObject::destroyed, this, &AnchoredList::restart);
+        connect(model, &Model::modelReset, this, &AnchoredList::resetRows);
+        connect(model, &QObject::destroyed, this, &AnchoredList::resetRows);
     }
-    restart();
+    resetRows();
     Q_EMIT modelChanged();
 }
 
@@ -60,7 +60,7 @@ void AnchoredList::setKindRole(const QString &role)
     if (m_kindRole == role)
         return;
     m_kindRole = role;
-    m_spareItems.clear();
+    m_pooledItems.clear();
     Q_EMIT kindRoleChanged();
 }
 
@@ -69,7 +69,7 @@ void AnchoredList::setDelegate(QQmlComponent *delegate)
     if (m_delegate == delegate)
         return;
     m_delegate = delegate;
-    restart();
+    resetRows();
     Q_EMIT delegateChanged();
 }
 
@@ -103,48 +103,48 @@ void AnchoredList::setTrailing(const QVariantList &components)
     Q_EMIT trailingChanged();
 }
 
-void AnchoredList::restart()
+void AnchoredList::resetRows()
 {
     m_rows.clear();
     m_leaving.clear();
-    m_spareItems.clear();
+    m_pooledItems.clear();
     m_offsets.clear();
     const int count = modelCount() + int(m_trailing.size());
     m_offsets.insert(0, count);
-    m_arrivals.assign(std::size_t(count), -1);
-    m_anchor = 0;
-    m_anchorPlace = m_topMargin;
+    m_insertionLayouts.assign(std::size_t(count), -1);
+    m_anchorRow = 0;
+    m_anchorPosition = m_topMargin;
     m_firstRow = 0;
     m_isAtEnd = true;
-    m_goal.stop();
+    m_scrollAnimation.stop();
     setCurrentIndex(-1);
     polish();
 }
 
-void AnchoredList::notePlaces()
+void AnchoredList::rememberPositions()
 {
     polish();
-    if (m_layout == 0)
+    if (m_layoutCount == 0)
         return;
     m_isAtEnd = false;
     // The first visible row stays in place when rows below it are inserted or removed.
-    const int row = std::max(0, m_offsets.rowAt(m_contentY - placeOf(0)));
-    m_anchorPlace = placeOf(row);
-    m_anchor = row;
+    const int row = std::max(0, m_offsets.rowAt(m_contentY - positionOf(0)));
+    m_anchorPosition = positionOf(row);
+    m_anchorRow = row;
     for (std::size_t at = 0; at < m_rows.size(); ++at) {
-        if (m_rows[at] && !m_rows[at]->before)
-            m_rows[at]->before = placeOf(m_firstRow + int(at)) + m_rows[at]->shift();
+        if (m_rows[at] && !m_rows[at]->previousPosition)
+            m_rows[at]->previousPosition = positionOf(m_firstRow + int(at)) + m_rows[at]->shift();
     }
 }
 
 void AnchoredList::insertRows(int row, int count)
 {
-    notePlaces();
-    const bool isAbove = row < m_anchor || (row == m_anchor && row < m_offsets.count());
+    rememberPositions();
+    const bool isAbove = row < m_anchorRow || (row == m_anchorRow && row < m_offsets.count());
     m_offsets.insert(row, count);
-    m_arrivals.insert(m_arrivals.begin() + row, std::size_t(count), m_layout);
+    m_insertionLayouts.insert(m_insertionLayouts.begin() + row, std::size_t(count), m_layoutCount);
     if (isAbove)
-        m_anchor += count;
+        m_anchorRow += count;
     if (row <= m_firstRow) {
         m_firstRow += count;
     } else if (row < m_firstRow + int(m_rows.size())) {
@@ -160,7 +160,7 @@ void AnchoredList::insertRows(int row, int count)
 
 void AnchoredList::removeRows(int row, int count)
 {
-    notePlaces();
+    rememberPositions();
     const int first = std::clamp(row - m_firstRow, 0, int(m_rows.size()));
     const int last = std::clamp(row + count - m_firstRow, 0, int(m_rows.size()));
     for (int at = first; at < last; ++at) {
@@ -168,13 +168,14 @@ void AnchoredList::removeRows(int row, int count)
         if (!leaving)
             continue;
         leaving->leave();
-        m_leaving.push_back({std::move(leaving), placeOf(m_firstRow + at)});
+        m_leaving.push_back({std::move(leaving), positionOf(m_firstRow + at)});
     }
     m_rows.erase(m_rows.begin() + first, m_rows.begin() + last);
     m_firstRow -= std::clamp(m_firstRow - row, 0, count);
     m_offsets.remove(row, count);
-    m_arrivals.erase(m_arrivals.begin() + row, m_arrivals.begin() + row + count);
-    m_anchor -= std::clamp(m_anchor - row, 0, count);
+    m_insertionLayouts.erase(m_insertionLayouts.begin() + row,
+                             m_insertionLayouts.begin() + row + count);
+    m_anchorRow -= std::clamp(m_anchorRow - row, 0, count);
     if (m_currentIndex >= row) {
         m_currentIndex = m_currentIndex < row + count ? -1 : m_currentIndex - count;
         Q_EMIT currentIndexChanged();
@@ -185,13 +186,13 @@ void AnchoredList::updateRows(int first, int last, const QList<int> &roles)
 {
     // Replaced records animate to their positions; changed roles keep the list at its end.
     if (roles.isEmpty())
-        notePlaces();
+        rememberPositions();
     const int end = std::min(last + 1, m_firstRow + int(m_rows.size()));
     for (int row = std::max(first, m_firstRow); row < end; ++row) {
         const ListRow *shown = rowAt(row);
         if (!shown)
             continue;
-        setProperties(*shown->item(), rolesOf(row, roles));
+        setProperties(*shown->item(), roleValues(row, roles));
     }
 }
 
@@ -201,7 +202,7 @@ void AnchoredList::setProperties(QQuickItem &item, const QVariantMap &values)
         item.setProperty(value.key().toUtf8().constData(), value.value());
 }
 
-std::unique_ptr<ListRow> &AnchoredList::slot(int row)
+std::unique_ptr<ListRow> &AnchoredList::rowSlot(int row)
 {
     if (m_rows.empty())
         m_firstRow = row;
@@ -231,14 +232,14 @@ int AnchoredList::indexOf(const QQuickItem *item) const
     return found == m_rows.end() ? -1 : m_firstRow + int(found - m_rows.begin());
 }
 
-std::unique_ptr<ListRow> AnchoredList::make(int row)
+std::unique_ptr<ListRow> AnchoredList::createRow(int row)
 {
     const QVariant kind = kindOf(row);
-    ItemPointer item = takeSpare(kind);
+    ItemPointer item = takePooledItem(kind);
     if (item)
-        fillAnew(*item, row);
+        reuseItem(*item, row);
     else
-        item = created(row);
+        item = createItem(row);
     if (!item)
         return nullptr;
     // Screen readers read the rows in the order of the items.
@@ -249,13 +250,13 @@ std::unique_ptr<ListRow> AnchoredList::make(int row)
     item->setHeight(item->implicitHeight());
     m_offsets.setHeight(row, item->implicitHeight());
     connect(item.get(), &QQuickItem::implicitHeightChanged, this,
-            [this, shown = item.get()] { measure(shown); });
+            [this, shown = item.get()] { updateRowHeight(shown); });
     auto made = std::make_unique<ListRow>(std::move(item), [this] { polish(); });
     made->kind = kind;
     return made;
 }
 
-ItemPointer AnchoredList::created(int row)
+ItemPointer AnchoredList::createItem(int row)
 {
     const int trailing = row - modelCount();
     QQmlComponent *component = trailing < 0 ? m_delegate : m_trailing.value(trailing);
@@ -265,7 +266,7 @@ ItemPointer AnchoredList::created(int row)
         return nullptr;
     }
     QQmlContext *context = component->creationContext();
-    QVariantMap properties = rolesOf(row);
+    QVariantMap properties = roleValues(row);
     properties[QStringLiteral("parent")] = QVariant::fromValue(this);
     properties[QStringLiteral("width")] = width();
     QObject *object =
@@ -282,10 +283,10 @@ ItemPointer AnchoredList::created(int row)
     return ItemPointer(item);
 }
 
-void AnchoredList::fillAnew(QQuickItem &item, int row)
+void AnchoredList::reuseItem(QQuickItem &item, int row)
 {
     item.setWidth(width());
-    setProperties(item, rolesOf(row));
+    setProperties(item, roleValues(row));
     item.setProperty("isCurrent", row == m_currentIndex);
     item.setVisible(true);
 }
@@ -297,39 +298,39 @@ QVariant AnchoredList::kindOf(int row) const
                                            : QVariant();
 }
 
-ItemPointer AnchoredList::takeSpare(const QVariant &kind)
+ItemPointer AnchoredList::takePooledItem(const QVariant &kind)
 {
-    const auto found = kind.isValid() ? std::ranges::find(m_spareItems, kind, &SpareItem::kind)
-                                      : m_spareItems.end();
-    if (found == m_spareItems.end())
+    const auto found = kind.isValid() ? std::ranges::find(m_pooledItems, kind, &PooledItem::kind)
+                                      : m_pooledItems.end();
+    if (found == m_pooledItems.end())
         return nullptr;
     ItemPointer item = std::move(found->item);
-    m_spareItems.erase(found);
+    m_pooledItems.erase(found);
     return item;
 }
 
-void AnchoredList::drop(std::unique_ptr<ListRow> dropped)
+void AnchoredList::recycleRow(std::unique_ptr<ListRow> dropped)
 {
-    constexpr std::size_t mostSpareItems = 12;
+    constexpr std::size_t maxPooledItems = 12;
     if (!dropped || !dropped->kind.isValid())
         return;
     ItemPointer item = dropped->takeItem();
     item->disconnect(this);
     item->setVisible(false);
     item->setOpacity(1);
-    m_spareItems.push_back({.kind = dropped->kind, .item = std::move(item)});
-    if (m_spareItems.size() <= mostSpareItems)
+    m_pooledItems.push_back({.kind = dropped->kind, .item = std::move(item)});
+    if (m_pooledItems.size() <= maxPooledItems)
         return;
     // Discards an item whose kind the pool has more of, else the item that has been unused for the
     // longest: the rarest kinds, with pictures, are the most expensive to create.
-    const auto hasTwin = [this](const SpareItem &each) {
-        return std::ranges::count(m_spareItems, each.kind, &SpareItem::kind) > 1;
+    const auto hasTwin = [this](const PooledItem &each) {
+        return std::ranges::count(m_pooledItems, each.kind, &PooledItem::kind) > 1;
     };
-    const auto twin = std::ranges::find_if(m_spareItems, hasTwin);
-    m_spareItems.erase(twin == m_spareItems.end() ? m_spareItems.begin() : twin);
+    const auto twin = std::ranges::find_if(m_pooledItems, hasTwin);
+    m_pooledItems.erase(twin == m_pooledItems.end() ? m_pooledItems.begin() : twin);
 }
 
-QVariantMap AnchoredList::rolesOf(int row, const QList<int> &roles) const
+QVariantMap AnchoredList::roleValues(int row, const QList<int> &roles) const
 {
     QVariantMap values;
     if (row >= modelCount())
@@ -344,7 +345,7 @@ QVariantMap AnchoredList::rolesOf(int row, const QList<int> &roles) const
     return values;
 }
 
-void AnchoredList::measure(const QQuickItem *item)
+void AnchoredList::updateRowHeight(const QQuickItem *item)
 {
     const int row = indexOf(item);
     if (row < 0)

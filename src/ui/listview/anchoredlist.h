@@ -3,7 +3,7 @@
 
 #include "ui/listview/listrow.h"
 #include "ui/listview/rowoffsets.h"
-#include "ui/listview/scrollgoal.h"
+#include "ui/listview/scrollanimation.h"
 
 #include <QtCore/QAbstractItemModel>
 #include <QtCore/QPointer>
@@ -103,7 +103,7 @@ Q_SIGNALS:
     void endsChanged();
     void currentIndexChanged();
     /// The Flickable has to scroll to this position.
-    void moveRequested(double contentY);
+    void scrollRequested(double contentY);
 
 protected:
     void componentComplete() override;
@@ -115,39 +115,39 @@ private:
 
     // Changes of the model.
     int modelCount() const { return m_model ? m_model->rowCount() : 0; }
-    void restart();
+    void resetRows();
     void insertRows(int row, int count);
     void removeRows(int row, int count);
     void updateRows(int first, int last, const QList<int> &roles);
-    void notePlaces();
+    void rememberPositions();
 
     // Positions of rows.
-    double placeOf(int row) const;
-    double firstPlace() const;
-    double lastPlace() const;
-    void anchorAt(double top);
-    void fill(double top, double below);
-    void dropOutside(int first, int last);
-    double wantedPlace(double place) const;
-    double goalPlace() const;
-    double restingPlace() const;
+    double positionOf(int row) const;
+    double minContentY() const;
+    double maxContentY() const;
+    void chooseAnchor(double top);
+    void fillViewport(double top, double below);
+    void recycleRowsOutside(int first, int last);
+    double nextContentY(double place) const;
+    double targetContentY() const;
+    double finalContentY() const;
     void beginScroll();
-    void settle();
-    void animateArrivals();
-    void report(double place);
+    void layoutRows();
+    void animateRowChanges();
+    void publishLayout(double place);
 
     // Items of rows.
-    std::unique_ptr<ListRow> &slot(int row);
+    std::unique_ptr<ListRow> &rowSlot(int row);
     ListRow *rowAt(int row) const;
-    std::unique_ptr<ListRow> make(int row);
-    ItemPointer created(int row);
-    void fillAnew(QQuickItem &item, int row);
+    std::unique_ptr<ListRow> createRow(int row);
+    ItemPointer createItem(int row);
+    void reuseItem(QQuickItem &item, int row);
     QVariant kindOf(int row) const;
-    ItemPointer takeSpare(const QVariant &kind);
-    void drop(std::unique_ptr<ListRow> dropped);
+    ItemPointer takePooledItem(const QVariant &kind);
+    void recycleRow(std::unique_ptr<ListRow> dropped);
     static void setProperties(QQuickItem &item, const QVariantMap &values);
-    QVariantMap rolesOf(int row, const QList<int> &roles = {}) const;
-    void measure(const QQuickItem *item);
+    QVariantMap roleValues(int row, const QList<int> &roles = {}) const;
+    void updateRowHeight(const QQuickItem *item);
 
     QPointer<QAbstractItemModel> m_model;
     QPointer<QQmlComponent> m_delegate;
@@ -160,22 +160,22 @@ private:
 
     RowOffsets m_offsets;
     /// For each row, the number of the first layout after its insertion; -1 for initial rows.
-    std::vector<int> m_arrivals;
-    int m_layout = 0;
+    std::vector<int> m_insertionLayouts;
+    int m_layoutCount = 0;
     /// The row whose position is fixed; the number of rows stands for the end of the last one.
-    int m_anchor = 0;
-    double m_anchorPlace = 0;
+    int m_anchorRow = 0;
+    double m_anchorPosition = 0;
 
     /// The rows that have items, in order, without gaps after a layout.
     Rows m_rows;
     int m_firstRow = 0;
-    struct SpareItem
+    struct PooledItem
     {
         QVariant kind;
         ItemPointer item;
     };
     /// Items of rows that became invisible, for rows that become visible next.
-    std::deque<SpareItem> m_spareItems;
+    std::deque<PooledItem> m_pooledItems;
     struct LeavingRow
     {
         std::unique_ptr<ListRow> row;
@@ -188,8 +188,8 @@ private:
     double m_start = 0;
     double m_end = 0;
     bool m_isAtEnd = true;
-    bool m_isSettling = false;
-    ScrollGoal m_goal;
+    bool m_isLayingOut = false;
+    ScrollAnimation m_scrollAnimation;
 };
 
 } // namespace tolvane

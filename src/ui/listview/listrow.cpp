@@ -16,22 +16,22 @@ ListRow::ListRow(ItemPointer item, std::function<void()> moved)
     : m_item(std::move(item))
     , m_moved(std::move(moved))
 {
-    m_motion.setStartValue(0.0);
-    m_motion.setEndValue(1.0);
-    m_motion.setDuration(300);
-    m_motion.setEasingCurve(QEasingCurve::InOutQuad);
-    QObject::connect(&m_motion, &QVariantAnimation::valueChanged, m_item.get(),
+    m_animation.setStartValue(0.0);
+    m_animation.setEndValue(1.0);
+    m_animation.setDuration(300);
+    m_animation.setEasingCurve(QEasingCurve::InOutQuad);
+    QObject::connect(&m_animation, &QVariantAnimation::valueChanged, m_item.get(),
                      [this](const QVariant &progress) { step(progress.toDouble()); });
 }
 
 ListRow::~ListRow()
 {
-    m_motion.disconnect();
+    m_animation.disconnect();
 }
 
 ItemPointer ListRow::takeItem()
 {
-    m_motion.disconnect();
+    m_animation.disconnect();
     return std::move(m_item);
 }
 
@@ -59,12 +59,12 @@ void ListRow::leave()
          {.shift = isDownwards ? height() : -height(), .opacity = 0});
 }
 
-void ListRow::move(const Look &from, const Look &to)
+void ListRow::move(const VisualState &from, const VisualState &to)
 {
-    m_motion.stop();
+    m_animation.stop();
     m_from = from;
     m_to = to;
-    m_motion.start();
+    m_animation.start();
     step(0);
 }
 

@@ -46,28 +46,28 @@ public:
     void displace(double from);
     /// Animates upwards, unless `leavesDownwards` of the item is true.
     void leave();
-    bool isMoving() const { return m_motion.state() == QAbstractAnimation::Running; }
+    bool isMoving() const { return m_animation.state() == QAbstractAnimation::Running; }
 
     /// The position before rows were inserted or removed.
-    std::optional<double> before;
+    std::optional<double> previousPosition;
     /// The kind that the item was created for; invalid if the item cannot be reused.
     QVariant kind;
 
 private:
-    struct Look
+    struct VisualState
     {
         double shift;
         double opacity;
     };
 
-    void move(const Look &from, const Look &to);
+    void move(const VisualState &from, const VisualState &to);
     void step(double progress);
 
     ItemPointer m_item;
     std::function<void()> m_moved;
-    QVariantAnimation m_motion;
-    Look m_from{};
-    Look m_to{};
+    QVariantAnimation m_animation;
+    VisualState m_from{};
+    VisualState m_to{};
     double m_shift = 0;
 };
 

@@ -7,20 +7,20 @@ namespace tolvane {
 
 void RowOffsets::insert(int row, int count)
 {
-    m_heights.insert(m_heights.begin() + row, std::size_t(count), estimate);
-    forgetBehind(row);
+    m_heights.insert(m_heights.begin() + row, std::size_t(count), estimatedHeight);
+    invalidateAfter(row);
 }
 
 void RowOffsets::remove(int row, int count)
 {
     m_heights.erase(m_heights.begin() + row, m_heights.begin() + row + count);
-    forgetBehind(row);
+    invalidateAfter(row);
 }
 
 void RowOffsets::clear()
 {
     m_heights.clear();
-    forgetBehind(0);
+    invalidateAfter(0);
 }
 
 void RowOffsets::setHeight(int row, double height)
@@ -28,7 +28,7 @@ void RowOffsets::setHeight(int row, double height)
     if (m_heights[std::size_t(row)] == height)
         return;
     m_heights[std::size_t(row)] = height;
-    forgetBehind(row);
+    invalidateAfter(row);
 }
 
 double RowOffsets::offset(int row) const
@@ -45,7 +45,7 @@ int RowOffsets::rowAt(double offset) const
     return std::clamp(int(behind - m_offsets.begin()) - 1, std::min(0, count() - 1), count() - 1);
 }
 
-void RowOffsets::forgetBehind(int row)
+void RowOffsets::invalidateAfter(int row)
 {
     if (m_offsets.size() > std::size_t(row) + 1)
         m_offsets.erase(m_offsets.begin() + row + 1, m_offsets.end());

@@ -10,7 +10,7 @@ namespace tolvane {
 class RowOffsets
 {
 public:
-    static constexpr double estimate = 100;
+    static constexpr double estimatedHeight = 100;
 
     int count() const { return int(m_heights.size()); }
     void insert(int row, int count);
@@ -27,7 +27,7 @@ public:
     int rowAt(double offset) const;
 
 private:
-    void forgetBehind(int row);
+    void invalidateAfter(int row);
 
     std::vector<double> m_heights;
     /// The offsets that have been calculated.

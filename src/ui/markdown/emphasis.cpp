@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/markdown/markdownpieces.h"
+#include "ui/markdown/inlineparser.h"
 
 #include <algorithm>
 
@@ -7,9 +7,9 @@ namespace tolvane::markdown {
 
 namespace {
 
-bool matches(const Piece &opener, const Piece &closer)
+bool matches(const InlineSpan &opener, const InlineSpan &closer)
 {
-    if (opener.delimiter != closer.delimiter || !opener.canOpen || opener.left == 0)
+    if (opener.delimiter != closer.delimiter || !opener.canOpen || opener.unmatched == 0)
         return false;
     // Some runs that could both open and close do not match each other, as in a*b**c*.
     const bool isAmbiguous = opener.canClose || closer.canOpen;
@@ -17,47 +17,47 @@ bool matches(const Piece &opener, const Piece &closer)
            (opener.length % 3 == 0 && closer.length % 3 == 0);
 }
 
-qsizetype openerOf(const Pieces &pieces, qsizetype first, qsizetype closer)
+qsizetype openerOf(const InlineSpans &spans, qsizetype first, qsizetype closer)
 {
     for (qsizetype at = closer - 1; at >= first; --at) {
-        if (matches(pieces.at(at), pieces.at(closer)))
+        if (matches(spans.at(at), spans.at(closer)))
             return at;
     }
     return -1;
 }
 
-void style(Pieces &pieces, qsizetype opener, qsizetype closer)
+void style(InlineSpans &spans, qsizetype opener, qsizetype closer)
 {
-    const bool isDouble = pieces.at(opener).left > 1 && pieces.at(closer).left > 1;
-    const int style = pieces.at(opener).delimiter == u'~' ? strikethrough
-                      : isDouble                          ? strong
-                                                          : emphasis;
+    const bool isDouble = spans.at(opener).unmatched > 1 && spans.at(closer).unmatched > 1;
+    const int style = spans.at(opener).delimiter == u'~' ? strikethrough
+                      : isDouble                         ? strong
+                                                         : emphasis;
     for (qsizetype at = opener + 1; at < closer; ++at) {
-        pieces[at].styles |= style;
+        spans[at].styles |= style;
         // Styles nest: runs between the two can no longer open one.
-        pieces[at].canOpen = false;
+        spans[at].canOpen = false;
     }
-    pieces[opener].left -= isDouble ? 2 : 1;
-    pieces[closer].left -= isDouble ? 2 : 1;
+    spans[opener].unmatched -= isDouble ? 2 : 1;
+    spans[closer].unmatched -= isDouble ? 2 : 1;
 }
 
 } // namespace
 
-void applyEmphasis(Pieces &pieces, qsizetype first)
+void applyEmphasis(InlineSpans &spans, qsizetype first)
 {
-    for (qsizetype closer = first; closer < pieces.size(); ++closer) {
-        while (pieces.at(closer).canClose && pieces.at(closer).left > 0) {
-            const qsizetype opener = openerOf(pieces, first, closer);
+    for (qsizetype closer = first; closer < spans.size(); ++closer) {
+        while (spans.at(closer).canClose && spans.at(closer).unmatched > 0) {
+            const qsizetype opener = openerOf(spans, first, closer);
             if (opener < 0)
                 break;
-            style(pieces, opener, closer);
+            style(spans, opener, closer);
         }
     }
-    for (qsizetype at = first; at < pieces.size(); ++at) {
-        Piece &piece = pieces[at];
-        if (piece.length > 0)
-            piece.text = QString(piece.left, piece.delimiter);
-        piece.canOpen = piece.canClose = false;
+    for (qsizetype at = first; at < spans.size(); ++at) {
+        InlineSpan &span = spans[at];
+        if (span.length > 0)
+            span.text = QString(span.unmatched, span.delimiter);
+        span.canOpen = span.canClose = false;
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/markdown/inlinemarkdown.h"
 
-#include "ui/markdown/markdownpieces.h"
+#include "ui/markdown/inlineparser.h"
 
 #include <array>
 
@@ -26,66 +26,66 @@ QString enclosed(const QString &element, const QString &attributes, const QStrin
     return QStringLiteral("<%1%2>%3</%1>").arg(element, attributes, html);
 }
 
-QString html(const Piece &piece)
+QString html(const InlineSpan &span)
 {
-    QString html = piece.text.toHtmlEscaped();
+    QString html = span.text.toHtmlEscaped();
     html.replace(u'\n', QStringLiteral("<br/>"));
     for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
-        if (piece.styles & element->style)
+        if (span.styles & element->style)
             html = enclosed(QString::fromLatin1(element->name), {}, html);
     }
-    if (!piece.link.isEmpty())
+    if (!span.link.isEmpty())
         html = enclosed(QStringLiteral("a"),
-                        QStringLiteral(" href=\"%1\"").arg(piece.link.toHtmlEscaped()), html);
+                        QStringLiteral(" href=\"%1\"").arg(span.link.toHtmlEscaped()), html);
     return html;
 }
 
 /// Merges adjacent spans that look alike, so that much punctuation adds no elements.
-Pieces joined(const Pieces &pieces)
+InlineSpans joined(const InlineSpans &spans)
 {
-    Pieces result;
-    for (const Piece &piece : pieces) {
-        if (piece.text.isEmpty())
+    InlineSpans result;
+    for (const InlineSpan &span : spans) {
+        if (span.text.isEmpty())
             continue;
-        if (!result.isEmpty() && result.last().styles == piece.styles &&
-            result.last().link == piece.link)
-            result.last().text += piece.text;
+        if (!result.isEmpty() && result.last().styles == span.styles &&
+            result.last().link == span.link)
+            result.last().text += span.text;
         else
-            result += piece;
+            result += span;
     }
     return result;
 }
 
-QString textOf(const Pieces &pieces)
+QString textOf(const InlineSpans &spans)
 {
     QString text;
-    for (const Piece &piece : pieces)
-        text += piece.text;
+    for (const InlineSpan &span : spans)
+        text += span.text;
     return text;
 }
 
 } // namespace
 
-StyledText inlineMarkdown(const QString &source)
+FormattedText inlineMarkdown(const QString &source)
 {
-    const Pieces pieces = joined(piecesOf(source));
-    StyledText result;
+    const InlineSpans spans = joined(parseInline(source));
+    FormattedText result;
     QString body;
-    for (const Piece &piece : pieces) {
-        result.isRich = result.isRich || piece.styles != 0 || !piece.link.isEmpty();
+    for (const InlineSpan &span : spans) {
+        result.isRich = result.isRich || span.styles != 0 || !span.link.isEmpty();
         if (result.link.isEmpty())
-            result.link = piece.link;
-        body += html(piece);
+            result.link = span.link;
+        body += html(span);
     }
     result.text = result.isRich ? enclosed(QStringLiteral("div"),
                                            QStringLiteral(" style=\"white-space:pre-wrap\""), body)
-                                : textOf(pieces);
+                                : textOf(spans);
     return result;
 }
 
 QString withoutMarkdown(const QString &source)
 {
-    return textOf(piecesOf(source));
+    return textOf(parseInline(source));
 }
 
 } // namespace tolvane

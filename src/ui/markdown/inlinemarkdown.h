@@ -9,7 +9,7 @@
 namespace tolvane {
 
 /// A message's text, formatted for display.
-class TOLVANE_VIEWS_AUTOTEST_EXPORT StyledText
+class TOLVANE_VIEWS_AUTOTEST_EXPORT FormattedText
 {
     Q_GADGET
     Q_PROPERTY(QString text MEMBER text)
@@ -23,7 +23,7 @@ public:
     bool isRich = false;
     QString link;
 
-    bool operator==(const StyledText &) const = default;
+    bool operator==(const FormattedText &) const = default;
 };
 
 /// Converts inline Markdown: emphasis, strong, strikethrough, code and links. Everything else,
@@ -31,7 +31,7 @@ public:
 /// HTML consists of escaped text and six elements, b, i, s, code, br and a, in one div; links are
 /// https, http and mailto only; it has nothing that could be fetched. The time may be quadratic in
 /// the length: this is meant for chunks of a few thousand characters.
-TOLVANE_VIEWS_AUTOTEST_EXPORT StyledText inlineMarkdown(const QString &source);
+TOLVANE_VIEWS_AUTOTEST_EXPORT FormattedText inlineMarkdown(const QString &source);
 
 /// The text without any formatting, for screen readers.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString withoutMarkdown(const QString &source);

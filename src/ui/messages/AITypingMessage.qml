@@ -17,7 +17,7 @@ Item {
         kind: "ai"
     }
 
-    BubbleGround {
+    BubbleBackground {
         id: bubble
 
         y: 10
@@ -42,6 +42,6 @@ Item {
         anchors.left: parent.left
         anchors.leftMargin: 16 + 42
         width: Math.min(implicitWidth, message.width - 32 - 42)
-        text: Texts.string("ticket_ai_is_typing")
+        text: Strings.string("ticket_ai_is_typing")
     }
 }

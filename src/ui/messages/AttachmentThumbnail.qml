@@ -7,7 +7,7 @@ Item {
     id: cell
 
     required property int index
-    required property url address
+    required property url imageUrl
     required property real cornerRadius
     /// The number of further pictures that are not shown.
     required property int remainingCount
@@ -21,12 +21,12 @@ Item {
             opened()
     }
 
-    readonly property bool isEmpty: String(address).length === 0
+    readonly property bool isEmpty: String(imageUrl).length === 0
 
     visible: !isEmpty
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
-    Accessible.name: Texts.string("accessibility_attachment").replace("%1", index + 1)
+    Accessible.name: Strings.string("accessibility_attachment").replace("%1", index + 1)
                                                          .replace("%2", totalCount)
     Accessible.focusable: true
     Accessible.onPressAction: open()
@@ -36,7 +36,7 @@ Item {
 
     ThumbnailAsyncImage {
         anchors.fill: parent
-        url: cell.address
+        url: cell.imageUrl
         thumbnailSize: Qt.size(cell.width, cell.height)
 
         content: RoundedImage {

@@ -14,7 +14,7 @@ Item {
     property real cornerRadius: 10
 
     signal pressed()
-    signal opened(url address)
+    signal opened(url imageUrl)
 
     function open(index) {
         (cells.itemAt(index) as AttachmentThumbnail).open()
@@ -23,7 +23,7 @@ Item {
     // Cells of a row that is not full are on that side as well.
     readonly property bool isRight: isCustomer !== LayoutMirroring.enabled
 
-    implicitHeight: layout.rows * (layout.side + spacing) - spacing
+    implicitHeight: layout.rows * (layout.cellSize + spacing) - spacing
 
     AttachmentsLayout {
         id: layout
@@ -38,22 +38,22 @@ Item {
             readonly property int row: Math.floor(index / layout.columns)
             readonly property int column: index % layout.columns
             // The number of cells between this one and the side.
-            readonly property int fromSide: grid.isCustomer ? Math.min(layout.columns, layout.count
+            readonly property int cellsFromEdge: grid.isCustomer ? Math.min(layout.columns, layout.count
                                                               - row * layout.columns) - 1 - column
                                                             : column
-            readonly property real distance: fromSide * (layout.side + grid.spacing)
+            readonly property real distance: cellsFromEdge * (layout.cellSize + grid.spacing)
 
             x: grid.isRight ? grid.width - width - distance : distance
-            y: row * (layout.side + grid.spacing)
-            width: layout.side
-            height: layout.side
+            y: row * (layout.cellSize + grid.spacing)
+            width: layout.cellSize
+            height: layout.cellSize
             // Reads the total, so that each change of the attachments evaluates the binding again.
-            address: index < layout.total ? layout.url(index) : ""
+            imageUrl: index < layout.total ? layout.url(index) : ""
             cornerRadius: grid.cornerRadius
             remainingCount: index < layout.total ? layout.remaining(index) : 0
             totalCount: layout.total
             onPressed: grid.pressed()
-            onOpened: grid.opened(address)
+            onOpened: grid.opened(imageUrl)
         }
     }
 }

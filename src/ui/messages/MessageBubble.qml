@@ -6,7 +6,7 @@ import Tolvane.Private
 Item {
     id: bubble
 
-    /// A StyledText.
+    /// A FormattedText.
     required property var content
     required property bool isCustomer
     /// All parts of a long text have the same width.
@@ -24,7 +24,7 @@ Item {
                              : maximumWidth
     height: Math.ceil(text.implicitHeight) + 32
 
-    BubbleGround {
+    BubbleBackground {
         anchors.fill: parent
         isRight: bubble.isCustomer !== bubble.LayoutMirroring.enabled
         isFirst: bubble.isFirst

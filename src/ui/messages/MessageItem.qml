@@ -11,7 +11,7 @@ Item {
     /// "picture", "person", "ai" or "none"
     required property string avatar
     required property url picture
-    /// A StyledText.
+    /// A FormattedText.
     required property var content
     required property string caption
     required property var attachments
@@ -66,7 +66,7 @@ Item {
         AttachmentsGrid {
             attachments: message.attachments
             isCustomer: message.isCustomer
-            onOpened: address => message.messageData.selectedAttachment = address
+            onOpened: imageUrl => message.messageData.selectedAttachment = imageUrl
             onPressed: message.pressed()
         }
     }

@@ -9,7 +9,7 @@ Item {
     required property bool isUser
     required property bool hasAvatar
 
-    readonly property color ground: isUser ? Theme.bubbleUserColor : Theme.bubbleAgentColor
+    readonly property color background: isUser ? Theme.bubbleUserColor : Theme.bubbleAgentColor
     readonly property bool showsAvatar: hasAvatar && !isUser
     readonly property var lines: isUser ? [200, 150] : [250, 180, 120]
 
@@ -25,7 +25,7 @@ Item {
         tint: Theme.bubbleAgentColor
     }
 
-    RoundedCorner {
+    RoundedRectangle {
         id: bubble
 
         anchors.left: message.isUser ? undefined : parent.left
@@ -34,7 +34,7 @@ Item {
         width: Math.min(message.lines[0] + 32, message.width - anchors.leftMargin)
         height: message.lines.length * 20 - 4 + 32
         radius: 16
-        color: Qt.alpha(message.ground, 0.5)
+        color: Qt.alpha(message.background, 0.5)
 
         Column {
             anchors.fill: parent

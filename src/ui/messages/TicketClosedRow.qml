@@ -34,7 +34,7 @@ Item {
             anchors.left: lock.right
             anchors.leftMargin: 4
             width: Math.min(implicitWidth, row.width - 32 - lock.width - 4)
-            text: Texts.string("ticket_closed")
+            text: Strings.string("ticket_closed")
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             color: Theme.fontBasicColor

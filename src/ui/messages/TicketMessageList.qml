@@ -26,11 +26,11 @@ Item {
     }
 
     // The duration of a scroll to the end that waits for the end of a drag; -1 without one.
-    property int postponed: -1
+    property int pendingScrollDuration: -1
 
     function scrollToEnd(duration) {
         if (flickable.dragging)
-            postponed = duration
+            pendingScrollDuration = duration
         else
             rows.scrollToEnd(duration)
     }
@@ -41,11 +41,11 @@ Item {
     onFocusItemChanged: {
         for (let item = focusItem; item && item !== list; item = item.parent) {
             if (item === rows)
-                showInside(focusItem)
+                scrollIntoView(focusItem)
         }
     }
 
-    function showInside(item) {
+    function scrollIntoView(item) {
         const top = item.mapToItem(list, 0, 0).y - 16
         const bottom = top + item.height + 32 - (height - bottomContentMargin)
         if (top < 0)
@@ -59,7 +59,7 @@ Item {
 
     activeFocusOnTab: true
     Accessible.role: Accessible.List
-    Accessible.name: Texts.string("ticket_list_your_messages")
+    Accessible.name: Strings.string("ticket_list_your_messages")
     Accessible.focusable: true
     Keys.onPressed: event => {
         const page = 0.9 * (height - bottomContentMargin)
@@ -119,10 +119,10 @@ Item {
         onDraggingChanged: {
             if (dragging)
                 Keyboard.hide()
-            if (dragging || list.postponed < 0)
+            if (dragging || list.pendingScrollDuration < 0)
                 return
-            rows.scrollToEnd(list.postponed)
-            list.postponed = -1
+            rows.scrollToEnd(list.pendingScrollDuration)
+            list.pendingScrollDuration = -1
         }
 
         AnchoredList {
@@ -137,7 +137,7 @@ Item {
             model: list.model
             kindRole: "kind"
             isMoving: flickable.moving
-            onMoveRequested: contentY => flickable.contentY = contentY
+            onScrollRequested: contentY => flickable.contentY = contentY
             trailing: (list.isAITyping ? [typing] : []).concat(list.isClosed ? [closed] : [])
 
             delegate: MessageItem {

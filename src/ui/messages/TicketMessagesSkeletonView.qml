@@ -11,7 +11,7 @@ Item {
 
     implicitHeight: rows.implicitHeight + 40
     Accessible.role: Accessible.StaticText
-    Accessible.name: Texts.string("accessibility_loading")
+    Accessible.name: Strings.string("accessibility_loading")
 
     MessageData {
         id: selection

@@ -26,8 +26,8 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT AttachmentsLayout : public QObject
     Q_PROPERTY(int count READ count NOTIFY changed)
     Q_PROPERTY(int columns READ columns NOTIFY changed)
     Q_PROPERTY(int rows READ rows NOTIFY changed)
-    Q_PROPERTY(double greatestWidth READ greatestWidth NOTIFY changed)
-    Q_PROPERTY(double side READ side NOTIFY changed)
+    Q_PROPERTY(double maxWidth READ maxWidth NOTIFY changed)
+    Q_PROPERTY(double cellSize READ cellSize NOTIFY changed)
 
 public:
     using QObject::QObject;
@@ -39,8 +39,8 @@ public:
     int count() const { return std::min(total(), maxGridSize); }
     int columns() const { return count() == 1 ? 1 : 2; }
     int rows() const { return (count() + 1) / 2; }
-    double greatestWidth() const { return count() == 1 ? 200 : count() == 2 ? 250 : 280; }
-    double side() const { return count() == 1 ? 200 : count() == 2 ? 122 : 138; }
+    double maxWidth() const { return count() == 1 ? 200 : count() == 2 ? 250 : 280; }
+    double cellSize() const { return count() == 1 ? 200 : count() == 2 ? 122 : 138; }
 
     /// The number of pictures that are not shown, for the cell that displays it; else 0.
     Q_INVOKABLE int remaining(int cell) const

@@ -12,7 +12,7 @@ namespace tolvane {
 
 namespace {
 
-bool isNews(const QList<MessageDto> &messages, const QList<MessageDto> &before)
+bool hasNewMessage(const QList<MessageDto> &messages, const QList<MessageDto> &before)
 {
     return !before.isEmpty() && messages.size() > before.size() &&
            messages.constLast().id != before.constLast().id &&
@@ -37,9 +37,9 @@ void MessageListModel::setMessages(const QList<MessageDto> &messages)
     if (same == messages.size() && same == m_messages.size())
         return;
     const QList<MessageDto> before = std::exchange(m_messages, messages);
-    replaceBehind(firstRowOf(same), messagerow::rowsOf(messages.sliced(same)));
+    replaceAfter(firstRowOf(same), messagerow::rowsOf(messages.sliced(same)));
     Q_EMIT messagesChanged();
-    if (isNews(messages, before))
+    if (hasNewMessage(messages, before))
         Q_EMIT messageArrived(messagerow::description(messages.constLast()));
 }
 
@@ -79,7 +79,7 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
     case pictureRole:
         return QUrl(message.sender.profilePicture.value_or(QString()));
     case contentRole:
-        return QVariant::fromValue(styled(row.text));
+        return QVariant::fromValue(formatted(row.text));
     case captionRole:
         return messagerow::caption(message);
     case attachmentsRole:
@@ -92,20 +92,20 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
         return row.isLast;
     case kindRole:
         return QStringList{messagerow::avatar(message.sender),
-                           styled(row.text).isRich ? QStringLiteral("rich") : QString(),
+                           formatted(row.text).isRich ? QStringLiteral("rich") : QString(),
                            attachmentsOf(row).isEmpty() ? QString() : QStringLiteral("pictures")};
     default:
         return {};
     }
 }
 
-const StyledText &MessageListModel::styled(const QString &source) const
+const FormattedText &MessageListModel::formatted(const QString &source) const
 {
-    if (m_styledSource != source) {
-        m_styledSource = source;
-        m_styled = inlineMarkdown(source);
+    if (m_formattedSource != source) {
+        m_formattedSource = source;
+        m_formatted = inlineMarkdown(source);
     }
-    return m_styled;
+    return m_formatted;
 }
 
 QHash<int, QByteArray> MessageListModel::roleNames() const

@@ -20,7 +20,7 @@ public:
         /// "picture", "person", "ai" or "none"
         avatarRole,
         pictureRole,
-        /// A StyledText.
+        /// A FormattedText.
         contentRole,
         captionRole,
         /// URLs, as received; empty for all but the message's first row.
@@ -57,12 +57,12 @@ Q_SIGNALS:
 private:
     /// The number of rows if there is no such message.
     qsizetype firstRowOf(qsizetype message) const;
-    const StyledText &styled(const QString &source) const;
+    const FormattedText &formatted(const QString &source) const;
 
     QList<MessageDto> m_messages;
     /// The last result is kept, as views read the roles of a row one after another.
-    mutable QString m_styledSource;
-    mutable StyledText m_styled;
+    mutable QString m_formattedSource;
+    mutable FormattedText m_formatted;
 };
 
 } // namespace tolvane

@@ -5,7 +5,7 @@
 #include "state/timeago.h"
 #include "ui/kit/isolatedtext.h"
 #include "ui/markdown/inlinemarkdown.h"
-#include "ui/messages/messageparts.h"
+#include "ui/messages/messagechunks.h"
 
 #include <QtCore/QStringList>
 
@@ -24,11 +24,11 @@ QString senderLabel(const SenderDto &sender)
 
 void addRows(QList<MessageRow> &rows, const MessageDto &message)
 {
-    if (message.content.size() <= longestPart) {
+    if (message.content.size() <= maxChunkLength) {
         rows += {.id = message.id, .message = message, .text = message.content};
         return;
     }
-    const QStringList parts = partsOf(message.content);
+    const QStringList parts = splitIntoChunks(message.content);
     for (qsizetype part = 0; part < parts.size(); ++part) {
         const bool isFirst = part == 0;
         rows +=

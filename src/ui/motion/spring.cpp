@@ -60,7 +60,7 @@ Spring::Motion Spring::after(double seconds, const Motion &start) const
             .velocity = velocity * even - (stiffness() * displacement + decay * velocity) * odd};
 }
 
-double Spring::reach(const Motion &motion) const
+double Spring::amplitude(const Motion &motion) const
 {
     if (!(response > 0))
         return 0;

@@ -28,7 +28,7 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT Spring
     Motion after(double seconds, const Motion &start) const;
 
     /// The amplitude that the motion would have without damping. It only decreases over time.
-    double reach(const Motion &motion) const;
+    double amplitude(const Motion &motion) const;
 };
 
 } // namespace tolvane

@@ -8,17 +8,18 @@ namespace tolvane {
 
 namespace {
 
-constexpr double leastDampingFraction = 0.05;
+constexpr double minimumDampingFraction = 0.05;
 
 /// The part of the initial amplitude that is too small to see: a tenth of a pixel in a thousand.
-constexpr double atRest = 0.0001;
+constexpr double invisibleFraction = 0.0001;
 
 } // namespace
 
 SpringValue::SpringValue(QObject *parent)
     : QObject(parent)
 {
-    connect(&m_frames, &QAbstractAnimation::stateChanged, this, &SpringValue::isRunningChanged);
+    connect(&m_frameTicker, &QAbstractAnimation::stateChanged, this,
+            &SpringValue::isRunningChanged);
 }
 
 void SpringValue::setTarget(double target)
@@ -32,19 +33,19 @@ void SpringValue::setTarget(double target)
     const double place = m_target + now.displacement;
     if (!replaceTarget(target))
         return;
-    m_running = m_spring;
+    m_runningSpring = m_spring;
     m_start = {.displacement = place - m_target, .velocity = now.velocity};
-    m_frames.stop();
-    m_frames.start();
+    m_frameTicker.stop();
+    m_frameTicker.start();
     Q_EMIT targetChanged();
 }
 
 void SpringValue::jumpTo(double value)
 {
-    const bool isOther = replaceTarget(value);
+    const bool isChanged = replaceTarget(value);
     if (std::isfinite(value))
-        rest();
-    if (isOther)
+        comeToRest();
+    if (isChanged)
         Q_EMIT targetChanged();
 }
 
@@ -66,7 +67,7 @@ void SpringValue::setResponse(double response)
 
 void SpringValue::setDampingFraction(double fraction)
 {
-    const double kept = std::max(leastDampingFraction, fraction);
+    const double kept = std::max(minimumDampingFraction, fraction);
     if (kept == m_spring.dampingFraction)
         return;
     m_spring.dampingFraction = kept;
@@ -75,7 +76,7 @@ void SpringValue::setDampingFraction(double fraction)
 
 Spring::Motion SpringValue::motion() const
 {
-    return isRunning() ? m_running.after(m_frames.currentTime() / 1000.0, m_start)
+    return isRunning() ? m_runningSpring.after(m_frameTicker.currentTime() / 1000.0, m_start)
                        : Spring::Motion();
 }
 
@@ -84,15 +85,15 @@ void SpringValue::step()
     if (!isRunning())
         return;
     const Spring::Motion now = motion();
-    if (m_running.reach(now) <= atRest * m_running.reach(m_start))
-        rest();
+    if (m_runningSpring.amplitude(now) <= invisibleFraction * m_runningSpring.amplitude(m_start))
+        comeToRest();
     else
         setValue(m_target + now.displacement);
 }
 
-void SpringValue::rest()
+void SpringValue::comeToRest()
 {
-    m_frames.stop();
+    m_frameTicker.stop();
     setValue(m_target);
 }
 

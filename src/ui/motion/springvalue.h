@@ -44,7 +44,7 @@ public:
     void setResponse(double response);
     double dampingFraction() const { return m_spring.dampingFraction; }
     void setDampingFraction(double fraction);
-    bool isRunning() const { return m_frames.state() == QAbstractAnimation::Running; }
+    bool isRunning() const { return m_frameTicker.state() == QAbstractAnimation::Running; }
 
     /// Sets target and value without animation. Stops a running animation.
     Q_INVOKABLE void jumpTo(double value);
@@ -61,10 +61,10 @@ protected:
 
 private:
     /// Calls step() once a frame of the display.
-    class Frames final : public QAbstractAnimation
+    class FrameTicker final : public QAbstractAnimation
     {
     public:
-        explicit Frames(SpringValue &value)
+        explicit FrameTicker(SpringValue &value)
             : m_springValue(value)
         {
         }
@@ -79,17 +79,17 @@ private:
 
     Spring::Motion motion() const;
     void step();
-    void rest();
+    void comeToRest();
     void setValue(double value);
     bool replaceTarget(double target);
 
     Spring m_spring;
     /// The spring of the running animation, and the motion that it started with.
-    Spring m_running;
+    Spring m_runningSpring;
     Spring::Motion m_start;
     double m_target = 0;
     double m_value = 0;
-    Frames m_frames{*this};
+    FrameTicker m_frameTicker{*this};
     bool m_isComplete = true;
 };
 

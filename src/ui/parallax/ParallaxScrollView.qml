@@ -40,7 +40,7 @@ Item {
     property alias reuseItems: list.reuseItems
     /// Set to false if the content does not reach into the sheet's corners: rendering is cheaper
     /// then.
-    property bool cutsCorners: true
+    property bool clipsCorners: true
     /// What the rows are, for screen readers.
     property string listName
     /// The space below the last row or the content.
@@ -55,7 +55,7 @@ Item {
     /// For the other properties of a list, such as its position and its count.
     readonly property alias list: list
 
-    onMinimumHeightChanged: list.arrange()
+    onMinimumHeightChanged: list.updateHeights()
 
     ParallaxScroll {
         id: rules
@@ -63,7 +63,7 @@ Item {
         configuration: view.configuration
         viewHeight: view.height
         isLandscape: view.isLandscape
-        onLayoutChanged: list.arrange()
+        onLayoutChanged: list.updateHeights()
     }
 
     Rectangle {
@@ -82,11 +82,11 @@ Item {
     ListView {
         id: list
 
-        property bool isArranging
+        property bool isUpdatingHeights
 
-        function measure() {
-            if (!isArranging)
-                rules.scroll(originY - contentY)
+        function updateOffset() {
+            if (!isUpdatingHeights)
+                rules.setScrollOffset(originY - contentY)
         }
 
         // Sets the heights of everything above the rows. Bindings would loop: the list applies the
@@ -94,19 +94,19 @@ Item {
         //
         // If anything above the rows is visible, the distance from the top is kept; otherwise the
         // rows stay in place.
-        function arrange() {
-            if (!headerItem || isArranging)
+        function updateHeights() {
+            if (!headerItem || isUpdatingHeights)
                 return
             const offset = rules.offset
             const isSeen = -offset <= headerItem.height
-            isArranging = true
+            isUpdatingHeights = true
             content.height = content.wantedHeight()
             headerItem.height = rules.spacerHeight + content.height
             if (isSeen)
                 contentY = originY - offset
-            isArranging = false
-            measure()
-            settling.start()
+            isUpdatingHeights = false
+            updateOffset()
+            boundsTimer.start()
         }
 
         y: rules.collapsedHeight
@@ -120,16 +120,16 @@ Item {
         Accessible.role: Accessible.List
         Accessible.name: view.listName
 
-        onContentYChanged: measure()
-        onCountChanged: arrange()
-        onHeaderItemChanged: arrange()
+        onContentYChanged: updateOffset()
+        onCountChanged: updateHeights()
+        onHeaderItemChanged: updateHeights()
         // The rows are clipped with the sheet, the header is not.
         Component.onCompleted: contentItem.parent = sheet
     }
 
     // Runs when all heights are set: a position that was valid before may be out of bounds now.
     Timer {
-        id: settling
+        id: boundsTimer
 
         interval: 0
         onTriggered: {
@@ -155,7 +155,7 @@ Item {
         z: 1
         anchors.fill: parent
         background: rules.contentBackground
-        cutsCorners: view.cutsCorners
+        clipsCorners: view.clipsCorners
         contentTop: rules.contentTop - rules.collapsedHeight
     }
 
@@ -174,7 +174,7 @@ Item {
         height: 0
         sourceComponent: view.content
 
-        onItemChanged: list.arrange()
-        onImplicitHeightChanged: list.arrange()
+        onItemChanged: list.updateHeights()
+        onImplicitHeightChanged: list.updateHeights()
     }
 }

@@ -12,14 +12,14 @@ Item {
     /// The upper edge of the content; 0 once it has reached the top of the sheet.
     required property real contentTop
     /// Whether the content may reach into the corners, and has to be clipped there, too.
-    required property bool cutsCorners
+    required property bool clipsCorners
 
     clip: true
     // The software renderer has no effects: there, only the background has rounded corners.
-    layer.enabled: cutsCorners && GraphicsInfo.api !== GraphicsInfo.Software
-    layer.effect: ParallaxClip { }
+    layer.enabled: clipsCorners && GraphicsInfo.api !== GraphicsInfo.Software
+    layer.effect: RoundedClipEffect { }
 
-    RoundedCorner {
+    RoundedRectangle {
         y: sheet.contentTop
         width: parent.width
         height: sheet.height - y

@@ -13,7 +13,7 @@ double atLeast(double least, double value)
     return value > least ? value : least;
 }
 
-double part(double value)
+double clampedToUnit(double value)
 {
     return std::min(atLeast(0, value), 1.0);
 }
@@ -35,9 +35,9 @@ ParallaxConfiguration::ParallaxConfiguration(const ParallaxHeightConfiguration &
                                              const QColor &contentBackground)
     : m_portrait(portrait)
     , m_landscape(landscape)
-    , m_parallaxFactor(part(parallaxFactor))
+    , m_parallaxFactor(clampedToUnit(parallaxFactor))
     , m_stretchFactor(atLeast(1, stretchFactor))
-    , m_thresholdPercentage(part(thresholdPercentage))
+    , m_thresholdPercentage(clampedToUnit(thresholdPercentage))
     , m_headerBackground(headerBackground)
     , m_contentBackground(contentBackground)
 {

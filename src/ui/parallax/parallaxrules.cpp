@@ -10,11 +10,11 @@ namespace {
 
 /// The state is evaluated again only after a change of the progress of more than a twentieth. Two
 /// values with exactly that difference may differ by more because of rounding.
-constexpr double leastStep = 0.05;
-constexpr double rounding = 1e-9;
+constexpr double minimumProgressChange = 0.05;
+constexpr double progressTolerance = 1e-9;
 
 /// The fraction of the threshold below which a collapsed header opens again.
-constexpr double reopening = 0.5;
+constexpr double reopeningFraction = 0.5;
 
 } // namespace
 
@@ -58,12 +58,12 @@ double ParallaxRules::contentTop() const
     return collapsedHeight() + std::max(0.0, spacerHeight() + m_scrollOffset);
 }
 
-void ParallaxRules::scroll(double offset)
+void ParallaxRules::setScrollOffset(double offset)
 {
     // Every height depends on the offset, so NaN counts as rest.
     m_scrollOffset = std::isnan(offset) ? 0 : offset;
     const double now = progress();
-    if (std::abs(now - m_lastScrollProgress) <= leastStep + rounding)
+    if (std::abs(now - m_lastScrollProgress) <= minimumProgressChange + progressTolerance)
         return;
     m_lastScrollProgress = now;
     const ParallaxScrollState next = stateAt(now);
@@ -88,7 +88,7 @@ ParallaxScrollState ParallaxRules::stateAt(double progress) const
 {
     const double threshold = m_configuration.thresholdPercentage();
     const bool isCollapsed = m_state == ParallaxScrollState::collapsed
-                                 ? progress >= threshold * reopening
+                                 ? progress >= threshold * reopeningFraction
                                  : progress > threshold;
     return isCollapsed ? ParallaxScrollState::collapsed : ParallaxScrollState::opened;
 }

@@ -51,13 +51,13 @@ public:
     /// The upper edge of the content, from the top of the view. Never above the sheet.
     double contentTop() const;
 
-    /// The offset of the last scroll().
+    /// The offset of the last setScrollOffset().
     double scrollOffset() const { return m_scrollOffset; }
     ParallaxScrollState state() const { return m_state; }
 
     /// Sets the measured offset. If scrollRange() is 0 or less, any offset above rest counts as
     /// full progress.
-    void scroll(double offset);
+    void setScrollOffset(double offset);
 
 private:
     const ParallaxHeightConfiguration &heights() const;

@@ -11,12 +11,12 @@ namespace {
 
 /// The configuration until one is set: no header.
 const ParallaxHeightConfiguration noHeights(0, 0);
-const ParallaxConfiguration nothing(noHeights, noHeights, 0, 1, 0, {}, {});
+const ParallaxConfiguration emptyConfiguration(noHeights, noHeights, 0, 1, 0, {}, {});
 
 /// Null if the value has another type. QVariant::value() is not possible: it needs a default
 /// constructor, which these types do not have.
 template <typename Type>
-const Type *get(const QVariant &value)
+const Type *valueAs(const QVariant &value)
 {
     return value.metaType() == QMetaType::fromType<Type>()
                ? static_cast<const Type *>(value.constData())
@@ -27,7 +27,7 @@ const Type *get(const QVariant &value)
 
 ParallaxScroll::ParallaxScroll(QObject *parent)
     : QObject(parent)
-    , m_rules(nothing)
+    , m_rules(emptyConfiguration)
 {
     m_rules.onStateChange = [this](ParallaxScrollState) { Q_EMIT stateChanged(); };
     connect(this, &ParallaxScroll::layoutChanged, this, &ParallaxScroll::scrolled);
@@ -35,7 +35,7 @@ ParallaxScroll::ParallaxScroll(QObject *parent)
 
 void ParallaxScroll::setConfiguration(const QVariant &configuration)
 {
-    const auto *given = get<ParallaxConfiguration>(configuration);
+    const auto *given = valueAs<ParallaxConfiguration>(configuration);
     if (!given) {
         qmlWarning(this) << "configuration must be made with Parallax.configuration()";
         return;
@@ -62,39 +62,39 @@ void ParallaxScroll::setLandscape(bool isLandscape)
     Q_EMIT layoutChanged();
 }
 
-void ParallaxScroll::scroll(double offset)
+void ParallaxScroll::setScrollOffset(double offset)
 {
     if (offset == m_rules.scrollOffset())
         return;
-    m_rules.scroll(offset);
+    m_rules.setScrollOffset(offset);
     Q_EMIT scrolled();
 }
 
-QVariant ParallaxType::heights(double opened, double collapsed) const
+QVariant ParallaxFactory::heights(double opened, double collapsed) const
 {
     return QVariant::fromValue(ParallaxHeightConfiguration(opened, collapsed));
 }
 
-QVariant ParallaxType::configuration(const QVariant &portrait, const QVariant &landscape,
-                                     double parallaxFactor, double stretchFactor,
-                                     double thresholdPercentage, const QColor &headerBackground,
-                                     const QColor &contentBackground) const
+QVariant ParallaxFactory::configuration(const QVariant &portrait, const QVariant &landscape,
+                                        double parallaxFactor, double stretchFactor,
+                                        double thresholdPercentage, const QColor &headerBackground,
+                                        const QColor &contentBackground) const
 {
-    const auto *upright = get<ParallaxHeightConfiguration>(portrait);
-    const auto *lying = get<ParallaxHeightConfiguration>(landscape);
-    if (!upright || !lying) {
+    const auto *portraitHeights = valueAs<ParallaxHeightConfiguration>(portrait);
+    const auto *landscapeHeights = valueAs<ParallaxHeightConfiguration>(landscape);
+    if (!portraitHeights || !landscapeHeights) {
         qmlWarning(this) << "portrait and landscape must be made with Parallax.heights()";
         return {};
     }
-    return QVariant::fromValue(ParallaxConfiguration(*upright, *lying, parallaxFactor,
-                                                     stretchFactor, thresholdPercentage,
-                                                     headerBackground, contentBackground));
+    return QVariant::fromValue(
+        ParallaxConfiguration(*portraitHeights, *landscapeHeights, parallaxFactor, stretchFactor,
+                              thresholdPercentage, headerBackground, contentBackground));
 }
 
-ContinuousCorner ParallaxType::contentCorner()
+ContinuousCorner ParallaxFactory::contentCorner()
 {
-    return ContinuousCorner::of(ParallaxRules::contentCornerRadius,
-                                std::numeric_limits<double>::infinity());
+    return ContinuousCorner::forRadius(ParallaxRules::contentCornerRadius,
+                                       std::numeric_limits<double>::infinity());
 }
 
 } // namespace tolvane

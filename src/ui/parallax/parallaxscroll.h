@@ -57,7 +57,7 @@ public:
     double contentTop() const { return m_rules.contentTop(); }
     State state() const { return static_cast<State>(m_rules.state()); }
 
-    Q_INVOKABLE void scroll(double offset);
+    Q_INVOKABLE void setScrollOffset(double offset);
 
 Q_SIGNALS:
     void layoutChanged();
@@ -69,7 +69,7 @@ private:
 };
 
 /// Creates configurations in QML: `Parallax.configuration(Parallax.heights(240, 80), ...)`.
-class ParallaxType : public QObject
+class ParallaxFactory : public QObject
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(Parallax)

@@ -21,14 +21,14 @@ FocusScope {
             if (page.destination.kind === "imageViewer")
                 setSource(Qt.resolvedUrl("../viewer/ImageViewer.qml"), {
                     imageUrl: page.destination.imageUrl,
-                    messageData: page.screen.messages,
+                    messageData: page.screen.attachmentSelection,
                     focus: true
                 })
             else
                 setSource(Qt.resolvedUrl("../conversation/TicketScreen.qml"), {
                     destination: page.destination,
                     navigation: page.screen.navigation,
-                    messageData: page.screen.messages,
+                    messageData: page.screen.attachmentSelection,
                     isOnTop: Qt.binding(() => page.isOnTop),
                     focus: true
                 })

@@ -10,13 +10,13 @@ FocusScope {
 
     required property ScreenData screen
     readonly property NavigationData navigation: screen.navigation
-    readonly property int topmost: navigation.path.length
+    readonly property int pathLength: navigation.path.length
 
     /// The path of the existing pages, which after going back includes the page that is still
     /// sliding out. Nothing is bound to it: a page keeps its destination until it is destroyed.
     readonly property var shown: ({path: []})
     /// The number of shown pages; a fraction while a page slides in or out.
-    property real depth: topmost
+    property real depth: pathLength
 
     Behavior on depth {
         NumberAnimation {
@@ -25,7 +25,7 @@ FocusScope {
         }
     }
 
-    function countOfCommon(path: var): int {
+    function commonPrefixLength(path: var): int {
         let count = 0
         while (count < Math.min(path.length, pages.count) && path[count] === shown.path[count])
             ++count
@@ -34,8 +34,8 @@ FocusScope {
 
     // Pages are kept for as long as they are on the path. From the first difference on, the pages
     // are created anew.
-    function show(path: var) {
-        const common = countOfCommon(path)
+    function showPath(path: var) {
+        const common = commonPrefixLength(path)
         if (pages.count > common)
             pages.remove(common, pages.count - common)
         shown.path = path
@@ -45,45 +45,45 @@ FocusScope {
 
     // After going back, the page is kept until it has slid out, or removed at once if it had not
     // begun to slide in.
-    function follow() {
+    function syncWithNavigation() {
         const path = Array.from(navigation.path)
-        if (depth === path.length || countOfCommon(path) < path.length)
-            show(path)
+        if (depth === path.length || commonPrefixLength(path) < path.length)
+            showPath(path)
     }
 
     ListModel {
         id: pages
     }
 
-    function placeOf(level: int): real {
+    function xOf(level: int): real {
         const side = LayoutMirroring.enabled ? -width : width
-        const isIn = Math.max(0, Math.min(1, depth - level + 1))
-        return side * (1 - isIn) - side * 0.3 * coverOf(level)
+        const visibleFraction = Math.max(0, Math.min(1, depth - level + 1))
+        return side * (1 - visibleFraction) - side * 0.3 * coveredFraction(level)
     }
 
-    function coverOf(level: int): real {
+    function coveredFraction(level: int): real {
         return Math.max(0, Math.min(1, depth - level))
     }
 
-    onDepthChanged: follow()
+    onDepthChanged: syncWithNavigation()
 
     Connections {
         target: stack.navigation
 
         function onPathChanged() {
-            stack.follow()
+            stack.syncWithNavigation()
         }
     }
 
     TolvaneContentView {
-        x: stack.placeOf(0)
+        x: stack.xOf(0)
         width: parent.width
         height: parent.height
-        visible: stack.coverOf(0) < 1
+        visible: stack.coveredFraction(0) < 1
         screen: stack.screen
-        focus: stack.topmost === 0
+        focus: stack.pathLength === 0
         enabled: isOnTop
-        isOnTop: stack.topmost === 0
+        isOnTop: stack.pathLength === 0
     }
 
     Repeater {
@@ -92,15 +92,15 @@ FocusScope {
         NavigationPage {
             required property int level
 
-            x: stack.placeOf(level)
+            x: stack.xOf(level)
             width: stack.width
             height: stack.height
-            visible: stack.coverOf(level) < 1
+            visible: stack.coveredFraction(level) < 1
             destination: stack.shown.path[level - 1]
             screen: stack.screen
             focus: isOnTop
             enabled: isOnTop
-            isOnTop: level === stack.topmost
+            isOnTop: level === stack.pathLength
         }
     }
 }

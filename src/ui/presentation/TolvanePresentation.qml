@@ -14,7 +14,7 @@ FocusScope {
     // Above the host's popups.
     z: 2000000
     focus: true
-    LayoutMirroring.enabled: Texts.isRightToLeft
+    LayoutMirroring.enabled: Strings.isRightToLeft
     LayoutMirroring.childrenInherit: true
     Keys.onEscapePressed: screen.close()
 

@@ -16,7 +16,7 @@ namespace tolvane {
 
 namespace {
 
-void postState(bool isOpen)
+void postDidChangeState(bool isOpen)
 {
     platform().notificationCenter->post(notifications::didChangeState,
                                         QVariantMap{{QStringLiteral("open"), isOpen}});
@@ -44,20 +44,20 @@ void TolvaneViewController::presentInForeground()
     // A messenger that is still sliding out is removed at once.
     if (current())
         current()->viewDidDisappear();
-    if (QWindow *window = Stage::foregroundWindow())
+    if (QWindow *window = MessengerWindow::foregroundWindow())
         (new TolvaneViewController)->presentOver(*window);
 }
 
 void TolvaneViewController::presentOver(QWindow &window)
 {
-    m_stage = Stage(window);
-    m_formerFocus = m_stage.window()->activeFocusItem();
+    m_messengerWindow = MessengerWindow(window);
+    m_previousFocusItem = m_messengerWindow.window()->activeFocusItem();
     if (!viewDidLoad()) {
         deleteLater();
         return;
     }
     current() = this;
-    m_stage.open();
+    m_messengerWindow.open();
     m_view->forceActiveFocus();
     m_data->setShown(true);
 }
@@ -69,7 +69,7 @@ bool TolvaneViewController::viewDidLoad()
         "qrc:/qt-project.org/imports/Tolvane/Private/presentation/TolvanePresentation.qml"));
     QQmlComponent component(&viewsEngine(), file);
     if (component.isReady()) {
-        QQuickItem *parent = m_stage.window()->contentItem();
+        QQuickItem *parent = m_messengerWindow.window()->contentItem();
         m_view = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
             {{QStringLiteral("screen"), QVariant::fromValue(m_data.get())},
              {QStringLiteral("parent"), QVariant::fromValue(parent)}}));
@@ -85,15 +85,16 @@ bool TolvaneViewController::viewDidLoad()
     connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
             Qt::QueuedConnection);
     // The window may be closed or destroyed under the messenger, and the application may end.
-    connect(m_stage.window(), &QWindow::visibleChanged, this, [this](bool isVisible) {
+    connect(m_messengerWindow.window(), &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
             viewDidDisappear();
     });
-    connect(m_stage.window(), &QObject::destroyed, this, &TolvaneViewController::viewDidDisappear);
+    connect(m_messengerWindow.window(), &QObject::destroyed, this,
+            &TolvaneViewController::viewDidDisappear);
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this,
             &TolvaneViewController::viewDidDisappear);
     m_isOnScreen = true;
-    postState(true);
+    postDidChangeState(true);
     return true;
 }
 
@@ -103,10 +104,10 @@ void TolvaneViewController::viewDidDisappear()
         return;
     current().clear();
     delete m_view;
-    m_stage.close();
-    if (m_formerFocus)
-        m_formerFocus->forceActiveFocus();
-    postState(false);
+    m_messengerWindow.close();
+    if (m_previousFocusItem)
+        m_previousFocusItem->forceActiveFocus();
+    postDidChangeState(false);
     deleteLater();
 }
 

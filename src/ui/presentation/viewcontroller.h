@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/privateexport.h"
-#include "ui/presentation/stage.h"
+#include "ui/presentation/messengerwindow.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QPointer>
@@ -35,8 +35,8 @@ private:
     void viewDidDisappear();
     void closeTapped();
 
-    Stage m_stage;
-    QPointer<QQuickItem> m_formerFocus;
+    MessengerWindow m_messengerWindow;
+    QPointer<QQuickItem> m_previousFocusItem;
     std::unique_ptr<ScreenData> m_data;
     QPointer<QQuickItem> m_view;
     bool m_isOnScreen = false;

@@ -13,7 +13,7 @@ extern void qml_register_types_Tolvane_Private();
 
 // Types and resources of a static library are not linked unless something refers to them. Outside
 // of namespaces, as Q_INIT_RESOURCE requires.
-static void keepModules()
+static void linkModules()
 {
     [[maybe_unused]] void (*const volatile registrations[])() = {
         qml_register_types_Tolvane, qml_register_types_Tolvane_Private};
@@ -44,7 +44,7 @@ QSizeF screenSize()
 // Called by the header `tolvane/views.h` when the library is loaded.
 bool TolvaneSdkViews()
 {
-    keepModules();
+    linkModules();
     tolvane::registerUserInterface({.present = tolvane::TolvaneViewController::presentInForeground,
                                     .screenSize = tolvane::screenSize});
     return true;

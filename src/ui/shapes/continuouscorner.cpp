@@ -9,7 +9,7 @@ namespace tolvane {
 
 namespace {
 
-constexpr qreal reach = 1.5;
+constexpr qreal extentPerRadius = 1.5;
 
 qreal power(qreal base, qreal exponent)
 {
@@ -18,12 +18,12 @@ qreal power(qreal base, qreal exponent)
 
 } // namespace
 
-ContinuousCorner ContinuousCorner::of(qreal radius, qreal room)
+ContinuousCorner ContinuousCorner::forRadius(qreal radius, qreal room)
 {
     const qreal used = std::min(radius, room);
     if (!(used > 0))
         return {};
-    const qreal extent = std::min(reach * used, room);
+    const qreal extent = std::min(extentPerRadius * used, room);
     // The distance of the arc's middle from either side.
     const qreal middle = used * (1 - std::numbers::sqrt2 / 2);
     return {.extent = extent, .exponent = -1 / std::log2(1 - middle / extent)};

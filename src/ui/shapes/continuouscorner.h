@@ -22,7 +22,7 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ContinuousCorner
     qreal exponent = 2;
 
     /// @param room half of the shorter side of the shape that has the corner
-    static ContinuousCorner of(qreal radius, qreal room);
+    static ContinuousCorner forRadius(qreal radius, qreal room);
 
     /// A point of the superellipse around the origin, and the outward normal there; both for an
     /// extent of 1. Angles from 0 to a quarter of the circle make one corner.

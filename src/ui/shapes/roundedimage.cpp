@@ -75,8 +75,8 @@ QSGNode *RoundedImage::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
     }
     auto *rounded = node ? static_cast<RoundedNode *>(node) : RoundedNode::make(*window());
     rounded->update(m_image,
-                    placed(m_image.size(), boundingRect(),
-                           static_cast<tolvane::FillMode>(m_fillMode), m_rounding),
+                    shapeFor(m_image.size(), boundingRect(),
+                             static_cast<tolvane::FillMode>(m_fillMode), m_rounding),
                     window()->effectiveDevicePixelRatio());
     return rounded;
 }

@@ -39,7 +39,8 @@ bool RoundedShape::isRounded() const
 
 ContinuousCorner RoundedShape::corner(std::size_t which) const
 {
-    return ContinuousCorner::of(radii.at(which), std::min(target.width(), target.height()) / 2);
+    return ContinuousCorner::forRadius(radii.at(which),
+                                       std::min(target.width(), target.height()) / 2);
 }
 
 QPainterPath RoundedShape::outline(qreal factor) const
@@ -66,8 +67,8 @@ QPainterPath RoundedShape::outline(qreal factor) const
     return path;
 }
 
-RoundedShape placed(const QSizeF &picture, const QRectF &bounds, FillMode mode,
-                    const Rounding &rounding)
+RoundedShape shapeFor(const QSizeF &picture, const QRectF &bounds, FillMode mode,
+                      const Rounding &rounding)
 {
     RoundedShape shape = {.target = bounds, .source = QRectF(QPointF(), picture)};
     if (mode == FillMode::fit)

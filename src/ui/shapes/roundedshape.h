@@ -44,7 +44,7 @@ struct Rounding
 
 /// @param bounds the available rectangle
 /// @param picture the size of the picture in pixels, not empty
-TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape placed(const QSizeF &picture, const QRectF &bounds,
-                                                  FillMode mode, const Rounding &rounding);
+TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape shapeFor(const QSizeF &picture, const QRectF &bounds,
+                                                    FillMode mode, const Rounding &rounding);
 
 } // namespace tolvane

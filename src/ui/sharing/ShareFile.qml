@@ -40,7 +40,7 @@ Item {
 
         Text {
             width: parent.width
-            text: Texts.hostString("Image")
+            text: Strings.hostString("Image")
             textFormat: Text.PlainText
             horizontalAlignment: Text.AlignLeft
             elide: Text.ElideRight

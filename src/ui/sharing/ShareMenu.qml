@@ -9,7 +9,7 @@ FocusScope {
 
     required property ImageShare share
     property bool isOpen: false
-    property Item formerFocus: null
+    property Item previousFocusItem: null
 
     signal closed()
     signal saveRequested()
@@ -20,10 +20,10 @@ FocusScope {
     onIsOpenChanged: {
         if (isOpen) {
             share.prepareDrag()
-            formerFocus = Window.activeFocusItem
+            previousFocusItem = Window.activeFocusItem
             save.forceActiveFocus()
-        } else if (formerFocus) {
-            formerFocus.forceActiveFocus()
+        } else if (previousFocusItem) {
+            previousFocusItem.forceActiveFocus()
         }
     }
     Keys.onEscapePressed: closed()
@@ -58,7 +58,7 @@ FocusScope {
         color: "#f2262629"
         border.color: "#33ffffff"
         Accessible.role: Accessible.PopupMenu
-        Accessible.name: Texts.string("accessibility_share")
+        Accessible.name: Strings.string("accessibility_share")
 
         // A press on the panel beside the items does not close the menu.
         MouseArea { anchors.fill: parent }
@@ -84,7 +84,7 @@ FocusScope {
                 id: save
 
                 width: parent.width
-                text: Texts.string("viewer_save")
+                text: Strings.string("viewer_save")
                 onClicked: {
                     menu.closed()
                     menu.saveRequested()
@@ -95,7 +95,7 @@ FocusScope {
                 id: copy
 
                 width: parent.width
-                text: Texts.string("viewer_copy")
+                text: Strings.string("viewer_copy")
                 onClicked: {
                     menu.closed()
                     menu.share.copy()

@@ -16,10 +16,10 @@ QImage opaque(const QImage &image)
 {
     if (!image.hasAlphaChannel())
         return image;
-    QImage ground(image.size(), QImage::Format_RGB32);
-    ground.fill(Qt::white);
-    QPainter(&ground).drawImage(0, 0, image);
-    return ground;
+    QImage background(image.size(), QImage::Format_RGB32);
+    background.fill(Qt::white);
+    QPainter(&background).drawImage(0, 0, image);
+    return background;
 }
 
 } // namespace

@@ -21,7 +21,7 @@ namespace tolvane {
 namespace {
 
 /// The maximum size of a drag's pixmap.
-constexpr QSize dragPicture(160, 160);
+constexpr QSize maxDragImageSize(160, 160);
 
 /// The target of a drop may read the file long after the drag, so the folder is removed when the
 /// application exits. Empty if it cannot be created.
@@ -67,7 +67,7 @@ void ImageShare::setImage(const QImage &image)
     m_image = image;
     m_file = {};
     m_dragPath.clear();
-    m_dragPicture = {};
+    m_dragImage = {};
     Q_EMIT fileChanged();
     if (!image.isNull())
         detach(encode(this, image));
@@ -83,7 +83,7 @@ QCoro::Task<> ImageShare::encode(QPointer<ImageShare> self, QImage image)
     Q_EMIT self->fileChanged();
 }
 
-QUrl ImageShare::suggestedPlace() const
+QUrl ImageShare::suggestedUrl() const
 {
     return QUrl::fromLocalFile(QDir(picturesFolder()).filePath(m_file.filename));
 }
@@ -142,12 +142,12 @@ QCoro::Task<> ImageShare::writeForDrag(QPointer<ImageShare> self)
     const QString path = QDir(folder).filePath(self->m_file.filename);
     QImage picture;
     try {
-        QFuture<QImage> writing =
-            platform().workers->run([folder, path, image, data = self->m_file.data] {
-                if (!folder.isEmpty())
-                    files::write(path, data);
-                return image.scaled(dragPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-            });
+        QFuture<QImage> writing = platform().workers->run([folder, path, image,
+                                                           data = self->m_file.data] {
+            if (!folder.isEmpty())
+                files::write(path, data);
+            return image.scaled(maxDragImageSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        });
         picture = co_await settled(writing);
     } catch (const Error &) {
         // The drag then has the bytes only.
@@ -156,7 +156,7 @@ QCoro::Task<> ImageShare::writeForDrag(QPointer<ImageShare> self)
     if (!self || self->m_image.cacheKey() != image.cacheKey())
         co_return;
     self->m_dragPath = folder.isEmpty() ? QString() : path;
-    self->m_dragPicture = picture;
+    self->m_dragImage = picture;
 }
 
 void ImageShare::startDrag(QQuickItem *item)
@@ -181,7 +181,7 @@ void ImageShare::drag(QQuickItem &item)
     item.ungrabMouse();
     auto *drag = new QDrag(&item);
     drag->setMimeData(makeMimeData());
-    drag->setPixmap(QPixmap::fromImage(m_dragPicture));
+    drag->setPixmap(QPixmap::fromImage(m_dragImage));
     drag->exec(Qt::CopyAction);
 }
 

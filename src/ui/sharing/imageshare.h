@@ -31,7 +31,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageShare : public QObject
     Q_PROPERTY(bool isReady READ isReady NOTIFY fileChanged)
     Q_PROPERTY(QString filename READ filename NOTIFY fileChanged)
     /// The path that a save dialog suggests.
-    Q_PROPERTY(QUrl suggestedPlace READ suggestedPlace NOTIFY fileChanged)
+    Q_PROPERTY(QUrl suggestedUrl READ suggestedUrl NOTIFY fileChanged)
 
 public:
     using QObject::QObject;
@@ -43,7 +43,7 @@ public:
     void setImage(const QImage &image);
     bool isReady() const { return !m_file.data.isEmpty(); }
     QString filename() const { return m_file.filename; }
-    QUrl suggestedPlace() const;
+    QUrl suggestedUrl() const;
     const ImageFile &file() const { return m_file; }
 
     /// Without a file, this and the functions below do nothing. Saving ends with saved() or
@@ -82,7 +82,7 @@ private:
     ImageFile m_file;
     /// The path of the file for dragging, and the pixmap of the drag; empty until it is written.
     QString m_dragPath;
-    QImage m_dragPicture;
+    QImage m_dragImage;
 };
 
 } // namespace tolvane

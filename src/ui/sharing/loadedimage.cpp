@@ -11,7 +11,7 @@ namespace tolvane {
 namespace {
 
 /// Leaves time for the request of the view that shows the picture.
-constexpr std::chrono::milliseconds secondLookAfter(500);
+constexpr std::chrono::milliseconds retryDelay(500);
 
 QImage cachedImage(const QUrl &url)
 {
@@ -27,7 +27,7 @@ QImage cachedImage(const QUrl &url)
     return shown.isNull() ? images::decoded(response->body) : shown;
 }
 
-QFuture<QImage> lookForImage(const QUrl &url)
+QFuture<QImage> findCachedImage(const QUrl &url)
 {
     return platform().pictureWorkers->run([url] { return cachedImage(url); });
 }
@@ -46,16 +46,16 @@ void LoadedImage::componentComplete()
 
 QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_token stop)
 {
-    QFuture<QImage> look = lookForImage(url);
+    QFuture<QImage> look = findCachedImage(url);
     QImage image = co_await settled(look);
     if (image.isNull()) {
         try {
-            QFuture<void> wait = platform().clock->sleep(secondLookAfter, stop);
+            QFuture<void> wait = platform().clock->sleep(retryDelay, stop);
             co_await settled(wait);
         } catch (const CancellationError &) {
             co_return;
         }
-        QFuture<QImage> secondLook = lookForImage(url);
+        QFuture<QImage> secondLook = findCachedImage(url);
         image = co_await settled(secondLook);
     }
     if (!self || image.isNull())

@@ -39,11 +39,11 @@ bool SaveDialog::open(QQuickWindow *window, const QUrl &suggestion)
     if (!m_dialog)
         return false;
     QQmlEngine::setObjectOwnership(m_dialog, QQmlEngine::CppOwnership);
-    connect(m_dialog, SIGNAL(accepted()), this, SLOT(takeOver()));
+    connect(m_dialog, SIGNAL(accepted()), this, SLOT(emitAccepted()));
     return QMetaObject::invokeMethod(m_dialog, "open");
 }
 
-void SaveDialog::takeOver()
+void SaveDialog::emitAccepted()
 {
     Q_EMIT accepted(m_dialog->property("selectedFile").toUrl());
 }

@@ -28,7 +28,7 @@ Q_SIGNALS:
     void accepted(const QUrl &place);
 
 private Q_SLOTS:
-    void takeOver();
+    void emitAccepted();
 
 private:
     QPointer<QObject> m_dialog;

@@ -3,7 +3,7 @@ import QtQuick
 import Tolvane.Private
 
 // The placeholder of a ticket's row.
-RoundedCorner {
+RoundedRectangle {
     id: row
 
     readonly property color tint: Qt.alpha(Theme.fontAgentBubbleColor, 0.6)

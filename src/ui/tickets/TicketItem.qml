@@ -28,7 +28,7 @@ Item {
     ListView.onPooled: visible = false
     ListView.onReused: visible = true
 
-    RoundedCorner {
+    RoundedRectangle {
         id: row
 
         x: Theme.columnInset(item.width, 16)
@@ -52,7 +52,7 @@ Item {
 
             anchors.verticalCenter: parent.verticalCenter
             anchors.left: ticketIcon.right
-            anchors.right: mark.left
+            anchors.right: unreadDot.left
             anchors.margins: 10
             spacing: 4
 
@@ -82,7 +82,7 @@ Item {
         }
 
         Rectangle {
-            id: mark
+            id: unreadDot
 
             anchors.verticalCenter: parent.verticalCenter
             anchors.right: parent.right

@@ -20,7 +20,7 @@ Item {
         x: Theme.columnInset(parent.width, 16)
         y: 10
         width: parent.width - 2 * x
-        text: Texts.string("ticket_list_your_messages")
+        text: Strings.string("ticket_list_your_messages")
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft
         elide: Text.ElideRight

@@ -8,7 +8,7 @@ Item {
 
     implicitHeight: rows.implicitHeight + 10
     Accessible.role: Accessible.StaticText
-    Accessible.name: Texts.string("accessibility_loading")
+    Accessible.name: Strings.string("accessibility_loading")
 
     Column {
         id: rows

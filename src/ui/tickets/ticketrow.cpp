@@ -35,8 +35,8 @@ QString icon(const TicketPreviewDto &ticket)
 QString singleLine(const QString &text)
 {
     // The view shows its beginning; more than that need not be laid out.
-    constexpr qsizetype longest = 500;
-    return text.first(qMin(text.size(), longest)).simplified();
+    constexpr qsizetype maximumLength = 500;
+    return text.first(qMin(text.size(), maximumLength)).simplified();
 }
 
 QString caption(const MessageDto &message)

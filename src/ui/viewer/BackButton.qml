@@ -45,7 +45,7 @@ ViewerControl {
                 id: text
 
                 anchors.verticalCenter: parent.verticalCenter
-                text: Texts.hostString("Back")
+                text: Strings.hostString("Back")
                 textFormat: Text.PlainText
                 color: "white"
                 font.pixelSize: Theme.body

@@ -15,7 +15,7 @@ ViewerControl {
         focus: true
         icon: "share"
         color: "white"
-        name: Texts.string("accessibility_share")
+        name: Strings.string("accessibility_share")
         enabled: share.isReady
         opacity: enabled ? 1 : 0.5
         onClicked: actions.shareRequested()

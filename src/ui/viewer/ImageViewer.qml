@@ -29,11 +29,11 @@ FocusScope {
 
     function save() {
         const share = actions.share
-        if (share.isReady && !dialog.open(Window.window, share.suggestedPlace))
+        if (share.isReady && !dialog.open(Window.window, share.suggestedUrl))
             share.saveToPictures()
     }
 
-    ImageState {
+    ZoomController {
         id: zoom
 
         geometry: Qt.size(viewer.width, viewer.height)
@@ -112,9 +112,9 @@ FocusScope {
     Connections {
         target: actions.share
 
-        function onSaved(place) { notice.tell(Texts.string("viewer_saved").arg(place)) }
-        function onFailed(reason) { notice.tell(Texts.string("viewer_save_failed").arg(reason)) }
-        function onCopied() { notice.tell(Texts.string("viewer_copied")) }
+        function onSaved(place) { notice.showText(Strings.string("viewer_saved").arg(place)) }
+        function onFailed(reason) { notice.showText(Strings.string("viewer_save_failed").arg(reason)) }
+        function onCopied() { notice.showText(Strings.string("viewer_copied")) }
     }
 
     ViewerKeys {
@@ -127,5 +127,5 @@ FocusScope {
         onSaveRequested: viewer.save()
     }
 
-    Keys.onPressed: event => keys.press(event)
+    Keys.onPressed: event => keys.handleKey(event)
 }

@@ -7,10 +7,10 @@ FocusScope {
     id: control
 
     required property bool showControls
-    default property alias content: ground.data
+    default property alias content: background.data
 
-    implicitWidth: ground.childrenRect.width
-    implicitHeight: ground.childrenRect.height
+    implicitWidth: background.childrenRect.width
+    implicitHeight: background.childrenRect.height
     enabled: showControls
     opacity: showControls ? 1 : 0
     visible: opacity > 0
@@ -23,7 +23,7 @@ FocusScope {
     MouseArea { anchors.fill: parent }
 
     Rectangle {
-        id: ground
+        id: background
 
         width: childrenRect.width
         height: childrenRect.height

@@ -6,7 +6,7 @@ import Tolvane.Private
 QtObject {
     id: keys
 
-    required property ImageState imageState
+    required property ZoomController imageState
 
     signal backRequested()
     signal controlsToggled()
@@ -36,11 +36,11 @@ QtObject {
     })
 
     function zoom(factor) {
-        imageState.pinchStepped(factor)
+        imageState.pinchAnimated(factor)
         imageState.pinchEnded()
     }
 
-    function press(event) {
+    function handleKey(event) {
         const action = event.matches(StandardKey.Copy) ? copyRequested
                        : event.matches(StandardKey.Save) ? saveRequested
                        : actions[event.key]
@@ -48,7 +48,7 @@ QtObject {
         if (action)
             action()
         else if (direction)
-            imageState.swingBy(direction)
+            imageState.panAnimated(direction)
         else
             return
         event.accepted = true

@@ -6,7 +6,7 @@ import Tolvane.Private
 Rectangle {
     id: notice
 
-    function tell(text) {
+    function showText(text) {
         label.text = text
         opacity = 1
         leave.restart()

@@ -6,7 +6,7 @@ import Tolvane.Private
 Item {
     id: gestures
 
-    required property ImageState imageState
+    required property ZoomController imageState
 
     signal tapped()
 
@@ -18,7 +18,7 @@ Item {
         onTranslationChanged: if (active) gestures.dragTo(translation)
         onActiveChanged: {
             if (active) {
-                drag.isLeftOfPinch = true
+                drag.continuesPinch = true
                 return
             }
             gestures.imageState.pinchEnded()
@@ -31,11 +31,11 @@ Item {
 
         // The finger that remains after a pinch drags on from where it is: the handler has not
         // received its press.
-        property bool isLeftOfPinch: false
+        property bool continuesPinch: false
         property point start
 
         target: null
-        dragThreshold: gestures.imageState.leastDragDistance
+        dragThreshold: gestures.imageState.minDragDistance
         onCentroidChanged: {
             if (active)
                 gestures.dragTo(Qt.point(centroid.position.x - start.x,
@@ -43,14 +43,14 @@ Item {
         }
         onActiveChanged: {
             if (active)
-                start = isLeftOfPinch ? centroid.position : centroid.pressPosition
+                start = continuesPinch ? centroid.position : centroid.pressPosition
             else
                 gestures.imageState.dragEnded()
         }
     }
 
     PointHandler {
-        onActiveChanged: if (active) drag.isLeftOfPinch = false
+        onActiveChanged: if (active) drag.continuesPinch = false
     }
 
     function dragTo(translation) {
@@ -86,7 +86,7 @@ Item {
         onWheel: wheel => {
             if (wheel.modifiers & Qt.ControlModifier) {
                 pinched *= Math.pow(1.25, wheel.angleDelta.y / 120)
-                gestures.imageState.pinchStepped(pinched)
+                gestures.imageState.pinchAnimated(pinched)
                 wheelRest.restart()
                 return
             }
@@ -94,7 +94,7 @@ Item {
             if (exact)
                 gestures.imageState.pan(wheel.pixelDelta)
             else
-                gestures.imageState.swingBy(Qt.point(wheel.angleDelta.x / 2, wheel.angleDelta.y / 2))
+                gestures.imageState.panAnimated(Qt.point(wheel.angleDelta.x / 2, wheel.angleDelta.y / 2))
         }
 
         Timer {

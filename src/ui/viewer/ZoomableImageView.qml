@@ -7,7 +7,7 @@ Item {
     id: view
 
     required property url imageUrl
-    required property ImageState imageState
+    required property ZoomController imageState
     readonly property alias loadedImage: loaded
     readonly property bool hasPicture: picture.implicitWidth > 0
 
@@ -16,7 +16,7 @@ Item {
     clip: true
     activeFocusOnTab: true
     Accessible.role: Accessible.Graphic
-    Accessible.name: Texts.string("accessibility_picture")
+    Accessible.name: Strings.string("accessibility_picture")
     Accessible.focusable: true
     Accessible.onPressAction: tapped()
 

@@ -32,11 +32,11 @@ void ImageState::pinchChanged(double value)
     if (!std::isfinite(value) || value <= 0)
         return;
     const bool hasBegun = lastScale != 1;
-    if (!hasBegun && std::abs(value - 1) < leastPinchChange)
+    if (!hasBegun && std::abs(value - 1) < minPinchChange)
         return;
     const double delta = value / lastScale;
     lastScale = value;
-    scale = std::clamp(scale * delta, smallestScale, greatestScale);
+    scale = std::clamp(scale * delta, minScale, maxScale);
 }
 
 void ImageState::pinchEnded(const QSizeF &geometry)
@@ -44,7 +44,7 @@ void ImageState::pinchEnded(const QSizeF &geometry)
     lastScale = 1;
     if (scale < snapBackScale)
         reset();
-    scale = std::min(scale, greatestScale);
+    scale = std::min(scale, maxScale);
     clampOffset(geometry);
 }
 

@@ -13,15 +13,15 @@ namespace tolvane {
 /// viewport, not in those of the picture. The centre of the viewport is the origin of zooming.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageState
 {
-    static constexpr double smallestScale = 0.5;
-    static constexpr double greatestScale = 4;
+    static constexpr double minScale = 0.5;
+    static constexpr double maxScale = 4;
     /// A pinch that ends below this scale resets zoom and pan.
     static constexpr double snapBackScale = 0.9;
     static constexpr double doubleTapScale = 2;
     /// Smaller changes do not begin a pinch.
-    static constexpr double leastPinchChange = 0.01;
+    static constexpr double minPinchChange = 0.01;
     /// Shorter movements do not begin a drag. In device-independent pixels.
-    static constexpr double leastDragDistance = 10;
+    static constexpr double minDragDistance = 10;
 
     double scale = 1;
     double lastScale = 1;

@@ -313,7 +313,7 @@ private Q_SLOTS:
         scene.composer.addFiles({QUrl::fromLocalFile(file)});
         scene.session->held = true;
         scene.composer.send();
-        QVERIFY(!scene.composer.takes({QUrl::fromLocalFile(file)}));
+        QVERIFY(!scene.composer.canDrop({QUrl::fromLocalFile(file)}));
         workers->release();
         QVERIFY(scene.store->attachments().isEmpty());
         scene.session->release();

@@ -47,14 +47,14 @@ private Q_SLOTS:
         struct Case
         {
             double available;
-            bool hasStrip;
-            ComposerRules::Room room;
+            bool hasThumbnails;
+            ComposerRules::Heights room;
         };
         const Case cases[] = {{900, true, {200, 150}}, {374, true, {200, 150}},
                               {300, true, {126, 150}}, {150, true, {40, 86}},
                               {20, true, {40, 56}},    {150, false, {130, 0}}};
-        for (const auto &[available, hasStrip, room] : cases)
-            QCOMPARE(ComposerRules().fit(available, hasStrip), room);
+        for (const auto &[available, hasThumbnails, room] : cases)
+            QCOMPARE(ComposerRules().fit(available, hasThumbnails), room);
     }
 
     void theLayoutFollowsOnceTheLayoutIsDone()
@@ -62,11 +62,11 @@ private Q_SLOTS:
         ComposerLayout layout;
         const QSignalSpy changes(&layout, &ComposerLayout::measuredHeightChanged);
         QCOMPARE(layout.editorHeight(), 40);
-        layout.measure(120);
-        layout.measure(180);
+        layout.setTextHeight(120);
+        layout.setTextHeight(180);
         QCOMPARE(layout.measuredHeight(), 0);
         QTRY_COMPARE(layout.editorHeight(), 180);
-        layout.setHasStrip(true);
+        layout.setHasThumbnails(true);
         layout.setAvailableHeight(274); // Takes from the editor what it no longer has.
         QTRY_COMPARE(layout.editorHeight(), 100);
         QCOMPARE(changes.size(), 2);
@@ -120,7 +120,7 @@ private Q_SLOTS:
         const QList<QUrl> urls = {QUrl(u"file:///a/b.PNG"_s), QUrl(u"file:///a/b.pdf"_s),
                                   QUrl(u"https://example.org/c.png"_s), QUrl(u"file:///a/d.webp"_s),
                                   QUrl()};
-        QCOMPARE(imagefiles::among(urls), QList({urls[0], urls[3]}));
+        QCOMPARE(imagefiles::imageFilesIn(urls), QList({urls[0], urls[3]}));
     }
 };
 

@@ -54,8 +54,8 @@ struct Scene : Fixture
     /// As its view does when it appears.
     static void appear(ImageLoad &load, qreal scale = 1)
     {
-        load.lookAtCaches();
-        load.begin(scale);
+        load.loadFromCaches();
+        load.start(scale);
     }
 
     qsizetype requestCount() const { return session->requests.size(); }
@@ -105,10 +105,10 @@ private Q_SLOTS:
             else
                 ImageCache::shared().responses().store(pictureResponse(), requestFor(address));
             const auto view = scene.view();
-            view->lookAtCaches();
+            view->loadFromCaches();
             QCOMPARE(view->image().size(), fullSize);
             QVERIFY(!ImageCache::shared().image(key).isNull());
-            view->begin(1);
+            view->start(1);
             QVERIFY(!view->isLoading());
             QCOMPARE(scene.requestCount(), 0);
         }
@@ -119,9 +119,9 @@ private Q_SLOTS:
         Scene scene;
         ImageCache::shared().responses().store(pictureResponse({3000, 1500}), requestFor(address));
         const auto view = scene.view();
-        view->lookAtCaches();
+        view->loadFromCaches();
         QVERIFY(view->image().isNull());
-        view->begin(1);
+        view->start(1);
         settle();
         QCOMPARE(view->image().size(), QSize(3000, 1500));
         QCOMPARE(scene.requestCount(), 0);
@@ -178,15 +178,15 @@ private Q_SLOTS:
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
 
         const auto large = scene.view(QSizeF(50, 50));
-        large->lookAtCaches();
+        large->loadFromCaches();
         QVERIFY(large->image().isNull()); // First the placeholder, also now.
-        large->begin(1);
+        large->start(1);
         settle();
         QCOMPARE(large->image().size(), QSize(75, 50));
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
 
         const auto whole = scene.view();
-        whole->lookAtCaches();
+        whole->loadFromCaches();
         QCOMPARE(whole->image().size(), fullSize);
         QCOMPARE(scene.requestCount(), 1);
     }

@@ -2,8 +2,8 @@
 #include "testing/wire.h"
 #include "ui/markdown/inlinemarkdown.h"
 #include "ui/messages/attachmentslayout.h"
+#include "ui/messages/messagechunks.h"
 #include "ui/messages/messagelistmodel.h"
-#include "ui/messages/messageparts.h"
 #include "ui/messages/typingdots.h"
 
 #include <QtCore/QRandomGenerator>
@@ -32,14 +32,14 @@ QStringList textsIn(const MessageListModel &model)
     QStringList texts;
     for (int row = 0; row < model.rowCount(); ++row)
         texts +=
-            model.data(model.index(row), MessageListModel::contentRole).value<StyledText>().text;
+            model.data(model.index(row), MessageListModel::contentRole).value<FormattedText>().text;
     return texts;
 }
 
 /// Without the paragraph around it.
 QString htmlOf(const QString &source)
 {
-    const StyledText styled = inlineMarkdown(source);
+    const FormattedText styled = inlineMarkdown(source);
     QString text = styled.text;
     if (styled.isRich)
         text.remove(u"<div style=\"white-space:pre-wrap\">"_s).remove(u"</div>"_s);
@@ -110,8 +110,9 @@ private Q_SLOTS:
         model.setMessages(messages);
         std::ranges::reverse(messages);
         model.setMessages(messages);
-        QCOMPARE(model.data(model.index(0), MessageListModel::contentRole).value<StyledText>().text,
-                 u"text of 20000"_s);
+        QCOMPARE(
+            model.data(model.index(0), MessageListModel::contentRole).value<FormattedText>().text,
+            u"text of 20000"_s);
         QVERIFY(moved.count() < 1000);
         // Every second one is gone, which would be 10,000 steps.
         QList<MessageDto> half;
@@ -167,11 +168,11 @@ private Q_SLOTS:
         QFETCH(const QString, unit);
         QFETCH(const QString, seam);
         const QString text = unit.repeated(20'000 / unit.size());
-        const QStringList parts = partsOf(text);
+        const QStringList parts = splitIntoChunks(text);
         QCOMPARE(parts.join(seam), text);
         QVERIFY(parts.size() > 4);
         for (const QString &part : parts) {
-            QVERIFY(part.size() <= longestPart);
+            QVERIFY(part.size() <= maxChunkLength);
             // None begins within a character.
             QVERIFY(unit.at(1 % unit.size()).isLetter() || part.startsWith(unit.first(1)));
         }
@@ -278,14 +279,15 @@ private Q_SLOTS:
         const QString letters = u"a*_~`[]()<>!\\h:/ \n\u202e\u200b"_s;
         for (int round = 0; round < 200; ++round) {
             QString text;
-            while (text.size() < longestPart)
+            while (text.size() < maxChunkLength)
                 text += QString(1 + random.bounded(3), letters.at(random.bounded(letters.size())));
             const QString plain = withoutMarkdown(text);
             QCOMPARE(plain.count(u'a'), text.count(u'a'));
         }
         for (const char *unit :
              {"*", "**a", "a*", "[", "](", "<", "`a``", "[a](", "_a_ ", "((", "h"})
-            QVERIFY(!withoutMarkdown(QString::fromLatin1(unit).repeated(longestPart / 4)).isNull());
+            QVERIFY(
+                !withoutMarkdown(QString::fromLatin1(unit).repeated(maxChunkLength / 4)).isNull());
     }
 
     void dotsRideAWave_data()
@@ -334,7 +336,7 @@ private Q_SLOTS:
         layout.attachments = QStringList(total, u"https://cdn.example/a.png"_s);
         QCOMPARE(
             (QList<double>{double(layout.count()), double(layout.columns()), double(layout.rows()),
-                           layout.greatestWidth(), layout.side(), double(layout.remaining(3))}),
+                           layout.maxWidth(), layout.cellSize(), double(layout.remaining(3))}),
             grid);
         QCOMPARE(layout.remaining(2), 0);
     }

@@ -88,13 +88,13 @@ private Q_SLOTS:
         QFETCH(const double, velocity);
         const Spring spring{.response = response, .dampingFraction = fraction};
         const Spring::Motion start{.displacement = displacement, .velocity = velocity};
-        const double scale = spring.reach(start);
+        const double scale = spring.amplitude(start);
         for (const double seconds : {0.0, 0.016, 0.1, 0.35, 1.0}) {
             const Spring::Motion exact = spring.after(seconds, start);
             const Spring::Motion expected = stepped(spring, seconds, start);
             const Spring::Motion error{.displacement = exact.displacement - expected.displacement,
                                        .velocity = exact.velocity - expected.velocity};
-            QVERIFY2(spring.reach(error) < 1e-3 * scale, qPrintable(QString::number(seconds)));
+            QVERIFY2(spring.amplitude(error) < 1e-3 * scale, qPrintable(QString::number(seconds)));
         }
         const Spring::Motion late = spring.after(1e6, start);
         QVERIFY(std::abs(late.displacement) < 1e-9 && std::abs(late.velocity) < 1e-9);

@@ -30,7 +30,7 @@ QString walked(ParallaxRules &rules, const QList<double> &offsets)
             const bool isStored = rules.scrollOffset() == (std::isnan(offset) ? 0 : offset);
             told += isStored && state == rules.state() ? 1 : 100;
         };
-        rules.scroll(offset);
+        rules.setScrollOffset(offset);
         const bool isCollapsed = rules.state() == ParallaxScrollState::collapsed;
         states += told > 1 ? u'?' : u"ocOC"_s.at(2 * told + (isCollapsed ? 1 : 0));
     }
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QCOMPARE(rules.viewHeight(), 300.0);
         rules.setViewHeight(viewHeight);
         rules.setLandscape(isLandscape);
-        rules.scroll(offset);
+        rules.setScrollOffset(offset);
         QCOMPARE((QList{rules.headerHeight(), rules.sheetHeight(), rules.contentTop()}), heights);
     }
 
@@ -181,7 +181,7 @@ private Q_SLOTS:
         ParallaxRules rules(configured({90, 80}));
         QCOMPARE(rules.scrollRange(), -10.0);
         QCOMPARE(rules.spacerHeight(), 0.0);
-        rules.scroll(-15);
+        rules.setScrollOffset(-15);
         QCOMPARE(rules.contentTop(), 80.0);
         QCOMPARE(rules.headerHeight(), 75.0);
     }

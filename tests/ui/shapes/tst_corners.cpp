@@ -32,7 +32,7 @@ private Q_SLOTS:
         QFETCH(const double, room);
         QFETCH(const double, used);
         QFETCH(const double, extent);
-        const ContinuousCorner corner = ContinuousCorner::of(radius, room);
+        const ContinuousCorner corner = ContinuousCorner::forRadius(radius, room);
         QCOMPARE(corner.extent, extent);
         QCOMPARE(qFuzzyCompare(corner.exponent, 2), extent == used);
 
@@ -46,17 +46,17 @@ private Q_SLOTS:
 
     void withoutARadiusThereIsNone()
     {
-        QCOMPARE(ContinuousCorner::of(0, 10).extent, 0.0);
-        QCOMPARE(ContinuousCorner::of(10, 0).extent, 0.0);
-        QCOMPARE(ContinuousCorner::of(qQNaN(), 10).extent, 0.0);
+        QCOMPARE(ContinuousCorner::forRadius(0, 10).extent, 0.0);
+        QCOMPARE(ContinuousCorner::forRadius(10, 0).extent, 0.0);
+        QCOMPARE(ContinuousCorner::forRadius(qQNaN(), 10).extent, 0.0);
     }
 
     void anOutlineHasTheCornersThatAreAskedFor()
     {
         const QRectF bounds(10, 10, 100, 80);
-        const RoundedShape shape =
-            placed(bounds.size(), bounds, FillMode::stretch,
-                   {.radius = 20, .corners = 1 | 8, .isCircle = false}); // Upper left, lower right.
+        const RoundedShape shape = shapeFor(
+            bounds.size(), bounds, FillMode::stretch,
+            {.radius = 20, .corners = 1 | 8, .isCircle = false}); // Upper left, lower right.
         const QPainterPath path = shape.outline(2);
         QCOMPARE(path.boundingRect(), QRectF(0, 0, 200, 160));
         QVERIFY(!path.contains(QPointF(8, 8)) && !path.contains(QPointF(192, 152)));

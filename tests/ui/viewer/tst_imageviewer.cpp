@@ -4,7 +4,7 @@
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
 #include "ui/sharing/imageshare.h"
-#include "ui/viewer/imagestatetype.h"
+#include "ui/viewer/zoomcontroller.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
@@ -57,7 +57,7 @@ struct Scene : Fixture
             {{u"imageUrl"_s, address}, {u"messageData"_s, QVariant::fromValue(&messages)}}));
         if (!viewer)
             qFatal("%s", qPrintable(component.errorString()));
-        state = viewer->property("imageState").value<ImageStateType *>();
+        state = viewer->property("imageState").value<ZoomController *>();
         share = viewer->findChild<ImageShare *>();
         window.setResizeMode(QQuickView::SizeRootObjectToView);
         window.setContent({}, nullptr, viewer);
@@ -96,7 +96,7 @@ struct Scene : Fixture
     MessageData messages;
     QQuickView window;
     QQuickItem *viewer;
-    ImageStateType *state;
+    ZoomController *state;
     ImageShare *share;
     std::unique_ptr<QPointingDevice> screen{
         QTest::createTouchDevice(QInputDevice::DeviceType::TouchScreen)};

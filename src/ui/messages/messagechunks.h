@@ -8,12 +8,12 @@
 namespace tolvane {
 
 /// The maximum number of characters in one row.
-inline constexpr qsizetype longestPart = 4000;
+inline constexpr qsizetype maxChunkLength = 4000;
 
 /// Splits a text into chunks that are cheap to lay out, so that only the visible part of a long
 /// message takes time. Splits after a line break or else a space in the last quarter of a chunk,
 /// otherwise between any two characters. The chunks have all of the text except the line breaks
 /// that it was split at. Never empty.
-TOLVANE_VIEWS_AUTOTEST_EXPORT QStringList partsOf(const QString &text);
+TOLVANE_VIEWS_AUTOTEST_EXPORT QStringList splitIntoChunks(const QString &text);
 
 } // namespace tolvane

@@ -13,10 +13,10 @@ namespace tolvane {
 /// Zoom and pan of a picture, for QML: takes gestures and provides the values to show. Finger input
 /// applies immediately; programmatic changes animate with a spring. A step of the animation changes
 /// a few numbers only. Main thread.
-class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageStateType : public QObject
+class TOLVANE_VIEWS_AUTOTEST_EXPORT ZoomController : public QObject
 {
     Q_OBJECT
-    QML_NAMED_ELEMENT(ImageState)
+    QML_ELEMENT
     /// The size of the viewport, in device-independent pixels.
     Q_PROPERTY(QSizeF geometry READ geometry WRITE setGeometry NOTIFY geometryChanged)
     /// The values of zoom and pan that the animation ends at.
@@ -28,10 +28,10 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageStateType : public QObject
     Q_PROPERTY(double shownScale READ shownScale NOTIFY shownChanged)
     Q_PROPERTY(QPointF shownOffset READ shownOffset NOTIFY shownChanged)
     /// In device-independent pixels.
-    Q_PROPERTY(double leastDragDistance READ leastDragDistance CONSTANT)
+    Q_PROPERTY(double minDragDistance READ minDragDistance CONSTANT)
 
 public:
-    explicit ImageStateType(QObject *parent = nullptr);
+    explicit ZoomController(QObject *parent = nullptr);
 
     QSizeF geometry() const { return m_geometry; }
     void setGeometry(const QSizeF &geometry);
@@ -41,7 +41,7 @@ public:
     bool isZoomedIn() const { return m_state.scale > 1; }
     double shownScale() const { return m_scale.value(); }
     QPointF shownOffset() const { return {m_x.value(), m_y.value()}; }
-    double leastDragDistance() const { return ImageState::leastDragDistance; }
+    double minDragDistance() const { return ImageState::minDragDistance; }
 
     /// See ImageState.
     Q_INVOKABLE void pinchChanged(double value);
@@ -51,12 +51,15 @@ public:
     Q_INVOKABLE void doubleTapped();
     Q_INVOKABLE void reset();
 
-    /// For input that is not a finger gesture: pinchStepped() animates one step of a pinch, until
-    /// pinchEnded(); pan() and swingBy() are whole drags, applied immediately or animated. Such
+    /// For input that is not a finger gesture: pinchAnimated() animates one step of a pinch, until
+    /// pinchEnded(); pan() and panAnimated() are whole drags, applied immediately or animated. Such
     /// drags are ignored during a drag gesture.
-    Q_INVOKABLE void pinchStepped(double value);
-    Q_INVOKABLE void pan(const QPointF &translation) { dragWhole(Way::atOnce, translation); }
-    Q_INVOKABLE void swingBy(const QPointF &translation) { dragWhole(Way::swinging, translation); }
+    Q_INVOKABLE void pinchAnimated(double value);
+    Q_INVOKABLE void pan(const QPointF &translation) { applyDrag(Motion::immediate, translation); }
+    Q_INVOKABLE void panAnimated(const QPointF &translation)
+    {
+        applyDrag(Motion::animated, translation);
+    }
 
 Q_SIGNALS:
     void geometryChanged();
@@ -64,11 +67,11 @@ Q_SIGNALS:
     void shownChanged();
 
 private:
-    enum class Way { atOnce, swinging };
+    enum class Motion { immediate, animated };
 
     template <typename Change>
-    void change(Way way, Change change);
-    void dragWhole(Way way, const QPointF &translation);
+    void change(Motion motion, Change change);
+    void applyDrag(Motion motion, const QPointF &translation);
 
     QSizeF m_geometry = {0, 0};
     ImageState m_state;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/messages/messageparts.h"
+#include "ui/messages/messagechunks.h"
 
 #include <QtCore/QTextBoundaryFinder>
 
@@ -8,33 +8,33 @@ namespace tolvane {
 namespace {
 
 /// The length of the first chunk of a text that is longer than one.
-qsizetype lengthOfPart(QStringView text)
+qsizetype chunkLength(QStringView text)
 {
-    const QStringView most = text.first(longestPart);
-    const qsizetype least = longestPart * 3 / 4;
+    const QStringView most = text.first(maxChunkLength);
+    const qsizetype least = maxChunkLength * 3 / 4;
     for (const char16_t end : {u'\n', u' '}) {
         const qsizetype at = most.lastIndexOf(end);
         if (at >= least)
             return at + 1;
     }
     // One visible character may consist of many: an emoji of a family, a letter with accents.
-    const QStringView around = text.sliced(least, qMin(text.size(), 2 * longestPart) - least);
+    const QStringView around = text.sliced(least, qMin(text.size(), 2 * maxChunkLength) - least);
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, around.data(), around.size());
-    finder.setPosition(longestPart - least);
+    finder.setPosition(maxChunkLength - least);
     const qsizetype boundary =
         finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
     // Without a boundary this is a character longer than real text has: it may be split.
-    return boundary > 0 ? least + boundary : longestPart;
+    return boundary > 0 ? least + boundary : maxChunkLength;
 }
 
 } // namespace
 
-QStringList partsOf(const QString &text)
+QStringList splitIntoChunks(const QString &text)
 {
     QStringList parts;
     QStringView rest = text;
-    while (rest.size() > longestPart) {
-        const QStringView part = rest.first(lengthOfPart(rest));
+    while (rest.size() > maxChunkLength) {
+        const QStringView part = rest.first(chunkLength(rest));
         rest = rest.sliced(part.size());
         parts += (part.endsWith(u'\n') ? part.chopped(1) : part).toString();
     }

@@ -26,7 +26,7 @@ namespace tolvane {
 ///
 /// Methods behave like those of the C++ class, also when they fail. Each engine has its own
 /// instance, for the one library; hosts may use both languages at once. Main thread.
-class HostFace : public QObject
+class QmlFacade : public QObject
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(Tolvane)
@@ -49,14 +49,14 @@ public:
     };
     Q_ENUM(PresentationOptions)
 
-    explicit HostFace(QObject *parent = nullptr);
-    ~HostFace() override;
+    explicit QmlFacade(QObject *parent = nullptr);
+    ~QmlFacade() override;
 
     bool isOpen() const { return m_isOpen; }
 
     Q_INVOKABLE void initialize(const QString &key);
     /// Unknown values log a warning and are ignored.
-    Q_INVOKABLE void setEnvironment(tolvane::HostFace::Environment environment);
+    Q_INVOKABLE void setEnvironment(tolvane::QmlFacade::Environment environment);
     Q_INVOKABLE void enableLogging(bool enabled);
     /// `undefined` and `null` mean absent.
     Q_INVOKABLE void updateCustomer(const QVariant &email = {}, const QVariant &originalID = {});
@@ -64,7 +64,7 @@ public:
     /// @param deviceToken the push service's token, as an ArrayBuffer of its raw bytes
     Q_INVOKABLE void setDeviceToken(const QByteArray &deviceToken);
     Q_INVOKABLE bool isTolvanePushNotification(const QVariantMap &payload) const;
-    Q_INVOKABLE tolvane::HostFace::PresentationOptions
+    Q_INVOKABLE tolvane::QmlFacade::PresentationOptions
     willPresentNotification(const QVariantMap &payload);
     Q_INVOKABLE void handlePushNotification(const QVariantMap &payload);
 
@@ -79,12 +79,12 @@ Q_SIGNALS:
     void analyticsEvent(const QVariantMap &event);
 
 private:
-    class Observer;
+    class AnalyticsObserver;
 
-    void followState();
+    void updateIsOpen();
 
     bool m_isOpen;
-    std::shared_ptr<Observer> m_observer;
+    std::shared_ptr<AnalyticsObserver> m_observer;
 };
 
 } // namespace tolvane

@@ -10,12 +10,12 @@ namespace tolvane {
 
 /// The window that shows the messenger: the host's window if that is a QQuickWindow, else a window
 /// of its own over the host's, modal to it. Main thread.
-class Stage
+class MessengerWindow
 {
 public:
     /// Without a window.
-    Stage() = default;
-    explicit Stage(QWindow &host);
+    MessengerWindow() = default;
+    explicit MessengerWindow(QWindow &host);
 
     /// The host's window that has the focus, else a visible one; null if there is no visible
     /// window.
@@ -36,7 +36,7 @@ private:
 
     QPointer<QWindow> m_host;
     QPointer<QQuickWindow> m_window;
-    std::unique_ptr<QQuickWindow, DeleteLater> m_own;
+    std::unique_ptr<QQuickWindow, DeleteLater> m_ownWindow;
 };
 
 } // namespace tolvane

@@ -6,7 +6,7 @@ import Tolvane.Private
 ShaderEffect {
     /// Set by the layer.
     property var source
-    readonly property real beginning: source ? source.sourceItem.contentTop : 0
+    readonly property real contentTop: source ? source.sourceItem.contentTop : 0
     readonly property real extent: Parallax.contentCornerExtent
     readonly property real exponent: Parallax.contentCornerExponent
     readonly property size size: Qt.size(width, height)

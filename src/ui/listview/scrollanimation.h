@@ -9,19 +9,19 @@ namespace tolvane {
 
 /// An animation that scrolls to a position, to the current row from one direction, or to an end of
 /// the list. These may move while it runs.
-class ScrollGoal
+class ScrollAnimation
 {
 public:
     enum class Kind { start, end, place, currentRow };
 
     /// @param moved called for each step, the last included
-    explicit ScrollGoal(std::function<void()> moved);
+    explicit ScrollAnimation(std::function<void()> moved);
 
     /// @param duration in milliseconds
-    void aim(Kind kind, int duration, double place = 0);
+    void setTarget(Kind kind, int duration, double place = 0);
     void stop();
 
-    bool isAimed() const { return m_isAimed; }
+    bool isActive() const { return m_isActive; }
     Kind kind() const { return m_kind; }
     /// The position to scroll to; for the current row, the direction.
     double place() const { return m_place; }
@@ -31,14 +31,14 @@ public:
     void begin(double distance);
     /// The remaining distance.
     double distance() const;
-    bool hasArrived() const;
+    bool isFinished() const;
 
 private:
-    QVariantAnimation m_motion;
+    QVariantAnimation m_animation;
     Kind m_kind = Kind::end;
     double m_place = 0;
     double m_distance = 0;
-    bool m_isAimed = false;
+    bool m_isActive = false;
     bool m_hasBegun = false;
 };
 

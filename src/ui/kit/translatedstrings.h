@@ -9,7 +9,7 @@
 namespace tolvane {
 
 /// Translated strings of the views, by their keys.
-class Texts : public QObject
+class Strings : public QObject
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/shapes/roundedcornernode.h"
+#include "ui/shapes/roundedrectanglenode.h"
 
 #include <QtGui/QPainter>
 #include <QtQuick/QQuickWindow>
@@ -18,7 +18,7 @@ namespace tolvane {
 namespace {
 
 /// A point on a curve around an origin, for an extent of 1, and the outward direction there.
-struct Direction
+struct CurvePoint
 {
     QPointF place;
     QPointF outwards;
@@ -30,7 +30,7 @@ struct Corner
 {
     QPointF middle;
     qreal extent;
-    std::vector<Direction> directions;
+    std::vector<CurvePoint> directions;
     QPointF fading;
 };
 
@@ -155,7 +155,7 @@ Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
 }
 
 /// Triangles without a texture: the renderer batches them, however many shapes there are.
-class MeshNode final : public RoundedCornerNode
+class MeshNode final : public RoundedRectangleNode
 {
 public:
     MeshNode()
@@ -182,10 +182,10 @@ private:
 
 /// An image of the corners, stretched between them, for the software renderer, which draws no
 /// triangles.
-class PatchNode final : public RoundedCornerNode
+class NinePatchNode final : public RoundedRectangleNode
 {
 public:
-    explicit PatchNode(QQuickWindow &window)
+    explicit NinePatchNode(QQuickWindow &window)
         : m_window(window)
         , m_patch(window.createNinePatchNode())
     {
@@ -234,11 +234,11 @@ private:
 
 } // namespace
 
-RoundedCornerNode *RoundedCornerNode::make(QQuickWindow &window)
+RoundedRectangleNode *RoundedRectangleNode::make(QQuickWindow &window)
 {
     if (QSGRendererInterface::isApiRhiBased(window.rendererInterface()->graphicsApi()))
         return new MeshNode;
-    return new PatchNode(window);
+    return new NinePatchNode(window);
 }
 
 } // namespace tolvane

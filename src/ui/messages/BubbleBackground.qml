@@ -4,7 +4,7 @@ import Tolvane.Private
 
 // The background of a message: rounded, except for the lower corner on the side of the sender. The
 // parts of a long message have square corners between them.
-RoundedCorner {
+RoundedRectangle {
     required property bool isRight
     property bool isFirst: true
     property bool isLast: true

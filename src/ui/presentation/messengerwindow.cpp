@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/presentation/stage.h"
+#include "ui/presentation/messengerwindow.h"
 
 #include <QtGui/QGuiApplication>
 
@@ -22,7 +22,7 @@ QWindow *topLevel(QWindow *window)
 
 } // namespace
 
-QWindow *Stage::foregroundWindow()
+QWindow *MessengerWindow::foregroundWindow()
 {
     QWindow *focused = topLevel(QGuiApplication::focusWindow());
     if (focused && isShown(focused))
@@ -32,37 +32,37 @@ QWindow *Stage::foregroundWindow()
     return shown == windows.end() ? nullptr : *shown;
 }
 
-Stage::Stage(QWindow &host)
+MessengerWindow::MessengerWindow(QWindow &host)
     : m_host(&host)
     , m_window(qobject_cast<QQuickWindow *>(&host))
 {
     if (m_window)
         return;
-    m_own.reset(new QQuickWindow);
-    m_window = m_own.get();
-    m_own->setTransientParent(&host);
-    m_own->setModality(Qt::WindowModal);
-    m_own->setFlag(Qt::FramelessWindowHint);
-    m_own->setGeometry(host.geometry());
-    m_own->setTitle(host.title());
+    m_ownWindow.reset(new QQuickWindow);
+    m_window = m_ownWindow.get();
+    m_ownWindow->setTransientParent(&host);
+    m_ownWindow->setModality(Qt::WindowModal);
+    m_ownWindow->setFlag(Qt::FramelessWindowHint);
+    m_ownWindow->setGeometry(host.geometry());
+    m_ownWindow->setTitle(host.title());
     // It covers the host's window wherever that moves.
     for (const auto changed :
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
-        QObject::connect(&host, changed, m_own.get(),
-                         [&host, own = m_own.get()] { own->setGeometry(host.geometry()); });
+        QObject::connect(&host, changed, m_ownWindow.get(),
+                         [&host, own = m_ownWindow.get()] { own->setGeometry(host.geometry()); });
 }
 
-void Stage::open()
+void MessengerWindow::open()
 {
-    if (m_own)
-        m_own->show();
+    if (m_ownWindow)
+        m_ownWindow->show();
 }
 
-void Stage::close()
+void MessengerWindow::close()
 {
-    if (m_own)
-        m_own->hide();
-    m_own.reset();
+    if (m_ownWindow)
+        m_ownWindow->hide();
+    m_ownWindow.reset();
     m_window.clear();
 }
 

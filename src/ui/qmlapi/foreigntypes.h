@@ -9,15 +9,15 @@
 
 namespace tolvane {
 
-struct HostParallax
+struct ParallaxForeign
 {
     Q_GADGET
-    QML_FOREIGN(tolvane::ParallaxType)
+    QML_FOREIGN(tolvane::ParallaxFactory)
     QML_NAMED_ELEMENT(Parallax)
     QML_SINGLETON
 };
 
-struct HostParallaxScroll
+struct ParallaxScrollForeign
 {
     Q_GADGET
     QML_FOREIGN(tolvane::ParallaxScroll)

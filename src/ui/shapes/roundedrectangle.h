@@ -10,7 +10,7 @@
 namespace tolvane {
 
 /// A rectangle in one colour. The corners in a mask are rounded, the others are square.
-class RoundedCorner : public QQuickItem
+class RoundedRectangle : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -22,7 +22,7 @@ class RoundedCorner : public QQuickItem
                    appearanceChanged)
 
 public:
-    explicit RoundedCorner(QQuickItem *parent = nullptr);
+    explicit RoundedRectangle(QQuickItem *parent = nullptr);
 
     const QColor &color() const { return m_color; }
     void setColor(const QColor &color);

@@ -11,10 +11,10 @@ Item {
     signal pulled()
 
     /// In eighths of a degree, as angleDelta reports it: three notches.
-    readonly property int full: 360
-    property int turned: 0
+    readonly property int requiredAngle: 360
+    property int accumulatedAngle: 0
     /// Momentum that reaches the top does not count.
-    property bool beganAtTop: false
+    property bool startedAtTop: false
 
     anchors.fill: parent
 
@@ -23,21 +23,21 @@ Item {
         blocking: false
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         onWheel: event => {
-            if (!rest.running) {
-                pull.turned = 0
-                pull.beganAtTop = pull.isAtTop
+            if (!gestureTimeout.running) {
+                pull.accumulatedAngle = 0
+                pull.startedAtTop = pull.isAtTop
             }
-            const before = pull.turned
-            pull.turned = pull.beganAtTop ? Math.max(0, before + event.angleDelta.y) : 0
-            if (before < pull.full && pull.turned >= pull.full)
+            const before = pull.accumulatedAngle
+            pull.accumulatedAngle = pull.startedAtTop ? Math.max(0, before + event.angleDelta.y) : 0
+            if (before < pull.requiredAngle && pull.accumulatedAngle >= pull.requiredAngle)
                 pull.pulled()
-            rest.restart()
+            gestureTimeout.restart()
         }
     }
 
     // A turn that follows after a longer pause is a new one.
     Timer {
-        id: rest
+        id: gestureTimeout
 
         interval: 300
     }

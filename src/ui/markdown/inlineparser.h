@@ -9,7 +9,7 @@ namespace tolvane::markdown {
 enum Style { emphasis = 1, strong = 2, strikethrough = 4, code = 8 };
 
 /// A span of text in one style.
-struct Piece
+struct InlineSpan
 {
     QString text = {};
     int styles = 0;
@@ -19,19 +19,19 @@ struct Piece
     /// For a run of * or _ or ~: its length, how much of it is unmatched, and its possible roles.
     QChar delimiter = {};
     int length = 0;
-    int left = 0;
+    int unmatched = 0;
     bool canOpen = false;
     bool canClose = false;
 };
 
-using Pieces = QList<Piece>;
+using InlineSpans = QList<InlineSpan>;
 
 /// Parses a text: recognises links and code, and applies emphasis.
-Pieces piecesOf(const QString &source);
+InlineSpans parseInline(const QString &source);
 
 /// Turns runs of delimiters from `first` on into styles of the text between them, by CommonMark's
 /// rules; unmatched delimiters stay as text.
-void applyEmphasis(Pieces &pieces, qsizetype first);
+void applyEmphasis(InlineSpans &spans, qsizetype first);
 
 /// The percent-encoded URL of a link; empty unless it is a valid one for https, http or mailto.
 QString allowedLink(const QString &address);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/qmlapi/hostface.h"
+#include "ui/qmlapi/qmlfacade.h"
 
 #include "analytics/manager.h"
 #include "state/sdkdata.h"
@@ -12,7 +12,7 @@ namespace tolvane {
 
 namespace {
 
-QVariantMap describe(const TolvaneAnalyticsEvent &event)
+QVariantMap toVariantMap(const TolvaneAnalyticsEvent &event)
 {
     QVariantMap description = {
         {QStringLiteral("name"), event.name()},
@@ -39,48 +39,48 @@ std::optional<QString> optionalText(const QVariant &value)
 } // namespace
 
 /// Stays valid if a handler of the signal destroys the facade.
-class HostFace::Observer final : public TolvaneAnalyticsDelegate
+class QmlFacade::AnalyticsObserver final : public TolvaneAnalyticsDelegate
 {
 public:
-    explicit Observer(HostFace *face)
-        : m_face(face)
+    explicit AnalyticsObserver(QmlFacade *facade)
+        : m_facade(facade)
     {
     }
 
     void didReceiveEvent(const TolvaneAnalyticsEvent &event) override
     {
-        if (m_face)
-            Q_EMIT m_face->analyticsEvent(describe(event));
+        if (m_facade)
+            Q_EMIT m_facade->analyticsEvent(toVariantMap(event));
     }
 
 private:
-    QPointer<HostFace> m_face;
+    QPointer<QmlFacade> m_facade;
 };
 
-HostFace::HostFace(QObject *parent)
+QmlFacade::QmlFacade(QObject *parent)
     : QObject(parent)
     , m_isOpen(SdkData::shared()->isOpen())
-    , m_observer(std::make_shared<Observer>(this))
+    , m_observer(std::make_shared<AnalyticsObserver>(this))
 {
-    connect(SdkData::shared().get(), &SdkData::changed, this, &HostFace::followState);
+    connect(SdkData::shared().get(), &SdkData::changed, this, &QmlFacade::updateIsOpen);
     TolvaneAnalyticsManager::shared().addObserver(m_observer);
 }
 
-HostFace::~HostFace() = default;
+QmlFacade::~QmlFacade() = default;
 
-void HostFace::followState()
+void QmlFacade::updateIsOpen()
 {
     const bool isOpen = SdkData::shared()->isOpen();
     if (std::exchange(m_isOpen, isOpen) != isOpen)
         Q_EMIT isOpenChanged();
 }
 
-void HostFace::initialize(const QString &key)
+void QmlFacade::initialize(const QString &key)
 {
     Tolvane::initialize(key);
 }
 
-void HostFace::setEnvironment(Environment environment)
+void QmlFacade::setEnvironment(Environment environment)
 {
     if (!QMetaEnum::fromType<Environment>().valueToKey(environment)) {
         qmlWarning(this) << "There is no environment " << static_cast<int>(environment);
@@ -89,37 +89,37 @@ void HostFace::setEnvironment(Environment environment)
     Tolvane::setEnvironment(static_cast<Tolvane::Environment>(environment));
 }
 
-void HostFace::enableLogging(bool enabled)
+void QmlFacade::enableLogging(bool enabled)
 {
     Tolvane::enableLogging(enabled);
 }
 
-void HostFace::updateCustomer(const QVariant &email, const QVariant &originalID)
+void QmlFacade::updateCustomer(const QVariant &email, const QVariant &originalID)
 {
     Tolvane::updateCustomer(optionalText(email), optionalText(originalID));
 }
 
-void HostFace::open()
+void QmlFacade::open()
 {
     Tolvane::open();
 }
 
-void HostFace::setDeviceToken(const QByteArray &deviceToken)
+void QmlFacade::setDeviceToken(const QByteArray &deviceToken)
 {
     Tolvane::setDeviceToken(deviceToken);
 }
 
-bool HostFace::isTolvanePushNotification(const QVariantMap &payload) const
+bool QmlFacade::isTolvanePushNotification(const QVariantMap &payload) const
 {
     return Tolvane::isTolvanePushNotification(payload);
 }
 
-HostFace::PresentationOptions HostFace::willPresentNotification(const QVariantMap &payload)
+QmlFacade::PresentationOptions QmlFacade::willPresentNotification(const QVariantMap &payload)
 {
     return static_cast<PresentationOptions>(Tolvane::willPresentNotification(payload));
 }
 
-void HostFace::handlePushNotification(const QVariantMap &payload)
+void QmlFacade::handlePushNotification(const QVariantMap &payload)
 {
     Tolvane::handlePushNotification(payload);
 }

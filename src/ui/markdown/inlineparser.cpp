@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/markdown/markdownpieces.h"
+#include "ui/markdown/inlineparser.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringView>
@@ -23,28 +23,28 @@ bool isPunctuation(QChar c)
 }
 
 /// Parses a text from its beginning to its end.
-class Reader
+class InlineParser
 {
 public:
-    explicit Reader(const QString &source)
+    explicit InlineParser(const QString &source)
         : m_text(source)
     {
     }
 
-    Pieces read()
+    InlineSpans read()
     {
         while (m_at < m_source.size()) {
             if (!readSpecial())
                 addText(m_source.sliced(m_at, 1), 1);
         }
-        applyEmphasis(m_pieces, 0);
-        return std::move(m_pieces);
+        applyEmphasis(m_spans, 0);
+        return std::move(m_spans);
     }
 
 private:
     struct Bracket
     {
-        qsizetype piece;
+        qsizetype span;
         bool isImage;
     };
 
@@ -71,7 +71,7 @@ private:
         case u']':
             return readLink();
         case u'h':
-            return readAddress();
+            return readBareUrl();
         default:
             return false;
         }
@@ -79,16 +79,16 @@ private:
 
     void addText(QStringView text, qsizetype length)
     {
-        if (m_pieces.isEmpty() || !m_isTextLast)
-            m_pieces += Piece();
-        m_pieces.last().text += text;
+        if (m_spans.isEmpty() || !m_isTextLast)
+            m_spans += InlineSpan();
+        m_spans.last().text += text;
         m_isTextLast = true;
         m_at += length;
     }
 
-    void add(Piece piece, qsizetype length)
+    void add(InlineSpan span, qsizetype length)
     {
-        m_pieces += std::move(piece);
+        m_spans += std::move(span);
         m_isTextLast = false;
         m_at += length;
     }
@@ -137,17 +137,19 @@ private:
         const qsizetype length = runLength(m_at);
         const QChar before = at(m_at - 1);
         const QChar after = at(m_at + length);
-        const bool isLeft = !after.isSpace() &&
-                            (!isPunctuation(after) || before.isSpace() || isPunctuation(before));
-        const bool isRight = !before.isSpace() &&
-                             (!isPunctuation(before) || after.isSpace() || isPunctuation(after));
+        const bool isLeftFlanking = !after.isSpace() && (!isPunctuation(after) ||
+                                                         before.isSpace() || isPunctuation(before));
+        const bool isRightFlanking = !before.isSpace() && (!isPunctuation(before) ||
+                                                           after.isSpace() || isPunctuation(after));
         // Names like snake_case_names stay as they are, and so does "about ~5".
-        const bool isWordwise = delimiter == u'_';
+        const bool isUnderscore = delimiter == u'_';
         const bool isStyle = delimiter != u'~' || length == 2;
-        Piece piece = {.delimiter = delimiter, .length = int(length), .left = int(length)};
-        piece.canOpen = isStyle && isLeft && (!isWordwise || !isRight || isPunctuation(before));
-        piece.canClose = isStyle && isRight && (!isWordwise || !isLeft || isPunctuation(after));
-        add(piece, length);
+        InlineSpan span = {.delimiter = delimiter, .length = int(length), .unmatched = int(length)};
+        span.canOpen = isStyle && isLeftFlanking &&
+                       (!isUnderscore || !isRightFlanking || isPunctuation(before));
+        span.canClose = isStyle && isRightFlanking &&
+                        (!isUnderscore || !isLeftFlanking || isPunctuation(after));
+        add(span, length);
         return true;
     }
 
@@ -167,7 +169,7 @@ private:
     }
 
     /// A bare URL, without any delimiters.
-    bool readAddress()
+    bool readBareUrl()
     {
         const QStringView rest = m_source.sliced(m_at);
         if (!(rest.startsWith(u"http://") || rest.startsWith(u"https://")) ||
@@ -176,7 +178,7 @@ private:
         qsizetype end = 0;
         while (end < rest.size() && !rest.at(end).isSpace() && rest.at(end) != u'<')
             ++end;
-        const QString text = rest.first(lengthOfAddress(rest.first(end))).toString();
+        const QString text = rest.first(bareUrlLength(rest.first(end))).toString();
         const QString link = allowedLink(text);
         if (link.isEmpty())
             return false;
@@ -185,7 +187,7 @@ private:
     }
 
     /// Excludes punctuation that ends the sentence, and a parenthesis that was opened before.
-    static qsizetype lengthOfAddress(QStringView text)
+    static qsizetype bareUrlLength(QStringView text)
     {
         qsizetype open = text.count(u'(') - text.count(u')');
         while (!text.isEmpty()) {
@@ -201,13 +203,13 @@ private:
 
     bool readBracket()
     {
-        m_brackets += {.piece = m_pieces.size(), .isImage = at(m_at - 1) == u'!'};
+        m_brackets += {.span = m_spans.size(), .isImage = at(m_at - 1) == u'!'};
         add({.text = QStringLiteral("[")}, 1);
         return true;
     }
 
     /// The end and the URL of the link target that begins with the parenthesis at `from`.
-    std::optional<std::pair<qsizetype, QString>> target(qsizetype from) const
+    std::optional<std::pair<qsizetype, QString>> linkTarget(qsizetype from) const
     {
         static const QRegularExpression form(
             QStringLiteral("\\(\\s*(?:<([^<>\\n]*)>|((?:[^\\s()]|\\([^\\s()]*\\))*))"
@@ -224,14 +226,14 @@ private:
         if (m_brackets.isEmpty())
             return false;
         const Bracket bracket = m_brackets.takeLast();
-        const auto found = bracket.isImage ? std::nullopt : target(m_at + 1);
+        const auto found = bracket.isImage ? std::nullopt : linkTarget(m_at + 1);
         const QString link = found ? allowedLink(found->second) : QString();
         if (link.isEmpty())
             return false;
-        applyEmphasis(m_pieces, bracket.piece + 1);
-        m_pieces.remove(bracket.piece);
-        for (qsizetype piece = bracket.piece; piece < m_pieces.size(); ++piece)
-            m_pieces[piece].link = link;
+        applyEmphasis(m_spans, bracket.span + 1);
+        m_spans.remove(bracket.span);
+        for (qsizetype span = bracket.span; span < m_spans.size(); ++span)
+            m_spans[span].link = link;
         // Links do not nest.
         m_brackets.clear();
         m_isTextLast = false;
@@ -242,7 +244,7 @@ private:
     const QString m_text;
     const QStringView m_source = m_text;
     qsizetype m_at = 0;
-    Pieces m_pieces;
+    InlineSpans m_spans;
     bool m_isTextLast = false;
     QList<Bracket> m_brackets;
 };
@@ -260,11 +262,11 @@ QString allowedLink(const QString &address)
     return QString::fromLatin1(url.toEncoded());
 }
 
-Pieces piecesOf(const QString &source)
+InlineSpans parseInline(const QString &source)
 {
     QString text = source;
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    return Reader(text).read();
+    return InlineParser(text).read();
 }
 
 } // namespace tolvane::markdown

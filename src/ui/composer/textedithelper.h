@@ -10,7 +10,7 @@
 namespace tolvane {
 
 /// Functions for a text editor that QML does not provide.
-class Editing : public QObject
+class TextEditHelper : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
@@ -22,7 +22,7 @@ public:
     /// Makes an editor draw only the text that its Flickable shows: a megabyte of text would take
     /// seconds a frame. TextEdit does so by itself for text that is set, but not for text that is
     /// pasted.
-    Q_INVOKABLE void drawOnlyWhatIsInSight(QQuickItem *editor)
+    Q_INVOKABLE void observeViewport(QQuickItem *editor)
     {
         editor->setFlag(QQuickItem::ItemObservesViewport);
     }
