@@ -10,7 +10,7 @@ namespace tolvane::test {
 
 namespace {
 
-constexpr int patience = 20'000; // Sanitized programs on a busy machine.
+constexpr int timeout = 20'000; // Sanitized programs are slow on a busy machine.
 
 } // namespace
 
@@ -22,11 +22,11 @@ BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay,
         QStringLiteral("--db"),          folder + QStringLiteral("/backend.sqlite"),
         QStringLiteral("--reply-delay"), replyDelay};
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    // It goes with a test that crashes.
+    // Ends the backend when the test crashes.
     m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     m_process.start(QStringLiteral(TOLVANE_BACKEND), arguments + moreArguments);
     while (!m_process.canReadLine()) {
-        if (!m_process.waitForReadyRead(patience))
+        if (!m_process.waitForReadyRead(timeout))
             qFatal("The backend does not start");
     }
     m_url = QString::fromUtf8(m_process.readLine()).trimmed().section(QLatin1Char(' '), -1);
@@ -35,7 +35,7 @@ BackendProgram::BackendProgram(const QString &folder, const QString &replyDelay,
 BackendProgram::~BackendProgram()
 {
     m_process.terminate();
-    m_process.waitForFinished(patience);
+    m_process.waitForFinished(timeout);
 }
 
 quint16 BackendProgram::port() const
@@ -46,7 +46,7 @@ quint16 BackendProgram::port() const
 void BackendProgram::kill()
 {
     m_process.kill();
-    m_process.waitForFinished(patience);
+    m_process.waitForFinished(timeout);
 }
 
 } // namespace tolvane::test

@@ -5,7 +5,7 @@
 
 namespace tolvane::test {
 
-/// The local backend on a free port, its data in a folder that stays when it ends.
+/// Runs the local backend program on a free port. Its data stay in the folder when it ends.
 class BackendProgram
 {
 public:
@@ -17,7 +17,7 @@ public:
     QString url() const { return m_url; }
     quint16 port() const;
 
-    /// Ends it where it stands, as a crash does.
+    /// Kills the process, like a crash.
     void kill();
 
 private:

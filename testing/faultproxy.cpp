@@ -37,13 +37,13 @@ void writeHalf(QTcpSocket &host, const QByteArray &answer)
     host.write(answer.left(answer.size() - bodyOf(answer).size() / 2));
 }
 
-/// An answer as it is where the connection to the host goes on.
+/// Removes the header that would close the connection to the host.
 QByteArray keptAlive(QByteArray answer)
 {
     return answer.replace("Connection: close\r\n", "");
 }
 
-QByteArray wireForm(const ServedRequest &request)
+QByteArray serialized(const ServedRequest &request)
 {
     QByteArray text = request.method + ' ' + request.target + " HTTP/1.1\r\n";
     for (const auto &[name, value] : request.headers) {
@@ -61,40 +61,41 @@ const Fault none = {"none", true,
                     [](QTcpSocket &host, const QByteArray &answer) { host.write(answer); }};
 const Fault reset = {"reset", false,
                      [](QTcpSocket &host, const QByteArray &) { ScriptedServer::reset(host); }};
-const Fault resetAfter = {"reset after", true, reset.act};
+const Fault resetAfterRequest = {"reset after request", true, reset.act};
 const Fault truncated = {"truncated", true, [](QTcpSocket &host, const QByteArray &answer) {
                              writeHalf(host, answer);
                              host.disconnectFromHost();
                          }};
 const Fault stalled = {"stalled", false, [](QTcpSocket &, const QByteArray &) {}};
-const Fault stalledHalfWay = {"stalled half-way", true, writeHalf};
-const Fault drip = {"drip", true, writeInPieces};
-const Fault doubled = {"doubled", true, [](QTcpSocket &host, const QByteArray &answer) {
-                           host.write(answer + answer);
+const Fault stalledMidBody = {"stalled mid-body", true, writeHalf};
+const Fault trickled = {"trickled", true, writeInPieces};
+const Fault duplicated = {"duplicated", true, [](QTcpSocket &host, const QByteArray &answer) {
+                              host.write(answer + answer);
+                          }};
+const Fault delayed = {"delayed", true, [](QTcpSocket &host, const QByteArray &answer) {
+                           QTimer::singleShot(700ms, &host,
+                                              [&host, answer] { host.write(answer); });
                        }};
-const Fault late = {"late", true, [](QTcpSocket &host, const QByteArray &answer) {
-                        QTimer::singleShot(700ms, &host, [&host, answer] { host.write(answer); });
-                    }};
 const Fault unavailable = {"unavailable", false, [](QTcpSocket &host, const QByteArray &) {
                                host.write(ScriptedServer::response(503, "busy"));
                            }};
 const Fault badGateway = {"bad gateway", true, [](QTcpSocket &host, const QByteArray &) {
                               host.write(ScriptedServer::response(502, "<h1>Bad Gateway</h1>"));
                           }};
-const Fault noHttp = {"no HTTP", false, [](QTcpSocket &host, const QByteArray &) {
-                          host.write("* OK IMAP4rev1 ready\r\n\r\n");
-                          host.disconnectFromHost();
-                      }};
-const Fault garbled = {"garbled", true, [](QTcpSocket &host, const QByteArray &answer) {
-                           writeWithBody(host, answer, bodyOf(answer).replace(':', '\0'));
+const Fault notHttp = {"not HTTP", false, [](QTcpSocket &host, const QByteArray &) {
+                           host.write("* OK IMAP4rev1 ready\r\n\r\n");
+                           host.disconnectFromHost();
                        }};
-const Fault null = {"null", true, [](QTcpSocket &host, const QByteArray &answer) {
-                        writeWithBody(host, answer, "null");
-                    }};
+const Fault invalidJson = {"invalid JSON", true, [](QTcpSocket &host, const QByteArray &answer) {
+                               writeWithBody(host, answer, bodyOf(answer).replace(':', '\0'));
+                           }};
+const Fault nullBody = {"null body", true, [](QTcpSocket &host, const QByteArray &answer) {
+                            writeWithBody(host, answer, "null");
+                        }};
 
 const std::array<const Fault *, 13> all = {
-    &reset, &resetAfter,  &truncated,  &stalled, &stalledHalfWay, &drip, &doubled,
-    &late,  &unavailable, &badGateway, &noHttp,  &garbled,        &null};
+    &reset,   &resetAfterRequest, &truncated,  &stalled, &stalledMidBody, &trickled, &duplicated,
+    &delayed, &unavailable,       &badGateway, &notHttp, &invalidJson,    &nullBody};
 
 } // namespace faults
 
@@ -120,12 +121,12 @@ void FaultProxy::pass(const ServedRequest &request, QTcpSocket &host, const Faul
         fault.act(host, keptAlive(backend->readAll()));
     });
     QObject::connect(backend, &QTcpSocket::errorOccurred, &host, [backend, &host](auto) {
-        // The end of an answer counts as an error, too.
+        // The end of the backend's connection is reported as an error too.
         if (backend->state() == QAbstractSocket::UnconnectedState && backend->bytesAvailable() == 0)
             ScriptedServer::reset(host);
     });
     backend->connectToHost(QHostAddress::LocalHost, m_backendPort);
-    backend->write(wireForm(request));
+    backend->write(serialized(request));
 }
 
 void FaultProxy::setOffline(bool isOffline)

@@ -7,47 +7,49 @@
 
 namespace tolvane::test {
 
-/// What becomes of one request on its way.
+/// A fault that the proxy applies to one request.
 struct Fault
 {
     const char *name;
-    /// Whether the request gets to the backend. The answer is empty where it doesn't.
+    /// Whether the request reaches the backend. Otherwise `act` gets an empty answer.
     bool reachesBackend;
-    /// What the host gets for the backend's whole answer.
+    /// Writes to the host in place of the backend's complete answer.
     void (*act)(QTcpSocket &host, const QByteArray &answer);
 };
 
 namespace faults {
 
 extern const Fault none;
-/// The connection breaks: before the request is through, after it, in the middle of the answer.
+/// The connection breaks before the backend gets the request, after it has answered, or in the
+/// middle of the answer.
 extern const Fault reset;
-extern const Fault resetAfter;
+extern const Fault resetAfterRequest;
 extern const Fault truncated;
-/// Nothing comes any more: from the start, in the middle of the answer.
+/// The host gets no more data, on an open connection: from the start, or in the middle of the
+/// answer.
 extern const Fault stalled;
-extern const Fault stalledHalfWay;
-/// The answer comes in small pieces, 25 ms apart.
-extern const Fault drip;
-/// The answer comes twice on one connection.
-extern const Fault doubled;
-/// The answer comes 700 ms late, behind those of later requests.
-extern const Fault late;
-/// Something between answers in the backend's place: before, and after it has done its work.
+extern const Fault stalledMidBody;
+/// The answer arrives in small pieces, 25 ms apart.
+extern const Fault trickled;
+/// The answer arrives twice on one connection.
+extern const Fault duplicated;
+/// The answer arrives 700 ms late, after the answers to later requests.
+extern const Fault delayed;
+/// A gateway answers in place of the backend: before, or after the backend has handled the request.
 extern const Fault unavailable;
 extern const Fault badGateway;
-/// What comes is no HTTP, no JSON, and JSON of another form.
-extern const Fault noHttp;
-extern const Fault garbled;
-extern const Fault null;
+/// The answer is not HTTP, not JSON, or JSON of another type.
+extern const Fault notHttp;
+extern const Fault invalidJson;
+extern const Fault nullBody;
 
 /// All but `none`.
 extern const std::array<const Fault *, 13> all;
 
 } // namespace faults
 
-/// Stands between a host and a backend on loopback, and passes on whole requests and answers, or
-/// has a fault happen to them.
+/// A proxy on loopback between a host and a backend. It forwards complete requests and answers, or
+/// applies a fault to them.
 class FaultProxy
 {
 public:
@@ -56,14 +58,14 @@ public:
     QString url(const QString &path) const { return m_server.url(path); }
     void setBackend(quint16 port) { m_backendPort = port; }
 
-    /// Asked about each request. None happens where there is none.
+    /// Chooses the fault for each request. Without a function there are no faults.
     std::function<const Fault &(const ServedRequest &)> faultFor;
 
     /// Requests so far.
     const QList<ServedRequest> &requests() const { return m_server.requests; }
     void forgetRequests() { m_server.requests.clear(); }
 
-    /// While true, hosts reach nothing: every connection is reset, open ones as well.
+    /// While true, every connection is reset, including open ones.
     void setOffline(bool isOffline);
 
 private:

@@ -5,7 +5,7 @@
 
 namespace tolvane::test {
 
-/// Another session, with a time-out of its own.
+/// Wraps a session and overrides the timeout of its requests.
 class ImpatientSession final : public UrlSession
 {
 public:

@@ -12,7 +12,7 @@ class QTcpSocket;
 
 namespace tolvane::test {
 
-/// A request as a ScriptedServer read it. Header names are in lower case.
+/// A request that a ScriptedServer has read. Header names are in lower case.
 struct ServedRequest
 {
     QByteArray method;
@@ -23,14 +23,14 @@ struct ServedRequest
     QByteArray header(const QByteArray &name) const;
 };
 
-/// An HTTP/1.1 server on loopback that does exactly what a test tells it, misbehaving included.
+/// An HTTP/1.1 server on loopback that sends exactly what a test chooses, invalid answers included.
 class ScriptedServer final : public QTcpServer
 {
 public:
     ScriptedServer();
 
-    /// Called for each request once its body is there; writes to the socket what it likes, breaks
-    /// it off, or leaves it alone. Connections are kept alive.
+    /// Called for each complete request. It may write anything to the socket, break the connection
+    /// or do nothing. Connections are kept alive.
     std::function<void(const ServedRequest &, QTcpSocket &)> handler;
 
     QList<ServedRequest> requests;
@@ -39,11 +39,11 @@ public:
     /// "http://127.0.0.1:PORT" and the path.
     QString url(const QString &path = {}) const;
 
-    /// A whole response with its length.
+    /// A complete response with its Content-Length.
     static QByteArray response(int status, const QByteArray &body,
                                const QList<QByteArray> &headers = {});
 
-    /// Breaks a connection off with a reset, as a crashed server or a middlebox does.
+    /// Resets a connection, as a crashed server or a middlebox does.
     static void reset(QTcpSocket &socket);
 
 private:

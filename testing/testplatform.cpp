@@ -40,14 +40,14 @@ Fixture::Fixture()
         const auto found = environment.constFind(QString::fromLatin1(name));
         return found == environment.cend() ? std::nullopt : std::optional(*found);
     };
-    m_before = exchangePlatform(std::move(installed));
+    m_previousPlatform = exchangePlatform(std::move(installed));
     Logger::shared().setEnabled(true);
     TolvaneAnalyticsManager::shared().setDelegate(delegate);
 }
 
 Fixture::~Fixture()
 {
-    // What the test's handler refers to has gone before this.
+    // The objects that the test's handler refers to are destroyed already.
     session->handler = [](const UrlRequest &) -> UrlResponse { throw CancellationError(); };
     session->release();
     const auto polling = PollingService::shared();
@@ -55,11 +55,11 @@ Fixture::~Fixture()
     settle();
     for (const QString &ticketId : active.result())
         polling->stopPolling(ticketId);
-    // Whatever sleeps without a way to be stopped wakes up.
+    // Wakes sleepers that have no stop token.
     clock->advance(std::chrono::hours(1));
     settle();
     resetSharedInstances();
-    exchangePlatform(std::move(m_before));
+    exchangePlatform(std::move(m_previousPlatform));
 }
 
 void Fixture::setKey(const QString &key)

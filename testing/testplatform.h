@@ -8,8 +8,8 @@
 
 namespace tolvane::test {
 
-/// A library as a new process would find it, standing on replaceable services, all on one thread.
-/// Everything ends with the fixture, running polling loops included.
+/// The library as in a new process, with replaced services, all on one thread. The destructor ends
+/// all work, running polling loops included.
 class Fixture
 {
 public:
@@ -18,7 +18,7 @@ public:
     Fixture(const Fixture &) = delete;
     Fixture &operator=(const Fixture &) = delete;
 
-    /// Sets the key as a host would have, without the settings' load.
+    /// Sets the API key like a host, but without loading the settings.
     void setKey(const QString &key = QStringLiteral("key"));
 
     ManualClock *clock;
@@ -33,7 +33,7 @@ public:
 
 private:
     QTemporaryDir m_caches;
-    std::unique_ptr<Platform> m_before;
+    std::unique_ptr<Platform> m_previousPlatform;
 };
 
 /// A JSON response.

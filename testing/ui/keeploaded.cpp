@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Takes the place of the C library's dlclose() in a test program. The leak checker tells what the
-// OpenGL driver left behind from what the library did by the driver's name, which is lost with it.
+// Replaces the C library's dlclose() in a test program. The leak checker recognizes leaks of the
+// OpenGL driver by the driver's file name, which is lost when the driver is unloaded.
 
 extern "C" __attribute__((visibility("default"))) int dlclose(void *)
 {

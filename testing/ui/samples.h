@@ -23,8 +23,8 @@ inline QByteArray encoded(const QImage &image, const char *format)
     return bytes;
 }
 
-/// A JPEG that says how it is to be turned (Exif 2.3, tag 0x112).
-inline QByteArray turned(const QByteArray &jpeg, char orientation)
+/// Adds an orientation to a JPEG (Exif 2.3, tag 0x112).
+inline QByteArray withOrientation(const QByteArray &jpeg, char orientation)
 {
     QByteArray exif = QByteArray::fromHex("ffe100224578696600004d4d002a00000008"
                                           "000101120003000000010000000000000000");

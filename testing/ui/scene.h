@@ -26,7 +26,7 @@ inline BrandingDto branding()
     return branding;
 }
 
-/// A host with a window, a backend, and the messenger at hand.
+/// A host with a window and a backend, which can show the messenger.
 struct Scene : Fixture
 {
     Scene()
@@ -75,7 +75,7 @@ struct Scene : Fixture
         return nullptr;
     }
 
-    /// What of the messenger has a text that begins so; null when nothing visible has.
+    /// The first visible item whose text begins with `text`; null without one.
     static QQuickItem *find(QQuickItem *in, const QString &text)
     {
         if (!in || !in->isVisible())

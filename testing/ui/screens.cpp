@@ -69,11 +69,11 @@ struct Line
     const char *name;
     const char *text;
     int pictures;
-    /// Minutes before noon, the present time.
+    /// Minutes before the present time, which is noon.
     int age;
 };
 
-// What people write is theirs, in whatever language.
+// Texts of people, which are never translated.
 constexpr Line lines[] = {
     {"customer", "", "Hello, my parcel has not arrived. Can you look where it is?", 0, 9000},
     {"ai agent", "Nova",
@@ -269,7 +269,7 @@ QStringList Screens::data()
     for (const Line &line : lines) {
         data += QString::fromUtf8(line.name);
         data += QString::fromUtf8(line.text).simplified();
-        // As the backend calls them.
+        // The type's text on the wire.
         data += QString::fromUtf8(line.type);
     }
     return data;
@@ -302,8 +302,8 @@ void Screens::rest()
 {
     settle();
     if (!QTest::qWaitFor([this] { return isAtRest(); }, 30000))
-        qFatal("What moves does not come to rest");
-    // Views come and go.
+        qFatal("The animations do not end");
+    // Views still fade in and out.
     QTest::qWait(400);
 }
 

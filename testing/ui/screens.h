@@ -10,21 +10,21 @@
 
 namespace tolvane::test {
 
-/// How the messenger is shown. Appearance and size of texts are the application's: what applies
-/// them is apply(), and a look that is made by default puts them back.
+/// How the messenger is shown. The palette and the font belong to the application: apply() sets
+/// them, and Look().apply() resets them.
 struct Look
 {
     QString name = QStringLiteral("plain");
     QSize size{390, 844};
     QString language = QStringLiteral("en");
     bool isDark = false;
-    /// How much larger than usual texts are.
+    /// A factor for the size of texts.
     double textScale = 1;
 
     void apply() const;
 };
 
-/// A host with a backend that has something of everything, and the messenger as it shows it.
+/// A host whose backend has samples of everything, and the messenger in any of its screens.
 class Screens : public Scene
 {
 public:
@@ -32,24 +32,24 @@ public:
     struct Screen
     {
         const char *name;
-        /// Goes there from the closed messenger.
+        /// Goes to the screen; the messenger is closed before.
         void (Screens::*open)();
     };
 
     static std::span<const Screen> all();
-    /// A row for each screen in a table of a test.
+    /// Adds a data row for each screen.
     static void addRows();
 
     explicit Screens(const Look &look);
 
-    /// Shows the screen, at rest. Once only.
+    /// Shows the screen and waits until animations have ended. To be called once only.
     void show(const Screen &screen);
     void show(const QString &name);
 
-    /// What of all that is shown is no text of the library: what people have written, and names.
+    /// Shown texts that are not the library's: messages, names and types of senders.
     static QStringList data();
 
-    /// Of the ones that are visible, the last of a type; null without one.
+    /// The last visible item of a type; null without one.
     QQuickItem *last(const char *type) const;
 
 private:

@@ -41,12 +41,12 @@ private Q_SLOTS:
     void parses_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("canonical"); // Empty where it is no id.
+        QTest::addColumn<QString>("canonical"); // Empty when the text is not a ULID.
         const QString id = u"01hq3v6m5y9t8s7r6q5p4n3m2k"_s;
         QTest::newRow("canonical") << id << id;
         QTest::newRow("upper case") << id.toUpper() << id;
         QTest::newRow("aliases") << u"OIhq3v6m5y9t8s7r6q5p4n3m2k"_s << id;
-        QTest::newRow("bits that don't fit are lost") << u"8"_s + id.sliced(1) << id;
+        QTest::newRow("overflowing bits are dropped") << u"8"_s + id.sliced(1) << id;
         QTest::newRow("short") << id.chopped(1) << QString();
         QTest::newRow("long") << id + u'0' << QString();
         QTest::newRow("invalid letter") << id.chopped(1) + u'u' << QString();
@@ -85,7 +85,7 @@ private Q_SLOTS:
         }
     }
 
-    void linesHaveTheirForm_data()
+    void logLinesAreFormatted_data()
     {
         QTest::addColumn<int>("level");
         QTest::addColumn<QString>("word");
@@ -97,7 +97,7 @@ private Q_SLOTS:
         QTest::newRow("critical") << 4 << u"CRITICAL"_s << int(LogType::fault);
     }
 
-    void linesHaveTheirForm()
+    void logLinesAreFormatted()
     {
         QFETCH(const int, level);
         QFETCH(const QString, word);
@@ -110,10 +110,10 @@ private Q_SLOTS:
                  QStringList{u"[Tolvane] [%1] [%2.000] "_s.arg(word, time) + u"100 %s %1 %n"_s});
         QCOMPARE(int(fixture.log->types.constFirst()), type);
         fixture.log->disabledTypes = {static_cast<LogType>(type)};
-        logger.log(static_cast<LogLevel>(level), u"the platform doesn't want it"_s);
+        logger.log(static_cast<LogLevel>(level), u"disabled by the platform"_s);
         logger.setEnabled(false);
         fixture.log->disabledTypes.clear();
-        logger.log(static_cast<LogLevel>(level), u"nor does the host"_s);
+        logger.log(static_cast<LogLevel>(level), u"disabled by the host"_s);
         QCOMPARE(fixture.log->lines.size(), 1);
     }
 };

@@ -10,7 +10,7 @@ using namespace tolvane::test;
 
 namespace {
 
-/// JSON that reads well in C++: its quotation marks are written as apostrophes.
+/// JSON with apostrophes in place of quotation marks, which is easier to read in C++.
 QByteArray operator""_j(const char *text, std::size_t size)
 {
     return QByteArray(text, static_cast<qsizetype>(size)).replace('\'', '"');
@@ -57,11 +57,11 @@ private Q_SLOTS:
         QTest::newRow("nulls are absent") << message(",'attachments':null"_j) << plain;
         MessageDto with = plain;
         with.attachments = QList<QString>();
-        QTest::newRow("an empty list is not") << message(",'attachments':[]"_j) << with;
+        QTest::newRow("an empty list is not absent") << message(",'attachments':[]"_j) << with;
         with.attachments = {u"a"_s, u"😀\n\"é"_s};
         QTest::newRow("escapes") << message(",'attachments':['a','\\ud83d\\ude00\\n\\'\\u00e9']"_j)
                                  << with;
-        QTest::newRow("the last of equal keys")
+        QTest::newRow("the last of duplicate keys wins")
             << message(",'attachments':['a','😀\\n\\'é']"_j) << with;
         with = plain;
         with.sender.name = QString();
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(qHash(decoded, 0), qHash(expected, 0));
     }
 
-    void refuses_data()
+    void rejects_data()
     {
         QTest::addColumn<QByteArray>("json");
         QTest::addColumn<int>("kind");
@@ -106,21 +106,20 @@ private Q_SLOTS:
             u"messages[0].attachments"_s);
         row("null in a list", ticket(message(",'attachments':['a',null]"_j)), typeMismatch,
             u"messages[0].attachments[1]"_s);
-        row("a required list", QByteArray(ticket("")).replace("'schedules':[],"_j, ""), keyNotFound,
-            u"schedules"_s);
-        row("a list for an object", "[]", typeMismatch, QString());
+        row("missing required list", QByteArray(ticket("")).replace("'schedules':[],"_j, ""),
+            keyNotFound, u"schedules"_s);
+        row("a list in place of an object", "[]", typeMismatch, QString());
         row("empty", "", dataCorrupted, QString());
         row("trailing", ticket("") + "{}", dataCorrupted, QString());
         row("invalid UTF-8", ticket(message(",\"x\":\"\xc3\x28\"")), dataCorrupted, QString());
         row("lone surrogate", ticket(message(",'x':'\\ud800'"_j)), dataCorrupted, QString());
-        row("malformed where nobody looks", ticket(message(",'x':[1,2}"_j)), dataCorrupted,
-            QString());
+        row("malformed unknown value", ticket(message(",'x':[1,2}"_j)), dataCorrupted, QString());
         row("deep", nested(100'000), dataCorrupted, QString());
-        row("deep where nobody looks", ticket(message(",\"x\":" + nested(100'000))), dataCorrupted,
+        row("deep unknown value", ticket(message(",\"x\":" + nested(100'000))), dataCorrupted,
             QString());
     }
 
-    void refuses()
+    void rejects()
     {
         QFETCH(const QByteArray, json);
         QFETCH(const int, kind);
@@ -136,7 +135,7 @@ private Q_SLOTS:
         }
     }
 
-    void nothingTruncatedIsDecoded()
+    void truncatedInputIsRejected()
     {
         const QByteArray whole = ticket(message() + ',' + message());
         for (qsizetype size = 0; size < whole.size(); ++size)
@@ -157,7 +156,7 @@ private Q_SLOTS:
         QVERIFY(ticketForm.contains("'screenWidth':-3,'screenHeight':0,'batteryLevel':0.83,"_j));
     }
 
-    void absentAndEmptyHashApart()
+    void absentAndEmptyHashDifferently()
     {
         SenderDto absent{.id = {}, .name = {}, .profilePicture = {}, .type = {}};
         SenderDto empty = absent;

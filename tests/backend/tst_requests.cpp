@@ -18,7 +18,7 @@ namespace {
 
 using Operation = std::function<QCoro::Task<>(APIClient)>;
 
-// Coroutines of their own, since what they are called with has to outlive the answer.
+// Separate coroutines, because their arguments must outlive the response.
 QCoro::Task<> getBranding(APIClient client, std::optional<QString> updatedAt)
 {
     co_await client.getBranding(updatedAt);
@@ -80,7 +80,7 @@ struct Scene : Fixture
         session->handler = [this](const UrlRequest &) { return response; };
     }
 
-    /// Runs an operation to its end; null when that is a good one.
+    /// Runs an operation to its end. Returns its error, null on success.
     ErrorPtr run(const Operation &operation)
     {
         ErrorPtr failure;
@@ -139,13 +139,13 @@ private Q_SLOTS:
         }
     }
 
-    void addressesAreSound_data()
+    void addressesAreValid_data()
     {
         QTest::addColumn<QString>("base");
         QTest::addColumn<QString>("id");
-        QTest::addColumn<QByteArray>("address"); // Empty where none can be made.
+        QTest::addColumn<QByteArray>("address"); // Empty when none can be made.
         const QString base = u"http://h/api"_s;
-        QTest::newRow("as it stands")
+        QTest::newRow("escapes are kept")
             << base << u"a%2Fb"_s << QByteArray("http://h/api/ticket/a%2Fb");
         QTest::newRow("a query is dropped")
             << base << u"a?x=1"_s << QByteArray("http://h/api/ticket/a");
@@ -154,7 +154,7 @@ private Q_SLOTS:
         QTest::newRow("bad base") << u"http://[oops"_s << u"a"_s << QByteArray();
     }
 
-    void addressesAreSound()
+    void addressesAreValid()
     {
         QFETCH(const QString, base);
         QFETCH(const QString, id);
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(scene.last().url.toEncoded(), address);
     }
 
-    void theCachedVersionTravelsUnharmed()
+    void updatedAtIsPercentEncoded()
     {
         Scene scene;
         scene.run([](auto client) { return getBranding(client, u"2+2&a=%20 é"_s); });
@@ -189,7 +189,7 @@ private Q_SLOTS:
             hosts += scene.last().url.host();
         }
         QCOMPARE(hosts.size(), 3);
-        scene.environment.insert(u"TOLVANE_API_URL"_s, u"http://own"_s); // Read anew each time.
+        scene.environment.insert(u"TOLVANE_API_URL"_s, u"http://own"_s); // Read for each request.
         scene.run(getTickets);
         QCOMPARE(scene.last().url.toString(), u"http://own/tickets"_s);
     }
@@ -198,10 +198,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("status");
         QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<QString>("text"); // Of operations with a result; empty for none.
+        QTest::addColumn<QString>("text"); // The error text of operations that have a result.
         QTest::newRow("404") << 404 << QByteArray("<h1>é</h1>") << u"Client error: <h1>é</h1>"_s;
         QTest::newRow("400, empty") << 400 << QByteArray() << u"Client error: "_s;
-        QTest::newRow("500, no UTF-8")
+        QTest::newRow("500, invalid UTF-8")
             << 500 << QByteArray("\xff") << u"Server error: No response"_s;
         QTest::newRow("599") << 599 << QByteArray("x") << u"Server error: x"_s;
         for (const int status : {199, 302, 304, 600})
@@ -220,9 +220,9 @@ private Q_SLOTS:
         for (const NamedOperation &operation : operations()) {
             const ErrorPtr error = scene.run(operation.run);
             const bool hasNoResult = QByteArrayView(operation.name).startsWith("update");
-            const bool isNothingNew = status == 304 && operation.method == "GET"_ba &&
-                                      QByteArrayView(operation.name) == "getBranding";
-            if (isNothingNew || (hasNoResult && status < 300 && status >= 200))
+            const bool isNotModified = status == 304 && operation.method == "GET"_ba &&
+                                       QByteArrayView(operation.name) == "getBranding";
+            if (isNotModified || (hasNoResult && status < 300 && status >= 200))
                 QVERIFY2(!error, operation.name);
             else if (status == 299 && QByteArrayView(operation.name) == "getTickets")
                 QCOMPARE(error->localizedDescription(), u"expected a list."_s);
@@ -233,7 +233,7 @@ private Q_SLOTS:
         }
     }
 
-    void theBackendNamesTheCustomer()
+    void theResponseReplacesTheCustomerId()
     {
         Scene scene;
         scene.response = {.status = 500, .headers = {{"x-tolvane-customer", "new"}}, .body = {}};
@@ -243,7 +243,7 @@ private Q_SLOTS:
         QCOMPARE(scene.last().headers.constLast().second, "new");
     }
 
-    void largeAnswersAreReadToo()
+    void largeResponsesAreDecoded()
     {
         Scene scene;
         const QList<MessageDto> messages(2000, makeMessage(u"m"_s));
@@ -251,7 +251,7 @@ private Q_SLOTS:
         QVERIFY(!scene.run([](auto client) { return getTicket(client, u"t1"_s); }));
     }
 
-    void formsHaveTheirBytes()
+    void formsAreEncoded()
     {
         Scene scene;
         const SendMessageDto message{.message = u"hä"_s, .attachments = twoFiles};

@@ -56,7 +56,7 @@ struct Scene : Fixture
         session->requests.clear();
     }
 
-    /// The lines without category, level and time.
+    /// The log lines without category, level and time.
     QStringList texts() const
     {
         QStringList texts;
@@ -66,7 +66,7 @@ struct Scene : Fixture
     }
 
     bool failing = false;
-    QStringList presentations; ///< The names of the events sent before each.
+    QStringList presentations; ///< The events sent before each presentation.
 };
 
 QVariantMap push(const QVariantMap &content = {}, const QVariant &source = u"tolvane"_s)
@@ -106,7 +106,7 @@ private Q_SLOTS:
     void initializeInOrder()
     {
         Scene scene;
-        Tolvane::initialize(QString()); // Empty is a key like any other.
+        Tolvane::initialize(QString()); // An empty key is valid.
         QCOMPARE(scene.session->requests.size(), 0);
         const auto id = persistentstore::customerId();
         QVERIFY(id && ULID::parse(*id));
@@ -163,7 +163,7 @@ private Q_SLOTS:
         Tolvane::enableLogging(false);
         call();
         settle();
-        // Said even with logging off: the host's developer has to see it.
+        // Logged even with logging off: the host's developer must see it.
         QCOMPARE(scene.texts(), QStringList{notInitialized});
         QCOMPARE(scene.log->types, QList{LogType::fault});
         QVERIFY(scene.delegate->events.isEmpty() && scene.session->requests.isEmpty() &&
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QTest::newRow("both") << Text(u"a@b.c"_s) << Text(u"7"_s)
                               << "Customer updated: a@b.c 7 mine"
                               << QByteArray(R"({"email":"a@b.c","originalId":"7"})");
-        QTest::newRow("empty is present")
+        QTest::newRow("empty is not absent")
             << Text(QString()) << Text() << "Customer updated:  nil mine"
             << QByteArray(R"({"email":""})");
         QTest::newRow("neither") << Text() << Text() << "Customer updated: nil nil mine"
@@ -203,7 +203,7 @@ private Q_SLOTS:
         scene.initialize();
         scene.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
         const QFuture<void> done = Tolvane::updateCustomer(email, originalId);
-        QCOMPARE(persistentstore::customerOriginalId(), originalId); // Before any answer.
+        QCOMPARE(persistentstore::customerOriginalId(), originalId); // Before the response.
         settle();
         QVERIFY(done.isFinished() && !done.isCanceled());
         QCOMPARE(scene.session->requests.constFirst().body, body);
@@ -241,7 +241,7 @@ private Q_SLOTS:
         settle();
         QCOMPARE(scene.session->requests.constFirst().body,
                  QByteArray(R"({"originalId":"7","deviceToken":"0aff"})"));
-        // The scripted 304 counts as a failure here: told to analytics, not to the log.
+        // The scripted 304 counts as a failure here: reported to analytics, but not logged.
         QCOMPARE(scene.delegate->properties(Event::Errors::apiError).value(u"error_context"_s),
                  u"setDeviceToken"_s);
         QCOMPARE(scene.texts().size(), 1);
@@ -254,7 +254,7 @@ private Q_SLOTS:
         QTest::newRow("ours") << push() << true;
         QTest::newRow("case counts") << push({}, u"Tolvane"_s) << false;
         QTest::newRow("other type") << push({}, 5) << false;
-        QTest::newRow("bytes are no text") << push({}, QByteArray("tolvane")) << false;
+        QTest::newRow("bytes are not text") << push({}, QByteArray("tolvane")) << false;
         QTest::newRow("null") << push({}, QVariant()) << false;
         QTest::newRow("empty") << QVariantMap() << false;
     }
@@ -285,7 +285,7 @@ private Q_SLOTS:
         const QVariantMap bare = {{u"id"_s, u"m"_s}};
         QTest::newRow("message") << QVariantMap{{message, messageContent}, {preview, bare}}
                                  << notifications::didReceiveMessage << messageContent << true;
-        QTest::newRow("message without its ticket")
+        QTest::newRow("message without a ticket id")
             << QVariantMap{{message, bare}} << notifications::didReceiveMessage << bare << false;
         QTest::newRow("state") << QVariantMap{{preview, bare}}
                                << notifications::didReceiveStateUpdate << bare << false;
@@ -330,7 +330,7 @@ private Q_SLOTS:
         }
     }
 
-    void whateverIsInAPayloadIsSurvived_data()
+    void anyPayloadIsHandled_data()
     {
         QTest::addColumn<QVariant>("value");
         QVariant deep = u"bottom"_s;
@@ -344,22 +344,22 @@ private Q_SLOTS:
         QTest::newRow("huge text") << QVariant(QString(5'000'000, u'x'));
         QTest::newRow("lone surrogate") << QVariant(QString(QChar(0xd800)));
         QTest::newRow("number") << QVariant(1e308);
-        QTest::newRow("no number") << QVariant(qQNaN());
+        QTest::newRow("NaN") << QVariant(qQNaN());
         QTest::newRow("null") << QVariant();
-        QTest::newRow("null of a type") << QVariant(QMetaType(QMetaType::QVariantMap));
+        QTest::newRow("typed null") << QVariant(QMetaType(QMetaType::QVariantMap));
         QTest::newRow("bytes") << QVariant(QByteArray("\0\xff", 2));
         QTest::newRow("date") << QVariant(QDateTime());
         QTest::newRow("hash") << QVariant(QVariantHash{{u"id"_s, 1}});
         QTest::newRow("object") << QVariant::fromValue<QObject *>(nullptr);
     }
 
-    void whateverIsInAPayloadIsSurvived()
+    void anyPayloadIsHandled()
     {
         QFETCH(const QVariant, value);
         Scene scene;
         scene.initialize();
         const auto ticket = std::make_shared<TicketData>(makePreview());
-        const auto polling = PollingService::shared(); // Both read what is broadcast.
+        const auto polling = PollingService::shared(); // Both decode the broadcasts.
         const auto observation = platform().notificationCenter->observe(
             notifications::didReceiveMessage, NotificationCenter::Delivery::mainThread,
             [ticket](const auto &userInfo) { ticket->onMessageNotification(userInfo); });
@@ -400,7 +400,7 @@ private Q_SLOTS:
         QCOMPARE(scene.texts().filter(u"off the main thread"_s).size(), 1);
     }
 
-    void delegatesDoNoHarm()
+    void delegatesMayMisbehave()
     {
         Scene scene;
         const auto throwing = std::make_shared<ThrowingDelegate>();
@@ -417,7 +417,7 @@ private Q_SLOTS:
         Tolvane::open();
         QVERIFY(!self);
 
-        Tolvane::setAnalyticsDelegate(scene.delegate); // Nothing comes afterwards.
+        Tolvane::setAnalyticsDelegate(scene.delegate); // It gets no past events.
         QVERIFY(scene.delegate->events.isEmpty());
         QCOMPARE(
             scene.texts().filter(u"Analytics delegate set: "_s),
@@ -440,8 +440,8 @@ private Q_SLOTS:
         QTest::newRow("configuration")
             << "other"
             << "The CONFIGURATION is off" << Event::Errors::configurationError;
-        QTest::newRow("else") << "other"
-                              << "text" << Event::Errors::apiError;
+        QTest::newRow("other") << "other"
+                               << "text" << Event::Errors::apiError;
     }
 
     void errorsAreClassified()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The branding that is kept on the device: read whole or not at all, and every colour is one.
+// The branding that is stored on the device: decoded completely or not at all, with valid colours.
 #include "backend/persistentstore.h"
 #include "state/colorscheme.h"
 #include "targets.h"
@@ -22,11 +22,12 @@ void checkColor(const QString &text)
 {
     const Color color = Color::fromHex(text);
     require(isChannel(color.red) && isChannel(color.green) && isChannel(color.blue),
-            "channels go from 0 to 1");
-    require(Color::fromHex(u" \t"_s + text + u"\r\n"_s) == color, "blanks around it do not count");
-    require(color.name().size() == 7, "it has a name");
+            "colour channels are between 0 and 1");
+    require(Color::fromHex(u" \t"_s + text + u"\r\n"_s) == color,
+            "surrounding white space is ignored");
+    require(color.name().size() == 7, "a colour has a name");
     if (!text.trimmed().startsWith(u'#'))
-        require(Color::fromHex(u'#' + text.trimmed()) == color, "a number sign does not count");
+        require(Color::fromHex(u'#' + text.trimmed()) == color, "a leading number sign is ignored");
 }
 
 } // namespace
@@ -41,10 +42,10 @@ void branding(Input input)
     if (!kept)
         return;
     persistentstore::setBranding(kept);
-    require(persistentstore::branding() == kept, "what is kept again is the same");
+    require(persistentstore::branding() == kept, "stored branding is read back unchanged");
     ColorScheme colors;
     colors.update(*kept);
-    require(colors.logoLight == kept->logoLight, "logos are taken as they are");
+    require(colors.logoLight == kept->logoLight, "logos are used unchanged");
     for (const QString &text : {kept->primaryLight, kept->accentDark, kept->bubbleAgentLight})
         checkColor(text);
 }

@@ -9,7 +9,7 @@
 
 namespace tolvane::fuzz {
 
-/// Bytes that somebody else has thought of, taken off from the front.
+/// Untrusted bytes, consumed from the front.
 class Input
 {
 public:
@@ -20,7 +20,7 @@ public:
 
     bool isEmpty() const { return m_rest.isEmpty(); }
 
-    /// 0 behind the end.
+    /// The next byte; 0 after the end.
     unsigned char byte()
     {
         if (m_rest.isEmpty())
@@ -30,7 +30,7 @@ public:
         return first;
     }
 
-    /// What stands before the next line end, which goes with it.
+    /// The text before the next line end, which is consumed too.
     QByteArray line()
     {
         const qsizetype end = m_rest.indexOf('\n');
@@ -45,12 +45,12 @@ private:
     QByteArrayView m_rest;
 };
 
-/// Ends the program where what must hold does not.
+/// Aborts the program when a property does not hold.
 inline void require(bool holds, const char *what)
 {
     if (holds)
         return;
-    std::fprintf(stderr, "Does not hold: %s\n", what);
+    std::fprintf(stderr, "Violated: %s\n", what);
     std::abort();
 }
 

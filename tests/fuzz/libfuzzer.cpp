@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The door that libFuzzer comes in by. TOLVANE_FUZZ_TARGET names the target.
+// The entry points for libFuzzer. TOLVANE_FUZZ_TARGET names the target.
 #include "targets.h"
 
 using namespace tolvane::fuzz;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Messages' texts: nothing but the few elements comes out, closed as they were opened.
+// Texts of messages: the HTML has only the allowed elements, properly nested.
 #include "targets.h"
 #include "ui/markdown/inlinemarkdown.h"
 
@@ -21,16 +21,17 @@ bool isAllowedStart(const QString &tag)
     const QString address = tag.mid(8).chopped(1);
     const bool isAddress = tag.startsWith(u"a href=\""_s) && tag.endsWith(u'"') &&
                            !address.contains(u'"') && !address.contains(u'<');
-    const auto leadsBy = [&address](const QString &scheme) {
+    const auto hasScheme = [&address](const QString &scheme) {
         return address.startsWith(scheme, Qt::CaseInsensitive);
     };
-    return isAddress && (leadsBy(u"https:"_s) || leadsBy(u"http:"_s) || leadsBy(u"mailto:"_s));
+    return isAddress &&
+           (hasScheme(u"https:"_s) || hasScheme(u"http:"_s) || hasScheme(u"mailto:"_s));
 }
 
-/// Reads the HTML without any leniency; gives the text in it.
+/// Parses the HTML strictly. Returns the text in it.
 QString textIn(const QString &html)
 {
-    require(html.startsWith(opening) && html.endsWith(u"</div>"_s), "it is one block");
+    require(html.startsWith(opening) && html.endsWith(u"</div>"_s), "the HTML is one block");
     const QString body = html.sliced(opening.size()).chopped(6);
     QString text;
     QStringList open;
@@ -40,19 +41,20 @@ QString textIn(const QString &html)
             continue;
         }
         const qsizetype end = body.indexOf(u'>', at);
-        require(end > at, "elements end");
+        require(end > at, "tags end");
         const QString tag = body.mid(at + 1, end - at - 1);
         if (tag == u"br/"_s) {
             text += u'\n';
         } else if (tag.startsWith(u'/')) {
-            require(!open.isEmpty() && open.takeLast() == tag.mid(1), "what opens last ends first");
+            require(!open.isEmpty() && open.takeLast() == tag.mid(1),
+                    "elements are nested properly");
         } else {
-            require(isAllowedStart(tag), "there are a few elements only");
+            require(isAllowedStart(tag), "only allowed elements occur");
             open += tag.section(u' ', 0, 0);
         }
         at = end;
     }
-    require(open.isEmpty(), "all that opens ends");
+    require(open.isEmpty(), "all elements are closed");
     text.replace(u"&lt;"_s, u"<"_s).replace(u"&gt;"_s, u">"_s).replace(u"&quot;"_s, u"\""_s);
     return text.replace(u"&amp;"_s, u"&"_s);
 }
@@ -64,13 +66,13 @@ void markdown(Input input)
     const QString source = QString::fromUtf8(input.rest());
     const FormattedText styled = inlineMarkdown(source);
     const QString plain = withoutMarkdown(source);
-    require(plain.size() <= source.size(), "nothing is added to what is heard");
+    require(plain.size() <= source.size(), "the plain text is no longer than the source");
     require(styled.isRich ? textIn(styled.text) == plain : styled.text == plain,
-            "what is seen is what is heard");
-    require(styled.isRich || styled.link.isEmpty(), "a link is to be seen");
-    // Each character may stand in all styles and a link, and be escaped.
+            "rich and plain text agree");
+    require(styled.isRich || styled.link.isEmpty(), "only rich text has a link");
+    // Each character may have all styles and a link, and be escaped.
     require(styled.text.size() <= 100 + 60 * source.size() + 6 * source.size() * styled.link.size(),
-            "it stays in proportion");
+            "the size of the HTML is bounded");
 }
 
 } // namespace tolvane::fuzz

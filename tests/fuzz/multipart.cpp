@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Forms: what the library writes is what the backend reads, and the backend reads anything.
+// Forms: the backend reads what the library writes, and handles any other bytes.
 #include "multipart.h"
 
 #include "backend/wire/multipartbody.h"
@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 const QByteArray boundary = "0B5E4F4C-7D6A-4E0C-9A4B-2D1F3C5E7A90";
 const std::string contentType = "multipart/form-data; boundary=" + boundary.toStdString();
 
-struct Written
+struct WrittenPart
 {
     QString name;
     QString fileName;
@@ -29,21 +29,21 @@ std::string_view viewOf(const QByteArray &bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
-/// As they are made for attachments: no line ends, no quotation marks and no backslashes.
-QString soundName(const QByteArray &bytes)
+/// A name as attachments have it: without control characters, quotation marks and backslashes.
+QString safeName(const QByteArray &bytes)
 {
-    static const QRegularExpression unsound(u"[\\x00-\\x1f\\x7f\"\\\\]"_s);
-    return QString::fromUtf8(bytes).replace(unsound, u"_"_s);
+    static const QRegularExpression unsafe(u"[\\x00-\\x1f\\x7f\"\\\\]"_s);
+    return QString::fromUtf8(bytes).replace(unsafe, u"_"_s);
 }
 
 void roundTrip(Input input)
 {
     MultipartBody body(boundary);
-    std::vector<Written> parts;
+    std::vector<WrittenPart> parts;
     while (!input.isEmpty() && parts.size() < 20) {
         const bool isFile = input.byte() % 2;
-        const QString name = u"n"_s + soundName(input.line());
-        const QString fileName = isFile ? u"f"_s + soundName(input.line()) : QString();
+        const QString name = u"n"_s + safeName(input.line());
+        const QString fileName = isFile ? u"f"_s + safeName(input.line()) : QString();
         const QByteArray content = input.line();
         if (isFile)
             body.appendFile(name, fileName, u"image/png"_s, content);
@@ -52,9 +52,9 @@ void roundTrip(Input input)
         parts.push_back({name, fileName, isFile ? content : QString::fromUtf8(content).toUtf8()});
     }
     const QByteArray bytes = body.finish();
-    require(bytes == body.finish(), "finishing changes nothing");
+    require(bytes == body.finish(), "finish() can be repeated");
     const auto read = backend::parseMultipart(contentType, viewOf(bytes));
-    require(read.size() == parts.size(), "there are as many parts");
+    require(read.size() == parts.size(), "the number of parts is the same");
     for (std::size_t i = 0; i < read.size(); ++i) {
         require(QString::fromStdString(read[i].name) == parts[i].name, "names are the same");
         require(QString::fromStdString(read[i].fileName) == parts[i].fileName,
@@ -74,7 +74,7 @@ void hostile(const QByteArray &bytes)
             require(end < all.data() + all.size() && !part.name.empty(), "parts lie in the body");
         }
     } catch (const backend::Refusal &refusal) {
-        require(refusal.status() == 400, "it is the client's fault");
+        require(refusal.status() == 400, "errors have the status 400");
     }
 }
 

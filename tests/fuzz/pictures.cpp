@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pictures from anywhere: what is claimed bounds what is decoded.
+// Untrusted pictures: the claimed size bounds the decoded size.
 #include "targets.h"
 #include "ui/images/decoding.h"
 
@@ -26,18 +26,19 @@ void pictures(Input input)
     const QByteArray bytes = input.rest();
     const QSize claimed = images::declaredSize(bytes);
     require(!images::isCheapToDecode(bytes) || pixels(claimed) <= images::maximumCheapPixels,
-            "what is modest is small");
+            "a picture that is cheap to decode is small");
 
     const QImage image = images::decoded(bytes);
     require(image.isNull() || (isReady(image) && pixels(image.size()) <= images::maximumPixels),
-            "what is decoded is bounded and ready to draw");
-    require(pixels(image.size()) <= pixels(claimed), "what is decoded is no larger than it claims");
-    require(images::decoded(bytes) == image, "the same bytes are the same picture");
+            "a decoded picture is bounded and ready to draw");
+    require(pixels(image.size()) <= pixels(claimed),
+            "a decoded picture is no larger than it claims");
+    require(images::decoded(bytes) == image, "the same bytes give the same picture");
 
     const QImage small = images::decodedThumbnail(bytes, target);
     require(small.isNull() || isReady(small), "a thumbnail is ready to draw");
     require(pixels(small.size()) <= std::max(pixels(image.size()), 4 * pixels(target) + 1024),
-            "a thumbnail is no larger than it has to be");
+            "a thumbnail is no larger than necessary");
     const QImage scaled = images::thumbnail(image, target);
     require(scaled.width() <= image.width() && scaled.height() <= image.height(),
             "nothing is scaled up");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The file of the preferences, whatever became of it: it can be read, and written again.
+// Damaged preferences files: they can be read and written again.
 #include "platform/system/preferences.h"
 
 #include "targets.h"
@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 const QString idKey = u"customer.id"_s;
 const QString brandingKey = u"branding"_s;
 
-/// A domain of its own for each input, whose file is gone afterwards.
+/// A separate domain for each input. Its file is removed afterwards.
 struct DomainFile
 {
     explicit DomainFile(const QByteArray &bytes)
@@ -25,7 +25,7 @@ struct DomainFile
         QDir().mkpath(QFileInfo(path).path());
         QFile file(path);
         require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(),
-                "there is room for a file");
+                "the input is written to the file");
     }
     ~DomainFile() { QFile::remove(path); }
 
@@ -44,18 +44,18 @@ void preferences(Input input)
 {
     const DomainFile file(input.rest());
     const auto before = file.open();
-    require(before != nullptr, "there is a folder");
+    require(before != nullptr, "the domain can be opened");
     const auto id = before->text(idKey);
     const auto branding = before->bytes(brandingKey);
-    require(!(id && before->bytes(idKey)), "a value is a text or bytes");
+    require(!(id && before->bytes(idKey)), "a value is either text or bytes");
 
     const QString written = id.value_or(QString()) + u"é=;%\n\"x"_s;
     file.open()->setText(idKey, written);
     const auto after = file.open();
-    require(after->text(idKey) == written, "what is written is there");
-    require(after->bytes(brandingKey) == branding, "the rest stays as it was");
+    require(after->text(idKey) == written, "a written value is read back");
+    require(after->bytes(brandingKey) == branding, "other values stay unchanged");
     require(!(QFile::permissions(file.path) & (QFile::ReadGroup | QFile::ReadOther)),
-            "nobody else can read it");
+            "only the owner can read the file");
 }
 
 } // namespace tolvane::fuzz

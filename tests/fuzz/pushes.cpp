@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Push payloads: they are told on whole or not at all, and none is shown twice.
+// Push payloads: they are broadcast unchanged or not at all, and no message appears twice.
 #include "facade/pushrouting.h"
 #include "platform/async/await.h"
 #include "state/notifications.h"
@@ -27,7 +27,7 @@ QVariant nested(QVariant value)
     return value;
 }
 
-/// What a host may give: mostly dictionaries, but whatever else a variant holds as well.
+/// A payload from a host: mostly dictionaries, but a variant can hold any other type.
 QVariantMap payloadOf(int form, const QByteArray &bytes)
 {
     const QVariantMap map = QJsonDocument::fromJson(bytes).object().toVariantMap();
@@ -63,7 +63,7 @@ std::optional<Broadcast> expectedOf(const QVariantMap &payload)
     return std::nullopt;
 }
 
-/// A library that has started, with a conversation that is open.
+/// A library with an API key, and a backend with one ticket.
 struct Scene : Fixture
 {
     Scene()
@@ -74,7 +74,7 @@ struct Scene : Fixture
 
     void forget()
     {
-        clock->advance(std::chrono::seconds(2)); // Refreshes that are still to come.
+        clock->advance(std::chrono::seconds(2)); // Pending refreshes.
         settle();
         broadcasts.clear();
         log->lines.clear();
@@ -100,9 +100,9 @@ void reactTo(const Broadcast &broadcast, Scene &scene)
     QSet<QString> ids;
     for (const MessageDto &message : store->ticket()->messages)
         ids += message.id;
-    require(ids.size() == store->ticket()->messages.size(), "no message is there twice");
-    require(ids.size() <= scene.ticket.messages.size() + 1, "a push is one message");
-    require(store->ticketId() == scene.ticket.id, "a push leads to no other conversation");
+    require(ids.size() == store->ticket()->messages.size(), "no message appears twice");
+    require(ids.size() <= scene.ticket.messages.size() + 1, "a push adds at most one message");
+    require(store->ticketId() == scene.ticket.id, "a push does not change the conversation");
 }
 
 } // namespace
@@ -114,13 +114,14 @@ void pushes(Input input)
     const QVariantMap payload = payloadOf(form, input.rest());
     const auto expected = expectedOf(payload);
     pushrouting::willPresent(payload);
-    require(scene.broadcasts.isEmpty(), "while it is closed nothing is told");
+    require(scene.broadcasts.isEmpty(), "nothing is broadcast while the messenger is closed");
     pushrouting::handle(payload);
-    require(scene.broadcasts.size() == (expected ? 1 : 0), "what is ours is told once");
+    require(scene.broadcasts.size() == (expected ? 1 : 0), "a push of ours is broadcast once");
     if (expected) {
-        require(scene.broadcasts.constFirst().name == expected->name, "by its name");
+        require(scene.broadcasts.constFirst().name == expected->name,
+                "the broadcast has the right name");
         require(form & isDeep || scene.broadcasts.constFirst().userInfo == expected->userInfo,
-                "whole and unchanged");
+                "the payload is unchanged");
         reactTo(*expected, scene);
     }
     scene.forget();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Answers of the backend: what is read is read the same way by every road.
+// Responses of the backend: all decoders give the same record.
 #include "backend/wire/json.h"
 #include "targets.h"
 
@@ -16,7 +16,7 @@ std::optional<Record> decoded(const QByteArray &bytes)
     try {
         return json::decode<Record>(bytes);
     } catch (const DecodingError &error) {
-        require(!error.localizedDescription().isEmpty(), "a refusal says why");
+        require(!error.localizedDescription().isEmpty(), "a decoding error has a description");
         return std::nullopt;
     }
 }
@@ -41,39 +41,41 @@ QByteArray written(const QList<TicketPreviewDto> &list)
     return '[' + items.join(',') + ']';
 }
 
-/// What is read can be written, and is then read as the same.
+/// A decoded record is the same after encoding and decoding.
 template <typename Record>
-void throughWriting(const QByteArray &bytes)
+void checkJsonRoundTrip(const QByteArray &bytes)
 {
     const auto record = decoded<Record>(bytes);
     if (!record)
         return;
-    require(!QJsonDocument::fromJson(bytes).isNull(), "what is read is JSON to others");
-    require(decoded<Record>(written(*record)) == record, "what is written is read as the same");
+    require(!QJsonDocument::fromJson(bytes).isNull(), "decoded input is valid JSON");
+    require(decoded<Record>(written(*record)) == record,
+            "an encoded record decodes to the same record");
 }
 
-/// Broadcasts carry dictionaries; one that comes from the same text is the same record.
-void throughADictionary(const QByteArray &bytes)
+/// Broadcasts carry dictionaries. A dictionary of the same JSON decodes to the same record.
+void checkDictionaryRoundTrip(const QByteArray &bytes)
 {
     const auto message = decoded<MessageDto>(bytes);
     const QVariantMap dictionary = QJsonDocument::fromJson(bytes).object().toVariantMap();
     if (!message || json::text(dictionary).startsWith(QLatin1Char('(')))
         return;
-    require(json::decode<MessageDto>(dictionary) == message, "the dictionary is the same record");
+    require(json::decode<MessageDto>(dictionary) == message,
+            "a dictionary decodes to the same record");
     require(json::decode<MessageDto>(json::dictionary(*message)) == message,
-            "a record is what its dictionary is");
+            "a record's dictionary decodes to the same record");
 }
 
-constexpr std::array ways = {throughWriting<TicketDto>, throughWriting<QList<TicketPreviewDto>>,
-                             throughWriting<MessageDto>, throughWriting<BrandingDto>,
-                             throughADictionary};
+constexpr std::array checks = {
+    checkJsonRoundTrip<TicketDto>, checkJsonRoundTrip<QList<TicketPreviewDto>>,
+    checkJsonRoundTrip<MessageDto>, checkJsonRoundTrip<BrandingDto>, checkDictionaryRoundTrip};
 
 } // namespace
 
 void responses(Input input)
 {
-    const auto way = ways.at(input.byte() % ways.size());
-    way(input.rest());
+    const auto check = checks.at(input.byte() % checks.size());
+    check(input.rest());
 }
 
 } // namespace tolvane::fuzz

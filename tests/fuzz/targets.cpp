@@ -12,7 +12,7 @@ const Target &targetNamed(QByteArrayView name)
         if (name == target.name)
             return target;
     }
-    std::fprintf(stderr, "There is no '%.*s' among:", int(name.size()), name.data());
+    std::fprintf(stderr, "Unknown target '%.*s'. Targets:", int(name.size()), name.data());
     for (const Target &target : targets)
         std::fprintf(stderr, " %s", target.name);
     std::fprintf(stderr, "\n");

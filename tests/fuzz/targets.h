@@ -5,7 +5,7 @@
 
 #include <array>
 
-/// What reads bytes that come from elsewhere, each with what must hold for any bytes at all.
+/// Fuzz targets: code that reads untrusted bytes, with the properties that must hold for any bytes.
 namespace tolvane::fuzz {
 
 void responses(Input input);
@@ -34,11 +34,11 @@ inline constexpr std::array targets = {
     Target{"pictures", pictures},
 };
 
-/// Ends the program, with a list of them, where there is none of that name.
+/// Ends the program with a list of the targets when there is no such name.
 const Target &targetNamed(QByteArrayView name);
 
-/// What the targets stand on: an application without windows, and folders that go with it. To be
-/// called once, and first.
+/// Creates what the targets need: an application without windows, and temporary folders. Call it
+/// once, before any target.
 void prepare();
 
 } // namespace tolvane::fuzz

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Timestamps and schedules: a moment is the same in every zone, and order does not count.
+// Timestamps and schedules: a timestamp's zone and the order of schedules do not matter.
 #include "state/supportavailability.h"
 #include "state/timeago.h"
 #include "targets.h"
@@ -18,11 +18,11 @@ const QString invalid = u"timeago_invalid"_s;
 void checkTimestamp(const QString &text)
 {
     const QString words = timeAgoText(text);
-    require(words.contains(u"timeago_"_s), "there is a text for each");
+    require(words.contains(u"timeago_"_s), "each timestamp has a text");
     if (words == invalid)
         return;
     const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
-    require(moment.isValid() && text.size() == 24, "it is a moment");
+    require(moment.isValid() && text.size() == 24, "a valid timestamp is a moment");
     for (const int offset : {-12 * 3600, 0, 5 * 3600 + 45 * 60}) {
         const QDateTime there = moment.toOffsetFromUtc(offset);
         if (there.date().year() < 1 || there.date().year() > 9999)
@@ -31,7 +31,7 @@ void checkTimestamp(const QString &text)
         const QString elsewhere = there.toString(u"yyyy-MM-ddTHH:mm:ss"_s) + sign +
                                   u"%1%2"_s.arg(qAbs(offset) / 3600, 2, 10, QLatin1Char('0'))
                                       .arg(qAbs(offset) / 60 % 60, 2, 10, QLatin1Char('0'));
-        require(timeAgoText(elsewhere) == words, "a moment is the same in every zone");
+        require(timeAgoText(elsewhere) == words, "the zone of a timestamp does not matter");
     }
 }
 
@@ -57,14 +57,16 @@ QList<ScheduleDto> schedulesOf(Input &input)
 void checkSchedules(const QList<ScheduleDto> &schedules)
 {
     const SupportAvailability now = supportAvailability(schedules);
-    require(now.text.contains(u"ticket_cs_"_s), "there is a text for each");
-    require(now.isAvailable == (now.text == u"ticket_cs_available"_s), "both say the same");
+    require(now.text.contains(u"ticket_cs_"_s), "all schedules have a text");
+    require(now.isAvailable == (now.text == u"ticket_cs_available"_s),
+            "text and availability agree");
     const QList<ScheduleDto> reversed(schedules.crbegin(), schedules.crend());
-    require(supportAvailability(reversed).text == now.text, "order does not count");
+    require(supportAvailability(reversed).text == now.text,
+            "the order of schedules does not matter");
     const ScheduleDto unreadable{
         .id = {}, .startTime = u"9:00"_s, .endTime = {}, .days = {u"Mon"_s}};
     require(supportAvailability(schedules + QList{unreadable}).text == now.text,
-            "what cannot be read counts for nothing");
+            "unreadable schedules are ignored");
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The operations of the stores against the local backend, with a fault in between: what is told of
-// it, what is lost by it, and what the customer's next try does.
+// The stores' operations against the local backend with a network fault: the error that is
+// reported, the input that is kept, and the effect of the customer's next attempt.
 #include "backend/persistentstore.h"
 #include "base/decodingerror.h"
 #include "platform/async/await.h"
@@ -24,7 +24,7 @@ namespace {
 const QString question = u"Where is my parcel? 📦"_s;
 const AttachmentDto label = {u"label.png"_s, u"image/png"_s, QByteArray(20'000, '\1')};
 
-/// A host whose way to the backend is the proxy, on the real network.
+/// A host on the real network that reaches the backend through the proxy.
 struct Scene : Fixture
 {
     explicit Scene(const BackendProgram &backend)
@@ -35,7 +35,7 @@ struct Scene : Fixture
         auto installed = std::make_unique<ImpatientSession>(makeNetworkSession());
         network = installed.get();
         scripted = std::exchange(platform().urlSession, std::move(installed));
-        // The backend keeps its data from case to case, and each of them is a customer of its own.
+        // The backend keeps its data between the rows, so each row has its own customer.
         persistentstore::setCustomerId(u"customer-%1"_s.arg(customers++));
         ticket->setNewTicket(true);
     }
@@ -47,16 +47,16 @@ struct Scene : Fixture
         bool hasEnded = false;
         detach(whenEnded(std::move(task), hasEnded));
         if (!QTest::qWaitFor([&] { return hasEnded; }, 30'000))
-            qFatal("An operation has no end");
+            qFatal("An operation does not finish");
         settle();
     }
 
-    /// Opens a conversation while all is well.
+    /// Starts a conversation without faults.
     void begin()
     {
         ticket->setMessage(u"Hello"_s);
         run(ticket->createTicket());
-        // The polling that it starts has made its first request, and time stands still.
+        // Polling has made its first request and sleeps, since time stands still.
         if (!QTest::qWaitFor([&] { return clock->sleeperCount() > 0; }, 30'000))
             qFatal("There is no polling");
     }
@@ -67,7 +67,7 @@ struct Scene : Fixture
         ticket->setAttachments({label});
     }
 
-    /// The domain and code of the last failure that was told to analytics, empty without one.
+    /// The domain and code of the last error that was reported to analytics; empty without one.
     QString reported() const
     {
         QString text;
@@ -113,7 +113,7 @@ struct Operation
     QByteArray path;
     bool sends;
     QCoro::Task<> (*run)(Scene &scene);
-    /// "DOMAIN CODE" of what it failed with; empty when it went well.
+    /// "DOMAIN CODE" of its error; empty on success.
     QString (*failure)(const Scene &scene);
 };
 
@@ -145,18 +145,18 @@ struct Expectation
 
 const Expectation expectations[] = {
     {&faults::reset, "NSURLErrorDomain -1005"},
-    {&faults::resetAfter, "NSURLErrorDomain -1005"},
+    {&faults::resetAfterRequest, "NSURLErrorDomain -1005"},
     {&faults::truncated, "NSURLErrorDomain -1005"},
     {&faults::stalled, "NSURLErrorDomain -1001", 1s},
-    {&faults::stalledHalfWay, "NSURLErrorDomain -1001", 1s},
-    {&faults::drip, ""},
-    {&faults::doubled, ""},
-    {&faults::late, ""},
+    {&faults::stalledMidBody, "NSURLErrorDomain -1001", 1s},
+    {&faults::trickled, ""},
+    {&faults::duplicated, ""},
+    {&faults::delayed, ""},
     {&faults::unavailable, "TolvaneSdk.APIError 1"},
     {&faults::badGateway, "TolvaneSdk.APIError 1"},
-    {&faults::noHttp, "NSURLErrorDomain -1005"},
-    {&faults::garbled, "TolvaneSdk.DecodingError 1"},
-    {&faults::null, "TolvaneSdk.DecodingError 2"},
+    {&faults::notHttp, "NSURLErrorDomain -1005"},
+    {&faults::invalidJson, "TolvaneSdk.DecodingError 1"},
+    {&faults::nullBody, "TolvaneSdk.DecodingError 2"},
 };
 static_assert(std::size(expectations) == faults::all.size());
 
@@ -167,7 +167,7 @@ class FaultsTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aFaultIsToldAndNothingIsLost_data()
+    void faultsAreReportedAndLoseNoInput_data()
     {
         QTest::addColumn<const Operation *>("operation");
         QTest::addColumn<const Expectation *>("expected");
@@ -178,7 +178,7 @@ private Q_SLOTS:
         }
     }
 
-    void aFaultIsToldAndNothingIsLost()
+    void faultsAreReportedAndLoseNoInput()
     {
         QFETCH(const Operation *, operation);
         QFETCH(const Expectation *, expected);
@@ -195,7 +195,7 @@ private Q_SLOTS:
         scene.run(operation->run(scene));
         scene.network->timeout = 60s;
         QCOMPARE(operation->failure(scene), failure);
-        QCOMPARE(count(scene, *operation), 1); // Nothing is sent a second time by itself.
+        QCOMPARE(count(scene, *operation), 1); // No request is repeated automatically.
         const bool isSent = operation->sends && failure.isEmpty();
         QCOMPARE(scene.ticket->message(), isSent ? QString() : question);
         QCOMPARE(scene.ticket->attachments(), isSent ? QList<AttachmentDto>() : QList{label});
@@ -206,16 +206,16 @@ private Q_SLOTS:
         QCOMPARE(operation->failure(scene), QString());
         QCOMPARE(scene.ticket->message().isEmpty(), operation->sends);
 
-        // A request whose answer is lost has been carried out, of which nobody can know.
-        const bool wasInVain = !failure.isEmpty() && expected->fault->reachesBackend;
-        QCOMPARE(questionsAtBackend(scene), operation->sends ? 1 + wasInVain : 0);
+        // The backend has handled a request whose answer was lost, but the host cannot know.
+        const bool isDuplicated = !failure.isEmpty() && expected->fault->reachesBackend;
+        QCOMPARE(questionsAtBackend(scene), operation->sends ? 1 + isDuplicated : 0);
     }
 
-    void answersOvertakeEachOther()
+    void answersArriveOutOfOrder()
     {
         Scene scene(m_backend);
         scene.begin();
-        failTheNext(scene, operations[2], faults::late);
+        failTheNext(scene, operations[2], faults::delayed);
         QStringList order;
         const auto note = [&order](const QString &name) {
             return [&order, name] { order += name; };
@@ -232,7 +232,7 @@ private Q_SLOTS:
         QCOMPARE(scene.tickets->state().value()->constFirst().id, scene.ticket->ticketId());
     }
 
-    void aBackendThatIsGoneAndComesBack()
+    void theBackendRestarts()
     {
         QTemporaryDir folder;
         auto backend = std::make_unique<BackendProgram>(folder.path(), u"3600"_s);
@@ -242,7 +242,7 @@ private Q_SLOTS:
         scene.compose();
         scene.run(scene.ticket->sendMessage());
         QCOMPARE(Scene::nameOf(scene.ticket->sendError()), u"NSURLErrorDomain -1005"_s);
-        scene.environment[u"TOLVANE_API_URL"_s] = backend->url(); // Past the proxy: nobody listens.
+        scene.environment[u"TOLVANE_API_URL"_s] = backend->url(); // No proxy: nobody listens.
         scene.run(scene.ticket->sendMessage());
         QCOMPARE(Scene::nameOf(scene.ticket->sendError()), u"NSURLErrorDomain -1004"_s);
         QCOMPARE(scene.ticket->message(), question);

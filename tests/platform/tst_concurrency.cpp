@@ -23,11 +23,11 @@ void onAnotherThread(const std::function<void()> &work)
     std::jthread thread(work);
 }
 
-/// The end of a future: "done", "cancelled", or the text of its exception.
+/// How a future ended: "done", "cancelled", or the text of its exception.
 QString endOf(QFuture<void> future)
 {
     if (!QTest::qWaitFor([&] { return future.isFinished(); }, 20'000))
-        return u"no end"_s;
+        return u"timeout"_s;
     try {
         future.waitForFinished();
         return u"done"_s;
@@ -45,31 +45,31 @@ class ConcurrencyTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void observersComeAndGoWhileTold()
+    void observersChangeDuringNotification()
     {
         NotificationCenter center(*m_main);
-        QStringList told;
+        QStringList notified;
         NotificationCenter::Observation itself, next, added;
         itself = center.observe(name, Delivery::postingThread, [&](const auto &) {
-            told += u"itself"_s;
+            notified += u"itself"_s;
             added = center.observe(name, Delivery::postingThread,
-                                   [&](const auto &) { told += u"added"_s; });
+                                   [&](const auto &) { notified += u"added"_s; });
             next.reset();
             itself.reset();
             center.post(u"nested"_s, {});
-            told += u"still there"_s;
+            notified += u"still there"_s;
         });
-        next =
-            center.observe(name, Delivery::postingThread, [&](const auto &) { told += u"next"_s; });
+        next = center.observe(name, Delivery::postingThread,
+                              [&](const auto &) { notified += u"next"_s; });
         const auto nested = center.observe(u"nested"_s, Delivery::postingThread,
-                                           [&](const auto &) { told += u"nested"_s; });
+                                           [&](const auto &) { notified += u"nested"_s; });
         center.post(name, {});
-        QCOMPARE(told, QStringList({u"itself"_s, u"nested"_s, u"still there"_s}));
+        QCOMPARE(notified, QStringList({u"itself"_s, u"nested"_s, u"still there"_s}));
         center.post(name, {});
-        QCOMPARE(told.last(), u"added"_s);
+        QCOMPARE(notified.last(), u"added"_s);
     }
 
-    void theMainThreadIsToldOnItself()
+    void mainThreadObserversRunOnTheMainThread()
     {
         NotificationCenter center(*m_main);
         std::thread::id posting, main;
@@ -88,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(dropped, 0);
     }
 
-    void executorsGiveResults()
+    void executorsReturnResults()
     {
         EventLoopThread serial(u"serial"_s);
         const auto pool = makeWorkerPool(u"workers"_s);

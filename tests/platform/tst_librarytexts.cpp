@@ -20,7 +20,7 @@ QString fileOf(const QString &language)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-/// What stands in each element of that name, in order.
+/// The contents of each element of that name, in order.
 QStringList contents(const QString &file, const QString &element)
 {
     const QRegularExpression form(u"<%1[^>]*>([^<]*)"_s.arg(element));
@@ -30,7 +30,7 @@ QStringList contents(const QString &file, const QString &element)
     return texts;
 }
 
-/// A host that has a translation for everything, in any context.
+/// A host's translator that translates every key in every context.
 struct EagerHost : QTranslator
 {
     QString translate(const char *context, const char *key, const char *, int) const override
@@ -73,7 +73,7 @@ private Q_SLOTS:
             QVERIFY(!contents(file, part).contains(QString()));
         QVERIFY(!file.contains(u"unfinished"_s));
 
-        const LibraryTexts texts({language}); // What was compiled has it all, too.
+        const LibraryTexts texts({language}); // The compiled translations are complete too.
         const LibraryTexts english({u"en"_s});
         for (const QString &key : keys) {
             for (qint64 count = 0; count < 120; ++count) {
@@ -120,7 +120,7 @@ private Q_SLOTS:
         QTEST(LibraryTexts(languages).text(u"%lld timeago_minutes"_s, count), "text");
     }
 
-    void hostAndLibraryKeepApart()
+    void hostAndLibraryTranslationsAreSeparate()
     {
         qputenv("LANGUAGE", "it:pl");
         const auto bundle = makeApplicationBundle();

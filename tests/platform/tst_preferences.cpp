@@ -41,8 +41,8 @@ void writeFile(const QByteArray &bytes)
 
 constexpr int writes = 25;
 
-/// What this program does when a test starts it again, as another process of the application:
-/// writes values on two threads at once, and is killed with the last of them.
+/// Runs when a test starts this program again, as another process of the application: writes values
+/// on two threads at once, and kills the process after the last of them.
 int writeAndDie(const QString &writer)
 {
     const auto write = [&writer](const QString &thread) {
@@ -62,25 +62,25 @@ class PreferencesTest : public QObject
 private Q_SLOTS:
     void init() { QDir(folder()).removeRecursively(); }
 
-    void valuesComeBack_data()
+    void valuesRoundTrip_data()
     {
         QTest::addColumn<QString>("text");
         QTest::newRow("empty") << u""_s;
         QTest::newRow("unicode") << u"Žluťoučký кот 👨‍👩‍👧‍👦 \u2028"_s;
         QTest::newRow("control") << QString::fromLatin1("a\0\x01\t\r\n\x7f\x1b", 8);
-        QTest::newRow("like the file's syntax") << u"a=b;c, d # [x] \"q\" \\x41 %20 "_s;
-        QTest::newRow("like bytes") << u"@ByteArray(x)"_s;
-        QTest::newRow("like nothing") << u"@Invalid()"_s;
+        QTest::newRow("file syntax") << u"a=b;c, d # [x] \"q\" \\x41 %20 "_s;
+        QTest::newRow("serialized bytes") << u"@ByteArray(x)"_s;
+        QTest::newRow("serialized invalid value") << u"@Invalid()"_s;
         QTest::newRow("long") << QString(300'000, u'x');
     }
 
-    void valuesComeBack()
+    void valuesRoundTrip()
     {
         QFETCH(const QString, text);
-        const QByteArray bytes = "\xff\x80" + text.toUtf8(); // No UTF-8: bytes are bytes.
+        const QByteArray bytes = "\xff\x80" + text.toUtf8(); // Not UTF-8, and kept as it is.
         open()->setText(key, text);
         QCOMPARE(open()->text(key), text);
-        QVERIFY(!open()->bytes(key)); // The kinds keep apart.
+        QVERIFY(!open()->bytes(key)); // Text and bytes are distinct.
         open()->setBytes(key, text.toUtf8());
         QCOMPARE(open()->bytes(key), text.toUtf8());
         open()->setBytes(key, bytes);
@@ -105,7 +105,7 @@ private Q_SLOTS:
         QCOMPARE(open()->text(key), u"new"_s);
     }
 
-    void onlyTheOwnerReads()
+    void onlyTheOwnerCanRead()
     {
         constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner;
         constexpr auto user = QFile::ReadUser | QFile::WriteUser; // The same, seen by this process.
@@ -117,7 +117,7 @@ private Q_SLOTS:
         QCOMPARE(QDir(folder()).entryList(QDir::Files | QDir::Hidden).size(), 1);
     }
 
-    void killedProcessesLoseNothing()
+    void killedProcessesLoseNoWrites()
     {
         const QStringList writers = {u"x"_s, u"y"_s, u"z"_s};
         std::vector<std::unique_ptr<QProcess>> running;
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QTest::newRow("binary") << QByteArray("\0\xff\x80=\n[\0]\\x\n%%%\r\n=\x01\xfe", 20);
         QTest::newRow("cut value") << QByteArray("[General]\nbranding=\"@ByteArray(abc");
         QTest::newRow("cut key") << QByteArray("[General]\ncustomer.i");
-        QTest::newRow("other kinds")
+        QTest::newRow("other types")
             << QByteArray("[General]\ncustomer.id=a, b\nbranding=@Size(1 2)");
         QTest::newRow("noise") << QByteArray(100'000, '\xa5');
     }
@@ -157,7 +157,7 @@ private Q_SLOTS:
         QCOMPARE(open()->text(key), u"new"_s);
     }
 
-    void whatCannotBeWrittenIsNotThere()
+    void failedWritesAreNotKept()
     {
         const auto isLost = [] {
             open()->setText(key, u"lost"_s);
@@ -175,12 +175,12 @@ private Q_SLOTS:
 
 int main(int argc, char *argv[])
 {
-    const bool again = argc > 2 && QByteArrayView(argv[1]) == "die";
+    const bool isChild = argc > 2 && QByteArrayView(argv[1]) == "die";
     const QTemporaryDir home;
-    if (!again) // Those that are started again share the test's.
+    if (!isChild) // Child processes share the test's folder.
         qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     const QCoreApplication app(argc, argv);
-    if (again)
+    if (isChild)
         return writeAndDie(QString::fromLocal8Bit(argv[2]));
     PreferencesTest test;
     return QTest::qExec(&test, argc, argv);

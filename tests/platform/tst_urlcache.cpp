@@ -60,7 +60,7 @@ struct Scene
     QString path = folder.filePath(u"below/images"_s);
 };
 
-/// No file grows beyond this: what a full disk looks like from inside.
+/// Limits the size of files, which looks like a full disk to this process.
 struct FullDisk
 {
     explicit FullDisk(rlim_t size)
@@ -86,7 +86,7 @@ class UrlCacheTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void responsesOutlastTheProcess()
+    void responsesPersist()
     {
         const Scene scene;
         scene.cache()->store(response("page", 404), request());
@@ -104,7 +104,7 @@ private Q_SLOTS:
                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    void aQuickLookSeesWhatCostsLittle()
+    void quickLookupsSkipLargeFiles()
     {
         const Scene scene;
         const QByteArray large(2 * mebibyte, 'x');
@@ -130,40 +130,40 @@ private Q_SLOTS:
             cache->store(response(body), request(QString::number(i)));
             QCOMPARE(cache->cachedResponse(request(QString::number(i)))->body, body);
         }
-        // Room is made before the next comes.
+        // Old entries are evicted before the next one is written.
         QVERIFY(scene.sizeOnDisk() <= 3 * mebibyte + 710'000);
         QVERIFY(!cache->cachedResponse(request(u"0"_s)));
-        QVERIFY(cache->cachedResponse(request(u"8"_s))); // From disk: two do not fit in memory.
+        QVERIFY(cache->cachedResponse(request(u"8"_s))); // From disk: memory holds only one.
         cache->store(response(QByteArray(4 * mebibyte, 'x')), request(u"too large"_s));
         QVERIFY(scene.sizeOnDisk() <= 3 * mebibyte + 710'000);
     }
 
-    void damageCountsAsAbsent_data()
+    void damagedEntriesAreMisses_data()
     {
         QTest::addColumn<Damage>("damage");
         const auto add = [](const char *name, Damage damage) { QTest::newRow(name) << damage; };
-        add("emptied", [](QFile &file) { file.resize(0); });
-        add("cut short", [](QFile &file) { file.resize(file.size() - 1); });
-        add("cut in its head", [](QFile &file) { file.resize(40); });
-        add("another picture's byte", [](QFile &file) {
+        add("empty", [](QFile &file) { file.resize(0); });
+        add("truncated", [](QFile &file) { file.resize(file.size() - 1); });
+        add("truncated header", [](QFile &file) { file.resize(40); });
+        add("changed byte", [](QFile &file) {
             file.seek(file.size() - 5);
             file.write("X");
         });
-        add("longer", [](QFile &file) {
+        add("trailing bytes", [](QFile &file) {
             file.seek(file.size());
             file.write("tail");
         });
-        add("foreign", [](QFile &file) {
+        add("other format", [](QFile &file) {
             file.resize(0);
             file.write(QByteArray(5000, 'f'));
         });
-        add("noise after a good start", [](QFile &file) {
+        add("garbage after a valid start", [](QFile &file) {
             file.seek(12);
             file.write(QByteArray::fromHex("ffffffff").repeated(50));
         });
     }
 
-    void damageCountsAsAbsent()
+    void damagedEntriesAreMisses()
     {
         QFETCH(const Damage, damage);
         const Scene scene;
@@ -179,14 +179,14 @@ private Q_SLOTS:
         QCOMPARE(scene.cache()->cachedResponse(request())->body, "anew");
     }
 
-    void withoutADiskThereIsMemory_data()
+    void memoryWorksWithoutADisk_data()
     {
         QTest::addColumn<bool>("isFull");
         QTest::newRow("full disk") << true;
         QTest::newRow("no folder can be made") << false;
     }
 
-    void withoutADiskThereIsMemory()
+    void memoryWorksWithoutADisk()
     {
         QFETCH(const bool, isFull);
         const Scene scene;

@@ -18,12 +18,12 @@ struct Scene
 {
     Scene() { answerWith(fine); }
 
-    /// What became of a request: a response, or the code of its UrlError as the status of one.
+    /// Waits for the response to a request. A UrlError becomes a response whose status is its code.
     UrlResponse fetch(const UrlRequest &request)
     {
         QFuture<UrlResponse> future = session->data(request);
         if (!QTest::qWaitFor([&] { return future.isFinished(); }, 60'000))
-            qFatal("A request has no end");
+            qFatal("A request does not finish");
         try {
             return future.result();
         } catch (const UrlError &error) {
@@ -47,8 +47,8 @@ struct Scene
         };
     }
 
-    /// True when the session still brings requests to their answers.
-    bool goesOn()
+    /// Whether the session still handles requests.
+    bool stillWorks()
     {
         answerWith(fine);
         return fetch(request(u"/next"_s)).body == "fine";
@@ -67,7 +67,7 @@ class UrlSessionTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void anonymousRequestsTellNothing()
+    void anonymousRequestsSendNoCredentials()
     {
         Scene scene;
         ScriptedServer elsewhere;
@@ -94,14 +94,14 @@ private Q_SLOTS:
         }
         request.isAnonymous = false;
         request.url = QUrl(scene.server.url(u"/a"_s));
-        QCOMPARE(scene.fetch(request).status, 302); // Others stay where they are.
+        QCOMPARE(scene.fetch(request).status, 302); // Other requests do not follow it.
     }
 
-    void anonymousRequestsHoldUpNoOthers()
+    void anonymousRequestsDoNotBlockOthers()
     {
         Scene scene;
         scene.server.handler = [](const ServedRequest &request, QTcpSocket &socket) {
-            if (request.target == "/drip") // A byte now, and then nothing for long.
+            if (request.target == "/drip") // One byte, and then nothing.
                 socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nx");
             else
                 socket.write(Scene::fine);
@@ -124,10 +124,10 @@ private Q_SLOTS:
         request.maximumBodySize = 3000;
         const QByteArray body = scene.fetch(request).body;
         QCOMPARE(body.size(), 3000);
-        QVERIFY(body.capacity() < 6000); // Nor does it hold on to what it was read into.
+        QVERIFY(body.capacity() < 6000); // The capacity of the read buffer is released.
     }
 
-    void oneRequestIsOneRequest_data()
+    void requestsAreNeverRepeated_data()
     {
         QTest::addColumn<QByteArray>("method");
         QTest::addColumn<QByteArray>("body");
@@ -136,7 +136,7 @@ private Q_SLOTS:
         QTest::newRow("long POST") << QByteArray("POST") << QByteArray(300'000, 'x');
     }
 
-    void oneRequestIsOneRequest()
+    void requestsAreNeverRepeated()
     {
         QFETCH(const QByteArray, method);
         QFETCH(const QByteArray, body);
@@ -144,7 +144,7 @@ private Q_SLOTS:
                                 "closed, kept alive", "reset half-way, kept alive"}) {
             const QByteArrayView view(way);
             Scene scene;
-            QVERIFY(!view.endsWith("kept alive") || scene.goesOn());
+            QVERIFY(!view.endsWith("kept alive") || scene.stillWorks());
             scene.server.requests.clear();
             scene.server.handler = [view](const ServedRequest &, QTcpSocket &socket) {
                 if (view.contains("half-way"))
@@ -156,8 +156,8 @@ private Q_SLOTS:
             };
             const int error = scene.fetch(scene.request(u"/"_s, method, body)).status;
             QVERIFY2(error == UrlError::networkConnectionLost, way);
-            // Whatever was to be sent again would have come before the next one.
-            QVERIFY2(scene.goesOn() && scene.server.requests.size() == 2, way);
+            // A repeated request would arrive before the next one.
+            QVERIFY2(scene.stillWorks() && scene.server.requests.size() == 2, way);
             QCOMPARE(scene.server.requests.constFirst().method, method);
             QCOMPARE(scene.server.requests.constFirst().body, body);
         }
@@ -181,9 +181,9 @@ private Q_SLOTS:
         }
     }
 
-    void failsWithTheCodeOf_data()
+    void failuresHaveTheirCodes_data()
     {
-        QTest::addColumn<QString>("url"); // With the ports of a server and of none.
+        QTest::addColumn<QString>("url"); // SERVER and NOBODY stand for ports.
         QTest::addColumn<QByteArray>("answer");
         QTest::addColumn<int>("code");
         const auto row = [](const char *url, const char *answer, int code) {
@@ -202,13 +202,13 @@ private Q_SLOTS:
         row("data:text/plain,x", "", -1002);
     }
 
-    void failsWithTheCodeOf()
+    void failuresHaveTheirCodes()
     {
         QFETCH(QString, url);
         QFETCH(const QByteArray, answer);
         QFETCH(const int, code);
         Scene scene;
-        QTcpServer server; // Plain bytes to whatever comes, which may be no HTTP either.
+        QTcpServer server; // Sends plain bytes to any client, also to TLS clients.
         QVERIFY(server.listen(QHostAddress::LocalHost));
         connect(&server, &QTcpServer::newConnection, &server, [&] {
             QTcpSocket *socket = server.nextPendingConnection();
@@ -227,7 +227,7 @@ private Q_SLOTS:
         QCOMPARE(scene.fetch(request).status, code);
     }
 
-    void refusesHeadersWithLineEnds()
+    void rejectsHeadersWithLineEnds()
     {
         Scene scene;
         for (const QByteArray &value :
@@ -257,11 +257,11 @@ private Q_SLOTS:
             const UrlResponse response = scene.fetch(request);
             QCOMPARE(response.status, drips ? 200 : UrlError::timedOut);
             QCOMPARE(response.body, drips ? "fine" : "");
-            QVERIFY(scene.goesOn());
+            QVERIFY(scene.stillWorks());
         }
     }
 
-    void followsOnTheSameOrigin()
+    void followsRedirectsOnTheSameOrigin()
     {
         for (const QByteArray &method : {QByteArray("GET"), QByteArray("POST")}) {
             for (const int status : {301, 302, 303, 307, 308}) {
@@ -285,7 +285,7 @@ private Q_SLOTS:
         }
     }
 
-    void followsNowhereElseAndNotForEver()
+    void followsNoOtherAndNoEndlessRedirects()
     {
         Scene scene;
         Scene other;
@@ -307,29 +307,29 @@ private Q_SLOTS:
         QCOMPARE(scene.server.requests.size(), 8 + 17);
     }
 
-    void endlessAnswersAreCutOff()
+    void endlessResponsesAreAborted()
     {
-        qint64 poured = 0;
+        qint64 sent = 0;
         Scene scene;
-        scene.server.handler = [&poured](const ServedRequest &, QTcpSocket &socket) {
-            connect(&socket, &QTcpSocket::bytesWritten, &socket, [&poured, &socket] {
+        scene.server.handler = [&sent](const ServedRequest &, QTcpSocket &socket) {
+            connect(&socket, &QTcpSocket::bytesWritten, &socket, [&sent, &socket] {
                 const QByteArray more(1 << 20, 'x');
                 if (socket.bytesToWrite() < more.size())
-                    poured += socket.write(more);
+                    sent += socket.write(more);
             });
             socket.write("HTTP/1.1 200 OK\r\nContent-Length: 1099511627776\r\n\r\n");
         };
         QCOMPARE(scene.fetch(scene.request()).status, UrlError::dataLengthExceedsMaximum);
-        QVERIFY2(poured < (160 << 20), qPrintable(QString::number(poured)));
-        QVERIFY(scene.goesOn());
+        QVERIFY2(sent < (160 << 20), qPrintable(QString::number(sent)));
+        QVERIFY(scene.stillWorks());
     }
 
-    void compressedAnswers()
+    void compressedResponses()
     {
         Scene scene;
         for (const int mebibytes : {0, 1, 40, 101}) {
             const QByteArray body(mebibytes << 20, 'x');
-            // The stream that qCompress() makes follows four bytes of its own.
+            // qCompress() puts four bytes before the compressed stream.
             scene.answerWith(ScriptedServer::response(200, qCompress(body).sliced(4),
                                                       {"Content-Encoding: deflate"}));
             const UrlResponse response = scene.fetch(scene.request());
@@ -337,7 +337,7 @@ private Q_SLOTS:
             QCOMPARE(response.status, isTooLarge ? UrlError::dataLengthExceedsMaximum : 200);
             QVERIFY(isTooLarge || response.body == body);
         }
-        QVERIFY(scene.goesOn());
+        QVERIFY(scene.stillWorks());
     }
 };
 

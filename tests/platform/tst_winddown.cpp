@@ -8,12 +8,12 @@
 using namespace Qt::StringLiterals;
 using namespace tolvane::test;
 
-class WindDownTest : public QObject
+class ShutdownTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void endsInTheMiddle_data()
+    void endsDuringWork_data()
     {
         QTest::addColumn<QString>("busy");
         QTest::addColumn<QString>("way");
@@ -25,7 +25,7 @@ private Q_SLOTS:
         }
     }
 
-    void endsInTheMiddle()
+    void endsDuringWork()
     {
         QFETCH(const QString, busy);
         QFETCH(const QString, way);
@@ -39,12 +39,12 @@ private Q_SLOTS:
         host.setProcessEnvironment(environment);
         host.start(QStringLiteral(TOLVANE_WINDDOWN_HOST), {busy, way});
         QTRY_COMPARE_WITH_TIMEOUT(host.state(), QProcess::NotRunning, 20'000);
-        QCOMPARE(host.readAllStandardError(), QByteArray()); // Where the sanitizers would speak.
+        QCOMPARE(host.readAllStandardError(), QByteArray()); // The sanitizers report here.
         QCOMPARE(host.exitStatus(), QProcess::NormalExit);
         QCOMPARE(host.exitCode(), 3);
         QVERIFY(!stalling.requests.isEmpty());
     }
 };
 
-QTEST_GUILESS_MAIN(WindDownTest)
+QTEST_GUILESS_MAIN(ShutdownTest)
 #include "tst_winddown.moc"

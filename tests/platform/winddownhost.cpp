@@ -31,12 +31,13 @@ QCoro::Task<> workAWhile()
 
 } // namespace
 
-/// Leaves a process in the middle of what its first argument names, by the way of its second.
+/// Ends the process during the work that its first argument names. The second argument is "return"
+/// or "exit".
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
     const QByteArray busy = argv[1];
-    Tolvane::initialize(QStringLiteral("key")); // Its load of the settings is in flight as well.
+    Tolvane::initialize(QStringLiteral("key")); // Its settings request is in flight too.
     if (busy == "request")
         Tolvane::updateCustomer({}, QStringLiteral("id"));
     else if (busy == "sleep")
@@ -45,7 +46,7 @@ int main(int argc, char **argv)
         detach(workAWhile());
     else if (busy == "polling")
         PollingService::shared()->startPolling(QStringLiteral("t"), 0);
-    // Long enough for all of it to have begun.
+    // Long enough for all work to have started.
     platform().clock->sleep(std::chrono::milliseconds(150), {}).then(&app, [argv] {
         if (QByteArrayView(argv[2]) == "exit")
             std::exit(3);

@@ -14,7 +14,7 @@ class DestinationTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void equalityAndHashTakeInAllOfThePayload()
+    void equalityAndHashCoverThePayload()
     {
         using Destination = TolvaneDestination;
         TicketPreviewDto preview = makePreview();

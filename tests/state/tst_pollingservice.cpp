@@ -71,7 +71,7 @@ struct Scene : Fixture
     std::shared_ptr<PollingService> polling;
 };
 
-void failWithServerError()
+void failWithNetworkError()
 {
     throw UrlError(UrlError::networkConnectionLost);
 }
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(broadcast.name, notifications::didReceiveMessage);
         QCOMPARE(tolvane::json::decode<MessageDto>(*broadcast.userInfo),
                  scene.messages.constFirst());
-        // Absent values travel as nulls, under their keys.
+        // Absent values are sent as nulls under their keys.
         const QVariantMap sender = broadcast.userInfo->value(u"sender"_s).toMap();
         QVERIFY(sender.contains(u"name"_s));
         QVERIFY(broadcast.userInfo->contains(u"attachments"_s));
@@ -138,7 +138,7 @@ private Q_SLOTS:
         Scene scene;
         scene.messages = {customer("m1"), customer("m2"), customer("m3")};
         scene.start(3);
-        // A shorter list is not followed, and what changes before the remembered count is not seen.
+        // A shorter list is ignored, and so are changes before the remembered count.
         scene.messages = {agent("other")};
         scene.clock->advance(1s);
         scene.messages = {agent("a"), agent("b"), agent("c")};
@@ -156,7 +156,7 @@ private Q_SLOTS:
         scene.clock->advance(119s);
         QCOMPARE(scene.polls(), 120);
         QCOMPARE(scene.active(), QStringList{ticketId});
-        scene.clock->advance(1s); // Exactly 120 seconds: no poll any more.
+        scene.clock->advance(1s); // Exactly 120 seconds: no further poll.
         QCOMPARE(scene.polls(), 120);
         QCOMPARE(scene.active(), QStringList());
         QCOMPARE(scene.lineCount(u"Polling timeout reached for ticket: t1"_s), 1);
@@ -171,7 +171,7 @@ private Q_SLOTS:
     void backsOffAndGivesUp()
     {
         Scene scene;
-        scene.failing = failWithServerError;
+        scene.failing = failWithNetworkError;
         scene.start(1);
         scene.clock->advance(100s);
         QCOMPARE(scene.clock->requestedSleeps(), QList<double>({2, 4, 8, 16}));
@@ -193,17 +193,17 @@ private Q_SLOTS:
     void aGoodPollRestartsTheBackOff()
     {
         Scene scene;
-        scene.failing = failWithServerError;
+        scene.failing = failWithNetworkError;
         scene.start(1);
         scene.clock->advance(2s);
         scene.failing = nullptr;
         scene.clock->advance(4s);
-        scene.failing = failWithServerError;
+        scene.failing = failWithNetworkError;
         scene.clock->advance(1s);
         QCOMPARE(scene.clock->requestedSleeps(), QList<double>({2, 4, 1, 2}));
     }
 
-    void aForeignCancellationIsRetriedAtOnce()
+    void otherCancellationsAreRetriedAtOnce()
     {
         Scene scene;
         int cancellations = 3;
@@ -246,7 +246,7 @@ private Q_SLOTS:
     {
         Scene scene;
         scene.session->held = true;
-        scene.failing = failWithServerError;
+        scene.failing = failWithNetworkError;
         scene.start(1);
         const auto older = std::exchange(scene.failing, nullptr);
         scene.session->handler = [&, calls = 0](const UrlRequest &) mutable {
@@ -270,8 +270,8 @@ private Q_SLOTS:
         QTest::newRow("another ticket")
             << Info(tolvane::json::dictionary(makeMessage(u"x"_s, words::aiAgent, u"t2"_s)))
             << false;
-        QTest::newRow("no message") << Info(QVariantMap{{u"id"_s, 7}}) << false;
-        QTest::newRow("nothing") << Info() << false;
+        QTest::newRow("not a message") << Info(QVariantMap{{u"id"_s, 7}}) << false;
+        QTest::newRow("no dictionary") << Info() << false;
     }
 
     void stopsOnABroadcastFromElsewhere()
@@ -291,7 +291,7 @@ private Q_SLOTS:
         Scene scene;
         scene.session->handler = [&](const UrlRequest &request) {
             if (request.url.path().endsWith("t2"_L1))
-                failWithServerError();
+                failWithNetworkError();
             return answer(makeTicket(scene.messages));
         };
         scene.start(1);

@@ -53,7 +53,7 @@ class SettingsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void brandingIsStoredAppliedAndAskedForAgain()
+    void brandingIsStoredAppliedAndRevalidated()
     {
         Scene scene;
         const BrandingDto branding = makeBranding(u"2026-01-01+2"_s, u" #aabbcc\n"_s);
@@ -63,7 +63,7 @@ private Q_SLOTS:
         QCOMPARE(persistentstore::branding(), branding);
         QCOMPARE(scene.primary(), u"#aabbcc"_s);
         QCOMPARE(ColorScheme::shared().bubbleAgentColor.dark.name(), u"#010203"_s);
-        QVERIFY(!ColorScheme::shared().logoLight); // As the record has it, no longer empty text.
+        QVERIFY(!ColorScheme::shared().logoLight); // As in the record, and no longer empty text.
         QCOMPARE(scene.delegate->names(),
                  QStringList{TolvaneAnalyticsEvent::Lifecycle::fetchedSettings});
 
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(scene.primary(), u"#aabbcc"_s); // The stored copy was applied.
     }
 
-    void nothingNewAndNothingStoredKeepsTheDefaults()
+    void notModifiedWithoutACopyKeepsTheDefaults()
     {
         Scene scene;
         scene.session->handler = notModified;
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QCOMPARE(error.value(u"error_domain"_s), u"NSURLErrorDomain"_s);
     }
 
-    void anUnreadableCopyCountsAsNone()
+    void anUnreadableCopyIsIgnored()
     {
         Scene scene;
         scene.preferences->values->insert(u"com.tolvane.sdk/branding"_s,
@@ -122,9 +122,9 @@ private Q_SLOTS:
         const QString open = u"open"_s;
         QTest::newRow("true") << Info(QVariantMap{{open, true}}) << true;
         QTest::newRow("false") << Info(QVariantMap{{open, false}}) << false;
-        QTest::newRow("no Boolean") << Info(QVariantMap{{open, 1}}) << false;
+        QTest::newRow("not a Boolean") << Info(QVariantMap{{open, 1}}) << false;
         QTest::newRow("no entry") << Info(QVariantMap()) << false;
-        QTest::newRow("nothing") << Info() << false;
+        QTest::newRow("no dictionary") << Info() << false;
     }
 
     void openFollowsTheBroadcast()

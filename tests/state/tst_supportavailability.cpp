@@ -26,7 +26,7 @@ ScheduleDto schedule(const QString &start, const QString &end, const QStringList
     return {.id = u"s"_s, .startTime = start, .endTime = end, .days = days};
 }
 
-/// By times of the day in UTC.
+/// A schedule with times of the day in UTC.
 ScheduleDto hours(const char *start, const char *end, const QStringList &days = week)
 {
     const QString form = u"2020-01-01T%1:00Z"_s;
@@ -40,7 +40,7 @@ class SupportAvailabilityTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void schedulesSayWhenSomebodyIsThere_data()
+    void schedulesDetermineTheAvailability_data()
     {
         QTest::addColumn<QString>("zone");
         QTest::addColumn<QString>("now"); // 10 June 2026 is a Wednesday.
@@ -52,7 +52,7 @@ private Q_SLOTS:
             QTest::newRow(name) << zone << QString::fromUtf8(now) << schedules << text;
         };
         const char *noon = "2026-06-10T12:00:00Z";
-        row("none", noon, {}, closed);
+        row("no schedules", noon, {}, closed);
         row("open", noon, {hours("09:00", "17:00")}, open);
         row("from its first second", "2026-06-10T09:00:00.000Z", {hours("09:00", "17:00")}, open);
         row("not before", "2026-06-10T08:59:59.999Z", {hours("09:00", "17:00")}, inHours(1));
@@ -119,10 +119,10 @@ private Q_SLOTS:
             {schedule(u"2026-06-10T23:30:00-10:00"_s, u"2026-06-10T23:40:00-10:00"_s, {u"Wed"_s})},
             inHours(2));
         zone = u"Asia/Kolkata"_s;
-        row("half an hour off", "2026-06-10T03:30:00Z", {hours("03:30", "04:00")}, open);
+        row("zone with half an hour", "2026-06-10T03:30:00Z", {hours("03:30", "04:00")}, open);
     }
 
-    void schedulesSayWhenSomebodyIsThere()
+    void schedulesDetermineTheAvailability()
     {
         QFETCH(const QString, zone);
         QFETCH(const QString, now);

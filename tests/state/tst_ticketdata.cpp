@@ -142,7 +142,7 @@ private Q_SLOTS:
     {
         Scene scene{std::nullopt};
         scene.store->setNewTicket(true);
-        // A family, a flag and two letters are four characters to whoever typed them.
+        // A family, a flag and two letters: four characters as people count them.
         scene.store->setMessage(u"👨‍👩‍👧‍👦🇩🇪ab"_s);
         scene.store->setAttachments(
             {file("b.png"), file("a.png"), file("b.png"), file("b.png", "y")});
@@ -170,7 +170,7 @@ private Q_SLOTS:
         QVERIFY(scene.delegate->names().contains(u"polling_started"_s));
     }
 
-    void sendAppendsTheAnswer()
+    void sendAppendsTheResponse()
     {
         Scene scene;
         scene.run(scene.store->fetchTicket());
@@ -187,7 +187,7 @@ private Q_SLOTS:
         const QVariantMap properties = scene.delegate->properties(Chat::messageSent);
         QCOMPARE(properties.value(u"is_first_message"_s), false);
         QCOMPARE(properties.value(u"message_id"_s), u"m2"_s);
-        // The customer's own message is counted in: polling doesn't take it for news.
+        // The customer's own message is counted, so that polling does not report it as new.
         QCOMPARE(scene.delegate->properties(u"polling_started"_s).value(u"message_count"_s), 2);
     }
 
@@ -298,7 +298,7 @@ private Q_SLOTS:
         QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"confirmed"_s}));
     }
 
-    void theSameMessagesStayTheSameList()
+    void equalMessagesKeepTheSameList()
     {
         Scene scene;
         scene.run(scene.store->fetchTicket());
@@ -337,7 +337,7 @@ private Q_SLOTS:
         QCOMPARE(scene.store->preview(), update);
         QCOMPARE(scene.store->ticket()->state, u"closed"_s);
 
-        Scene fresh{std::nullopt}; // Began as a new ticket: no preview, no updates.
+        Scene fresh{std::nullopt}; // Created as a new ticket: no preview, no updates.
         fresh.store->setMessage(u"hi"_s);
         fresh.run(fresh.store->createTicket());
         fresh.store->onStateUpdateNotification(tolvane::json::dictionary(update));

@@ -48,7 +48,7 @@ struct Scene : Fixture
     TicketsData::Tickets rows_ = {makePreview(u"b"_s), makePreview(u"a"_s)};
     std::shared_ptr<TicketsData> store = std::make_shared<TicketsData>();
     QList<Case> cases;
-    QObject lifetime; ///< Ends the connection before what it writes to.
+    QObject lifetime; ///< Ends the connection before `cases` is destroyed.
 };
 
 } // namespace
@@ -98,7 +98,7 @@ private Q_SLOTS:
         scene.run(silent ? scene.store->silentReload() : scene.store->load());
         QCOMPARE(scene.cases, cases);
         QCOMPARE(scene.log->lines.filter(u"Error"_s).value(0).section(u"] "_s, 3), line);
-        // Whatever came before but `loaded` leaves no last value.
+        // Only `loaded` leaves a last value.
         scene.run(scene.store->load());
         QVERIFY(!scene.store->lastValue());
     }
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(scene.skipCount(), 0);
     }
 
-    void aBurstRefreshesOnceMoreASecondAfterItsLast()
+    void aBurstEndsWithOneRefreshASecondLater()
     {
         Scene scene;
         scene.run(scene.store->reload());
@@ -148,14 +148,14 @@ private Q_SLOTS:
         scene.run(scene.store->reload());
         scene.run(scene.store->reload());
         QCOMPARE(scene.skipCount(), 1);
-        scene.clock->advance(1s); // The put-off one goes out, and the second begins anew.
+        scene.clock->advance(1s); // The deferred refresh starts another second.
         scene.clock->advance(1s);
         scene.run(scene.store->reload());
         QCOMPARE(scene.requestCount(), 3);
         QCOMPARE(scene.skipCount(), 1);
     }
 
-    void theLastAnswerStands()
+    void theLastResponseWins()
     {
         Scene scene;
         scene.session->held = true;
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(scene.cases, QList<Case>({Case::loading, Case::loaded, Case::loaded}));
     }
 
-    void aPutOffRefreshOutlivesItsStoresOwner()
+    void aDeferredRefreshKeepsItsStoreAlive()
     {
         Scene scene;
         scene.run(scene.store->reload());

@@ -14,8 +14,7 @@ class TimeAgoTest : public QObject
 private Q_SLOTS:
     void timestampsReadAsAges_data()
     {
-        QTest::addColumn<QString>(
-            "now"); // In Vienna, which turns its clocks on 29 March and 25 October.
+        QTest::addColumn<QString>("now"); // In Vienna; clocks change on 29 March and 25 October.
         QTest::addColumn<QString>("timestamp");
         QTest::addColumn<QString>("text");
         const auto row = [](const char *name, const char *now, const char *timestamp,
@@ -40,13 +39,13 @@ private Q_SLOTS:
 
         const char *spring = "2026-03-29T12:00:00+02:00";
         row("day of 23 h", spring, "2026-03-28T12:00:00+0100", "1 %lld timeago_days");
-        row("not quite", spring, "2026-03-28T12:00:01+0100", "22 %lld timeago_hours");
+        row("a second less", spring, "2026-03-28T12:00:01+0100", "22 %lld timeago_hours");
         row("week in spring", spring, "2026-03-22T12:00:00+0100", week);
         row("from a time that the next day skips", "2026-03-29T03:30:00+02:00",
             "2026-03-28T02:30:00+0100", "1 %lld timeago_days");
         const char *autumn = "2026-10-25T12:00:00+01:00";
         row("day of 25 h", autumn, "2026-10-24T12:00:00+0200", "1 %lld timeago_days");
-        row("24 h of it", autumn, "2026-10-24T13:00:00+0200", "24 %lld timeago_hours");
+        row("24 h of that day", autumn, "2026-10-24T13:00:00+0200", "24 %lld timeago_hours");
         row("week in autumn", autumn, "2026-10-18T12:00:01+0200", "6 %lld timeago_days");
 
         for (const char *unreadable : {"",

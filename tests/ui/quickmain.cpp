@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs the tests written in QML, with pictures and records that QML cannot make.
+// Runs the tests in QML, with pictures and records that QML cannot create.
 #include "testing/ui/samples.h"
 #include "testing/wire.h"
 #include "ui/messages/messagelistmodel.h"
@@ -17,7 +17,7 @@ class Samples final : public QObject
     Q_OBJECT
 
 public:
-    /// Four colours, one a quarter.
+    /// A picture with one colour in each quarter.
     Q_INVOKABLE QImage quarters(int width, int height) const
     {
         QImage image(width, height, QImage::Format_RGB32);
@@ -30,7 +30,7 @@ public:
         return image;
     }
 
-    /// Black and white by turns, each pixel.
+    /// A checkerboard whose squares are single pixels.
     Q_INVOKABLE QImage checkerboard(int side) const
     {
         QImage image(side, side, QImage::Format_RGB32);
@@ -48,10 +48,10 @@ public:
         return QVariant::fromValue(preview);
     }
 
-    /// A list of messages that answers to setMessages().
+    /// An empty list of messages for setMessages().
     Q_INVOKABLE QAbstractItemModel *messageList() { return new MessageListModel; }
 
-    /// Each message is an object with what is to be different from a customer's short text.
+    /// Each message is an object with the fields that differ from a short text of the customer.
     Q_INVOKABLE void setMessages(QAbstractItemModel *list, const QVariantList &values) const
     {
         QList<MessageDto> messages;
@@ -70,7 +70,7 @@ public:
         static_cast<MessageListModel *>(list)->setMessages(messages);
     }
 
-    /// What analytics were told since the last call.
+    /// The actions that were reported to analytics since the last call.
     Q_INVOKABLE QStringList actions()
     {
         QStringList actions;
@@ -89,7 +89,8 @@ public:
 
     ~Samples() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
 
-    /// The links that would have left the application since the last call, if there was one.
+    /// The links that were opened since the last call. The first call installs the handler for
+    /// them.
     Q_INVOKABLE QStringList openedLinks()
     {
         QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "takeLink");

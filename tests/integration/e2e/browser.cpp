@@ -19,7 +19,7 @@ QString quoted(const QString &text)
     return QString::fromUtf8(list.sliced(1, list.size() - 2));
 }
 
-bool counts(const QJsonValue &value)
+bool isTruthy(const QJsonValue &value)
 {
     return !value.isUndefined() && !value.isNull() && value != QJsonValue(false) &&
            value != QJsonValue(u""_s) && value != QJsonValue(0);
@@ -52,13 +52,13 @@ Browser::Browser(const QString &folder)
 
 Browser::~Browser()
 {
-    constexpr int patience = 10'000;
+    constexpr int timeout = 10'000;
     m_session.clear();
     m_socket.sendTextMessage(uR"({"id":0,"method":"Browser.close"})"_s);
     m_socket.flush();
-    if (!m_process.waitForFinished(patience))
+    if (!m_process.waitForFinished(timeout))
         m_process.kill();
-    m_process.waitForFinished(patience);
+    m_process.waitForFinished(timeout);
 }
 
 void Browser::start(const QString &folder)
@@ -103,7 +103,7 @@ QJsonObject Browser::call(const QString &method, const QJsonObject &parameters)
     return answer["result"_L1].toObject();
 }
 
-// What throws is taken as not there yet.
+// An exception means that the page is not ready yet.
 QJsonValue Browser::evaluate(const QString &expression)
 {
     const QJsonObject answer = call(
@@ -122,7 +122,7 @@ QJsonValue Browser::await(const QString &expression)
     QJsonValue value;
     waitFor(expression, [&] {
         value = evaluate(expression);
-        return counts(value);
+        return isTruthy(value);
     });
     return value;
 }

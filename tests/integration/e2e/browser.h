@@ -10,25 +10,25 @@
 
 namespace tolvane::test {
 
-/// Chromium with one page and no window, led over its DevTools protocol. Elements are named by CSS
-/// selectors. Everything waits for what takes its time, while the event loop runs, and throws a
-/// std::runtime_error where that does not come.
+/// Headless Chromium with one page, controlled over the DevTools protocol. CSS selectors name the
+/// elements. Each operation runs the event loop until its condition holds, and throws a
+/// std::runtime_error after a timeout.
 class Browser
 {
 public:
-    /// The profile goes into the folder, which has to be there.
+    /// Keeps the profile in the folder, which must exist.
     explicit Browser(const QString &folder);
     ~Browser();
     Browser(const Browser &) = delete;
     Browser &operator=(const Browser &) = delete;
 
     void open(const QUrl &page);
-    /// The value of a JavaScript expression, once that is one which counts as true.
+    /// Waits until a JavaScript expression is truthy, and returns its value.
     QJsonValue await(const QString &expression);
-    /// Once the element is there, enabled, and can be hit.
+    /// Waits until the element exists, is enabled and is not covered, and clicks it.
     void click(const QString &selector);
     void type(const QString &text);
-    /// Goes to the element by keyboard, and presses the key of a letter there.
+    /// Focuses the element and presses the key of a letter.
     void pressIn(const QString &selector, char letter);
     void choose(const QString &fileInput, const QStringList &files);
 

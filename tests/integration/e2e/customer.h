@@ -18,26 +18,26 @@ namespace tolvane::test {
 
 using namespace Qt::StringLiterals;
 
-/// The first thing below an item that has a list as its model whose rows have that role.
-inline QAbstractItemModel *listWith(const QQuickItem *item, const QByteArray &role)
+/// The model of an item, or of its first descendant, whose model has the role.
+inline QAbstractItemModel *modelWithRole(const QQuickItem *item, const QByteArray &role)
 {
     auto *list = qobject_cast<QAbstractItemModel *>(item->property("model").value<QObject *>());
     if (list && list->roleNames().key(role, -1) >= 0)
         return list;
     for (const QQuickItem *child : item->childItems()) {
-        if (QAbstractItemModel *found = listWith(child, role))
+        if (QAbstractItemModel *found = modelWithRole(child, role))
             return found;
     }
     return nullptr;
 }
 
-/// A host's window, its push service, and whoever sits in front of it.
+/// A host's window with its push service, and the customer who uses it.
 class Customer
 {
 public:
     explicit Customer(const QString &backend)
         : pushes(QUrl(backend + u"/push/"_s + QString::fromLatin1(token.toHex())))
-        , visitor(window)
+        , robot(window)
     {
         QObject::connect(&pushes, &PushClient::pushed, &support, &Support::receive);
         window.resize(412, 1400);
@@ -48,45 +48,45 @@ public:
         support.open();
     }
 
-    void sees(QAccessible::Role role, const QString &name) { visitor.find(role, name); }
+    void sees(QAccessible::Role role, const QString &name) { robot.find(role, name); }
     void clicks(QAccessible::Role role, const QString &name)
     {
-        visitor.click(visitor.find(role, name));
+        robot.click(robot.find(role, name));
     }
-    void goesBack() { visitor.press(Qt::Key_Escape); }
+    void goesBack() { robot.press(Qt::Key_Escape); }
     void pastes(const QImage &image)
     {
         QGuiApplication::clipboard()->setImage(image);
-        visitor.press(Qt::Key_V, Qt::ControlModifier);
+        robot.press(Qt::Key_V, Qt::ControlModifier);
         sees(QAccessible::Button, u"Remove"_s);
     }
     void says(const QString &text)
     {
         clicks(QAccessible::EditableText, {});
-        visitor.type(text);
+        robot.type(text);
         clicks(QAccessible::Button, u"Send"_s);
     }
 
-    /// A column of the first list in the window whose rows have that role.
-    QStringList column(const QByteArray &rolesOfList, const QByteArray &role) const
+    /// The values of `role` in the first model in the window that has the role `knownRole`.
+    QStringList column(const QByteArray &knownRole, const QByteArray &role) const
     {
         QStringList texts;
-        if (const QAbstractItemModel *list = listWith(window.contentItem(), rolesOfList)) {
+        if (const QAbstractItemModel *list = modelWithRole(window.contentItem(), knownRole)) {
             for (int row = 0; row < list->rowCount(); ++row)
                 texts += list->index(row, 0).data(list->roleNames().key(role)).toString();
         }
         return texts;
     }
-    /// What was said in the open conversation, each message as it is read aloud.
+    /// The messages of the open conversation, as screen readers read them.
     QStringList conversation() const { return column("isFirst", "description"); }
-    /// The last message of each ticket, also while the list is covered.
+    /// The last message of each ticket, even while the list is covered.
     QStringList tickets() const { return column("preview", "content"); }
 
     const QByteArray token = "a device";
     QQuickWindow window;
     Support support;
     PushClient pushes;
-    Visitor visitor;
+    Visitor robot;
 };
 
 } // namespace tolvane::test

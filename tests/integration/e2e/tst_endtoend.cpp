@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A conversation from both sides: a customer in front of a host's window, an agent in front of the
-// agents' page, and the local backend between them.
+// A conversation from both sides: a customer in a host's window, an agent in the agents' page, and
+// the local backend between them.
 #include "browser.h"
 #include "customer.h"
 #include "testing/backendprogram.h"
@@ -25,7 +25,7 @@ QImage solid(Qt::GlobalColor color)
     return image;
 }
 
-QString written(const QString &path, const QByteArray &bytes)
+QString writeFile(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
@@ -33,7 +33,7 @@ QString written(const QString &path, const QByteArray &bytes)
     return path;
 }
 
-/// Support is there at any time.
+/// Support is available at any time.
 const QByteArray alwaysOpen = R"([{"id": "always",
     "startTime": "2026-01-05T00:00:00Z", "endTime": "2026-01-05T23:59:00Z",
     "days": ["Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"]}])";
@@ -85,7 +85,7 @@ private Q_SLOTS:
 private:
     void begin()
     {
-        const QString schedules = written(m_folder.filePath(u"schedules.json"_s), alwaysOpen);
+        const QString schedules = writeFile(m_folder.filePath(u"schedules.json"_s), alwaysOpen);
         m_backend = std::make_unique<BackendProgram>(m_folder.path(), u"0.2"_s,
                                                      QStringList{u"--schedules"_s, schedules});
         qputenv("TOLVANE_API_URL", m_backend->url().toUtf8());
@@ -111,41 +111,41 @@ private:
             u"document.querySelector('#ticket-status').textContent.includes('%1')"_s.arg(text));
     }
 
-    /// Nothing answers in the agent's ticket by itself any more.
-    void takeOver()
+    /// Turns automatic answers off in the agent's ticket.
+    void answerByHand()
     {
         m_browser->click(u"#ticket-automatic"_s);
         awaitStatus(u"answered by hand"_s);
     }
 
-    /// The conversation is exactly what was said so far.
+    /// Waits until the conversation consists of the texts that were sent so far.
     void checkConversation()
     {
-        QStringList heard;
-        const auto isSaid = [&] {
-            heard = m_customer->conversation();
+        QStringList shown;
+        const auto isComplete = [&] {
+            shown = m_customer->conversation();
             return std::equal(
-                heard.cbegin(), heard.cend(), m_said.cbegin(), m_said.cend(),
+                shown.cbegin(), shown.cend(), m_sent.cbegin(), m_sent.cend(),
                 [](const QString &row, const QString &text) { return row.contains(text); });
         };
         try {
-            waitFor(u"the conversation"_s, isSaid);
+            waitFor(u"the conversation"_s, isComplete);
         } catch (const std::exception &) {
-            throw std::runtime_error("heard: " + heard.join(u" | "_s).toStdString() +
-                                     "; said: " + m_said.join(u" | "_s).toStdString());
+            throw std::runtime_error("shown: " + shown.join(u" | "_s).toStdString() +
+                                     "; sent: " + m_sent.join(u" | "_s).toStdString());
         }
     }
 
     void customerSays(const QString &text)
     {
         m_customer->says(text);
-        m_said += text;
+        m_sent += text;
         checkConversation();
         m_customer->sees(QAccessible::ListItem, text);
     }
 
-    /// Also that the library has taken what arrived for what it is, by the quiet look a second
-    /// later: the backend marks what the customer has fetched.
+    /// Also waits until the page shows the message as read: one second after a push the library
+    /// fetches the ticket silently, and the backend marks fetched messages as read.
     void agentSays(const QString &text, int pictures = 0)
     {
         if (!text.isEmpty()) {
@@ -154,8 +154,8 @@ private:
         }
         m_browser->click(u"#send"_s);
         m_browser->await(
-            u"document.querySelectorAll('#messages li').length === %1"_s.arg(m_said.size() + 1));
-        m_said += text;
+            u"document.querySelectorAll('#messages li').length === %1"_s.arg(m_sent.size() + 1));
+        m_sent += text;
         checkConversation();
         if (pictures > 0)
             m_customer->sees(QAccessible::Button, u"Picture %1 of %1"_s.arg(pictures));
@@ -180,7 +180,7 @@ private:
         for (const QString &text : {u"Where is my parcel?"_s, u"My lamp is broken"_s}) {
             m_customer->clicks(QAccessible::Button, u"Send us a message"_s);
             m_customer->sees(QAccessible::Heading, u"New conversation"_s);
-            m_said.clear();
+            m_sent.clear();
             customerSays(text);
             m_customer->sees(QAccessible::ListItem, u"AI agent is typing"_s);
             m_ticket = ticketWith(text);
@@ -197,13 +197,13 @@ private:
     {
         m_browser->click(u"#automatic"_s);
         awaitAutomatic(true);
-        m_said += withoutMarks(
+        m_sent += withoutMarks(
             m_browser
                 ->await(u"document.querySelector('#messages [data-sender=\"ai agent\"] .text')"
                         "?.textContent"_s)
                 .toString());
         checkConversation();
-        // The push for the ticket that is not open goes to the list alone, below the conversation.
+        // The push for the other ticket changes only the list, which the conversation covers.
         const auto isRefreshed = [this] {
             const QStringList tickets = m_customer->tickets();
             return tickets.size() == 2 && !tickets.contains(u"Where is my parcel?"_s) &&
@@ -215,10 +215,10 @@ private:
 
     void aPictureReachesTheAgent()
     {
-        takeOver();
-        // From here on it is a ticket of the list, which has a title and somebody who answers.
+        answerByHand();
+        // Opened from the list, the ticket has a title and shows the availability of support.
         m_customer->goesBack();
-        m_customer->clicks(QAccessible::ListItem, m_said.constLast().left(20));
+        m_customer->clicks(QAccessible::ListItem, m_sent.constLast().left(20));
         m_customer->sees(QAccessible::Heading, u", Available now"_s);
         checkConversation();
         m_customer->pastes(solid(Qt::red));
@@ -236,7 +236,7 @@ private:
         agentSays(u"Which lamp is it?"_s);
         m_customer->sees(QAccessible::Heading, u"Nora Berg, Available now"_s);
         m_browser->await(u"document.querySelector('#assignee').value === 'human agent'"_s);
-        // That one comes by push alone: the polling has ended with the answer before.
+        // This one arrives by push only: polling ended with the previous answer.
         agentSays(u"The one in your picture?"_s);
     }
 
@@ -257,8 +257,8 @@ private:
     {
         m_browser->pressIn(u"#assignee"_s, 'a');
         awaitStatus(u"to the AI, answered automatically"_s);
-        takeOver();
-        // Back from the viewer the conversation is looked at anew.
+        answerByHand();
+        // Returning from the viewer fetches the conversation again.
         m_customer->clicks(QAccessible::Button, u"Picture 2 of 2"_s);
         m_customer->sees(QAccessible::Graphic, u"Picture"_s);
         const QPoint middle = QRect(QPoint(), m_customer->window.size()).center();
@@ -282,8 +282,8 @@ private:
         m_customer->sees(QAccessible::ListItem, closed);
         customerSays(u"One more thing"_s);
         awaitState(u"open"_s);
-        waitFor(u"the end of the closed row"_s,
-                [&] { return !m_customer->visitor.sees(QAccessible::ListItem, closed); });
+        waitFor(u"the removal of the closed row"_s,
+                [&] { return !m_customer->robot.sees(QAccessible::ListItem, closed); });
         checkConversation();
     }
 
@@ -292,7 +292,7 @@ private:
         m_customer->goesBack();
         m_customer->sees(QAccessible::ListItem, u"One more thing"_s);
         m_customer->goesBack();
-        waitFor(u"the end of the messenger"_s,
+        waitFor(u"the messenger to close"_s,
                 [this] { return m_customer->window.contentItem()->childItems().isEmpty(); });
     }
 
@@ -301,13 +301,13 @@ private:
     std::unique_ptr<Browser> m_browser;
     std::unique_ptr<Customer> m_customer;
     QString m_ticket;
-    /// In the conversation that is open, in order.
-    QStringList m_said;
+    /// The texts sent in the open conversation, in order.
+    QStringList m_sent;
 };
 
 int main(int argc, char **argv)
 {
-    // Nothing of it is left behind, and nothing of before is found.
+    // Isolates the test from the user's files.
     const QTemporaryDir home;
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"})
         qputenv(name, home.path().toUtf8());

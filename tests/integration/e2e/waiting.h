@@ -9,13 +9,13 @@
 
 namespace tolvane::test {
 
-/// Lets the window and everything else go on until something is so. Throws when it does not become
-/// so, on a machine that is busy with other things.
-inline void waitFor(const QString &what, const std::function<bool()> &isSo)
+/// Runs the event loop until a condition holds. Throws after a timeout, which is long enough for a
+/// busy machine.
+inline void waitFor(const QString &what, const std::function<bool()> &condition)
 {
-    constexpr int patience = 30'000;
-    if (!QTest::qWaitFor(isSo, patience))
-        throw std::runtime_error("in vain: " + what.toStdString());
+    constexpr int timeout = 30'000;
+    if (!QTest::qWaitFor(condition, timeout))
+        throw std::runtime_error("timeout while waiting for " + what.toStdString());
 }
 
 } // namespace tolvane::test

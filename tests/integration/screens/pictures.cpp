@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Saves a picture of each screen in each look, for people to look at.
+// Saves a screenshot of each screen in each look, for people.
 #include "testing/ui/screens.h"
 
 #include <QtCore/QDir>
@@ -35,7 +35,7 @@ const QList<Look> &looks()
     return looks;
 }
 
-bool take(const Look &look, const Screens::Screen &screen, const QDir &folder)
+bool saveScreenshot(const Look &look, const Screens::Screen &screen, const QDir &folder)
 {
     Screens screens(look);
     screens.show(screen);
@@ -51,8 +51,9 @@ int main(int argc, char **argv)
     QGuiApplication app(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
     if (arguments.size() < 2 || !QDir().mkpath(arguments.at(1))) {
-        std::fprintf(stderr, "Usage: tolvane-pictures FOLDER [LOOK [SCREEN]]\n"
-                             "The names of looks and screens are matched by their beginning.\n");
+        std::fprintf(
+            stderr, "Usage: tolvane-pictures FOLDER [LOOK [SCREEN]]\n"
+                    "LOOK is the whole name of a look, SCREEN the beginning of a screen's name.\n");
         return EXIT_FAILURE;
     }
     bool isDone = true;
@@ -61,7 +62,7 @@ int main(int argc, char **argv)
             continue;
         for (const Screens::Screen &screen : Screens::all()) {
             if (QLatin1String(screen.name).startsWith(arguments.value(3)))
-                isDone = take(look, screen, QDir(arguments.at(1))) && isDone;
+                isDone = saveScreenshot(look, screen, QDir(arguments.at(1))) && isDone;
         }
     }
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every screen in a language that nobody speaks: longer than most and marked, so that a text that
-// was not translated stands out, and one that has no room is found.
+// Every screen in a pseudo-locale, whose texts are long and marked: finds texts that are not
+// translated or do not have enough room.
 #include "testing/ui/screens.h"
 
 #include <QtCore/QRegularExpression>
@@ -27,7 +27,7 @@ QString pseudo(const QString &text)
     return u"⟦"_s + changed + filling.repeated(4).first(text.size() * 4 / 10) + u"⟧"_s;
 }
 
-/// What is the same in every language.
+/// Texts that are the same in every language.
 const QStringList &fixedTexts()
 {
     static const QStringList texts = {u"👋"_s, u"🤖"_s, u"Send us a message"_s,
@@ -58,12 +58,12 @@ const QQuickItem *scroller(const QQuickItem *item)
     return nullptr;
 }
 
-/// A text as it is seen.
-struct Shown
+/// A visible text.
+struct VisibleText
 {
     const QQuickItem *item;
     QString text;
-    /// What is painted, in the window.
+    /// The painted area in the window.
     QRectF place;
 
     QString name() const { return u"\"%1\" in %2"_s.arg(text.left(60), owner()); }
@@ -92,7 +92,7 @@ QRectF painted(const QQuickItem *item)
     return item->mapRectToScene(QRectF({x, y}, content));
 }
 
-void collect(const QQuickItem *item, QList<Shown> &shown)
+void collect(const QQuickItem *item, QList<VisibleText> &shown)
 {
     if (!item->isVisible() || item->opacity() == 0)
         return;
@@ -128,7 +128,7 @@ private Q_SLOTS:
             look.apply();
             screens.host.resize(look.size);
             QTest::qWait(200);
-            QList<Shown> shown;
+            QList<VisibleText> shown;
             collect(screens.messenger(), shown);
             for (const QString &fault : faultsOf(shown, QRectF({}, look.size))) {
                 faults += u"%1x%2 at %3: %4"_s.arg(look.size.width())
@@ -145,7 +145,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("qml");
         QTest::addColumn<QString>("fault");
-        QTest::newRow("sound") << QByteArray("text: '⟦short⟧'; width: 100") << QString();
+        QTest::newRow("no fault") << QByteArray("text: '⟦short⟧'; width: 100") << QString();
         QTest::newRow("elided") << QByteArray("text: '⟦much longer than that⟧'; width: 50; "
                                               "elide: Text.ElideRight")
                                 << QString();
@@ -155,9 +155,10 @@ private Q_SLOTS:
             << QByteArray("text: '⟦much longer than that⟧'; width: 50") << u"too wide"_s;
         QTest::newRow("too high") << QByteArray("text: '⟦a⟧'; width: 50; height: 4")
                                   << u"too high"_s;
-        QTest::newRow("cut") << QByteArray("text: '⟦a b c d⟧'; width: 30; wrapMode: Text.Wrap; "
-                                           "maximumLineCount: 1")
-                             << u"cut without an ellipsis"_s;
+        QTest::newRow("truncated")
+            << QByteArray("text: '⟦a b c d⟧'; width: 30; wrapMode: Text.Wrap; "
+                          "maximumLineCount: 1")
+            << u"cut without an ellipsis"_s;
         QTest::newRow("outside") << QByteArray("text: '⟦short⟧'; x: 380") << u"out of the window"_s;
     }
 
@@ -170,7 +171,7 @@ private Q_SLOTS:
         component.setData("import QtQuick\nItem { Text { " + qml + " } }", {});
         const std::unique_ptr<QObject> root(component.create());
         QVERIFY2(root, qPrintable(component.errorString()));
-        QList<Shown> shown;
+        QList<VisibleText> shown;
         collect(qobject_cast<QQuickItem *>(root.get()), shown);
         const QStringList faults = faultsOf(shown, {0, 0, 400, 400});
         QCOMPARE(faults.size(), fault.isEmpty() ? 0 : 1);
@@ -178,13 +179,13 @@ private Q_SLOTS:
     }
 
 private:
-    static QStringList faultsOf(const QList<Shown> &shown, const QRectF &window)
+    static QStringList faultsOf(const QList<VisibleText> &shown, const QRectF &window)
     {
         QStringList faults;
-        for (const Shown &each : shown) {
+        for (const VisibleText &each : shown) {
             if (!isTranslated(each))
                 faults += u"not translated: "_s + each.name();
-            if (const QString fault = cutOff(each, window); !fault.isEmpty())
+            if (const QString fault = layoutFault(each, window); !fault.isEmpty())
                 faults += fault + u": "_s + each.name();
         }
         for (qsizetype first = 0; first < shown.size(); ++first) {
@@ -196,9 +197,9 @@ private:
         return faults;
     }
 
-    static bool isTranslated(const Shown &shown)
+    static bool isTranslated(const VisibleText &shown)
     {
-        // A message is its author's; so is what was left out of a longer one.
+        // Messages are not translated, and neither is the number of further pictures.
         if (ancestor(shown.item, "MessageBubble_") || shown.text.startsWith(u'+'))
             return true;
         static const QRegularExpression translated(u"⟦[^⟧]*⟧"_s);
@@ -214,7 +215,7 @@ private:
         return !rest.contains(letter);
     }
 
-    static QString cutOff(const Shown &shown, const QRectF &window)
+    static QString layoutFault(const VisibleText &shown, const QRectF &window)
     {
         const QQuickItem *item = shown.item;
         const QRectF own = item->mapRectToScene({QPointF(), item->size()});
@@ -222,11 +223,11 @@ private:
             return u"cut without an ellipsis"_s;
         if (shown.place.width() > own.width() + 1)
             return u"too wide"_s;
-        // Lines of a given height count as high as their font for the item, and not for the eye.
+        // With a given line height, the item still counts its lines as high as their font.
         const bool isGiven = item->property("lineHeightMode").toInt() == 1;
         if (!isGiven && shown.place.height() > own.height() + 1)
             return u"too high"_s;
-        // What stands in for a conversation goes on below, as the conversation will.
+        // The skeleton continues below the window, like the conversation that it stands for.
         const bool isScrolled = scroller(item) || ancestor(item, "TicketMessagesSkeletonView_");
         if (shown.place.left() < -1 || shown.place.right() > window.width() + 1 ||
             (!isScrolled && !shown.place.isEmpty() &&
@@ -235,18 +236,18 @@ private:
         return {};
     }
 
-    static bool overlap(const Shown &first, const Shown &second)
+    static bool overlap(const VisibleText &first, const VisibleText &second)
     {
-        // What scrolls passes under what does not, and under the title of its section.
+        // Scrolled content passes under fixed content and under the title of its section.
         if (scroller(first.item) != scroller(second.item) ||
-            isOver(first.item) != isOver(second.item))
+            isOverlay(first.item) != isOverlay(second.item))
             return false;
         const QRectF both = first.place.intersected(second.place);
         return both.width() > 2 && both.height() > first.place.height() / 4;
     }
 
-    /// Whether it lies over the rest of its screen.
-    static bool isOver(const QQuickItem *item)
+    /// Whether it lies over other content of its screen.
+    static bool isOverlay(const QQuickItem *item)
     {
         for (const char *type : {"TicketListHeader_", "AttachmentDropArea_", "ShareMenu_",
                                  "ViewerNotice_", "TicketBar_", "TolvaneHeader_"}) {

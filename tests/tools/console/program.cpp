@@ -8,7 +8,7 @@ namespace tolvane::test {
 
 namespace {
 
-constexpr int patience = 20'000; // Sanitized programs on a busy machine.
+constexpr int timeout = 20'000; // Sanitized programs are slow on a busy machine.
 
 void startConsole(QProcess &process, const QString &configFolder, const QString &url,
                   const QStringList &arguments)
@@ -41,14 +41,14 @@ void ConsoleProgram::send(const QByteArray &line)
     m_process.write(line + '\n');
 }
 
-QJsonObject ConsoleProgram::await(const std::function<bool(const QJsonObject &)> &fits)
+QJsonObject ConsoleProgram::await(const std::function<bool(const QJsonObject &)> &matches)
 {
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(timeout);
     for (qsizetype seen = 0;;) {
         while (m_process.canReadLine())
             m_unread += QJsonDocument::fromJson(m_process.readLine()).object();
         for (; seen < m_unread.size(); ++seen) {
-            if (fits(m_unread.at(seen)))
+            if (matches(m_unread.at(seen)))
                 return m_unread.takeAt(seen);
         }
         if (deadline.hasExpired() ||
@@ -78,7 +78,7 @@ QJsonObject ConsoleProgram::awaitEvent(const QString &event, const QString &name
 
 int ConsoleProgram::end()
 {
-    return exitStatus(m_process, patience);
+    return exitStatus(m_process, timeout);
 }
 
 std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QString &url,
@@ -88,7 +88,7 @@ std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QStr
     process.setProcessChannelMode(QProcess::MergedChannels);
     startConsole(process, configFolder, url, {});
     process.write(commands);
-    const int status = exitStatus(process, 3 * patience);
+    const int status = exitStatus(process, 3 * timeout);
     return {process.readAll(), status};
 }
 

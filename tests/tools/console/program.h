@@ -12,22 +12,22 @@
 
 namespace tolvane::test {
 
-/// The console host under its line protocol.
+/// Runs the console host with its JSON line protocol.
 class ConsoleProgram
 {
 public:
     ConsoleProgram(const QString &configFolder, const QString &url);
     ~ConsoleProgram() { end(); }
 
-    /// Sends a line as it is.
+    /// Sends a line unchanged.
     void send(const QByteArray &line);
-    /// Sends a request and waits for its reply; an object without "ok" when none comes in time.
+    /// Sends a request and waits for its reply. Returns an object without "ok" after a timeout.
     QJsonObject request(const QString &command, QJsonObject arguments = {});
-    /// Waits for an object that fits, among those that have come and those to come.
-    QJsonObject await(const std::function<bool(const QJsonObject &)> &fits);
+    /// Waits for an object that matches. Objects received earlier are searched first.
+    QJsonObject await(const std::function<bool(const QJsonObject &)> &matches);
     QJsonObject awaitEvent(const QString &event, const QString &name);
 
-    /// Ends the input and gives the exit status; -1 when it doesn't end by itself.
+    /// Closes the input and returns the exit code; -1 after a timeout or a crash.
     int end();
     QByteArray errors() { return m_process.readAllStandardError(); }
 
@@ -37,7 +37,7 @@ private:
     int m_lastId = 0;
 };
 
-/// What the console prints for people while it carries out the commands; with the exit status.
+/// Runs the commands in the interactive console. Returns its output and its exit code.
 std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QString &url,
                                          const QByteArray &commands);
 

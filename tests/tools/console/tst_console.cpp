@@ -68,9 +68,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("line");
         QTest::addColumn<QJsonValue>("id");
         QTest::addColumn<QString>("error");
-        QTest::newRow("no JSON") << QByteArray("garbage") << QJsonValue()
-                                 << "The line is not a JSON object";
-        QTest::newRow("no object")
+        QTest::newRow("not JSON") << QByteArray("garbage") << QJsonValue()
+                                  << "The line is not a JSON object";
+        QTest::newRow("not an object")
             << QByteArray("[1]") << QJsonValue() << "The line is not a JSON object";
         QTest::newRow("empty") << QByteArray() << QJsonValue() << "The line is not a JSON object";
         QTest::newRow("no command")
@@ -86,11 +86,12 @@ private Q_SLOTS:
             << QJsonValue(7) << "There is no environment \"moon\"";
         QTest::newRow("before initialize") << QByteArray(R"({"id":7,"cmd":"open"})")
                                            << QJsonValue(7) << "Tolvane is not initialized";
-        QTest::newRow("no such row") << QByteArray(R"({"id":7,"cmd":"ticket.open","ticketId":"x"})")
-                                     << QJsonValue(7) << "The list has no ticket \"x\"";
-        QTest::newRow("no such handle") << QByteArray(R"({"id":7,"cmd":"ticket.state","ticket":3})")
+        QTest::newRow("unknown ticket")
+            << QByteArray(R"({"id":7,"cmd":"ticket.open","ticketId":"x"})") << QJsonValue(7)
+            << "The list has no ticket \"x\"";
+        QTest::newRow("unknown handle") << QByteArray(R"({"id":7,"cmd":"ticket.state","ticket":3})")
                                         << QJsonValue(7) << "There is no open ticket 3";
-        QTest::newRow("a good one")
+        QTest::newRow("valid command")
             << QByteArray(R"({"id":7,"cmd":"polling"})") << QJsonValue(7) << "";
     }
 
@@ -103,18 +104,18 @@ private Q_SLOTS:
         ConsoleProgram console(config.path(), nowhere);
         console.send(line);
         const QJsonObject reply =
-            console.await([](const QJsonObject &) { return true; }); // Nothing else comes.
+            console.await([](const QJsonObject &) { return true; }); // There is no other output.
         QCOMPARE(reply.value("reply"_L1), id);
         QCOMPARE(isOk(reply), error.isEmpty());
         QCOMPARE(errorOf(reply), error);
-        QVERIFY(isOk(console.request(u"settings"_s))); // The session goes on.
+        QVERIFY(isOk(console.request(u"settings"_s))); // The session continues.
         const QJsonObject age = console.request(u"timeAgo"_s, {{u"timestamp"_s, u"long ago"_s}});
         QCOMPARE(age.value("text"_L1), u"Unknown time"_s);
         QCOMPARE(console.end(), 0);
         QCOMPARE(console.errors(), QByteArray());
     }
 
-    void eventsOfAStream_data()
+    void serverSentEvents_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QByteArrayList>("events");
@@ -133,15 +134,16 @@ private Q_SLOTS:
             "data: a\n\n",
             {"a"});
         row("id alone", "id: 7\n\n", {}, "7");
-        row("id is taken back", "id: 7\n\nid\n\n", {});
-        row("id with a zero", QByteArray("id: 7\n\nid: ?8\n\n").replace('?', '\0'), {}, "7");
-        row("cut short", "id: 7\ndata: a\n", {});
-        const QByteArray aLot(EventStream::longest / 2, 'x');
-        row("long line", "data: " + aLot + aLot + "\n\ndata: b\n\n", {"", "b"});
-        row("long event", "data: " + aLot + "\ndata: " + aLot + "\n\ndata: b\n\n", {"", "b"});
+        row("empty id clears the id", "id: 7\n\nid\n\n", {});
+        row("id with a NUL", QByteArray("id: 7\n\nid: ?8\n\n").replace('?', '\0'), {}, "7");
+        row("incomplete event", "id: 7\ndata: a\n", {});
+        const QByteArray halfTheLimit(EventStream::longest / 2, 'x');
+        row("long line", "data: " + halfTheLimit + halfTheLimit + "\n\ndata: b\n\n", {"", "b"});
+        row("long event", "data: " + halfTheLimit + "\ndata: " + halfTheLimit + "\n\ndata: b\n\n",
+            {"", "b"});
     }
 
-    void eventsOfAStream()
+    void serverSentEvents()
     {
         QFETCH(const QByteArray, bytes);
         EventStream whole;
@@ -157,7 +159,7 @@ private Q_SLOTS:
     void pushesReachTheHost()
     {
         const QTemporaryDir folder;
-        const BackendProgram backend(folder.path(), u"1"_s); // Time to leave before the answer.
+        const BackendProgram backend(folder.path(), u"1"_s); // Replies after the leave below.
         const auto [output, status] = sessionOutput(folder.path(), backend.url(), "push on\n");
         QVERIFY(status == 1 && output.contains("not initialized"));
         const auto [early, earlyStatus] =
@@ -182,18 +184,18 @@ private Q_SLOTS:
         QCOMPARE(text.count("       Hi, this is *Maya*."), 2);
     }
 
-    void composeTakesAllOrNothing()
+    void composeIsAtomic()
     {
         const QTemporaryDir config;
         ConsoleProgram console(config.path(), nowhere);
         QCOMPARE(console.request(u"ticket.new"_s).value(ticket).toInt(), 1);
-        const QJsonObject inline1 = {
+        const QJsonObject attachment = {
             {u"name"_s, u"a.png"_s}, {u"mimeType"_s, u"image/png"_s}, {u"base64"_s, u"AAEC"_s}};
         const QString compose = u"ticket.compose"_s;
         const QString files = u"attachments"_s;
-        QVERIFY(
-            isOk(console.request(compose, onTicket(1, {{u"message"_s, u"hello"_s},
-                                                       {files, QJsonArray{inline1, inline1}}}))));
+        QVERIFY(isOk(
+            console.request(compose, onTicket(1, {{u"message"_s, u"hello"_s},
+                                                  {files, QJsonArray{attachment, attachment}}}))));
         for (const QJsonObject &bad : {QJsonObject{{u"path"_s, u"/no/such/file"_s}},
                                        QJsonObject{{u"path"_s, u"/"_s}}, QJsonObject()}) {
             const QJsonObject reply = console.request(
@@ -206,17 +208,17 @@ private Q_SLOTS:
         QCOMPARE(state.value("state"_L1), u"empty"_s);
     }
 
-    void endsInTheMiddleOfEverything_data()
+    void endsWithOperationsInFlight_data()
     {
         QTest::addColumn<bool>("byQuit");
         QTest::newRow("end of input") << false;
         QTest::newRow("quit") << true;
     }
 
-    void endsInTheMiddleOfEverything()
+    void endsWithOperationsInFlight()
     {
         QFETCH(const bool, byQuit);
-        QTcpServer stalling; // Accepts and says nothing.
+        QTcpServer stalling; // Accepts connections and never answers.
         QVERIFY(stalling.listen(QHostAddress::LocalHost));
         const QTemporaryDir config;
         ConsoleProgram console(config.path(),
@@ -234,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(console.errors(), QByteArray());
     }
 
-    void aConversationFromFirstWordToRestart()
+    void aConversationSurvivesARestart()
     {
         const QTemporaryDir folder;
         auto backend = std::make_unique<BackendProgram>(folder.path());
@@ -266,7 +268,7 @@ private Q_SLOTS:
                     .toString()
                     .startsWith("http://127.0.0.1"_L1));
 
-        const QJsonObject reply = awaitAnswer(); // By polling: nothing pushes here.
+        const QJsonObject reply = awaitAnswer(); // By polling: there is no push channel here.
         QCOMPARE(reply.value("sender"_L1).toObject().value("type"_L1), u"ai agent"_s);
         QVERIFY(say(1, "ticket.send", "I want to talk to a human"));
         QVERIFY(!awaitAnswer().isEmpty());

@@ -3,7 +3,7 @@
 
 #include "runningbackend.h"
 
-/// A browser with the page.
+/// A client that sends requests like the agents' page.
 struct Agent : Customer
 {
     explicit Agent(const RunningBackend &backend)

@@ -5,7 +5,7 @@
 
 #include <QtNetwork/QTcpSocket>
 
-/// A connection to a stream of events. Each event and each heartbeat comes whole.
+/// A client of an event stream. Each event and each heartbeat arrives in one piece.
 class Listening
 {
 public:
@@ -19,7 +19,7 @@ public:
 
     const QByteArray &received() { return m_received += m_socket.readAll(); }
 
-    /// What stands behind the name in the lines that begin with it.
+    /// The values of the lines that begin with the name.
     QByteArrayList lines(const QByteArray &name)
     {
         QByteArrayList found;
@@ -30,7 +30,7 @@ public:
         return found;
     }
 
-    /// The contents of the messages by themselves, the states of the tickets.
+    /// The contents of the messages and the states of the tickets, joined.
     QByteArray digest()
     {
         QByteArray text;

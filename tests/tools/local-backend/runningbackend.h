@@ -12,7 +12,7 @@
 
 using Headers = std::map<std::string, std::string>;
 
-/// Milliseconds to wait for what has to come, on a machine that is busy with other things.
+/// The timeout in milliseconds for conditions, which is long enough for a busy machine.
 inline constexpr int patience = 60'000;
 
 struct FormPart
@@ -60,7 +60,7 @@ struct RunningBackend : tolvane::backend::Backend
     std::jthread thread;
 };
 
-/// A customer's connection. Answers have the status -1 when there are none.
+/// A customer's HTTP client. Its responses have the status -1 when there is no answer.
 struct Customer
 {
     explicit Customer(int port, const std::string &id = "ada")
@@ -93,7 +93,7 @@ struct Customer
     {
         return send("POST", path, multipart({{"message", text}}));
     }
-    /// The path of a new ticket.
+    /// Creates a ticket. Returns its path.
     std::string open()
     {
         const QJsonDocument ticket = json(write("/api/ticket/create", "hello"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The agents' page by itself: whom it lets in, what it is made of, what it turns down.
+// The agents' page: its access checks, its files, and the requests that it rejects.
 #include "browseragent.h"
 
 #include <QtCore/QRegularExpression>
@@ -15,7 +15,7 @@ class AgentPageTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void onlyThePageIsLetIn()
+    void onlyThePageHasAccess()
     {
         const RunningBackend backend(inMemory, 1h, {"key"});
         Agent agent(backend);
@@ -41,7 +41,7 @@ private Q_SLOTS:
         check(405, "POST", {{"Origin", "http://" + own}});
     }
 
-    void pageIsWholeAndLockedDown()
+    void pageIsCompleteAndHasAPolicy()
     {
         const RunningBackend backend;
         Agent agent(backend);
@@ -50,7 +50,7 @@ private Q_SLOTS:
         const std::string policy = page.get_header_value("Content-Security-Policy");
         QVERIFY(policy.starts_with("default-src 'none'") &&
                 policy.find("unsafe") == std::string::npos);
-        // All that the page and its scripts name is there.
+        // All files that the page and its scripts refer to exist.
         std::vector<std::string> pending = {"/agent"};
         QSet<QString> seen;
         static const QRegularExpression named(

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the agents' page asks of the backend, and what customers get of it.
+// The routes for the agents' page, and their effects for customers.
 #include "browseragent.h"
 #include "listening.h"
 
@@ -68,7 +68,7 @@ private Q_SLOTS:
         const QUrl address(picture["url"_L1].toString());
         QCOMPARE(ada.get(address.path(QUrl::FullyEncoded).toStdString()).body, png);
         QCOMPARE(human["attachments"_L1].toArray().size(), 1);
-        // A client may take the push for what it fetches: both are the same.
+        // The push and the fetched message are equal, so that clients may use either.
         TRY_COMPARE(host.payloads().size(), 1);
         QCOMPARE(host.payloads()[0]["message"_L1].toObject(), human);
         QCOMPARE(ada.tickets()[0]["lastMessage"_L1].toObject(), human);
@@ -95,7 +95,7 @@ private Q_SLOTS:
             413);
     }
 
-    void humansKeepTheScriptOut()
+    void humanAnswersStopTheScript()
     {
         RunningBackend backend(inMemory, 5ms);
         Agent agent(backend);
@@ -120,7 +120,7 @@ private Q_SLOTS:
         agent.post("ticket/" + idIn(taken), R"({"assignee":"human agent"})");
         agent.post("ticket/" + idIn(closed), R"({"state":"closed"})");
         agent.post("automatic", R"({"automatic":true})");
-        // What was owed is given, but not where somebody answered, took over, or closed.
+        // Pending replies are sent, but not in tickets that were answered, taken over or closed.
         TRY_COMPARE(senders(waiting), "ca"_L1);
         QCOMPARE(senders(answered), "ca"_L1);
         QCOMPARE(senders(taken), "c"_L1);
@@ -135,7 +135,7 @@ private Q_SLOTS:
         TRY_COMPARE(senders(taken), "ca"_L1);
     }
 
-    void settingsReachCustomersAndLast()
+    void settingsReachCustomersAndPersist()
     {
         const QTemporaryDir folder;
         const std::string database = folder.filePath(u"backend.sqlite"_s).toStdString();
@@ -167,7 +167,7 @@ private Q_SLOTS:
             const QJsonDocument branding = json(ada.get("/api/settings"));
             QCOMPARE(branding["primaryDark"_L1], u"#010203"_s);
             QVERIFY(branding["updatedAt"_L1].toString().toUtf8() != updatedAt);
-            // On the port of today.
+            // With the port of this run.
             const QUrl logo(branding["logoLight"_L1].toString());
             QCOMPARE(logo.port(), backend.port());
             QCOMPARE(ada.get(logo.path().toStdString()).body, "GIF"s);
@@ -176,7 +176,7 @@ private Q_SLOTS:
         }
     }
 
-    void changesAreHeard()
+    void changesReachThePages()
     {
         RunningBackend backend;
         Customer ada(backend.port());
@@ -188,26 +188,26 @@ private Q_SLOTS:
                                    patience);
         };
         QVERIFY(join());
-        const auto heard = [&] { return pages[0]->lines("event: ").join(' '); };
+        const auto events = [&] { return pages[0]->lines("event: ").join(' '); };
         const std::string path = ada.open();
-        TRY_COMPARE(heard(), "ticket");
+        TRY_COMPARE(events(), "ticket");
         agent.post("ticket/" + idIn(path) + "/message",
                    multipart({{"as", "ai agent"}, {"message", "x"}}));
-        TRY_COMPARE(heard(), "ticket ticket");
-        const QJsonObject told = pages[0]->payloads().last();
-        QCOMPARE(told, agent.read("tickets")[0].toObject());
-        ada.get(path); // Now it is read.
-        TRY_COMPARE(heard(), "ticket ticket ticket");
+        TRY_COMPARE(events(), "ticket ticket");
+        const QJsonObject change = pages[0]->payloads().last();
+        QCOMPARE(change, agent.read("tickets")[0].toObject());
+        ada.get(path); // Marks the messages as read.
+        TRY_COMPARE(events(), "ticket ticket ticket");
         ada.get(path);
         agent.post("automatic", R"({"automatic":true})");
-        TRY_COMPARE(heard(), "ticket ticket ticket settings");
+        TRY_COMPARE(events(), "ticket ticket ticket settings");
         while (pages.size() < 16)
             QVERIFY(join());
         QVERIFY(join());
         QVERIFY(pages.back()->received().startsWith("HTTP/1.1 503"));
     }
 
-    void olderDatabasesGoOn()
+    void olderDatabasesAreMigrated()
     {
         const QTemporaryDir folder;
         const std::string path = folder.filePath(u"backend.sqlite"_s).toStdString();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The routes as a client meets them, and the agents behind them.
+// The routes for customers, and the scripted agents behind them.
 #include "agent.h"
 #include "runningbackend.h"
 
@@ -53,7 +53,7 @@ private Q_SLOTS:
             const auto response = Customer(m_backend.port(), id).get("/api/tickets");
             return response.get_header_value("X-Tolvane-Customer");
         };
-        // The client at hand decodes percent signs in what it receives.
+        // This HTTP client decodes percent escapes in headers that it receives.
         QCOMPARE(answered("ada%2540x"), std::string("ada%40x"));
         QCOMPARE(answered(std::string(128, '~')), std::string(128, '~'));
         const std::string assigned = answered({});
@@ -159,7 +159,7 @@ private Q_SLOTS:
         QCOMPARE(customer.get(path + "x").status, 404);
     }
 
-    // A body that was turned down is read to its end, so that what follows it is understood.
+    // The server reads a rejected body to its end, so that it can parse the next request.
     void connectionOutlivesBadRequests()
     {
         Customer customer(m_backend.port());
@@ -173,7 +173,7 @@ private Q_SLOTS:
         QCOMPARE(customer.client.socket(), socket);
     }
 
-    void textsAndOrderOutlastARestart()
+    void textsAndOrderSurviveARestart()
     {
         const QTemporaryDir folder;
         const std::string database = folder.filePath(u"backend.sqlite"_s).toStdString();
@@ -193,7 +193,7 @@ private Q_SLOTS:
         QCOMPARE(Customer(backend->port()).tickets(), tickets);
     }
 
-    void manyWritersLoseNothing()
+    void concurrentWritesAreKept()
     {
         Customer reader(m_backend.port());
         const std::string path = reader.open();
@@ -215,14 +215,14 @@ private Q_SLOTS:
         QCOMPARE(messages.size(), 1 + 8 * 25);
     }
 
-    void rules()
+    void replyRules()
     {
         const auto check = [](const char *text, Effect effect, const char *part,
                               Author assignee = Author::Ai, int attachments = 0) {
             Turn turn{assignee, text, attachments, false, "Mon 09:00-18:00"};
             const Answer answer = answerTo(turn);
             QVERIFY2(answer.effect == effect && answer.text.find(part) != std::string::npos, text);
-            // A customer who has written again is not sent away.
+            // A conversation in which the customer has written again is not closed.
             turn.isOvertaken = true;
             QVERIFY2(answerTo(turn).effect != Effect::Close, text);
         };
@@ -272,7 +272,7 @@ private Q_SLOTS:
         TRY_COMPARE(senders(), "cacahchch"_L1);
     }
 
-    // All is written before there is a desk, so that no answer comes before the next message.
+    // All messages are written before the Desk starts, so that no reply comes between them.
     void repliesComeInOrder()
     {
         Store store(openDatabase(inMemory));
@@ -289,8 +289,8 @@ private Q_SLOTS:
         QVERIFY(store.readTicket("ada", id)->state == State::Open);
     }
 
-    // Two desks at one file, as of two backends, do not both answer.
-    void owedReplyIsGivenOnceAfterARestart()
+    // With one Desk in each of two backends on one file, only one of them replies.
+    void pendingReplyIsSentOnceAfterARestart()
     {
         const QTemporaryDir folder;
         const std::string path = folder.filePath(u"backend.sqlite"_s).toStdString();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program as it is started and ended.
+// The program: its command line, its start and its end.
 #include "runningbackend.h"
 
 #include <QtCore/QDeadlineTimer>
@@ -13,16 +13,17 @@ class LocalBackendProcess : public QObject
 {
     Q_OBJECT
 
-    void checkRefusal(const QString &arguments, const QByteArray &named)
+    void checkRejected(const QString &arguments, const QByteArray &named)
     {
         QProcess process;
         process.start(m_program, QString(arguments).replace("DIR"_L1, m_folder.path()).split(u' '));
         QVERIFY2(process.waitForFinished(patience), named);
         const QByteArray line = process.readAllStandardError();
-        const bool isRefusal = process.exitStatus() == QProcess::NormalExit &&
-                               process.exitCode() == 2 && process.readAllStandardOutput().isEmpty();
+        const bool isRejected = process.exitStatus() == QProcess::NormalExit &&
+                                process.exitCode() == 2 &&
+                                process.readAllStandardOutput().isEmpty();
         const bool isOurs = line.startsWith("tolvane-backend: ") && line.contains(named);
-        QVERIFY2(isRefusal && isOurs && line.indexOf('\n') == line.size() - 1, line);
+        QVERIFY2(isRejected && isOurs && line.indexOf('\n') == line.size() - 1, line);
     }
 
 private Q_SLOTS:
@@ -34,9 +35,9 @@ private Q_SLOTS:
               "--reply-delay -1", "--reply-delay nan", "--max-body 0", "--key=", "--db DIR",
               "--db DIR/none/", "--branding DIR/none", "--host 192.0.2.1 --db :memory:"}) {
             const QString text = QLatin1String(arguments);
-            checkRefusal(text, text.section(u' ', 0, 0).remove("--"_L1).remove(u'=').toUtf8());
+            checkRejected(text, text.section(u' ', 0, 0).remove("--"_L1).remove(u'=').toUtf8());
         }
-        checkRefusal(u"--db :memory: --port %1"_s.arg(other.port()), "--port");
+        checkRejected(u"--db :memory: --port %1"_s.arg(other.port()), "--port");
     }
 
     void badFiles()
@@ -46,13 +47,13 @@ private Q_SLOTS:
         Database(folder + "/foreign").script("CREATE TABLE recipes (name)");
         Database(folder + "/newer")
             .script("PRAGMA application_id = 0x544F4C56; PRAGMA user_version = 9");
-        checkRefusal(u"--db DIR/foreign"_s, "another program's");
-        checkRefusal(u"--db DIR/newer"_s, "newer");
+        checkRejected(u"--db DIR/foreign"_s, "another program's");
+        checkRejected(u"--db DIR/newer"_s, "newer");
         const auto check = [this](const char *flag, const QByteArray &content, const char *named) {
             QFile file(m_folder.filePath(u"file"_s));
             QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
             file.close();
-            checkRefusal(QLatin1String(flag) + " DIR/file"_L1, named);
+            checkRejected(QLatin1String(flag) + " DIR/file"_L1, named);
             QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll() == content);
         };
         check("--db", "neither a database nor JSON", "not a database");
@@ -82,7 +83,7 @@ private Q_SLOTS:
         const QDeadlineTimer idle(9'000);
         process.terminate();
         QVERIFY(process.waitForFinished(patience));
-        QVERIFY2(!idle.hasExpired(), "the open connection held up the end");
+        QVERIFY2(!idle.hasExpired(), "the open connection delayed the end");
         QVERIFY(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0);
         QCOMPARE(process.readAllStandardError(), QByteArray());
     }

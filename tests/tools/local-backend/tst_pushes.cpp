@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is pushed to a customer's device, and how a host that listens gets it.
+// Pushes to a customer's device, and the event stream that brings them to a host.
 #include "listening.h"
 #include "runningbackend.h"
 
@@ -94,7 +94,7 @@ private Q_SLOTS:
             ids = first.lines("id: ");
         }
         push("c");
-        Listening second(backend, "/api/push/feed"); // After a while away, and without an id.
+        Listening second(backend, "/api/push/feed"); // Connects again, without an id.
         TRY_COMPARE(second.digest(), "c");
         std::vector<std::pair<QByteArray, QByteArray>> expected = {
             {ids[0], "bcd"}, {"junk", "d"}, {"18446744073709551615", "d"}, {"0", "abcd"}};
@@ -107,13 +107,13 @@ private Q_SLOTS:
         push("d");
         for (std::size_t i = 0; i < hosts.size(); ++i)
             TRY_COMPARE(hosts[i]->digest(), expected[i].second);
-        // The numbers of a backend that runs later are greater.
+        // A backend that starts later has greater numbers.
         Pushes later;
         later.send("feed", messageOf("e"));
         QVERIFY(PushStream(later, "feed", ids[1].toULongLong()).next());
     }
 
-    void whatIsKeptIsBounded()
+    void keptPushesAreBounded()
     {
         Pushes pushes;
         PushStream kept(pushes, "kept", {});
@@ -133,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(contents.starts_with("50 51 ") && contents.ends_with(" 148 149 "));
     }
 
-    void hostsComeAndGoAndHoldNothingUp()
+    void hostsComeAndGoWithoutBlocking()
     {
         auto backend = std::make_unique<RunningBackend>();
         std::vector<std::unique_ptr<Listening>> hosts;
@@ -143,7 +143,7 @@ private Q_SLOTS:
             return QTest::qWaitFor(isAnswered, patience) &&
                    hosts.back()->received().startsWith("HTTP/1.1 200");
         };
-        // More than may listen at once, one after the other.
+        // More hosts than may listen at once, one after the other.
         for (int i = 0; i < 100; ++i, hosts.clear())
             QVERIFY(QTest::qWaitFor(join, patience));
         for (int i = 0; i < 32; ++i)
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(Customer(backend->port()).get("/api/tickets").status, 200);
 
         backend.reset();
-        // Each was told the end, and not cut off.
+        // Each stream was ended properly, and not cut off.
         hosts.pop_back();
         for (const auto &host : hosts)
             TRY_COMPARE(host->received().last(5), "0\r\n\r\n");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a backend has that begins with conversations.
+// A backend that starts with the conversations of a seed file.
 #include "errors.h"
 #include "runningbackend.h"
 #include "seed.h"
@@ -15,8 +15,8 @@ class SeedTest : public QObject
 {
     Q_OBJECT
 
-    /// A file of the text, in which single quotation marks stand for double ones, next to
-    /// "tent.png".
+    /// Writes a seed file next to "tent.png". In the text, single quotation marks stand for double
+    /// ones. Returns its path.
     std::string fileOf(QByteArray text) const
     {
         QFile file(m_folder.filePath(u"seed.json"_s));
@@ -37,7 +37,7 @@ private Q_SLOTS:
             QFile::copy(TOLVANE_DEMO "/pictures/nora.png"_L1, m_folder.filePath(u"tent.png"_s)));
     }
 
-    void theDemosCustomerFindsConversations()
+    void theDemoSeedIsLoaded()
     {
         const std::string path = m_folder.filePath(u"demo.sqlite"_s).toStdString();
         for (int run = 0; run < 2; ++run) {
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(customer.get("/api/attachments/none/logo-dark.png").status, 404);
     }
 
-    void owedAnswersAreGivenAndPushed()
+    void pendingAnswersAreSentAndPushed()
     {
         const std::string path = m_folder.filePath(u"owed.sqlite"_s).toStdString();
         {
@@ -89,7 +89,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(pushes.next().has_value(), patience);
     }
 
-    void faultsAreNamed_data()
+    void errorsNameTheField_data()
     {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QByteArray>("reason");
@@ -127,14 +127,14 @@ private Q_SLOTS:
             "not the customer's");
     }
 
-    void faultsAreNamed()
+    void errorsNameTheField()
     {
         QFETCH(QByteArray, text);
         QFETCH(QByteArray, reason);
         Database database = openDatabase(inMemory);
         try {
             plantSeed(fileOf(text), database);
-            QFAIL("it was taken");
+            QFAIL("The seed was accepted");
         } catch (const StartError &error) {
             QVERIFY2(QByteArray(error.what()).contains(reason), error.what());
         }

@@ -28,7 +28,7 @@ AttachmentDto picture(const QString &name, Qt::GlobalColor color = Qt::red)
     return {name, u"image/png"_s, encoded(solid({40, 30}, color), "png")};
 }
 
-/// Keeps work back until it is told.
+/// Holds work back until release().
 struct HeldExecutor final : Executor
 {
     void post(std::function<void()> work) override { held.push_back(std::move(work)); }
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QVERIFY(!scene.hasPlaceholder());
         scene.press(Qt::Key_Return);
         QCOMPARE(scene.store->message(), u" \n"_s);
-        QTRY_VERIFY(scene.item->implicitHeight() >= rest + 15); // The cursor's line counts.
+        QTRY_VERIFY(scene.item->implicitHeight() >= rest + 15); // The cursor's empty line counts.
         for (int i = 0; i < 20; ++i)
             scene.press(Qt::Key_Enter);
         QTRY_COMPARE(scene.item->implicitHeight(), 220);
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QTRY_COMPARE(scene.item->implicitHeight(), rest);
     }
 
-    void sendingKeepsWhatFailsAndClearsWhatWent()
+    void onlyASuccessfulSendClearsTheText()
     {
         Scene scene;
         QVERIFY(scene.isReady());
@@ -158,11 +158,11 @@ private Q_SLOTS:
         scene.press(Qt::Key_Return, Qt::ControlModifier);
         QVERIFY(!scene.composer.isSendingMessage() && !scene.composer.isSendDisabled());
         QCOMPARE(scene.editor()->property("text"), u"hi"_s);
-        QVariantMap told = scene.delegate->properties(u"user_action"_s);
-        QCOMPARE(told.value(u"action_type"_s), u"send_button_tapped"_s);
-        QCOMPARE(told.value(u"screen_name"_s), u"ticket"_s);
-        QCOMPARE(told.value(u"has_message"_s), true);
-        QCOMPARE(told.value(u"attachment_count"_s), 0);
+        QVariantMap properties = scene.delegate->properties(u"user_action"_s);
+        QCOMPARE(properties.value(u"action_type"_s), u"send_button_tapped"_s);
+        QCOMPARE(properties.value(u"screen_name"_s), u"ticket"_s);
+        QCOMPARE(properties.value(u"has_message"_s), true);
+        QCOMPARE(properties.value(u"attachment_count"_s), 0);
 
         scene.isFailing = false;
         scene.session->held = true;
@@ -179,7 +179,7 @@ private Q_SLOTS:
         QVERIFY(scene.store->ticket() && scene.composer.isSendDisabled());
     }
 
-    void whatIsBeingComposedIsNotYetText()
+    void preeditTextIsNotInTheMessage()
     {
         Scene scene;
         QVERIFY(scene.isReady());
@@ -237,7 +237,7 @@ private Q_SLOTS:
         Scene scene;
         QVERIFY(scene.isReady());
         const QTemporaryDir folder;
-        // Such a name would end the head of the form's part that it stands in.
+        // Without escapes, such a name would end the headers of its part of the form.
         const QString file = folder.filePath(u"a\"\r\nb.png"_s);
         auto *clipboard = new QMimeData;
         for (const QString &format : formats)
@@ -251,7 +251,7 @@ private Q_SLOTS:
         scene.press(Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(scene.store->message(), message + message);
         const QList<AttachmentDto> attached = scene.store->attachments();
-        QCOMPARE(attached.size(), hasFile ? 1 : 2 * attachments); // The same file counts once.
+        QCOMPARE(attached.size(), hasFile ? 1 : 2 * attachments); // The same file is attached once.
         if (!attached.isEmpty()) {
             QCOMPARE(attached[0].mimeType, u"image/png"_s);
             QCOMPARE(QImage::fromData(attached[0].data).size(), QSize(3, 3));
@@ -260,7 +260,7 @@ private Q_SLOTS:
         }
     }
 
-    void aHugePasteLosesNothing()
+    void aHugePasteIsKept()
     {
         Scene scene;
         QVERIFY(scene.isReady());
@@ -272,7 +272,7 @@ private Q_SLOTS:
         QTRY_COMPARE(scene.item->implicitHeight(), 220);
     }
 
-    void theStripShowsWhatCanBeSeen()
+    void theStripShowsDecodablePictures()
     {
         Scene scene;
         QVERIFY(scene.isReady());
@@ -301,7 +301,7 @@ private Q_SLOTS:
         QTRY_COMPARE(scene.item->implicitHeight(), rest);
     }
 
-    void whatArrivesDuringASendWaits()
+    void filesReadDuringASendAreAddedAfterwards()
     {
         Scene scene;
         auto *workers = new HeldExecutor;

@@ -16,7 +16,7 @@ class ComposerRulesTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void heightsMoveByMoreThanHalfAPoint()
+    void heightsChangeByMoreThanHalfAPixel()
     {
         struct Case
         {
@@ -57,7 +57,7 @@ private Q_SLOTS:
             QCOMPARE(ComposerRules().fit(available, hasThumbnails), room);
     }
 
-    void theLayoutFollowsOnceTheLayoutIsDone()
+    void measurementsAreAppliedLater()
     {
         ComposerLayout layout;
         const QSignalSpy changes(&layout, &ComposerLayout::measuredHeightChanged);
@@ -67,7 +67,7 @@ private Q_SLOTS:
         QCOMPARE(layout.measuredHeight(), 0);
         QTRY_COMPARE(layout.editorHeight(), 180);
         layout.setHasThumbnails(true);
-        layout.setAvailableHeight(274); // Takes from the editor what it no longer has.
+        layout.setAvailableHeight(274); // The editor shrinks to the height that is left.
         QTRY_COMPARE(layout.editorHeight(), 100);
         QCOMPARE(changes.size(), 2);
     }
@@ -76,7 +76,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("mimeType"); // Empty: it becomes none.
+        QTest::addColumn<QString>("mimeType"); // Empty: the file is rejected.
         const QByteArray png = encoded(solid({2, 2}, Qt::red), "png");
         QTest::newRow("png") << u"a.png"_s << png << u"image/png"_s;
         QTest::newRow("jpeg") << u"B.JPG"_s << encoded(solid({2, 2}, Qt::red), "jpg")
@@ -103,7 +103,7 @@ private Q_SLOTS:
             read += imagefiles::read(QUrl::fromLocalFile(file.fileName()));
         }
         QCOMPARE(read[0].has_value(), !mimeType.isEmpty());
-        QCOMPARE(read[0], read[1]); // Says nothing of its folder.
+        QCOMPARE(read[0], read[1]); // Does not reveal the folder.
         if (read[0]) {
             QCOMPARE(read[0]->mimeType, mimeType);
             QCOMPARE(read[0]->data, bytes);
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QVERIFY(!imagefiles::read(QUrl::fromLocalFile(one.path())));
     }
 
-    void onlyImageFilesAreTakenFromADrop()
+    void onlyImageFilesCanBeDropped()
     {
         const QList<QUrl> urls = {QUrl(u"file:///a/b.PNG"_s), QUrl(u"file:///a/b.pdf"_s),
                                   QUrl(u"https://example.org/c.png"_s), QUrl(u"file:///a/d.webp"_s),

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A conversation's screen, within the messenger and used as people do.
+// A conversation's screen within the messenger, used by mouse and keyboard.
 #include "analytics/logger.h"
 #include "testing/ui/samples.h"
 #include "testing/ui/scene.h"
@@ -16,7 +16,7 @@ namespace {
 
 const QString photo = u"https://cdn.example/photo.png"_s;
 
-MessageDto written(const QString &id, const QString &type, const QString &name = {})
+MessageDto makeNamedMessage(const QString &id, const QString &type, const QString &name = {})
 {
     MessageDto message = makeMessage(id, type);
     if (!name.isNull())
@@ -46,7 +46,7 @@ struct ScreenScene : Scene
         setTickets({u"t1"_s});
     }
 
-    /// Goes where the button or row with that text leads.
+    /// Opens the messenger and clicks the button or row with that text.
     bool open(const QString &text = u"text of last"_s)
     {
         if (!showHost())
@@ -116,8 +116,8 @@ struct ScreenScene : Scene
         settle();
     }
 
-    TicketDto ticket =
-        makeTicket({written(u"m1"_s, words::customer), written(u"m2"_s, words::humanAgent)});
+    TicketDto ticket = makeTicket(
+        {makeNamedMessage(u"m1"_s, words::customer), makeNamedMessage(u"m2"_s, words::humanAgent)});
 };
 
 } // namespace
@@ -130,7 +130,7 @@ private Q_SLOTS:
     void onlyTheFirstFetchShows()
     {
         ScreenScene scene;
-        QVERIFY(scene.open(u"Send us a message"_s)); // The list is there, and no ticket's answer.
+        QVERIFY(scene.open(u"Send us a message"_s)); // Loads the list, but no ticket.
         QTest::keyClick(&scene.host, Qt::Key_Escape);
         QTRY_VERIFY(!scene.screen());
         scene.session->held = true;
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(scene.screen()->state(), u"loaded"_s);
         QCOMPARE(scene.views(), 1);
 
-        // What is there stays there under the viewer, what was written included.
+        // The screen and its draft are kept under the viewer.
         scene.type(u"draft"_s);
         QStringList states;
         connect(scene.screen(), &TicketScreenData::changed, scene.screen(),
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(scene.views(), 1);
     }
 
-    void whoLeavesEarlyHasNotSeenIt()
+    void leavingEarlyCountsAsNoView()
     {
         ScreenScene scene;
         QVERIFY(scene.open());
@@ -190,9 +190,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<MessageDto>("message");
         QTest::addColumn<bool>("isShown");
-        QTest::addColumn<bool>("isLookedUp");
-        QTest::newRow("new") << written(u"m3"_s, words::aiAgent) << true << true;
-        QTest::newRow("known") << written(u"m2"_s, words::humanAgent) << false << false;
+        QTest::addColumn<bool>("isFetchedAgain");
+        QTest::newRow("new") << makeNamedMessage(u"m3"_s, words::aiAgent) << true << true;
+        QTest::newRow("known") << makeNamedMessage(u"m2"_s, words::humanAgent) << false << false;
         QTest::newRow("of another ticket")
             << makeMessage(u"m3"_s, words::aiAgent, u"t2"_s) << false << false;
     }
@@ -201,7 +201,7 @@ private Q_SLOTS:
     {
         QFETCH(const MessageDto, message);
         QFETCH(const bool, isShown);
-        QFETCH(const bool, isLookedUp);
+        QFETCH(const bool, isFetchedAgain);
         ScreenScene scene;
         QVERIFY(scene.open());
         QTRY_VERIFY(scene.screen());
@@ -215,7 +215,7 @@ private Q_SLOTS:
         if (isShown)
             scene.ticket.messages += message;
         scene.clock->advance(1s);
-        QCOMPARE(scene.fetches(), isLookedUp ? 2 : 1);
+        QCOMPARE(scene.fetches(), isFetchedAgain ? 2 : 1);
         QCOMPARE(scene.screen()->messages()->rowCount(), rows);
         QCOMPARE(scene.screen()->state(), u"loaded"_s);
     }
@@ -255,7 +255,7 @@ private Q_SLOTS:
         QQuickItem *hint = scene.find(u"ticket_new_hint"_s);
         QQuickItem *composer = scene.ofType("TicketComposer");
         QVERIFY(hint && composer);
-        // In the middle of what is left of it, above the composer.
+        // The hint is centred in the space that is left above the composer.
         scene.host.resize(400, 420);
         QTRY_VERIFY(hint->mapToScene({0, hint->height()}).y() <= composer->mapToScene({}).y());
 
@@ -265,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(scene.screen()->state(), u"loaded"_s);
         QCOMPARE(scene.screen()->messages()->rowCount(), 2);
         QCOMPARE(scene.views(), 0);
-        // It goes by its beginning: it has that title, and takes no states.
+        // It remains a new conversation: it keeps the title and ignores updates of the state.
         QCOMPARE(scene.screen()->title(), u"ticket_new_discussion"_s);
         QCOMPARE(scene.screen()->subtitle(), QString());
         TicketPreviewDto update = makePreview();
@@ -283,11 +283,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("subtitle");
         QTest::addColumn<bool>("isAvailable");
-        const MessageDto customer = written(u"m1"_s, words::customer, u"Ada"_s);
-        const MessageDto nora = written(u"m2"_s, words::humanAgent, u"Nora"_s);
-        const MessageDto ai = written(u"m3"_s, words::aiAgent, u"Robo"_s);
-        const MessageDto nobody = written(u"m4"_s, words::humanAgent);
-        const MessageDto blank = written(u"m5"_s, words::humanAgent, u""_s);
+        const MessageDto customer = makeNamedMessage(u"m1"_s, words::customer, u"Ada"_s);
+        const MessageDto nora = makeNamedMessage(u"m2"_s, words::humanAgent, u"Nora"_s);
+        const MessageDto ai = makeNamedMessage(u"m3"_s, words::aiAgent, u"Robo"_s);
+        const MessageDto nobody = makeNamedMessage(u"m4"_s, words::humanAgent);
+        const MessageDto blank = makeNamedMessage(u"m5"_s, words::humanAgent, u""_s);
         const QStringList week = {u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s,
                                   u"Fri"_s, u"Sat"_s, u"Sun"_s};
         const auto hours = [&](const char *end, const QStringList &days) {
@@ -303,7 +303,7 @@ private Q_SLOTS:
         const QList<MessageDto> none;
         QTest::newRow("new") << false << true << QList{customer, nora} << always
                              << u"ticket_new_discussion"_s << QString() << false;
-        QTest::newRow("on its way") << true << false << none << always << support << team << false;
+        QTest::newRow("not fetched") << true << false << none << always << support << team << false;
         QTest::newRow("no hours") << true << true << QList{customer} << QList<ScheduleDto>()
                                   << support << team << false;
         QTest::newRow("open") << true << true << QList{nora, ai, customer} << always << u"Robo"_s
@@ -312,7 +312,7 @@ private Q_SLOTS:
                                 << false;
         QTest::newRow("last without a name")
             << true << true << QList{nora, nobody} << always << u"Nora"_s << open << true;
-        QTest::newRow("name without a letter")
+        QTest::newRow("empty name")
             << true << true << QList{nora, blank} << always << QString() << open << true;
         QTest::newRow("nobody has a name")
             << true << true << QList{customer, nobody} << always << support << open << true;
@@ -359,20 +359,20 @@ private Q_SLOTS:
         QVERIFY(!scene.screen()->errorText().isEmpty());
         QVERIFY(!scene.screen()->composer()->isFetchingTicket());
         scene.isFailing = false;
-        scene.push(notifications::didReceiveMessage, written(u"m2"_s, words::humanAgent));
+        scene.push(notifications::didReceiveMessage, makeNamedMessage(u"m2"_s, words::humanAgent));
         QCOMPARE(scene.screen()->state(), u"error"_s);
         scene.clock->advance(1s);
         QCOMPARE(scene.screen()->state(), u"loaded"_s);
         QTRY_VERIFY(!scene.find(u"Something went wrong"_s));
-        QCOMPARE(scene.views(), 0); // Nobody has waited for that one.
+        QCOMPARE(scene.views(), 0); // A silent fetch does not count as a view.
 
         scene.isFailing = true;
-        scene.push(notifications::didReceiveMessage, written(u"m3"_s, words::humanAgent));
+        scene.push(notifications::didReceiveMessage, makeNamedMessage(u"m3"_s, words::humanAgent));
         scene.clock->advance(1s);
         QCOMPARE(scene.screen()->state(), u"error"_s);
     }
 
-    void theComposerIsAlwaysThere_data()
+    void theComposerIsAlwaysVisible_data()
     {
         QTest::addColumn<QString>("state");
         QTest::addColumn<QString>("ticketState");
@@ -383,7 +383,7 @@ private Q_SLOTS:
         QTest::newRow("closed") << u"loaded"_s << words::closed << true;
     }
 
-    void theComposerIsAlwaysThere()
+    void theComposerIsAlwaysVisible()
     {
         QFETCH(const QString, state);
         QFETCH(const QString, ticketState);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The home screen, used as people do.
+// The home screen, used by mouse, wheel and keyboard.
 #include "testing/ui/scene.h"
 
 #include <QtGui/QAccessible>
@@ -10,7 +10,7 @@ using namespace tolvane::test;
 
 namespace {
 
-/// The messenger is open, with this many tickets loaded, and at rest.
+/// The open messenger with this many tickets, after its animations.
 struct HomeScene : Scene
 {
     explicit HomeScene(int count)
@@ -39,7 +39,7 @@ struct HomeScene : Scene
 
     bool rest()
     {
-        // However long a busy machine takes.
+        // Long enough for a busy machine.
         const bool isThere = QTest::qWaitFor([this] { return hasSlidIn(); }, 20'000);
         QTest::qWait(450);
         return isThere;
@@ -50,7 +50,7 @@ struct HomeScene : Scene
         QTest::mousePress(&host, Qt::LeftButton, {}, from);
         for (int step = 1; step <= 10; ++step)
             QTest::mouseMove(&host, from + (to - from) * step / 10, 16);
-        QTest::qWait(300); // Held, not thrown.
+        QTest::qWait(300); // Held, so that the release is no flick.
         QTest::mouseRelease(&host, Qt::LeftButton, {}, to);
     }
 
@@ -65,7 +65,7 @@ struct HomeScene : Scene
         QTest::qWait(20);
     }
 
-    /// All that a screen reader can come to, in its order.
+    /// All visible accessible objects, in the order of screen readers.
     static void collect(QAccessibleInterface *in, QList<QAccessibleInterface *> &all)
     {
         if (!in || in->state().invisible)
@@ -74,16 +74,16 @@ struct HomeScene : Scene
         for (int index = 0; index < in->childCount(); ++index)
             collect(in->child(index), all);
     }
-    QList<QAccessibleInterface *> heard()
+    QList<QAccessibleInterface *> accessibleObjects()
     {
         QList<QAccessibleInterface *> all;
         collect(QAccessible::queryAccessibleInterface(&host), all);
         return all;
     }
-    QStringList heardRows()
+    QStringList accessibleRows()
     {
         QStringList rows;
-        for (QAccessibleInterface *each : heard()) {
+        for (QAccessibleInterface *each : accessibleObjects()) {
             if (each->role() == QAccessible::ListItem)
                 rows += each->text(QAccessible::Name);
         }
@@ -91,7 +91,7 @@ struct HomeScene : Scene
     }
     QRect placeOf(const QString &name)
     {
-        for (QAccessibleInterface *each : heard()) {
+        for (QAccessibleInterface *each : accessibleObjects()) {
             if (each->text(QAccessible::Name).startsWith(name))
                 return each->rect().translated(-host.position());
         }
@@ -106,19 +106,19 @@ class HomeTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPullLoadsAnew_data()
+    void aPullReloads_data()
     {
         QTest::addColumn<int>("pulled");
         QTest::addColumn<int>("turned");
         QTest::addColumn<bool>("loads");
-        QTest::newRow("a good pull") << 260 << 0 << true;
-        QTest::newRow("a little") << 60 << 0 << false;
+        QTest::newRow("a long pull") << 260 << 0 << true;
+        QTest::newRow("a short pull") << 60 << 0 << false;
         QTest::newRow("wheel turned up at the top") << 0 << 3 << true;
-        QTest::newRow("a notch") << 0 << 1 << false;
+        QTest::newRow("one notch") << 0 << 1 << false;
         QTest::newRow("wheel turned down") << 0 << -4 << false;
     }
 
-    void aPullLoadsAnew()
+    void aPullReloads()
     {
         QFETCH(const int, pulled);
         QFETCH(const int, turned);
@@ -134,7 +134,7 @@ private Q_SLOTS:
         scene.rest();
     }
 
-    void momentumAtTheTopIsNoPull()
+    void momentumAtTheTopDoesNotReload()
     {
         HomeScene scene(40);
         QVERIFY(scene.open());
@@ -146,7 +146,7 @@ private Q_SLOTS:
         QCOMPARE(scene.listRequests(), before);
     }
 
-    void theKeyboardDoes()
+    void theKeyboardWorks()
     {
         HomeScene scene(3);
         QVERIFY(scene.open());
@@ -158,7 +158,7 @@ private Q_SLOTS:
         QTest::keyClick(&scene.host, Qt::Key_Escape);
         scene.rest();
 
-        // Round: the list, the button for a new ticket, the one that closes.
+        // The tab order: the list, the button for a new ticket, the close button.
         QStringList reached;
         for (int press = 0; press < 3; ++press) {
             QTest::keyClick(&scene.host, Qt::Key_Tab);
@@ -171,25 +171,25 @@ private Q_SLOTS:
                  qPrintable(reached.join(u'|')));
     }
 
-    void whatIsThereIsSaid()
+    void controlsAndRowsHaveNames()
     {
         HomeScene scene(2);
         QVERIFY(scene.open());
-        for (QAccessibleInterface *each : scene.heard()) {
+        for (QAccessibleInterface *each : scene.accessibleObjects()) {
             const QString name = each->text(QAccessible::Name);
             if (each->state().focusable || each->role() == QAccessible::Button)
                 QVERIFY2(!name.isEmpty(), each->object()->metaObject()->className());
         }
-        QCOMPARE(scene.heardRows().size(), 2);
-        QVERIFY(scene.heardRows().constFirst().contains(u"text of last"_s));
+        QCOMPARE(scene.accessibleRows().size(), 2);
+        QVERIFY(scene.accessibleRows().constFirst().contains(u"text of last"_s));
 
-        // No row any more, though it may be kept for another ticket.
+        // The removed row is not accessible, although its item may be reused.
         scene.setTickets({u"t1"_s});
         scene.clock->advance(std::chrono::seconds(5));
         platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
         settle();
         scene.rest();
-        QCOMPARE(scene.heardRows().size(), 1);
+        QCOMPARE(scene.accessibleRows().size(), 1);
     }
 
     void itIsMirrored()

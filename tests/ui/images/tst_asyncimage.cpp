@@ -105,7 +105,7 @@ class AsyncImageTest final : public QObject
 private Q_SLOTS:
     void initTestCase() { qml_register_types_Tolvane_Private(); }
 
-    void thePlaceholderGivesWayToThePicture_data()
+    void thePictureReplacesThePlaceholder_data()
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<QSize>("size");
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QTest::newRow("thumbnail") << thumbnail << QSize(27, 20);
     }
 
-    void thePlaceholderGivesWayToThePicture()
+    void thePictureReplacesThePlaceholder()
     {
         QFETCH(const QString, type);
         QFETCH(const QSize, size);
@@ -131,18 +131,18 @@ private Q_SLOTS:
         QVERIFY(!scene.item->isLoading());
     }
 
-    void whatIsAtHandShowsInTheFirstFrame_data()
+    void cachedPicturesShowInTheFirstFrame_data()
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<bool>("isDecoded");
         QTest::addColumn<int>("placeholders");
         QTest::newRow("whole, decoded") << whole << true << 0;
-        QTest::newRow("whole, as it came") << whole << false << 0;
+        QTest::newRow("whole, encoded") << whole << false << 0;
         QTest::newRow("thumbnail, decoded") << thumbnail << true << 1;
-        QTest::newRow("thumbnail, as it came") << thumbnail << false << 1;
+        QTest::newRow("thumbnail, encoded") << thumbnail << false << 1;
     }
 
-    void whatIsAtHandShowsInTheFirstFrame()
+    void cachedPicturesShowInTheFirstFrame()
     {
         QFETCH(const QString, type);
         QFETCH(const bool, isDecoded);
@@ -161,7 +161,7 @@ private Q_SLOTS:
                 framesBeforeContent += scene.contents() == 0 ? 1 : 0;
                 ++frames;
             },
-            Qt::DirectConnection); // The main thread waits meanwhile.
+            Qt::DirectConnection); // The main thread is blocked meanwhile.
         QVERIFY(scene.show());
         QTRY_VERIFY(frames > 0);
         QCOMPARE(scene.middle(), QColor(Qt::red));
@@ -172,7 +172,7 @@ private Q_SLOTS:
         QVERIFY(scene.session->requests.isEmpty());
     }
 
-    void appearingAgainTriesAgain()
+    void appearingAgainRetries()
     {
         Scene scene;
         scene.failing = true;
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QVERIFY(!scene.item->isLoading());
         scene.failing = false;
         settle();
-        QCOMPARE(scene.session->requests.size(), 1); // Not by itself.
+        QCOMPARE(scene.session->requests.size(), 1); // There is no automatic retry.
 
         scene.session->held = true;
         for (int i = 0; i < 2; ++i) { // The second time it is still loading.
@@ -198,7 +198,7 @@ private Q_SLOTS:
         QCOMPARE(scene.contents(), 1);
     }
 
-    void anotherAddressBeginsAnew()
+    void anotherUrlRestartsTheLoad()
     {
         Scene scene;
         QVERIFY(scene.show());
@@ -216,7 +216,7 @@ private Q_SLOTS:
         QCOMPARE(scene.session->requests.size(), 2);
     }
 
-    void aViewThatGoesWhileItLoadsHarmsNobody()
+    void aViewMayBeDestroyedWhileLoading()
     {
         Scene scene;
         scene.session->held = true;
@@ -227,7 +227,7 @@ private Q_SLOTS:
         QCOMPARE(scene.middle(), QColor(Qt::black));
     }
 
-    void whatIsShownTakesTheViewsSizeAndGivesItOne()
+    void contentAndViewShareTheirSize()
     {
         Scene scene;
         scene.item->resetWidth();
@@ -239,7 +239,7 @@ private Q_SLOTS:
         QCOMPARE(scene.item->item()->size(), QSizeF(50, 60));
     }
 
-    void thereIsAPlaceholderForThoseWithoutOne()
+    void thereIsADefaultPlaceholder()
     {
         Scene scene(whole, QUrl());
         scene.item->setPlaceholder(nullptr);
@@ -248,7 +248,7 @@ private Q_SLOTS:
         QVERIFY(scene.middle() != QColor(Qt::yellow));
     }
 
-    void contentThatCannotBeMadeIsReported()
+    void brokenContentIsReported()
     {
         Scene scene;
         QQmlComponent broken(scene.window.engine());
@@ -260,8 +260,9 @@ private Q_SLOTS:
         QVERIFY(!scene.item->isLoading());
     }
 
-    /// A loader deletes its item with the next turn of the event loop, and its context at once.
-    void aPictureArrivesForAViewThatIsGoing()
+    /// A loader deletes its item's context at once, and the item in the next turn of the event
+    /// loop.
+    void aPictureArrivesDuringDeferredDeletion()
     {
         Scene scene;
         scene.session->held = true;

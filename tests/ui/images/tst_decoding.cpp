@@ -32,7 +32,7 @@ QImage halves(const QSize &size, const QColor &left, const QColor &right)
     return image;
 }
 
-/// The same numbers as in sRGB, said to be of a space with a wider red.
+/// A PNG with these channel values in Display P3, whose red is wider than that of sRGB.
 QByteArray wideGamutPng(const QColor &color)
 {
     QImage image = solid({4, 4}, color);
@@ -53,10 +53,10 @@ class DecodingTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void picturesAreReadAndOthersRefused_data()
+    void picturesAreDecodedAndOthersRejected_data()
     {
         QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QSize>("size"); // Empty: no picture.
+        QTest::addColumn<QSize>("size"); // Empty: rejected.
         QTest::addColumn<QColor>("middle");
         const QColor red(200, 50, 50);
         const QByteArray jpeg = encoded(solid({60, 40}, red), "jpeg");
@@ -69,8 +69,8 @@ private Q_SLOTS:
             << encoded(solid({7, 7}, red, QImage::Format_RGBA64), "png") << QSize(7, 7) << red;
         QTest::newRow("jpeg") << jpeg << QSize(60, 40) << red;
         QTest::newRow("CMYK jpeg") << dataFile("cmyk.jpg") << QSize(24, 16) << red;
-        QTest::newRow("turned jpeg") << turned(jpeg, 6) << QSize(40, 60) << red;
-        QTest::newRow("jpeg cut short") << jpeg.first(jpeg.size() - 20) << QSize(60, 40) << red;
+        QTest::newRow("rotated jpeg") << withOrientation(jpeg, 6) << QSize(40, 60) << red;
+        QTest::newRow("truncated jpeg") << jpeg.first(jpeg.size() - 20) << QSize(60, 40) << red;
         QTest::newRow("first frame of a gif")
             << dataFile("animated.gif") << QSize(8, 6) << QColor(0, 255, 0);
         QTest::newRow("webp") << encoded(solid({9, 9}, red), "webp") << QSize(9, 9) << red;
@@ -78,20 +78,20 @@ private Q_SLOTS:
             << wideGamutPng(QColor(200, 100, 100)) << QSize(4, 4) << QColor(215, 94, 96);
 
         const QColor none;
-        QTest::newRow("nothing") << QByteArray() << QSize() << none;
-        QTest::newRow("page") << QByteArray("<!doctype html><p>404") << QSize() << none;
+        QTest::newRow("empty") << QByteArray() << QSize() << none;
+        QTest::newRow("HTML") << QByteArray("<!doctype html><p>404") << QSize() << none;
         QTest::newRow("svg") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' "
                                            "height='9'><rect width='9' height='9'/></svg>")
                              << QSize() << none;
         QTest::newRow("bmp") << encoded(solid({3, 2}, red), "bmp") << QSize() << none;
-        QTest::newRow("png's head only")
+        QTest::newRow("png header only")
             << encoded(solid({3, 2}, red), "png").first(20) << QSize() << none;
         QTest::newRow("100 megapixels in a few KB") << hugePng(10'000) << QSize() << none;
-        QTest::newRow("jpeg's start, then noise")
+        QTest::newRow("jpeg header, then garbage")
             << QByteArray("\xff\xd8\xff") + QByteArray(500, '\x5a') << QSize() << none;
     }
 
-    void picturesAreReadAndOthersRefused()
+    void picturesAreDecodedAndOthersRejected()
     {
         QFETCH(const QByteArray, bytes);
         QFETCH(const QSize, size);
@@ -111,8 +111,9 @@ private Q_SLOTS:
 
     void orientationIsApplied()
     {
-        // Red on the left, turned by a quarter: red on top.
-        const QByteArray jpeg = turned(encoded(halves({160, 80}, Qt::red, Qt::blue), "jpeg"), 6);
+        // Red on the left, rotated by 90 degrees: red on top.
+        const QByteArray jpeg =
+            withOrientation(encoded(halves({160, 80}, Qt::red, Qt::blue), "jpeg"), 6);
         for (const QImage &image :
              {images::decoded(jpeg), images::decodedThumbnail(jpeg, {20, 20})}) {
             QVERIFY(image.height() == 2 * image.width());
@@ -145,7 +146,7 @@ private Q_SLOTS:
             QCOMPARE(images::decodedThumbnail(encoded(image, format), target).size(), thumbnail);
     }
 
-    void jpegsTooLargeComeSmaller()
+    void largeJpegsAreScaledDown()
     {
         const QByteArray jpeg = encoded(solid({8000, 5000}, Qt::red), "jpeg");
         const QImage image = images::decoded(jpeg);

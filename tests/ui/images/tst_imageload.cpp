@@ -51,7 +51,7 @@ struct Scene : Fixture
         return std::make_shared<ImageLoad>(url, thumbnail);
     }
 
-    /// As its view does when it appears.
+    /// Does what a view does when it appears.
     static void appear(ImageLoad &load, qreal scale = 1)
     {
         load.loadFromCaches();
@@ -96,7 +96,7 @@ private Q_SLOTS:
         QVERIFY(scene.log->lines.isEmpty());
     }
 
-    void whatIsAtHandNeedsNoLoad()
+    void cachedPicturesNeedNoLoad()
     {
         for (const bool isDecoded : {true, false}) {
             Scene scene;
@@ -114,7 +114,7 @@ private Q_SLOTS:
         }
     }
 
-    void onlyModestPicturesAreDecodedAtOnce()
+    void onlySmallPicturesAreDecodedAtOnce()
     {
         Scene scene;
         ImageCache::shared().responses().store(pictureResponse({3000, 1500}), requestFor(address));
@@ -127,7 +127,7 @@ private Q_SLOTS:
         QCOMPARE(scene.requestCount(), 0);
     }
 
-    void aNetworkFailureIsTriedAgainWithTheNextAppearance()
+    void networkErrorsAreRetriedAtTheNextAppearance()
     {
         Scene scene;
         scene.failing = true;
@@ -143,7 +143,7 @@ private Q_SLOTS:
         QVERIFY(scene.log->lines.isEmpty() && scene.delegate->events.isEmpty());
     }
 
-    void whatIsNoPictureIsKeptAndStaysLoading()
+    void otherContentIsCachedAndStaysLoading()
     {
         for (const auto thumbnail : {std::optional<QSizeF>(), std::optional(QSizeF(10, 10))}) {
             Scene scene;
@@ -154,11 +154,11 @@ private Q_SLOTS:
             QVERIFY(view->isLoading() && view->image().isNull());
             scene.appear(*view);
             settle();
-            QCOMPARE(scene.requestCount(), 1); // Stuck for this view's life.
+            QCOMPARE(scene.requestCount(), 1); // This view loads for the rest of its life.
             const auto kept = ImageCache::shared().responses().cachedResponse(requestFor(address));
             QVERIFY(kept && kept->status == 404);
 
-            // Another view takes the page in the cache for a miss.
+            // For another view, the page in the cache is a miss.
             scene.response = pictureResponse();
             const auto other = scene.view(thumbnail);
             scene.appear(*other);
@@ -174,12 +174,12 @@ private Q_SLOTS:
         const auto small = scene.view(QSizeF(20, 20));
         scene.appear(*small, 3);
         settle();
-        QCOMPARE(small->image().size(), QSize(90, 60)); // In pixels of the screen.
+        QCOMPARE(small->image().size(), QSize(90, 60)); // In device pixels.
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
 
         const auto large = scene.view(QSizeF(50, 50));
         large->loadFromCaches();
-        QVERIFY(large->image().isNull()); // First the placeholder, also now.
+        QVERIFY(large->image().isNull()); // Thumbnails always begin with the placeholder.
         large->start(1);
         settle();
         QCOMPARE(large->image().size(), QSize(75, 50));
@@ -205,11 +205,11 @@ private Q_SLOTS:
         const auto other = scene.view(QSizeF(50, 50));
         scene.appear(*other, 1);
         settle();
-        QCOMPARE(other->image().pixelColor(1, 1), QColor(Qt::blue)); // Out of what was there.
+        QCOMPARE(other->image().pixelColor(1, 1), QColor(Qt::blue)); // Made of the cached picture.
         QCOMPARE(scene.requestCount(), 1);
     }
 
-    void aViewThatHasGoneHarmsNobody()
+    void aViewMayBeDestroyedWhileLoading()
     {
         Scene scene;
         scene.session->held = true;
@@ -223,7 +223,7 @@ private Q_SLOTS:
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
     }
 
-    void twoViewsLoadEachForThemselves()
+    void viewsLoadIndependently()
     {
         Scene scene;
         scene.session->held = true;
@@ -265,7 +265,7 @@ private Q_SLOTS:
         ImageCache &cache = ImageCache::shared();
         const auto name = [](int i) { return QString::number(i); };
         for (int i = 0; i < 101; ++i) {
-            cache.image(name(0)); // Used all the time, it stays.
+            cache.image(name(0)); // It stays, because it was used recently.
             cache.insert(name(i), solid({1, 1}, Qt::red));
         }
         QVERIFY(!cache.image(name(0)).isNull() && !cache.image(name(100)).isNull());
@@ -281,7 +281,7 @@ private Q_SLOTS:
         QVERIFY(cache.image(u"larger"_s).isNull() && !cache.image(u"large2"_s).isNull());
     }
 
-    void whatMemoryLostComesFromTheResponses()
+    void evictedPicturesAreDecodedAgain()
     {
         Scene scene;
         const auto first = scene.view();

@@ -36,7 +36,7 @@ QStringList textsIn(const MessageListModel &model)
     return texts;
 }
 
-/// Without the paragraph around it.
+/// The HTML without its enclosing block.
 QString htmlOf(const QString &source)
 {
     const FormattedText styled = inlineMarkdown(source);
@@ -53,7 +53,7 @@ class MessageListTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void onlyWhatIsNewIsTold()
+    void onlyChangesAreSignalled()
     {
         const Fixture fixture;
         MessageListModel model;
@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(arrived.count(), 1);
     }
 
-    void agesGoOn()
+    void agesAreRefreshed()
     {
         const Fixture fixture;
         MessageListModel model;
@@ -114,7 +114,7 @@ private Q_SLOTS:
             model.data(model.index(0), MessageListModel::contentRole).value<FormattedText>().text,
             u"text of 20000"_s);
         QVERIFY(moved.count() < 1000);
-        // Every second one is gone, which would be 10,000 steps.
+        // Every second message is removed, which would be 10,000 steps.
         QList<MessageDto> half;
         for (qsizetype at = 0; at < messages.size(); at += 2)
             half += messages.at(at);
@@ -148,22 +148,22 @@ private Q_SLOTS:
         QVERIFY(changed.count() > 0);
     }
 
-    void nothingIsLostBetweenParts_data()
+    void partsHaveTheWholeText_data()
     {
         QTest::addColumn<QString>("unit");
         QTest::addColumn<QString>("seam");
         QTest::newRow("one word") << u"abcdefg"_s << QString();
         QTest::newRow("words") << u"some words "_s << QString();
         QTest::newRow("lines") << u"a line of text\n"_s << u"\n"_s;
-        QTest::newRow("emoji of several")
+        QTest::newRow("joined emoji")
             << u"\U0001F468\u200D\U0001F469\u200D\U0001F467"_s << QString();
         QTest::newRow("accents") << u"e\u0301\u0302\u0303\u0304"_s << QString();
-        QTest::newRow("a character without an end") << u"\u0301"_s << QString();
-        QTest::newRow("no width") << u"\u200b"_s << QString();
-        QTest::newRow("half a character") << QString(QChar(0xd83d)) << QString();
+        QTest::newRow("only combining marks") << u"\u0301"_s << QString();
+        QTest::newRow("zero width") << u"\u200b"_s << QString();
+        QTest::newRow("unpaired surrogate") << QString(QChar(0xd83d)) << QString();
     }
 
-    void nothingIsLostBetweenParts()
+    void partsHaveTheWholeText()
     {
         QFETCH(const QString, unit);
         QFETCH(const QString, seam);
@@ -173,12 +173,12 @@ private Q_SLOTS:
         QVERIFY(parts.size() > 4);
         for (const QString &part : parts) {
             QVERIFY(part.size() <= maxChunkLength);
-            // None begins within a character.
+            // No part begins within a character.
             QVERIFY(unit.at(1 % unit.size()).isLetter() || part.startsWith(unit.first(1)));
         }
     }
 
-    void rowsSayWho_data()
+    void rowsDescribeTheSender_data()
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("name");
@@ -195,11 +195,12 @@ private Q_SLOTS:
         QTest::newRow("picture") << words::humanAgent << u"Maya"_s << url << u"picture"_s << maya;
         QTest::newRow("no name") << words::humanAgent << u" "_s << url << u"picture"_s << support;
         QTest::newRow("unknown") << u"Customer"_s << u"Maya"_s << url << u"none"_s << maya;
-        QTest::newRow("turning round") << words::humanAgent << u"\u202eMa\n\u2069ya"_s << QString()
-                                       << u"person"_s << u"\u2068Ma ya\u2069"_s;
+        QTest::newRow("bidirectional override")
+            << words::humanAgent << u"\u202eMa\n\u2069ya"_s << QString() << u"person"_s
+            << u"\u2068Ma ya\u2069"_s;
     }
 
-    void rowsSayWho()
+    void rowsDescribeTheSender()
     {
         QFETCH(const QString, type);
         QFETCH(const QString, name);
@@ -250,7 +251,7 @@ private Q_SLOTS:
             "See (<a href=\"https://x.y/a_b_c\">https://x.y/a_b_c</a>).");
         add("[[a](https://x.y)](https://z.y)",
             "[<a href=\"https://x.y\">a</a>](<a href=\"https://z.y\">https://z.y</a>)");
-        // What it is not.
+        // Not parsed as Markdown.
         add("# a\n- b\n1. c\n> d\n    e\n---", "# a\n- b\n1. c\n> d\n    e\n---");
         add("a\r\n\r\n  b", "a\n\n  b");
         add("*a*\nb", "<i>a</i><br/>b");
@@ -272,9 +273,9 @@ private Q_SLOTS:
         QCOMPARE(htmlOf(QString::fromUtf8(QTest::currentDataTag())), html);
     }
 
-    void anyMarkdownIsReadInTime()
+    void anyMarkdownIsParsedInTime()
     {
-        // What a part may be, from all that has a meaning: it ends, and only styles are taken away.
+        // Random texts of all special characters: parsing ends, and removes only markup.
         QRandomGenerator random(7);
         const QString letters = u"a*_~`[]()<>!\\h:/ \n\u202e\u200b"_s;
         for (int round = 0; round < 200; ++round) {
@@ -290,7 +291,7 @@ private Q_SLOTS:
                 !withoutMarkdown(QString::fromLatin1(unit).repeated(maxChunkLength / 4)).isNull());
     }
 
-    void dotsRideAWave_data()
+    void dotsFollowASineWave_data()
     {
         QTest::addColumn<int>("dot");
         QTest::addColumn<double>("time");
@@ -303,7 +304,7 @@ private Q_SLOTS:
         QTest::newRow("third dot") << 2 << 0.25 << -0.5;
     }
 
-    void dotsRideAWave()
+    void dotsFollowASineWave()
     {
         QFETCH(const int, dot);
         QFETCH(const double, time);

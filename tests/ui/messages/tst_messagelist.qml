@@ -84,17 +84,17 @@ Rectangle {
 
         function verifyAtEnd() {
             tryVerify(() => Math.abs(gapAtEnd()) < 0.01 && list.flickable.atYEnd, 2000,
-                      "the end is the end")
+                      "the list is at its end")
             compare(list.flickable.contentY, list.rows.contentY)
         }
 
-        function alive() {
+        function rowItemCount() {
             return list.rows.children.length
         }
 
-        // Without those that wait to be filled anew.
-        function inSight() {
-            return Array.from({length: alive()}, (_, at) => list.rows.children[at])
+        // The rows in use, without pooled ones.
+        function visibleRowCount() {
+            return Array.from({length: rowItemCount()}, (_, at) => list.rows.children[at])
                         .filter(row => row.visible).length
         }
 
@@ -116,10 +116,10 @@ Rectangle {
             open(numbers(1, data.count))
             verifyAtEnd()
             verifyNoGaps()
-            verify(alive() < 30, alive() + " rows")
+            verify(rowItemCount() < 30, rowItemCount() + " rows")
         }
 
-        function test_fewMessagesStandAtTheTop() {
+        function test_fewMessagesAreAtTheTop() {
             open(numbers(1, 2))
             compare(list.rows.itemAt(0).y, 10)
             show(numbers(1, 3))
@@ -130,12 +130,12 @@ Rectangle {
 
         function test_noMessages() {
             open([])
-            compare(inSight(), 0)
+            compare(visibleRowCount(), 0)
             list.keyboardShown()
             show(numbers(1, 20))
             verifyAtEnd()
             show([])
-            tryVerify(() => inSight() === 0)
+            tryVerify(() => visibleRowCount() === 0)
         }
 
         function test_endsAtTheEndAfter_data() {
@@ -177,9 +177,9 @@ Rectangle {
             verifyNoGaps()
         }
 
-        // Whoever has scrolled up and looks at a row keeps it where it is, unless the list is told
-        // to go to the end.
-        function test_whoScrolledUp_data() {
+        // After scrolling up, rows keep their position, unless the change scrolls the list to its
+        // end.
+        function test_scrolledUp_data() {
             return [
                 {tag: "a margin", change: () => list.bottomContentMargin = 120},
                 {tag: "a lower window", change: () => window.height = 500},
@@ -193,7 +193,7 @@ Rectangle {
                 {tag: "the keyboard", isMoved: true, change: () => list.keyboardShown()},
             ]
         }
-        function test_whoScrolledUp(data) {
+        function test_scrolledUp(data) {
             open(numbers(1, 100))
             list.rows.scrollBy(-3000, 0)
             waitForRendering(list)
@@ -219,7 +219,7 @@ Rectangle {
                 const seenAt = row.y
                 list.rows.scrollBy(-150, 0)
                 list.rows.ensurePolished()
-                most = Math.max(most, alive())
+                most = Math.max(most, rowItemCount())
                 verifyNoGaps()
                 if (list.rows.indexOf(row) >= 0)
                     verify(row.y - seenAt <= 150.01, "moved by " + (row.y - seenAt))
@@ -228,7 +228,7 @@ Rectangle {
             verify(most < 20, most + " rows")
         }
 
-        function test_rowsAreFilledAnew() {
+        function test_rowsAreReused() {
             const pictures = n => Array.from({length: n % 3}, (_, at) => "http://127.0.0.1:9/" + n + at)
             open(numbers(1, 300).map((each, at) => Object.assign(each, {attachments: pictures(at)})))
             const items = new Set()
@@ -282,7 +282,7 @@ Rectangle {
             verifyAtEnd()
         }
 
-        function test_rowsComeFromBelowAndGoUp() {
+        function test_rowChangesAreAnimated() {
             open(numbers(1, 3))
             show(shown.concat(message(6)))
             list.rows.ensurePolished()
@@ -295,10 +295,10 @@ Rectangle {
             wait(150)
             verify(row.opacity < 1 && row.opacity > 0)
             verify(row.y < list.rows.itemAt(2).y + list.rows.itemAt(2).height)
-            tryVerify(() => alive() === 3)
+            tryVerify(() => rowItemCount() === 3)
         }
 
-        function test_heldByAFinger() {
+        function test_newMessageDuringADrag() {
             open(numbers(1, 100))
             mousePress(window, 180, 300)
             for (let step = 1; step <= 10; ++step)
@@ -393,10 +393,10 @@ Rectangle {
         function test_hostileTexts_data() {
             return [
                 {tag: "one word", content: "x".repeat(100000)},
-                {tag: "no width", content: "\u200b".repeat(100000)},
+                {tag: "zero width", content: "\u200b".repeat(100000)},
                 {tag: "joined", content: "a" + "\u200d".repeat(100000)},
                 {tag: "accents", content: "e" + "\u0301".repeat(100000)},
-                {tag: "turned round", content: "\u202e\u2066abc".repeat(20000)},
+                {tag: "bidirectional", content: "\u202e\u2066abc".repeat(20000)},
                 {tag: "emoji", content: "\ud83d\ude00".repeat(2000)},
                 {tag: "nested", content: "**_~~".repeat(20000) + "a" + "~~_**".repeat(20000)},
                 {tag: "brackets", content: "[".repeat(100000)},
@@ -443,7 +443,7 @@ Rectangle {
             const inset = item => data.mirrored ? 360 - item.x - item.width : item.x
             compare(inset(agent), 16 + 42)
             compare(inset(customer), 360 - 16 - customer.width)
-            // The square corner is on the side of whoever sent it.
+            // The square corner is on the sender's side.
             const isSquare = (bubble, x) => {
                 const at = bubble.mapToItem(window, x, bubble.height - 1.5)
                 return !Qt.colorEqual(grabImage(window).pixel(at.x, at.y), window.color)

@@ -14,7 +14,7 @@ using namespace tolvane;
 
 namespace {
 
-/// The same by small steps of the equation of motion.
+/// Integrates the equation of motion in small steps.
 Spring::Motion stepped(const Spring &spring, double seconds, Spring::Motion motion)
 {
     constexpr int steps = 200'000;
@@ -31,7 +31,7 @@ Spring::Motion stepped(const Spring &spring, double seconds, Spring::Motion moti
     return motion;
 }
 
-/// Frames that come when the test says so.
+/// An animation driver whose frames the test triggers.
 class ManualFrames final : public QAnimationDriver
 {
 public:
@@ -39,11 +39,11 @@ public:
     qint64 elapsed() const override { return m_now; }
     void pass(int milliseconds)
     {
-        QCoreApplication::processEvents(); // Begins what is to be animated.
+        QCoreApplication::processEvents(); // Starts pending animations.
         m_now += milliseconds;
         advance();
     }
-    /// The greatest value on the way, in at most 10 seconds.
+    /// Runs the animation to its end, for at most 10 seconds. Returns the greatest value.
     double passAll(const SpringValue &value)
     {
         double greatest = value.value();
@@ -71,13 +71,13 @@ private Q_SLOTS:
         QTest::addColumn<double>("fraction");
         QTest::addColumn<double>("displacement");
         QTest::addColumn<double>("velocity");
-        QTest::newRow("swinging") << 0.35 << 0.75 << 1.0 << 0.0;
-        QTest::newRow("swinging, pushed") << 0.35 << 0.75 << -120.0 << 900.0;
-        QTest::newRow("hardly damped") << 0.5 << 0.05 << 1.0 << 0.0;
+        QTest::newRow("underdamped") << 0.35 << 0.75 << 1.0 << 0.0;
+        QTest::newRow("underdamped, pushed") << 0.35 << 0.75 << -120.0 << 900.0;
+        QTest::newRow("weakly damped") << 0.5 << 0.05 << 1.0 << 0.0;
         QTest::newRow("nearly critical") << 0.35 << 0.9999999 << 1.0 << 3.0;
         QTest::newRow("critical") << 0.35 << 1.0 << 1.0 << -20.0;
-        QTest::newRow("creeping") << 0.35 << 2.5 << 1.0 << 0.0;
-        QTest::newRow("creeping, pushed") << 0.7 << 1.2 << 0.0 << 50.0;
+        QTest::newRow("overdamped") << 0.35 << 2.5 << 1.0 << 0.0;
+        QTest::newRow("overdamped, pushed") << 0.7 << 1.2 << 0.0 << 50.0;
     }
 
     void motionsFollowTheEquation()
@@ -100,13 +100,13 @@ private Q_SLOTS:
         QVERIFY(std::abs(late.displacement) < 1e-9 && std::abs(late.velocity) < 1e-9);
     }
 
-    void aValueSwingsToItsTargetAndStops()
+    void aValueReachesItsTargetAndStops()
     {
         ManualFrames frames;
         SpringValue value;
         QSignalSpy states(&value, &SpringValue::isRunningChanged);
         value.setTarget(0);
-        QVERIFY(!value.isRunning()); // It is there.
+        QVERIFY(!value.isRunning()); // It is there already.
         value.setTarget(100);
         QCOMPARE(value.value(), 0.0);
         const double greatest = frames.passAll(value);
@@ -115,7 +115,7 @@ private Q_SLOTS:
         QCOMPARE(states.count(), 2);
     }
 
-    void anotherTargetIsTakenUpAtTheSpeedOfTheMoment()
+    void anotherTargetKeepsTheVelocity()
     {
         ManualFrames frames;
         SpringValue value;
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QCOMPARE(value.value(), -50.0);
     }
 
-    void whatIsThereAtOnce()
+    void jumpsAreImmediate()
     {
         ManualFrames frames;
         SpringValue value;
@@ -153,7 +153,7 @@ private Q_SLOTS:
         QVERIFY(!value.isRunning());
     }
 
-    void noNumbersChangeNothing()
+    void nonFiniteValuesAreIgnored()
     {
         SpringValue value;
         value.jumpTo(5);

@@ -20,19 +20,19 @@ ParallaxConfiguration configured(ParallaxHeightConfiguration portrait = {240, 80
     return {portrait, {160, 60}, 0.5, 1.2, threshold, Qt::blue, Qt::white};
 }
 
-/// The state after each offset: o or c, in capitals where it was told.
-QString walked(ParallaxRules &rules, const QList<double> &offsets)
+/// The state after each offset: o or c, in capitals where a change was reported.
+QString statesAfter(ParallaxRules &rules, const QList<double> &offsets)
 {
     QString states;
     for (const double offset : offsets) {
-        int told = 0;
+        int reports = 0;
         rules.onStateChange = [&](ParallaxScrollState state) {
             const bool isStored = rules.scrollOffset() == (std::isnan(offset) ? 0 : offset);
-            told += isStored && state == rules.state() ? 1 : 100;
+            reports += isStored && state == rules.state() ? 1 : 100;
         };
         rules.setScrollOffset(offset);
         const bool isCollapsed = rules.state() == ParallaxScrollState::collapsed;
-        states += told > 1 ? u'?' : u"ocOC"_s.at(2 * told + (isCollapsed ? 1 : 0));
+        states += reports > 1 ? u'?' : u"ocOC"_s.at(2 * reports + (isCollapsed ? 1 : 0));
     }
     return states;
 }
@@ -117,7 +117,7 @@ private Q_SLOTS:
         QFETCH(QString, states);
 
         ParallaxRules rules(configured({opened, 80}, threshold));
-        QCOMPARE(walked(rules, offsets), states);
+        QCOMPARE(statesAfter(rules, offsets), states);
     }
 
     void heights_data()
@@ -160,16 +160,16 @@ private Q_SLOTS:
         QCOMPARE((QList{rules.headerHeight(), rules.sheetHeight(), rules.contentTop()}), heights);
     }
 
-    void turningChangesHeightsOnly()
+    void rotationChangesOnlyHeights()
     {
         ParallaxRules rules(configured());
-        QCOMPARE(walked(rules, {-40}), u"o"_s);
+        QCOMPARE(statesAfter(rules, {-40}), u"o"_s);
         rules.setLandscape(true); // Half of the range now.
         QCOMPARE(rules.state(), ParallaxScrollState::opened);
         QCOMPARE(rules.headerHeight(), 120.0);
         QCOMPARE(rules.scrollRange(), 80.0);
-        // 40 of 140 points is what steps are still counted from.
-        QCOMPARE(walked(rules, {-26, -27}), u"oC"_s);
+        // Steps are still counted from 40 of 140 pixels.
+        QCOMPARE(statesAfter(rules, {-26, -27}), u"oC"_s);
         rules.setLandscape(false);
         rules.setConfiguration(configured({440, 80}));
         QCOMPARE(rules.state(), ParallaxScrollState::collapsed);

@@ -119,7 +119,7 @@ Item {
         function test_dragged_data() {
             return [
                 {tag: "rows", from: [150, 500]},
-                {tag: "the header, through the clear room", from: [50, 150]},
+                {tag: "the header, through the transparent spacer", from: [50, 150]},
                 {tag: "the header's button", from: [270, 180]},
             ]
         }
@@ -170,7 +170,7 @@ Item {
                  tapped: 1},
                 {tag: "rows that are out of sight", at: [150, 50], offset: -400, pressed: 0,
                  tapped: 0},
-                {tag: "the ground, over the button", at: [270, 110], offset: -140, pressed: 0,
+                {tag: "the background, over the button", at: [270, 110], offset: -140, pressed: 0,
                  tapped: 0, model: 0},
             ]
         }
@@ -182,7 +182,7 @@ Item {
             compare([window.pressed, window.tapped], [data.pressed, data.tapped])
         }
 
-        function test_manyRowsAreMadeAsNeeded() {
+        function test_rowsAreCreatedAsNeeded() {
             window.made = 0
             view.content = note
             view.model = 10000
@@ -195,14 +195,14 @@ Item {
             compare(view.offset, 0)
         }
 
-        function test_turning_data() {
+        function test_rotation_data() {
             return [
                 {tag: "at rest", offset: 0, state: ParallaxScroll.Opened},
                 {tag: "on the way", offset: -40, state: ParallaxScroll.Opened},
                 {tag: "further down", offset: -1000, state: ParallaxScroll.Collapsed},
             ]
         }
-        function test_turning(data) {
+        function test_rotation(data) {
             view.model = 100
             view.content = note
             view.list.contentY = view.list.originY - data.offset
@@ -222,7 +222,7 @@ Item {
 
         function test_seen_data() {
             const isSoftware = view.GraphicsInfo.api === GraphicsInfo.Software
-            const ground = "#ffffff", header = "#ff0000", rows = "#0000ff", note = "#00ff00"
+            const background = "#ffffff", header = "#ff0000", rows = "#0000ff", note = "#00ff00"
             return [
                 {tag: "at rest", model: 20, offset: 0, at: [[150, 215], [150, 225], [150, 300]],
                  saw: [header, note, rows]},
@@ -232,10 +232,10 @@ Item {
                  saw: isSoftware ? [note, note] : [header, header]},
                 {tag: "the corners of rows", model: 20, offset: -300,
                  at: [[2, 82], [297, 82], [2, 597]],
-                 saw: isSoftware ? [rows, rows, rows] : [header, header, ground]},
-                {tag: "the ground", model: 0, offset: 0,
+                 saw: isSoftware ? [rows, rows, rows] : [header, header, background]},
+                {tag: "the background", model: 0, offset: 0,
                  at: [[2, 222], [297, 222], [150, 222], [150, 598]],
-                 saw: [header, header, ground, ground]},
+                 saw: [header, header, background, background]},
             ]
         }
         function test_seen(data) {

@@ -44,7 +44,7 @@ Item {
             selectionSpy.clear()
         }
 
-        function test_eachStepIsToldBeforeThePathChanges_data() {
+        function test_stepsAreReportedBeforeThePathChanges_data() {
             return [
                 {tag: "ticket", to: Destination.ticket(Samples.preview("t7", "hi")),
                  kind: "ticket", ticketId: "t7", imageUrl: "",
@@ -57,7 +57,7 @@ Item {
             ]
         }
 
-        function test_eachStepIsToldBeforeThePathChanges(data) {
+        function test_stepsAreReportedBeforeThePathChanges(data) {
             verify(navigation.isEmpty)
             navigation.navigate(data.to)
             compare(actionsAtChange, [data.action])
@@ -67,7 +67,7 @@ Item {
             compare([top.kind, top.ticketId, String(top.imageUrl)],
                     [data.kind, data.ticketId, data.imageUrl])
             navigation.navigate(data.to)
-            compare(navigation.path.length, 2) // Whatever is on top.
+            compare(navigation.path.length, 2) // An equal destination on top does not matter.
             navigation.goBack()
             compare(navigation.path.length, 1)
             compare(pathSpy.count, 3)

@@ -75,7 +75,7 @@ private Q_SLOTS:
         QTRY_VERIFY(!scene.find(u"No conversations yet"_s));
     }
 
-    void closingGivesEverythingBack()
+    void closingRestoresTheHost()
     {
         Scene scene;
         QVERIFY(scene.showHost());
@@ -84,7 +84,7 @@ private Q_SLOTS:
             scene.broadcasts.clear();
             scene.delegate->events.clear();
             open();
-            open(); // Is there already.
+            open(); // It is open already.
             settle();
             QTest::qWait(400);
             QTest::keyClick(&scene.host, Qt::Key_Escape);
@@ -114,7 +114,7 @@ private Q_SLOTS:
             QTest::mouseClick(&scene.host, Qt::LeftButton, {}, middle.toPoint());
             scene.clock->advance(std::chrono::seconds(5));
             const qsizetype before = scene.listRequests();
-            QTest::keyClick(&scene.host, Qt::Key_Escape); // Back, not away.
+            QTest::keyClick(&scene.host, Qt::Key_Escape); // Goes back only.
             settle();
             QVERIFY(scene.messenger());
             QCOMPARE(scene.listRequests(), before + 1);
@@ -127,14 +127,14 @@ private Q_SLOTS:
         QCOMPARE(actions, QStringList({u"navigate_to_ticket"_s, u"navigate_to_new_ticket"_s}));
     }
 
-    void itEndsWithTheHostsWindow_data()
+    void itClosesWithTheHostsWindow_data()
     {
         QTest::addColumn<bool>("isDestroyed");
         QTest::newRow("closed") << false;
         QTest::newRow("destroyed") << true;
     }
 
-    void itEndsWithTheHostsWindow()
+    void itClosesWithTheHostsWindow()
     {
         QFETCH(const bool, isDestroyed);
         Scene scene;
@@ -153,14 +153,14 @@ private Q_SLOTS:
         QVERIFY(!SdkData::shared()->isOpen());
     }
 
-    void hostsOfAnotherKindGetAWindowOverTheirs_data()
+    void otherHostsGetAModalWindow_data()
     {
         QTest::addColumn<bool>("isClosedByTheSystem");
         QTest::newRow("by the customer") << false;
         QTest::newRow("by the window manager") << true;
     }
 
-    void hostsOfAnotherKindGetAWindowOverTheirs()
+    void otherHostsGetAModalWindow()
     {
         QFETCH(const bool, isClosedByTheSystem);
         Scene scene;

@@ -7,13 +7,13 @@
 #include <QtGui/QScreen>
 #include <QtTest/QTest>
 
-/// Linked as a host links the library of views, and nothing of it is called: loading it must do.
+/// Links the library of views like a host, but calls nothing of it: loading it must suffice.
 class ScreenTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void loadingTheViewsLendsTheScreen()
+    void loadingTheViewsProvidesTheScreenSize()
     {
         const auto screenSize = tolvane::userInterface().screenSize;
         QVERIFY(screenSize);

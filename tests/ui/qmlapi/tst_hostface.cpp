@@ -38,7 +38,7 @@ const QByteArray host = R"(
     }
 )";
 
-/// A host in QML, on replaceable services.
+/// A host in QML, with replaced services.
 struct Scene : Fixture
 {
     Scene()
@@ -62,7 +62,7 @@ struct Scene : Fixture
         return result;
     }
 
-    /// Bodies of what was sent since the last call, without the settings.
+    /// Bodies of the requests since the last call, except those for settings.
     QList<QByteArray> bodies()
     {
         QList<QByteArray> bodies;
@@ -85,7 +85,7 @@ struct Scene : Fixture
 
 } // namespace
 
-class HostFaceTest final : public QObject
+class QmlFacadeTest final : public QObject
 {
     Q_OBJECT
 
@@ -171,7 +171,7 @@ private Q_SLOTS:
         scene.postState(true);
         scene.postState(true);
         scene.postState(false);
-        // Whatever else changes is no news.
+        // Other changes emit no signal.
         scene.run(u"Tolvane.initialize('key')"_s);
         QCOMPARE(scene.run(u"JSON.stringify(states)"_s), QVariant(u"[true,false]"_s));
     }
@@ -188,7 +188,7 @@ private Q_SLOTS:
                            "e.originalCustomerId, e.environment, e.timestamp.getTime()].join()"_s),
                  QVariant(u"both,3,mine,,production,%1"_s.arg(time.toMSecsSinceEpoch())));
 
-        // QML hears without a delegate, and a delegate without QML.
+        // QML gets events without a delegate, and a delegate without QML.
         Tolvane::setAnalyticsDelegate(nullptr);
         TolvaneAnalyticsManager::shared().track(u"QML"_s, {});
         QCOMPARE(scene.run(u"events[1].name"_s), QVariant(u"QML"_s));
@@ -199,7 +199,7 @@ private Q_SLOTS:
         QCOMPARE(scene.delegate->names(), QStringList({u"both"_s, u"C++"_s}));
     }
 
-    void anEngineMayEndInAHandler()
+    void anEngineMayBeDestroyedInAHandler()
     {
         Scene scene;
         struct Ending final : TolvaneAnalyticsDelegate
@@ -218,7 +218,7 @@ private Q_SLOTS:
         QVERIFY(!scene.engine);
     }
 
-    void theModuleHasFewNames_data()
+    void theModuleHasOnlyPublicTypes_data()
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<bool>("isThere");
@@ -232,7 +232,7 @@ private Q_SLOTS:
             QTest::newRow(type) << QString::fromLatin1(type) << false;
     }
 
-    void theModuleHasFewNames()
+    void theModuleHasOnlyPublicTypes()
     {
         QFETCH(const QString, type);
         QFETCH(const bool, isThere);
@@ -245,5 +245,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(HostFaceTest)
+QTEST_MAIN(QmlFacadeTest)
 #include "tst_hostface.moc"

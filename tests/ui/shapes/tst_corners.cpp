@@ -13,20 +13,20 @@ class CornersTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theMiddleIsTheArcs_data()
+    void theMiddleMatchesTheArc_data()
     {
         QTest::addColumn<double>("radius");
         QTest::addColumn<double>("room");
         QTest::addColumn<double>("used");
         QTest::addColumn<double>("extent");
         QTest::newRow("room enough") << 20.0 << 100.0 << 20.0 << 30.0;
-        QTest::newRow("endless room") << 20.0 << qInf() << 20.0 << 30.0;
-        QTest::newRow("little room") << 20.0 << 24.0 << 20.0 << 24.0;
+        QTest::newRow("infinite room") << 20.0 << qInf() << 20.0 << 30.0;
+        QTest::newRow("less room") << 20.0 << 24.0 << 20.0 << 24.0;
         QTest::newRow("a circle") << 20.0 << 20.0 << 20.0 << 20.0;
         QTest::newRow("more than a circle") << 50.0 << 20.0 << 20.0 << 20.0;
     }
 
-    void theMiddleIsTheArcs()
+    void theMiddleMatchesTheArc()
     {
         QFETCH(const double, radius);
         QFETCH(const double, room);
@@ -36,7 +36,8 @@ private Q_SLOTS:
         QCOMPARE(corner.extent, extent);
         QCOMPARE(qFuzzyCompare(corner.exponent, 2), extent == used);
 
-        // From the sides: an arc's middle, and sides that are gone over to without a bend.
+        // Measured from the sides: the middle is the arc's, and the curve meets the sides without a
+        // kink.
         const QPointF middle = extent * (QPointF(1, 1) - corner.at(std::numbers::pi / 4));
         QVERIFY(std::abs(middle.x() - used * (1 - std::numbers::sqrt2 / 2)) < 1e-9);
         QVERIFY(std::abs(middle.x() - middle.y()) < 1e-9);
@@ -44,14 +45,14 @@ private Q_SLOTS:
         QVERIFY(std::abs(corner.at(std::numbers::pi).x() + 1) < 1e-9);
     }
 
-    void withoutARadiusThereIsNone()
+    void noRadiusMeansNoCorner()
     {
         QCOMPARE(ContinuousCorner::forRadius(0, 10).extent, 0.0);
         QCOMPARE(ContinuousCorner::forRadius(10, 0).extent, 0.0);
         QCOMPARE(ContinuousCorner::forRadius(qQNaN(), 10).extent, 0.0);
     }
 
-    void anOutlineHasTheCornersThatAreAskedFor()
+    void anOutlineRoundsTheGivenCorners()
     {
         const QRectF bounds(10, 10, 100, 80);
         const RoundedShape shape = shapeFor(

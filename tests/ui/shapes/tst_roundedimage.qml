@@ -39,7 +39,7 @@ Rectangle {
             picture.rotation = 0
         }
 
-        /// A letter for each place: of the four quarters, the backdrop's (.) or something mixed (?).
+        /// One letter per position: a quarter's colour, the backdrop (.) or any other colour (?).
         function seen(places) {
             const shot = grabImage(backdrop)
             const letters = {"#ff0000": "r", "#00ff00": "g", "#0000ff": "b", "#ffff00": "y",

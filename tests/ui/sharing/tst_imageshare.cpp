@@ -57,7 +57,7 @@ class ImageShareTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePictureComesOutOfTheCache_data()
+    void thePictureIsReadFromTheCache_data()
     {
         QTest::addColumn<QByteArray>("before");
         QTest::addColumn<QByteArray>("meanwhile");
@@ -65,7 +65,7 @@ private Q_SLOTS:
         QTest::addColumn<QList<bool>>("isThere"); // At once, after 0.4 and 0.5 seconds, later.
         using There = QList<bool>;
         const QByteArray none;
-        QTest::newRow("at hand") << png << none << none << There{true, true, true, true};
+        QTest::newRow("cached") << png << none << none << There{true, true, true, true};
         QTest::newRow("meanwhile") << none << png << none << There{false, false, true, true};
         QTest::newRow("no picture, then one")
             << QByteArray("<html>") << png << none << There{false, false, true, true};
@@ -74,7 +74,7 @@ private Q_SLOTS:
         QTest::newRow("too late") << none << none << png << There{false, false, false, false};
     }
 
-    void thePictureComesOutOfTheCache()
+    void thePictureIsReadFromTheCache()
     {
         QFETCH(const QByteArray, before);
         QFETCH(const QByteArray, meanwhile);
@@ -104,7 +104,7 @@ private Q_SLOTS:
         QCOMPARE(scene.clock->sleeperCount(), 0);
     }
 
-    void whoeverLeavesWaitsForNothing()
+    void leavingCancelsTheWait()
     {
         Scene scene;
         scene.load();
@@ -113,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(scene.clock->requestedSleeps(), QList<double>{0.5});
     }
 
-    void theFile()
+    void theFileIsAJpeg()
     {
         Scene scene;
         ImageShare share;
@@ -130,7 +130,7 @@ private Q_SLOTS:
         const int count = int(changes.count());
         const QByteArray data = share.file().data;
         scene.clock->advance(1s);
-        share.setImage(picture); // The same one.
+        share.setImage(picture); // The same picture.
         settle();
         QCOMPARE(changes.count(), count);
         share.setImage({});
@@ -152,7 +152,7 @@ private Q_SLOTS:
         QTEST(ImageFile::filenameAt(QDateTime::fromMSecsSinceEpoch(milliseconds)), "name");
     }
 
-    void savingTellsHowItWent()
+    void savingReportsItsResult()
     {
         Scene scene;
         ImageShare share;
@@ -161,7 +161,7 @@ private Q_SLOTS:
         const QString path = scene.folder.filePath(u"a b.jpg"_s);
         share.save(QUrl::fromLocalFile(path));
         settle();
-        QVERIFY(saved.isEmpty() && failed.isEmpty()); // There is nothing yet.
+        QVERIFY(saved.isEmpty() && failed.isEmpty()); // There is no picture yet.
         share.setImage(solid({40, 30}, Qt::red));
         settle();
         share.save(QUrl::fromLocalFile(path));
@@ -181,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(QDir(scene.folder.path()).entryList(QDir::Files), QStringList{u"a b.jpg"_s});
     }
 
-    void aNameThatIsFree()
+    void unusedFileNames()
     {
         Scene scene;
         const QString folder = scene.folder.filePath(u"to be made"_s);

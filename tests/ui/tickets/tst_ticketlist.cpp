@@ -23,10 +23,10 @@ Tickets ticketsOf(const QString &ids)
     return tickets;
 }
 
-/// What a view is told, a letter each: inserted, removed, moved, changed.
-struct Listener
+/// Records the signals of a model, one letter per row: inserted, removed, moved, changed.
+struct SignalRecorder
 {
-    explicit Listener(TicketListModel &model)
+    explicit SignalRecorder(TicketListModel &model)
     {
         const auto note = [this](char letter, int count) { letters += QByteArray(count, letter); };
         QObject::connect(&model, &QAbstractItemModel::rowsInserted,
@@ -57,55 +57,55 @@ class TicketListTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aNewListBecomesTheFewestSteps_data()
+    void aNewListTakesTheFewestSteps_data()
     {
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        QTest::addColumn<QByteArray>("told");
-        const auto add = [](const char *before, const char *after, const char *told) {
+        QTest::addColumn<QByteArray>("steps");
+        const auto add = [](const char *before, const char *after, const char *steps) {
             QTest::addRow("%s to %s", before, after)
-                << QString::fromLatin1(before) << QString::fromLatin1(after) << QByteArray(told);
+                << QString::fromLatin1(before) << QString::fromLatin1(after) << QByteArray(steps);
         };
         add("abc", "abc", "");
         add("", "abc", "iii");
         add("abc", "", "rrr");
         add("abc", "xabc", "i");
-        add("abcd", "dabc", "m"); // The one with news goes to the top.
+        add("abcd", "dabc", "m"); // The ticket with a new message moves to the top.
         add("abcd", "acd", "r");
         add("abc", "xyz", "rrriii");
         add("abc", "cxa", "rmi");
         add("aab", "aba", "m");
     }
 
-    void aNewListBecomesTheFewestSteps()
+    void aNewListTakesTheFewestSteps()
     {
         QFETCH(const QString, before);
         QFETCH(const QString, after);
-        QFETCH(const QByteArray, told);
+        QFETCH(const QByteArray, steps);
         TicketListModel model;
         const QAbstractItemModelTester tester(&model);
         model.setTickets(ticketsOf(before));
-        const Listener listener(model);
+        const SignalRecorder recorder(model);
         model.setTickets(ticketsOf(after));
         QCOMPARE(idsIn(model), after);
-        QCOMPARE(listener.letters, told);
+        QCOMPARE(recorder.letters, steps);
     }
 
-    void onlyTheRowThatChangedIsTold()
+    void onlyTheChangedRowIsSignalled()
     {
         TicketListModel model;
         Tickets tickets;
         for (int i = 0; i < 1000; ++i)
             tickets += makePreview(QString::number(i));
         model.setTickets(tickets);
-        const Listener listener(model);
+        const SignalRecorder recorder(model);
         tickets[500].lastMessage.content = u"news"_s;
         model.setTickets(tickets);
-        QCOMPARE(listener.letters, "c");
+        QCOMPARE(recorder.letters, "c");
         QCOMPARE(model.data(model.index(500), TicketListModel::contentRole), u"news"_s);
     }
 
-    void anyListFollowsAnyOther()
+    void anyListReplacesAnyOther()
     {
         QRandomGenerator random(3);
         TicketListModel model;
@@ -119,7 +119,7 @@ private Q_SLOTS:
         }
     }
 
-    void rowsSayWhoAndWhat_data()
+    void rowsDescribeTheirTicket_data()
     {
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("picture");
@@ -142,7 +142,7 @@ private Q_SLOTS:
             << u"AI agent"_s << QString() << u"Closed"_s << u"person"_s << u"AI agent"_s << true;
     }
 
-    void rowsSayWhoAndWhat()
+    void rowsDescribeTheirTicket()
     {
         QFETCH(const QString, type);
         QFETCH(const QString, picture);

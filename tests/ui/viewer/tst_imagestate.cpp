@@ -10,9 +10,9 @@ namespace {
 
 constexpr QSizeF room(400, 300);
 
-/// p1.5 a pinch that has come to 1.5, e its end; d30,-40 a drag that has come so far, r its end;
-/// t a double tap; g200,100 another room.
-ImageState done(const QString &gestures)
+/// Runs a script of gestures: p1.5 is a pinch at the scale 1.5, e its end; d30,-40 a drag at this
+/// distance, r its end; t a double tap; g200,100 another size of the view.
+ImageState afterGestures(const QString &gestures)
 {
     ImageState state;
     QSizeF geometry = room;
@@ -41,7 +41,7 @@ ImageState done(const QString &gestures)
             state.clampOffset(geometry);
             break;
         default:
-            qFatal("no gesture: %s", qPrintable(gesture));
+            qFatal("unknown gesture: %s", qPrintable(gesture));
         }
     }
     return state;
@@ -58,7 +58,7 @@ QString text(const ImageState &state)
 
 } // namespace
 
-class ImageStateTest final : public QObject
+class ZoomControllerTest final : public QObject
 {
     Q_OBJECT
 
@@ -73,8 +73,8 @@ private Q_SLOTS:
         row("nothing", "", "1");
         row("a pinch", "p1.2 p1.5", "1.5");
         row("goes on from where the last one ended", "p1.5 e p2", "3");
-        row("too little", "p1.009 p0.991 e", "1");
-        row("little, later on", "p1.5 p1.505", "1.505");
+        row("too small a pinch", "p1.009 p0.991 e", "1");
+        row("small, later on", "p1.5 p1.505", "1.505");
         row("back to the beginning", "p1.5 p1", "1");
         row("no further than 4", "p3 p8 p9", "4");
         row("back from 4 at once", "p8 p4 e", "2");
@@ -84,7 +84,7 @@ private Q_SLOTS:
         row("let go below 0.9", "p0.899 e", "1");
         row("let go at 0.9", "p0.9 e", "0.9");
         row("let go at 0.95", "p0.95 e", "0.95");
-        row("no numbers", "p2 p0 p-1 pnan pinf p3 e", "3");
+        row("not numbers", "p2 p0 p-1 pnan pinf p3 e", "3");
 
         row("a drag of the whole picture", "d100,100 r", "1");
         row("a drag below 1", "p0.95 e d100,100 r", "0.95");
@@ -116,16 +116,16 @@ private Q_SLOTS:
     {
         QFETCH(const QString, gestures);
         QFETCH(const QString, expected);
-        QCOMPARE(text(done(gestures)), expected);
+        QCOMPARE(text(afterGestures(gestures)), expected);
     }
 
-    void aDragIsTold()
+    void aDragIsReported()
     {
-        QVERIFY(!done(u"d50,0"_s).isDragging);
-        QVERIFY(done(u"t d50,0"_s).isDragging);
-        QVERIFY(!done(u"t d50,0 r"_s).isDragging);
+        QVERIFY(!afterGestures(u"d50,0"_s).isDragging);
+        QVERIFY(afterGestures(u"t d50,0"_s).isDragging);
+        QVERIFY(!afterGestures(u"t d50,0 r"_s).isDragging);
     }
 };
 
-QTEST_GUILESS_MAIN(ImageStateTest)
+QTEST_GUILESS_MAIN(ZoomControllerTest)
 #include "tst_imagestate.moc"

@@ -113,7 +113,7 @@ class ImageViewerTest final : public QObject
 private Q_SLOTS:
     void initTestCase() { qml_register_types_Tolvane_Private(); }
 
-    void thePictureIsWhereZoomAndPanBringIt()
+    void zoomAndPanMoveThePicture()
     {
         Scene scene;
         QCOMPARE(scene.colorAt({200, 80}), QColor(Qt::red));
@@ -132,7 +132,7 @@ private Q_SLOTS:
     {
         Scene scene;
         auto fingers = QTest::touchEvent(&scene.window, scene.screen.get(), false);
-        // A frame takes in the last position only.
+        // A frame delivers only the last position.
         const auto move = [&](QPoint left, QPoint right) {
             fingers.move(0, left).move(1, right).commit();
             QTest::qWait(20);
@@ -151,7 +151,7 @@ private Q_SLOTS:
         fingers.stationary(0).release(1, QPoint(390, 150)).commit();
         QTRY_VERIFY(!scene.state->isDragging());
         QCOMPARE(scene.state->offset().x(), 40.0);
-        // The finger that is left drags on from there.
+        // The remaining finger continues the drag.
         for (int step = 1; step <= 10; ++step) {
             fingers.move(0, QPoint(90 - 5 * step, 150)).commit();
             QTest::qWait(20);
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QTRY_COMPARE(scene.state->shownScale(), 1.0);
     }
 
-    void thePointerDragsWhatIsZoomedIn()
+    void thePointerDragsAZoomedPicture()
     {
         Scene scene;
         const auto drag = [&](QPoint by) {
@@ -192,7 +192,7 @@ private Q_SLOTS:
         QCOMPARE(scene.state->offset(), QPointF(60, 20));
         drag({-20, 0});
         QCOMPARE(scene.state->offset(), QPointF(40, 20));
-        drag({8, 0}); // Too little for a drag.
+        drag({8, 0}); // Below the threshold of a drag.
         QCOMPARE(scene.state->offset(), QPointF(40, 20));
     }
 
@@ -201,9 +201,9 @@ private Q_SLOTS:
         Scene scene;
         const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
         QTest::mouseClick(&scene.window, Qt::LeftButton, {}, middle);
-        QVERIFY(scene.hasControls()); // It waits for a second one.
+        QVERIFY(scene.hasControls()); // It waits for a second click.
         QTRY_VERIFY(!scene.hasControls());
-        QTest::mouseClick(&scene.window, Qt::LeftButton, {}, {30, 25}); // The button is away.
+        QTest::mouseClick(&scene.window, Qt::LeftButton, {}, {30, 25}); // The button is hidden.
         QTRY_VERIFY(scene.hasControls());
         QCOMPARE(scene.state->scale(), 1.0);
 
@@ -262,7 +262,7 @@ private Q_SLOTS:
         QVERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(u"image/jpeg"_s));
     }
 
-    void leavingFreesTheSelectionFirst_data()
+    void leavingClearsTheSelectionFirst_data()
     {
         QTest::addColumn<QList<int>>("keys");
         QTest::newRow("Escape") << QList<int>{Qt::Key_Escape};
@@ -272,7 +272,7 @@ private Q_SLOTS:
             << QList<int>{Qt::Key_H, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return};
     }
 
-    void leavingFreesTheSelectionFirst()
+    void leavingClearsTheSelectionFirst()
     {
         QFETCH(const QList<int>, keys);
         Scene scene;
@@ -301,11 +301,12 @@ private Q_SLOTS:
         QVERIFY(copied->hasImage());
     }
 
-    void nothingIsSharedBeforeThereIsAFile()
+    void sharingNeedsAFile()
     {
         Scene scene(false);
         QVERIFY(!scene.share->isReady());
-        // Past the share button: from the picture to the back button, and once around.
+        // Tab skips the disabled share button: from the picture to the back button, and once
+        // around.
         scene.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
         QCOMPARE(scene.messages.selectedAttachment(), QUrl());
     }

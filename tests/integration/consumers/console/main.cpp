@@ -18,7 +18,7 @@ int main(int argc, char **argv)
     if (options != tolvane::PresentationOptions::soundAndBanner || TolvaneSdkVersionNumber < 1)
         return EXIT_FAILURE;
 
-    // What was loaded, as the system tells it.
+    // The libraries that this process has mapped.
     QFile maps(QStringLiteral("/proc/self/maps"));
     if (!maps.open(QFile::ReadOnly))
         return EXIT_FAILURE;

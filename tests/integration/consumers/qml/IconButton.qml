@@ -1,5 +1,5 @@
 import QtQuick
 
 Item {
-    readonly property bool isTheHosts: true
+    readonly property bool isHostType: true
 }

@@ -8,7 +8,7 @@ Window {
     visible: true
     Component.onCompleted: Tolvane.initialize("key")
 
-    // Of the host's own, whatever the module has in it.
+    // The host's own type, although the module has a private one of the same name.
     IconButton {
         id: button
     }
@@ -27,7 +27,7 @@ Window {
         target: Tolvane
 
         function onIsOpenChanged() {
-            Qt.exit(Tolvane.isOpen && button.isTheHosts ? 0 : 1)
+            Qt.exit(Tolvane.isOpen && button.isHostType ? 0 : 1)
         }
     }
 }

@@ -17,7 +17,7 @@ int main(int argc, char **argv)
 
     QTimer::singleShot(100, &window, [&window] {
         Tolvane::open();
-        // The messenger lies over what the host has in its window.
+        // The messenger is added on top of the host's content.
         const bool isOpen = !window.contentItem()->childItems().isEmpty();
         QGuiApplication::exit(isOpen ? EXIT_SUCCESS : EXIT_FAILURE);
     });

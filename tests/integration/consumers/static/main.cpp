@@ -13,7 +13,7 @@ int main(int argc, char **argv)
          {":/tolvane/icons/close.svg", ":/tolvane/shaders/roundedimage.frag.qsb",
           ":/qt-project.org/imports/Tolvane/qmldir"}) {
         if (!QFile::exists(QLatin1String(resource))) {
-            std::fprintf(stderr, "%s is not there\n", resource);
+            std::fprintf(stderr, "%s is missing\n", resource);
             return EXIT_FAILURE;
         }
     }

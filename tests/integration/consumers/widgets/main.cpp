@@ -8,7 +8,7 @@ using tolvane::Tolvane;
 
 namespace {
 
-/// The library says of its own pushes that they need no banner while the messenger is open.
+/// While the messenger is open, pushes of the library need no banner.
 bool isOpen()
 {
     return Tolvane::willPresentNotification(
