@@ -61,7 +61,7 @@ const Fault none = {"none", true,
                     [](QTcpSocket &host, const QByteArray &answer) { host.write(answer); }};
 const Fault reset = {"reset", false,
                      [](QTcpSocket &host, const QByteArray &) { ScriptedServer::reset(host); }};
-const Fault resetAfterRequest = {"reset after request", true, reset.act};
+const Fault resetAfterRequest = {"reset after request", true, reset.respond};
 const Fault truncated = {"truncated", true, [](QTcpSocket &host, const QByteArray &answer) {
                              writeHalf(host, answer);
                              host.disconnectFromHost();
@@ -109,7 +109,7 @@ FaultProxy::FaultProxy(quint16 backendPort)
         if (fault.reachesBackend)
             pass(request, host, fault);
         else
-            fault.act(host, {});
+            fault.respond(host, {});
     };
 }
 
@@ -118,7 +118,7 @@ void FaultProxy::pass(const ServedRequest &request, QTcpSocket &host, const Faul
     auto *backend = new QTcpSocket(&host);
     QObject::connect(backend, &QTcpSocket::disconnected, &host, [backend, &host, &fault] {
         backend->deleteLater();
-        fault.act(host, keptAlive(backend->readAll()));
+        fault.respond(host, keptAlive(backend->readAll()));
     });
     QObject::connect(backend, &QTcpSocket::errorOccurred, &host, [backend, &host](auto) {
         // The end of the backend's connection is reported as an error too.

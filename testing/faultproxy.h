@@ -11,10 +11,10 @@ namespace tolvane::test {
 struct Fault
 {
     const char *name;
-    /// Whether the request reaches the backend. Otherwise `act` gets an empty answer.
+    /// Whether the request reaches the backend. Otherwise `respond` gets an empty answer.
     bool reachesBackend;
     /// Writes to the host in place of the backend's complete answer.
-    void (*act)(QTcpSocket &host, const QByteArray &answer);
+    void (*respond)(QTcpSocket &host, const QByteArray &answer);
 };
 
 namespace faults {

@@ -27,9 +27,9 @@ inline BrandingDto branding()
 }
 
 /// A host with a window and a backend, which can show the messenger.
-struct Scene : Fixture
+struct MessengerFixture : Fixture
 {
-    Scene()
+    MessengerFixture()
     {
         setKey();
         session->handler = [this](const UrlRequest &request) -> UrlResponse {

@@ -212,12 +212,12 @@ void Screens::addRows()
         QTest::newRow(screen.name) << QString::fromLatin1(screen.name);
 }
 
-Screens::Screens(const Look &look)
+Screens::Screens(const Look &appearance)
     : m_ticket(sampleTicket())
 {
-    look.apply();
-    bundle->speak(look.language);
-    host.resize(look.size);
+    appearance.apply();
+    bundle->speak(appearance.language);
+    host.resize(appearance.size);
     listJson = sampleList();
     session->handler = [this](const UrlRequest &request) { return respond(request); };
 }
@@ -250,7 +250,7 @@ void Screens::show(const Screen &screen)
     if (!showHost())
         qFatal("The host has no window");
     (this->*screen.open)();
-    rest();
+    waitForAnimations();
 }
 
 void Screens::show(const QString &name)
@@ -263,19 +263,19 @@ void Screens::show(const QString &name)
     show(*found);
 }
 
-QStringList Screens::data()
+QStringList Screens::contentTexts()
 {
-    QStringList data;
+    QStringList texts;
     for (const Line &line : lines) {
-        data += QString::fromUtf8(line.name);
-        data += QString::fromUtf8(line.text).simplified();
+        texts += QString::fromUtf8(line.name);
+        texts += QString::fromUtf8(line.text).simplified();
         // The type's text on the wire.
-        data += QString::fromUtf8(line.type);
+        texts += QString::fromUtf8(line.type);
     }
-    return data;
+    return texts;
 }
 
-QQuickItem *Screens::last(const char *type) const
+QQuickItem *Screens::lastVisible(const char *type) const
 {
     return lastIn(messenger(), type);
 }
@@ -287,21 +287,21 @@ ScreenData &Screens::screen() const
 
 ComposerData &Screens::composer() const
 {
-    return *last("TicketComposer_")->property("composer").value<ComposerData *>();
+    return *lastVisible("TicketComposer_")->property("composer").value<ComposerData *>();
 }
 
-bool Screens::isAtRest() const
+bool Screens::hasFinishedAnimations() const
 {
-    const QQuickItem *content = last("TolvaneScreen_");
-    const QQuickItem *stack = last("TolvaneNavigationStack_");
+    const QQuickItem *content = lastVisible("TolvaneScreen_");
+    const QQuickItem *stack = lastVisible("TolvaneNavigationStack_");
     return (!content || content->y() == 0) &&
            (!stack || stack->property("depth") == stack->property("pathLength"));
 }
 
-void Screens::rest()
+void Screens::waitForAnimations()
 {
     settle();
-    if (!QTest::qWaitFor([this] { return isAtRest(); }, 30000))
+    if (!QTest::qWaitFor([this] { return hasFinishedAnimations(); }, 30000))
         qFatal("The animations do not end");
     // Views still fade in and out.
     QTest::qWait(400);
@@ -311,10 +311,10 @@ void Screens::open()
 {
     loadSettings();
     TolvaneViewController::presentInForeground();
-    rest();
+    waitForAnimations();
     if (!QTest::qWaitFor([this] { return !screen().isLoading(); }))
         qFatal("The list was not loaded");
-    rest();
+    waitForAnimations();
 }
 
 void Screens::openTicket()
@@ -323,7 +323,7 @@ void Screens::openTicket()
     TicketPreviewDto preview = makePreview();
     preview.lastMessage = m_ticket.messages.constFirst();
     screen().navigation()->navigate(TolvaneDestination::ticket(preview));
-    rest();
+    waitForAnimations();
 }
 
 void Screens::openPicture()
@@ -334,7 +334,7 @@ void Screens::openPicture()
         ImageCache::shared().responses().store(respond(request), request);
     openTicket();
     screen().attachmentSelection()->setSelectedAttachment(request.url);
-    rest();
+    waitForAnimations();
 }
 
 void Screens::homeSkeleton()
@@ -364,7 +364,7 @@ void Screens::homeCurrent()
 void Screens::homeCollapsed()
 {
     open();
-    QQuickItem *list = last("QQuickListView");
+    QQuickItem *list = lastVisible("QQuickListView");
     list->setProperty("contentY", list->property("contentY").toReal() + 190);
 }
 
@@ -397,7 +397,7 @@ void Screens::conversation()
 void Screens::conversationBeginning()
 {
     openTicket();
-    last("TicketMessageList_")->forceActiveFocus(Qt::TabFocusReason);
+    lastVisible("TicketMessageList_")->forceActiveFocus(Qt::TabFocusReason);
     QTest::keyClick(&host, Qt::Key_Home);
 }
 
@@ -434,7 +434,7 @@ void Screens::conversationHovered()
     files.setUrls({QUrl::fromLocalFile(u"/pictures/one.png"_s)});
     QDragEnterEvent event({100, 200}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&host, &event);
-    rest();
+    waitForAnimations();
 }
 
 void Screens::composerText()
@@ -456,7 +456,7 @@ void Screens::composerAttachments()
     }
     composer().addFiles(files);
     settle();
-    rest();
+    waitForAnimations();
 }
 
 void Screens::composerSending()
@@ -481,7 +481,7 @@ void Screens::viewer()
 void Screens::viewerMenu()
 {
     openPicture();
-    const QQuickItem *share = last("ImageActions_");
+    const QQuickItem *share = lastVisible("ImageActions_");
     QTest::mouseClick(&host, Qt::LeftButton, {},
                       share->mapRectToScene(share->boundingRect()).center().toPoint());
 }

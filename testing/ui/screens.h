@@ -25,7 +25,7 @@ struct Look
 };
 
 /// A host whose backend has samples of everything, and the messenger in any of its screens.
-class Screens : public Scene
+class Screens : public MessengerFixture
 {
 public:
     /// One of the messenger's screens, in one of its states.
@@ -40,24 +40,24 @@ public:
     /// Adds a data row for each screen.
     static void addRows();
 
-    explicit Screens(const Look &look);
+    explicit Screens(const Look &appearance);
 
     /// Shows the screen and waits until animations have ended. To be called once only.
     void show(const Screen &screen);
     void show(const QString &name);
 
     /// Shown texts that are not the library's: messages, names and types of senders.
-    static QStringList data();
+    static QStringList contentTexts();
 
     /// The last visible item of a type; null without one.
-    QQuickItem *last(const char *type) const;
+    QQuickItem *lastVisible(const char *type) const;
 
 private:
     UrlResponse respond(const UrlRequest &request);
     ScreenData &screen() const;
     ComposerData &composer() const;
-    bool isAtRest() const;
-    void rest();
+    bool hasFinishedAnimations() const;
+    void waitForAnimations();
     void open();
     void openTicket();
     void openPicture();

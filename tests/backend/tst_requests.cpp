@@ -71,9 +71,9 @@ const QList<NamedOperation> &operations()
     return all;
 }
 
-struct Scene : Fixture
+struct RequestFixture : Fixture
 {
-    Scene()
+    RequestFixture()
     {
         setKey();
         environment.insert(u"TOLVANE_API_URL"_s, u"http://h/api"_s);
@@ -120,12 +120,12 @@ class RequestsTest : public QObject
 private Q_SLOTS:
     void routesAndHeaders()
     {
-        Scene scene;
-        scene.response.status = 500;
+        RequestFixture fixture;
+        fixture.response.status = 500;
         for (const NamedOperation &operation : operations()) {
             persistentstore::setCustomerId(u"me"_s);
-            scene.run(operation.run);
-            const UrlRequest &request = scene.last();
+            fixture.run(operation.run);
+            const UrlRequest &request = fixture.last();
             QCOMPARE(request.method, operation.method);
             QCOMPARE(request.url.toEncoded(), QByteArray("http://h") + operation.address);
             const QByteArray type =
@@ -159,39 +159,39 @@ private Q_SLOTS:
         QFETCH(const QString, base);
         QFETCH(const QString, id);
         QFETCH(const QByteArray, address);
-        Scene scene;
-        scene.environment.insert(u"TOLVANE_API_URL"_s, base);
-        scene.run([id](auto client) { return getTicket(client, id); });
-        QCOMPARE(scene.last().url.isValid(), !address.isEmpty());
-        QCOMPARE(scene.last().url.toEncoded(), address);
+        RequestFixture fixture;
+        fixture.environment.insert(u"TOLVANE_API_URL"_s, base);
+        fixture.run([id](auto client) { return getTicket(client, id); });
+        QCOMPARE(fixture.last().url.isValid(), !address.isEmpty());
+        QCOMPARE(fixture.last().url.toEncoded(), address);
     }
 
     void updatedAtIsPercentEncoded()
     {
-        Scene scene;
-        scene.run([](auto client) { return getBranding(client, u"2+2&a=%20 é"_s); });
-        QCOMPARE(scene.last().url.query(QUrl::FullyEncoded),
+        RequestFixture fixture;
+        fixture.run([](auto client) { return getBranding(client, u"2+2&a=%20 é"_s); });
+        QCOMPARE(fixture.last().url.query(QUrl::FullyEncoded),
                  u"updatedAt=2%2B2%26a%3D%2520%20%C3%A9"_s);
     }
 
     void environmentsHaveTheirEndpoints()
     {
-        Scene scene;
-        scene.environment.clear();
+        RequestFixture fixture;
+        fixture.environment.clear();
         QSet<QString> hosts;
         using enum Tolvane::Environment;
         for (const auto environment : {production, development, alpha}) {
             Configuration::shared().setEnvironment(environment);
-            scene.run(getTickets);
-            QCOMPARE(scene.last().url.scheme(), u"https"_s);
-            QCOMPARE(scene.last().url.path(), u"/api/tickets"_s);
-            QVERIFY(!headerNames(scene.last()).contains("X-Tolvane-Customer"));
-            hosts += scene.last().url.host();
+            fixture.run(getTickets);
+            QCOMPARE(fixture.last().url.scheme(), u"https"_s);
+            QCOMPARE(fixture.last().url.path(), u"/api/tickets"_s);
+            QVERIFY(!headerNames(fixture.last()).contains("X-Tolvane-Customer"));
+            hosts += fixture.last().url.host();
         }
         QCOMPARE(hosts.size(), 3);
-        scene.environment.insert(u"TOLVANE_API_URL"_s, u"http://own"_s); // Read for each request.
-        scene.run(getTickets);
-        QCOMPARE(scene.last().url.toString(), u"http://own/tickets"_s);
+        fixture.environment.insert(u"TOLVANE_API_URL"_s, u"http://own"_s); // Read for each request.
+        fixture.run(getTickets);
+        QCOMPARE(fixture.last().url.toString(), u"http://own/tickets"_s);
     }
 
     void statusesAreClassified_data()
@@ -215,10 +215,10 @@ private Q_SLOTS:
         QFETCH(const int, status);
         QFETCH(const QByteArray, body);
         QFETCH(const QString, text);
-        Scene scene;
-        scene.response = {.status = status, .headers = {}, .body = body};
+        RequestFixture fixture;
+        fixture.response = {.status = status, .headers = {}, .body = body};
         for (const NamedOperation &operation : operations()) {
-            const ErrorPtr error = scene.run(operation.run);
+            const ErrorPtr error = fixture.run(operation.run);
             const bool hasNoResult = QByteArrayView(operation.name).startsWith("update");
             const bool isNotModified = status == 304 && operation.method == "GET"_ba &&
                                        QByteArrayView(operation.name) == "getBranding";
@@ -235,28 +235,28 @@ private Q_SLOTS:
 
     void theResponseReplacesTheCustomerId()
     {
-        Scene scene;
-        scene.response = {.status = 500, .headers = {{"x-tolvane-customer", "new"}}, .body = {}};
-        scene.run(getTickets);
+        RequestFixture fixture;
+        fixture.response = {.status = 500, .headers = {{"x-tolvane-customer", "new"}}, .body = {}};
+        fixture.run(getTickets);
         QCOMPARE(persistentstore::customerId(), u"new"_s);
-        scene.run(getTickets);
-        QCOMPARE(scene.last().headers.constLast().second, "new");
+        fixture.run(getTickets);
+        QCOMPARE(fixture.last().headers.constLast().second, "new");
     }
 
     void largeResponsesAreDecoded()
     {
-        Scene scene;
+        RequestFixture fixture;
         const QList<MessageDto> messages(2000, makeMessage(u"m"_s));
-        scene.response = answer(makeTicket(messages));
-        QVERIFY(!scene.run([](auto client) { return getTicket(client, u"t1"_s); }));
+        fixture.response = answer(makeTicket(messages));
+        QVERIFY(!fixture.run([](auto client) { return getTicket(client, u"t1"_s); }));
     }
 
     void formsAreEncoded()
     {
-        Scene scene;
+        RequestFixture fixture;
         const SendMessageDto message{.message = u"hä"_s, .attachments = twoFiles};
-        scene.run([message](auto client) { return sendMessage(client, message); });
-        const QByteArray type = scene.last().headers.at(1).second;
+        fixture.run([message](auto client) { return sendMessage(client, message); });
+        const QByteArray type = fixture.last().headers.at(1).second;
         const QByteArray boundary = type.sliced(type.indexOf('=') + 1);
         const QByteArray body =
             "--B\r\nContent-Disposition: form-data; name=\"message\"\r\n\r\nhä\r\n"
@@ -265,21 +265,21 @@ private Q_SLOTS:
             QByteArray("\0\r\n--", 5) +
             "\r\n--B\r\nContent-Disposition: form-data; name=\"attachments[]\"; "
             "filename=\"b\"\r\nContent-Type: text/plain\r\n\r\n\r\n--B--";
-        QCOMPARE(scene.last().body, QByteArray(body).replace("--B", "--" + boundary));
-        scene.run([](auto client) { return sendMessage(client, {}); });
-        QCOMPARE(scene.last().body.count("Content-Disposition"), 1);
-        QVERIFY(!scene.last().body.contains(boundary));
+        QCOMPARE(fixture.last().body, QByteArray(body).replace("--B", "--" + boundary));
+        fixture.run([](auto client) { return sendMessage(client, {}); });
+        QCOMPARE(fixture.last().body.count("Content-Disposition"), 1);
+        QVERIFY(!fixture.last().body.contains(boundary));
     }
 
     void aNewTicketDescribesTheDevice()
     {
-        Scene scene;
-        scene.device->state = Device::BatteryState::charging;
-        scene.bundle->version = u"2.0"_s; // The build is not known.
+        RequestFixture fixture;
+        fixture.device->state = Device::BatteryState::charging;
+        fixture.bundle->version = u"2.0"_s; // The build is not known.
         const CreateTicketDto ticket{u"hi"_s, u"ios"_s, DeviceInfoDto::current()};
-        scene.run([ticket](auto client) { return createTicket(client, ticket, twoFiles); });
+        fixture.run([ticket](auto client) { return createTicket(client, ticket, twoFiles); });
         QByteArrayList parts;
-        for (const QByteArray &line : scene.last().body.split('\n')) {
+        for (const QByteArray &line : fixture.last().body.split('\n')) {
             const qsizetype name = line.indexOf("name=\"");
             if (line.startsWith("Content-Disposition"))
                 parts += line.sliced(name + 6, line.indexOf('"', name + 6) - name - 6);

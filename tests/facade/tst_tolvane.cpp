@@ -27,9 +27,9 @@ namespace {
 
 const QString notInitialized = u"Tolvane is not initialized"_s;
 
-struct Scene : Fixture
+struct FacadeFixture : Fixture
 {
-    Scene()
+    FacadeFixture()
     {
         session->handler = [this](const UrlRequest &) {
             if (failing)
@@ -105,15 +105,15 @@ class TolvaneTest : public QObject
 private Q_SLOTS:
     void initializeInOrder()
     {
-        Scene scene;
+        FacadeFixture fixture;
         Tolvane::initialize(QString()); // An empty key is valid.
-        QCOMPARE(scene.session->requests.size(), 0);
+        QCOMPARE(fixture.session->requests.size(), 0);
         const auto id = persistentstore::customerId();
         QVERIFY(id && ULID::parse(*id));
-        QCOMPARE(scene.texts(),
+        QCOMPARE(fixture.texts(),
                  QStringList({u"New customer ID generated: "_s + *id, u"SDK initialized"_s}));
-        QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::sdkInitialized});
-        const Event event = scene.delegate->events.constFirst();
+        QCOMPARE(fixture.delegate->names(), QStringList{Event::Lifecycle::sdkInitialized});
+        const Event event = fixture.delegate->events.constFirst();
         QCOMPARE(event.properties(), QVariantMap({{u"action_type"_s, u"lifecycle"_s},
                                                   {u"device_model"_s, u"Test Model"_s},
                                                   {u"os_version"_s, u"12.4"_s}}));
@@ -123,22 +123,22 @@ private Q_SLOTS:
         QCOMPARE(event.sdkVersion(), u"0.1.0"_s);
         settle();
         QVERIFY(SdkData::shared()->settingsDidLoad());
-        scene.forget();
+        fixture.forget();
 
         Tolvane::initialize(u"other"_s);
         settle();
-        QVERIFY(scene.log->lines.isEmpty() && scene.delegate->events.isEmpty() &&
-                scene.session->requests.isEmpty());
+        QVERIFY(fixture.log->lines.isEmpty() && fixture.delegate->events.isEmpty() &&
+                fixture.session->requests.isEmpty());
     }
 
     void initializeWithoutAStore()
     {
-        Scene scene;
-        scene.preferences->canOpen = false;
+        FacadeFixture fixture;
+        fixture.preferences->canOpen = false;
         Tolvane::initialize(u"key"_s);
         settle();
-        QVERIFY(scene.texts().constFirst().startsWith("New customer ID generated: "_L1));
-        QVERIFY(!scene.delegate->events.constFirst().customerId());
+        QVERIFY(fixture.texts().constFirst().startsWith("New customer ID generated: "_L1));
+        QVERIFY(!fixture.delegate->events.constFirst().customerId());
         QVERIFY(SdkData::shared()->settingsDidLoad());
     }
 
@@ -159,16 +159,16 @@ private Q_SLOTS:
     void callsBeforeInitializeDoNothing()
     {
         QFETCH(const std::function<void()>, call);
-        Scene scene;
+        FacadeFixture fixture;
         Tolvane::enableLogging(false);
         call();
         settle();
         // Logged even with logging off: the host's developer must see it.
-        QCOMPARE(scene.texts(), QStringList{notInitialized});
-        QCOMPARE(scene.log->types, QList{LogType::fault});
-        QVERIFY(scene.delegate->events.isEmpty() && scene.session->requests.isEmpty() &&
-                scene.broadcasts.isEmpty() && scene.presentations.isEmpty());
-        QVERIFY(scene.preferences->values->isEmpty());
+        QCOMPARE(fixture.texts(), QStringList{notInitialized});
+        QCOMPARE(fixture.log->types, QList{LogType::fault});
+        QVERIFY(fixture.delegate->events.isEmpty() && fixture.session->requests.isEmpty() &&
+                fixture.broadcasts.isEmpty() && fixture.presentations.isEmpty());
+        QVERIFY(fixture.preferences->values->isEmpty());
     }
 
     void updateCustomer_data()
@@ -197,54 +197,54 @@ private Q_SLOTS:
         QFETCH(const std::optional<QString>, originalId);
         QFETCH(const QString, line);
         QFETCH(const QByteArray, body);
-        Scene scene;
+        FacadeFixture fixture;
         persistentstore::setCustomerId(u"mine"_s);
         persistentstore::setCustomerOriginalId(u"before"_s);
-        scene.initialize();
-        scene.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
+        fixture.initialize();
+        fixture.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
         const QFuture<void> done = Tolvane::updateCustomer(email, originalId);
         QCOMPARE(persistentstore::customerOriginalId(), originalId); // Before the response.
         settle();
         QVERIFY(done.isFinished() && !done.isCanceled());
-        QCOMPARE(scene.session->requests.constFirst().body, body);
-        QCOMPARE(scene.texts(), QStringList{line});
+        QCOMPARE(fixture.session->requests.constFirst().body, body);
+        QCOMPARE(fixture.texts(), QStringList{line});
         const QVariantMap properties =
-            scene.delegate->properties(Event::Lifecycle::customerUpdated);
+            fixture.delegate->properties(Event::Lifecycle::customerUpdated);
         QCOMPARE(properties.value(u"has_email"_s), email.has_value());
         QCOMPARE(properties.value(u"has_original_id"_s), originalId.has_value());
     }
 
     void aFailedUpdateKeepsTheOriginalId()
     {
-        Scene scene;
-        scene.initialize();
-        scene.failing = true;
+        FacadeFixture fixture;
+        fixture.initialize();
+        fixture.failing = true;
         const QFuture<void> done = Tolvane::updateCustomer({}, u"7"_s);
         settle();
         QVERIFY(done.isFinished() && !done.isCanceled());
         QCOMPARE(persistentstore::customerOriginalId(), u"7"_s);
-        QVERIFY(scene.texts().constFirst().startsWith("Error updating customer: "_L1));
-        const QVariantMap error = scene.delegate->properties(Event::Errors::networkError);
+        QVERIFY(fixture.texts().constFirst().startsWith("Error updating customer: "_L1));
+        const QVariantMap error = fixture.delegate->properties(Event::Errors::networkError);
         QCOMPARE(error.value(u"error_context"_s), u"updateCustomer"_s);
         QCOMPARE(error.value(u"error_code"_s), -1009);
     }
 
     void deviceTokensAreRegistered()
     {
-        Scene scene;
-        scene.initialize();
+        FacadeFixture fixture;
+        fixture.initialize();
         persistentstore::setCustomerOriginalId(u"7"_s);
         Tolvane::setDeviceToken(QByteArray::fromHex("0aff"));
-        QCOMPARE(scene.texts(), QStringList{u"Device token: 0aff"_s});
-        QCOMPARE(scene.delegate->names(), QStringList{Event::Lifecycle::deviceTokenSet});
-        QVERIFY(scene.session->requests.isEmpty());
+        QCOMPARE(fixture.texts(), QStringList{u"Device token: 0aff"_s});
+        QCOMPARE(fixture.delegate->names(), QStringList{Event::Lifecycle::deviceTokenSet});
+        QVERIFY(fixture.session->requests.isEmpty());
         settle();
-        QCOMPARE(scene.session->requests.constFirst().body,
+        QCOMPARE(fixture.session->requests.constFirst().body,
                  QByteArray(R"({"originalId":"7","deviceToken":"0aff"})"));
         // The scripted 304 counts as a failure here: reported to analytics, but not logged.
-        QCOMPARE(scene.delegate->properties(Event::Errors::apiError).value(u"error_context"_s),
+        QCOMPARE(fixture.delegate->properties(Event::Errors::apiError).value(u"error_context"_s),
                  u"setDeviceToken"_s);
-        QCOMPARE(scene.texts().size(), 1);
+        QCOMPARE(fixture.texts().size(), 1);
     }
 
     void pushesAreRecognised_data()
@@ -263,15 +263,15 @@ private Q_SLOTS:
     {
         QFETCH(const QVariantMap, payload);
         QFETCH(const bool, ours);
-        Scene scene;
+        FacadeFixture fixture;
         QCOMPARE(Tolvane::isTolvanePushNotification(payload), ours);
-        scene.initialize();
+        fixture.initialize();
         QCOMPARE(Tolvane::willPresentNotification(payload),
                  ours ? PresentationOptions::soundAndBanner : PresentationOptions::none);
-        QCOMPARE(scene.delegate->names().contains(Event::Notifications::pushReceived), ours);
+        QCOMPARE(fixture.delegate->names().contains(Event::Notifications::pushReceived), ours);
         Tolvane::handlePushNotification(payload);
-        QCOMPARE(scene.delegate->names().contains(Event::Notifications::pushTapped), ours);
-        QVERIFY(scene.broadcasts.isEmpty());
+        QCOMPARE(fixture.delegate->names().contains(Event::Notifications::pushTapped), ours);
+        QVERIFY(fixture.broadcasts.isEmpty());
     }
 
     void pushesAreRouted_data()
@@ -302,31 +302,31 @@ private Q_SLOTS:
         QFETCH(const QVariantMap, userInfo);
         QFETCH(const bool, isCounted);
         for (const bool isOpen : {false, true}) {
-            Scene scene;
-            scene.initialize();
+            FacadeFixture fixture;
+            fixture.initialize();
             SdkData::shared();
             platform().notificationCenter->post(notifications::didChangeState,
                                                 QVariantMap{{u"open"_s, isOpen}});
-            scene.broadcasts.clear();
+            fixture.broadcasts.clear();
             if (isOpen)
                 QCOMPARE(Tolvane::willPresentNotification(push(content)),
                          PresentationOptions::sound);
             else
                 Tolvane::handlePushNotification(push(content));
-            QCOMPARE(scene.broadcasts.size(), broadcast.isEmpty() ? 0 : 1);
+            QCOMPARE(fixture.broadcasts.size(), broadcast.isEmpty() ? 0 : 1);
             if (!broadcast.isEmpty()) {
-                QCOMPARE(scene.broadcasts.constFirst().name, broadcast);
-                QCOMPARE(scene.broadcasts.constFirst().userInfo, userInfo);
+                QCOMPARE(fixture.broadcasts.constFirst().name, broadcast);
+                QCOMPARE(fixture.broadcasts.constFirst().userInfo, userInfo);
             }
             QStringList events =
                 isOpen ? QStringList{Event::Notifications::pushReceived} : QStringList();
             events += Event::Notifications::pushTapped;
             if (!isOpen)
                 events += Event::Chat::opened;
-            QCOMPARE(scene.presentations, isOpen ? QStringList() : events);
+            QCOMPARE(fixture.presentations, isOpen ? QStringList() : events);
             if (isCounted)
                 events += Event::Chat::messageReceived;
-            QCOMPARE(scene.delegate->names(), events);
+            QCOMPARE(fixture.delegate->names(), events);
         }
     }
 
@@ -356,8 +356,8 @@ private Q_SLOTS:
     void anyPayloadIsHandled()
     {
         QFETCH(const QVariant, value);
-        Scene scene;
-        scene.initialize();
+        FacadeFixture fixture;
+        fixture.initialize();
         const auto ticket = std::make_shared<TicketData>(makePreview());
         const auto polling = PollingService::shared(); // Both decode the broadcasts.
         const auto observation = platform().notificationCenter->observe(
@@ -369,21 +369,21 @@ private Q_SLOTS:
         for (const QVariantMap &content :
              {QVariantMap{{u"message"_s, value}}, QVariantMap{{u"ticketPreview"_s, value}},
               QVariantMap{{u"message"_s, partly}}, QVariantMap{{u"extra"_s, value}}}) {
-            scene.broadcasts.clear();
+            fixture.broadcasts.clear();
             Tolvane::handlePushNotification(push(content));
             settle();
             const bool isRouted = !content.contains(u"extra"_s) &&
                                   (isDictionary || content.value(u"message"_s) == partly);
-            QCOMPARE(scene.broadcasts.size(), isRouted ? 1 : 0);
+            QCOMPARE(fixture.broadcasts.size(), isRouted ? 1 : 0);
             if (isRouted)
-                QVERIFY(scene.broadcasts.constFirst().userInfo == content.constBegin()->toMap());
+                QVERIFY(fixture.broadcasts.constFirst().userInfo == content.constBegin()->toMap());
         }
         QVERIFY(!Tolvane::isTolvanePushNotification({{u"source"_s, value}}));
     }
 
     void callsFromOtherThreadsArriveInOrder()
     {
-        Scene scene;
+        FacadeFixture fixture;
         const std::unique_ptr<QThread> thread(QThread::create([] {
             Tolvane::initialize(u"key"_s);
             Tolvane::open();
@@ -392,17 +392,17 @@ private Q_SLOTS:
         }));
         thread->start();
         thread->wait();
-        QVERIFY(scene.delegate->events.isEmpty());
+        QVERIFY(fixture.delegate->events.isEmpty());
         settle();
-        QCOMPARE(scene.delegate->names().first(3),
+        QCOMPARE(fixture.delegate->names().first(3),
                  QStringList({Event::Lifecycle::sdkInitialized, Event::Chat::opened,
                               Event::Notifications::pushTapped}));
-        QCOMPARE(scene.texts().filter(u"off the main thread"_s).size(), 1);
+        QCOMPARE(fixture.texts().filter(u"off the main thread"_s).size(), 1);
     }
 
     void delegatesMayMisbehave()
     {
-        Scene scene;
+        FacadeFixture fixture;
         const auto throwing = std::make_shared<ThrowingDelegate>();
         Tolvane::setAnalyticsDelegate(throwing);
         QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"host"_s));
@@ -417,15 +417,15 @@ private Q_SLOTS:
         Tolvane::open();
         QVERIFY(!self);
 
-        Tolvane::setAnalyticsDelegate(scene.delegate); // It gets no past events.
-        QVERIFY(scene.delegate->events.isEmpty());
+        Tolvane::setAnalyticsDelegate(fixture.delegate); // It gets no past events.
+        QVERIFY(fixture.delegate->events.isEmpty());
         QCOMPARE(
-            scene.texts().filter(u"Analytics delegate set: "_s),
+            fixture.texts().filter(u"Analytics delegate set: "_s),
             QStringList({u"Analytics delegate set: enabled"_s, u"Analytics delegate set: enabled"_s,
                          u"Analytics delegate set: disabled"_s,
                          u"Analytics delegate set: enabled"_s}));
-        std::weak_ptr<TolvaneAnalyticsDelegate> weak = scene.delegate;
-        scene.delegate.reset();
+        std::weak_ptr<TolvaneAnalyticsDelegate> weak = fixture.delegate;
+        fixture.delegate.reset();
         QVERIFY(weak.expired()); // The library holds it weakly.
         Tolvane::open();
     }
@@ -449,24 +449,24 @@ private Q_SLOTS:
         QFETCH(const QString, domain);
         QFETCH(const QString, description);
         QFETCH(const QString, event);
-        Scene scene;
-        scene.bundle->version = u"3.1"_s;
+        FacadeFixture fixture;
+        fixture.bundle->version = u"3.1"_s;
         auto &manager = TolvaneAnalyticsManager::shared();
         manager.trackError({}, {{u"k"_s, 1}}, Error(domain, 7, description));
-        QCOMPARE(scene.delegate->names(), QStringList{event});
-        const QVariantMap properties = scene.delegate->properties(event);
+        QCOMPARE(fixture.delegate->names(), QStringList{event});
+        const QVariantMap properties = fixture.delegate->properties(event);
         QCOMPARE(properties.value(u"error_message"_s), description);
         QCOMPARE(properties.value(u"error_code"_s), 7);
         QCOMPARE(properties.value(u"k"_s), 1);
         QVERIFY(!properties.contains(u"error_context"_s));
 
         manager.setEnabled(false);
-        scene.forget();
+        fixture.forget();
         manager.trackUserAction(u"a"_s, u"s"_s, {});
-        QVERIFY(scene.delegate->events.isEmpty() && scene.log->lines.isEmpty());
+        QVERIFY(fixture.delegate->events.isEmpty() && fixture.log->lines.isEmpty());
         manager.setEnabled(true);
         manager.trackUserAction(u"a"_s, u"s"_s, {});
-        QCOMPARE(scene.delegate->properties(u"user_action"_s).value(u"screen_name"_s), u"s"_s);
+        QCOMPARE(fixture.delegate->properties(u"user_action"_s).value(u"screen_name"_s), u"s"_s);
     }
 
     void environmentsHaveNames()

@@ -64,9 +64,9 @@ std::optional<Broadcast> expectedOf(const QVariantMap &payload)
 }
 
 /// A library with an API key, and a backend with one ticket.
-struct Scene : Fixture
+struct PushFixture : Fixture
 {
-    Scene()
+    PushFixture()
     {
         setKey();
         session->handler = [this](const UrlRequest &) { return answer(ticket); };
@@ -86,7 +86,7 @@ struct Scene : Fixture
     const TicketDto ticket = makeTicket({makeMessage(u"m1"_s)});
 };
 
-void reactTo(const Broadcast &broadcast, Scene &scene)
+void reactTo(const Broadcast &broadcast, PushFixture &fixture)
 {
     const auto store = std::make_shared<TicketData>(makePreview());
     detach(store->fetchTicket());
@@ -101,30 +101,30 @@ void reactTo(const Broadcast &broadcast, Scene &scene)
     for (const MessageDto &message : store->ticket()->messages)
         ids += message.id;
     require(ids.size() == store->ticket()->messages.size(), "no message appears twice");
-    require(ids.size() <= scene.ticket.messages.size() + 1, "a push adds at most one message");
-    require(store->ticketId() == scene.ticket.id, "a push does not change the conversation");
+    require(ids.size() <= fixture.ticket.messages.size() + 1, "a push adds at most one message");
+    require(store->ticketId() == fixture.ticket.id, "a push does not change the conversation");
 }
 
 } // namespace
 
 void pushes(Input input)
 {
-    static auto &scene = *new Scene;
+    static auto &fixture = *new PushFixture;
     const int form = input.byte();
     const QVariantMap payload = payloadOf(form, input.rest());
     const auto expected = expectedOf(payload);
     pushrouting::willPresent(payload);
-    require(scene.broadcasts.isEmpty(), "nothing is broadcast while the messenger is closed");
+    require(fixture.broadcasts.isEmpty(), "nothing is broadcast while the messenger is closed");
     pushrouting::handle(payload);
-    require(scene.broadcasts.size() == (expected ? 1 : 0), "a push of ours is broadcast once");
+    require(fixture.broadcasts.size() == (expected ? 1 : 0), "a push of ours is broadcast once");
     if (expected) {
-        require(scene.broadcasts.constFirst().name == expected->name,
+        require(fixture.broadcasts.constFirst().name == expected->name,
                 "the broadcast has the right name");
-        require(form & isDeep || scene.broadcasts.constFirst().userInfo == expected->userInfo,
+        require(form & isDeep || fixture.broadcasts.constFirst().userInfo == expected->userInfo,
                 "the payload is unchanged");
-        reactTo(*expected, scene);
+        reactTo(*expected, fixture);
     }
-    scene.forget();
+    fixture.forget();
 }
 
 } // namespace tolvane::fuzz

@@ -25,9 +25,9 @@ const QString question = u"Where is my parcel? 📦"_s;
 const AttachmentDto label = {u"label.png"_s, u"image/png"_s, QByteArray(20'000, '\1')};
 
 /// A host on the real network that reaches the backend through the proxy.
-struct Scene : Fixture
+struct FaultFixture : Fixture
 {
-    explicit Scene(const BackendProgram &backend)
+    explicit FaultFixture(const BackendProgram &backend)
         : proxy(backend.port())
     {
         setKey();
@@ -39,7 +39,7 @@ struct Scene : Fixture
         persistentstore::setCustomerId(u"customer-%1"_s.arg(customers++));
         ticket->setNewTicket(true);
     }
-    ~Scene() { platform().urlSession.swap(scripted); }
+    ~FaultFixture() { platform().urlSession.swap(scripted); }
 
     /// Runs an operation to its end.
     void run(QCoro::Task<> task)
@@ -112,28 +112,33 @@ struct Operation
     QByteArray method;
     QByteArray path;
     bool sends;
-    QCoro::Task<> (*run)(Scene &scene);
+    QCoro::Task<> (*run)(FaultFixture &fixture);
     /// "DOMAIN CODE" of its error; empty on success.
-    QString (*failure)(const Scene &scene);
+    QString (*failure)(const FaultFixture &fixture);
 };
 
 const Operation operations[] = {
     {"settings", "GET", "/api/settings", false,
-     [](Scene &) { return SdkData::shared()->fetchSettings(); },
-     [](const Scene &scene) {
-         return SdkData::shared()->settingsDidLoad() ? QString() : scene.reported();
+     [](FaultFixture &) { return SdkData::shared()->fetchSettings(); },
+     [](const FaultFixture &fixture) {
+         return SdkData::shared()->settingsDidLoad() ? QString() : fixture.reported();
      }},
-    {"tickets", "GET", "/api/tickets", false, [](Scene &scene) { return scene.tickets->load(); },
-     [](const Scene &scene) { return Scene::nameOf(scene.tickets->state().failure()); }},
+    {"tickets", "GET", "/api/tickets", false,
+     [](FaultFixture &fixture) { return fixture.tickets->load(); },
+     [](const FaultFixture &fixture) {
+         return FaultFixture::nameOf(fixture.tickets->state().failure());
+     }},
     {"ticket", "GET", "/api/ticket/", false,
-     [](Scene &scene) { return scene.ticket->fetchTicket(); },
-     [](const Scene &scene) { return Scene::nameOf(scene.ticket->fetchError()); }},
+     [](FaultFixture &fixture) { return fixture.ticket->fetchTicket(); },
+     [](const FaultFixture &fixture) {
+         return FaultFixture::nameOf(fixture.ticket->fetchError());
+     }},
     {"create", "POST", "/api/ticket/create", true,
-     [](Scene &scene) { return scene.ticket->createTicket(); },
-     [](const Scene &scene) { return Scene::nameOf(scene.ticket->sendError()); }},
+     [](FaultFixture &fixture) { return fixture.ticket->createTicket(); },
+     [](const FaultFixture &fixture) { return FaultFixture::nameOf(fixture.ticket->sendError()); }},
     {"message", "POST", "/api/ticket/", true,
-     [](Scene &scene) { return scene.ticket->sendMessage(); },
-     [](const Scene &scene) { return Scene::nameOf(scene.ticket->sendError()); }},
+     [](FaultFixture &fixture) { return fixture.ticket->sendMessage(); },
+     [](const FaultFixture &fixture) { return FaultFixture::nameOf(fixture.ticket->sendError()); }},
 };
 
 struct Expectation
@@ -183,76 +188,76 @@ private Q_SLOTS:
         QFETCH(const Operation *, operation);
         QFETCH(const Expectation *, expected);
         const QString failure = QLatin1String(expected->failure);
-        Scene scene(m_backend);
+        FaultFixture fixture(m_backend);
         if (operation->path != "/api/ticket/create")
-            scene.begin();
-        scene.compose();
-        scene.delegate->events.clear();
-        scene.proxy.forgetRequests();
-        failTheNext(scene, *operation, *expected->fault);
+            fixture.begin();
+        fixture.compose();
+        fixture.delegate->events.clear();
+        fixture.proxy.forgetRequests();
+        failTheNext(fixture, *operation, *expected->fault);
 
-        scene.network->timeout = expected->timeout;
-        scene.run(operation->run(scene));
-        scene.network->timeout = 60s;
-        QCOMPARE(operation->failure(scene), failure);
-        QCOMPARE(count(scene, *operation), 1); // No request is repeated automatically.
+        fixture.network->timeout = expected->timeout;
+        fixture.run(operation->run(fixture));
+        fixture.network->timeout = 60s;
+        QCOMPARE(operation->failure(fixture), failure);
+        QCOMPARE(count(fixture, *operation), 1); // No request is repeated automatically.
         const bool isSent = operation->sends && failure.isEmpty();
-        QCOMPARE(scene.ticket->message(), isSent ? QString() : question);
-        QCOMPARE(scene.ticket->attachments(), isSent ? QList<AttachmentDto>() : QList{label});
-        QCOMPARE(scene.ticket->isSendDisabled(), isSent);
+        QCOMPARE(fixture.ticket->message(), isSent ? QString() : question);
+        QCOMPARE(fixture.ticket->attachments(), isSent ? QList<AttachmentDto>() : QList{label});
+        QCOMPARE(fixture.ticket->isSendDisabled(), isSent);
 
         if (!failure.isEmpty())
-            scene.run(operation->run(scene));
-        QCOMPARE(operation->failure(scene), QString());
-        QCOMPARE(scene.ticket->message().isEmpty(), operation->sends);
+            fixture.run(operation->run(fixture));
+        QCOMPARE(operation->failure(fixture), QString());
+        QCOMPARE(fixture.ticket->message().isEmpty(), operation->sends);
 
         // The backend has handled a request whose answer was lost, but the host cannot know.
         const bool isDuplicated = !failure.isEmpty() && expected->fault->reachesBackend;
-        QCOMPARE(questionsAtBackend(scene), operation->sends ? 1 + isDuplicated : 0);
+        QCOMPARE(questionsAtBackend(fixture), operation->sends ? 1 + isDuplicated : 0);
     }
 
     void answersArriveOutOfOrder()
     {
-        Scene scene(m_backend);
-        scene.begin();
-        failTheNext(scene, operations[2], faults::delayed);
+        FaultFixture fixture(m_backend);
+        fixture.begin();
+        failTheNext(fixture, operations[2], faults::delayed);
         QStringList order;
         const auto note = [&order](const QString &name) {
             return [&order, name] { order += name; };
         };
-        connect(scene.ticket.get(), &TicketData::changed, this, [&] {
-            if (!scene.ticket->isFetchingTicket())
+        connect(fixture.ticket.get(), &TicketData::changed, this, [&] {
+            if (!fixture.ticket->isFetchingTicket())
                 order += u"ticket"_s;
         });
-        connect(scene.tickets.get(), &TicketsData::changed, this, note(u"tickets"_s));
-        detach(scene.ticket->fetchTicket());
-        scene.run(scene.tickets->silentReload());
+        connect(fixture.tickets.get(), &TicketsData::changed, this, note(u"tickets"_s));
+        detach(fixture.ticket->fetchTicket());
+        fixture.run(fixture.tickets->silentReload());
         QTRY_COMPARE(order, QStringList({u"tickets"_s, u"ticket"_s}));
-        QCOMPARE(scene.ticket->state().value()->messages.size(), 1);
-        QCOMPARE(scene.tickets->state().value()->constFirst().id, scene.ticket->ticketId());
+        QCOMPARE(fixture.ticket->state().value()->messages.size(), 1);
+        QCOMPARE(fixture.tickets->state().value()->constFirst().id, fixture.ticket->ticketId());
     }
 
     void theBackendRestarts()
     {
         QTemporaryDir folder;
         auto backend = std::make_unique<BackendProgram>(folder.path(), u"3600"_s);
-        Scene scene(*backend);
-        scene.begin();
+        FaultFixture fixture(*backend);
+        fixture.begin();
         backend->kill();
-        scene.compose();
-        scene.run(scene.ticket->sendMessage());
-        QCOMPARE(Scene::nameOf(scene.ticket->sendError()), u"NSURLErrorDomain -1005"_s);
-        scene.environment[u"TOLVANE_API_URL"_s] = backend->url(); // No proxy: nobody listens.
-        scene.run(scene.ticket->sendMessage());
-        QCOMPARE(Scene::nameOf(scene.ticket->sendError()), u"NSURLErrorDomain -1004"_s);
-        QCOMPARE(scene.ticket->message(), question);
+        fixture.compose();
+        fixture.run(fixture.ticket->sendMessage());
+        QCOMPARE(FaultFixture::nameOf(fixture.ticket->sendError()), u"NSURLErrorDomain -1005"_s);
+        fixture.environment[u"TOLVANE_API_URL"_s] = backend->url(); // No proxy: nobody listens.
+        fixture.run(fixture.ticket->sendMessage());
+        QCOMPARE(FaultFixture::nameOf(fixture.ticket->sendError()), u"NSURLErrorDomain -1004"_s);
+        QCOMPARE(fixture.ticket->message(), question);
 
         backend.reset();
         backend = std::make_unique<BackendProgram>(folder.path(), u"3600"_s);
-        scene.environment[u"TOLVANE_API_URL"_s] = backend->url();
-        scene.run(scene.ticket->sendMessage());
-        QVERIFY(!scene.ticket->sendError());
-        QCOMPARE(questionsAtBackend(scene), 1);
+        fixture.environment[u"TOLVANE_API_URL"_s] = backend->url();
+        fixture.run(fixture.ticket->sendMessage());
+        QVERIFY(!fixture.ticket->sendError());
+        QCOMPARE(questionsAtBackend(fixture), 1);
     }
 
 private:
@@ -261,10 +266,10 @@ private:
         return request.method == operation.method && request.target.startsWith(operation.path);
     }
 
-    static void failTheNext(Scene &scene, const Operation &operation, const Fault &fault)
+    static void failTheNext(FaultFixture &fixture, const Operation &operation, const Fault &fault)
     {
-        scene.proxy.faultFor = [&operation, &fault, isDone = false](
-                                   const ServedRequest &request) mutable -> const Fault & {
+        fixture.proxy.faultFor = [&operation, &fault, isDone = false](
+                                     const ServedRequest &request) mutable -> const Fault & {
             if (isDone || !isOf(operation, request))
                 return faults::none;
             isDone = true;
@@ -272,24 +277,24 @@ private:
         };
     }
 
-    static qsizetype count(const Scene &scene, const Operation &operation)
+    static qsizetype count(const FaultFixture &fixture, const Operation &operation)
     {
-        return std::ranges::count_if(scene.proxy.requests(), [&](const ServedRequest &request) {
+        return std::ranges::count_if(fixture.proxy.requests(), [&](const ServedRequest &request) {
             return isOf(operation, request);
         });
     }
 
     /// How often the backend has the question, each time with its picture.
-    static int questionsAtBackend(Scene &scene)
+    static int questionsAtBackend(FaultFixture &fixture)
     {
         int questions = 0;
-        scene.run(scene.tickets->load());
-        if (scene.tickets->state().failure())
+        fixture.run(fixture.tickets->load());
+        if (fixture.tickets->state().failure())
             return -1;
-        const auto list = scene.tickets->state().value().value_or(QList<TicketPreviewDto>());
+        const auto list = fixture.tickets->state().value().value_or(QList<TicketPreviewDto>());
         for (const TicketPreviewDto &preview : list) {
             const auto ticket = std::make_shared<TicketData>(preview);
-            scene.run(ticket->fetchTicket());
+            fixture.run(ticket->fetchTicket());
             const QList<MessageDto> messages = ticket->ticket()->messages;
             for (const MessageDto &message : messages)
                 questions += message.content == question && message.attachments->size() == 1;

@@ -32,7 +32,7 @@ UrlResponse response(const QByteArray &body, int status = 200)
             .body = body};
 }
 
-struct Scene
+struct UrlCacheFixture
 {
     std::unique_ptr<UrlCache> cache(qint64 memory = mebibyte, qint64 disk = 100 * mebibyte) const
     {
@@ -88,33 +88,33 @@ class UrlCacheTest final : public QObject
 private Q_SLOTS:
     void responsesPersist()
     {
-        const Scene scene;
-        scene.cache()->store(response("page", 404), request());
-        const auto kept = scene.cache()->cachedResponse(request());
+        const UrlCacheFixture fixture;
+        fixture.cache()->store(response("page", 404), request());
+        const auto kept = fixture.cache()->cachedResponse(request());
         QVERIFY(kept);
         QCOMPARE(kept->status, 404);
         QCOMPARE(kept->body, "page");
         QCOMPARE(kept->header("etag"), "\"x\"");
-        QVERIFY(!scene.cache()->cachedResponse(request(u"other"_s)));
-        scene.cache()->store(response("newer"), request());
-        QCOMPARE(scene.cache()->cachedResponse(request())->body, "newer");
-        QCOMPARE(scene.files().size(), 1);
-        QCOMPARE(QFileInfo(scene.path).permissions() &
+        QVERIFY(!fixture.cache()->cachedResponse(request(u"other"_s)));
+        fixture.cache()->store(response("newer"), request());
+        QCOMPARE(fixture.cache()->cachedResponse(request())->body, "newer");
+        QCOMPARE(fixture.files().size(), 1);
+        QCOMPARE(QFileInfo(fixture.path).permissions() &
                      ~(QFile::ReadUser | QFile::WriteUser | QFile::ExeUser),
                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
     void quickLookupsSkipLargeFiles()
     {
-        const Scene scene;
+        const UrlCacheFixture fixture;
         const QByteArray large(2 * mebibyte, 'x');
         {
-            const auto cache = scene.cache(10 * mebibyte);
+            const auto cache = fixture.cache(10 * mebibyte);
             cache->store(response(large), request(u"large"_s));
             cache->store(response("small"), request(u"small"_s));
             QVERIFY(cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
         }
-        const auto cache = scene.cache(10 * mebibyte);
+        const auto cache = fixture.cache(10 * mebibyte);
         QVERIFY(cache->cachedResponse(request(u"small"_s), UrlCache::Look::quick));
         QVERIFY(!cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
         QCOMPARE(cache->cachedResponse(request(u"large"_s))->body, large);
@@ -123,19 +123,19 @@ private Q_SLOTS:
 
     void bothLevelsAreBounded()
     {
-        const Scene scene;
-        const auto cache = scene.cache(mebibyte, 3 * mebibyte);
+        const UrlCacheFixture fixture;
+        const auto cache = fixture.cache(mebibyte, 3 * mebibyte);
         for (int i = 0; i < 10; ++i) {
             const QByteArray body(700'000, char('a' + i));
             cache->store(response(body), request(QString::number(i)));
             QCOMPARE(cache->cachedResponse(request(QString::number(i)))->body, body);
         }
         // Old entries are evicted before the next one is written.
-        QVERIFY(scene.sizeOnDisk() <= 3 * mebibyte + 710'000);
+        QVERIFY(fixture.sizeOnDisk() <= 3 * mebibyte + 710'000);
         QVERIFY(!cache->cachedResponse(request(u"0"_s)));
         QVERIFY(cache->cachedResponse(request(u"8"_s))); // From disk: memory holds only one.
         cache->store(response(QByteArray(4 * mebibyte, 'x')), request(u"too large"_s));
-        QVERIFY(scene.sizeOnDisk() <= 3 * mebibyte + 710'000);
+        QVERIFY(fixture.sizeOnDisk() <= 3 * mebibyte + 710'000);
     }
 
     void damagedEntriesAreMisses_data()
@@ -166,17 +166,17 @@ private Q_SLOTS:
     void damagedEntriesAreMisses()
     {
         QFETCH(const Damage, damage);
-        const Scene scene;
-        scene.cache()->store(response("the picture's bytes"), request());
-        QFile file(scene.files().constFirst());
+        const UrlCacheFixture fixture;
+        fixture.cache()->store(response("the picture's bytes"), request());
+        QFile file(fixture.files().constFirst());
         QVERIFY(file.open(QIODevice::ReadWrite));
         damage(file);
         file.close();
-        const auto cache = scene.cache();
+        const auto cache = fixture.cache();
         QVERIFY(!cache->cachedResponse(request(), UrlCache::Look::quick));
         QVERIFY(!cache->cachedResponse(request()));
         cache->store(response("anew"), request());
-        QCOMPARE(scene.cache()->cachedResponse(request())->body, "anew");
+        QCOMPARE(fixture.cache()->cachedResponse(request())->body, "anew");
     }
 
     void memoryWorksWithoutADisk_data()
@@ -189,34 +189,34 @@ private Q_SLOTS:
     void memoryWorksWithoutADisk()
     {
         QFETCH(const bool, isFull);
-        const Scene scene;
+        const UrlCacheFixture fixture;
         const QByteArray body(500'000, 'x');
         std::optional<FullDisk> full;
         if (isFull) {
             full.emplace(100'000);
         } else {
-            QFile file(scene.folder.filePath(u"below"_s)); // In the folder's place.
+            QFile file(fixture.folder.filePath(u"below"_s)); // In the folder's place.
             QVERIFY(file.open(QIODevice::WriteOnly));
         }
-        const auto cache = scene.cache();
+        const auto cache = fixture.cache();
         cache->store(response(body), request());
         QCOMPARE(cache->cachedResponse(request())->body, body);
         full.reset();
-        QVERIFY(!scene.cache()->cachedResponse(request()));
-        QVERIFY(scene.files().isEmpty());
+        QVERIFY(!fixture.cache()->cachedResponse(request()));
+        QVERIFY(fixture.files().isEmpty());
         if (isFull) {
             cache->store(response(body), request());
-            QVERIFY(scene.cache()->cachedResponse(request()));
+            QVERIFY(fixture.cache()->cachedResponse(request()));
         }
     }
 
     void severalCachesShareAFolder()
     {
-        const Scene scene;
+        const UrlCacheFixture fixture;
         std::atomic<int> wrong = 0;
         std::atomic<int> seen = 0;
         const auto work = [&](int seed) {
-            const auto cache = scene.cache(0); // Nothing stays in memory.
+            const auto cache = fixture.cache(0); // Nothing stays in memory.
             for (int i = 0; i < 60; ++i) {
                 const QString name = QString::number(i % 4);
                 cache->store(response(QByteArray(20'000 + seed, char('a' + i % 4))), request(name));
@@ -234,7 +234,7 @@ private Q_SLOTS:
         QCOMPARE(wrong.load(), 0);
         QVERIFY(seen > 0);
         for (int i = 0; i < 4; ++i)
-            QVERIFY(scene.cache()->cachedResponse(request(QString::number(i))));
+            QVERIFY(fixture.cache()->cachedResponse(request(QString::number(i))));
     }
 };
 

@@ -14,9 +14,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-struct Scene
+struct UrlSessionFixture
 {
-    Scene() { answerWith(fine); }
+    UrlSessionFixture() { answerWith(fine); }
 
     /// Waits for the response to a request. A UrlError becomes a response whose status is its code.
     UrlResponse fetch(const UrlRequest &request)
@@ -69,12 +69,12 @@ class UrlSessionTest : public QObject
 private Q_SLOTS:
     void anonymousRequestsSendNoCredentials()
     {
-        Scene scene;
+        UrlSessionFixture fixture;
         ScriptedServer elsewhere;
         elsewhere.handler = [](const ServedRequest &, QTcpSocket &socket) {
             socket.write(ScriptedServer::response(200, "there", {"Set-Cookie: id=1"}));
         };
-        scene.server.handler = [&](const ServedRequest &request, QTcpSocket &socket) {
+        fixture.server.handler = [&](const ServedRequest &request, QTcpSocket &socket) {
             const QByteArray target = elsewhere.url(u"/b"_s).toLatin1().replace("//", "//u:p@");
             socket.write(request.target == "/a"
                              ? ScriptedServer::response(302, "", {"Location: " + target})
@@ -84,45 +84,45 @@ private Q_SLOTS:
         UrlRequest request;
         request.isAnonymous = true;
         for (const QString &path : {u"/a"_s, u"/c"_s, u"/c"_s}) {
-            request.url = QUrl(scene.server.url(path).replace(u"//"_s, u"//me:pw@"_s));
-            QCOMPARE(scene.fetch(request).status, path == u"/a"_s ? 200 : 401);
+            request.url = QUrl(fixture.server.url(path).replace(u"//"_s, u"//me:pw@"_s));
+            QCOMPARE(fixture.fetch(request).status, path == u"/a"_s ? 200 : 401);
         }
         QCOMPARE(elsewhere.requests.size(), 1);
-        for (const ServedRequest &served : scene.server.requests + elsewhere.requests) {
+        for (const ServedRequest &served : fixture.server.requests + elsewhere.requests) {
             for (const char *name : {"authorization", "x-tolvane-customer", "cookie"})
                 QVERIFY(served.header(name).isEmpty());
         }
         request.isAnonymous = false;
-        request.url = QUrl(scene.server.url(u"/a"_s));
-        QCOMPARE(scene.fetch(request).status, 302); // Other requests do not follow it.
+        request.url = QUrl(fixture.server.url(u"/a"_s));
+        QCOMPARE(fixture.fetch(request).status, 302); // Other requests do not follow it.
     }
 
     void anonymousRequestsDoNotBlockOthers()
     {
-        Scene scene;
-        scene.server.handler = [](const ServedRequest &request, QTcpSocket &socket) {
+        UrlSessionFixture fixture;
+        fixture.server.handler = [](const ServedRequest &request, QTcpSocket &socket) {
             if (request.target == "/drip") // One byte, and then nothing.
                 socket.write("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nx");
             else
-                socket.write(Scene::fine);
+                socket.write(UrlSessionFixture::fine);
         };
         UrlRequest dripping;
-        dripping.url = QUrl(scene.server.url(u"/drip"_s));
+        dripping.url = QUrl(fixture.server.url(u"/drip"_s));
         dripping.isAnonymous = true;
         for (int i = 0; i < 20; ++i)
-            scene.session->data(dripping);
-        QCOMPARE(scene.fetch(scene.request()).body, "fine");
+            fixture.session->data(dripping);
+        QCOMPARE(fixture.fetch(fixture.request()).body, "fine");
     }
 
     void bodiesAreBounded()
     {
-        Scene scene;
-        scene.answerWith(ScriptedServer::response(200, QByteArray(3000, 'x')));
-        UrlRequest request = scene.request();
+        UrlSessionFixture fixture;
+        fixture.answerWith(ScriptedServer::response(200, QByteArray(3000, 'x')));
+        UrlRequest request = fixture.request();
         request.maximumBodySize = 2999;
-        QCOMPARE(scene.fetch(request).status, UrlError::dataLengthExceedsMaximum);
+        QCOMPARE(fixture.fetch(request).status, UrlError::dataLengthExceedsMaximum);
         request.maximumBodySize = 3000;
-        const QByteArray body = scene.fetch(request).body;
+        const QByteArray body = fixture.fetch(request).body;
         QCOMPARE(body.size(), 3000);
         QVERIFY(body.capacity() < 6000); // The capacity of the read buffer is released.
     }
@@ -143,41 +143,41 @@ private Q_SLOTS:
         for (const char *way : {"reset", "closed", "reset half-way", "reset, kept alive",
                                 "closed, kept alive", "reset half-way, kept alive"}) {
             const QByteArrayView view(way);
-            Scene scene;
-            QVERIFY(!view.endsWith("kept alive") || scene.stillWorks());
-            scene.server.requests.clear();
-            scene.server.handler = [view](const ServedRequest &, QTcpSocket &socket) {
+            UrlSessionFixture fixture;
+            QVERIFY(!view.endsWith("kept alive") || fixture.stillWorks());
+            fixture.server.requests.clear();
+            fixture.server.handler = [view](const ServedRequest &, QTcpSocket &socket) {
                 if (view.contains("half-way"))
-                    socket.write(Scene::fine.chopped(2));
+                    socket.write(UrlSessionFixture::fine.chopped(2));
                 if (view.startsWith("closed"))
                     socket.disconnectFromHost();
                 else
                     ScriptedServer::reset(socket);
             };
-            const int error = scene.fetch(scene.request(u"/"_s, method, body)).status;
+            const int error = fixture.fetch(fixture.request(u"/"_s, method, body)).status;
             QVERIFY2(error == UrlError::networkConnectionLost, way);
             // A repeated request would arrive before the next one.
-            QVERIFY2(scene.stillWorks() && scene.server.requests.size() == 2, way);
-            QCOMPARE(scene.server.requests.constFirst().method, method);
-            QCOMPARE(scene.server.requests.constFirst().body, body);
+            QVERIFY2(fixture.stillWorks() && fixture.server.requests.size() == 2, way);
+            QCOMPARE(fixture.server.requests.constFirst().method, method);
+            QCOMPARE(fixture.server.requests.constFirst().body, body);
         }
     }
 
     void anyStatusIsAResponse()
     {
-        Scene scene;
+        UrlSessionFixture fixture;
         for (const int status : {200, 204, 302, 304, 400, 401, 404, 407, 418, 500, 503, 599, 600}) {
-            scene.server.requests.clear();
-            scene.answerWith(ScriptedServer::response(
+            fixture.server.requests.clear();
+            fixture.answerWith(ScriptedServer::response(
                 status, "body",
                 {"X-Tolvane-Customer: c1", "WWW-Authenticate: Basic realm=\"x\"",
                  "Proxy-Authenticate: Basic realm=\"x\"", "Retry-After: 0"}));
-            const UrlResponse response = scene.fetch(scene.request(u"/"_s, "POST", "x"));
+            const UrlResponse response = fixture.fetch(fixture.request(u"/"_s, "POST", "x"));
             QCOMPARE(response.status, status);
             QCOMPARE(response.body, status == 204 || status == 304 ? "" : "body");
             QCOMPARE(response.header("x-tolvane-CUSTOMER"), "c1");
             QVERIFY(!response.header("X-Tolvane"));
-            QCOMPARE(scene.server.requests.size(), 1);
+            QCOMPARE(fixture.server.requests.size(), 1);
         }
     }
 
@@ -207,7 +207,7 @@ private Q_SLOTS:
         QFETCH(QString, url);
         QFETCH(const QByteArray, answer);
         QFETCH(const int, code);
-        Scene scene;
+        UrlSessionFixture fixture;
         QTcpServer server; // Sends plain bytes to any client, also to TLS clients.
         QVERIFY(server.listen(QHostAddress::LocalHost));
         connect(&server, &QTcpServer::newConnection, &server, [&] {
@@ -220,44 +220,44 @@ private Q_SLOTS:
             });
         });
         url.replace(u"SERVER"_s, QString::number(server.serverPort()));
-        url.replace(u"NOBODY"_s, QString::number(scene.server.serverPort()));
-        scene.server.close();
+        url.replace(u"NOBODY"_s, QString::number(fixture.server.serverPort()));
+        fixture.server.close();
         UrlRequest request;
         request.url = QUrl(url);
-        QCOMPARE(scene.fetch(request).status, code);
+        QCOMPARE(fixture.fetch(request).status, code);
     }
 
     void rejectsHeadersWithLineEnds()
     {
-        Scene scene;
+        UrlSessionFixture fixture;
         for (const QByteArray &value :
              {QByteArray("a\r\nX: y"), QByteArray("a\nX: y"), QByteArray("a\0b", 3)}) {
-            UrlRequest request = scene.request();
+            UrlRequest request = fixture.request();
             request.headers.emplaceBack("X-Tolvane-Customer", value);
-            QCOMPARE(scene.fetch(request).status, UrlError::badURL);
+            QCOMPARE(fixture.fetch(request).status, UrlError::badURL);
         }
-        QVERIFY(scene.server.requests.isEmpty());
+        QVERIFY(fixture.server.requests.isEmpty());
     }
 
     void timesOutOnlyWhenIdle()
     {
         for (const bool drips : {false, true}) {
-            Scene scene;
+            UrlSessionFixture fixture;
             QTimer timer;
-            qsizetype written = Scene::fine.size() - 4;
-            scene.server.handler = [&](const ServedRequest &, QTcpSocket &socket) {
-                socket.write(Scene::fine.first(written));
+            qsizetype written = UrlSessionFixture::fine.size() - 4;
+            fixture.server.handler = [&](const ServedRequest &, QTcpSocket &socket) {
+                socket.write(UrlSessionFixture::fine.first(written));
                 connect(&timer, &QTimer::timeout, &socket,
-                        [&] { socket.write(Scene::fine.mid(written++, 1)); });
+                        [&] { socket.write(UrlSessionFixture::fine.mid(written++, 1)); });
             };
-            UrlRequest request = scene.request();
+            UrlRequest request = fixture.request();
             request.timeout = 1000ms;
             if (drips)
                 timer.start(300ms);
-            const UrlResponse response = scene.fetch(request);
+            const UrlResponse response = fixture.fetch(request);
             QCOMPARE(response.status, drips ? 200 : UrlError::timedOut);
             QCOMPARE(response.body, drips ? "fine" : "");
-            QVERIFY(scene.stillWorks());
+            QVERIFY(fixture.stillWorks());
         }
     }
 
@@ -265,16 +265,16 @@ private Q_SLOTS:
     {
         for (const QByteArray &method : {QByteArray("GET"), QByteArray("POST")}) {
             for (const int status : {301, 302, 303, 307, 308}) {
-                Scene scene;
+                UrlSessionFixture fixture;
                 const QByteArray moved =
                     ScriptedServer::response(status, "moved", {"Location: ../c?d=%2B"});
-                scene.server.handler = [&](const ServedRequest &request, QTcpSocket &socket) {
-                    socket.write(request.target == "/a/b?q" ? moved : Scene::fine);
+                fixture.server.handler = [&](const ServedRequest &request, QTcpSocket &socket) {
+                    socket.write(request.target == "/a/b?q" ? moved : UrlSessionFixture::fine);
                 };
-                const UrlRequest request = scene.request(u"/a/b?q"_s, method, "hello");
-                QCOMPARE(scene.fetch(request).body, "fine");
-                QCOMPARE(scene.server.requests.size(), 2);
-                const ServedRequest &second = scene.server.requests.constLast();
+                const UrlRequest request = fixture.request(u"/a/b?q"_s, method, "hello");
+                QCOMPARE(fixture.fetch(request).body, "fine");
+                QCOMPARE(fixture.server.requests.size(), 2);
+                const ServedRequest &second = fixture.server.requests.constLast();
                 const bool isTheSame = method == "GET" || status >= 307;
                 QCOMPARE(second.target, "/c?d=%2B");
                 QCOMPARE(second.method, isTheSame ? method : "GET");
@@ -287,31 +287,31 @@ private Q_SLOTS:
 
     void followsNoOtherAndNoEndlessRedirects()
     {
-        Scene scene;
-        Scene other;
-        const QString here = QString::number(scene.server.serverPort());
+        UrlSessionFixture fixture;
+        UrlSessionFixture other;
+        const QString here = QString::number(fixture.server.serverPort());
         const QString there = QString::number(other.server.serverPort());
         for (const QString &location :
              {u"http://127.0.0.1:"_s + there, u"//127.0.0.1:"_s + there,
               u"http://localhost:"_s + here, u"https://127.0.0.1:"_s + here,
               u"http://127.0.0.1:"_s + here + u"@localhost:"_s + there, u"file:///etc/hostname"_s,
               u"http://["_s, QString()}) {
-            scene.answerWith(
+            fixture.answerWith(
                 ScriptedServer::response(307, "moved", {"Location: " + location.toUtf8()}));
-            QCOMPARE(scene.fetch(scene.request()).status, 307);
+            QCOMPARE(fixture.fetch(fixture.request()).status, 307);
         }
-        QCOMPARE(scene.server.requests.size(), 8);
+        QCOMPARE(fixture.server.requests.size(), 8);
         QCOMPARE(other.server.connectionCount, 0);
-        scene.answerWith(ScriptedServer::response(302, "again", {"Location: /"}));
-        QCOMPARE(scene.fetch(scene.request()).status, 302);
-        QCOMPARE(scene.server.requests.size(), 8 + 17);
+        fixture.answerWith(ScriptedServer::response(302, "again", {"Location: /"}));
+        QCOMPARE(fixture.fetch(fixture.request()).status, 302);
+        QCOMPARE(fixture.server.requests.size(), 8 + 17);
     }
 
     void endlessResponsesAreAborted()
     {
         qint64 sent = 0;
-        Scene scene;
-        scene.server.handler = [&sent](const ServedRequest &, QTcpSocket &socket) {
+        UrlSessionFixture fixture;
+        fixture.server.handler = [&sent](const ServedRequest &, QTcpSocket &socket) {
             connect(&socket, &QTcpSocket::bytesWritten, &socket, [&sent, &socket] {
                 const QByteArray more(1 << 20, 'x');
                 if (socket.bytesToWrite() < more.size())
@@ -319,25 +319,25 @@ private Q_SLOTS:
             });
             socket.write("HTTP/1.1 200 OK\r\nContent-Length: 1099511627776\r\n\r\n");
         };
-        QCOMPARE(scene.fetch(scene.request()).status, UrlError::dataLengthExceedsMaximum);
+        QCOMPARE(fixture.fetch(fixture.request()).status, UrlError::dataLengthExceedsMaximum);
         QVERIFY2(sent < (160 << 20), qPrintable(QString::number(sent)));
-        QVERIFY(scene.stillWorks());
+        QVERIFY(fixture.stillWorks());
     }
 
     void compressedResponses()
     {
-        Scene scene;
+        UrlSessionFixture fixture;
         for (const int mebibytes : {0, 1, 40, 101}) {
             const QByteArray body(mebibytes << 20, 'x');
             // qCompress() puts four bytes before the compressed stream.
-            scene.answerWith(ScriptedServer::response(200, qCompress(body).sliced(4),
-                                                      {"Content-Encoding: deflate"}));
-            const UrlResponse response = scene.fetch(scene.request());
+            fixture.answerWith(ScriptedServer::response(200, qCompress(body).sliced(4),
+                                                        {"Content-Encoding: deflate"}));
+            const UrlResponse response = fixture.fetch(fixture.request());
             const bool isTooLarge = mebibytes > 100;
             QCOMPARE(response.status, isTooLarge ? UrlError::dataLengthExceedsMaximum : 200);
             QVERIFY(isTooLarge || response.body == body);
         }
-        QVERIFY(scene.stillWorks());
+        QVERIFY(fixture.stillWorks());
     }
 };
 

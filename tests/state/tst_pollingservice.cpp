@@ -27,9 +27,9 @@ MessageDto agent(const char *id, const QString &type = words::aiAgent)
 }
 
 /// A backend whose ticket is `messages`, or that throws while `failing` is set.
-struct Scene : Fixture
+struct PollingFixture : Fixture
 {
-    Scene()
+    PollingFixture()
     {
         setKey();
         session->handler = [this](const UrlRequest &) {
@@ -98,35 +98,35 @@ private Q_SLOTS:
     {
         QFETCH(const QString, senderType);
         QFETCH(const QString, trace);
-        Scene scene;
-        scene.start(1);
-        QCOMPARE(scene.polls(), 1);
-        QVERIFY(scene.broadcasts.isEmpty());
-        QCOMPARE(scene.active(), QStringList{ticketId});
+        PollingFixture fixture;
+        fixture.start(1);
+        QCOMPARE(fixture.polls(), 1);
+        QVERIFY(fixture.broadcasts.isEmpty());
+        QCOMPARE(fixture.active(), QStringList{ticketId});
 
-        scene.messages += makeMessage(u"m2"_s, senderType);
-        scene.clock->advance(1s);
-        QCOMPARE(scene.broadcastIds(), QStringList{u"m2"_s});
-        QCOMPARE(scene.lineCount(trace), 1);
-        QCOMPARE(scene.active(), QStringList());
-        scene.clock->advance(10s);
-        QCOMPARE(scene.polls(), 2);
-        QCOMPARE(scene.delegate->names(),
+        fixture.messages += makeMessage(u"m2"_s, senderType);
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.broadcastIds(), QStringList{u"m2"_s});
+        QCOMPARE(fixture.lineCount(trace), 1);
+        QCOMPARE(fixture.active(), QStringList());
+        fixture.clock->advance(10s);
+        QCOMPARE(fixture.polls(), 2);
+        QCOMPARE(fixture.delegate->names(),
                  QStringList({u"polling_started"_s, u"polling_stopped"_s}));
-        const QVariantMap stopped = scene.delegate->properties(u"polling_stopped"_s);
+        const QVariantMap stopped = fixture.delegate->properties(u"polling_stopped"_s);
         QCOMPARE(stopped.value(u"duration"_s).toDouble(), 1.0);
         QCOMPARE(stopped.value(u"reason"_s), u"manual_stop"_s);
     }
 
     void broadcastMirrorsTheMessage()
     {
-        Scene scene;
-        scene.start(0);
-        QCOMPARE(scene.broadcasts.size(), 1);
-        const Broadcast &broadcast = scene.broadcasts.constFirst();
+        PollingFixture fixture;
+        fixture.start(0);
+        QCOMPARE(fixture.broadcasts.size(), 1);
+        const Broadcast &broadcast = fixture.broadcasts.constFirst();
         QCOMPARE(broadcast.name, notifications::didReceiveMessage);
         QCOMPARE(tolvane::json::decode<MessageDto>(*broadcast.userInfo),
-                 scene.messages.constFirst());
+                 fixture.messages.constFirst());
         // Absent values are sent as nulls under their keys.
         const QVariantMap sender = broadcast.userInfo->value(u"sender"_s).toMap();
         QVERIFY(sender.contains(u"name"_s));
@@ -135,34 +135,34 @@ private Q_SLOTS:
 
     void onlyTheTailIsNew()
     {
-        Scene scene;
-        scene.messages = {customer("m1"), customer("m2"), customer("m3")};
-        scene.start(3);
+        PollingFixture fixture;
+        fixture.messages = {customer("m1"), customer("m2"), customer("m3")};
+        fixture.start(3);
         // A shorter list is ignored, and so are changes before the remembered count.
-        scene.messages = {agent("other")};
-        scene.clock->advance(1s);
-        scene.messages = {agent("a"), agent("b"), agent("c")};
-        scene.clock->advance(1s);
-        QVERIFY(scene.broadcasts.isEmpty());
-        scene.messages = {agent("a"), agent("b"), agent("c"), agent("d"), agent("e")};
-        scene.clock->advance(1s);
-        QCOMPARE(scene.broadcastIds(), QStringList({u"d"_s, u"e"_s}));
+        fixture.messages = {agent("other")};
+        fixture.clock->advance(1s);
+        fixture.messages = {agent("a"), agent("b"), agent("c")};
+        fixture.clock->advance(1s);
+        QVERIFY(fixture.broadcasts.isEmpty());
+        fixture.messages = {agent("a"), agent("b"), agent("c"), agent("d"), agent("e")};
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.broadcastIds(), QStringList({u"d"_s, u"e"_s}));
     }
 
     void timesOut()
     {
-        Scene scene;
-        scene.start(1);
-        scene.clock->advance(119s);
-        QCOMPARE(scene.polls(), 120);
-        QCOMPARE(scene.active(), QStringList{ticketId});
-        scene.clock->advance(1s); // Exactly 120 seconds: no further poll.
-        QCOMPARE(scene.polls(), 120);
-        QCOMPARE(scene.active(), QStringList());
-        QCOMPARE(scene.lineCount(u"Polling timeout reached for ticket: t1"_s), 1);
-        QCOMPARE(scene.delegate->names(),
+        PollingFixture fixture;
+        fixture.start(1);
+        fixture.clock->advance(119s);
+        QCOMPARE(fixture.polls(), 120);
+        QCOMPARE(fixture.active(), QStringList{ticketId});
+        fixture.clock->advance(1s); // Exactly 120 seconds: no further poll.
+        QCOMPARE(fixture.polls(), 120);
+        QCOMPARE(fixture.active(), QStringList());
+        QCOMPARE(fixture.lineCount(u"Polling timeout reached for ticket: t1"_s), 1);
+        QCOMPARE(fixture.delegate->names(),
                  QStringList({u"polling_started"_s, u"polling_stopped"_s, u"polling_timeout"_s}));
-        QCOMPARE(scene.delegate->properties(u"polling_timeout"_s)
+        QCOMPARE(fixture.delegate->properties(u"polling_timeout"_s)
                      .value(u"timeout_duration"_s)
                      .toDouble(),
                  120.0);
@@ -170,20 +170,20 @@ private Q_SLOTS:
 
     void backsOffAndGivesUp()
     {
-        Scene scene;
-        scene.failing = failWithNetworkError;
-        scene.start(1);
-        scene.clock->advance(100s);
-        QCOMPARE(scene.clock->requestedSleeps(), QList<double>({2, 4, 8, 16}));
-        QCOMPARE(scene.polls(), 5);
-        QCOMPARE(scene.active(), QStringList());
+        PollingFixture fixture;
+        fixture.failing = failWithNetworkError;
+        fixture.start(1);
+        fixture.clock->advance(100s);
+        QCOMPARE(fixture.clock->requestedSleeps(), QList<double>({2, 4, 8, 16}));
+        QCOMPARE(fixture.polls(), 5);
+        QCOMPARE(fixture.active(), QStringList());
         QCOMPARE(
-            scene.lineCount(u"Max consecutive errors reached for ticket t1, stopping polling"_s),
+            fixture.lineCount(u"Max consecutive errors reached for ticket t1, stopping polling"_s),
             1);
-        QCOMPARE(scene.delegate->names().count(TolvaneAnalyticsEvent::Errors::networkError), 5);
-        QCOMPARE(scene.delegate->events.constLast().name(), u"polling_max_errors_reached"_s);
+        QCOMPARE(fixture.delegate->names().count(TolvaneAnalyticsEvent::Errors::networkError), 5);
+        QCOMPARE(fixture.delegate->events.constLast().name(), u"polling_max_errors_reached"_s);
         QList<int> counts;
-        for (const TolvaneAnalyticsEvent &event : std::as_const(scene.delegate->events)) {
+        for (const TolvaneAnalyticsEvent &event : std::as_const(fixture.delegate->events)) {
             if (event.name() == TolvaneAnalyticsEvent::Errors::networkError)
                 counts += event.properties().value(u"consecutive_errors"_s).toInt();
         }
@@ -192,30 +192,30 @@ private Q_SLOTS:
 
     void aGoodPollRestartsTheBackOff()
     {
-        Scene scene;
-        scene.failing = failWithNetworkError;
-        scene.start(1);
-        scene.clock->advance(2s);
-        scene.failing = nullptr;
-        scene.clock->advance(4s);
-        scene.failing = failWithNetworkError;
-        scene.clock->advance(1s);
-        QCOMPARE(scene.clock->requestedSleeps(), QList<double>({2, 4, 1, 2}));
+        PollingFixture fixture;
+        fixture.failing = failWithNetworkError;
+        fixture.start(1);
+        fixture.clock->advance(2s);
+        fixture.failing = nullptr;
+        fixture.clock->advance(4s);
+        fixture.failing = failWithNetworkError;
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.clock->requestedSleeps(), QList<double>({2, 4, 1, 2}));
     }
 
     void otherCancellationsAreRetriedAtOnce()
     {
-        Scene scene;
+        PollingFixture fixture;
         int cancellations = 3;
-        scene.failing = [&] {
+        fixture.failing = [&] {
             if (cancellations-- > 0)
                 throw CancellationError();
         };
-        scene.start(1);
-        QCOMPARE(scene.polls(), 4);
-        QCOMPARE(scene.clock->requestedSleeps(), QList<double>{1});
-        QCOMPARE(scene.lineCount(u"Polling cancelled for ticket: t1"_s), 3);
-        QVERIFY(!scene.delegate->names().contains(TolvaneAnalyticsEvent::Errors::apiError));
+        fixture.start(1);
+        QCOMPARE(fixture.polls(), 4);
+        QCOMPARE(fixture.clock->requestedSleeps(), QList<double>{1});
+        QCOMPARE(fixture.lineCount(u"Polling cancelled for ticket: t1"_s), 3);
+        QVERIFY(!fixture.delegate->names().contains(TolvaneAnalyticsEvent::Errors::apiError));
     }
 
     void restartsWithOneLoop_data()
@@ -228,37 +228,37 @@ private Q_SLOTS:
     void restartsWithOneLoop()
     {
         QFETCH(const bool, inRequest);
-        Scene scene;
-        scene.session->held = inRequest;
-        scene.start(1);
-        scene.start(1);
-        scene.session->release();
-        QCOMPARE(scene.active(), QStringList{ticketId});
-        QCOMPARE(scene.clock->sleeperCount(), 1);
-        QCOMPARE(scene.delegate->names(),
+        PollingFixture fixture;
+        fixture.session->held = inRequest;
+        fixture.start(1);
+        fixture.start(1);
+        fixture.session->release();
+        QCOMPARE(fixture.active(), QStringList{ticketId});
+        QCOMPARE(fixture.clock->sleeperCount(), 1);
+        QCOMPARE(fixture.delegate->names(),
                  QStringList({u"polling_started"_s, u"polling_stopped"_s, u"polling_started"_s}));
-        const qsizetype before = scene.polls();
-        scene.clock->advance(5s);
-        QCOMPARE(scene.polls(), before + 5);
+        const qsizetype before = fixture.polls();
+        fixture.clock->advance(5s);
+        QCOMPARE(fixture.polls(), before + 5);
     }
 
     void anOlderLoopsFailureLeavesTheNewerAlone()
     {
-        Scene scene;
-        scene.session->held = true;
-        scene.failing = failWithNetworkError;
-        scene.start(1);
-        const auto older = std::exchange(scene.failing, nullptr);
-        scene.session->handler = [&, calls = 0](const UrlRequest &) mutable {
+        PollingFixture fixture;
+        fixture.session->held = true;
+        fixture.failing = failWithNetworkError;
+        fixture.start(1);
+        const auto older = std::exchange(fixture.failing, nullptr);
+        fixture.session->handler = [&, calls = 0](const UrlRequest &) mutable {
             if (calls++ == 0)
                 older();
-            return answer(makeTicket(scene.messages));
+            return answer(makeTicket(fixture.messages));
         };
-        scene.start(1);
-        scene.session->release();
-        QCOMPARE(scene.active(), QStringList{ticketId});
-        scene.clock->advance(3s);
-        QCOMPARE(scene.active(), QStringList{ticketId});
+        fixture.start(1);
+        fixture.session->release();
+        QCOMPARE(fixture.active(), QStringList{ticketId});
+        fixture.clock->advance(3s);
+        QCOMPARE(fixture.active(), QStringList{ticketId});
     }
 
     void stopsOnABroadcastFromElsewhere_data()
@@ -278,27 +278,27 @@ private Q_SLOTS:
     {
         QFETCH(const NotificationCenter::UserInfo, userInfo);
         QFETCH(const bool, stops);
-        Scene scene;
-        scene.start(1);
+        PollingFixture fixture;
+        fixture.start(1);
         platform().notificationCenter->post(notifications::didReceiveMessage, userInfo);
         settle();
-        QCOMPARE(scene.active().isEmpty(), stops);
-        QCOMPARE(scene.clock->sleeperCount(), stops ? 0 : 1);
+        QCOMPARE(fixture.active().isEmpty(), stops);
+        QCOMPARE(fixture.clock->sleeperCount(), stops ? 0 : 1);
     }
 
     void ticketsArePolledSideBySide()
     {
-        Scene scene;
-        scene.session->handler = [&](const UrlRequest &request) {
+        PollingFixture fixture;
+        fixture.session->handler = [&](const UrlRequest &request) {
             if (request.url.path().endsWith("t2"_L1))
                 failWithNetworkError();
-            return answer(makeTicket(scene.messages));
+            return answer(makeTicket(fixture.messages));
         };
-        scene.start(1);
-        scene.polling->startPolling(u"t2"_s, 1);
-        scene.clock->advance(60s);
-        QCOMPARE(scene.active(), QStringList{ticketId});
-        QCOMPARE(scene.polls(), 61 + 5);
+        fixture.start(1);
+        fixture.polling->startPolling(u"t2"_s, 1);
+        fixture.clock->advance(60s);
+        QCOMPARE(fixture.active(), QStringList{ticketId});
+        QCOMPARE(fixture.polls(), 61 + 5);
     }
 };
 

@@ -24,9 +24,9 @@ BrandingDto makeBranding(const QString &updatedAt, const QString &primaryLight)
     return branding;
 }
 
-struct Scene : Fixture
+struct SettingsFixture : Fixture
 {
-    Scene() { setKey(); }
+    SettingsFixture() { setKey(); }
 
     void fetch()
     {
@@ -55,49 +55,49 @@ class SettingsTest : public QObject
 private Q_SLOTS:
     void brandingIsStoredAppliedAndRevalidated()
     {
-        Scene scene;
+        SettingsFixture fixture;
         const BrandingDto branding = makeBranding(u"2026-01-01+2"_s, u" #aabbcc\n"_s);
-        scene.session->handler = [&](const UrlRequest &) { return answer(branding); };
-        scene.fetch();
-        QCOMPARE(scene.lastQuery(), u"updatedAt"_s);
+        fixture.session->handler = [&](const UrlRequest &) { return answer(branding); };
+        fixture.fetch();
+        QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
         QCOMPARE(persistentstore::branding(), branding);
-        QCOMPARE(scene.primary(), u"#aabbcc"_s);
+        QCOMPARE(fixture.primary(), u"#aabbcc"_s);
         QCOMPARE(ColorScheme::shared().bubbleAgentColor.dark.name(), u"#010203"_s);
         QVERIFY(!ColorScheme::shared().logoLight); // As in the record, and no longer empty text.
-        QCOMPARE(scene.delegate->names(),
+        QCOMPARE(fixture.delegate->names(),
                  QStringList{TolvaneAnalyticsEvent::Lifecycle::fetchedSettings});
 
-        scene.session->handler = notModified;
+        fixture.session->handler = notModified;
         ColorScheme::shared() = ColorScheme();
-        scene.fetch();
-        QCOMPARE(scene.lastQuery(), u"updatedAt=2026-01-01%2B2"_s);
-        QCOMPARE(scene.primary(), u"#aabbcc"_s); // The stored copy was applied.
+        fixture.fetch();
+        QCOMPARE(fixture.lastQuery(), u"updatedAt=2026-01-01%2B2"_s);
+        QCOMPARE(fixture.primary(), u"#aabbcc"_s); // The stored copy was applied.
     }
 
     void notModifiedWithoutACopyKeepsTheDefaults()
     {
-        Scene scene;
-        scene.session->handler = notModified;
+        SettingsFixture fixture;
+        fixture.session->handler = notModified;
         QVERIFY(!SdkData::shared()->settingsDidLoad());
-        scene.fetch();
+        fixture.fetch();
         QVERIFY(SdkData::shared()->settingsDidLoad());
-        QCOMPARE(scene.primary(), u"#ffffff"_s);
+        QCOMPARE(fixture.primary(), u"#ffffff"_s);
         QCOMPARE(ColorScheme::shared().logoLight, u""_s);
     }
 
     void aFailureChangesNothing()
     {
-        Scene scene;
+        SettingsFixture fixture;
         persistentstore::setBranding(makeBranding(u"1"_s, u"#aabbcc"_s));
-        scene.session->handler = [](const UrlRequest &) -> UrlResponse {
+        fixture.session->handler = [](const UrlRequest &) -> UrlResponse {
             throw UrlError(UrlError::timedOut);
         };
-        scene.fetch();
+        fixture.fetch();
         QVERIFY(!SdkData::shared()->settingsDidLoad());
-        QCOMPARE(scene.primary(), u"#ffffff"_s);
-        QVERIFY(!scene.log->lines.filter(u"Error fetching styling: "_s).isEmpty());
+        QCOMPARE(fixture.primary(), u"#ffffff"_s);
+        QVERIFY(!fixture.log->lines.filter(u"Error fetching styling: "_s).isEmpty());
         const QVariantMap error =
-            scene.delegate->properties(TolvaneAnalyticsEvent::Errors::networkError);
+            fixture.delegate->properties(TolvaneAnalyticsEvent::Errors::networkError);
         QCOMPARE(error.value(u"error_context"_s), u"fetchSettings"_s);
         QCOMPARE(error.value(u"error_code"_s), -1001);
         QCOMPARE(error.value(u"error_domain"_s), u"NSURLErrorDomain"_s);
@@ -105,13 +105,13 @@ private Q_SLOTS:
 
     void anUnreadableCopyIsIgnored()
     {
-        Scene scene;
-        scene.preferences->values->insert(u"com.tolvane.sdk/branding"_s,
-                                          QByteArray("{\"primaryLight\":"));
-        scene.session->handler = notModified;
-        scene.fetch();
-        QCOMPARE(scene.lastQuery(), u"updatedAt"_s);
-        QVERIFY(scene.preferences->values->contains(u"com.tolvane.sdk/branding"_s));
+        SettingsFixture fixture;
+        fixture.preferences->values->insert(u"com.tolvane.sdk/branding"_s,
+                                            QByteArray("{\"primaryLight\":"));
+        fixture.session->handler = notModified;
+        fixture.fetch();
+        QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
+        QVERIFY(fixture.preferences->values->contains(u"com.tolvane.sdk/branding"_s));
     }
 
     void openFollowsTheBroadcast_data()
@@ -131,7 +131,7 @@ private Q_SLOTS:
     {
         QFETCH(const NotificationCenter::UserInfo, userInfo);
         QFETCH(const bool, isOpen);
-        const Scene scene;
+        const SettingsFixture fixture;
         const auto settings = SdkData::shared();
         platform().notificationCenter->post(notifications::didChangeState, userInfo);
         QCOMPARE(settings->isOpen(), isOpen);

@@ -24,9 +24,9 @@ AttachmentDto file(const char *name, const char *bytes = "x")
     return {QString::fromLatin1(name), u"image/png"_s, bytes};
 }
 
-struct Scene : Fixture
+struct TicketFixture : Fixture
 {
-    explicit Scene(std::optional<TicketPreviewDto> preview = makePreview())
+    explicit TicketFixture(std::optional<TicketPreviewDto> preview = makePreview())
         : store(std::make_shared<TicketData>(std::move(preview)))
     {
         setKey();
@@ -84,17 +84,17 @@ private Q_SLOTS:
 
     void fetchShowsThePreviewThenTheTicket()
     {
-        Scene scene;
-        scene.session->held = true;
-        scene.run(scene.store->fetchTicket());
-        const auto provisional = scene.store->state().previewValue();
-        QVERIFY(provisional && !scene.store->state().value());
+        TicketFixture fixture;
+        fixture.session->held = true;
+        fixture.run(fixture.store->fetchTicket());
+        const auto provisional = fixture.store->state().previewValue();
+        QVERIFY(provisional && !fixture.store->state().value());
         QCOMPARE(provisional->assignee, u"unknown"_s);
         QCOMPARE(provisional->messages, QList{makePreview().lastMessage});
-        scene.session->release();
-        QCOMPARE(scene.store->state().value(), scene.fetched);
-        QVERIFY(!scene.store->isFetchingTicket());
-        const QVariantMap viewed = scene.delegate->properties(Chat::ticketViewed);
+        fixture.session->release();
+        QCOMPARE(fixture.store->state().value(), fixture.fetched);
+        QVERIFY(!fixture.store->isFetchingTicket());
+        const QVariantMap viewed = fixture.delegate->properties(Chat::ticketViewed);
         QCOMPARE(viewed.value(u"message_count"_s), 1);
         QCOMPARE(viewed.value(u"ticket_state"_s), u"open"_s);
         QCOMPARE(viewed.value(u"ticket_id"_s), u"t1"_s);
@@ -102,13 +102,13 @@ private Q_SLOTS:
 
     void fetchWithoutAnIdChangesNothing()
     {
-        Scene scene{std::nullopt};
-        const QSignalSpy changes(scene.store.get(), &TicketData::changed);
-        scene.run(scene.store->fetchTicket());
-        scene.run(scene.store->sendMessage());
-        scene.run(scene.store->createTicket());
-        QVERIFY(changes.isEmpty() && scene.session->requests.isEmpty());
-        QVERIFY(!scene.store->hasAttemptedFetch());
+        TicketFixture fixture{std::nullopt};
+        const QSignalSpy changes(fixture.store.get(), &TicketData::changed);
+        fixture.run(fixture.store->fetchTicket());
+        fixture.run(fixture.store->sendMessage());
+        fixture.run(fixture.store->createTicket());
+        QVERIFY(changes.isEmpty() && fixture.session->requests.isEmpty());
+        QVERIFY(!fixture.store->hasAttemptedFetch());
     }
 
     void aFailedFetchKeepsTheTicketUnderneath_data()
@@ -121,74 +121,74 @@ private Q_SLOTS:
     void aFailedFetchKeepsTheTicketUnderneath()
     {
         QFETCH(const bool, silent);
-        Scene scene;
-        scene.run(scene.store->fetchTicket());
-        scene.delegate->events.clear();
-        scene.failing = true;
-        scene.run(silent ? scene.store->silentFetchTicket() : scene.store->fetchTicket());
-        QCOMPARE(scene.store->state().current(), Case::error);
-        QVERIFY(scene.store->ticket() && !scene.store->isFetchingTicket());
-        QVERIFY(scene.log->lines.constLast().contains(
+        TicketFixture fixture;
+        fixture.run(fixture.store->fetchTicket());
+        fixture.delegate->events.clear();
+        fixture.failing = true;
+        fixture.run(silent ? fixture.store->silentFetchTicket() : fixture.store->fetchTicket());
+        QCOMPARE(fixture.store->state().current(), Case::error);
+        QVERIFY(fixture.store->ticket() && !fixture.store->isFetchingTicket());
+        QVERIFY(fixture.log->lines.constLast().contains(
                     "Error fetching ticket: Server error: down"_L1) == silent);
-        QCOMPARE(scene.delegate->names(),
+        QCOMPARE(fixture.delegate->names(),
                  silent ? QStringList() : QStringList{u"tolvane_api_error"_s});
-        scene.failing = false;
-        scene.run(scene.store->silentFetchTicket());
-        QCOMPARE(scene.store->state().current(), Case::loaded);
-        QVERIFY(!scene.delegate->names().contains(Chat::ticketViewed));
+        fixture.failing = false;
+        fixture.run(fixture.store->silentFetchTicket());
+        QCOMPARE(fixture.store->state().current(), Case::loaded);
+        QVERIFY(!fixture.delegate->names().contains(Chat::ticketViewed));
     }
 
     void createSendsOnceAndClears()
     {
-        Scene scene{std::nullopt};
-        scene.store->setNewTicket(true);
+        TicketFixture fixture{std::nullopt};
+        fixture.store->setNewTicket(true);
         // A family, a flag and two letters: four characters as people count them.
-        scene.store->setMessage(u"👨‍👩‍👧‍👦🇩🇪ab"_s);
-        scene.store->setAttachments(
+        fixture.store->setMessage(u"👨‍👩‍👧‍👦🇩🇪ab"_s);
+        fixture.store->setAttachments(
             {file("b.png"), file("a.png"), file("b.png"), file("b.png", "y")});
-        QCOMPARE(scene.store->attachments().size(), 3);
-        scene.run(scene.store->createTicket());
+        QCOMPARE(fixture.store->attachments().size(), 3);
+        fixture.run(fixture.store->createTicket());
 
-        const QByteArray body = scene.session->requests.constFirst().body;
+        const QByteArray body = fixture.session->requests.constFirst().body;
         const qsizetype first = body.indexOf("b.png");
         QVERIFY(first > 0 && first < body.indexOf("a.png"));
-        QCOMPARE(scene.broadcasts.constFirst().name, notifications::didSendMessage);
-        QCOMPARE(*scene.broadcasts.constFirst().userInfo,
+        QCOMPARE(fixture.broadcasts.constFirst().name, notifications::didSendMessage);
+        QCOMPARE(*fixture.broadcasts.constFirst().userInfo,
                  QVariantMap({{u"ticketId"_s, u"t1"_s},
                               {u"message"_s, u"👨‍👩‍👧‍👦🇩🇪ab"_s}}));
-        QCOMPARE(scene.delegate->names().first(2),
+        QCOMPARE(fixture.delegate->names().first(2),
                  QStringList({Chat::ticketCreated, Chat::messageSent}));
         for (const QString &name : {Chat::ticketCreated, Chat::messageSent}) {
-            const QVariantMap properties = scene.delegate->properties(name);
+            const QVariantMap properties = fixture.delegate->properties(name);
             QCOMPARE(properties.value(u"message_length"_s), 4);
             QCOMPARE(properties.value(u"attachment_count"_s), 3);
             QCOMPARE(properties.value(u"is_first_message"_s), true);
             QCOMPARE(properties.value(u"ticket_id"_s), u"t1"_s);
         }
-        QVERIFY(scene.store->message().isEmpty() && scene.store->attachments().isEmpty());
-        QVERIFY(!scene.store->newTicket() && !scene.store->isSendingMessage());
-        QVERIFY(scene.delegate->names().contains(u"polling_started"_s));
+        QVERIFY(fixture.store->message().isEmpty() && fixture.store->attachments().isEmpty());
+        QVERIFY(!fixture.store->newTicket() && !fixture.store->isSendingMessage());
+        QVERIFY(fixture.delegate->names().contains(u"polling_started"_s));
     }
 
     void sendAppendsTheResponse()
     {
-        Scene scene;
-        scene.run(scene.store->fetchTicket());
-        scene.store->setMessage(u"hi"_s);
-        scene.session->held = true;
-        scene.run(scene.store->sendMessage());
-        QVERIFY(scene.store->isSendDisabled());
-        QCOMPARE(scene.messageIds(), QStringList{u"m1"_s});
-        scene.session->release();
-        QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"m2"_s}));
-        const QVariantMap userInfo = *scene.broadcasts.constFirst().userInfo;
-        QCOMPARE(userInfo.value(u"message"_s).value<MessageDto>(), scene.sent);
+        TicketFixture fixture;
+        fixture.run(fixture.store->fetchTicket());
+        fixture.store->setMessage(u"hi"_s);
+        fixture.session->held = true;
+        fixture.run(fixture.store->sendMessage());
+        QVERIFY(fixture.store->isSendDisabled());
+        QCOMPARE(fixture.messageIds(), QStringList{u"m1"_s});
+        fixture.session->release();
+        QCOMPARE(fixture.messageIds(), QStringList({u"m1"_s, u"m2"_s}));
+        const QVariantMap userInfo = *fixture.broadcasts.constFirst().userInfo;
+        QCOMPARE(userInfo.value(u"message"_s).value<MessageDto>(), fixture.sent);
         QCOMPARE(userInfo.value(u"messageId"_s), u"m2"_s);
-        const QVariantMap properties = scene.delegate->properties(Chat::messageSent);
+        const QVariantMap properties = fixture.delegate->properties(Chat::messageSent);
         QCOMPARE(properties.value(u"is_first_message"_s), false);
         QCOMPARE(properties.value(u"message_id"_s), u"m2"_s);
         // The customer's own message is counted, so that polling does not report it as new.
-        QCOMPARE(scene.delegate->properties(u"polling_started"_s).value(u"message_count"_s), 2);
+        QCOMPARE(fixture.delegate->properties(u"polling_started"_s).value(u"message_count"_s), 2);
     }
 
     void aFailedSendCanBeRepeated_data()
@@ -203,27 +203,27 @@ private Q_SLOTS:
     {
         QFETCH(const bool, create);
         QFETCH(const QString, context);
-        Scene scene;
+        TicketFixture fixture;
         if (!create)
-            scene.run(scene.store->fetchTicket());
-        scene.store->setNewTicket(create);
-        scene.store->setMessage(u" "_s);
-        scene.store->setAttachments({file("a.png")});
+            fixture.run(fixture.store->fetchTicket());
+        fixture.store->setNewTicket(create);
+        fixture.store->setMessage(u" "_s);
+        fixture.store->setAttachments({file("a.png")});
         const auto send = [&] {
-            scene.run(create ? scene.store->createTicket() : scene.store->sendMessage());
+            fixture.run(create ? fixture.store->createTicket() : fixture.store->sendMessage());
         };
-        scene.failing = true;
+        fixture.failing = true;
         send();
-        QCOMPARE(scene.store->message(), u" "_s);
-        QCOMPARE(scene.store->attachments(), QList{file("a.png")});
-        QVERIFY(scene.store->sendError() && !scene.store->isSendDisabled());
-        QCOMPARE(scene.store->newTicket(), create);
-        QVERIFY(scene.broadcasts.isEmpty());
-        QCOMPARE(scene.delegate->events.constLast().properties().value(u"error_context"_s),
+        QCOMPARE(fixture.store->message(), u" "_s);
+        QCOMPARE(fixture.store->attachments(), QList{file("a.png")});
+        QVERIFY(fixture.store->sendError() && !fixture.store->isSendDisabled());
+        QCOMPARE(fixture.store->newTicket(), create);
+        QVERIFY(fixture.broadcasts.isEmpty());
+        QCOMPARE(fixture.delegate->events.constLast().properties().value(u"error_context"_s),
                  context);
-        scene.failing = false;
+        fixture.failing = false;
         send();
-        QVERIFY(!scene.store->sendError() && scene.store->message().isEmpty());
+        QVERIFY(!fixture.store->sendError() && fixture.store->message().isEmpty());
     }
 
     void sendIsDisabled_data()
@@ -267,77 +267,77 @@ private Q_SLOTS:
         QFETCH(const QString, assignee);
         QFETCH(const QStringList, senders);
         QFETCH(const bool, typing);
-        Scene scene;
-        scene.fetched.assignee = assignee;
-        scene.fetched.messages.clear();
+        TicketFixture fixture;
+        fixture.fetched.assignee = assignee;
+        fixture.fetched.messages.clear();
         for (const QString &sender : senders)
-            scene.fetched.messages += makeMessage(u"m"_s, sender);
-        QVERIFY(!scene.store->isAITyping());
-        scene.run(scene.store->fetchTicket());
-        QCOMPARE(scene.store->isAITyping(), typing);
+            fixture.fetched.messages += makeMessage(u"m"_s, sender);
+        QVERIFY(!fixture.store->isAITyping());
+        fixture.run(fixture.store->fetchTicket());
+        QCOMPARE(fixture.store->isAITyping(), typing);
     }
 
     void aNotifiedMessageArrivesOnceAndIsConfirmed()
     {
-        Scene scene;
-        scene.run(scene.store->fetchTicket());
+        TicketFixture fixture;
+        fixture.run(fixture.store->fetchTicket());
         const MessageDto reply = makeMessage(u"r"_s, words::aiAgent);
-        scene.notify(reply);
-        scene.notify(reply);
-        QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"r"_s}));
-        QVERIFY(scene.log->lines.constLast().endsWith(
+        fixture.notify(reply);
+        fixture.notify(reply);
+        QCOMPARE(fixture.messageIds(), QStringList({u"m1"_s, u"r"_s}));
+        QVERIFY(fixture.log->lines.constLast().endsWith(
             "Message r already exists in ticket, skipping duplicate"_L1));
-        const QVariantMap properties = scene.delegate->properties(Chat::messageReceived);
+        const QVariantMap properties = fixture.delegate->properties(Chat::messageReceived);
         QCOMPARE(properties.value(u"source"_s), u"ui_update"_s);
         QCOMPARE(properties.value(u"sender_type"_s), words::aiAgent);
         QCOMPARE(properties.value(u"is_duplicate"_s), false);
-        QCOMPARE(scene.session->requests.size(), 1);
-        scene.fetched.messages += makeMessage(u"confirmed"_s);
-        scene.clock->advance(1s);
-        QCOMPARE(scene.session->requests.size(), 2);
-        QCOMPARE(scene.messageIds(), QStringList({u"m1"_s, u"confirmed"_s}));
+        QCOMPARE(fixture.session->requests.size(), 1);
+        fixture.fetched.messages += makeMessage(u"confirmed"_s);
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.session->requests.size(), 2);
+        QCOMPARE(fixture.messageIds(), QStringList({u"m1"_s, u"confirmed"_s}));
     }
 
     void equalMessagesKeepTheSameList()
     {
-        Scene scene;
-        scene.run(scene.store->fetchTicket());
-        const auto *known = scene.store->ticket()->messages.constData();
-        scene.fetched.state = u"closed"_s;
-        scene.run(scene.store->silentFetchTicket());
-        QCOMPARE(scene.store->ticket()->messages.constData(), known);
-        QCOMPARE(scene.store->ticket()->state, u"closed"_s);
-        scene.fetched.messages[0].isRead = true;
-        scene.run(scene.store->silentFetchTicket());
-        QVERIFY(scene.store->ticket()->messages.constFirst().isRead);
+        TicketFixture fixture;
+        fixture.run(fixture.store->fetchTicket());
+        const auto *known = fixture.store->ticket()->messages.constData();
+        fixture.fetched.state = u"closed"_s;
+        fixture.run(fixture.store->silentFetchTicket());
+        QCOMPARE(fixture.store->ticket()->messages.constData(), known);
+        QCOMPARE(fixture.store->ticket()->state, u"closed"_s);
+        fixture.fetched.messages[0].isRead = true;
+        fixture.run(fixture.store->silentFetchTicket());
+        QVERIFY(fixture.store->ticket()->messages.constFirst().isRead);
     }
 
     void foreignNotificationsAreIgnored()
     {
-        Scene scene;
-        scene.run(scene.store->fetchTicket());
-        scene.delegate->events.clear();
-        scene.notify(makeMessage(u"x"_s, words::aiAgent, u"t2"_s));
-        scene.store->onMessageNotification(std::nullopt);
-        scene.store->onMessageNotification(QVariantMap{{u"id"_s, 5}});
-        scene.store->onStateUpdateNotification(std::nullopt);
-        scene.store->onStateUpdateNotification(tolvane::json::dictionary(makePreview(u"t2"_s)));
-        QCOMPARE(scene.messageIds(), QStringList{u"m1"_s});
-        QCOMPARE(scene.store->preview(), makePreview());
-        QVERIFY(scene.delegate->events.isEmpty() && scene.clock->sleeperCount() == 0);
+        TicketFixture fixture;
+        fixture.run(fixture.store->fetchTicket());
+        fixture.delegate->events.clear();
+        fixture.notify(makeMessage(u"x"_s, words::aiAgent, u"t2"_s));
+        fixture.store->onMessageNotification(std::nullopt);
+        fixture.store->onMessageNotification(QVariantMap{{u"id"_s, 5}});
+        fixture.store->onStateUpdateNotification(std::nullopt);
+        fixture.store->onStateUpdateNotification(tolvane::json::dictionary(makePreview(u"t2"_s)));
+        QCOMPARE(fixture.messageIds(), QStringList{u"m1"_s});
+        QCOMPARE(fixture.store->preview(), makePreview());
+        QVERIFY(fixture.delegate->events.isEmpty() && fixture.clock->sleeperCount() == 0);
     }
 
     void aStateUpdateReachesPreviewAndTicket()
     {
         TicketPreviewDto update = makePreview();
         update.state = u"closed"_s;
-        Scene scene;
-        scene.run(scene.store->fetchTicket());
-        scene.store->onStateUpdateNotification(tolvane::json::dictionary(update));
-        QCOMPARE(scene.store->preview(), update);
-        QCOMPARE(scene.store->ticket()->state, u"closed"_s);
+        TicketFixture fixture;
+        fixture.run(fixture.store->fetchTicket());
+        fixture.store->onStateUpdateNotification(tolvane::json::dictionary(update));
+        QCOMPARE(fixture.store->preview(), update);
+        QCOMPARE(fixture.store->ticket()->state, u"closed"_s);
 
-        Scene fresh{std::nullopt}; // Created as a new ticket: no preview, no updates.
+        TicketFixture fresh{std::nullopt}; // Created as a new ticket: no preview, no updates.
         fresh.store->setMessage(u"hi"_s);
         fresh.run(fresh.store->createTicket());
         fresh.store->onStateUpdateNotification(tolvane::json::dictionary(update));
@@ -346,16 +346,16 @@ private Q_SLOTS:
 
     void aStoreLivesUntilItsWorkIsDone()
     {
-        Scene scene;
-        scene.session->held = true;
-        detach(scene.store->fetchTicket());
-        const std::weak_ptr<TicketData> store = scene.store;
-        scene.store.reset();
+        TicketFixture fixture;
+        fixture.session->held = true;
+        detach(fixture.store->fetchTicket());
+        const std::weak_ptr<TicketData> store = fixture.store;
+        fixture.store.reset();
         settle();
         QVERIFY(!store.expired());
-        scene.session->release();
+        fixture.session->release();
         QVERIFY(store.expired());
-        QVERIFY(scene.delegate->names().contains(Chat::ticketViewed));
+        QVERIFY(fixture.delegate->names().contains(Chat::ticketViewed));
     }
 };
 

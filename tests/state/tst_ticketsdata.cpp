@@ -15,9 +15,9 @@ using Case = TicketsData::State::Case;
 
 namespace {
 
-struct Scene : Fixture
+struct TicketListFixture : Fixture
 {
-    Scene()
+    TicketListFixture()
     {
         setKey();
         session->handler = [this](const UrlRequest &) {
@@ -60,14 +60,14 @@ class TicketsDataTest : public QObject
 private Q_SLOTS:
     void loadPassesThroughLoading()
     {
-        Scene scene;
-        QCOMPARE(scene.store->lastValue(), TicketsData::Tickets());
-        scene.run(scene.store->load());
-        QCOMPARE(scene.cases, QList<Case>({Case::loading, Case::loaded}));
-        QCOMPARE(scene.store->state().value(), scene.rows_); // In the backend's order.
-        QVERIFY(!scene.store->lastValue());                  // It was idle before.
-        scene.run(scene.store->load());
-        QCOMPARE(scene.store->lastValue(), scene.rows_);
+        TicketListFixture fixture;
+        QCOMPARE(fixture.store->lastValue(), TicketsData::Tickets());
+        fixture.run(fixture.store->load());
+        QCOMPARE(fixture.cases, QList<Case>({Case::loading, Case::loaded}));
+        QCOMPARE(fixture.store->state().value(), fixture.rows_); // In the backend's order.
+        QVERIFY(!fixture.store->lastValue());                    // It was idle before.
+        fixture.run(fixture.store->load());
+        QCOMPARE(fixture.store->lastValue(), fixture.rows_);
     }
 
     void outcomes_data()
@@ -92,90 +92,90 @@ private Q_SLOTS:
         QFETCH(const bool, failing);
         QFETCH(const QList<Case>, cases);
         QFETCH(const QString, line);
-        Scene scene;
-        scene.rows_.clear();
-        scene.failing = failing;
-        scene.run(silent ? scene.store->silentReload() : scene.store->load());
-        QCOMPARE(scene.cases, cases);
-        QCOMPARE(scene.log->lines.filter(u"Error"_s).value(0).section(u"] "_s, 3), line);
+        TicketListFixture fixture;
+        fixture.rows_.clear();
+        fixture.failing = failing;
+        fixture.run(silent ? fixture.store->silentReload() : fixture.store->load());
+        QCOMPARE(fixture.cases, cases);
+        QCOMPARE(fixture.log->lines.filter(u"Error"_s).value(0).section(u"] "_s, 3), line);
         // Only `loaded` leaves a last value.
-        scene.run(scene.store->load());
-        QVERIFY(!scene.store->lastValue());
+        fixture.run(fixture.store->load());
+        QVERIFY(!fixture.store->lastValue());
     }
 
     void aRefreshNeverShowsLoading()
     {
-        Scene scene;
-        scene.run(scene.store->load());
-        scene.cases.clear();
-        scene.rows_.removeLast();
-        scene.run(scene.store->reload());
-        QCOMPARE(scene.cases, QList<Case>{Case::loaded});
-        QCOMPARE(scene.store->state().value(), scene.rows_);
+        TicketListFixture fixture;
+        fixture.run(fixture.store->load());
+        fixture.cases.clear();
+        fixture.rows_.removeLast();
+        fixture.run(fixture.store->reload());
+        QCOMPARE(fixture.cases, QList<Case>{Case::loaded});
+        QCOMPARE(fixture.store->state().value(), fixture.rows_);
     }
 
     void loadIsNeitherThrottledNorThrottles()
     {
-        Scene scene;
-        scene.run(scene.store->load());
-        scene.run(scene.store->reload());
-        scene.run(scene.store->load());
-        QCOMPARE(scene.requestCount(), 3);
-        QCOMPARE(scene.skipCount(), 0);
+        TicketListFixture fixture;
+        fixture.run(fixture.store->load());
+        fixture.run(fixture.store->reload());
+        fixture.run(fixture.store->load());
+        QCOMPARE(fixture.requestCount(), 3);
+        QCOMPARE(fixture.skipCount(), 0);
     }
 
     void aBurstEndsWithOneRefreshASecondLater()
     {
-        Scene scene;
-        scene.run(scene.store->reload());
+        TicketListFixture fixture;
+        fixture.run(fixture.store->reload());
         for (int i = 0; i < 3; ++i) {
-            scene.clock->advance(200ms);
-            scene.run(scene.store->reload());
+            fixture.clock->advance(200ms);
+            fixture.run(fixture.store->reload());
         }
-        QCOMPARE(scene.skipCount(), 3);
-        scene.clock->advance(999ms);
-        QCOMPARE(scene.requestCount(), 1);
-        scene.clock->advance(1ms);
-        QCOMPARE(scene.requestCount(), 2);
-        scene.clock->advance(10s);
-        QCOMPARE(scene.requestCount(), 2);
+        QCOMPARE(fixture.skipCount(), 3);
+        fixture.clock->advance(999ms);
+        QCOMPARE(fixture.requestCount(), 1);
+        fixture.clock->advance(1ms);
+        QCOMPARE(fixture.requestCount(), 2);
+        fixture.clock->advance(10s);
+        QCOMPARE(fixture.requestCount(), 2);
     }
 
     void aFailedRefreshThrottlesUntilExactlyOneSecond()
     {
-        Scene scene;
-        scene.failing = true;
-        scene.run(scene.store->reload());
-        scene.run(scene.store->reload());
-        QCOMPARE(scene.skipCount(), 1);
-        scene.clock->advance(1s); // The deferred refresh starts another second.
-        scene.clock->advance(1s);
-        scene.run(scene.store->reload());
-        QCOMPARE(scene.requestCount(), 3);
-        QCOMPARE(scene.skipCount(), 1);
+        TicketListFixture fixture;
+        fixture.failing = true;
+        fixture.run(fixture.store->reload());
+        fixture.run(fixture.store->reload());
+        QCOMPARE(fixture.skipCount(), 1);
+        fixture.clock->advance(1s); // The deferred refresh starts another second.
+        fixture.clock->advance(1s);
+        fixture.run(fixture.store->reload());
+        QCOMPARE(fixture.requestCount(), 3);
+        QCOMPARE(fixture.skipCount(), 1);
     }
 
     void theLastResponseWins()
     {
-        Scene scene;
-        scene.session->held = true;
-        scene.run(scene.store->load());
-        scene.run(scene.store->silentReload());
-        QCOMPARE(scene.cases, QList<Case>{Case::loading});
-        scene.session->release();
-        QCOMPARE(scene.cases, QList<Case>({Case::loading, Case::loaded, Case::loaded}));
+        TicketListFixture fixture;
+        fixture.session->held = true;
+        fixture.run(fixture.store->load());
+        fixture.run(fixture.store->silentReload());
+        QCOMPARE(fixture.cases, QList<Case>{Case::loading});
+        fixture.session->release();
+        QCOMPARE(fixture.cases, QList<Case>({Case::loading, Case::loaded, Case::loaded}));
     }
 
     void aDeferredRefreshKeepsItsStoreAlive()
     {
-        Scene scene;
-        scene.run(scene.store->reload());
-        scene.run(scene.store->reload());
-        const std::weak_ptr<TicketsData> store = scene.store;
-        scene.store.reset();
+        TicketListFixture fixture;
+        fixture.run(fixture.store->reload());
+        fixture.run(fixture.store->reload());
+        const std::weak_ptr<TicketsData> store = fixture.store;
+        fixture.store.reset();
         QVERIFY(!store.expired());
-        scene.clock->advance(1s);
-        QCOMPARE(scene.requestCount(), 2);
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.requestCount(), 2);
         QVERIFY(store.expired());
     }
 };

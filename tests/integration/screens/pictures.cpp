@@ -11,9 +11,9 @@ using tolvane::test::Screens;
 
 namespace {
 
-const QList<Look> &looks()
+const QList<Look> &appearances()
 {
-    static const QList<Look> looks = {
+    static const QList<Look> appearances = {
         {.name = u"phone"_s},
         {.name = u"phone-dark"_s, .isDark = true},
         {.name = u"small"_s, .size = {320, 480}},
@@ -32,14 +32,15 @@ const QList<Look> &looks()
         {.name = u"desktop"_s, .size = {1400, 900}},
         {.name = u"wide-dark"_s, .size = {2560, 1440}, .isDark = true},
     };
-    return looks;
+    return appearances;
 }
 
-bool saveScreenshot(const Look &look, const Screens::Screen &screen, const QDir &folder)
+bool saveScreenshot(const Look &appearance, const Screens::Screen &screen, const QDir &folder)
 {
-    Screens screens(look);
+    Screens screens(appearance);
     screens.show(screen);
-    const QString file = folder.filePath(look.name + u'-' + QLatin1String(screen.name) + u".png"_s);
+    const QString file =
+        folder.filePath(appearance.name + u'-' + QLatin1String(screen.name) + u".png"_s);
     std::printf("%s\n", qPrintable(file));
     return screens.host.grabWindow().save(file);
 }
@@ -57,12 +58,12 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     }
     bool isDone = true;
-    for (const Look &look : looks()) {
-        if (arguments.size() > 2 && look.name != arguments.at(2))
+    for (const Look &appearance : appearances()) {
+        if (arguments.size() > 2 && appearance.name != arguments.at(2))
             continue;
         for (const Screens::Screen &screen : Screens::all()) {
             if (QLatin1String(screen.name).startsWith(arguments.value(3)))
-                isDone = saveScreenshot(look, screen, QDir(arguments.at(1))) && isDone;
+                isDone = saveScreenshot(appearance, screen, QDir(arguments.at(1))) && isDone;
         }
     }
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -43,9 +43,9 @@ struct HeldExecutor final : Executor
 };
 
 /// The composer at the bottom of a window.
-struct Scene : Fixture
+struct ComposerFixture : Fixture
 {
-    Scene()
+    ComposerFixture()
     {
         setKey();
         session->handler = [this](const UrlRequest &) {
@@ -121,93 +121,93 @@ class ComposerTest final : public QObject
 private Q_SLOTS:
     void growsWithTheTextAndScrolls()
     {
-        Scene scene;
-        QVERIFY(scene.isReady());
-        QVERIFY(scene.hasPlaceholder());
-        const double rest = scene.item->implicitHeight();
-        scene.type(u" "_s);
-        QVERIFY(!scene.hasPlaceholder());
-        scene.press(Qt::Key_Return);
-        QCOMPARE(scene.store->message(), u" \n"_s);
-        QTRY_VERIFY(scene.item->implicitHeight() >= rest + 15); // The cursor's empty line counts.
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
+        QVERIFY(fixture.hasPlaceholder());
+        const double rest = fixture.item->implicitHeight();
+        fixture.type(u" "_s);
+        QVERIFY(!fixture.hasPlaceholder());
+        fixture.press(Qt::Key_Return);
+        QCOMPARE(fixture.store->message(), u" \n"_s);
+        QTRY_VERIFY(fixture.item->implicitHeight() >= rest + 15); // The cursor's empty line counts.
         for (int i = 0; i < 20; ++i)
-            scene.press(Qt::Key_Enter);
-        QTRY_COMPARE(scene.item->implicitHeight(), 220);
-        const auto cursor = scene.editor()->property("cursorRectangle").toRectF();
+            fixture.press(Qt::Key_Enter);
+        QTRY_COMPARE(fixture.item->implicitHeight(), 220);
+        const auto cursor = fixture.editor()->property("cursorRectangle").toRectF();
         const auto isInSight = [&] {
-            const QQuickItem *editor = scene.find("AutoSizingTextEditor");
+            const QQuickItem *editor = fixture.find("AutoSizingTextEditor");
             return editor->boundingRect().contains(
-                scene.editor()->mapRectToItem(editor, cursor).center());
+                fixture.editor()->mapRectToItem(editor, cursor).center());
         };
         QTRY_VERIFY(isInSight());
-        scene.item->setProperty("maximumHeight", 120);
-        QTRY_COMPARE(scene.item->implicitHeight(), 120);
+        fixture.item->setProperty("maximumHeight", 120);
+        QTRY_COMPARE(fixture.item->implicitHeight(), 120);
         QTRY_VERIFY(isInSight());
-        scene.store->setMessage({});
-        QTRY_COMPARE(scene.item->implicitHeight(), rest);
+        fixture.store->setMessage({});
+        QTRY_COMPARE(fixture.item->implicitHeight(), rest);
     }
 
     void onlyASuccessfulSendClearsTheText()
     {
-        Scene scene;
-        QVERIFY(scene.isReady());
-        scene.press(Qt::Key_Return, Qt::ControlModifier); // There is nothing to send.
-        QVERIFY(scene.delegate->events.isEmpty());
-        scene.isFailing = true;
-        scene.type(u"hi"_s);
-        scene.press(Qt::Key_Return, Qt::ControlModifier);
-        QVERIFY(!scene.composer.isSendingMessage() && !scene.composer.isSendDisabled());
-        QCOMPARE(scene.editor()->property("text"), u"hi"_s);
-        QVariantMap properties = scene.delegate->properties(u"user_action"_s);
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
+        fixture.press(Qt::Key_Return, Qt::ControlModifier); // There is nothing to send.
+        QVERIFY(fixture.delegate->events.isEmpty());
+        fixture.isFailing = true;
+        fixture.type(u"hi"_s);
+        fixture.press(Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(!fixture.composer.isSendingMessage() && !fixture.composer.isSendDisabled());
+        QCOMPARE(fixture.editor()->property("text"), u"hi"_s);
+        QVariantMap properties = fixture.delegate->properties(u"user_action"_s);
         QCOMPARE(properties.value(u"action_type"_s), u"send_button_tapped"_s);
         QCOMPARE(properties.value(u"screen_name"_s), u"ticket"_s);
         QCOMPARE(properties.value(u"has_message"_s), true);
         QCOMPARE(properties.value(u"attachment_count"_s), 0);
 
-        scene.isFailing = false;
-        scene.session->held = true;
-        scene.press(Qt::Key_Tab);
-        QVERIFY(!scene.editor()->hasActiveFocus());
-        scene.press(Qt::Key_Space); // The button, by keyboard.
-        QVERIFY(scene.composer.isSendingMessage() && scene.editor()->hasActiveFocus());
-        QVERIFY(scene.find("ProgressIndicator")->isVisible());
-        scene.press(Qt::Key_Return, Qt::ControlModifier);
-        QCOMPARE(scene.session->requests.size(), 2);
-        scene.session->release();
+        fixture.isFailing = false;
+        fixture.session->held = true;
+        fixture.press(Qt::Key_Tab);
+        QVERIFY(!fixture.editor()->hasActiveFocus());
+        fixture.press(Qt::Key_Space); // The button, by keyboard.
+        QVERIFY(fixture.composer.isSendingMessage() && fixture.editor()->hasActiveFocus());
+        QVERIFY(fixture.find("ProgressIndicator")->isVisible());
+        fixture.press(Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(fixture.session->requests.size(), 2);
+        fixture.session->release();
         settle();
-        QCOMPARE(scene.editor()->property("text"), QString());
-        QVERIFY(scene.store->ticket() && scene.composer.isSendDisabled());
+        QCOMPARE(fixture.editor()->property("text"), QString());
+        QVERIFY(fixture.store->ticket() && fixture.composer.isSendDisabled());
     }
 
     void preeditTextIsNotInTheMessage()
     {
-        Scene scene;
-        QVERIFY(scene.isReady());
-        scene.compose(u"にほ"_s);
-        QVERIFY(!scene.hasPlaceholder());
-        QCOMPARE(scene.store->message(), QString());
-        scene.press(Qt::Key_Return, Qt::ControlModifier);
-        QVERIFY(scene.session->requests.isEmpty());
-        scene.compose({}, u"日本👨‍👩‍👧"_s);
-        QCOMPARE(scene.store->message(), u"日本👨‍👩‍👧"_s);
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
+        fixture.compose(u"にほ"_s);
+        QVERIFY(!fixture.hasPlaceholder());
+        QCOMPARE(fixture.store->message(), QString());
+        fixture.press(Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(fixture.session->requests.isEmpty());
+        fixture.compose({}, u"日本👨‍👩‍👧"_s);
+        QCOMPARE(fixture.store->message(), u"日本👨‍👩‍👧"_s);
     }
 
     void aDisabledEditorKeepsItsText()
     {
-        Scene scene;
-        QVERIFY(scene.isReady());
-        scene.type(u"draft"_s);
-        scene.session->held = true;
-        detach(scene.store->fetchTicket(u"t1"_s));
-        scene.type(u"x"_s);
-        QVERIFY(!scene.editor()->isEnabled());
-        scene.session->release();
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
+        fixture.type(u"draft"_s);
+        fixture.session->held = true;
+        detach(fixture.store->fetchTicket(u"t1"_s));
+        fixture.type(u"x"_s);
+        QVERIFY(!fixture.editor()->isEnabled());
+        fixture.session->release();
         settle();
-        QVERIFY(scene.editor()->hasActiveFocus());
-        scene.type(u"y"_s);
-        QCOMPARE(scene.store->message(), u"drafty"_s);
-        scene.press(Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(scene.store->message() != u"drafty"_s);
+        QVERIFY(fixture.editor()->hasActiveFocus());
+        fixture.type(u"y"_s);
+        QCOMPARE(fixture.store->message(), u"drafty"_s);
+        fixture.press(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(fixture.store->message() != u"drafty"_s);
     }
 
     void pasting_data()
@@ -234,8 +234,8 @@ private Q_SLOTS:
         QFETCH(const bool, hasFile);
         QFETCH(const QString, message);
         QFETCH(const int, attachments);
-        Scene scene;
-        QVERIFY(scene.isReady());
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
         const QTemporaryDir folder;
         // Without escapes, such a name would end the headers of its part of the form.
         const QString file = folder.filePath(u"a\"\r\nb.png"_s);
@@ -247,10 +247,10 @@ private Q_SLOTS:
         if (hasFile && solid({3, 3}, Qt::red).save(file))
             clipboard->setUrls({QUrl::fromLocalFile(file)});
         QGuiApplication::clipboard()->setMimeData(clipboard);
-        scene.press(Qt::Key_V, Qt::ControlModifier);
-        scene.press(Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(scene.store->message(), message + message);
-        const QList<AttachmentDto> attached = scene.store->attachments();
+        fixture.press(Qt::Key_V, Qt::ControlModifier);
+        fixture.press(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(fixture.store->message(), message + message);
+        const QList<AttachmentDto> attached = fixture.store->attachments();
         QCOMPARE(attached.size(), hasFile ? 1 : 2 * attachments); // The same file is attached once.
         if (!attached.isEmpty()) {
             QCOMPARE(attached[0].mimeType, u"image/png"_s);
@@ -262,75 +262,75 @@ private Q_SLOTS:
 
     void aHugePasteIsKept()
     {
-        Scene scene;
-        QVERIFY(scene.isReady());
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
         const QString huge = u"All work and no play.\n"_s.repeated(10'000);
         QGuiApplication::clipboard()->setText(huge);
-        scene.press(Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(scene.store->message(), huge);
-        QVERIFY(scene.editor()->flags() & QQuickItem::ItemObservesViewport);
-        QTRY_COMPARE(scene.item->implicitHeight(), 220);
+        fixture.press(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(fixture.store->message(), huge);
+        QVERIFY(fixture.editor()->flags() & QQuickItem::ItemObservesViewport);
+        QTRY_COMPARE(fixture.item->implicitHeight(), 220);
     }
 
     void theStripShowsDecodablePictures()
     {
-        Scene scene;
-        QVERIFY(scene.isReady());
-        const double rest = scene.item->implicitHeight();
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
+        const double rest = fixture.item->implicitHeight();
         const QList attachments = {picture(u"1"_s), AttachmentDto{u"2"_s, u"image/heic"_s, "?"},
                                    picture(u"3"_s, Qt::blue)};
-        scene.store->setAttachments(attachments);
+        fixture.store->setAttachments(attachments);
         settle();
-        QQuickItem *list = scene.find("QQuickListView");
+        QQuickItem *list = fixture.find("QQuickListView");
         QCOMPARE(list->property("count"), 2);
-        QTRY_COMPARE(scene.item->implicitHeight(), rest + 154);
-        const QAbstractItemModel &rows = *scene.composer.attachments();
+        QTRY_COMPARE(fixture.item->implicitHeight(), rest + 154);
+        const QAbstractItemModel &rows = *fixture.composer.attachments();
         QVERIFY(!rows.data(rows.index(1, 0), AttachmentListModel::pictureRole)
                      .value<QImage>()
                      .isNull());
-        QTRY_COMPARE(scene.window.grabWindow().pixelColor(85, 175), QColor(Qt::red));
+        QTRY_COMPARE(fixture.window.grabWindow().pixelColor(85, 175), QColor(Qt::red));
 
         list->forceActiveFocus();
-        scene.press(Qt::Key_Right);
-        scene.press(Qt::Key_Delete);
-        QCOMPARE(scene.store->attachments(), attachments.first(2));
-        QTest::mouseClick(&scene.window, Qt::LeftButton, {}, QPoint(10 + 150 - 20, 100 + 20));
-        QCOMPARE(scene.store->attachments(), attachments.sliced(1, 1));
-        QVERIFY(!scene.composer.isSendDisabled());
-        QTRY_VERIFY(scene.editor()->hasActiveFocus());
-        QTRY_COMPARE(scene.item->implicitHeight(), rest);
+        fixture.press(Qt::Key_Right);
+        fixture.press(Qt::Key_Delete);
+        QCOMPARE(fixture.store->attachments(), attachments.first(2));
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, QPoint(10 + 150 - 20, 100 + 20));
+        QCOMPARE(fixture.store->attachments(), attachments.sliced(1, 1));
+        QVERIFY(!fixture.composer.isSendDisabled());
+        QTRY_VERIFY(fixture.editor()->hasActiveFocus());
+        QTRY_COMPARE(fixture.item->implicitHeight(), rest);
     }
 
     void filesReadDuringASendAreAddedAfterwards()
     {
-        Scene scene;
+        ComposerFixture fixture;
         auto *workers = new HeldExecutor;
         platform().workers.reset(workers);
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"a.png"_s);
         QVERIFY(solid({3, 3}, Qt::red).save(file));
-        scene.store->setMessage(u"hello"_s);
-        scene.composer.addFiles({QUrl::fromLocalFile(file)});
-        scene.session->held = true;
-        scene.composer.send();
-        QVERIFY(!scene.composer.canDrop({QUrl::fromLocalFile(file)}));
+        fixture.store->setMessage(u"hello"_s);
+        fixture.composer.addFiles({QUrl::fromLocalFile(file)});
+        fixture.session->held = true;
+        fixture.composer.send();
+        QVERIFY(!fixture.composer.canDrop({QUrl::fromLocalFile(file)}));
         workers->release();
-        QVERIFY(scene.store->attachments().isEmpty());
-        scene.session->release();
+        QVERIFY(fixture.store->attachments().isEmpty());
+        fixture.session->release();
         settle();
-        QCOMPARE(scene.store->attachments().size(), 1);
-        QVERIFY(scene.store->message().isEmpty());
+        QCOMPARE(fixture.store->attachments().size(), 1);
+        QVERIFY(fixture.store->message().isEmpty());
         workers->release();
     }
 
     void dropping()
     {
-        Scene scene;
+        ComposerFixture fixture;
         QQmlComponent component(&viewsEngine(), QUrl(views + u"AttachmentDropArea.qml"_s));
         std::unique_ptr<QQuickItem> area(
             qobject_cast<QQuickItem *>(component.createWithInitialProperties(
-                {{u"composer"_s, QVariant::fromValue(&scene.composer)}})));
-        area->setParentItem(scene.window.contentItem());
+                {{u"composer"_s, QVariant::fromValue(&fixture.composer)}})));
+        area->setParentItem(fixture.window.contentItem());
         area->setSize({360, 640});
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"a.png"_s);
@@ -340,22 +340,22 @@ private Q_SLOTS:
             data.setUrls(urls);
             QDragEnterEvent enter({50, 50}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
                                   {});
-            QCoreApplication::sendEvent(&scene.window, &enter);
+            QCoreApplication::sendEvent(&fixture.window, &enter);
             QDropEvent event({50, 50}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(&scene.window, &event);
+            QCoreApplication::sendEvent(&fixture.window, &event);
             settle();
             return enter.isAccepted();
         };
         QVERIFY(!drop({QUrl(u"file:///a.pdf"_s)}));
         QVERIFY(drop({QUrl(u"file:///a.pdf"_s), QUrl::fromLocalFile(file)}));
-        QCOMPARE(scene.store->attachments().size(), 1);
+        QCOMPARE(fixture.store->attachments().size(), 1);
     }
 
     void picking()
     {
-        Scene scene;
-        QVERIFY(scene.isReady());
-        QQuickItem *button = scene.find("PickImagesButton");
+        ComposerFixture fixture;
+        QVERIFY(fixture.isReady());
+        QQuickItem *button = fixture.find("PickImagesButton");
         const QTemporaryDir folder;
         const auto write = [&](const QString &name, const QByteArray &text) {
             QFile file(folder.filePath(name));
@@ -365,10 +365,10 @@ private Q_SLOTS:
         };
         Logger::shared().setEnabled(true);
         write(u"Missing.qml"_s, "import No.Such.Module\nItem { }");
-        scene.press(Qt::Key_Backtab);
+        fixture.press(Qt::Key_Backtab);
         QVERIFY(button->hasActiveFocus());
-        scene.press(Qt::Key_Space);
-        QVERIFY(scene.log->lines.constLast().contains(u"No.Such.Module"_s));
+        fixture.press(Qt::Key_Space);
+        QVERIFY(fixture.log->lines.constLast().contains(u"No.Such.Module"_s));
 
         QVERIFY(solid({3, 3}, Qt::red).save(folder.filePath(u"a.png"_s)));
         QVERIFY(solid({3, 3}, Qt::blue).save(folder.filePath(u"b.png"_s)));
@@ -377,8 +377,8 @@ private Q_SLOTS:
                                "Qt.resolvedUrl('a.png'), Qt.resolvedUrl('gone.png'),"
                                "Qt.resolvedUrl('b.png')]) } }");
         for (int round = 0; round < 2; ++round) {
-            scene.press(Qt::Key_Space);
-            QCOMPARE(scene.store->attachments().size(), 2);
+            fixture.press(Qt::Key_Space);
+            QCOMPARE(fixture.store->attachments().size(), 2);
         }
     }
 };

@@ -25,9 +25,9 @@ MessageDto makeNamedMessage(const QString &id, const QString &type, const QStrin
 }
 
 /// The messenger with the ticket "t1" in its list.
-struct ScreenScene : Scene
+struct TicketScreenFixture : MessengerFixture
 {
-    ScreenScene()
+    TicketScreenFixture()
     {
         ticket.messages[0].attachments = {photo};
         session->handler = [this](const UrlRequest &request) -> UrlResponse {
@@ -129,61 +129,61 @@ class TicketScreenTest final : public QObject
 private Q_SLOTS:
     void onlyTheFirstFetchShows()
     {
-        ScreenScene scene;
-        QVERIFY(scene.open(u"Send us a message"_s)); // Loads the list, but no ticket.
-        QTest::keyClick(&scene.host, Qt::Key_Escape);
-        QTRY_VERIFY(!scene.screen());
-        scene.session->held = true;
-        QVERIFY(scene.tap([&] { return scene.find(u"text of last"_s); }));
-        QTRY_VERIFY(scene.screen());
-        QCOMPARE(scene.screen()->state(), u"loadingWithPreview"_s);
-        QVERIFY(scene.ofType("TicketMessagesSkeletonView"));
-        QCOMPARE(scene.screen()->preview()->rowCount(), 1);
-        QCOMPARE(scene.views(), 0);
-        scene.session->held = false;
-        scene.session->release();
+        TicketScreenFixture fixture;
+        QVERIFY(fixture.open(u"Send us a message"_s)); // Loads the list, but no ticket.
+        QTest::keyClick(&fixture.host, Qt::Key_Escape);
+        QTRY_VERIFY(!fixture.screen());
+        fixture.session->held = true;
+        QVERIFY(fixture.tap([&] { return fixture.find(u"text of last"_s); }));
+        QTRY_VERIFY(fixture.screen());
+        QCOMPARE(fixture.screen()->state(), u"loadingWithPreview"_s);
+        QVERIFY(fixture.ofType("TicketMessagesSkeletonView"));
+        QCOMPARE(fixture.screen()->preview()->rowCount(), 1);
+        QCOMPARE(fixture.views(), 0);
+        fixture.session->held = false;
+        fixture.session->release();
         settle();
-        QCOMPARE(scene.screen()->state(), u"loaded"_s);
-        QCOMPARE(scene.views(), 1);
+        QCOMPARE(fixture.screen()->state(), u"loaded"_s);
+        QCOMPARE(fixture.views(), 1);
 
         // The screen and its draft are kept under the viewer.
-        scene.type(u"draft"_s);
+        fixture.type(u"draft"_s);
         QStringList states;
-        connect(scene.screen(), &TicketScreenData::changed, scene.screen(),
-                [&] { states += scene.screen()->state(); });
+        connect(fixture.screen(), &TicketScreenData::changed, fixture.screen(),
+                [&] { states += fixture.screen()->state(); });
         for (int round = 1; round <= 2; ++round) { // The same picture, twice.
-            QVERIFY(scene.tap([&] { return scene.ofType("AttachmentThumbnail"); }));
-            QTRY_VERIFY(scene.hasViewer());
-            QCOMPARE(scene.fetches(), round);
-            QTest::keyClick(&scene.host, Qt::Key_Escape);
+            QVERIFY(fixture.tap([&] { return fixture.ofType("AttachmentThumbnail"); }));
+            QTRY_VERIFY(fixture.hasViewer());
+            QCOMPARE(fixture.fetches(), round);
+            QTest::keyClick(&fixture.host, Qt::Key_Escape);
             settle();
-            QCOMPARE(scene.fetches(), round + 1);
-            QTRY_VERIFY(!scene.hasViewer());
+            QCOMPARE(fixture.fetches(), round + 1);
+            QTRY_VERIFY(!fixture.hasViewer());
         }
         states.removeAll(u"loaded"_s);
         QCOMPARE(states, QStringList());
-        QCOMPARE(scene.screen()->composer()->message(), u"draft"_s);
-        QCOMPARE(scene.views(), 1);
+        QCOMPARE(fixture.screen()->composer()->message(), u"draft"_s);
+        QCOMPARE(fixture.views(), 1);
     }
 
     void leavingEarlyCountsAsNoView()
     {
-        ScreenScene scene;
-        QVERIFY(scene.open());
-        QTRY_COMPARE(scene.views(), 1);
-        QTest::keyClick(&scene.host, Qt::Key_Escape);
-        QTRY_VERIFY(!scene.screen());
-        scene.session->held = true;
-        QVERIFY(scene.tap([&] { return scene.find(u"text of last"_s); }));
-        QTRY_VERIFY(scene.screen());
-        QTest::keyClick(&scene.host, Qt::Key_Escape);
-        QTRY_VERIFY(!scene.screen());
-        scene.session->held = false;
-        scene.session->release();
+        TicketScreenFixture fixture;
+        QVERIFY(fixture.open());
+        QTRY_COMPARE(fixture.views(), 1);
+        QTest::keyClick(&fixture.host, Qt::Key_Escape);
+        QTRY_VERIFY(!fixture.screen());
+        fixture.session->held = true;
+        QVERIFY(fixture.tap([&] { return fixture.find(u"text of last"_s); }));
+        QTRY_VERIFY(fixture.screen());
+        QTest::keyClick(&fixture.host, Qt::Key_Escape);
+        QTRY_VERIFY(!fixture.screen());
+        fixture.session->held = false;
+        fixture.session->release();
         settle();
-        QCOMPARE(scene.fetches(), 2);
-        QCOMPARE(scene.views(), 1);
-        QVERIFY(scene.log->lines.join(u'\n').contains(u"Error fetching ticket: "_s));
+        QCOMPARE(fixture.fetches(), 2);
+        QCOMPARE(fixture.views(), 1);
+        QVERIFY(fixture.log->lines.join(u'\n').contains(u"Error fetching ticket: "_s));
     }
 
     void messagesArrive_data()
@@ -202,76 +202,76 @@ private Q_SLOTS:
         QFETCH(const MessageDto, message);
         QFETCH(const bool, isShown);
         QFETCH(const bool, isFetchedAgain);
-        ScreenScene scene;
-        QVERIFY(scene.open());
-        QTRY_VERIFY(scene.screen());
-        QTRY_COMPARE(scene.screen()->state(), u"loaded"_s);
-        scene.clock->advance(5s);
-        const qsizetype listRequests = scene.listRequests();
-        scene.push(notifications::didReceiveMessage, message);
+        TicketScreenFixture fixture;
+        QVERIFY(fixture.open());
+        QTRY_VERIFY(fixture.screen());
+        QTRY_COMPARE(fixture.screen()->state(), u"loaded"_s);
+        fixture.clock->advance(5s);
+        const qsizetype listRequests = fixture.listRequests();
+        fixture.push(notifications::didReceiveMessage, message);
         const int rows = isShown ? 3 : 2;
-        QCOMPARE(scene.screen()->messages()->rowCount(), rows);
-        QCOMPARE(scene.listRequests(), listRequests + 1);
+        QCOMPARE(fixture.screen()->messages()->rowCount(), rows);
+        QCOMPARE(fixture.listRequests(), listRequests + 1);
         if (isShown)
-            scene.ticket.messages += message;
-        scene.clock->advance(1s);
-        QCOMPARE(scene.fetches(), isFetchedAgain ? 2 : 1);
-        QCOMPARE(scene.screen()->messages()->rowCount(), rows);
-        QCOMPARE(scene.screen()->state(), u"loaded"_s);
+            fixture.ticket.messages += message;
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.fetches(), isFetchedAgain ? 2 : 1);
+        QCOMPARE(fixture.screen()->messages()->rowCount(), rows);
+        QCOMPARE(fixture.screen()->state(), u"loaded"_s);
     }
 
     void statesArrive()
     {
-        ScreenScene scene;
-        scene.session->held = true;
+        TicketScreenFixture fixture;
+        fixture.session->held = true;
         TicketScreenData screen;
         screen.setDestination(TolvaneDestination::ticket(makePreview()));
         screen.appear();
         TicketPreviewDto update = makePreview();
         update.lastMessage = makeMessage(u"later"_s);
         update.state = words::closed;
-        scene.push(notifications::didReceiveStateUpdate, update);
+        fixture.push(notifications::didReceiveStateUpdate, update);
         const QAbstractItemModel &preview = *screen.preview();
         QVERIFY(preview.index(0, 0)
                     .data(MessageListModel::descriptionRole)
                     .toString()
                     .contains(u"text of later"_s));
-        scene.session->release();
+        fixture.session->release();
         settle();
         QCOMPARE(screen.ticketState(), u"open"_s);
-        scene.push(notifications::didReceiveStateUpdate, makePreview(u"t2"_s));
-        scene.push(notifications::didReceiveStateUpdate, update);
+        fixture.push(notifications::didReceiveStateUpdate, makePreview(u"t2"_s));
+        fixture.push(notifications::didReceiveStateUpdate, update);
         QCOMPARE(screen.ticketState(), words::closed);
         QCOMPARE(screen.state(), u"loaded"_s);
     }
 
     void aNewConversation()
     {
-        ScreenScene scene;
-        QVERIFY(scene.open(u"Send us a message"_s));
-        QTRY_VERIFY(scene.screen());
-        QCOMPARE(scene.screen()->state(), u"empty"_s);
-        QCOMPARE(scene.fetches(), 0);
-        QQuickItem *hint = scene.find(u"ticket_new_hint"_s);
-        QQuickItem *composer = scene.ofType("TicketComposer");
+        TicketScreenFixture fixture;
+        QVERIFY(fixture.open(u"Send us a message"_s));
+        QTRY_VERIFY(fixture.screen());
+        QCOMPARE(fixture.screen()->state(), u"empty"_s);
+        QCOMPARE(fixture.fetches(), 0);
+        QQuickItem *hint = fixture.find(u"ticket_new_hint"_s);
+        QQuickItem *composer = fixture.ofType("TicketComposer");
         QVERIFY(hint && composer);
         // The hint is centred in the space that is left above the composer.
-        scene.host.resize(400, 420);
+        fixture.host.resize(400, 420);
         QTRY_VERIFY(hint->mapToScene({0, hint->height()}).y() <= composer->mapToScene({}).y());
 
-        scene.type(u"hello"_s);
-        QTest::keyClick(&scene.host, Qt::Key_Return, Qt::ControlModifier);
+        fixture.type(u"hello"_s);
+        QTest::keyClick(&fixture.host, Qt::Key_Return, Qt::ControlModifier);
         settle();
-        QCOMPARE(scene.screen()->state(), u"loaded"_s);
-        QCOMPARE(scene.screen()->messages()->rowCount(), 2);
-        QCOMPARE(scene.views(), 0);
+        QCOMPARE(fixture.screen()->state(), u"loaded"_s);
+        QCOMPARE(fixture.screen()->messages()->rowCount(), 2);
+        QCOMPARE(fixture.views(), 0);
         // It remains a new conversation: it keeps the title and ignores updates of the state.
-        QCOMPARE(scene.screen()->title(), u"ticket_new_discussion"_s);
-        QCOMPARE(scene.screen()->subtitle(), QString());
+        QCOMPARE(fixture.screen()->title(), u"ticket_new_discussion"_s);
+        QCOMPARE(fixture.screen()->subtitle(), QString());
         TicketPreviewDto update = makePreview();
         update.state = words::closed;
-        scene.push(notifications::didReceiveStateUpdate, update);
-        QCOMPARE(scene.screen()->ticketState(), u"open"_s);
+        fixture.push(notifications::didReceiveStateUpdate, update);
+        QCOMPARE(fixture.screen()->ticketState(), u"open"_s);
     }
 
     void theHeader_data()
@@ -328,10 +328,10 @@ private Q_SLOTS:
         QFETCH(const QString, title);
         QFETCH(const QString, subtitle);
         QFETCH(const bool, isAvailable);
-        ScreenScene scene;
-        scene.device->timeZone = u"UTC"_s;
-        scene.ticket.messages = messages;
-        scene.ticket.schedules = schedules;
+        TicketScreenFixture fixture;
+        fixture.device->timeZone = u"UTC"_s;
+        fixture.ticket.messages = messages;
+        fixture.ticket.schedules = schedules;
         TicketScreenData screen;
         screen.setDestination(isKnown ? TolvaneDestination::ticket(makePreview())
                                       : TolvaneDestination::newTicket());
@@ -349,27 +349,29 @@ private Q_SLOTS:
 
     void aFailureShowsUntilALaterFetch()
     {
-        ScreenScene scene;
-        scene.isFailing = true;
-        QVERIFY(scene.open());
-        QTRY_VERIFY(scene.screen());
-        QTRY_COMPARE(scene.screen()->state(), u"error"_s);
-        QTRY_VERIFY(scene.find(u"Something went wrong"_s));
-        QVERIFY(scene.find(scene.screen()->errorText()));
-        QVERIFY(!scene.screen()->errorText().isEmpty());
-        QVERIFY(!scene.screen()->composer()->isFetchingTicket());
-        scene.isFailing = false;
-        scene.push(notifications::didReceiveMessage, makeNamedMessage(u"m2"_s, words::humanAgent));
-        QCOMPARE(scene.screen()->state(), u"error"_s);
-        scene.clock->advance(1s);
-        QCOMPARE(scene.screen()->state(), u"loaded"_s);
-        QTRY_VERIFY(!scene.find(u"Something went wrong"_s));
-        QCOMPARE(scene.views(), 0); // A silent fetch does not count as a view.
+        TicketScreenFixture fixture;
+        fixture.isFailing = true;
+        QVERIFY(fixture.open());
+        QTRY_VERIFY(fixture.screen());
+        QTRY_COMPARE(fixture.screen()->state(), u"error"_s);
+        QTRY_VERIFY(fixture.find(u"Something went wrong"_s));
+        QVERIFY(fixture.find(fixture.screen()->errorText()));
+        QVERIFY(!fixture.screen()->errorText().isEmpty());
+        QVERIFY(!fixture.screen()->composer()->isFetchingTicket());
+        fixture.isFailing = false;
+        fixture.push(notifications::didReceiveMessage,
+                     makeNamedMessage(u"m2"_s, words::humanAgent));
+        QCOMPARE(fixture.screen()->state(), u"error"_s);
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.screen()->state(), u"loaded"_s);
+        QTRY_VERIFY(!fixture.find(u"Something went wrong"_s));
+        QCOMPARE(fixture.views(), 0); // A silent fetch does not count as a view.
 
-        scene.isFailing = true;
-        scene.push(notifications::didReceiveMessage, makeNamedMessage(u"m3"_s, words::humanAgent));
-        scene.clock->advance(1s);
-        QCOMPARE(scene.screen()->state(), u"error"_s);
+        fixture.isFailing = true;
+        fixture.push(notifications::didReceiveMessage,
+                     makeNamedMessage(u"m3"_s, words::humanAgent));
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.screen()->state(), u"error"_s);
     }
 
     void theComposerIsAlwaysVisible_data()
@@ -388,25 +390,25 @@ private Q_SLOTS:
         QFETCH(const QString, state);
         QFETCH(const QString, ticketState);
         QFETCH(const bool, isWritable);
-        ScreenScene scene;
-        scene.isFailing = state == u"error"_s;
-        scene.ticket.state = ticketState;
-        QVERIFY(scene.showHost());
-        scene.loadSettings();
+        TicketScreenFixture fixture;
+        fixture.isFailing = state == u"error"_s;
+        fixture.ticket.state = ticketState;
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
         TolvaneViewController::presentInForeground();
-        QTRY_VERIFY(scene.find(u"text of last"_s));
-        scene.session->held = state.startsWith(u"loading"_s);
-        QVERIFY(scene.tap([&] { return scene.find(u"text of last"_s); }));
-        QTRY_VERIFY(scene.screen());
-        QTRY_COMPARE(scene.screen()->state(), state);
-        QQuickItem *composer = scene.ofType("TicketComposer");
+        QTRY_VERIFY(fixture.find(u"text of last"_s));
+        fixture.session->held = state.startsWith(u"loading"_s);
+        QVERIFY(fixture.tap([&] { return fixture.find(u"text of last"_s); }));
+        QTRY_VERIFY(fixture.screen());
+        QTRY_COMPARE(fixture.screen()->state(), state);
+        QQuickItem *composer = fixture.ofType("TicketComposer");
         QVERIFY(composer && composer->isVisible() && composer->isEnabled());
         QTRY_COMPARE(composer->mapToScene({0, composer->height()}).y(), 700 - 16.0);
         QTRY_COMPARE(composer->mapToScene({}).x(), 16.0);
         QTRY_VERIFY(composer->hasActiveFocus() || !isWritable);
-        scene.type(u"hi"_s);
-        QCOMPARE(scene.screen()->composer()->message(), isWritable ? u"hi"_s : QString());
-        scene.session->release();
+        fixture.type(u"hi"_s);
+        QCOMPARE(fixture.screen()->composer()->message(), isWritable ? u"hi"_s : QString());
+        fixture.session->release();
     }
 };
 

@@ -11,9 +11,9 @@ using namespace tolvane::test;
 namespace {
 
 /// The open messenger with this many tickets, after its animations.
-struct HomeScene : Scene
+struct HomeFixture : MessengerFixture
 {
-    explicit HomeScene(int count)
+    explicit HomeFixture(int count)
     {
         QStringList ids;
         for (int index = 0; index < count; ++index)
@@ -28,7 +28,7 @@ struct HomeScene : Scene
         loadSettings();
         TolvaneViewController::presentInForeground();
         settle();
-        return QTest::qWaitFor([this] { return find(u"text of last"_s); }) && rest();
+        return QTest::qWaitFor([this] { return find(u"text of last"_s); }) && waitForAnimations();
     }
 
     bool hasSlidIn() const
@@ -37,7 +37,7 @@ struct HomeScene : Scene
         return std::ranges::none_of(items, [](const QQuickItem *item) { return item->y() > 0; });
     }
 
-    bool rest()
+    bool waitForAnimations()
     {
         // Long enough for a busy machine.
         const bool isThere = QTest::qWaitFor([this] { return hasSlidIn(); }, 20'000);
@@ -123,47 +123,47 @@ private Q_SLOTS:
         QFETCH(const int, pulled);
         QFETCH(const int, turned);
         QFETCH(const bool, loads);
-        HomeScene scene(3);
-        QVERIFY(scene.open());
-        const qsizetype before = scene.listRequests();
+        HomeFixture fixture(3);
+        QVERIFY(fixture.open());
+        const qsizetype before = fixture.listRequests();
         if (pulled > 0)
-            scene.drag({200, 300}, {200, 300 + pulled});
-        scene.turnWheel(turned);
+            fixture.drag({200, 300}, {200, 300 + pulled});
+        fixture.turnWheel(turned);
         settle();
-        QCOMPARE(scene.listRequests() > before, loads);
-        scene.rest();
+        QCOMPARE(fixture.listRequests() > before, loads);
+        fixture.waitForAnimations();
     }
 
     void momentumAtTheTopDoesNotReload()
     {
-        HomeScene scene(40);
-        QVERIFY(scene.open());
-        const qsizetype before = scene.listRequests();
-        scene.turnWheel(-8);
-        scene.rest();
-        scene.turnWheel(25);
-        scene.rest();
-        QCOMPARE(scene.listRequests(), before);
+        HomeFixture fixture(40);
+        QVERIFY(fixture.open());
+        const qsizetype before = fixture.listRequests();
+        fixture.turnWheel(-8);
+        fixture.waitForAnimations();
+        fixture.turnWheel(25);
+        fixture.waitForAnimations();
+        QCOMPARE(fixture.listRequests(), before);
     }
 
     void theKeyboardWorks()
     {
-        HomeScene scene(3);
-        QVERIFY(scene.open());
-        QTest::keyClick(&scene.host, Qt::Key_Down);
-        QTest::keyClick(&scene.host, Qt::Key_Down);
-        QTest::keyClick(&scene.host, Qt::Key_Return);
-        QCOMPARE(scene.delegate->properties(u"user_action"_s).value(u"ticket_id"_s), u"t1"_s);
-        scene.rest();
-        QTest::keyClick(&scene.host, Qt::Key_Escape);
-        scene.rest();
+        HomeFixture fixture(3);
+        QVERIFY(fixture.open());
+        QTest::keyClick(&fixture.host, Qt::Key_Down);
+        QTest::keyClick(&fixture.host, Qt::Key_Down);
+        QTest::keyClick(&fixture.host, Qt::Key_Return);
+        QCOMPARE(fixture.delegate->properties(u"user_action"_s).value(u"ticket_id"_s), u"t1"_s);
+        fixture.waitForAnimations();
+        QTest::keyClick(&fixture.host, Qt::Key_Escape);
+        fixture.waitForAnimations();
 
         // The tab order: the list, the button for a new ticket, the close button.
         QStringList reached;
         for (int press = 0; press < 3; ++press) {
-            QTest::keyClick(&scene.host, Qt::Key_Tab);
+            QTest::keyClick(&fixture.host, Qt::Key_Tab);
             if (QAccessibleInterface *focused =
-                    QAccessible::queryAccessibleInterface(scene.host.activeFocusItem()))
+                    QAccessible::queryAccessibleInterface(fixture.host.activeFocusItem()))
                 reached += focused->text(QAccessible::Name);
         }
         QVERIFY2(reached.contains(u"Send us a message"_s) &&
@@ -173,32 +173,32 @@ private Q_SLOTS:
 
     void controlsAndRowsHaveNames()
     {
-        HomeScene scene(2);
-        QVERIFY(scene.open());
-        for (QAccessibleInterface *each : scene.accessibleObjects()) {
+        HomeFixture fixture(2);
+        QVERIFY(fixture.open());
+        for (QAccessibleInterface *each : fixture.accessibleObjects()) {
             const QString name = each->text(QAccessible::Name);
             if (each->state().focusable || each->role() == QAccessible::Button)
                 QVERIFY2(!name.isEmpty(), each->object()->metaObject()->className());
         }
-        QCOMPARE(scene.accessibleRows().size(), 2);
-        QVERIFY(scene.accessibleRows().constFirst().contains(u"text of last"_s));
+        QCOMPARE(fixture.accessibleRows().size(), 2);
+        QVERIFY(fixture.accessibleRows().constFirst().contains(u"text of last"_s));
 
         // The removed row is not accessible, although its item may be reused.
-        scene.setTickets({u"t1"_s});
-        scene.clock->advance(std::chrono::seconds(5));
+        fixture.setTickets({u"t1"_s});
+        fixture.clock->advance(std::chrono::seconds(5));
         platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
         settle();
-        scene.rest();
-        QCOMPARE(scene.accessibleRows().size(), 1);
+        fixture.waitForAnimations();
+        QCOMPARE(fixture.accessibleRows().size(), 1);
     }
 
     void itIsMirrored()
     {
-        HomeScene scene(1);
-        scene.bundle->direction = Qt::RightToLeft;
-        QVERIFY(scene.open());
-        QVERIFY(scene.placeOf(u"accessibility_close"_s).left() < 30);
-        QQuickItem *text = scene.find(u"text of last"_s);
+        HomeFixture fixture(1);
+        fixture.bundle->direction = Qt::RightToLeft;
+        QVERIFY(fixture.open());
+        QVERIFY(fixture.placeOf(u"accessibility_close"_s).left() < 30);
+        QQuickItem *text = fixture.find(u"text of last"_s);
         QCOMPARE(text->mapRectToScene(text->boundingRect()).right(), 400 - 16 - 8 - 32 - 10.0);
     }
 };

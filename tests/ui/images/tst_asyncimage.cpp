@@ -58,9 +58,9 @@ UrlRequest requestFor(const QUrl &url)
 }
 
 /// A window with one view in it.
-struct Scene : Fixture
+struct AsyncImageFixture : Fixture
 {
-    explicit Scene(const QString &type = whole, const QUrl &url = address)
+    explicit AsyncImageFixture(const QString &type = whole, const QUrl &url = address)
     {
         session->handler = [this](const UrlRequest &request) -> UrlResponse {
             if (failing)
@@ -117,18 +117,18 @@ private Q_SLOTS:
     {
         QFETCH(const QString, type);
         QFETCH(const QSize, size);
-        Scene scene(type);
-        scene.session->held = true;
-        QCOMPARE(scene.placeholders(), 0); // Not before it appears.
-        QVERIFY(scene.show());
-        QCOMPARE(scene.middle(), QColor(Qt::yellow));
-        QVERIFY(scene.item->isLoading());
-        scene.session->release();
-        QCOMPARE(scene.middle(), QColor(Qt::red));
-        QCOMPARE(scene.item->image().size(), size * scene.window.effectiveDevicePixelRatio());
-        QCOMPARE(scene.placeholders(), 1);
-        QCOMPARE(scene.contents(), 1);
-        QVERIFY(!scene.item->isLoading());
+        AsyncImageFixture fixture(type);
+        fixture.session->held = true;
+        QCOMPARE(fixture.placeholders(), 0); // Not before it appears.
+        QVERIFY(fixture.show());
+        QCOMPARE(fixture.middle(), QColor(Qt::yellow));
+        QVERIFY(fixture.item->isLoading());
+        fixture.session->release();
+        QCOMPARE(fixture.middle(), QColor(Qt::red));
+        QCOMPARE(fixture.item->image().size(), size * fixture.window.effectiveDevicePixelRatio());
+        QCOMPARE(fixture.placeholders(), 1);
+        QCOMPARE(fixture.contents(), 1);
+        QVERIFY(!fixture.item->isLoading());
     }
 
     void cachedPicturesShowInTheFirstFrame_data()
@@ -137,9 +137,9 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isDecoded");
         QTest::addColumn<int>("placeholders");
         QTest::newRow("whole, decoded") << whole << true << 0;
-        QTest::newRow("whole, encoded") << whole << false << 0;
+        QTest::newRow("whole, not decoded") << whole << false << 0;
         QTest::newRow("thumbnail, decoded") << thumbnail << true << 1;
-        QTest::newRow("thumbnail, encoded") << thumbnail << false << 1;
+        QTest::newRow("thumbnail, not decoded") << thumbnail << false << 1;
     }
 
     void cachedPicturesShowInTheFirstFrame()
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QFETCH(const QString, type);
         QFETCH(const bool, isDecoded);
         QFETCH(const int, placeholders);
-        Scene scene(type);
+        AsyncImageFixture fixture(type);
         ImageCache &cache = ImageCache::shared();
         if (isDecoded)
             cache.insert(ImageCache::key(address), solid({40, 30}, Qt::red));
@@ -156,130 +156,130 @@ private Q_SLOTS:
         std::atomic<int> frames = 0;
         std::atomic<int> framesBeforeContent = 0;
         connect(
-            &scene.window, &QQuickWindow::beforeSynchronizing, this,
+            &fixture.window, &QQuickWindow::beforeSynchronizing, this,
             [&] {
-                framesBeforeContent += scene.contents() == 0 ? 1 : 0;
+                framesBeforeContent += fixture.contents() == 0 ? 1 : 0;
                 ++frames;
             },
             Qt::DirectConnection); // The main thread is blocked meanwhile.
-        QVERIFY(scene.show());
+        QVERIFY(fixture.show());
         QTRY_VERIFY(frames > 0);
-        QCOMPARE(scene.middle(), QColor(Qt::red));
-        QCOMPARE(scene.placeholders(), placeholders);
+        QCOMPARE(fixture.middle(), QColor(Qt::red));
+        QCOMPARE(fixture.placeholders(), placeholders);
         if (type == whole)
             QCOMPARE(framesBeforeContent.load(), 0);
-        QCOMPARE(scene.contents(), 1);
-        QVERIFY(scene.session->requests.isEmpty());
+        QCOMPARE(fixture.contents(), 1);
+        QVERIFY(fixture.session->requests.isEmpty());
     }
 
     void appearingAgainRetries()
     {
-        Scene scene;
-        scene.failing = true;
-        QVERIFY(scene.show());
+        AsyncImageFixture fixture;
+        fixture.failing = true;
+        QVERIFY(fixture.show());
         settle();
-        QVERIFY(!scene.item->isLoading());
-        scene.failing = false;
+        QVERIFY(!fixture.item->isLoading());
+        fixture.failing = false;
         settle();
-        QCOMPARE(scene.session->requests.size(), 1); // There is no automatic retry.
+        QCOMPARE(fixture.session->requests.size(), 1); // There is no automatic retry.
 
-        scene.session->held = true;
+        fixture.session->held = true;
         for (int i = 0; i < 2; ++i) { // The second time it is still loading.
-            scene.root->setVisible(false);
-            scene.root->setVisible(true);
+            fixture.root->setVisible(false);
+            fixture.root->setVisible(true);
         }
-        scene.session->release();
-        QCOMPARE(scene.session->requests.size(), 2);
-        QCOMPARE(scene.middle(), QColor(Qt::red));
-        scene.root->setVisible(false);
-        scene.root->setVisible(true);
+        fixture.session->release();
+        QCOMPARE(fixture.session->requests.size(), 2);
+        QCOMPARE(fixture.middle(), QColor(Qt::red));
+        fixture.root->setVisible(false);
+        fixture.root->setVisible(true);
         settle();
-        QCOMPARE(scene.session->requests.size(), 2);
-        QCOMPARE(scene.contents(), 1);
+        QCOMPARE(fixture.session->requests.size(), 2);
+        QCOMPARE(fixture.contents(), 1);
     }
 
     void anotherUrlRestartsTheLoad()
     {
-        Scene scene;
-        QVERIFY(scene.show());
+        AsyncImageFixture fixture;
+        QVERIFY(fixture.show());
         settle();
-        QCOMPARE(scene.middle(), QColor(Qt::red));
+        QCOMPARE(fixture.middle(), QColor(Qt::red));
 
-        scene.session->held = true;
-        scene.root->setProperty("url", otherAddress);
-        QCOMPARE(scene.middle(), QColor(Qt::yellow)); // Never the picture of another address.
-        scene.root->setProperty("url", QUrl());
-        scene.session->release();
-        QCOMPARE(scene.middle(), QColor(Qt::yellow));
-        scene.root->setProperty("url", otherAddress);
-        QCOMPARE(scene.middle(), QColor(Qt::blue)); // The abandoned load has filled the caches.
-        QCOMPARE(scene.session->requests.size(), 2);
+        fixture.session->held = true;
+        fixture.root->setProperty("url", otherAddress);
+        QCOMPARE(fixture.middle(), QColor(Qt::yellow)); // Never the picture of another address.
+        fixture.root->setProperty("url", QUrl());
+        fixture.session->release();
+        QCOMPARE(fixture.middle(), QColor(Qt::yellow));
+        fixture.root->setProperty("url", otherAddress);
+        QCOMPARE(fixture.middle(), QColor(Qt::blue)); // The abandoned load has filled the caches.
+        QCOMPARE(fixture.session->requests.size(), 2);
     }
 
     void aViewMayBeDestroyedWhileLoading()
     {
-        Scene scene;
-        scene.session->held = true;
-        QVERIFY(scene.show());
-        delete scene.item;
-        scene.session->release();
+        AsyncImageFixture fixture;
+        fixture.session->held = true;
+        QVERIFY(fixture.show());
+        delete fixture.item;
+        fixture.session->release();
         QVERIFY(!ImageCache::shared().image(ImageCache::key(address)).isNull());
-        QCOMPARE(scene.middle(), QColor(Qt::black));
+        QCOMPARE(fixture.middle(), QColor(Qt::black));
     }
 
     void contentAndViewShareTheirSize()
     {
-        Scene scene;
-        scene.item->resetWidth();
-        scene.item->resetHeight();
-        QVERIFY(scene.show());
+        AsyncImageFixture fixture;
+        fixture.item->resetWidth();
+        fixture.item->resetHeight();
+        QVERIFY(fixture.show());
         settle();
-        QCOMPARE(scene.item->size(), QSizeF(40, 30));
-        scene.item->setSize({50, 60});
-        QCOMPARE(scene.item->item()->size(), QSizeF(50, 60));
+        QCOMPARE(fixture.item->size(), QSizeF(40, 30));
+        fixture.item->setSize({50, 60});
+        QCOMPARE(fixture.item->item()->size(), QSizeF(50, 60));
     }
 
     void thereIsADefaultPlaceholder()
     {
-        Scene scene(whole, QUrl());
-        scene.item->setPlaceholder(nullptr);
-        QVERIFY(scene.show());
-        QVERIFY(scene.item->item()->implicitWidth() > 0);
-        QVERIFY(scene.middle() != QColor(Qt::yellow));
+        AsyncImageFixture fixture(whole, QUrl());
+        fixture.item->setPlaceholder(nullptr);
+        QVERIFY(fixture.show());
+        QVERIFY(fixture.item->item()->implicitWidth() > 0);
+        QVERIFY(fixture.middle() != QColor(Qt::yellow));
     }
 
     void brokenContentIsReported()
     {
-        Scene scene;
-        QQmlComponent broken(scene.window.engine());
+        AsyncImageFixture fixture;
+        QQmlComponent broken(fixture.window.engine());
         broken.setData("import QtQuick; Item { unknown: 1 }", QUrl());
-        scene.root->setProperty("content", QVariant::fromValue(&broken));
+        fixture.root->setProperty("content", QVariant::fromValue(&broken));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot make the item"_s));
-        QVERIFY(scene.show());
+        QVERIFY(fixture.show());
         settle();
-        QVERIFY(!scene.item->isLoading());
+        QVERIFY(!fixture.item->isLoading());
     }
 
     /// A loader deletes its item's context at once, and the item in the next turn of the event
     /// loop.
     void aPictureArrivesDuringDeferredDeletion()
     {
-        Scene scene;
-        scene.session->held = true;
-        QQmlComponent component(scene.window.engine());
+        AsyncImageFixture fixture;
+        fixture.session->held = true;
+        QQmlComponent component(fixture.window.engine());
         component.setData("import QtQuick\nimport Tolvane.Private\n"
                           "Loader { sourceComponent: CachedAsyncImage {\n"
                           "url: 'https://cdn.example/photo.png'; content: RoundedImage {} } }",
                           {});
         const std::unique_ptr<QQuickItem> loader(qobject_cast<QQuickItem *>(component.create()));
         QVERIFY2(loader, qPrintable(component.errorString()));
-        QVERIFY(scene.show());
-        loader->setParentItem(scene.root);
+        QVERIFY(fixture.show());
+        loader->setParentItem(fixture.root);
         settle();
         const QPointer<QObject> view = loader->property("item").value<QObject *>();
         QVERIFY(view);
         loader->setProperty("active", false);
-        scene.session->release();
+        fixture.session->release();
         settle();
         QTRY_VERIFY(!view);
     }

@@ -34,9 +34,9 @@ UrlRequest requestFor(const QUrl &url)
     return request;
 }
 
-struct Scene : Fixture
+struct ImageLoadFixture : Fixture
 {
-    Scene()
+    ImageLoadFixture()
     {
         session->handler = [this](const UrlRequest &) {
             if (failing)
@@ -73,18 +73,18 @@ class ImageLoadTest final : public QObject
 private Q_SLOTS:
     void aPictureIsLoadedAndKept()
     {
-        Scene scene;
-        const auto view = scene.view();
+        ImageLoadFixture fixture;
+        const auto view = fixture.view();
         QVERIFY(!view->isLoading());
-        scene.appear(*view);
+        fixture.appear(*view);
         QVERIFY(view->isLoading() && view->image().isNull());
-        scene.appear(*view); // While it loads.
+        fixture.appear(*view); // While it loads.
         settle();
         QVERIFY(!view->isLoading());
         QCOMPARE(view->image().size(), fullSize);
-        QCOMPARE(scene.requestCount(), 1);
+        QCOMPARE(fixture.requestCount(), 1);
 
-        const UrlRequest &request = scene.session->requests.constFirst();
+        const UrlRequest &request = fixture.session->requests.constFirst();
         QCOMPARE(request.url, address);
         QCOMPARE(request.method, "GET");
         QVERIFY(request.headers.isEmpty() && request.isAnonymous);
@@ -92,92 +92,92 @@ private Q_SLOTS:
 
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
         const auto kept = ImageCache::shared().responses().cachedResponse(requestFor(address));
-        QVERIFY(kept && kept->body == scene.response.body);
-        QVERIFY(scene.log->lines.isEmpty());
+        QVERIFY(kept && kept->body == fixture.response.body);
+        QVERIFY(fixture.log->lines.isEmpty());
     }
 
     void cachedPicturesNeedNoLoad()
     {
         for (const bool isDecoded : {true, false}) {
-            Scene scene;
+            ImageLoadFixture fixture;
             if (isDecoded)
                 ImageCache::shared().insert(key, solid(fullSize, Qt::blue));
             else
                 ImageCache::shared().responses().store(pictureResponse(), requestFor(address));
-            const auto view = scene.view();
+            const auto view = fixture.view();
             view->loadFromCaches();
             QCOMPARE(view->image().size(), fullSize);
             QVERIFY(!ImageCache::shared().image(key).isNull());
             view->start(1);
             QVERIFY(!view->isLoading());
-            QCOMPARE(scene.requestCount(), 0);
+            QCOMPARE(fixture.requestCount(), 0);
         }
     }
 
     void onlySmallPicturesAreDecodedAtOnce()
     {
-        Scene scene;
+        ImageLoadFixture fixture;
         ImageCache::shared().responses().store(pictureResponse({3000, 1500}), requestFor(address));
-        const auto view = scene.view();
+        const auto view = fixture.view();
         view->loadFromCaches();
         QVERIFY(view->image().isNull());
         view->start(1);
         settle();
         QCOMPARE(view->image().size(), QSize(3000, 1500));
-        QCOMPARE(scene.requestCount(), 0);
+        QCOMPARE(fixture.requestCount(), 0);
     }
 
     void networkErrorsAreRetriedAtTheNextAppearance()
     {
-        Scene scene;
-        scene.failing = true;
-        const auto view = scene.view();
-        scene.appear(*view);
+        ImageLoadFixture fixture;
+        fixture.failing = true;
+        const auto view = fixture.view();
+        fixture.appear(*view);
         settle();
         QVERIFY(!view->isLoading() && view->image().isNull());
-        scene.failing = false;
-        scene.appear(*view);
+        fixture.failing = false;
+        fixture.appear(*view);
         settle();
         QCOMPARE(view->image().size(), fullSize);
-        QCOMPARE(scene.requestCount(), 2);
-        QVERIFY(scene.log->lines.isEmpty() && scene.delegate->events.isEmpty());
+        QCOMPARE(fixture.requestCount(), 2);
+        QVERIFY(fixture.log->lines.isEmpty() && fixture.delegate->events.isEmpty());
     }
 
     void otherContentIsCachedAndStaysLoading()
     {
         for (const auto thumbnail : {std::optional<QSizeF>(), std::optional(QSizeF(10, 10))}) {
-            Scene scene;
-            scene.response = page();
-            const auto view = scene.view(thumbnail);
-            scene.appear(*view);
+            ImageLoadFixture fixture;
+            fixture.response = page();
+            const auto view = fixture.view(thumbnail);
+            fixture.appear(*view);
             settle();
             QVERIFY(view->isLoading() && view->image().isNull());
-            scene.appear(*view);
+            fixture.appear(*view);
             settle();
-            QCOMPARE(scene.requestCount(), 1); // This view loads for the rest of its life.
+            QCOMPARE(fixture.requestCount(), 1); // This view loads for the rest of its life.
             const auto kept = ImageCache::shared().responses().cachedResponse(requestFor(address));
             QVERIFY(kept && kept->status == 404);
 
             // For another view, the page in the cache is a miss.
-            scene.response = pictureResponse();
-            const auto other = scene.view(thumbnail);
-            scene.appear(*other);
+            fixture.response = pictureResponse();
+            const auto other = fixture.view(thumbnail);
+            fixture.appear(*other);
             settle();
             QVERIFY(!other->image().isNull());
-            QCOMPARE(scene.requestCount(), 2);
+            QCOMPARE(fixture.requestCount(), 2);
         }
     }
 
     void thumbnailsAreMadeOfTheWholePictureAndNeverKept()
     {
-        Scene scene;
-        const auto small = scene.view(QSizeF(20, 20));
-        scene.appear(*small, 3);
+        ImageLoadFixture fixture;
+        const auto small = fixture.view(QSizeF(20, 20));
+        fixture.appear(*small, 3);
         settle();
         QCOMPARE(small->image().size(), QSize(90, 60)); // In device pixels.
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
 
-        const auto large = scene.view(QSizeF(50, 50));
+        const auto large = fixture.view(QSizeF(50, 50));
         large->loadFromCaches();
         QVERIFY(large->image().isNull()); // Thumbnails always begin with the placeholder.
         large->start(1);
@@ -185,54 +185,54 @@ private Q_SLOTS:
         QCOMPARE(large->image().size(), QSize(75, 50));
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
 
-        const auto whole = scene.view();
+        const auto whole = fixture.view();
         whole->loadFromCaches();
         QCOMPARE(whole->image().size(), fullSize);
-        QCOMPARE(scene.requestCount(), 1);
+        QCOMPARE(fixture.requestCount(), 1);
     }
 
     void photosBecomeThumbnailsWithoutFillingTheCache()
     {
-        Scene scene;
-        scene.response = pictureResponse({2400, 1600});
-        const auto view = scene.view(QSizeF(50, 50));
-        scene.appear(*view, 2);
+        ImageLoadFixture fixture;
+        fixture.response = pictureResponse({2400, 1600});
+        const auto view = fixture.view(QSizeF(50, 50));
+        fixture.appear(*view, 2);
         settle();
         QCOMPARE(view->image().size(), QSize(150, 100));
         QVERIFY(ImageCache::shared().image(key).isNull());
 
         ImageCache::shared().insert(key, solid({2400, 1600}, Qt::blue));
-        const auto other = scene.view(QSizeF(50, 50));
-        scene.appear(*other, 1);
+        const auto other = fixture.view(QSizeF(50, 50));
+        fixture.appear(*other, 1);
         settle();
         QCOMPARE(other->image().pixelColor(1, 1), QColor(Qt::blue)); // Made of the cached picture.
-        QCOMPARE(scene.requestCount(), 1);
+        QCOMPARE(fixture.requestCount(), 1);
     }
 
     void aViewMayBeDestroyedWhileLoading()
     {
-        Scene scene;
-        scene.session->held = true;
-        auto view = scene.view();
+        ImageLoadFixture fixture;
+        fixture.session->held = true;
+        auto view = fixture.view();
         const std::weak_ptr<ImageLoad> watched = view;
-        scene.appear(*view);
+        fixture.appear(*view);
         view.reset();
         QVERIFY(!watched.expired());
-        scene.session->release();
+        fixture.session->release();
         QVERIFY(watched.expired());
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
     }
 
     void viewsLoadIndependently()
     {
-        Scene scene;
-        scene.session->held = true;
-        const auto first = scene.view();
-        const auto second = scene.view();
-        scene.appear(*first);
-        scene.appear(*second);
-        scene.session->release();
-        QCOMPARE(scene.requestCount(), 2);
+        ImageLoadFixture fixture;
+        fixture.session->held = true;
+        const auto first = fixture.view();
+        const auto second = fixture.view();
+        fixture.appear(*first);
+        fixture.appear(*second);
+        fixture.session->release();
+        QCOMPARE(fixture.requestCount(), 2);
         QVERIFY(!first->image().isNull() && !second->image().isNull());
     }
 
@@ -250,18 +250,18 @@ private Q_SLOTS:
     {
         QFETCH(const QUrl, url);
         for (const auto thumbnail : {std::optional<QSizeF>(), std::optional(QSizeF(10, 10))}) {
-            Scene scene;
-            const auto view = scene.view(thumbnail, url);
-            scene.appear(*view);
+            ImageLoadFixture fixture;
+            const auto view = fixture.view(thumbnail, url);
+            fixture.appear(*view);
             settle();
             QVERIFY(!view->isLoading() && view->image().isNull());
-            QCOMPARE(scene.requestCount(), 0);
+            QCOMPARE(fixture.requestCount(), 0);
         }
     }
 
     void theMemoryCacheIsBounded()
     {
-        Scene scene;
+        ImageLoadFixture fixture;
         ImageCache &cache = ImageCache::shared();
         const auto name = [](int i) { return QString::number(i); };
         for (int i = 0; i < 101; ++i) {
@@ -283,18 +283,18 @@ private Q_SLOTS:
 
     void evictedPicturesAreDecodedAgain()
     {
-        Scene scene;
-        const auto first = scene.view();
-        scene.appear(*first);
+        ImageLoadFixture fixture;
+        const auto first = fixture.view();
+        fixture.appear(*first);
         settle();
         for (int i = 0; i < 100; ++i)
             ImageCache::shared().insert(QString::number(i), solid({1, 1}, Qt::red));
         QVERIFY(ImageCache::shared().image(key).isNull());
-        const auto second = scene.view();
-        scene.appear(*second);
+        const auto second = fixture.view();
+        fixture.appear(*second);
         QCOMPARE(second->image().size(), fullSize);
         QVERIFY(!ImageCache::shared().image(key).isNull());
-        QCOMPARE(scene.requestCount(), 1);
+        QCOMPARE(fixture.requestCount(), 1);
     }
 };
 

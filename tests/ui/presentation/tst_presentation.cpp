@@ -29,70 +29,70 @@ class PresentationTest final : public QObject
 private Q_SLOTS:
     void withoutAWindowNothingHappens()
     {
-        Scene scene;
+        MessengerFixture fixture;
         open();
-        QVERIFY(!scene.messenger() && scene.openStates().isEmpty());
+        QVERIFY(!fixture.messenger() && fixture.openStates().isEmpty());
     }
 
     void itWaitsForTheSettingsAndShowsTheList()
     {
-        Scene scene;
-        scene.setTickets({u"t1"_s, u"t2"_s});
-        QVERIFY(scene.showHost());
+        MessengerFixture fixture;
+        fixture.setTickets({u"t1"_s, u"t2"_s});
+        QVERIFY(fixture.showHost());
         open();
-        QCOMPARE(scene.openStates(), QList<bool>{true});
+        QCOMPARE(fixture.openStates(), QList<bool>{true});
         QVERIFY(SdkData::shared()->isOpen());
         settle();
-        QCOMPARE(scene.listRequests(), 0);
-        QVERIFY(scene.messenger() && !scene.find(u"main_subtitle"_s));
+        QCOMPARE(fixture.listRequests(), 0);
+        QVERIFY(fixture.messenger() && !fixture.find(u"main_subtitle"_s));
 
-        scene.loadSettings();
-        QCOMPARE(scene.listRequests(), 1); // The first appearance adds no refresh of its own.
-        QVERIFY(scene.find(u"main_subtitle"_s));
-        QTRY_VERIFY(scene.find(u"text of last"_s));
-        QTRY_COMPARE(scene.host.grabWindow().pixelColor(5, 5), QColor(0x20, 0x5d, 0x4e));
+        fixture.loadSettings();
+        QCOMPARE(fixture.listRequests(), 1); // The first appearance adds no refresh of its own.
+        QVERIFY(fixture.find(u"main_subtitle"_s));
+        QTRY_VERIFY(fixture.find(u"text of last"_s));
+        QTRY_COMPARE(fixture.host.grabWindow().pixelColor(5, 5), QColor(0x20, 0x5d, 0x4e));
 
-        scene.clock->advance(std::chrono::seconds(5));
+        fixture.clock->advance(std::chrono::seconds(5));
         platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
         settle();
-        QCOMPARE(scene.listRequests(), 2);
+        QCOMPARE(fixture.listRequests(), 2);
     }
 
     void thereIsAViewForEachState()
     {
-        Scene scene;
-        QVERIFY(scene.showHost());
-        scene.loadSettings();
-        scene.session->held = true;
+        MessengerFixture fixture;
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
+        fixture.session->held = true;
         open();
-        QVERIFY(!scene.find(u"No conversations yet"_s));
-        scene.session->release();
-        QTRY_VERIFY(scene.find(u"No conversations yet"_s));
-        scene.isFailing = true;
-        QTest::keyClick(&scene.host, Qt::Key_F5);
+        QVERIFY(!fixture.find(u"No conversations yet"_s));
+        fixture.session->release();
+        QTRY_VERIFY(fixture.find(u"No conversations yet"_s));
+        fixture.isFailing = true;
+        QTest::keyClick(&fixture.host, Qt::Key_F5);
         settle();
-        QTRY_VERIFY(scene.find(u"Something went wrong"_s));
-        QTRY_VERIFY(!scene.find(u"No conversations yet"_s));
+        QTRY_VERIFY(fixture.find(u"Something went wrong"_s));
+        QTRY_VERIFY(!fixture.find(u"No conversations yet"_s));
     }
 
     void closingRestoresTheHost()
     {
-        Scene scene;
-        QVERIFY(scene.showHost());
-        scene.loadSettings();
+        MessengerFixture fixture;
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
         for (int round = 0; round < 2; ++round) {
-            scene.broadcasts.clear();
-            scene.delegate->events.clear();
+            fixture.broadcasts.clear();
+            fixture.delegate->events.clear();
             open();
             open(); // It is open already.
             settle();
             QTest::qWait(400);
-            QTest::keyClick(&scene.host, Qt::Key_Escape);
-            QTRY_VERIFY(!scene.messenger());
-            QCOMPARE(scene.openStates(), QList<bool>({true, false}));
-            QVERIFY(scene.field->hasActiveFocus());
-            QCOMPARE(scene.delegate->names().count(u"user_action"_s), 1);
-            const QVariantMap properties = scene.delegate->properties(u"user_action"_s);
+            QTest::keyClick(&fixture.host, Qt::Key_Escape);
+            QTRY_VERIFY(!fixture.messenger());
+            QCOMPARE(fixture.openStates(), QList<bool>({true, false}));
+            QVERIFY(fixture.field->hasActiveFocus());
+            QCOMPARE(fixture.delegate->names().count(u"user_action"_s), 1);
+            const QVariantMap properties = fixture.delegate->properties(u"user_action"_s);
             QCOMPARE(properties.value(u"action_type"_s), u"close_button_tapped"_s);
             QCOMPARE(properties.value(u"close_method"_s), u"button"_s);
         }
@@ -100,27 +100,27 @@ private Q_SLOTS:
 
     void ticketsAndNewConversationsOpenAPage()
     {
-        Scene scene;
-        scene.setTickets({u"t1"_s});
-        QVERIFY(scene.showHost());
-        scene.loadSettings();
+        MessengerFixture fixture;
+        fixture.setTickets({u"t1"_s});
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
         open();
-        QTRY_VERIFY(scene.find(u"text of last"_s));
+        QTRY_VERIFY(fixture.find(u"text of last"_s));
         QTest::qWait(400);
         for (const QString &target : {u"text of last"_s, u"Send us a message"_s}) {
-            QQuickItem *item = scene.find(target);
+            QQuickItem *item = fixture.find(target);
             QVERIFY(item);
             const QPointF middle = item->mapToScene(item->boundingRect().center());
-            QTest::mouseClick(&scene.host, Qt::LeftButton, {}, middle.toPoint());
-            scene.clock->advance(std::chrono::seconds(5));
-            const qsizetype before = scene.listRequests();
-            QTest::keyClick(&scene.host, Qt::Key_Escape); // Goes back only.
+            QTest::mouseClick(&fixture.host, Qt::LeftButton, {}, middle.toPoint());
+            fixture.clock->advance(std::chrono::seconds(5));
+            const qsizetype before = fixture.listRequests();
+            QTest::keyClick(&fixture.host, Qt::Key_Escape); // Goes back only.
             settle();
-            QVERIFY(scene.messenger());
-            QCOMPARE(scene.listRequests(), before + 1);
+            QVERIFY(fixture.messenger());
+            QCOMPARE(fixture.listRequests(), before + 1);
         }
         QStringList actions;
-        for (const TolvaneAnalyticsEvent &event : scene.delegate->events) {
+        for (const TolvaneAnalyticsEvent &event : fixture.delegate->events) {
             if (event.name() == u"user_action"_s)
                 actions += event.properties().value(u"action_type"_s).toString();
         }
@@ -137,19 +137,19 @@ private Q_SLOTS:
     void itClosesWithTheHostsWindow()
     {
         QFETCH(const bool, isDestroyed);
-        Scene scene;
+        MessengerFixture fixture;
         auto window = std::make_unique<QQuickView>();
         window->resize(300, 300);
         window->show();
         QVERIFY(QTest::qWaitForWindowExposed(window.get()));
         open();
-        QCOMPARE(scene.openStates(), QList<bool>{true});
+        QCOMPARE(fixture.openStates(), QList<bool>{true});
         if (isDestroyed)
             window.reset();
         else
             window->close();
         settle();
-        QCOMPARE(scene.openStates(), QList<bool>({true, false}));
+        QCOMPARE(fixture.openStates(), QList<bool>({true, false}));
         QVERIFY(!SdkData::shared()->isOpen());
     }
 
@@ -163,7 +163,7 @@ private Q_SLOTS:
     void otherHostsGetAModalWindow()
     {
         QFETCH(const bool, isClosedByTheSystem);
-        Scene scene;
+        MessengerFixture fixture;
         QRasterWindow window;
         window.resize(360, 500);
         window.show();
@@ -185,7 +185,7 @@ private Q_SLOTS:
         else
             QTest::keyClick(own, Qt::Key_Escape);
         QTRY_VERIFY(!watched);
-        QCOMPARE(scene.openStates(), QList<bool>({true, false}));
+        QCOMPARE(fixture.openStates(), QList<bool>({true, false}));
     }
 };
 

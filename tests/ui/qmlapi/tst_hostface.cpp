@@ -39,9 +39,9 @@ const QByteArray host = R"(
 )";
 
 /// A host in QML, with replaced services.
-struct Scene : Fixture
+struct QmlHostFixture : Fixture
 {
-    Scene()
+    QmlHostFixture()
     {
         session->handler = [](const UrlRequest &request) {
             return test::json("{}", request.url.path().endsWith(u"/settings"_s) ? 304 : 200);
@@ -122,14 +122,14 @@ private Q_SLOTS:
         QFETCH(const QString, source);
         QFETCH(const QString, event);
         QFETCH(const QByteArray, body);
-        Scene scene;
-        scene.run(u"Tolvane.initialize('key')"_s);
-        QVERIFY(scene.delegate->names().contains(u"tolvane_sdk_initialized"_s));
-        scene.bodies();
-        scene.delegate->events.clear();
-        scene.run(source);
-        QVERIFY(scene.delegate->names().contains(event));
-        QCOMPARE(scene.bodies(), body.isEmpty() ? QList<QByteArray>() : QList{body});
+        QmlHostFixture fixture;
+        fixture.run(u"Tolvane.initialize('key')"_s);
+        QVERIFY(fixture.delegate->names().contains(u"tolvane_sdk_initialized"_s));
+        fixture.bodies();
+        fixture.delegate->events.clear();
+        fixture.run(source);
+        QVERIFY(fixture.delegate->names().contains(event));
+        QCOMPARE(fixture.bodies(), body.isEmpty() ? QList<QByteArray>() : QList{body});
     }
 
     void valuesAreThoseOfTheFacade_data()
@@ -149,73 +149,74 @@ private Q_SLOTS:
     void valuesAreThoseOfTheFacade()
     {
         QFETCH(const QString, source);
-        Scene scene;
-        scene.run(u"Tolvane.initialize('key')"_s);
-        QTEST(scene.run(source), "value");
+        QmlHostFixture fixture;
+        fixture.run(u"Tolvane.initialize('key')"_s);
+        QTEST(fixture.run(source), "value");
     }
 
     void environmentsAreKnownOnes()
     {
-        Scene scene;
-        scene.run(u"Tolvane.setEnvironment(Tolvane.Alpha)"_s);
+        QmlHostFixture fixture;
+        fixture.run(u"Tolvane.setEnvironment(Tolvane.Alpha)"_s);
         QCOMPARE(Configuration::shared().environment(), Tolvane::Environment::alpha);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"There is no environment 7"_s));
-        scene.run(u"Tolvane.setEnvironment(7)"_s);
+        fixture.run(u"Tolvane.setEnvironment(7)"_s);
         QCOMPARE(Configuration::shared().environment(), Tolvane::Environment::alpha);
     }
 
     void isOpenFollowsTheMessenger()
     {
-        Scene scene;
-        QCOMPARE(scene.run(u"Tolvane.isOpen"_s), QVariant(false));
-        scene.postState(true);
-        scene.postState(true);
-        scene.postState(false);
+        QmlHostFixture fixture;
+        QCOMPARE(fixture.run(u"Tolvane.isOpen"_s), QVariant(false));
+        fixture.postState(true);
+        fixture.postState(true);
+        fixture.postState(false);
         // Other changes emit no signal.
-        scene.run(u"Tolvane.initialize('key')"_s);
-        QCOMPARE(scene.run(u"JSON.stringify(states)"_s), QVariant(u"[true,false]"_s));
+        fixture.run(u"Tolvane.initialize('key')"_s);
+        QCOMPARE(fixture.run(u"JSON.stringify(states)"_s), QVariant(u"[true,false]"_s));
     }
 
     void eventsReachBothLanguages()
     {
-        Scene scene;
+        QmlHostFixture fixture;
         persistentstore::setCustomerId(u"mine"_s);
         TolvaneAnalyticsManager::shared().track(u"both"_s, {{u"key"_s, 3}});
-        QCOMPARE(scene.delegate->names(), QStringList{u"both"_s});
-        const QDateTime time = scene.delegate->events.constFirst().timestamp();
-        QCOMPARE(scene.run(u"events.length"_s).toInt(), 1);
-        QCOMPARE(scene.run(u"const e = events[0]; [e.name, e.properties.key, e.customerId, "
-                           "e.originalCustomerId, e.environment, e.timestamp.getTime()].join()"_s),
-                 QVariant(u"both,3,mine,,production,%1"_s.arg(time.toMSecsSinceEpoch())));
+        QCOMPARE(fixture.delegate->names(), QStringList{u"both"_s});
+        const QDateTime time = fixture.delegate->events.constFirst().timestamp();
+        QCOMPARE(fixture.run(u"events.length"_s).toInt(), 1);
+        QCOMPARE(
+            fixture.run(u"const e = events[0]; [e.name, e.properties.key, e.customerId, "
+                        "e.originalCustomerId, e.environment, e.timestamp.getTime()].join()"_s),
+            QVariant(u"both,3,mine,,production,%1"_s.arg(time.toMSecsSinceEpoch())));
 
         // QML gets events without a delegate, and a delegate without QML.
         Tolvane::setAnalyticsDelegate(nullptr);
         TolvaneAnalyticsManager::shared().track(u"QML"_s, {});
-        QCOMPARE(scene.run(u"events[1].name"_s), QVariant(u"QML"_s));
-        Tolvane::setAnalyticsDelegate(scene.delegate);
-        scene.object.reset();
-        scene.engine.reset();
+        QCOMPARE(fixture.run(u"events[1].name"_s), QVariant(u"QML"_s));
+        Tolvane::setAnalyticsDelegate(fixture.delegate);
+        fixture.object.reset();
+        fixture.engine.reset();
         TolvaneAnalyticsManager::shared().track(u"C++"_s, {});
-        QCOMPARE(scene.delegate->names(), QStringList({u"both"_s, u"C++"_s}));
+        QCOMPARE(fixture.delegate->names(), QStringList({u"both"_s, u"C++"_s}));
     }
 
     void anEngineMayBeDestroyedInAHandler()
     {
-        Scene scene;
+        QmlHostFixture fixture;
         struct Ending final : TolvaneAnalyticsDelegate
         {
             void didReceiveEvent(const TolvaneAnalyticsEvent &) override
             {
-                scene->object.reset();
-                scene->engine.reset();
+                fixture->object.reset();
+                fixture->engine.reset();
             }
-            Scene *scene = nullptr;
+            QmlHostFixture *fixture = nullptr;
         };
         const auto ending = std::make_shared<Ending>();
-        ending->scene = &scene;
+        ending->fixture = &fixture;
         Tolvane::setAnalyticsDelegate(ending);
         TolvaneAnalyticsManager::shared().track(u"last"_s, {});
-        QVERIFY(!scene.engine);
+        QVERIFY(!fixture.engine);
     }
 
     void theModuleHasOnlyPublicTypes_data()
@@ -236,8 +237,8 @@ private Q_SLOTS:
     {
         QFETCH(const QString, type);
         QFETCH(const bool, isThere);
-        Scene scene;
-        QQmlComponent component(scene.engine.get());
+        QmlHostFixture fixture;
+        QQmlComponent component(fixture.engine.get());
         component.setData("import Tolvane\n" + type.toUtf8(), QUrl());
         QCOMPARE(component.errorString().contains(u"is not a type"_s), !isThere);
         const std::unique_ptr<QObject> object(isThere ? component.create() : nullptr);

@@ -24,9 +24,9 @@ namespace {
 
 const QUrl address(u"https://cdn.example/photo.png"_s);
 
-struct Scene : Fixture
+struct ImageShareFixture : Fixture
 {
-    Scene() { qml_register_types_Tolvane_Private(); }
+    ImageShareFixture() { qml_register_types_Tolvane_Private(); }
 
     std::unique_ptr<LoadedImage> load()
     {
@@ -80,42 +80,42 @@ private Q_SLOTS:
         QFETCH(const QByteArray, meanwhile);
         QFETCH(const QByteArray, afterwards);
         QFETCH(const QList<bool>, isThere);
-        Scene scene;
+        ImageShareFixture fixture;
         const auto keep = [&](const QByteArray &bytes) {
             if (!bytes.isEmpty())
-                scene.keep(bytes);
+                fixture.keep(bytes);
             settle();
         };
         QList<bool> seen;
         keep(before);
-        const auto load = scene.load();
+        const auto load = fixture.load();
         settle();
         seen += !load->image().isNull();
         keep(meanwhile);
         for (const auto span : {400ms, 100ms}) {
-            scene.clock->advance(span);
+            fixture.clock->advance(span);
             seen += !load->image().isNull();
         }
         keep(afterwards);
-        scene.clock->advance(60s);
+        fixture.clock->advance(60s);
         seen += !load->image().isNull();
         QCOMPARE(seen, isThere);
-        QVERIFY(scene.session->requests.isEmpty());
-        QCOMPARE(scene.clock->sleeperCount(), 0);
+        QVERIFY(fixture.session->requests.isEmpty());
+        QCOMPARE(fixture.clock->sleeperCount(), 0);
     }
 
     void leavingCancelsTheWait()
     {
-        Scene scene;
-        scene.load();
+        ImageShareFixture fixture;
+        fixture.load();
         settle();
-        QCOMPARE(scene.clock->sleeperCount(), 0);
-        QCOMPARE(scene.clock->requestedSleeps(), QList<double>{0.5});
+        QCOMPARE(fixture.clock->sleeperCount(), 0);
+        QCOMPARE(fixture.clock->requestedSleeps(), QList<double>{0.5});
     }
 
     void theFileIsAJpeg()
     {
-        Scene scene;
+        ImageShareFixture fixture;
         ImageShare share;
         QSignalSpy changes(&share, &ImageShare::fileChanged);
         QImage picture = solid({40, 30}, Qt::transparent, QImage::Format_ARGB32_Premultiplied);
@@ -125,11 +125,11 @@ private Q_SLOTS:
         const QImage read = QImage::fromData(share.file().data, "jpeg");
         QCOMPARE(read.size(), picture.size());
         QVERIFY(qGray(read.pixel(20, 15)) > 250); // On white.
-        QCOMPARE(share.filename(), ImageFile::filenameAt(scene.clock->now()));
+        QCOMPARE(share.filename(), ImageFile::filenameAt(fixture.clock->now()));
 
         const int count = int(changes.count());
         const QByteArray data = share.file().data;
-        scene.clock->advance(1s);
+        fixture.clock->advance(1s);
         share.setImage(picture); // The same picture.
         settle();
         QCOMPARE(changes.count(), count);
@@ -154,11 +154,11 @@ private Q_SLOTS:
 
     void savingReportsItsResult()
     {
-        Scene scene;
+        ImageShareFixture fixture;
         ImageShare share;
         QSignalSpy saved(&share, &ImageShare::saved);
         QSignalSpy failed(&share, &ImageShare::failed);
-        const QString path = scene.folder.filePath(u"a b.jpg"_s);
+        const QString path = fixture.folder.filePath(u"a b.jpg"_s);
         share.save(QUrl::fromLocalFile(path));
         settle();
         QVERIFY(saved.isEmpty() && failed.isEmpty()); // There is no picture yet.
@@ -172,19 +172,19 @@ private Q_SLOTS:
         QCOMPARE(file.readAll(), share.file().data);
 
         for (const QString &bad :
-             {scene.folder.filePath(u"no/such/folder.jpg"_s), scene.folder.path()}) {
+             {fixture.folder.filePath(u"no/such/folder.jpg"_s), fixture.folder.path()}) {
             share.save(QUrl::fromLocalFile(bad));
             settle();
             QVERIFY(!failed.takeFirst().value(0).toString().isEmpty());
         }
         QCOMPARE(saved.count(), 1);
-        QCOMPARE(QDir(scene.folder.path()).entryList(QDir::Files), QStringList{u"a b.jpg"_s});
+        QCOMPARE(QDir(fixture.folder.path()).entryList(QDir::Files), QStringList{u"a b.jpg"_s});
     }
 
     void unusedFileNames()
     {
-        Scene scene;
-        const QString folder = scene.folder.filePath(u"to be made"_s);
+        ImageShareFixture fixture;
+        const QString folder = fixture.folder.filePath(u"to be made"_s);
         QStringList names;
         for (int i = 0; i < 3; ++i) {
             const QString path = files::unusedPath(folder, u"image_1.5.jpg"_s);
@@ -197,7 +197,7 @@ private Q_SLOTS:
 
     void aDragHasTheFile()
     {
-        Scene scene;
+        ImageShareFixture fixture;
         ImageShare share;
         share.setImage(solid({40, 30}, Qt::red));
         settle();

@@ -43,9 +43,9 @@ UrlRequest requestFor(const QUrl &url)
 }
 
 /// A window with the viewer in it.
-struct Scene : Fixture
+struct ImageViewerFixture : Fixture
 {
-    explicit Scene(bool isCached = true)
+    explicit ImageViewerFixture(bool isCached = true)
     {
         session->handler = [](const UrlRequest &) { return picture(); };
         if (isCached)
@@ -115,23 +115,23 @@ private Q_SLOTS:
 
     void zoomAndPanMoveThePicture()
     {
-        Scene scene;
-        QCOMPARE(scene.colorAt({200, 80}), QColor(Qt::red));
-        QCOMPARE(scene.colorAt({200, 60}), QColor(Qt::black));
-        scene.state->doubleTapped();
-        QTRY_COMPARE(scene.state->shownScale(), 2.0);
-        QCOMPARE(scene.colorAt({200, 2}), QColor(Qt::red));
-        scene.state->dragChanged({0, 150});
-        QCOMPARE(scene.colorAt({200, 145}), QColor(Qt::black));
-        QCOMPARE(scene.colorAt({200, 155}), QColor(Qt::red));
-        scene.window.resize(200, 150);
-        QTRY_COMPARE(scene.state->shownOffset(), QPointF(0, 75));
+        ImageViewerFixture fixture;
+        QCOMPARE(fixture.colorAt({200, 80}), QColor(Qt::red));
+        QCOMPARE(fixture.colorAt({200, 60}), QColor(Qt::black));
+        fixture.state->doubleTapped();
+        QTRY_COMPARE(fixture.state->shownScale(), 2.0);
+        QCOMPARE(fixture.colorAt({200, 2}), QColor(Qt::red));
+        fixture.state->dragChanged({0, 150});
+        QCOMPARE(fixture.colorAt({200, 145}), QColor(Qt::black));
+        QCOMPARE(fixture.colorAt({200, 155}), QColor(Qt::red));
+        fixture.window.resize(200, 150);
+        QTRY_COMPARE(fixture.state->shownOffset(), QPointF(0, 75));
     }
 
     void fingersPinchAndDragAtOnce()
     {
-        Scene scene;
-        auto fingers = QTest::touchEvent(&scene.window, scene.screen.get(), false);
+        ImageViewerFixture fixture;
+        auto fingers = QTest::touchEvent(&fixture.window, fixture.screen.get(), false);
         // A frame delivers only the last position.
         const auto move = [&](QPoint left, QPoint right) {
             fingers.move(0, left).move(1, right).commit();
@@ -140,78 +140,78 @@ private Q_SLOTS:
         fingers.press(0, QPoint(150, 150)).press(1, QPoint(250, 150)).commit();
         for (int step = 1; step <= 10; ++step)
             move({150 - 10 * step, 150}, {250 + 10 * step, 150});
-        const double scale = scene.state->scale();
+        const double scale = fixture.state->scale();
         QVERIFY2(scale > 1.5 && scale <= 3, qPrintable(QString::number(scale)));
-        QCOMPARE(scene.state->shownScale(), scale);
+        QCOMPARE(fixture.state->shownScale(), scale);
         for (int step = 1; step <= 10; ++step)
             move({50 + 4 * step, 150}, {350 + 4 * step, 150});
-        QCOMPARE(scene.state->scale(), scale);
-        QCOMPARE(scene.state->offset().x(), 40.0);
+        QCOMPARE(fixture.state->scale(), scale);
+        QCOMPARE(fixture.state->offset().x(), 40.0);
 
         fingers.stationary(0).release(1, QPoint(390, 150)).commit();
-        QTRY_VERIFY(!scene.state->isDragging());
-        QCOMPARE(scene.state->offset().x(), 40.0);
+        QTRY_VERIFY(!fixture.state->isDragging());
+        QCOMPARE(fixture.state->offset().x(), 40.0);
         // The remaining finger continues the drag.
         for (int step = 1; step <= 10; ++step) {
             fingers.move(0, QPoint(90 - 5 * step, 150)).commit();
             QTest::qWait(20);
         }
-        QVERIFY(scene.state->isDragging());
-        const double left = scene.state->offset().x();
+        QVERIFY(fixture.state->isDragging());
+        const double left = fixture.state->offset().x();
         QVERIFY2(left >= -10 && left < 30, qPrintable(QString::number(left)));
         fingers.release(0, QPoint(40, 150)).commit();
-        QTRY_VERIFY(!scene.state->isDragging());
-        QVERIFY(scene.hasControls());
+        QTRY_VERIFY(!fixture.state->isDragging());
+        QVERIFY(fixture.hasControls());
     }
 
     void aPinchOnATrackpad()
     {
-        Scene scene;
-        scene.pinch({0.25, 0.2});
-        QCOMPARE(scene.state->scale(), 1.5);
-        scene.pinch({1.0});
-        QCOMPARE(scene.state->scale(), 3.0);
-        scene.pinch({-0.9});
-        QCOMPARE(scene.state->scale(), 1.0);
-        QTRY_COMPARE(scene.state->shownScale(), 1.0);
+        ImageViewerFixture fixture;
+        fixture.pinch({0.25, 0.2});
+        QCOMPARE(fixture.state->scale(), 1.5);
+        fixture.pinch({1.0});
+        QCOMPARE(fixture.state->scale(), 3.0);
+        fixture.pinch({-0.9});
+        QCOMPARE(fixture.state->scale(), 1.0);
+        QTRY_COMPARE(fixture.state->shownScale(), 1.0);
     }
 
     void thePointerDragsAZoomedPicture()
     {
-        Scene scene;
+        ImageViewerFixture fixture;
         const auto drag = [&](QPoint by) {
-            QTest::mousePress(&scene.window, Qt::LeftButton, {}, middle);
+            QTest::mousePress(&fixture.window, Qt::LeftButton, {}, middle);
             for (int step = 1; step <= 10; ++step)
-                QTest::mouseMove(&scene.window, middle + by * step / 10);
-            QTest::mouseRelease(&scene.window, Qt::LeftButton, {}, middle + by);
+                QTest::mouseMove(&fixture.window, middle + by * step / 10);
+            QTest::mouseRelease(&fixture.window, Qt::LeftButton, {}, middle + by);
         };
         drag({60, 20});
-        QCOMPARE(scene.state->offset(), QPointF());
-        scene.state->doubleTapped();
+        QCOMPARE(fixture.state->offset(), QPointF());
+        fixture.state->doubleTapped();
         drag({60, 20});
-        QCOMPARE(scene.state->offset(), QPointF(60, 20));
+        QCOMPARE(fixture.state->offset(), QPointF(60, 20));
         drag({-20, 0});
-        QCOMPARE(scene.state->offset(), QPointF(40, 20));
+        QCOMPARE(fixture.state->offset(), QPointF(40, 20));
         drag({8, 0}); // Below the threshold of a drag.
-        QCOMPARE(scene.state->offset(), QPointF(40, 20));
+        QCOMPARE(fixture.state->offset(), QPointF(40, 20));
     }
 
     void taps()
     {
-        Scene scene;
+        ImageViewerFixture fixture;
         const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
-        QTest::mouseClick(&scene.window, Qt::LeftButton, {}, middle);
-        QVERIFY(scene.hasControls()); // It waits for a second click.
-        QTRY_VERIFY(!scene.hasControls());
-        QTest::mouseClick(&scene.window, Qt::LeftButton, {}, {30, 25}); // The button is hidden.
-        QTRY_VERIFY(scene.hasControls());
-        QCOMPARE(scene.state->scale(), 1.0);
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, middle);
+        QVERIFY(fixture.hasControls()); // It waits for a second click.
+        QTRY_VERIFY(!fixture.hasControls());
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, {30, 25}); // The button is hidden.
+        QTRY_VERIFY(fixture.hasControls());
+        QCOMPARE(fixture.state->scale(), 1.0);
 
-        QSignalSpy controls(scene.viewer, SIGNAL(showControlsChanged()));
+        QSignalSpy controls(fixture.viewer, SIGNAL(showControlsChanged()));
         QTest::qWait(interval);
         for (const double scale : {2.0, 1.0}) {
-            QTest::mouseDClick(&scene.window, Qt::LeftButton, {}, middle);
-            QCOMPARE(scene.state->scale(), scale);
+            QTest::mouseDClick(&fixture.window, Qt::LeftButton, {}, middle);
+            QCOMPARE(fixture.state->scale(), scale);
             QTest::qWait(interval * 2);
         }
         QCOMPARE(controls.count(), 0);
@@ -219,46 +219,46 @@ private Q_SLOTS:
 
     void theWheelPansAndZooms()
     {
-        Scene scene;
-        scene.wheel(15);
-        QCOMPARE(scene.state->offset(), QPointF());
-        scene.wheel(15, Qt::ControlModifier);
-        scene.wheel(15, Qt::ControlModifier);
-        QCOMPARE(scene.state->scale(), 1.5625);
-        scene.wheel(-15);
-        QCOMPARE(scene.state->offset(), QPointF(0, -60));
+        ImageViewerFixture fixture;
+        fixture.wheel(15);
+        QCOMPARE(fixture.state->offset(), QPointF());
+        fixture.wheel(15, Qt::ControlModifier);
+        fixture.wheel(15, Qt::ControlModifier);
+        QCOMPARE(fixture.state->scale(), 1.5625);
+        fixture.wheel(-15);
+        QCOMPARE(fixture.state->offset(), QPointF(0, -60));
         QTest::qWait(300); // The pinch is over,
         for (int turn = 0; turn < 20; ++turn)
-            scene.wheel(1, Qt::ControlModifier); // and small turns add up.
-        QCOMPARE_GT(scene.state->scale(), 2.0);
+            fixture.wheel(1, Qt::ControlModifier); // and small turns add up.
+        QCOMPARE_GT(fixture.state->scale(), 2.0);
         for (int turn = 0; turn < 10; ++turn)
-            scene.wheel(-15, Qt::ControlModifier);
-        QCOMPARE(scene.state->scale(), 0.5);
-        QTRY_COMPARE(scene.state->scale(), 1.0); // As after any pinch.
-        QCOMPARE(scene.state->offset(), QPointF());
+            fixture.wheel(-15, Qt::ControlModifier);
+        QCOMPARE(fixture.state->scale(), 0.5);
+        QTRY_COMPARE(fixture.state->scale(), 1.0); // As after any pinch.
+        QCOMPARE(fixture.state->offset(), QPointF());
     }
 
     void keys()
     {
-        Scene scene;
-        scene.press(Qt::Key_Right);
-        QCOMPARE(scene.state->offset(), QPointF());
-        scene.press(QKeySequence(Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus));
-        QCOMPARE(scene.state->scale(), 1.953125);
-        scene.press(QKeySequence(Qt::Key_Right, Qt::Key_Down));
-        QCOMPARE(scene.state->offset(), QPointF(-80, -80));
-        scene.press(Qt::Key_Minus);
-        QCOMPARE(scene.state->scale(), 1.5625);
-        scene.press(Qt::Key_0);
-        QCOMPARE(scene.state->scale(), 1.0);
-        QCOMPARE(scene.state->offset(), QPointF());
+        ImageViewerFixture fixture;
+        fixture.press(Qt::Key_Right);
+        QCOMPARE(fixture.state->offset(), QPointF());
+        fixture.press(QKeySequence(Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus));
+        QCOMPARE(fixture.state->scale(), 1.953125);
+        fixture.press(QKeySequence(Qt::Key_Right, Qt::Key_Down));
+        QCOMPARE(fixture.state->offset(), QPointF(-80, -80));
+        fixture.press(Qt::Key_Minus);
+        QCOMPARE(fixture.state->scale(), 1.5625);
+        fixture.press(Qt::Key_0);
+        QCOMPARE(fixture.state->scale(), 1.0);
+        QCOMPARE(fixture.state->offset(), QPointF());
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_H}) {
-            scene.press(key);
-            QVERIFY(!scene.hasControls());
-            scene.press(key);
-            QVERIFY(scene.hasControls());
+            fixture.press(key);
+            QVERIFY(!fixture.hasControls());
+            fixture.press(key);
+            QVERIFY(fixture.hasControls());
         }
-        scene.press(Qt::CTRL | Qt::Key_C);
+        fixture.press(Qt::CTRL | Qt::Key_C);
         QVERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(u"image/jpeg"_s));
     }
 
@@ -275,40 +275,41 @@ private Q_SLOTS:
     void leavingClearsTheSelectionFirst()
     {
         QFETCH(const QList<int>, keys);
-        Scene scene;
+        ImageViewerFixture fixture;
         QList<QUrl> selections;
-        QSignalSpy left(scene.viewer, SIGNAL(backRequested()));
-        connect(&scene.messages, &MessageData::selectedAttachmentChanged, this,
+        QSignalSpy left(fixture.viewer, SIGNAL(backRequested()));
+        connect(&fixture.messages, &MessageData::selectedAttachmentChanged, this,
                 [&] { QCOMPARE(left.count(), 0); });
         for (const int key : keys) {
             QCOMPARE(left.count(), 0);
-            QTest::keyClick(&scene.window, Qt::Key(key));
+            QTest::keyClick(&fixture.window, Qt::Key(key));
         }
         QCOMPARE(left.count(), 1);
-        QCOMPARE(scene.messages.selectedAttachment(), QUrl());
+        QCOMPARE(fixture.messages.selectedAttachment(), QUrl());
     }
 
     void theMenuByKeys()
     {
-        Scene scene;
+        ImageViewerFixture fixture;
         QGuiApplication::clipboard()->clear();
-        scene.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
-        scene.press(Qt::Key_Escape);
-        QCOMPARE(scene.messages.selectedAttachment(), address); // Only the menu is closed,
-        scene.press(QKeySequence(Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return)); // and opens again.
+        fixture.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
+        fixture.press(Qt::Key_Escape);
+        QCOMPARE(fixture.messages.selectedAttachment(), address); // Only the menu is closed,
+        fixture.press(
+            QKeySequence(Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return)); // and opens again.
         const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
-        QCOMPARE(copied->data(u"image/jpeg"_s), scene.share->file().data);
+        QCOMPARE(copied->data(u"image/jpeg"_s), fixture.share->file().data);
         QVERIFY(copied->hasImage());
     }
 
     void sharingNeedsAFile()
     {
-        Scene scene(false);
-        QVERIFY(!scene.share->isReady());
+        ImageViewerFixture fixture(false);
+        QVERIFY(!fixture.share->isReady());
         // Tab skips the disabled share button: from the picture to the back button, and once
         // around.
-        scene.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
-        QCOMPARE(scene.messages.selectedAttachment(), QUrl());
+        fixture.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
+        QCOMPARE(fixture.messages.selectedAttachment(), QUrl());
     }
 };
 
