@@ -103,9 +103,9 @@ FaultProxy::FaultProxy(quint16 backendPort)
     : m_backendPort(backendPort)
 {
     m_server.handler = [this](const ServedRequest &request, QTcpSocket &host) {
-        const Fault &fault = m_isOffline ? faults::reset
-                             : faultFor  ? faultFor(request)
-                                         : faults::none;
+        const Fault &fault = m_isOffline   ? faults::reset
+                             : chooseFault ? chooseFault(request)
+                                           : faults::none;
         if (fault.reachesBackend)
             pass(request, host, fault);
         else

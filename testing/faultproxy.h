@@ -59,11 +59,11 @@ public:
     void setBackend(quint16 port) { m_backendPort = port; }
 
     /// Chooses the fault for each request. Without a function there are no faults.
-    std::function<const Fault &(const ServedRequest &)> faultFor;
+    std::function<const Fault &(const ServedRequest &)> chooseFault;
 
     /// Requests so far.
     const QList<ServedRequest> &requests() const { return m_server.requests; }
-    void forgetRequests() { m_server.requests.clear(); }
+    void clearRequests() { m_server.requests.clear(); }
 
     /// While true, every connection is reset, including open ones.
     void setOffline(bool isOffline);

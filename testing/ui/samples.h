@@ -6,15 +6,15 @@
 
 namespace tolvane::test {
 
-inline QImage solid(const QSize &size, const QColor &color,
-                    QImage::Format format = QImage::Format_RGB32)
+inline QImage solidImage(const QSize &size, const QColor &color,
+                         QImage::Format format = QImage::Format_RGB32)
 {
     QImage image(size, format);
     image.fill(color);
     return image;
 }
 
-inline QByteArray encoded(const QImage &image, const char *format)
+inline QByteArray encodedImage(const QImage &image, const char *format)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);

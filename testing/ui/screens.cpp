@@ -35,7 +35,7 @@ QByteArray photo()
         painter.setBrush(QColor(0x24423a));
         painter.drawEllipse(QPoint(750, 760), 500, 300);
         painter.end();
-        return encoded(image, "png");
+        return encodedImage(image, "png");
     }();
     return bytes;
 }
@@ -165,14 +165,14 @@ QQuickItem *lastIn(QQuickItem *item, const char *type)
 
 } // namespace
 
-void Look::apply() const
+void Appearance::apply() const
 {
     QPalette palette;
     palette.setColor(QPalette::Window, QColor(isDark ? 0x16181d : 0xf4f4f4));
     palette.setColor(QPalette::WindowText, QColor(isDark ? Qt::white : Qt::black));
     QGuiApplication::setPalette(palette);
     QFont font = QGuiApplication::font();
-    font.setPixelSize(qRound(13 * textScale));
+    font.setPixelSize(qRound(13 * fontScale));
     QGuiApplication::setFont(font);
 }
 
@@ -212,7 +212,7 @@ void Screens::addRows()
         QTest::newRow(screen.name) << QString::fromLatin1(screen.name);
 }
 
-Screens::Screens(const Look &appearance)
+Screens::Screens(const Appearance &appearance)
     : m_ticket(sampleTicket())
 {
     appearance.apply();
@@ -451,7 +451,7 @@ void Screens::composerAttachments()
     QList<QUrl> files;
     for (int number = 0; number < 4; ++number) {
         const QString path = folder.filePath(u"picture%1.png"_s.arg(number));
-        solid({300, 200}, QColor::fromHsv(number * 80, 120, 220)).save(path);
+        solidImage({300, 200}, QColor::fromHsv(number * 80, 120, 220)).save(path);
         files += QUrl::fromLocalFile(path);
     }
     composer().addFiles(files);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "backend/wire/records.h"
-#include "testing/ui/scene.h"
+#include "testing/ui/messengerfixture.h"
 #include "ui/composer/composerdata.h"
 #include "ui/home/screendata.h"
 
@@ -11,15 +11,15 @@
 namespace tolvane::test {
 
 /// How the messenger is shown. The palette and the font belong to the application: apply() sets
-/// them, and Look().apply() resets them.
-struct Look
+/// them, and Appearance().apply() resets them.
+struct Appearance
 {
     QString name = QStringLiteral("plain");
     QSize size{390, 844};
     QString language = QStringLiteral("en");
     bool isDark = false;
     /// A factor for the size of texts.
-    double textScale = 1;
+    double fontScale = 1;
 
     void apply() const;
 };
@@ -40,7 +40,7 @@ public:
     /// Adds a data row for each screen.
     static void addRows();
 
-    explicit Screens(const Look &appearance);
+    explicit Screens(const Appearance &appearance);
 
     /// Shows the screen and waits until animations have ended. To be called once only.
     void show(const Screen &screen);

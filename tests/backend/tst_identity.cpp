@@ -3,7 +3,7 @@
 #include "base/base32.h"
 #include "base/decodingerror.h"
 #include "base/ulid.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 
 #include <QtTest/QTest>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "backend/wire/json.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtTest/QTest>
 

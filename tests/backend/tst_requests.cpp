@@ -5,7 +5,7 @@
 #include "backend/persistentstore.h"
 #include "backend/wire/formitems.h"
 #include "platform/async/await.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtTest/QTest>

@@ -7,7 +7,7 @@
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "state/ticketdata.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <tolvane/tolvane.h>
 #include <tolvane/version.h>

@@ -3,7 +3,7 @@
 #include "backend/persistentstore.h"
 #include "state/colorscheme.h"
 #include "targets.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 
 #include <cmath>
 

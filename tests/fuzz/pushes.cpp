@@ -5,7 +5,7 @@
 #include "state/notifications.h"
 #include "state/ticketdata.h"
 #include "targets.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>

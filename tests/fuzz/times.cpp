@@ -3,7 +3,7 @@
 #include "state/supportavailability.h"
 #include "state/timeago.h"
 #include "targets.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 
 #include <QtCore/QTimeZone>
 

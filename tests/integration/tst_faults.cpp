@@ -9,8 +9,8 @@
 #include "state/ticketsdata.h"
 #include "testing/backendprogram.h"
 #include "testing/faultproxy.h"
-#include "testing/impatientsession.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
+#include "testing/timeoutsession.h"
 
 #include <QtTest/QTest>
 
@@ -32,7 +32,7 @@ struct FaultFixture : Fixture
     {
         setKey();
         environment.insert(u"TOLVANE_API_URL"_s, proxy.url(u"/api"_s));
-        auto installed = std::make_unique<ImpatientSession>(makeNetworkSession());
+        auto installed = std::make_unique<TimeoutSession>(makeNetworkSession());
         network = installed.get();
         scripted = std::exchange(platform().urlSession, std::move(installed));
         // The backend keeps its data between the rows, so each row has its own customer.
@@ -93,7 +93,7 @@ struct FaultFixture : Fixture
     static inline int customers = 0;
 
     FaultProxy proxy;
-    ImpatientSession *network;
+    TimeoutSession *network;
     std::unique_ptr<UrlSession> scripted;
     std::shared_ptr<TicketsData> tickets = std::make_shared<TicketsData>();
     std::shared_ptr<TicketData> ticket = std::make_shared<TicketData>(std::nullopt);
@@ -193,7 +193,7 @@ private Q_SLOTS:
             fixture.begin();
         fixture.compose();
         fixture.delegate->events.clear();
-        fixture.proxy.forgetRequests();
+        fixture.proxy.clearRequests();
         failTheNext(fixture, *operation, *expected->fault);
 
         fixture.network->timeout = expected->timeout;
@@ -268,8 +268,8 @@ private:
 
     static void failTheNext(FaultFixture &fixture, const Operation &operation, const Fault &fault)
     {
-        fixture.proxy.faultFor = [&operation, &fault, isDone = false](
-                                     const ServedRequest &request) mutable -> const Fault & {
+        fixture.proxy.chooseFault = [&operation, &fault, isDone = false](
+                                        const ServedRequest &request) mutable -> const Fault & {
             if (isDone || !isOf(operation, request))
                 return faults::none;
             isDone = true;

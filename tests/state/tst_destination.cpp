@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/destination.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtCore/QSet>
 #include <QtTest/QTest>

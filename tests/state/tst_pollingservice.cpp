@@ -3,7 +3,7 @@
 #include "base/errors.h"
 #include "state/notifications.h"
 #include "state/pollingservice.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtTest/QTest>
 

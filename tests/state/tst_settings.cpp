@@ -5,7 +5,7 @@
 #include "state/colorscheme.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtTest/QTest>
 

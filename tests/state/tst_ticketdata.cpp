@@ -4,7 +4,7 @@
 #include "state/notifications.h"
 #include "state/pollingservice.h"
 #include "state/ticketdata.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>

@@ -2,7 +2,7 @@
 #include "backend/apierror.h"
 #include "platform/async/await.h"
 #include "state/ticketsdata.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtTest/QTest>
 

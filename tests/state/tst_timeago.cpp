@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/timeago.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 
 #include <QtTest/QTest>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Runs the tests in QML, with pictures and records that QML cannot create.
+#include "testing/samplerecords.h"
 #include "testing/ui/samples.h"
-#include "testing/wire.h"
 #include "ui/messages/messagelistmodel.h"
 
 #include <QtGui/QDesktopServices>

@@ -7,7 +7,7 @@
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "state/ticketdata.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 #include "ui/composer/composerdata.h"
 #include "ui/home/screendata.h"
 #include "ui/presentation/viewcontroller.h"

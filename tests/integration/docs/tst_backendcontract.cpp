@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The contract in writing against the local backend, and against the library's own records.
+#include "agentclient.h"
 #include "backend/wire/records.h"
-#include "browseragent.h"
 #include "document.h"
+#include "eventstreamclient.h"
 #include "examples.h"
-#include "listening.h"
 #include "recordtables.h"
 
 #include <QtTest/QTest>
@@ -243,12 +243,12 @@ private Q_SLOTS:
         const RunningBackend backend(inMemory, 1ms);
         Customer customer(backend.port());
         customer.send("POST", "/api/customer/device/update", R"({"deviceToken":"0aff64"})");
-        Listening host(backend, "/api/push/0aff64");
-        QTRY_VERIFY_WITH_TIMEOUT(host.received().contains("\r\n\r\n"), patience);
+        EventStreamClient host(backend, "/api/push/0aff64");
+        QTRY_VERIFY_WITH_TIMEOUT(host.received().contains("\r\n\r\n"), timeout);
         const std::string path = customer.open();
-        QTRY_COMPARE_WITH_TIMEOUT(host.payloads().size(), 1, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(host.payloads().size(), 1, timeout);
         customer.write(path, "thanks, bye");
-        QTRY_COMPARE_WITH_TIMEOUT(host.payloads().size(), 3, patience);
+        QTRY_COMPARE_WITH_TIMEOUT(host.payloads().size(), 3, timeout);
         RecordTables tables(contract);
         QStringList kinds;
         for (QJsonObject payload : host.payloads()) {

@@ -4,7 +4,7 @@
 #include "browser.h"
 #include "customer.h"
 #include "testing/backendprogram.h"
-#include "waiting.h"
+#include "waitfor.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
@@ -18,7 +18,7 @@ using namespace tolvane::test;
 
 namespace {
 
-QImage solid(Qt::GlobalColor color)
+QImage solidImage(Qt::GlobalColor color)
 {
     QImage image(96, 64, QImage::Format_RGB32);
     image.fill(color);
@@ -221,7 +221,7 @@ private:
         m_customer->clicks(QAccessible::ListItem, m_sent.constLast().left(20));
         m_customer->sees(QAccessible::Heading, u", Available now"_s);
         checkConversation();
-        m_customer->pastes(solid(Qt::red));
+        m_customer->pastes(solidImage(Qt::red));
         customerSays(u"This is how it looks"_s);
         m_customer->sees(QAccessible::ListItem, u"AI agent is typing"_s);
         m_browser->await(
@@ -245,7 +245,7 @@ private:
         QStringList files;
         for (const Qt::GlobalColor color : {Qt::green, Qt::blue}) {
             files += m_folder.filePath(u"%1.png"_s.arg(color));
-            if (!solid(color).save(files.constLast()))
+            if (!solidImage(color).save(files.constLast()))
                 throw std::runtime_error("a picture cannot be written");
         }
         m_browser->choose(u"#attachment-files"_s, files);

@@ -6,19 +6,19 @@
 #include <QtGui/QGuiApplication>
 
 using namespace Qt::StringLiterals;
-using tolvane::test::Look;
+using tolvane::test::Appearance;
 using tolvane::test::Screens;
 
 namespace {
 
-const QList<Look> &appearances()
+const QList<Appearance> &appearances()
 {
-    static const QList<Look> appearances = {
+    static const QList<Appearance> appearances = {
         {.name = u"phone"_s},
         {.name = u"phone-dark"_s, .isDark = true},
         {.name = u"small"_s, .size = {320, 480}},
-        {.name = u"small-german-large"_s, .size = {320, 480}, .language = u"de"_s, .textScale = 2},
-        {.name = u"phone-large"_s, .textScale = 2},
+        {.name = u"small-german-large"_s, .size = {320, 480}, .language = u"de"_s, .fontScale = 2},
+        {.name = u"phone-large"_s, .fontScale = 2},
         {.name = u"phone-arabic"_s, .language = u"ar"_s},
         {.name = u"landscape"_s, .size = {844, 390}},
         {.name = u"landscape-arabic-dark"_s,
@@ -28,14 +28,14 @@ const QList<Look> &appearances()
         {.name = u"landscape-german-large"_s,
          .size = {844, 390},
          .language = u"de"_s,
-         .textScale = 2},
+         .fontScale = 2},
         {.name = u"desktop"_s, .size = {1400, 900}},
         {.name = u"wide-dark"_s, .size = {2560, 1440}, .isDark = true},
     };
     return appearances;
 }
 
-bool saveScreenshot(const Look &appearance, const Screens::Screen &screen, const QDir &folder)
+bool saveScreenshot(const Appearance &appearance, const Screens::Screen &screen, const QDir &folder)
 {
     Screens screens(appearance);
     screens.show(screen);
@@ -58,7 +58,7 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     }
     bool isDone = true;
-    for (const Look &appearance : appearances()) {
+    for (const Appearance &appearance : appearances()) {
         if (arguments.size() > 2 && appearance.name != arguments.at(2))
             continue;
         for (const Screens::Screen &screen : Screens::all()) {

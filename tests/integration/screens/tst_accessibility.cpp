@@ -47,7 +47,7 @@ bool isBefore(const Heard &one, const Heard &other, bool isRightToLeft)
 /// A screen, and who goes through it.
 struct Visit : Screens
 {
-    Visit(const Look &look, const QString &screen)
+    Visit(const Appearance &look, const QString &screen)
         : Screens(look)
     {
         show(screen);
@@ -127,14 +127,14 @@ private Q_SLOTS:
         QVERIFY2(atSpi.problem().isEmpty(), qPrintable(atSpi.problem()));
     }
 
-    void cleanup() { Look().apply(); }
+    void cleanup() { Appearance().apply(); }
 
     void everyControlSaysWhatItIs_data() { Screens::addRows(); }
 
     void everyControlSaysWhatItIs()
     {
         QFETCH(const QString, screen);
-        Visit visit(Look{}, screen);
+        Visit visit(Appearance{}, screen);
         QStringList faults;
         qsizetype said = 0;
         for (const Heard &heard : visit.all) {

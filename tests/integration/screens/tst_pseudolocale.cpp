@@ -108,23 +108,23 @@ class PseudoLocaleTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { Look().apply(); }
+    void cleanup() { Appearance().apply(); }
 
     void allIsTranslatedAndFits_data() { Screens::addRows(); }
 
     void allIsTranslatedAndFits()
     {
         QFETCH(const QString, screen);
-        Screens screens(Look{});
+        Screens screens(Appearance{});
         screens.bundle->dress = pseudo;
         screens.show(screen);
-        const Look appearances[] = {{.size = {390, 844}},
-                                    {.size = {320, 480}},
-                                    {.size = {844, 390}},
-                                    {.size = {390, 844}, .textScale = 2},
-                                    {.size = {320, 480}, .textScale = 2}};
+        const Appearance appearances[] = {{.size = {390, 844}},
+                                          {.size = {320, 480}},
+                                          {.size = {844, 390}},
+                                          {.size = {390, 844}, .fontScale = 2},
+                                          {.size = {320, 480}, .fontScale = 2}};
         QStringList faults;
-        for (const Look &appearance : appearances) {
+        for (const Appearance &appearance : appearances) {
             appearance.apply();
             screens.host.resize(appearance.size);
             QTest::qWait(200);
@@ -133,7 +133,7 @@ private Q_SLOTS:
             for (const QString &fault : faultsOf(shown, QRectF({}, appearance.size))) {
                 faults += u"%1x%2 at %3: %4"_s.arg(appearance.size.width())
                               .arg(appearance.size.height())
-                              .arg(appearance.textScale)
+                              .arg(appearance.fontScale)
                               .arg(fault);
             }
             QVERIFY(!shown.isEmpty() || screen == u"home-skeleton"_s);

@@ -5,7 +5,7 @@
 #include "figures.h"
 #include "platform/platform.h"
 #include "round.h"
-#include "testing/impatientsession.h"
+#include "testing/timeoutsession.h"
 #include "victim.h"
 
 #include <QtCore/QElapsedTimer>
@@ -26,7 +26,7 @@ void hasten(int factor)
 {
     Platform &services = platform();
     services.clock = std::make_unique<FastClock>(std::move(services.clock), factor);
-    auto session = std::make_unique<test::ImpatientSession>(std::move(services.urlSession));
+    auto session = std::make_unique<test::TimeoutSession>(std::move(services.urlSession));
     session->timeout /= factor;
     services.urlSession = std::move(session);
 }

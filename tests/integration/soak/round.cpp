@@ -185,7 +185,7 @@ void Rounds::answerPush()
 /// Three requests of ten go wrong, each in another way. What is seen then may be anything.
 void Rounds::weatherStorm()
 {
-    m_proxy.faultFor = [this](const test::ServedRequest &) -> const test::Fault & {
+    m_proxy.chooseFault = [this](const test::ServedRequest &) -> const test::Fault & {
         if (m_random() % 10 >= 3)
             return test::faults::none;
         return *test::faults::all.at(m_random() % test::faults::all.size());
@@ -201,7 +201,7 @@ void Rounds::weatherStorm()
         write(newText());
         m_visitor->rest();
     }
-    m_proxy.faultFor = {};
+    m_proxy.chooseFault = {};
     back();
     close();
 }
@@ -251,7 +251,7 @@ void Rounds::rest()
     m_proxy.setOffline(true);
     QTest::qWait(2500);
     m_proxy.setOffline(false);
-    m_proxy.forgetRequests();
+    m_proxy.clearRequests();
     QGuiApplication::clipboard()->clear();
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "consoleprogram.h"
 #include "eventstream.h"
-#include "program.h"
 #include "testing/backendprogram.h"
 
 #include <QtCore/QJsonArray>

@@ -13,7 +13,7 @@
 using Headers = std::map<std::string, std::string>;
 
 /// The timeout in milliseconds for conditions, which is long enough for a busy machine.
-inline constexpr int patience = 60'000;
+inline constexpr int timeout = 60'000;
 
 struct FormPart
 {
@@ -71,7 +71,7 @@ struct Customer
     {
         client.set_keep_alive(true);
         client.set_url_encode(false);
-        client.set_read_timeout(std::chrono::milliseconds(patience));
+        client.set_read_timeout(std::chrono::milliseconds(timeout));
     }
     httplib::Response send(const std::string &method, const std::string &path,
                            const std::string &body = {}, Headers special = {})

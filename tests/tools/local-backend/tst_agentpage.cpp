@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The agents' page: its access checks, its files, and the requests that it rejects.
-#include "browseragent.h"
+#include "agentclient.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>

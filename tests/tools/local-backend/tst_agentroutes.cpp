@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The routes for the agents' page, and their effects for customers.
-#include "browseragent.h"
-#include "listening.h"
+#include "agentclient.h"
+#include "eventstreamclient.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 using namespace std::literals;
 using namespace tolvane::backend;
 
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
+#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, timeout)
 
 class AgentRoutesTest : public QObject
 {
@@ -54,7 +54,7 @@ private Q_SLOTS:
         const QJsonDocument picture =
             json(agent.post("pictures", multipart({{"attachments[]", png, "me \u00FC.png"}})));
         const std::string kept = picture["path"_L1].toString().toStdString();
-        Listening host(backend, "/api/push/feed");
+        EventStreamClient host(backend, "/api/push/feed");
 
         const QJsonObject human =
             json(agent.post(ticket + "/message", multipart({{"as", "human agent"},
@@ -181,11 +181,11 @@ private Q_SLOTS:
         RunningBackend backend;
         Customer ada(backend.port());
         Agent agent(backend);
-        std::vector<std::unique_ptr<Listening>> pages;
+        std::vector<std::unique_ptr<EventStreamClient>> pages;
         const auto join = [&] {
-            pages.push_back(std::make_unique<Listening>(backend, "/agent/api/events"));
+            pages.push_back(std::make_unique<EventStreamClient>(backend, "/agent/api/events"));
             return QTest::qWaitFor([&] { return pages.back()->received().contains("\r\n\r\n"); },
-                                   patience);
+                                   timeout);
         };
         QVERIFY(join());
         const auto events = [&] { return pages[0]->lines("event: ").join(' '); };

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 using namespace std::literals;
 using namespace tolvane::backend;
 
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
+#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, timeout)
 
 class LocalBackend : public QObject
 {

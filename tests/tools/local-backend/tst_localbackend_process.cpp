@@ -17,7 +17,7 @@ class LocalBackendProcess : public QObject
     {
         QProcess process;
         process.start(m_program, QString(arguments).replace("DIR"_L1, m_folder.path()).split(u' '));
-        QVERIFY2(process.waitForFinished(patience), named);
+        QVERIFY2(process.waitForFinished(timeout), named);
         const QByteArray line = process.readAllStandardError();
         const bool isRejected = process.exitStatus() == QProcess::NormalExit &&
                                 process.exitCode() == 2 &&
@@ -70,7 +70,7 @@ private Q_SLOTS:
         const QString database = m_folder.filePath(u"data/backend.sqlite"_s);
         process.start(m_program, {u"--port"_s, u"0"_s, u"--db"_s, database});
         while (!process.canReadLine())
-            QVERIFY(process.waitForReadyRead(patience));
+            QVERIFY(process.waitForReadyRead(timeout));
         const QString line = QString::fromUtf8(process.readAllStandardOutput());
         QVERIFY(line.startsWith("listening on http://127.0.0.1:"_L1) && line.endsWith("/api\n"_L1));
 
@@ -82,7 +82,7 @@ private Q_SLOTS:
         // An idle connection ends by itself after ten seconds.
         const QDeadlineTimer idle(9'000);
         process.terminate();
-        QVERIFY(process.waitForFinished(patience));
+        QVERIFY(process.waitForFinished(timeout));
         QVERIFY2(!idle.hasExpired(), "the open connection delayed the end");
         QVERIFY(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0);
         QCOMPARE(process.readAllStandardError(), QByteArray());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pushes to a customer's device, and the event stream that brings them to a host.
-#include "listening.h"
+#include "eventstreamclient.h"
 #include "runningbackend.h"
 
 #include <QtTest/QTest>
@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 using namespace std::literals;
 using namespace tolvane::backend;
 
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
+#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, timeout)
 
 namespace {
 
@@ -40,11 +40,11 @@ private Q_SLOTS:
         registerDevice(ada, "feed");
         registerDevice(bob, "beef");
         Customer(backend.port(), "without a device").open();
-        Listening host(backend, "/api/push/feed");
-        Listening other(backend, "/api/push/feed");
-        Listening bobs(backend, "/api/push/beef");
-        for (Listening *each : {&host, &other, &bobs})
-            QTRY_VERIFY_WITH_TIMEOUT(each->received().contains("\r\n\r\n"), patience);
+        EventStreamClient host(backend, "/api/push/feed");
+        EventStreamClient other(backend, "/api/push/feed");
+        EventStreamClient bobs(backend, "/api/push/beef");
+        for (EventStreamClient *each : {&host, &other, &bobs})
+            QTRY_VERIFY_WITH_TIMEOUT(each->received().contains("\r\n\r\n"), timeout);
         const auto last = [&] { return ada.tickets()[0].toObject(); };
         const auto message = [](const QJsonObject &preview) {
             return QJsonObject{{u"source"_s, u"tolvane"_s},
@@ -89,18 +89,18 @@ private Q_SLOTS:
         push("b");
         QByteArrayList ids;
         {
-            Listening first(backend, "/api/push/feed");
+            EventStreamClient first(backend, "/api/push/feed");
             TRY_COMPARE(first.digest(), "ab");
             ids = first.lines("id: ");
         }
         push("c");
-        Listening second(backend, "/api/push/feed"); // Connects again, without an id.
+        EventStreamClient second(backend, "/api/push/feed"); // Connects again, without an id.
         TRY_COMPARE(second.digest(), "c");
         std::vector<std::pair<QByteArray, QByteArray>> expected = {
             {ids[0], "bcd"}, {"junk", "d"}, {"18446744073709551615", "d"}, {"0", "abcd"}};
-        std::vector<std::unique_ptr<Listening>> hosts;
+        std::vector<std::unique_ptr<EventStreamClient>> hosts;
         for (const auto &[last, digest] : expected) {
-            hosts.push_back(std::make_unique<Listening>(backend, "/api/push/feed", last));
+            hosts.push_back(std::make_unique<EventStreamClient>(backend, "/api/push/feed", last));
             TRY_COMPARE(hosts.back()->digest() + 'd', digest);
             QTRY_VERIFY(hosts.back()->received().contains("\r\n\r\n"));
         }
@@ -136,18 +136,18 @@ private Q_SLOTS:
     void hostsComeAndGoWithoutBlocking()
     {
         auto backend = std::make_unique<RunningBackend>();
-        std::vector<std::unique_ptr<Listening>> hosts;
+        std::vector<std::unique_ptr<EventStreamClient>> hosts;
         const auto join = [&] {
-            hosts.push_back(std::make_unique<Listening>(*backend, "/api/push/feed"));
+            hosts.push_back(std::make_unique<EventStreamClient>(*backend, "/api/push/feed"));
             const auto isAnswered = [&] { return !hosts.back()->received().isEmpty(); };
-            return QTest::qWaitFor(isAnswered, patience) &&
+            return QTest::qWaitFor(isAnswered, timeout) &&
                    hosts.back()->received().startsWith("HTTP/1.1 200");
         };
         // More hosts than may listen at once, one after the other.
         for (int i = 0; i < 100; ++i, hosts.clear())
-            QVERIFY(QTest::qWaitFor(join, patience));
+            QVERIFY(QTest::qWaitFor(join, timeout));
         for (int i = 0; i < 32; ++i)
-            QVERIFY(QTest::qWaitFor(join, patience));
+            QVERIFY(QTest::qWaitFor(join, timeout));
         QVERIFY(!join());
         QVERIFY(hosts.back()->received().startsWith("HTTP/1.1 503"));
         QCOMPARE(Customer(backend->port()).get("/api/tickets").status, 200);

@@ -86,7 +86,7 @@ private Q_SLOTS:
         }
         RunningBackend backend(path);
         PushStream pushes(backend.pushes, "00ff", {});
-        QTRY_VERIFY_WITH_TIMEOUT(pushes.next().has_value(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(pushes.next().has_value(), timeout);
     }
 
     void errorsNameTheField_data()

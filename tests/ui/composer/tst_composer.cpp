@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/logger.h"
 #include "platform/async/await.h"
+#include "testing/samplerecords.h"
 #include "testing/ui/samples.h"
-#include "testing/wire.h"
 #include "ui/composer/composerdata.h"
 #include "ui/presentation/viewsengine.h"
 
@@ -25,7 +25,7 @@ const QString views = u"qrc:/qt-project.org/imports/Tolvane/Private/composer/"_s
 
 AttachmentDto picture(const QString &name, Qt::GlobalColor color = Qt::red)
 {
-    return {name, u"image/png"_s, encoded(solid({40, 30}, color), "png")};
+    return {name, u"image/png"_s, encodedImage(solidImage({40, 30}, color), "png")};
 }
 
 /// Holds work back until release().
@@ -243,8 +243,8 @@ private Q_SLOTS:
         for (const QString &format : formats)
             clipboard->setData(format, format.toUtf8());
         if (hasImage)
-            clipboard->setImageData(solid({3, 3}, Qt::red));
-        if (hasFile && solid({3, 3}, Qt::red).save(file))
+            clipboard->setImageData(solidImage({3, 3}, Qt::red));
+        if (hasFile && solidImage({3, 3}, Qt::red).save(file))
             clipboard->setUrls({QUrl::fromLocalFile(file)});
         QGuiApplication::clipboard()->setMimeData(clipboard);
         fixture.press(Qt::Key_V, Qt::ControlModifier);
@@ -308,7 +308,7 @@ private Q_SLOTS:
         platform().workers.reset(workers);
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"a.png"_s);
-        QVERIFY(solid({3, 3}, Qt::red).save(file));
+        QVERIFY(solidImage({3, 3}, Qt::red).save(file));
         fixture.store->setMessage(u"hello"_s);
         fixture.composer.addFiles({QUrl::fromLocalFile(file)});
         fixture.session->held = true;
@@ -334,7 +334,7 @@ private Q_SLOTS:
         area->setSize({360, 640});
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"a.png"_s);
-        QVERIFY(solid({3, 3}, Qt::red).save(file));
+        QVERIFY(solidImage({3, 3}, Qt::red).save(file));
         QMimeData data;
         const auto drop = [&](const QList<QUrl> &urls) {
             data.setUrls(urls);
@@ -370,8 +370,8 @@ private Q_SLOTS:
         fixture.press(Qt::Key_Space);
         QVERIFY(fixture.log->lines.constLast().contains(u"No.Such.Module"_s));
 
-        QVERIFY(solid({3, 3}, Qt::red).save(folder.filePath(u"a.png"_s)));
-        QVERIFY(solid({3, 3}, Qt::blue).save(folder.filePath(u"b.png"_s)));
+        QVERIFY(solidImage({3, 3}, Qt::red).save(folder.filePath(u"a.png"_s)));
+        QVERIFY(solidImage({3, 3}, Qt::blue).save(folder.filePath(u"b.png"_s)));
         write(u"Picker.qml"_s, "import QtQml\nQtObject { property var patterns\n"
                                "signal picked(var files)\nfunction open() { picked(["
                                "Qt.resolvedUrl('a.png'), Qt.resolvedUrl('gone.png'),"

@@ -77,9 +77,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("mimeType"); // Empty: the file is rejected.
-        const QByteArray png = encoded(solid({2, 2}, Qt::red), "png");
+        const QByteArray png = encodedImage(solidImage({2, 2}, Qt::red), "png");
         QTest::newRow("png") << u"a.png"_s << png << u"image/png"_s;
-        QTest::newRow("jpeg") << u"B.JPG"_s << encoded(solid({2, 2}, Qt::red), "jpg")
+        QTest::newRow("jpeg") << u"B.JPG"_s << encodedImage(solidImage({2, 2}, Qt::red), "jpg")
                               << u"image/jpeg"_s;
         QTest::newRow("by content") << u"photo"_s << png << u"image/png"_s;
         QTest::newRow("unknown") << u"photo"_s << QByteArray::fromHex("00e101fe02")

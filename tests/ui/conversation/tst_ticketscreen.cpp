@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A conversation's screen within the messenger, used by mouse and keyboard.
 #include "analytics/logger.h"
+#include "testing/ui/messengerfixture.h"
 #include "testing/ui/samples.h"
-#include "testing/ui/scene.h"
 #include "ui/conversation/ticketscreendata.h"
 #include "ui/images/imagecache.h"
 
@@ -37,8 +37,9 @@ struct TicketScreenFixture : MessengerFixture
             if (path.endsWith(u"/tickets"_s))
                 return test::json(listJson);
             if (request.url == QUrl(photo))
-                return {
-                    .status = 200, .headers = {}, .body = encoded(solid({9, 9}, Qt::red), "png")};
+                return {.status = 200,
+                        .headers = {},
+                        .body = encodedImage(solidImage({9, 9}, Qt::red), "png")};
             if (isFailing)
                 throw UrlError(UrlError::notConnectedToInternet);
             return answer(ticket);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The home screen, used by mouse, wheel and keyboard.
-#include "testing/ui/scene.h"
+#include "testing/ui/messengerfixture.h"
 
 #include <QtGui/QAccessible>
 #include <QtGui/QWheelEvent>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "base/errors.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 #include "testing/ui/samples.h"
 #include "ui/images/asyncimage.h"
 #include "ui/images/imagecache.h"
@@ -47,7 +47,7 @@ const QString thumbnail = u"ThumbnailAsyncImage"_s;
 
 UrlResponse picture(const QColor &color)
 {
-    return {.status = 200, .headers = {}, .body = encoded(solid({40, 30}, color), "png")};
+    return {.status = 200, .headers = {}, .body = encodedImage(solidImage({40, 30}, color), "png")};
 }
 
 UrlRequest requestFor(const QUrl &url)
@@ -150,7 +150,7 @@ private Q_SLOTS:
         AsyncImageFixture fixture(type);
         ImageCache &cache = ImageCache::shared();
         if (isDecoded)
-            cache.insert(ImageCache::key(address), solid({40, 30}, Qt::red));
+            cache.insert(ImageCache::key(address), solidImage({40, 30}, Qt::red));
         else
             cache.responses().store(picture(Qt::red), requestFor(address));
         std::atomic<int> frames = 0;

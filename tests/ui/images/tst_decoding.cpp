@@ -19,12 +19,12 @@ QByteArray dataFile(const char *name)
 
 QByteArray hugePng(int side)
 {
-    return encoded(QImage(side, side, QImage::Format_Mono), "png");
+    return encodedImage(QImage(side, side, QImage::Format_Mono), "png");
 }
 
 QImage halves(const QSize &size, const QColor &left, const QColor &right)
 {
-    QImage image = solid(size, left);
+    QImage image = solidImage(size, left);
     for (int y = 0; y < size.height(); ++y) {
         for (int x = size.width() / 2; x < size.width(); ++x)
             image.setPixelColor(x, y, right);
@@ -35,9 +35,9 @@ QImage halves(const QSize &size, const QColor &left, const QColor &right)
 /// A PNG with these channel values in Display P3, whose red is wider than that of sRGB.
 QByteArray wideGamutPng(const QColor &color)
 {
-    QImage image = solid({4, 4}, color);
+    QImage image = solidImage({4, 4}, color);
     image.setColorSpace(QColorSpace::DisplayP3);
-    return encoded(image, "png");
+    return encodedImage(image, "png");
 }
 
 bool isClose(QRgb a, QRgb b, int tolerance)
@@ -59,21 +59,24 @@ private Q_SLOTS:
         QTest::addColumn<QSize>("size"); // Empty: rejected.
         QTest::addColumn<QColor>("middle");
         const QColor red(200, 50, 50);
-        const QByteArray jpeg = encoded(solid({60, 40}, red), "jpeg");
-        const QImage clear = solid({5, 5}, QColor(0, 128, 0, 128), QImage::Format_ARGB32);
-        QTest::newRow("png") << encoded(solid({3, 2}, red), "png") << QSize(3, 2) << red;
+        const QByteArray jpeg = encodedImage(solidImage({60, 40}, red), "jpeg");
+        const QImage clear = solidImage({5, 5}, QColor(0, 128, 0, 128), QImage::Format_ARGB32);
+        QTest::newRow("png") << encodedImage(solidImage({3, 2}, red), "png") << QSize(3, 2) << red;
         QTest::newRow("transparent png")
-            << encoded(clear, "png") << QSize(5, 5) << QColor(0, 128, 0, 128);
-        QTest::newRow("one pixel") << encoded(solid({1, 1}, red), "png") << QSize(1, 1) << red;
+            << encodedImage(clear, "png") << QSize(5, 5) << QColor(0, 128, 0, 128);
+        QTest::newRow("one pixel")
+            << encodedImage(solidImage({1, 1}, red), "png") << QSize(1, 1) << red;
         QTest::newRow("16 bits a channel")
-            << encoded(solid({7, 7}, red, QImage::Format_RGBA64), "png") << QSize(7, 7) << red;
+            << encodedImage(solidImage({7, 7}, red, QImage::Format_RGBA64), "png") << QSize(7, 7)
+            << red;
         QTest::newRow("jpeg") << jpeg << QSize(60, 40) << red;
         QTest::newRow("CMYK jpeg") << dataFile("cmyk.jpg") << QSize(24, 16) << red;
         QTest::newRow("rotated jpeg") << withOrientation(jpeg, 6) << QSize(40, 60) << red;
         QTest::newRow("truncated jpeg") << jpeg.first(jpeg.size() - 20) << QSize(60, 40) << red;
         QTest::newRow("first frame of a gif")
             << dataFile("animated.gif") << QSize(8, 6) << QColor(0, 255, 0);
-        QTest::newRow("webp") << encoded(solid({9, 9}, red), "webp") << QSize(9, 9) << red;
+        QTest::newRow("webp") << encodedImage(solidImage({9, 9}, red), "webp") << QSize(9, 9)
+                              << red;
         QTest::newRow("wide gamut")
             << wideGamutPng(QColor(200, 100, 100)) << QSize(4, 4) << QColor(215, 94, 96);
 
@@ -83,9 +86,9 @@ private Q_SLOTS:
         QTest::newRow("svg") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' "
                                            "height='9'><rect width='9' height='9'/></svg>")
                              << QSize() << none;
-        QTest::newRow("bmp") << encoded(solid({3, 2}, red), "bmp") << QSize() << none;
+        QTest::newRow("bmp") << encodedImage(solidImage({3, 2}, red), "bmp") << QSize() << none;
         QTest::newRow("png header only")
-            << encoded(solid({3, 2}, red), "png").first(20) << QSize() << none;
+            << encodedImage(solidImage({3, 2}, red), "png").first(20) << QSize() << none;
         QTest::newRow("100 megapixels in a few KB") << hugePng(10'000) << QSize() << none;
         QTest::newRow("jpeg header, then garbage")
             << QByteArray("\xff\xd8\xff") + QByteArray(500, '\x5a') << QSize() << none;
@@ -113,7 +116,7 @@ private Q_SLOTS:
     {
         // Red on the left, rotated by 90 degrees: red on top.
         const QByteArray jpeg =
-            withOrientation(encoded(halves({160, 80}, Qt::red, Qt::blue), "jpeg"), 6);
+            withOrientation(encodedImage(halves({160, 80}, Qt::red, Qt::blue), "jpeg"), 6);
         for (const QImage &image :
              {images::decoded(jpeg), images::decodedThumbnail(jpeg, {20, 20})}) {
             QVERIFY(image.height() == 2 * image.width());
@@ -140,15 +143,16 @@ private Q_SLOTS:
         QFETCH(const QSize, picture);
         QFETCH(const QSize, target);
         QFETCH(const QSize, thumbnail);
-        const QImage image = solid(picture, Qt::darkCyan);
+        const QImage image = solidImage(picture, Qt::darkCyan);
         QCOMPARE(images::thumbnail(image, target).size(), thumbnail);
         for (const char *format : {"png", "jpeg"})
-            QCOMPARE(images::decodedThumbnail(encoded(image, format), target).size(), thumbnail);
+            QCOMPARE(images::decodedThumbnail(encodedImage(image, format), target).size(),
+                     thumbnail);
     }
 
     void largeJpegsAreScaledDown()
     {
-        const QByteArray jpeg = encoded(solid({8000, 5000}, Qt::red), "jpeg");
+        const QByteArray jpeg = encodedImage(solidImage({8000, 5000}, Qt::red), "jpeg");
         const QImage image = images::decoded(jpeg);
         QVERIFY(!image.isNull());
         QVERIFY(qint64(image.width()) * image.height() <= images::maximumPixels);

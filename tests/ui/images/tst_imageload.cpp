@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "base/errors.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
 #include "ui/images/imageload.h"
@@ -19,7 +19,7 @@ const QSize fullSize(300, 200);
 
 UrlResponse pictureResponse(const QSize &size = fullSize)
 {
-    return {.status = 200, .headers = {}, .body = encoded(solid(size, Qt::red), "png")};
+    return {.status = 200, .headers = {}, .body = encodedImage(solidImage(size, Qt::red), "png")};
 }
 
 UrlResponse page()
@@ -101,7 +101,7 @@ private Q_SLOTS:
         for (const bool isDecoded : {true, false}) {
             ImageLoadFixture fixture;
             if (isDecoded)
-                ImageCache::shared().insert(key, solid(fullSize, Qt::blue));
+                ImageCache::shared().insert(key, solidImage(fullSize, Qt::blue));
             else
                 ImageCache::shared().responses().store(pictureResponse(), requestFor(address));
             const auto view = fixture.view();
@@ -201,7 +201,7 @@ private Q_SLOTS:
         QCOMPARE(view->image().size(), QSize(150, 100));
         QVERIFY(ImageCache::shared().image(key).isNull());
 
-        ImageCache::shared().insert(key, solid({2400, 1600}, Qt::blue));
+        ImageCache::shared().insert(key, solidImage({2400, 1600}, Qt::blue));
         const auto other = fixture.view(QSizeF(50, 50));
         fixture.appear(*other, 1);
         settle();
@@ -266,7 +266,7 @@ private Q_SLOTS:
         const auto name = [](int i) { return QString::number(i); };
         for (int i = 0; i < 101; ++i) {
             cache.image(name(0)); // It stays, because it was used recently.
-            cache.insert(name(i), solid({1, 1}, Qt::red));
+            cache.insert(name(i), solidImage({1, 1}, Qt::red));
         }
         QVERIFY(!cache.image(name(0)).isNull() && !cache.image(name(100)).isNull());
         QVERIFY(cache.image(name(1)).isNull());
@@ -288,7 +288,7 @@ private Q_SLOTS:
         fixture.appear(*first);
         settle();
         for (int i = 0; i < 100; ++i)
-            ImageCache::shared().insert(QString::number(i), solid({1, 1}, Qt::red));
+            ImageCache::shared().insert(QString::number(i), solidImage({1, 1}, Qt::red));
         QVERIFY(ImageCache::shared().image(key).isNull());
         const auto second = fixture.view();
         fixture.appear(*second);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 #include "ui/markdown/inlinemarkdown.h"
 #include "ui/messages/attachmentslayout.h"
 #include "ui/messages/messagechunks.h"

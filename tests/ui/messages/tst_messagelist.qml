@@ -244,7 +244,7 @@ Rectangle {
                     compare(item.content.text.startsWith(shown[row].content.slice(0, 12)), true)
                     compare(item.isCustomer, shown[row].type === "customer")
                     compare(findAll(item, each => each instanceof AttachmentThumbnail && each.visible)
-                                .map(cell => String(cell.address)), pictures(row))
+                                .map(cell => String(cell.imageUrl)), pictures(row))
                 }
             }
             verify(list.rows.itemAt(299) === null)

@@ -2,7 +2,7 @@
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"
-#include "testing/ui/scene.h"
+#include "testing/ui/messengerfixture.h"
 #include "ui/presentation/viewcontroller.h"
 
 #include <QtGui/QRasterWindow>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system/files.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
 #include "ui/sharing/imageshare.h"
@@ -48,7 +48,7 @@ struct ImageShareFixture : Fixture
     QTemporaryDir folder;
 };
 
-const QByteArray png = encoded(solid({40, 30}, Qt::red), "png");
+const QByteArray png = encodedImage(solidImage({40, 30}, Qt::red), "png");
 
 } // namespace
 
@@ -118,7 +118,7 @@ private Q_SLOTS:
         ImageShareFixture fixture;
         ImageShare share;
         QSignalSpy changes(&share, &ImageShare::fileChanged);
-        QImage picture = solid({40, 30}, Qt::transparent, QImage::Format_ARGB32_Premultiplied);
+        QImage picture = solidImage({40, 30}, Qt::transparent, QImage::Format_ARGB32_Premultiplied);
         share.setImage(picture);
         settle();
         QVERIFY(share.isReady());
@@ -162,7 +162,7 @@ private Q_SLOTS:
         share.save(QUrl::fromLocalFile(path));
         settle();
         QVERIFY(saved.isEmpty() && failed.isEmpty()); // There is no picture yet.
-        share.setImage(solid({40, 30}, Qt::red));
+        share.setImage(solidImage({40, 30}, Qt::red));
         settle();
         share.save(QUrl::fromLocalFile(path));
         settle();
@@ -199,7 +199,7 @@ private Q_SLOTS:
     {
         ImageShareFixture fixture;
         ImageShare share;
-        share.setImage(solid({40, 30}, Qt::red));
+        share.setImage(solidImage({40, 30}, Qt::red));
         settle();
         share.prepareDrag();
         settle();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 #include "ui/tickets/ticketlistmodel.h"
 #include "ui/tickets/ticketrow.h"
 

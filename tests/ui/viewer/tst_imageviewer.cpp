@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "state/messagedata.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
 #include "ui/sharing/imageshare.h"
@@ -32,7 +32,8 @@ constexpr QPoint middle(200, 150);
 UrlResponse picture()
 {
     // As wide as the window, and half as high.
-    return {.status = 200, .headers = {}, .body = encoded(solid({80, 30}, Qt::red), "png")};
+    return {
+        .status = 200, .headers = {}, .body = encodedImage(solidImage({80, 30}, Qt::red), "png")};
 }
 
 UrlRequest requestFor(const QUrl &url)

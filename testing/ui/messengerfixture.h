@@ -6,7 +6,7 @@
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 #include "ui/presentation/viewcontroller.h"
 
 #include <QtQuick/QQuickView>

@@ -5,7 +5,7 @@
 #include "platform/async/await.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
-#include "testing/wire.h"
+#include "testing/samplerecords.h"
 
 #include <QtQml/QQmlComponent>
 #include <QtQml/QQmlEngine>
@@ -247,4 +247,4 @@ private Q_SLOTS:
 };
 
 QTEST_MAIN(QmlFacadeTest)
-#include "tst_hostface.moc"
+#include "tst_qmlfacade.moc"

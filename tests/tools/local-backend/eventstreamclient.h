@@ -6,10 +6,11 @@
 #include <QtNetwork/QTcpSocket>
 
 /// A client of an event stream. Each event and each heartbeat arrives in one piece.
-class Listening
+class EventStreamClient
 {
 public:
-    Listening(const RunningBackend &backend, const QByteArray &path, const QByteArray &last = {})
+    EventStreamClient(const RunningBackend &backend, const QByteArray &path,
+                      const QByteArray &last = {})
     {
         m_socket.connectToHost(QStringLiteral("127.0.0.1"), quint16(backend.port()));
         m_socket.write("GET " + path +

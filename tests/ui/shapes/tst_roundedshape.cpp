@@ -8,7 +8,7 @@
 
 using namespace tolvane;
 
-class CornersTest final : public QObject
+class RoundedShapeTest final : public QObject
 {
     Q_OBJECT
 
@@ -66,5 +66,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(CornersTest)
-#include "tst_corners.moc"
+QTEST_GUILESS_MAIN(RoundedShapeTest)
+#include "tst_roundedshape.moc"

@@ -37,7 +37,7 @@ private Q_SLOTS:
         environment.insert(u"TOLVANE_API_URL"_s, stalling.url());
         QProcess host;
         host.setProcessEnvironment(environment);
-        host.start(QStringLiteral(TOLVANE_WINDDOWN_HOST), {busy, way});
+        host.start(QStringLiteral(TOLVANE_SHUTDOWN_HOST), {busy, way});
         QTRY_COMPARE_WITH_TIMEOUT(host.state(), QProcess::NotRunning, 20'000);
         QCOMPARE(host.readAllStandardError(), QByteArray()); // The sanitizers report here.
         QCOMPARE(host.exitStatus(), QProcess::NormalExit);
@@ -47,4 +47,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(ShutdownTest)
-#include "tst_winddown.moc"
+#include "tst_shutdown.moc"

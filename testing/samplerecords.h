@@ -2,7 +2,7 @@
 #pragma once
 
 #include "backend/wire/json.h"
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 
 namespace tolvane::test {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "testing/testplatform.h"
+#include "testing/fixture.h"
 
 #include "analytics/logger.h"
 #include "analytics/manager.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "program.h"
+#include "consoleprogram.h"
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QJsonDocument>

@@ -6,10 +6,10 @@
 namespace tolvane::test {
 
 /// Wraps a session and overrides the timeout of its requests.
-class ImpatientSession final : public UrlSession
+class TimeoutSession final : public UrlSession
 {
 public:
-    explicit ImpatientSession(std::unique_ptr<UrlSession> session)
+    explicit TimeoutSession(std::unique_ptr<UrlSession> session)
         : m_session(std::move(session))
     {
     }

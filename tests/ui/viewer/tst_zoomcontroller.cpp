@@ -128,4 +128,4 @@ private Q_SLOTS:
 };
 
 QTEST_GUILESS_MAIN(ZoomControllerTest)
-#include "tst_imagestate.moc"
+#include "tst_zoomcontroller.moc"

@@ -31,4 +31,4 @@ private Q_SLOTS:
 };
 
 QTEST_MAIN(ScreenTest)
-#include "tst_screen.moc"
+#include "tst_screensize.moc"
