@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <QtCore/QVariant>
 #include <QtCore/QVariantAnimation>
 #include <QtQuick/QQuickItem>
@@ -12,7 +14,7 @@
 namespace tolvane {
 
 /// Deferred: the item may be emitting the signal that removes it.
-struct DeleteItemLater
+struct TOLVANE_VIEWS_AUTOTEST_EXPORT DeleteItemLater
 {
     void operator()(QQuickItem *item) const;
 };
@@ -21,7 +23,7 @@ using ItemPointer = std::unique_ptr<QQuickItem, DeleteItemLater>;
 
 /// The item of a visible row, with its animations of 0.3 seconds: it enters from its own height
 /// below its position and leaves to its own height above it, while it fades. Main thread.
-class ListRow
+class TOLVANE_VIEWS_AUTOTEST_EXPORT ListRow
 {
 public:
     /// @param item is destroyed with the row

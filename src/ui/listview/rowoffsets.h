@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <vector>
 
 namespace tolvane {
 
 /// Heights and offsets of rows that are below each other. A row that has not been measured has an
 /// estimated height. After a change, the next query calculates the offsets of the rows after it.
-class RowOffsets
+class TOLVANE_VIEWS_AUTOTEST_EXPORT RowOffsets
 {
 public:
     static constexpr double estimatedHeight = 100;

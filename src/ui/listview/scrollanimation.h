@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <QtCore/QVariantAnimation>
 
 #include <functional>
@@ -9,7 +11,7 @@ namespace tolvane {
 
 /// An animation that scrolls to a position, to the current row from one direction, or to an end of
 /// the list. These may move while it runs.
-class ScrollAnimation
+class TOLVANE_VIEWS_AUTOTEST_EXPORT ScrollAnimation
 {
 public:
     enum class Kind { start, end, place, currentRow };

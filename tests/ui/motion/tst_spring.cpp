@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "testing/manualframes.h"
 #include "ui/motion/spring.h"
 #include "ui/motion/springvalue.h"
 
-#include <QtCore/QAnimationDriver>
-#include <QtCore/QCoreApplication>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
@@ -31,32 +30,16 @@ Spring::Motion stepped(const Spring &spring, double seconds, Spring::Motion moti
     return motion;
 }
 
-/// An animation driver whose frames the test triggers.
-class ManualFrames final : public QAnimationDriver
+/// Runs the animation to its end, for at most 10 seconds. Returns the greatest value.
+double passAll(test::ManualFrames &frames, const SpringValue &value)
 {
-public:
-    ManualFrames() { install(); }
-    qint64 elapsed() const override { return m_now; }
-    void pass(int milliseconds)
-    {
-        QCoreApplication::processEvents(); // Starts pending animations.
-        m_now += milliseconds;
-        advance();
+    double greatest = value.value();
+    for (int frame = 0; value.isRunning() && frame < 1000; ++frame) {
+        frames.pass(10);
+        greatest = std::max(greatest, value.value());
     }
-    /// Runs the animation to its end, for at most 10 seconds. Returns the greatest value.
-    double passAll(const SpringValue &value)
-    {
-        double greatest = value.value();
-        for (int frame = 0; value.isRunning() && frame < 1000; ++frame) {
-            pass(10);
-            greatest = std::max(greatest, value.value());
-        }
-        return greatest;
-    }
-
-private:
-    qint64 m_now = 0;
-};
+    return greatest;
+}
 
 } // namespace
 
@@ -102,14 +85,14 @@ private Q_SLOTS:
 
     void aValueReachesItsTargetAndStops()
     {
-        ManualFrames frames;
+        test::ManualFrames frames;
         SpringValue value;
         QSignalSpy states(&value, &SpringValue::isRunningChanged);
         value.setTarget(0);
         QVERIFY(!value.isRunning()); // It is there already.
         value.setTarget(100);
         QCOMPARE(value.value(), 0.0);
-        const double greatest = frames.passAll(value);
+        const double greatest = passAll(frames, value);
         QVERIFY2(greatest > 102 && greatest < 104, qPrintable(QString::number(greatest)));
         QCOMPARE(value.value(), 100.0);
         QCOMPARE(states.count(), 2);
@@ -117,7 +100,7 @@ private Q_SLOTS:
 
     void anotherTargetKeepsTheVelocity()
     {
-        ManualFrames frames;
+        test::ManualFrames frames;
         SpringValue value;
         value.setTarget(100);
         frames.pass(10);
@@ -130,13 +113,13 @@ private Q_SLOTS:
         frames.pass(2);
         frames.pass(2);
         QVERIFY(value.value() > before); // and it turns around no faster than a spring would.
-        frames.passAll(value);
+        passAll(frames, value);
         QCOMPARE(value.value(), -50.0);
     }
 
     void jumpsAreImmediate()
     {
-        ManualFrames frames;
+        test::ManualFrames frames;
         SpringValue value;
         value.jumpTo(7);
         QCOMPARE(value.value(), 7.0);
