@@ -9,6 +9,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QPalette>
+#include <QtTest/QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
@@ -215,6 +216,8 @@ void Screens::addRows()
 Screens::Screens(const Appearance &appearance)
     : m_ticket(sampleTicket())
 {
+    if (QQuickWindow::sceneGraphBackend() == u"software"_s)
+        m_fastAnimations.emplace();
     appearance.apply();
     bundle->speak(appearance.language);
     host.resize(appearance.size);
@@ -304,7 +307,17 @@ void Screens::waitForAnimations()
     if (!QTest::qWaitFor([this] { return hasFinishedAnimations(); }, 30000))
         qFatal("The animations do not end");
     // Views still fade in and out.
-    QTest::qWait(400);
+    QTest::qWait(m_fastAnimations ? 400 / FastAnimations::factor : 400);
+}
+
+void Screens::waitForFrames(int count)
+{
+    for (int frame = 0; frame < count; ++frame) {
+        QSignalSpy swapped(&host, &QQuickWindow::frameSwapped);
+        host.update();
+        if (!swapped.wait())
+            qFatal("The window renders no frames");
+    }
 }
 
 void Screens::open()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backend/wire/records.h"
+#include "testing/fastanimations.h"
 #include "testing/ui/messengerfixture.h"
 #include "ui/composer/composerdata.h"
 #include "ui/home/screendata.h"
@@ -46,6 +47,9 @@ public:
     void show(const Screen &screen);
     void show(const QString &name);
 
+    /// Renders frames, in which changed sizes of texts and windows reach all items.
+    void waitForFrames(int count);
+
     /// Shown texts that are not the library's: messages, names and types of senders.
     static QStringList contentTexts();
 
@@ -85,6 +89,8 @@ private:
     void viewerMenu();
     void viewerNotice();
 
+    /// Not with OpenGL, whose render loops have drivers of their own.
+    std::optional<FastAnimations> m_fastAnimations;
     TicketDto m_ticket;
     bool m_hasPictures = true;
 };

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Every screen as people have it who hear it and go through it by keyboard.
-#include "testing/ui/atspi.h"
+// Every screen as screen readers and keyboard users get it.
+#include "testing/ui/accessibilitybus.h"
+#include "testing/ui/accessibletree.h"
 #include "testing/ui/screens.h"
 
+#include <QtCore/QMetaEnum>
+#include <QtCore/QSet>
 #include <QtQml/QQmlComponent>
 #include <QtQml/QQmlEngine>
 
@@ -12,97 +15,105 @@ using namespace tolvane::test;
 
 namespace {
 
-/// Buttons can have the focus unless they are disabled; of labels Qt says so, too.
-bool isControl(const Heard &heard)
+/// Buttons can have the focus unless they are disabled; Qt reports that of labels, too.
+bool isControl(const AccessibleNode &node)
 {
-    static const QStringList roles = {u"text"_s, u"menu item"_s, u"list item"_s, u"link"_s};
-    return roles.contains(heard.role) || (heard.isFocusable() && heard.role != u"label"_s);
+    static const QSet<QAccessible::Role> roles = {QAccessible::EditableText, QAccessible::MenuItem,
+                                                  QAccessible::ListItem, QAccessible::Link};
+    return roles.contains(node.role) || (node.isFocusable && node.role != QAccessible::StaticText);
 }
 
-bool saysWhatItIs(const Heard &heard)
+bool hasRoleAndName(const AccessibleNode &node)
 {
-    static const QStringList vague = {QString(), u"unknown"_s, u"invalid"_s, u"filler"_s,
-                                      u"panel"_s};
-    return !vague.contains(heard.role) && !heard.name.trimmed().isEmpty();
+    static const QSet<QAccessible::Role> vague = {QAccessible::NoRole, QAccessible::Client,
+                                                  QAccessible::Pane, QAccessible::Grouping,
+                                                  QAccessible::Whitespace};
+    return !vague.contains(node.role) && !node.name.trimmed().isEmpty();
 }
 
-QString described(const Heard &heard)
+QString described(const AccessibleNode &node)
 {
-    return u"%1 \"%2\" at %3,%4"_s.arg(heard.role, heard.name.left(40))
-        .arg(heard.place.x())
-        .arg(heard.place.y());
+    static const auto roles = QMetaEnum::fromType<QAccessible::Role>();
+    return u"%1 \"%2\" at %3,%4"_s
+        .arg(QLatin1String(roles.valueToKey(node.role)), node.name.left(40))
+        .arg(node.rect.x())
+        .arg(node.rect.y());
 }
 
-/// Whether the eye comes to it before the other: above it, before it in the same line, or around.
-bool isBefore(const Heard &one, const Heard &other, bool isRightToLeft)
+/// Whether a reader sees it before the other: above it, before it in the same line, or around it.
+bool isBefore(const AccessibleNode &one, const AccessibleNode &other, bool isRightToLeft)
 {
-    if (one.place.contains(other.place) || one.place.bottom() <= other.place.top())
+    if (one.rect.contains(other.rect) || one.rect.bottom() <= other.rect.top())
         return true;
-    if (other.place.contains(one.place) || other.place.bottom() <= one.place.top())
+    if (other.rect.contains(one.rect) || other.rect.bottom() <= one.rect.top())
         return false;
-    return isRightToLeft ? one.place.right() > other.place.right()
-                         : one.place.left() < other.place.left();
+    return isRightToLeft ? one.rect.right() > other.rect.right()
+                         : one.rect.left() < other.rect.left();
 }
 
-/// A screen, and who goes through it.
-struct Visit : Screens
+/// A screen, used by keyboard.
+struct KeyboardFixture : Screens
 {
-    Visit(const Appearance &look, const QString &screen)
-        : Screens(look)
+    KeyboardFixture(const Appearance &appearance, const QString &screen)
+        : Screens(appearance)
     {
         show(screen);
-        all = atSpi.listen();
+        all = accessibleTree(host);
     }
 
-    /// What has scrolled away is out of reach.
-    bool isInSight(const Heard &heard) const
+    /// False for what has been scrolled out of the window.
+    bool isInWindow(const AccessibleNode &node) const
     {
-        return heard.place.intersects(QRect(host.position(), host.size()));
+        return node.rect.intersects(QRect(host.position(), host.size()));
     }
 
-    Heard press(int key, Qt::KeyboardModifiers modifiers = {})
+    AccessibleNode press(int key, Qt::KeyboardModifiers modifiers = {})
     {
         QTest::keyClick(&host, Qt::Key(key), modifiers);
-        // What was out of sight scrolls into it first.
-        Heard focus;
-        std::ignore = QTest::qWaitFor([&] { return !(focus = focused()).path.isEmpty(); }, 1000);
+        // An element outside the window is scrolled into it first.
+        AccessibleNode focus;
+        std::ignore = QTest::qWaitFor(
+            [&] {
+                const QRect before = std::exchange(focus, focused()).rect;
+                return focus.id != 0 && focus.rect == before && isInWindow(focus);
+            },
+            1000);
         return focus;
     }
 
-    Heard focused()
+    AccessibleNode focused()
     {
-        const Heard focus = atSpi.focus();
-        if (!focus.path.isEmpty() && !reached.contains(focus.path))
-            reached += focus.path;
+        const AccessibleNode focus = focusedNode(host);
+        if (focus.id)
+            reached += focus.id;
         return focus;
     }
 
-    /// Where one press after the other leads, until it begins again.
-    QList<Heard> round(int key, Qt::KeyboardModifiers modifiers = {})
+    /// The stops of one key, until it is back at the first.
+    QList<AccessibleNode> cycle(int key, Qt::KeyboardModifiers modifiers = {})
     {
-        QList<Heard> stops;
-        constexpr int most = 40;
-        for (int count = 0; count < most; ++count) {
-            const Heard stop = press(key, modifiers);
-            if (!stops.isEmpty() && stop.path == stops.constFirst().path)
+        QList<AccessibleNode> stops;
+        constexpr int limit = 40;
+        for (int count = 0; count < limit; ++count) {
+            const AccessibleNode stop = press(key, modifiers);
+            if (!stops.isEmpty() && stop.id == stops.constFirst().id)
                 return stops;
             stops += stop;
         }
-        // Somewhere it goes no further.
+        // The key leads nowhere else from some stop on.
         return stops.last(1);
     }
 
-    QString roleAround(const Heard &heard) const
+    bool isInList(const AccessibleNode &node) const
     {
-        const auto found =
-            std::ranges::find(all, heard.path, [](const Heard &each) { return each.path; });
-        return found == all.end() || found->parent < 0 ? QString() : all.at(found->parent).role;
+        const auto found = std::ranges::find(all, node.id, &AccessibleNode::id);
+        return found != all.end() && found->parent >= 0 &&
+               all.at(found->parent).role == QAccessible::List;
     }
 
-    AtSpi atSpi;
-    QList<Heard> all;
-    /// All that had the focus so far.
-    QStringList reached;
+    QList<AccessibleNode> all;
+    /// Every element that had the focus so far.
+    QSet<QAccessible::Id> reached;
 };
 
 } // namespace
@@ -114,8 +125,8 @@ class AccessibilityTest final : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        // Qt looks up once and for all where an item's name and role are, the first time that
-        // somebody asks for one: too early where no QML has been loaded yet.
+        // Qt resolves names and roles of QML items when the first is asked for: too early unless
+        // QML has been loaded.
         QQuickView window;
         QQmlComponent component(window.engine());
         component.setData("import QtQuick\nItem { Accessible.name: 'item' }", {});
@@ -123,27 +134,36 @@ private Q_SLOTS:
         QVERIFY2(item, qPrintable(component.errorString()));
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        AtSpi atSpi;
-        QVERIFY2(atSpi.problem().isEmpty(), qPrintable(atSpi.problem()));
+        QVERIFY2(m_bus.error().isEmpty(), qPrintable(m_bus.error()));
     }
 
     void cleanup() { Appearance().apply(); }
 
-    void everyControlSaysWhatItIs_data() { Screens::addRows(); }
+    void theBusHasTheSameElements()
+    {
+        const KeyboardFixture fixture(Appearance{}, u"conversation"_s);
+        QStringList names;
+        for (const AccessibleNode &node : fixture.all)
+            names += node.name;
+        QVERIFY(names.size() > 10);
+        QCOMPARE(m_bus.names(), names);
+    }
 
-    void everyControlSaysWhatItIs()
+    void everyControlHasRoleAndName_data() { Screens::addRows(); }
+
+    void everyControlHasRoleAndName()
     {
         QFETCH(const QString, screen);
-        Visit visit(Appearance{}, screen);
+        const KeyboardFixture fixture(Appearance{}, screen);
         QStringList faults;
-        qsizetype said = 0;
-        for (const Heard &heard : visit.all) {
-            said += saysWhatItIs(heard);
-            if (visit.isInSight(heard) && isControl(heard) && !saysWhatItIs(heard))
-                faults += described(heard);
+        qsizetype named = 0;
+        for (const AccessibleNode &node : fixture.all) {
+            named += hasRoleAndName(node);
+            if (fixture.isInWindow(node) && isControl(node) && !hasRoleAndName(node))
+                faults += described(node);
         }
         QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n')));
-        QVERIFY2(said > 1, "nothing is said");
+        QVERIFY2(named > 1, "no element has a name");
     }
 
     void everyControlIsReached_data()
@@ -164,102 +184,103 @@ private Q_SLOTS:
     {
         QFETCH(const QString, screen);
         QFETCH(const QString, language);
-        Visit visit({.size = {480, 1000}, .language = language}, screen);
-        visit.focused();
-        const QList<Heard> stops = visit.round(Qt::Key_Tab);
-        QStringList back;
-        for (const Heard &stop : visit.round(Qt::Key_Backtab, Qt::ShiftModifier))
-            back += stop.path;
+        KeyboardFixture fixture({.size = {480, 1000}, .language = language}, screen);
+        fixture.focused();
+        const QList<AccessibleNode> stops = fixture.cycle(Qt::Key_Tab);
+        QSet<QAccessible::Id> back;
+        for (const AccessibleNode &stop : fixture.cycle(Qt::Key_Backtab, Qt::ShiftModifier))
+            back += stop.id;
 
-        QStringList way;
+        QStringList path;
         QStringList faults = orderFaults(stops, language == u"ar"_s);
-        for (const Heard &stop : stops) {
-            if (stop.path.isEmpty())
-                faults += u"the focus is nowhere"_s;
-            else if (!back.contains(stop.path))
+        for (const AccessibleNode &stop : stops) {
+            if (!stop.id)
+                faults += u"no element has the focus"_s;
+            else if (!back.contains(stop.id))
                 faults += u"not reached backwards: "_s + described(stop);
             else
-                way += described(stop);
-            if (stop.role == u"list"_s || visit.roleAround(stop) == u"list"_s)
-                goThrough(visit, stop);
+                path += described(stop);
+            if (stop.role == QAccessible::List || fixture.isInList(stop))
+                walkList(fixture, stop);
         }
-        // Qt 6.4 tells nobody that something is disabled, as all is until the conversation is
-        // there.
-        const bool isWaiting = screen == u"conversation-loading"_s;
-        for (const Heard &heard : reachable(visit)) {
-            if (!isWaiting && !isReached(visit, heard))
-                faults += u"not reached: "_s + described(heard);
+        // Qt 6.4 does not report that an element is disabled, as all are until the conversation
+        // has loaded.
+        const bool isLoading = screen == u"conversation-loading"_s;
+        for (const AccessibleNode &node : reachable(fixture)) {
+            if (!isLoading && !isReached(fixture, node))
+                faults += u"not reached: "_s + described(node);
         }
-        QVERIFY2(faults.isEmpty(),
-                 qPrintable(u'\n' + faults.join(u'\n') + u"\non the way "_s + way.join(u", "_s)));
+        QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n') +
+                                              u"\nreached in order: "_s + path.join(u", "_s)));
     }
 
 private:
-    /// The controls in sight; a menu that is open has the keys to itself.
-    static QList<Heard> reachable(const Visit &visit)
+    /// The controls in the window; an open menu receives all keys.
+    static QList<AccessibleNode> reachable(const KeyboardFixture &fixture)
     {
-        const auto isMenu = [](const Heard &heard) { return heard.role == u"popup menu"_s; };
-        const bool hasMenu = std::ranges::any_of(visit.all, isMenu);
-        QList<Heard> controls;
-        for (const Heard &heard : visit.all) {
-            if (visit.isInSight(heard) && isControl(heard) &&
-                (!hasMenu || heard.role == u"menu item"_s))
-                controls += heard;
+        const bool hasMenu = std::ranges::any_of(
+            fixture.all, [](const auto &node) { return node.role == QAccessible::PopupMenu; });
+        QList<AccessibleNode> controls;
+        for (const AccessibleNode &node : fixture.all) {
+            if (fixture.isInWindow(node) && isControl(node) &&
+                (!hasMenu || node.role == QAccessible::MenuItem))
+                controls += node;
         }
         return controls;
     }
 
-    static QStringList orderFaults(QList<Heard> stops, bool isRightToLeft)
+    static QStringList orderFaults(QList<AccessibleNode> stops, bool isRightToLeft)
     {
-        const auto first = std::ranges::min_element(
-            stops, [&](const Heard &a, const Heard &b) { return isBefore(a, b, isRightToLeft); });
-        std::ranges::rotate(stops, first);
+        const auto before = [&](const AccessibleNode &a, const AccessibleNode &b) {
+            return isBefore(a, b, isRightToLeft);
+        };
+        std::ranges::rotate(stops, std::ranges::min_element(stops, before));
         QStringList faults;
         for (qsizetype index = 1; index < stops.size(); ++index) {
-            if (!isBefore(stops.at(index - 1), stops.at(index), isRightToLeft))
+            if (!before(stops.at(index - 1), stops.at(index)))
                 faults += u"%1 comes before %2"_s.arg(described(stops.at(index - 1)),
                                                       described(stops.at(index)));
         }
         return faults;
     }
 
-    /// By arrow keys, whichever way the list goes.
-    static void goThrough(Visit &visit, const Heard &list)
+    /// Uses the arrow keys in each direction, since lists may be vertical or horizontal.
+    static void walkList(KeyboardFixture &fixture, const AccessibleNode &list)
     {
-        constexpr int most = 30;
-        for (int count = 0; count < most && visit.focused().path != list.path; ++count)
-            visit.press(Qt::Key_Tab);
+        constexpr int limit = 30;
+        for (int count = 0; count < limit && fixture.focused().id != list.id; ++count)
+            fixture.press(Qt::Key_Tab);
         for (const int key :
              {Qt::Key_Home, Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
-            QString before;
-            for (int count = 0; count < most; ++count) {
-                const Heard focus = visit.press(key);
-                if (focus.path == before)
+            QAccessible::Id before = 0;
+            for (int count = 0; count < limit; ++count) {
+                const AccessibleNode focus = fixture.press(key);
+                if (focus.id == before)
                     break;
-                before = focus.path;
+                before = focus.id;
             }
         }
     }
 
-    /// Itself, or what it is a part of: there its keys are. A list may hand on to its rows.
-    static bool isReached(const Visit &visit, const Heard &heard)
+    /// True if it or an element around it had the focus, which then has its keys; a list may pass
+    /// the focus on to its rows.
+    static bool isReached(const KeyboardFixture &fixture, const AccessibleNode &node)
     {
-        if (heard.role == u"list"_s) {
-            return std::ranges::any_of(visit.all,
-                                       [&](const Heard &each) {
-                                           return each.parent >= 0 &&
-                                                  visit.all.at(each.parent).path == heard.path &&
-                                                  visit.reached.contains(each.path);
-                                       }) ||
-                   visit.reached.contains(heard.path);
-        }
-        for (Heard each = heard;; each = visit.all.at(each.parent)) {
-            if (visit.reached.contains(each.path))
+        const auto isRowOfNode = [&](const AccessibleNode &each) {
+            return each.parent >= 0 && fixture.all.at(each.parent).id == node.id &&
+                   fixture.reached.contains(each.id);
+        };
+        if (node.role == QAccessible::List && std::ranges::any_of(fixture.all, isRowOfNode))
+            return true;
+        for (AccessibleNode each = node;; each = fixture.all.at(each.parent)) {
+            if (fixture.reached.contains(each.id))
                 return true;
-            if (each.parent < 0 || each.role == u"list"_s)
+            if (each.parent < 0 || each.role == QAccessible::List)
                 return false;
         }
     }
+
+    AccessibilityBus m_bus;
 };
 
 QTEST_MAIN(AccessibilityTest)

@@ -127,7 +127,7 @@ private Q_SLOTS:
         for (const Appearance &appearance : appearances) {
             appearance.apply();
             screens.host.resize(appearance.size);
-            QTest::qWait(200);
+            screens.waitForFrames(5);
             QList<VisibleText> shown;
             collect(screens.messenger(), shown);
             for (const QString &fault : faultsOf(shown, QRectF({}, appearance.size))) {
