@@ -6,6 +6,7 @@
 
 #include <tolvane/analytics.h>
 
+#include <QtCore/QSet>
 #include <QtCore/QStringList>
 
 #include <functional>
@@ -111,7 +112,13 @@ struct FakeBundle final : Bundle
         return dressed(texts ? texts->text(key, count)
                              : QString::number(count) + QLatin1Char(' ') + key);
     }
-    QString hostString(const QString &key) const override { return dressed(key); }
+    QString hostString(const QString &key) const override
+    {
+        hostKeys += key;
+        return dressed(key);
+    }
+    /// The keys of the host's texts that were looked up.
+    mutable QSet<QString> hostKeys;
     Qt::LayoutDirection layoutDirection() const override { return direction; }
 
     /// Has the texts of a language in the place of the keys, and its direction.

@@ -2,6 +2,10 @@
 #include "backend/wire/json.h"
 #include "testing/samplerecords.h"
 
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -33,6 +37,34 @@ QByteArray ticket(const QByteArray &messages)
 QByteArray nested(int depth)
 {
     return QByteArray(depth, '[') + QByteArray(depth, ']');
+}
+
+/// The keys of a record, optional ones with a question mark, in alphabetical order.
+template <typename Record>
+QStringList keysOf()
+{
+    QStringList keys;
+    forEachField<Record>([&](const auto &field) {
+        constexpr bool isOptional = requires(Record record)
+        {
+            (record.*field.member).has_value();
+        };
+        keys += QString::fromLatin1(field.key.data(), qsizetype(field.key.size())) +
+                (isOptional ? u"?"_s : QString());
+    });
+    keys.sort();
+    return keys;
+}
+
+/// The same of a schema of the contract.
+QStringList keysOf(const QJsonObject &schema)
+{
+    QStringList keys = schema[u"properties"_s].toObject().keys();
+    const QJsonArray required = schema[u"required"_s].toArray();
+    for (QString &key : keys)
+        key += required.contains(key) ? QString() : u"?"_s;
+    keys.sort();
+    return keys;
 }
 
 } // namespace
@@ -154,6 +186,27 @@ private Q_SLOTS:
         created.deviceInfo.batteryLevel = 0.83F;
         const QByteArray ticketForm = tolvane::json::encode(created);
         QVERIFY(ticketForm.contains("'screenWidth':-3,'screenHeight':0,'batteryLevel':0.83,"_j));
+    }
+
+    void recordsMatchTheContract_data()
+    {
+        QTest::addColumn<QStringList>("keys");
+        QTest::newRow("Ticket") << keysOf<TicketDto>();
+        QTest::newRow("Message") << keysOf<MessageDto>();
+        QTest::newRow("Sender") << keysOf<SenderDto>();
+        QTest::newRow("TicketPreview") << keysOf<TicketPreviewDto>();
+        QTest::newRow("Schedule") << keysOf<ScheduleDto>();
+        QTest::newRow("Branding") << keysOf<BrandingDto>();
+        QTest::newRow("DeviceInfo") << keysOf<DeviceInfoDto>();
+    }
+
+    void recordsMatchTheContract()
+    {
+        QFile file(QStringLiteral(TOLVANE_SOURCES "/docs/backend.openapi.json"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QJsonObject contract = QJsonDocument::fromJson(file.readAll()).object();
+        const QJsonObject schemas = contract[u"components"_s][u"schemas"_s].toObject();
+        QTEST(keysOf(schemas[QLatin1String(QTest::currentDataTag())].toObject()), "keys");
     }
 
     void absentAndEmptyHashDifferently()

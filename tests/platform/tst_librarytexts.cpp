@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system/librarytexts.h"
 #include "platform/system/services.h"
+#include "testing/document.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -12,7 +13,7 @@ using namespace tolvane;
 
 namespace {
 
-const QDir folder(QStringLiteral(TOLVANE_TRANSLATIONS));
+const QDir folder(QStringLiteral(TOLVANE_SOURCES "/src/resources/translations"));
 
 QString fileOf(const QString &language)
 {
@@ -47,6 +48,17 @@ class LibraryTextsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void theGuideListsTheKeys()
+    {
+        QStringList listed;
+        for (const test::Document::Row &row : test::Document(u"translating.md"_s).rows(u"keys"_s))
+            listed += test::Document::words(row.value(0));
+        listed.sort();
+        QStringList keys = contents(fileOf(u"en"_s), u"source"_s);
+        keys.sort();
+        QCOMPARE(listed, keys);
+    }
+
     void everyLanguageIsComplete_data()
     {
         QTest::addColumn<int>("forms");

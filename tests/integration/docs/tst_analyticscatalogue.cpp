@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The catalogue of events against a library that goes through all of them.
 #include "base/errors.h"
-#include "document.h"
 #include "platform/async/await.h"
 #include "state/navigationdata.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "state/ticketdata.h"
+#include "testing/document.h"
 #include "testing/samplerecords.h"
 #include "ui/composer/composerdata.h"
 #include "ui/home/screendata.h"
@@ -14,7 +14,6 @@
 
 #include <tolvane/tolvane.h>
 
-#include <QtCore/QDirIterator>
 #include <QtQuick/QQuickView>
 #include <QtTest/QTest>
 
@@ -210,41 +209,6 @@ private Q_SLOTS:
         for (const Entry &entry : unseen)
             qWarning() << "never sent:" << entry.name << entry.keys << entry.fixed;
         QVERIFY(unseen.isEmpty());
-    }
-
-    // Also of what the host above has not come across.
-    void theVocabularyIsThere_data()
-    {
-        QTest::addColumn<QString>("files");
-        QTest::addColumn<QString>("form");
-        QTest::newRow("constants") << u"event.cpp"_s << u"= QStringLiteral\\(\"(.*)\"\\)"_s;
-        QTest::newRow("events") << u"*.cpp"_s << u"\\btrack\\(\\s*QStringLiteral\\(\"(.*?)\""_s;
-        QTest::newRow("actions") << u"*.cpp"_s
-                                 << u"\\btrackUserAction\\(\\s*QStringLiteral\\(\"(.*?)\""_s;
-        QTest::newRow("contexts") << u"*.cpp"_s
-                                  << u"\\btrackError\\(\\s*QStringLiteral\\(\"(.*?)\""_s;
-    }
-
-    void theVocabularyIsThere()
-    {
-        QFETCH(const QString, files);
-        QFETCH(const QString, form);
-        int count = 0;
-        QDirIterator sources(u"" TOLVANE_SOURCES "/src"_s, {files}, QDir::Files,
-                             QDirIterator::Subdirectories);
-        while (sources.hasNext()) {
-            QFile file(sources.next());
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            const QString code = QString::fromUtf8(file.readAll());
-            for (const auto &match : QRegularExpression(form).globalMatch(code)) {
-                const QString word = match.captured(1);
-                QVERIFY2(
-                    m_document.text().contains(QRegularExpression(u"[`\"]%1[`\"]"_s.arg(word))),
-                    qPrintable(file.fileName() + u": "_s + word));
-                ++count;
-            }
-        }
-        QVERIFY(count > 0);
     }
 
 private:

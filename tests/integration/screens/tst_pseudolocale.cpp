@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every screen in a pseudo-locale, whose texts are long and marked: finds texts that are not
 // translated or do not have enough room.
+#include "testing/document.h"
 #include "testing/ui/screens.h"
 
 #include <QtCore/QRegularExpression>
@@ -139,6 +140,20 @@ private Q_SLOTS:
             QVERIFY(!shown.isEmpty() || screen == u"home-skeleton"_s);
         }
         QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n')));
+        m_hostKeys += screens.bundle->hostKeys;
+        ++m_screenCount;
+    }
+
+    void theGuideListsTheHostsTexts()
+    {
+        if (m_screenCount < qsizetype(Screens::all().size()))
+            QSKIP("Some screens were not shown");
+        QSet<QString> listed;
+        for (const Document::Row &row : Document(u"host-guide.md"_s).rows(u"text"_s)) {
+            for (const QString &text : Document::words(row.value(0)))
+                listed += text;
+        }
+        QCOMPARE(m_hostKeys, listed);
     }
 
     void faultsAreFound_data()
@@ -179,6 +194,10 @@ private Q_SLOTS:
     }
 
 private:
+    /// Of all screens shown so far.
+    QSet<QString> m_hostKeys;
+    qsizetype m_screenCount = 0;
+
     static QStringList faultsOf(const QList<VisibleText> &shown, const QRectF &window)
     {
         QStringList faults;

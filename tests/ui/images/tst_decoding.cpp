@@ -13,7 +13,7 @@ namespace {
 
 QByteArray dataFile(const char *name)
 {
-    QFile file(QStringLiteral(TOLVANE_TEST_DATA "/") + QLatin1String(name));
+    QFile file(QStringLiteral(TOLVANE_SOURCES "/tests/ui/images/data/") + QLatin1String(name));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 

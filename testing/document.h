@@ -5,7 +5,9 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
 
-/// A document of docs/, read for the tables and examples in it.
+namespace tolvane::test {
+
+/// A page of docs/, for tests that compare its tables with the code.
 class Document
 {
 public:
@@ -24,7 +26,7 @@ public:
 
     QString text() const { return m_lines.join(QLatin1Char('\n')); }
 
-    /// The rows of all tables whose first heading is that, headings left out.
+    /// The rows of all tables with this first heading, without the headings.
     QList<Row> rows(const QString &firstHeading) const
     {
         QList<Row> found;
@@ -44,19 +46,7 @@ public:
         return found;
     }
 
-    /// The blocks of code in that language.
-    QStringList blocks(const QString &language) const
-    {
-        const QRegularExpression form(QStringLiteral("^```%1\\n(.*?)\\n```$").arg(language),
-                                      QRegularExpression::MultilineOption |
-                                          QRegularExpression::DotMatchesEverythingOption);
-        QStringList blocks;
-        for (const QRegularExpressionMatch &match : form.globalMatch(text()))
-            blocks += match.captured(1);
-        return blocks;
-    }
-
-    /// What stands between backticks.
+    /// The texts between backticks.
     static QStringList words(const QString &cell)
     {
         static const QRegularExpression form(QStringLiteral("`([^`]+)`"));
@@ -80,3 +70,5 @@ private:
 
     QStringList m_lines;
 };
+
+} // namespace tolvane::test
