@@ -5,7 +5,7 @@
 #include "analytics/manager.h"
 #include "backend/configuration.h"
 #include "base/errors.h"
-#include "base/shared.h"
+#include "base/sharedinstance.h"
 #include "state/pollingservice.h"
 
 namespace tolvane::test {
@@ -64,7 +64,7 @@ Fixture::~Fixture()
 
 void Fixture::setKey(const QString &key)
 {
-    Configuration::shared().adoptApiKey(key);
+    Configuration::shared().setApiKeyOnce(key);
 }
 
 UrlResponse json(const QByteArray &body, int status)

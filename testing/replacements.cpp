@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "testing/replacements.h"
 
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>

@@ -380,7 +380,7 @@ int main(int argc, char **argv)
         return makeUrlCache(settings);
     };
     exchangePlatform(std::move(installed));
-    Configuration::shared().adoptApiKey(QStringLiteral("key"));
+    Configuration::shared().setApiKeyOnce(QStringLiteral("key"));
     qml_register_types_Tolvane_Private();
 
     const auto *scenario = std::ranges::find_if(scenarios, [&](const Scenario &each) {

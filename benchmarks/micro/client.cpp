@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apiclient.h"
 #include "benchmarks/support/processes.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 
 #include <QtCore/QEventLoop>
 #include <QtNetwork/QNetworkAccessManager>

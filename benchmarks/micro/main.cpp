@@ -93,7 +93,7 @@ int main(int argc, char **argv)
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
         return 2;
 
-    tolvane::Configuration::shared().adoptApiKey(QStringLiteral("key"));
+    tolvane::Configuration::shared().setApiKeyOnce(QStringLiteral("key"));
     tolvane::bench::Figures figures;
     benchmark::RunSpecifiedBenchmarks(&figures);
     tolvane::bench::measureIdle(figures);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apiclient.h"
 #include "backend/requests.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 
 #include <benchmark/benchmark.h>
 

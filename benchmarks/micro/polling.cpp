@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/support/measures.h"
 #include "benchmarks/support/samples.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/ticketdata.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/manager.h"
 #include "backend/persistentstore.h"
-#include "base/shared.h"
+#include "base/sharedinstance.h"
 #include "platform/platform.h"
 
 #include <tolvane/tolvane.h>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file
-/// What the messenger tells the host about its use.
+/// @file Analytics events for the host.
 
 #include <tolvane/export.h>
 
@@ -14,10 +13,9 @@
 
 namespace tolvane {
 
-/// Something that happened in the messenger, with its context. Immutable, and safe to copy to other
-/// threads.
+/// An event in the messenger, with its context. Immutable, and safe to copy to other threads.
 ///
-/// The names and keys are constants, so that a host compares instead of spelling them:
+/// Names and keys are constants that hosts compare with:
 ///
 /// @code
 /// if (event.name() == TolvaneAnalyticsEvent::Chat::messageSent)
@@ -25,7 +23,7 @@ namespace tolvane {
 /// @endcode
 ///
 /// Some events and keys have no constant, such as "user_action" and "polling_started"; the
-/// catalogue of the host guide has them all.
+/// catalogue in the host guide lists them all.
 class TOLVANE_EXPORT TolvaneAnalyticsEvent
 {
 public:
@@ -85,24 +83,25 @@ public:
         static const QString appVersion;         ///< "app_version", for hosts; never sent
     };
 
-    /// Makes an event; for hosts that test their delegate. Each parameter is what the function of
-    /// its name answers.
+    /// Constructs an event, for hosts that test their delegate. Each parameter is the value of the
+    /// function with its name.
     TolvaneAnalyticsEvent(QString name, QVariantMap properties, QDateTime timestamp,
                           QString sdkVersion, std::optional<QString> customerId,
                           std::optional<QString> originalCustomerId, QString environment);
 
     /// One of the names above, or another of the catalogue.
     QString name() const { return m_name; }
-    /// What else there is to tell: texts, numbers and Booleans by their keys.
+    /// Further details: texts, numbers and Booleans by key.
     QVariantMap properties() const { return m_properties; }
     /// When the event was made, in UTC.
     QDateTime timestamp() const { return m_timestamp; }
-    /// The host's QCoreApplication::applicationVersion(), "0.1.0" where it has none.
+    /// The host's QCoreApplication::applicationVersion(); "0.1.0" without one.
     QString sdkVersion() const { return m_sdkVersion; }
-    /// The library's id of the customer, 26 characters unless the backend gave another; absent
-    /// where preferences cannot be read.
+    /// The library's id of the customer: 26 characters, unless the backend assigned another id;
+    /// absent if the preferences cannot be read.
     std::optional<QString> customerId() const { return m_customerId; }
-    /// The host's own id of the customer, from Tolvane::updateCustomer(); absent without one.
+    /// The host's own id of the customer, as set with Tolvane::updateCustomer(); absent without
+    /// one.
     std::optional<QString> originalCustomerId() const { return m_originalCustomerId; }
     /// "production", "development" or "alpha".
     QString environment() const { return m_environment; }
@@ -117,23 +116,24 @@ private:
     QString m_environment;
 };
 
-/// Receives the events; the host implements it and hands it to Tolvane::setAnalyticsDelegate().
+/// Receives analytics events. The host implements it and passes it to
+/// Tolvane::setAnalyticsDelegate().
 ///
-/// The library holds the delegate weakly. Calls come on the main thread, and a slow delegate holds
-/// that thread up. A delegate may drop itself from inside a call; an exception that leaves a call
-/// is caught and reported to the log. Events that come without a delegate are gone.
+/// The library holds the delegate weakly. It calls the delegate on the main thread, which a slow
+/// delegate blocks. A delegate may destroy itself during a call; an exception that leaves a call is
+/// caught and logged. Events without a delegate are dropped.
 class TOLVANE_EXPORT TolvaneAnalyticsDelegate
 {
 public:
     virtual ~TolvaneAnalyticsDelegate();
 
-    /// Something has happened.
+    /// Called for each event.
     virtual void didReceiveEvent(const TolvaneAnalyticsEvent &event) = 0;
-    /// For hosts that pass their own user properties through the delegate: the library does not
-    /// call it. Does nothing unless overridden.
+    /// Never called by the library: for hosts that pass their own user properties through the
+    /// delegate. The default implementation does nothing.
     virtual void didUpdateUserProperties(const QVariantMap &properties);
-    /// For hosts that pass their own user id through the delegate: the library does not call it.
-    /// Does nothing unless overridden.
+    /// Never called by the library: for hosts that pass their own user id through the delegate. The
+    /// default implementation does nothing.
     virtual void didUpdateUserID(const std::optional<QString> &userId);
 };
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file
-/// How failures are told.
+/// @file The type of all errors.
 
 #include <tolvane/export.h>
 
@@ -31,15 +30,15 @@ namespace tolvane {
 /// | "TolvaneSdk.Cancellation"    | 1: the operation was cancelled                            |
 /// | "TolvaneSdk.UnexpectedError" | 1: anything else, out of memory for instance              |
 ///
-/// The first domain and its codes are those that apps on Apple's platforms know their transport's
-/// failures by, so that dashboards of several platforms agree.
+/// The first domain and its codes are those of transport failures on Apple's platforms, so that
+/// dashboards can compare platforms.
 ///
-/// Errors are immutable and may be shared between threads. A host meets them in analytics events,
-/// by their text, code and domain.
+/// Errors are immutable and may be shared between threads. Hosts receive their text, code and
+/// domain in analytics events.
 class TOLVANE_EXPORT Error : public std::exception
 {
 public:
-    /// Makes an error of that domain and code, with a text for people.
+    /// Constructs an error from its domain, its code and a text for people.
     Error(QString domain, int code, QString localizedDescription);
     /// Copies share the texts.
     Error(const Error &) = default;
@@ -47,11 +46,11 @@ public:
     Error &operator=(const Error &) = default;
     ~Error() override;
 
-    /// What happened, for people. Never holds the API key.
+    /// A description for people. It never contains the API key.
     QString localizedDescription() const { return m_description; }
-    /// Which failure it is, within the domain.
+    /// Identifies the failure within the domain.
     int code() const { return m_code; }
-    /// Where it comes from, one of the table above.
+    /// The domain, one of the table above.
     QString domain() const { return m_domain; }
 
     /// The description in UTF-8; valid as long as this object.
@@ -64,7 +63,7 @@ private:
     QByteArray m_what;
 };
 
-/// How an error is kept: shared, never changed.
+/// A shared, immutable error.
 using ErrorPtr = std::shared_ptr<const Error>;
 
 } // namespace tolvane

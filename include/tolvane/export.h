@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file
-/// What the libraries show of themselves.
+/// @file Export macros of the libraries.
 
 #include <QtCore/qglobal.h>
 
-/// Marks what the shared library shows to its users; everything else stays hidden.
+/// Marks the exported symbols of the core; all others are hidden.
 #if defined(TOLVANE_STATIC)
 #define TOLVANE_EXPORT
 #elif defined(TOLVANE_BUILDING_CORE)
@@ -15,7 +14,7 @@
 #define TOLVANE_EXPORT Q_DECL_IMPORT
 #endif
 
-/// The same, for what is in the library of views.
+/// The same for the library of views.
 #if defined(TOLVANE_STATIC)
 #define TOLVANE_VIEWS_EXPORT
 #elif defined(TOLVANE_BUILDING_VIEWS)

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file
-/// What remote content is doing.
+/// @file The state of remote content.
 
 #include <tolvane/error.h>
 
@@ -12,7 +11,7 @@
 
 namespace tolvane {
 
-/// What a piece of remote content is doing; a plain value that a store replaces as a whole.
+/// The loading state of a piece of remote content: a plain value that its store replaces.
 ///
 /// | case                   | meaning                                                       |
 /// |------------------------|---------------------------------------------------------------|
@@ -23,7 +22,7 @@ namespace tolvane {
 /// | `loading`              | a load is running, nothing can be shown yet                   |
 /// | `empty`                | the load succeeded and there is nothing to show               |
 ///
-/// Each state is made by the function of its name. As safe for threads as its `Value` is.
+/// A function with the name of each case constructs it. As thread-safe as its `Value`.
 ///
 /// @tparam Value the content, copied in and out
 template <typename Value>
@@ -45,14 +44,14 @@ public:
     static LoadingState loaded(Value value) { return {Case::loaded, std::move(value)}; }
     /// The load failed because of `error`, which is not null.
     static LoadingState error(ErrorPtr error) { return {Case::error, std::move(error)}; }
-    /// Nothing was asked for yet.
+    /// Nothing was requested yet.
     static LoadingState idle() { return {}; }
     /// A load is running, and there is nothing to show.
     static LoadingState loading() { return {Case::loading, std::monostate()}; }
     /// The load succeeded, and there is nothing to show.
     static LoadingState empty() { return {Case::empty, std::monostate()}; }
 
-    /// Which case this is.
+    /// The current case.
     Case current() const { return m_case; }
 
     /// True while a load runs, with or without a preview.

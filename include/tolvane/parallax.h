@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file
-/// What the QML type `ParallaxScrollView` is told. Needs `Tolvane::Sdk`.
+/// @file The configuration of the QML type `ParallaxScrollView`. Requires `Tolvane::Sdk`.
 
 #include <tolvane/export.h>
 
@@ -10,14 +9,14 @@
 
 namespace tolvane {
 
-/// Whether the header that lies behind a scrolling sheet is shown, or the sheet was moved over it.
+/// Whether the header behind the scrolling sheet is visible or covered.
 enum class ParallaxScrollState {
     opened = 0,   ///< the header is shown
     collapsed = 1 ///< the sheet lies over it
 };
 
-/// How much of the header is seen above the sheet, in points, for one orientation of the device.
-/// A height that is not greater than 0, or is not a number, is kept as 0.
+/// The visible height of the header above the sheet, in device-independent pixels, for one
+/// orientation. Heights that are not greater than 0, and NaN, become 0.
 class TOLVANE_VIEWS_EXPORT ParallaxHeightConfiguration
 {
 public:
@@ -25,9 +24,9 @@ public:
     /// @param collapsedHeight with the sheet moved up
     ParallaxHeightConfiguration(double openedHeight, double collapsedHeight);
 
-    /// With the sheet at rest, in points.
+    /// With the sheet at rest, in device-independent pixels.
     double openedHeight() const { return m_openedHeight; }
-    /// With the sheet moved up, in points.
+    /// With the sheet moved up, in device-independent pixels.
     double collapsedHeight() const { return m_collapsedHeight; }
 
     /// Compares both heights, exactly.
@@ -38,29 +37,29 @@ private:
     double m_collapsedHeight;
 };
 
-/// What a parallax view looks like and how it moves. A value; each part has to be given.
+/// The appearance and the motion of a parallax view, as a value.
 class TOLVANE_VIEWS_EXPORT ParallaxConfiguration
 {
 public:
     /// @param portrait  heights while the view is upright
-    /// @param landscape heights while the view lies on its side
-    /// @param parallaxFactor how far the header follows the sheet, kept within 0 to 1
-    /// @param stretchFactor how far the header grows as the sheet is pulled down, kept at 1 or more
-    /// @param thresholdPercentage the part of the way up after which the header counts as
-    /// collapsed, kept within 0 to 1; on the way back, half of it opens the header again
+    /// @param landscape heights in landscape orientation
+    /// @param parallaxFactor how far the header follows the sheet, clamped to 0 to 1
+    /// @param stretchFactor how far the header grows when the sheet is pulled down, at least 1
+    /// @param thresholdPercentage the fraction of the way up from which the header counts as
+    /// collapsed, clamped to 0 to 1; on the way down, half of it opens the header again
     /// @param headerBackground behind the header
-    /// @param contentBackground behind what the sheet shows
+    /// @param contentBackground behind the content of the sheet
     ///
-    /// The two factors are kept for whoever draws the header; the heights follow the sheet exactly,
-    /// whatever the factors. What is not a number becomes the least value.
+    /// The two factors only affect how the header is drawn; heights follow the sheet exactly. NaN
+    /// becomes the smallest allowed value.
     ParallaxConfiguration(const ParallaxHeightConfiguration &portrait,
                           const ParallaxHeightConfiguration &landscape, double parallaxFactor,
                           double stretchFactor, double thresholdPercentage,
                           const QColor &headerBackground, const QColor &contentBackground);
 
-    /// Heights while the view is upright.
+    /// Heights in portrait orientation.
     const ParallaxHeightConfiguration &portrait() const { return m_portrait; }
-    /// Heights while the view lies on its side.
+    /// Heights in landscape orientation.
     const ParallaxHeightConfiguration &landscape() const { return m_landscape; }
     /// Within 0 to 1.
     double parallaxFactor() const { return m_parallaxFactor; }
@@ -70,7 +69,7 @@ public:
     double thresholdPercentage() const { return m_thresholdPercentage; }
     /// Behind the header.
     const QColor &headerBackground() const { return m_headerBackground; }
-    /// Behind what the sheet shows.
+    /// Behind the content of the sheet.
     const QColor &contentBackground() const { return m_contentBackground; }
 
     /// Compares all parts, exactly.

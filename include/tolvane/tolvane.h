@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file
-/// All that a host calls.
+/// @file The entry point for hosts.
 
 #include <tolvane/analytics.h>
 #include <tolvane/export.h>
@@ -21,15 +20,15 @@
 
 namespace tolvane {
 
-/// How a push is to be shown while the host is in the foreground. The values are those of iOS's
-/// `UNNotificationPresentationOptions`, so that a push bridge can hand them on as they are.
+/// How the host shows a push while it is in the foreground. The values are those of iOS's
+/// `UNNotificationPresentationOptions`, so a push bridge can pass them on.
 enum class PresentationOptions {
     none = 0,           ///< not one of this library's pushes
     sound = 2,          ///< the messenger is open and shows the content itself
     soundAndBanner = 18 ///< the messenger is closed
 };
 
-/// The whole entry point of the library.
+/// The entry point of the library.
 ///
 /// @code
 /// QApplication app(argc, argv);
@@ -37,17 +36,17 @@ enum class PresentationOptions {
 /// QObject::connect(helpButton, &QPushButton::clicked, [] { tolvane::Tolvane::open(); });
 /// @endcode
 ///
-/// A QCoreApplication has to exist before the first call. Operations belong to its thread, the main
-/// thread. A call without a result that comes from another thread is passed on to the main thread
-/// and carried out there in the order of the calls.
+/// A QCoreApplication must exist before the first call. Operations run on its thread, the main
+/// thread. A call without a result from another thread is queued to the main thread, in the order
+/// of the calls.
 ///
-/// No operation fails towards the host: failures are logged (see enableLogging()) and reported to
-/// the analytics delegate. A call that needs initialize() and comes before it does nothing and
-/// writes "Tolvane is not initialized" to the log, also with logging off.
+/// No operation reports a failure to its caller: failures are logged (see enableLogging()) and sent
+/// to the analytics delegate. A call that requires initialize() but comes before it has no effect
+/// and logs "Tolvane is not initialized", also while logging is off.
 class TOLVANE_EXPORT Tolvane
 {
 public:
-    /// Which backend is talked to. The process environment variable TOLVANE_API_URL overrides it.
+    /// Selects the backend. The environment variable TOLVANE_API_URL overrides it.
     enum class Environment {
         production,  ///< the default
         development, ///< for hosts in the making
@@ -56,29 +55,29 @@ public:
 
     /// "production", "development" or "alpha".
     static QString rawValue(Environment environment);
-    /// The environment of that name; absent for any other text. Case counts.
+    /// The environment with this name, case-sensitively; absent for any other text.
     static std::optional<Environment> environmentFromRawValue(const QString &rawValue);
 
-    /// Starts the library: keeps the key, makes sure that the customer has an id, and begins to
-    /// load the settings without waiting for them. Only the first call counts, and there is no
-    /// shutting down.
-    /// @param key the host's API key, sent as a bearer token with every request to the backend; not
-    /// checked here
+    /// Starts the library: stores the key, ensures that the customer has an id, and starts loading
+    /// the settings without waiting for them. Only the first call has an effect; the library cannot
+    /// be shut down.
+    /// @param key the host's API key, which every request to the backend carries as a bearer token;
+    /// not validated here
     static void initialize(const QString &key);
 
-    /// Chooses the backend for all requests made afterwards; best called before initialize().
-    /// Safe from any thread.
+    /// Selects the backend for all later requests; best called before initialize(). Safe from any
+    /// thread.
     static void setEnvironment(Environment environment);
 
-    /// Switches the library's log lines on or off; off at first. They go to the logging category
-    /// `com.tolvane.ios.Tolvane`, and never hold the key. Safe from any thread.
+    /// Switches the library's log on or off; it is off by default. Lines go to the logging category
+    /// `com.tolvane.ios.Tolvane`, and never contain the key. Safe from any thread.
     static void enableLogging(bool enabled);
 
-    /// Sets the receiver of analytics events; null clears it. Held weakly: the host keeps it alive.
-    /// Set it before initialize() to hear of that, too.
+    /// Sets the receiver of analytics events; null removes it. The library holds it weakly: the
+    /// host must keep it alive. Set it before initialize() to receive that event, too.
     static void setAnalyticsDelegate(const std::shared_ptr<TolvaneAnalyticsDelegate> &delegate);
 
-    /// Tells the backend who the customer is.
+    /// Sends the customer's identity to the backend.
     ///
     /// @param email the customer's address, or absent
     /// @param originalID the host's own id of the customer, kept on the device whether or not the
@@ -88,30 +87,29 @@ public:
     static QFuture<void> updateCustomer(const std::optional<QString> &email,
                                         const std::optional<QString> &originalID);
 
-    /// Shows the messenger over the host's foreground window: the one with the focus, else the
-    /// first that is shown. Without one, or without the library of views in the process, nothing is
-    /// shown. One that is open already stays as it is.
+    /// Opens the messenger over the host's foreground window: the one with the focus, else the
+    /// first visible one. Without a window, or without the library of views, it opens nothing. No
+    /// effect if the messenger is open.
     static void open();
 
-    /// Registers the device for pushes. The token is not kept: call it at each start of the host,
-    /// and whenever the push service gives out another.
-    /// @param deviceToken the push service's token, as raw bytes; goes to the backend in
-    /// hexadecimal digits
+    /// Registers the device for pushes. The token is not stored: call this at each start of the
+    /// host, and whenever the push service issues another token.
+    /// @param deviceToken the push service's token as raw bytes; sent to the backend in hexadecimal
+    /// digits
     static void setDeviceToken(const QByteArray &deviceToken);
 
-    /// True when the payload's "source" is the text "tolvane". Needs no initialize().
-    /// Safe from any thread.
+    /// True if the payload's "source" is the text "tolvane". Does not require initialize(). Safe
+    /// from any thread.
     static bool isTolvanePushNotification(const QVariantMap &payload);
 
-    /// For the host's foreground push callback: tells how the push is to be shown, and delivers it
-    /// at once when the messenger is open. Main thread only; elsewhere it reports the mistake to
-    /// the log and answers PresentationOptions::none.
-    /// @param payload the push's data; of its lists and dictionaries, QVariantList and QVariantMap
-    /// are understood
+    /// For the host's foreground push callback: returns how to show the push, and delivers it at
+    /// once if the messenger is open. Main thread only; on another thread it logs the mistake and
+    /// returns PresentationOptions::none.
+    /// @param payload the push's data, with lists as QVariantList and dictionaries as QVariantMap
     static PresentationOptions willPresentNotification(const QVariantMap &payload);
 
-    /// For the host's callback of a tapped push: opens the messenger if it is closed and delivers
-    /// the content. A payload that is not this library's is ignored.
+    /// For the host's callback for a tapped push: opens the messenger if it is closed, and delivers
+    /// the content. Ignores payloads of other services.
     /// @param payload as for willPresentNotification()
     static void handlePushNotification(const QVariantMap &payload);
 

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file
-/// The version of the library that runs, which may be newer than the headers.
+/// @file The version of the loaded library, which may be newer than the headers.
 
 #include <tolvane/export.h>
 
 extern "C" {
 /// Version of the linked library as a number: major and minor, 1.0 for 1.0.0.
 extern TOLVANE_EXPORT const double TolvaneSdkVersionNumber;
-/// Version of the linked library in the form that `what`(1) finds in a binary: text that begins
-/// with
-/// `@(#)` and ends with a newline.
+/// Version of the linked library in the format of `what`(1): a text that begins with `@(#)` and
+/// ends with a newline.
 extern TOLVANE_EXPORT const char TolvaneSdkVersionString[];
 }

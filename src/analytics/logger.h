@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/privateexport.h"
-#include "platform/system/services.h"
+#include "platform/system/logsink.h"
 
 #include <QtCore/QLocale>
 #include <QtCore/QString>
@@ -14,8 +14,7 @@ namespace tolvane {
 
 enum class LogLevel { debug, info, warning, error, critical };
 
-/// The library's diagnostic output: one line a message, silent until the host asks for it.
-/// Safe from any thread.
+/// The library's log, off by default, with one line per message. Safe from any thread.
 class TOLVANE_PRIVATE_EXPORT Logger
 {
 public:
@@ -25,12 +24,12 @@ public:
     Logger(const QString &subsystem, const QString &category);
 
     void setEnabled(bool enabled) { m_enabled = enabled; }
-    /// For messages that take time to make.
+    /// For messages that are expensive to format.
     bool isEnabled() const { return m_enabled; }
 
     void log(LogLevel level, const QString &message);
 
-    /// A line at `critical` for the developer of the host, who must see it with logging off too.
+    /// Logs a mistake of the host at `critical`, also while logging is off.
     void reportMisuse(const QString &message);
 
 private:

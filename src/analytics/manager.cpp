@@ -5,8 +5,8 @@
 #include "backend/configuration.h"
 #include "backend/persistentstore.h"
 #include "backend/wire/json.h"
-#include "base/guard.h"
-#include "base/shared.h"
+#include "base/invokenoexcept.h"
+#include "base/sharedinstance.h"
 #include "platform/platform.h"
 
 namespace tolvane {
@@ -61,10 +61,10 @@ std::vector<TolvaneAnalyticsManager::Receiver> TolvaneAnalyticsManager::receiver
 
 void TolvaneAnalyticsManager::track(const QString &name, QVariantMap properties)
 {
-    // Held for the calls: a receiver may let go of itself in one.
+    // Keeps the receivers alive: one may drop itself during a call.
     const auto receivers = this->receivers();
     const bool isLogged = Logger::shared().isEnabled();
-    // Making an event takes a look at the disk; there has to be somebody who hears of it.
+    // Creating an event reads the disk, which is pointless without a receiver.
     if (!m_isEnabled || (receivers.empty() && !isLogged))
         return;
     properties.insert(Keys::deviceModel, platform().device->model());
@@ -79,7 +79,7 @@ void TolvaneAnalyticsManager::track(const QString &name, QVariantMap properties)
                                                  json::text(properties));
     }
     for (const Receiver &receiver : receivers)
-        guarded("the analytics delegate", [&] { receiver->didReceiveEvent(event); });
+        invokeNoexcept("the analytics delegate", [&] { receiver->didReceiveEvent(event); });
 }
 
 void TolvaneAnalyticsManager::trackError(const QString &context, QVariantMap properties,

@@ -15,8 +15,8 @@
 
 namespace tolvane {
 
-/// The one place through which all events go: adds their context, logs them and hands them to the
-/// host's delegate and the observers, on the caller's thread. An event without any is gone.
+/// Receives all events of the library, adds their context, logs them and passes them to the host's
+/// delegate and the observers, on the caller's thread. Without a receiver an event is dropped.
 class TOLVANE_PRIVATE_EXPORT TolvaneAnalyticsManager
 {
 public:
@@ -27,13 +27,13 @@ public:
     using Receiver = std::shared_ptr<TolvaneAnalyticsDelegate>;
 
     void setDelegate(const Receiver &delegate);
-    /// Hears of each event after the host's delegate, and whether or not there is one. Held weakly.
+    /// Receives each event after the host's delegate, also without a delegate. Held weakly.
     void addObserver(const Receiver &observer);
     void setEnabled(bool enabled) { m_isEnabled = enabled; }
 
     void track(const QString &name, QVariantMap properties);
 
-    /// @param context what was being done, such as "fetchTicket"; empty to leave it out
+    /// @param context the failed operation, such as "fetchTicket"; omitted if empty
     void trackError(const QString &context, QVariantMap properties, const Error &error);
 
     void trackUserAction(const QString &action, const QString &screen, QVariantMap properties);

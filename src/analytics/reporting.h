@@ -7,10 +7,10 @@
 
 namespace tolvane {
 
-/// Writes an error line: the phrase, then the error's text.
+/// Logs the phrase, followed by the error's text, at `error`.
 void logFailure(const QString &phrase, const Error &error);
 
-/// As logFailure(), and tells the host's analytics, under a context word such as "fetchTicket".
+/// As logFailure(), and also sends an analytics event with a context such as "fetchTicket".
 void reportFailure(const QString &phrase, const QString &context, const Error &error);
 
 } // namespace tolvane

@@ -6,7 +6,7 @@
 #include "backend/persistentstore.h"
 #include "backend/requests.h"
 #include "backend/wire/json.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 
 #include <array>
@@ -32,8 +32,8 @@ Endpoint currentEndpoint()
             configuration.apiKey().value_or(QString())};
 }
 
-/// Whichever status it comes with, the backend's id is this customer's from now on.
-void adoptCustomerId(const UrlResponse &response)
+/// The backend may assign a customer id with every answer, whatever its status.
+void storeCustomerId(const UrlResponse &response)
 {
     if (const std::optional<QByteArray> id = response.header("X-Tolvane-Customer"))
         persistentstore::setCustomerId(QString::fromUtf8(*id));
@@ -64,7 +64,7 @@ std::optional<BrandingDto> readBranding(const UrlResponse &response)
     return readRecord<BrandingDto>(response);
 }
 
-/// Answers up to this size are read right where they arrive: handing them on would take longer.
+/// Answers up to this size are decoded on the network thread: a thread switch would take longer.
 constexpr qsizetype smallBody = 32'768;
 
 bool isSmall(const QFuture<UrlResponse> &received)
@@ -72,7 +72,8 @@ bool isSmall(const QFuture<UrlResponse> &received)
     return received.resultCount() == 0 || received.resultAt(0).body.size() <= smallBody;
 }
 
-/// Reads an answer once it has come: a large one on the workers, so that it holds up no other.
+/// Decodes an answer when it arrives; a large one on the workers, so that it does not delay other
+/// answers.
 template <typename Result>
 QFuture<Result> readAnswer(QFuture<UrlResponse> sent, Result (*read)(const UrlResponse &))
 {
@@ -81,9 +82,9 @@ QFuture<Result> readAnswer(QFuture<UrlResponse> sent, Result (*read)(const UrlRe
     QFuture<Result> answer = promise->future();
     sent.then(QtFuture::Launch::Sync, [promise, read](const QFuture<UrlResponse> &received) {
         const auto finish = [promise, read, received] {
-            fulfil(*promise, [&] {
+            setPromiseFrom(*promise, [&] {
                 const UrlResponse response = received.result();
-                adoptCustomerId(response);
+                storeCustomerId(response);
                 return read(response);
             });
         };
@@ -95,13 +96,13 @@ QFuture<Result> readAnswer(QFuture<UrlResponse> sent, Result (*read)(const UrlRe
     return answer;
 }
 
-/// Sends one request and reads its answer, both off the caller's thread.
+/// Sends one request and decodes its answer, both off the caller's thread.
 template <typename Result>
 QCoro::Task<Result> perform(std::function<UrlRequest()> build, Result (*read)(const UrlResponse &))
 {
     QFuture<UrlResponse> sent = platform().urlSession->send(std::move(build));
     QFuture<Result> answer = readAnswer(sent, read);
-    co_return co_await settled(answer);
+    co_return co_await awaitFuture(answer);
 }
 
 QString ticketPath(const QString &ticketId)

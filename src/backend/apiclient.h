@@ -10,16 +10,16 @@
 
 namespace tolvane {
 
-/// The seven operations of the backend, as values.
+/// The seven operations of the backend, as callables.
 ///
-/// All are asynchronous: requests are built and sent and answers are read off the caller's thread,
-/// and the caller is resumed on its own. They fail with APIError for an HTTP failure, UrlError for
-/// a transport failure, DecodingError for an answer that cannot be read. Nothing is retried. The
-/// operations keep no state and may run side by side.
+/// All are asynchronous: they build and send requests and decode answers off the caller's thread,
+/// and resume the caller on its own thread. They fail with APIError for an HTTP failure, UrlError
+/// for a transport failure and DecodingError for an invalid answer. They do not retry. They have no
+/// state and may run concurrently.
 struct TOLVANE_AUTOTEST_EXPORT APIClient
 {
-    /// The argument is the `updatedAt` of the branding at hand; absent as a result says that there
-    /// is nothing newer.
+    /// The argument is the `updatedAt` of the cached branding. The result is absent if the cached
+    /// branding is current.
     std::function<QCoro::Task<std::optional<BrandingDto>>(std::optional<QString> updatedAt)>
         getBranding;
     std::function<QCoro::Task<TicketDto>(CreateTicketDto, std::optional<QList<AttachmentDto>>)>
@@ -30,9 +30,9 @@ struct TOLVANE_AUTOTEST_EXPORT APIClient
     std::function<QCoro::Task<>(UpdateCustomerDto)> updateCustomer;
     std::function<QCoro::Task<>(UpdateDeviceDto)> updateDevice;
 
-    /// A client for the key, the environment and the base URL that hold now. Cheap: made anew for
-    /// each piece of work, so that a change of those needs no refresh. Needs the API key to be set.
-    /// Safe from any thread.
+    /// A client for the current key, environment and base URL. It is cheap, so callers create one
+    /// for each operation, and changes take effect without a refresh. Requires the API key. Safe
+    /// from any thread.
     static APIClient live();
 };
 

@@ -9,7 +9,7 @@
 
 namespace tolvane {
 
-/// An answer whose HTTP status is a failure.
+/// An answer with an HTTP status of failure.
 class TOLVANE_AUTOTEST_EXPORT APIError final : public Error
 {
 public:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "backend/configuration.h"
 
-#include "base/shared.h"
+#include "base/sharedinstance.h"
 
 namespace tolvane {
 
@@ -16,7 +16,7 @@ std::optional<QString> Configuration::apiKey() const
     return m_apiKey;
 }
 
-bool Configuration::adoptApiKey(const QString &key)
+bool Configuration::setApiKeyOnce(const QString &key)
 {
     const std::scoped_lock lock(m_mutex);
     if (m_apiKey)

@@ -11,8 +11,8 @@
 
 namespace tolvane {
 
-/// What the host has set: the key, whose presence is what initialised means, and the environment.
-/// Safe from any thread.
+/// The host's API key and environment. The library is initialised once there is a key. Safe from
+/// any thread.
 class TOLVANE_AUTOTEST_EXPORT Configuration
 {
 public:
@@ -20,8 +20,8 @@ public:
 
     std::optional<QString> apiKey() const;
 
-    /// Keeps the key unless there is one already; false then.
-    bool adoptApiKey(const QString &key);
+    /// Stores the key. False, without any effect, if there is a key already.
+    bool setApiKeyOnce(const QString &key);
 
     Tolvane::Environment environment() const { return m_environment; }
     void setEnvironment(Tolvane::Environment environment) { m_environment = environment; }

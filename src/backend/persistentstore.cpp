@@ -60,7 +60,7 @@ std::optional<BrandingDto> branding()
     try {
         return json::decode<BrandingDto>(*bytes);
     } catch (const DecodingError &) {
-        return std::nullopt; // The next load fetches a fresh copy in its place.
+        return std::nullopt; // The next load of the settings replaces it.
     }
 }
 

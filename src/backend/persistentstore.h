@@ -8,9 +8,9 @@
 
 #include <optional>
 
-/// What the library keeps on the device: three entries of the preferences domain "com.tolvane.sdk",
-/// which is opened anew for each access. Where it cannot be opened, everything reads as absent and
-/// nothing is written. Safe from any thread.
+/// The library's persistent data: three entries of the preferences domain "com.tolvane.sdk", which
+/// is opened for each access. If it cannot be opened, every entry reads as absent and writes have
+/// no effect. Safe from any thread.
 namespace tolvane::persistentstore {
 
 TOLVANE_AUTOTEST_EXPORT std::optional<QString> customerId();
@@ -20,7 +20,7 @@ TOLVANE_AUTOTEST_EXPORT void setCustomerId(const QString &id);
 TOLVANE_AUTOTEST_EXPORT std::optional<QString> customerOriginalId();
 TOLVANE_AUTOTEST_EXPORT void setCustomerOriginalId(const std::optional<QString> &id);
 
-/// The branding of the last load that brought one; absent also when it cannot be read.
+/// The branding of the last successful load; also absent if it cannot be decoded.
 TOLVANE_AUTOTEST_EXPORT std::optional<BrandingDto> branding();
 TOLVANE_AUTOTEST_EXPORT void setBranding(const std::optional<BrandingDto> &branding);
 

@@ -9,7 +9,7 @@ namespace tolvane {
 
 namespace {
 
-/// Everything but unreserved characters is encoded: a "+" left as it is would read as a blank.
+/// Encodes all but unreserved characters: servers would decode a literal "+" as a space.
 QString encodedQuery(const QList<QueryItem> &query)
 {
     QStringList items;
@@ -45,7 +45,7 @@ UrlRequest makeRequest(const Endpoint &endpoint, const QByteArray &method, const
 MultipartBody makeForm(const QList<AttachmentDto> &attachments)
 {
     MultipartBody form(QUuid::createUuid().toByteArray(QUuid::WithoutBraces).toUpper());
-    // Room for the heads of the parts and the texts, and for each file.
+    // Capacity for the headers of the parts, the texts and each file.
     constexpr qsizetype overhead = 4096;
     qsizetype size = overhead;
     for (const AttachmentDto &attachment : attachments)

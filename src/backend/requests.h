@@ -10,18 +10,18 @@
 
 namespace tolvane {
 
-/// Where requests go and with which key.
+/// The base URL of all requests, and the API key.
 struct Endpoint
 {
     QString baseUrl;
     QString apiKey;
 };
 
-/// A query item; absent as a value writes the name alone.
+/// A query item; with an absent value, only the name is written.
 using QueryItem = QPair<QString, std::optional<QString>>;
 
-// Each builds the request of its kind for a path below the endpoint, for the customer who is stored
-// now. A path that makes no valid URL is left to the session to refuse. Safe from any thread.
+// These functions build a request for a path below the endpoint, with the stored customer id. The
+// session rejects an invalid URL. Safe from any thread.
 
 UrlRequest getRequest(const Endpoint &endpoint, const QString &path,
                       const QList<QueryItem> &query = {});
@@ -29,7 +29,7 @@ UrlRequest jsonRequest(const Endpoint &endpoint, const QString &path, const QByt
 UrlRequest multipartRequest(const Endpoint &endpoint, const QString &path,
                             const MultipartBody &body);
 
-/// The forms of a new ticket and of a further message, each under a boundary of its own.
+/// The forms of a new ticket and of a further message, each with a new boundary.
 MultipartBody ticketForm(const CreateTicketDto &ticket,
                          const std::optional<QList<AttachmentDto>> &attachments);
 MultipartBody messageForm(const SendMessageDto &message);

@@ -31,8 +31,8 @@ TOLVANE_AUTOTEST_EXPORT QByteArray encodeBase32(QByteArrayView bytes,
                                                 const Base32Alphabet &alphabet,
                                                 Base32Padding padding);
 
-/// Nothing when the length cannot come from encoding or a character is not of the alphabet.
-/// Trailing padding is passed over.
+/// Absent if no encoding has this length or a character is not in the alphabet. Trailing padding is
+/// ignored.
 TOLVANE_AUTOTEST_EXPORT std::optional<QByteArray> decodeBase32(QByteArrayView text,
                                                                const Base32Alphabet &alphabet);
 

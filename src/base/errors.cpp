@@ -65,7 +65,7 @@ ErrorPtr currentError()
     try {
         throw;
     } catch (const Error &error) {
-        // The exception object lives as long as a pointer to it: sharing that keeps the very type.
+        // An exception_ptr keeps the exception object alive with its dynamic type.
         auto held = std::make_shared<std::exception_ptr>(std::current_exception());
         return ErrorPtr(std::move(held), &error);
     } catch (const std::exception &error) {

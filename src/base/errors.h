@@ -7,15 +7,15 @@
 
 namespace tolvane {
 
-/// An operation was told to stop before it was done.
+/// The operation was cancelled before it finished.
 class TOLVANE_PRIVATE_EXPORT CancellationError final : public Error
 {
 public:
     CancellationError();
 };
 
-/// The transport could not bring a request to its answer. Codes are those that dashboards know from
-/// "NSURLErrorDomain".
+/// A failure of the transport. The codes are those of "NSURLErrorDomain", which existing dashboards
+/// know.
 class TOLVANE_AUTOTEST_EXPORT UrlError final : public Error
 {
 public:
@@ -33,11 +33,11 @@ public:
         secureConnectionFailed = -1200,
     };
 
-    /// @param detail what the network stack says, for the developer's eyes; may be empty
+    /// @param detail the network stack's message for developers; may be empty
     explicit UrlError(Code code, const QString &detail = {});
 };
 
-/// The exception in flight as a shared error, whatever its type. To be called in a catch block.
+/// The current exception as a shared error, whatever its type. Call it in a catch block.
 TOLVANE_AUTOTEST_EXPORT ErrorPtr currentError();
 
 } // namespace tolvane

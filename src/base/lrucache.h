@@ -8,8 +8,7 @@
 
 namespace tolvane {
 
-/// A bounded map. What was not looked up for longest goes first when there is too much of it. Not
-/// for several threads at once.
+/// A map with limits. The least recently used entries are removed first. Not thread-safe.
 template <typename Key, typename Value>
 class LruCache
 {
@@ -25,7 +24,7 @@ public:
     {
     }
 
-    /// Valid until the next insertion or removal; null when there is none.
+    /// Null without an entry; valid until the next insertion or removal.
     const Value *object(const Key &key)
     {
         const auto found = m_index.constFind(key);
@@ -35,7 +34,7 @@ public:
         return &m_entries.front().value;
     }
 
-    /// Takes the place of what the key had. What alone would cost too much is not kept.
+    /// Replaces the key's entry. A value whose cost alone exceeds the limit is not stored.
     void insert(const Key &key, Value value, qint64 cost)
     {
         remove(key);

@@ -3,8 +3,8 @@
 
 #include <tolvane/export.h>
 
-/// What the library of views uses of the one beneath it. Both come from one build and are installed
-/// together: nothing marked so is for hosts, and it may change with every release.
+/// Symbols of the core that the library of views uses. Both libraries come from one build and are
+/// installed together. Hosts must not use these symbols; they may change with every release.
 #define TOLVANE_PRIVATE_EXPORT TOLVANE_EXPORT
 
 /// Internals that the tests, benchmarks and tools of this project use. Only developer builds export

@@ -8,8 +8,8 @@ namespace tolvane {
 
 qsizetype characterCount(const QString &text)
 {
-    // Qt 6.4 takes a flag apart when it follows another emoji. Two regional indicators make one
-    // flag wherever they stand, so a letter can stand for them.
+    // Qt 6.4 splits a flag that follows another emoji. Two regional indicators always form one
+    // flag, so a letter replaces them for counting.
     static const QRegularExpression flag(QStringLiteral("[\\x{1F1E6}-\\x{1F1FF}]{2}"));
     QString counted = text;
     counted.replace(flag, QStringLiteral("x"));

@@ -5,8 +5,8 @@
 
 namespace tolvane {
 
-/// The number of characters that a person sees: grapheme clusters (Unicode Annex 29). A family
-/// emoji is one.
+/// The number of user-perceived characters: grapheme clusters (Unicode Annex 29). A family emoji
+/// counts as one.
 qsizetype characterCount(const QString &text);
 
 } // namespace tolvane

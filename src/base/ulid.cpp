@@ -12,7 +12,7 @@ namespace tolvane {
 
 namespace {
 
-// 20 bytes are 32 symbols without a remainder; the first 6 symbols hold nothing but zero bits.
+// 20 bytes are exactly 32 symbols; the first 6 symbols contain only zero bits.
 constexpr int leadingZeroBytes = 4;
 constexpr int leadingZeroSymbols = 6;
 constexpr int textLength = 26;
@@ -30,7 +30,7 @@ void writeBigEndian(std::uint64_t value, Iterator begin, Iterator end)
 
 ULID ULID::generate(const QDateTime &time)
 {
-    // Whole milliseconds are what the clock gives; by way of fractional seconds some would be lost.
+    // Uses the clock's whole milliseconds; fractional seconds would lose some of them.
     const auto milliseconds = static_cast<std::uint64_t>(time.toMSecsSinceEpoch());
     QRandomGenerator *random = QRandomGenerator::system();
     Bytes bytes{};
@@ -46,7 +46,7 @@ std::optional<ULID> ULID::parse(const QString &text)
     if (utf8.size() != textLength)
         return std::nullopt;
     const auto decoded = decodeBase32(QByteArray(leadingZeroSymbols, '0') + utf8, crockfordBase32);
-    // Trailing padding would make for fewer bytes.
+    // Trailing padding would yield fewer bytes.
     if (!decoded || decoded->size() != leadingZeroBytes + static_cast<qsizetype>(sizeof(Bytes)))
         return std::nullopt;
     Bytes bytes{};

@@ -29,14 +29,14 @@ public:
     {
     }
 
-    /// A new id for a time between the epoch and the year 10889.
+    /// Generates an id for a time between the epoch and the year 10889.
     static ULID generate(const QDateTime &time);
 
-    /// Takes either case and the aliases O, I and L. Of a first character above 7 the two bits that
-    /// don't fit are lost. Nothing for any other text.
+    /// Accepts both cases and the aliases O, I and L; absent for any other text. If the first
+    /// character is above 7, its two excess bits are lost.
     static std::optional<ULID> parse(const QString &text);
 
-    /// As parse(), but throws DecodingError for a text that is none: the JSON form is that text.
+    /// As parse(), but throws DecodingError for an invalid text. The text is also the JSON form.
     static ULID decode(const QString &text, const QString &codingPath);
 
     QString description() const;

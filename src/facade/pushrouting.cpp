@@ -6,7 +6,7 @@
 #include "backend/apiclient.h"
 #include "backend/persistentstore.h"
 #include "backend/wire/json.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"

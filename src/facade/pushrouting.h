@@ -5,7 +5,7 @@
 
 #include <tolvane/tolvane.h>
 
-/// What the facade does with the host's pushes, once it has made sure that it may. Main thread.
+/// The facade's push operations, after its checks. Main thread.
 namespace tolvane::pushrouting {
 
 bool isOurs(const QVariantMap &payload);

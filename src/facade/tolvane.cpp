@@ -4,10 +4,10 @@
 #include "backend/apiclient.h"
 #include "backend/configuration.h"
 #include "backend/persistentstore.h"
-#include "base/guard.h"
+#include "base/invokenoexcept.h"
 #include "base/ulid.h"
 #include "facade/pushrouting.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/sdkdata.h"
 
@@ -40,15 +40,15 @@ bool hasApplication()
     return false;
 }
 
-/// Runs an operation of the facade on the main thread: at once if this is it. A host's call must
-/// never end in an exception, whatever happens inside.
+/// Runs an operation of the facade on the main thread, directly if called there. No exception may
+/// reach the host.
 template <typename Operation>
 void onMainThread(Operation operation)
 {
     if (!hasApplication())
         return;
     if (isMainThread())
-        guarded("an operation of the facade", operation);
+        invokeNoexcept("an operation of the facade", operation);
     else
         platform().mainThread->post(operation);
 }
@@ -81,7 +81,7 @@ QString textOrNil(const std::optional<QString> &text)
 
 void start(const QString &key)
 {
-    if (!Configuration::shared().adoptApiKey(key))
+    if (!Configuration::shared().setApiKeyOnce(key))
         return;
     makeSureOfCustomerId();
     Logger::shared().log(LogLevel::info, QStringLiteral("SDK initialized"));
@@ -113,7 +113,7 @@ QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> 
     }
 }
 
-/// A promise that is kept when the last one who knows of it lets go, whatever became of the work.
+/// Finishes when its last owner is destroyed, whatever happened to the work.
 std::shared_ptr<QPromise<void>> makeSelfKeepingPromise()
 {
     std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *kept) {

@@ -30,7 +30,7 @@ std::mutex &creation()
     return *mutex;
 }
 
-// Never destroyed: the services outlive static destruction, as do the instances that use them.
+// Never destroyed: the instances that use the services outlive static destruction.
 std::atomic<Platform *> current = nullptr;
 
 } // namespace

@@ -8,8 +8,10 @@
 #include "platform/async/notificationcenter.h"
 #include "platform/network/urlcache.h"
 #include "platform/network/urlsession.h"
+#include "platform/system/bundle.h"
+#include "platform/system/device.h"
+#include "platform/system/logsink.h"
 #include "platform/system/preferences.h"
-#include "platform/system/services.h"
 
 #include <functional>
 #include <memory>
@@ -17,13 +19,13 @@
 
 namespace tolvane {
 
-/// The services that the library stands on. Nothing else in it reads a clock, opens a socket,
-/// touches a file or asks the device anything.
+/// The services that the library uses. No other code reads a clock, opens a socket, accesses a file
+/// or queries the device.
 struct Platform
 {
     std::unique_ptr<Executor> mainThread;
     std::unique_ptr<Executor> workers;
-    /// A pool of its own: a screen full of photos must not hold up what the customer reads.
+    /// A separate pool: a screen full of photos must not delay the decoding of conversations.
     std::unique_ptr<Executor> pictureWorkers;
     std::unique_ptr<Executor> pollingThread;
     std::unique_ptr<NotificationCenter> notificationCenter;
@@ -40,21 +42,21 @@ struct Platform
     /// A cache of responses.
     std::function<std::unique_ptr<UrlCache>(const UrlCache::Settings &settings)> makeUrlCache;
 
-    /// A variable of the process environment, read anew at each call.
+    /// Reads a variable of the process environment at each call.
     std::function<std::optional<QString>(const char *name)> environmentVariable;
 
     /// Shows the messenger over the root view of the host's foreground window, if there is one.
     std::function<void()> present;
 };
 
-/// A platform with the production services.
+/// Creates a platform with the production services.
 TOLVANE_AUTOTEST_EXPORT Platform makeProductionPlatform();
 
-/// The platform of this process: the production services, made at first use, unless another was
-/// installed before. Safe from any thread.
+/// The platform of this process. Creates the production services at first use, unless another
+/// platform was installed before. Safe from any thread.
 TOLVANE_PRIVATE_EXPORT Platform &platform();
 
-/// Puts another platform in place and gives back the one before. Only while nothing runs on it.
+/// Installs another platform and returns the previous one. No work may be running on either.
 TOLVANE_AUTOTEST_EXPORT std::unique_ptr<Platform>
     TOLVANE_AUTOTEST_EXPORT exchangePlatform(std::unique_ptr<Platform> replacement);
 

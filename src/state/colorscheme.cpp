@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "state/colorscheme.h"
 
-#include "base/shared.h"
+#include "base/sharedinstance.h"
 #include "base/textlength.h"
 
 #include <array>
@@ -16,7 +16,7 @@ constexpr Color white = Color::fromRgb(0xffffff);
 constexpr Color black = Color::fromRgb(0x000000);
 constexpr Color gray = {0.5, 0.5, 0.5};
 
-// System colours of the mobile platform, in the appearances that they are used in.
+// System colours of iOS for the appearances in which they are used.
 constexpr DynamicColor systemBlue = {Color::fromRgb(0x007aff), Color::fromRgb(0x0a84ff)};
 constexpr Color systemGray6Light = Color::fromRgb(0xf2f2f7);
 constexpr Color systemGray5Dark = Color::fromRgb(0x2c2c2e);

@@ -11,7 +11,7 @@
 
 namespace tolvane {
 
-/// An opaque colour in sRGB, each channel from 0 to 1.
+/// An opaque sRGB colour with channels from 0 to 1.
 struct TOLVANE_AUTOTEST_EXPORT Color
 {
     double red = 0;
@@ -24,9 +24,9 @@ struct TOLVANE_AUTOTEST_EXPORT Color
         return {((rgb >> 16) & 0xff) / 255.0, ((rgb >> 8) & 0xff) / 255.0, (rgb & 0xff) / 255.0};
     }
 
-    /// From a text such as "#1a2B3c": white space around it and one number sign are dropped. What
-    /// is then not six characters long is gray; of six, the longest prefix of digits counts, so
-    /// that "12g456" is 0x12 and a text without digits is black.
+    /// Parses a text such as "#1a2B3c". Surrounding white space and one number sign are removed. A
+    /// remainder that is not six characters long yields gray. Of six characters, the longest prefix
+    /// of hexadecimal digits counts: "12g456" is 0x12, and a text without digits is black.
     static Color fromHex(const QString &text);
 
     /// "#rrggbb"
@@ -37,7 +37,7 @@ struct TOLVANE_AUTOTEST_EXPORT Color
 
 enum class Appearance { light, dark };
 
-/// A colour that resolves itself for the appearance of the display.
+/// A colour for the light and the dark appearance.
 struct DynamicColor
 {
     Color light;
@@ -51,8 +51,8 @@ struct DynamicColor
     bool operator==(const DynamicColor &) const = default;
 };
 
-/// The colours of the branding, which all views read as they are built. Main thread; notifies
-/// nobody.
+/// The colours of the branding, which views read when they are created. It does not notify of
+/// changes. Main thread.
 struct TOLVANE_AUTOTEST_EXPORT ColorScheme
 {
     TOLVANE_PRIVATE_EXPORT static ColorScheme &shared();

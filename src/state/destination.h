@@ -11,8 +11,8 @@
 
 namespace tolvane {
 
-/// A place to go from the home screen: an existing conversation, the full-screen viewer of one
-/// image, or an empty conversation for a first message.
+/// A destination of the home screen: an existing conversation, the full-screen viewer of an image,
+/// or a new conversation.
 class TOLVANE_PRIVATE_EXPORT TolvaneDestination
 {
     Q_GADGET
@@ -35,7 +35,7 @@ public:
 
     Kind kind() const { return static_cast<Kind>(m_payload.index()); }
     QString kindName() const;
-    /// Null for anything but a ticket.
+    /// Null unless the destination is a ticket.
     const TicketPreviewDto *preview() const { return std::get_if<TicketPreviewDto>(&m_payload); }
     QString ticketId() const;
     QUrl imageUrl() const;

@@ -5,7 +5,7 @@
 
 namespace tolvane {
 
-/// Of the device, as it is now; UTC where it names one that is not known.
+/// The device's current time zone; UTC if its name is unknown.
 QTimeZone deviceTimeZone();
 
 } // namespace tolvane

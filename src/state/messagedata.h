@@ -8,7 +8,7 @@
 
 namespace tolvane {
 
-/// Which attachment was chosen to be looked at. Main thread.
+/// The attachment that the customer has chosen to view. Main thread.
 class TOLVANE_PRIVATE_EXPORT MessageData : public QObject
 {
     Q_OBJECT
@@ -18,9 +18,9 @@ class TOLVANE_PRIVATE_EXPORT MessageData : public QObject
 public:
     using QObject::QObject;
 
-    /// Empty when there is none.
+    /// Empty without a selection.
     const QUrl &selectedAttachment() const { return m_selectedAttachment; }
-    /// An equal one changes nothing.
+    /// An equal address has no effect.
     void setSelectedAttachment(const QUrl &url);
 
 Q_SIGNALS:

@@ -8,7 +8,7 @@
 
 namespace tolvane {
 
-/// What is stacked above the home screen. Main thread.
+/// The pages above the home screen. Main thread.
 class TOLVANE_PRIVATE_EXPORT NavigationData : public QObject
 {
     Q_OBJECT
@@ -21,13 +21,13 @@ public:
     using Path = QList<TolvaneDestination>;
 
     const Path &path() const { return m_path; }
-    /// Replaces the whole stack, as when the user goes back; an equal one changes nothing.
+    /// Replaces the path, for example when the customer goes back. An equal path has no effect.
     void setPath(const Path &path);
     bool isEmpty() const { return m_path.isEmpty(); }
 
-    /// Tells analytics, then puts the destination on top, whatever is there.
+    /// Sends the analytics event, then pushes the destination.
     Q_INVOKABLE void navigate(const tolvane::TolvaneDestination &to);
-    /// Takes the topmost destination off, if there is one.
+    /// Removes the topmost destination, if any.
     Q_INVOKABLE void goBack();
 
 Q_SIGNALS:

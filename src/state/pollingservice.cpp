@@ -5,8 +5,8 @@
 #include "analytics/manager.h"
 #include "backend/apiclient.h"
 #include "backend/wire/json.h"
-#include "base/shared.h"
-#include "platform/async/await.h"
+#include "base/sharedinstance.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 
@@ -29,7 +29,7 @@ void logInfo(const QString &phrase, const QString &ticketId)
     Logger::shared().log(LogLevel::info, phrase + ticketId);
 }
 
-/// The delay after failure number n of a row: 2, 4, 8, 16 seconds.
+/// The delay after the n-th consecutive failure: 2, 4, 8, 16 seconds.
 Clock::Duration failureDelay(int n)
 {
     const double seconds = std::min(2.0 * std::pow(2.0, n - 1), maximumDelay);
@@ -71,8 +71,8 @@ bool isFromAgent(const MessageDto &message)
 
 } // namespace
 
-/// One loop and what it remembers. It is the map's entry for its ticket only until it is stopped or
-/// another takes its place; whoever changes the map on its behalf asks isCurrent() first.
+/// The state of one loop. It is the map's entry for its ticket until it is stopped or replaced;
+/// code that changes the map for a loop must check isCurrent() first.
 struct PollingService::PollingTask
 {
     PollingTask(QString id, qsizetype messageCount)
@@ -148,7 +148,7 @@ void PollingService::onMessage(const NotificationCenter::UserInfo &userInfo)
             self->stop(id);
         });
     } catch (const DecodingError &) {
-        return; // Not a message that polling could have been waiting for.
+        return; // An invalid message cannot be the awaited answer.
     }
 }
 
@@ -207,7 +207,7 @@ QCoro::Task<> PollingService::run(Task task)
         try {
             if (co_await poll(task))
                 co_return;
-            co_await settled(platform().clock->sleep(pollInterval, stop));
+            co_await awaitFuture(platform().clock->sleep(pollInterval, stop));
             continue;
         } catch (const CancellationError &) {
             logInfo(QStringLiteral("Polling cancelled for ticket: "), task->ticketId);
@@ -221,15 +221,15 @@ QCoro::Task<> PollingService::run(Task task)
             co_return;
         }
         try {
-            co_await settled(platform().clock->sleep(*retry, stop));
+            co_await awaitFuture(platform().clock->sleep(*retry, stop));
         } catch (const CancellationError &) {
-            continue; // The loop's condition sees it.
+            continue; // The loop's condition checks the stop request.
         }
     }
     removeIfCurrent(task);
 }
 
-/// Fetches the ticket once and broadcasts what is new. True when that was the awaited answer.
+/// Fetches the ticket once and broadcasts new messages. True if they contain the awaited answer.
 QCoro::Task<bool> PollingService::poll(Task task)
 {
     const APIClient client = APIClient::live();
@@ -262,7 +262,7 @@ QCoro::Task<> PollingService::announce(Task task, QList<MessageDto> messages)
     if (messages.isEmpty())
         co_return;
     QFuture<void> posted = platform().mainThread->run([messages] { broadcast(messages); });
-    co_await settled(posted);
+    co_await awaitFuture(posted);
     for (const MessageDto &message : messages)
         task->processedMessageIds.insert(message.id);
 }

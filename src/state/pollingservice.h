@@ -20,13 +20,13 @@ namespace tolvane {
 
 class Executor;
 
-/// Watches tickets for the answer to the customer's message, since a push may never come.
+/// Polls tickets for the answer to the customer's message, since pushes are unreliable.
 ///
-/// One loop a ticket fetches it every second and broadcasts what is new as "didReceiveMessage". It
-/// ends at the first such broadcast for the ticket, from whom it may come, after 120 seconds, or
-/// after 5 failures in a row. Loops belong to this service and outlive the screens.
+/// One loop per ticket fetches it every second and broadcasts new messages as "didReceiveMessage".
+/// It ends at the first such broadcast for the ticket, whoever posts it, after 120 seconds, or
+/// after 5 consecutive failures. The service owns the loops; they outlive the screens.
 ///
-/// All of it runs on the polling executor; the public operations are safe from any thread.
+/// The service runs on the polling executor; its public operations are safe from any thread.
 class TOLVANE_AUTOTEST_EXPORT PollingService final
     : public std::enable_shared_from_this<PollingService>
 {
@@ -35,11 +35,11 @@ public:
 
     PollingService();
 
-    /// Polls the ticket from now on, in place of a loop that may be running for it.
-    /// @param messageCount how many of its messages are known
+    /// Starts polling the ticket, and replaces its running loop, if any.
+    /// @param messageCount the number of its known messages
     void startPolling(const QString &ticketId, qsizetype messageCount);
 
-    /// Ends the ticket's loop, if there is one.
+    /// Stops the ticket's loop, if any.
     void stopPolling(const QString &ticketId);
 
     /// The tickets with a running loop.
@@ -48,7 +48,7 @@ public:
 private:
     struct PollingTask;
     using Task = std::shared_ptr<PollingTask>;
-    /// How to go on after a failure: the delay before the next try, or not at all.
+    /// The delay before the next attempt after a failure; absent to give up.
     using Retry = std::optional<Clock::Duration>;
 
     static std::shared_ptr<PollingService> make();

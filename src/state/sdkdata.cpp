@@ -5,8 +5,8 @@
 #include "analytics/reporting.h"
 #include "backend/apiclient.h"
 #include "backend/persistentstore.h"
-#include "base/shared.h"
-#include "platform/async/await.h"
+#include "base/sharedinstance.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/colorscheme.h"
 #include "state/notifications.h"
@@ -15,7 +15,7 @@ namespace tolvane {
 
 namespace {
 
-/// Keeps a branding that came and gives the one that is kept now.
+/// Stores a received branding and returns the stored one.
 std::optional<BrandingDto> storeAndReload(const std::optional<BrandingDto> &received)
 {
     if (received)
@@ -26,14 +26,14 @@ std::optional<BrandingDto> storeAndReload(const std::optional<BrandingDto> &rece
 QCoro::Task<std::optional<BrandingDto>> loadBranding()
 {
     Executor &workers = *platform().workers;
-    const auto stored = co_await settled(workers.run(persistentstore::branding));
+    const auto stored = co_await awaitFuture(workers.run(persistentstore::branding));
     std::optional<QString> updatedAt;
     if (stored)
         updatedAt = stored->updatedAt;
     const APIClient client = APIClient::live();
     const auto received = co_await client.getBranding(updatedAt);
     auto kept = workers.run([received] { return storeAndReload(received); });
-    co_return co_await settled(kept);
+    co_return co_await awaitFuture(kept);
 }
 
 } // namespace
@@ -47,7 +47,7 @@ SdkData::SdkData()
 {
     m_stateObservation = platform().notificationCenter->observe(
         notifications::didChangeState, NotificationCenter::Delivery::mainThread,
-        // The observation ends with this store, so the callback never outlives it.
+        // The observation is destroyed with this store, so the callback cannot outlive it.
         [this](const NotificationCenter::UserInfo &userInfo) { onStateChange(userInfo); });
 }
 

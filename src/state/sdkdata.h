@@ -11,8 +11,8 @@
 
 namespace tolvane {
 
-/// What applies to the whole messenger: whether the settings have arrived and whether it is on
-/// screen. Main thread.
+/// State of the whole messenger: whether the settings have arrived and whether it is on screen.
+/// Main thread.
 class TOLVANE_PRIVATE_EXPORT SdkData final : public QObject,
                                              public std::enable_shared_from_this<SdkData>
 {
@@ -25,13 +25,13 @@ public:
 
     SdkData();
 
-    /// True once a load of the settings has ended well.
+    /// True once the settings were loaded.
     bool settingsDidLoad() const { return m_settingsDidLoad; }
-    /// True while the messenger is on screen, as the "didChangeState" broadcast tells.
+    /// True while the messenger is on screen, according to the broadcast "didChangeState".
     bool isOpen() const { return m_isOpen; }
 
-    /// Loads the branding, keeps it and gives it to the ColorScheme. Failures are reported, and
-    /// leave everything as it was.
+    /// Loads the branding, stores it and applies it to the ColorScheme. A failure is reported and
+    /// changes nothing.
     QCoro::Task<> fetchSettings();
 
 Q_SIGNALS:

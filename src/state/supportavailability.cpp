@@ -27,7 +27,7 @@ bool isOn(const ScheduleDto &schedule, QDate date)
     return schedule.days.contains(QLatin1String(weekdays.at(index)));
 }
 
-/// The device's time of day at a moment of ISO 8601, without seconds.
+/// The device's time of day at an ISO 8601 date-time, without seconds.
 std::optional<QTime> timeOfDay(const QString &text, const QTimeZone &zone)
 {
     static const QRegularExpression form(QRegularExpression::anchoredPattern(
@@ -42,8 +42,8 @@ std::optional<QTime> timeOfDay(const QString &text, const QTimeZone &zone)
     return QTime(time.hour(), time.minute());
 }
 
-/// The moment at which the clocks of the zone show the time on the day: the first where they show
-/// it twice, the one they jump to where they skip it. Qt answers both ways in 6.4.
+/// The moment of a local time on a day: the first one if the time occurs twice, and the end of the
+/// gap if it does not occur. Qt 6.4 is inconsistent in both cases.
 QDateTime momentOf(QDate date, QTime time, const QTimeZone &zone)
 {
     const QDateTime shown(date, time, Qt::UTC);
@@ -60,7 +60,7 @@ QDateTime momentOf(QDate date, QTime time, const QTimeZone &zone)
     return jump.isValid() ? jump : before;
 }
 
-/// This moment, on the device's calendar.
+/// The current date and time of the device's calendar.
 struct Now
 {
     QTimeZone zone = deviceTimeZone();
@@ -69,7 +69,7 @@ struct Now
     QTime time = moment.toTimeZone(zone).time();
 };
 
-/// Seconds of the end do not count: it is over when its minute is.
+/// Seconds of the end are ignored: the schedule ends with its last minute.
 bool isOpen(const ScheduleDto &schedule, QTime start, QTime end, const Now &now)
 {
     const QTime minute(now.time.hour(), now.time.minute());

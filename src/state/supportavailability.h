@@ -6,7 +6,7 @@
 
 namespace tolvane {
 
-/// Whether people are there to answer, and else roughly when.
+/// Whether support is available, or else roughly when.
 struct SupportAvailability
 {
     bool isAvailable = false;
@@ -14,13 +14,13 @@ struct SupportAvailability
     QString text;
 };
 
-/// What the schedules say of this moment, on the device's calendar. The first schedule that is open
-/// decides. Otherwise the shortest wait for an opening does, within the next six days; an opening
-/// on today's weekday that has passed is not looked for a week ahead.
+/// Evaluates the schedules for the current moment of the device's calendar. The first open schedule
+/// decides, else the shortest wait for an opening within the next six days. If today's opening has
+/// passed, the one in a week is not considered.
 ///
-/// Of a schedule's start and end only the time of day counts, in whole minutes, both included; it
-/// is the same on each of the days. A range that goes over midnight is never open. A schedule whose
-/// start or end is no date and time of ISO 8601 with a time zone counts for nothing.
+/// Only the time of day of a schedule's start and end counts, in whole minutes, both included, on
+/// each of its days. A range across midnight is never open. A schedule is ignored if its start or
+/// end is not an ISO 8601 date-time with a time zone.
 TOLVANE_PRIVATE_EXPORT SupportAvailability supportAvailability(const QList<ScheduleDto> &schedules);
 
 } // namespace tolvane

@@ -8,7 +8,7 @@
 #include "backend/wire/json.h"
 #include "base/errors.h"
 #include "base/textlength.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/pollingservice.h"
@@ -21,7 +21,7 @@ using Keys = TolvaneAnalyticsEvent::PropertyKeys;
 
 namespace {
 
-/// What can be shown of a ticket while it is on its way.
+/// The content to show of a ticket that is being fetched.
 TicketDto provisionalTicket(const TicketPreviewDto &preview)
 {
     return {.id = preview.id,
@@ -31,8 +31,8 @@ TicketDto provisionalTicket(const TicketPreviewDto &preview)
             .schedules = {}};
 }
 
-/// The fetched ticket, with the messages that are known already where they are the same: whoever
-/// shows them sees at once that nothing has changed. Thousands take a while to compare.
+/// The fetched ticket, sharing the known list of messages if it is equal, so that views detect an
+/// unchanged list at once. Comparing thousands of messages takes time.
 QFuture<TicketDto> withKnownMessages(TicketDto fetched, const QList<MessageDto> &known)
 {
     return platform().workers->run([fetched = std::move(fetched), known]() mutable {
@@ -50,7 +50,7 @@ std::optional<Record> decoded(const NotificationCenter::UserInfo &userInfo)
     try {
         return json::decode<Record>(*userInfo);
     } catch (const DecodingError &) {
-        return std::nullopt; // Broadcasts carry what others sent; what can't be read isn't for us.
+        return std::nullopt; // From a push with other content; ignored.
     }
 }
 
@@ -125,7 +125,7 @@ TicketData::State TicketData::state() const
 
 void TicketData::setTicket(TicketDto ticket)
 {
-    // Thousands of messages take a while to free; that is no work for the main thread.
+    // Destroying thousands of messages would block the main thread.
     auto replaced = std::exchange(m_ticket, std::move(ticket));
     if (replaced)
         platform().workers->post([old = std::make_shared<TicketDto>(*std::move(replaced))] {});
@@ -157,7 +157,7 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
         TicketDto fetched = co_await client.getTicket(*id);
         if (m_ticket) {
             QFuture<TicketDto> compared = withKnownMessages(std::move(fetched), m_ticket->messages);
-            fetched = co_await settled(compared);
+            fetched = co_await awaitFuture(compared);
         }
         if (stop.stop_requested())
             throw UrlError(UrlError::cancelled);
@@ -310,7 +310,7 @@ void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userI
 QCoro::Task<> TicketData::refreshLater(QString ticketId)
 {
     const auto self = shared_from_this();
-    co_await settled(platform().clock->sleep(std::chrono::seconds(1), {}));
+    co_await awaitFuture(platform().clock->sleep(std::chrono::seconds(1), {}));
     co_await silentFetchTicket(ticketId);
 }
 

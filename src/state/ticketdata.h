@@ -16,9 +16,9 @@
 
 namespace tolvane {
 
-/// One open conversation: what is being written, the ticket as last fetched, and meanwhile what the
-/// ticket list knew of it. Main thread; a running operation keeps the store alive. Failures end up
-/// in fetchError() and sendError().
+/// One open conversation: the draft, the ticket as last fetched, and the preview of the ticket list
+/// until then. A running operation keeps the store alive. Failures are kept in fetchError() and
+/// sendError(). Main thread.
 class TOLVANE_PRIVATE_EXPORT TicketData final : public QObject,
                                                 public std::enable_shared_from_this<TicketData>
 {
@@ -51,30 +51,30 @@ public:
     const QString &message() const { return m_message; }
     void setMessage(const QString &message);
 
-    /// The files being composed, in the order in which they were added. A set: one that equals
-    /// another in name, type and bytes counts once.
+    /// The attachments of the draft, in the order in which they were added, without duplicates:
+    /// files with equal name, type and bytes.
     const QList<AttachmentDto> &attachments() const { return m_attachments; }
     void setAttachments(const QList<AttachmentDto> &attachments);
 
     std::optional<QString> ticketId() const;
-    /// Nothing to send, or a send is running. White space counts as content.
+    /// True while the draft is empty or a message is being sent. White space counts as content.
     bool isSendDisabled() const;
-    /// The customer has spoken last and the AI has the ticket.
+    /// True if the ticket is assigned to the AI and the last message is the customer's.
     bool isAITyping() const;
     State state() const;
 
-    /// The fetch that shows, of the given ticket or else of ticketId(). Without either, nothing. A
-    /// stopped one fails as a request that was cancelled, whatever the backend answers.
+    /// Fetches the given ticket, or else ticketId(), with a loading state. No effect without an id.
+    /// If a stop was requested, it fails as a cancelled request, whatever the backend answers.
     QCoro::Task<> fetchTicket(std::optional<QString> ticketId = {}, std::stop_token stop = {});
-    /// The fetch that doesn't show; a failure of it does.
+    /// Fetches without a loading state. A failure changes the state, however.
     QCoro::Task<> silentFetchTicket(std::optional<QString> ticketId = {},
                                     std::stop_token stop = {});
-    /// Sends the first message. What was composed stays if that fails.
+    /// Sends the first message. Keeps the draft if that fails.
     QCoro::Task<> createTicket();
-    /// Sends a further message. What was composed stays if that fails.
+    /// Sends a further message. Keeps the draft if that fails.
     QCoro::Task<> sendMessage();
 
-    /// The reactions to the broadcasts of the same names, for whoever shows this conversation.
+    /// Handlers of the broadcasts with these names, called while the conversation is shown.
     void onMessageNotification(const NotificationCenter::UserInfo &userInfo);
     void onStateUpdateNotification(const NotificationCenter::UserInfo &userInfo);
 

@@ -4,7 +4,7 @@
 #include "analytics/logger.h"
 #include "analytics/reporting.h"
 #include "backend/apiclient.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 
 namespace tolvane {
@@ -61,11 +61,11 @@ QCoro::Task<> TicketsData::reloadLater(std::stop_token stop)
 {
     const auto self = shared_from_this();
     try {
-        co_await settled(platform().clock->sleep(std::chrono::seconds(1), stop));
+        co_await awaitFuture(platform().clock->sleep(std::chrono::seconds(1), stop));
     } catch (const CancellationError &) {
         co_return;
     }
-    // The stop may have come after the second had passed and before this ran.
+    // The stop may have been requested between the end of the delay and this line.
     if (!stop.stop_requested())
         co_await silentReload();
 }

@@ -16,8 +16,8 @@
 
 namespace tolvane {
 
-/// The customer's tickets, in the backend's order. Main thread; a running operation keeps the store
-/// alive. Failures end up in the state.
+/// The customer's tickets, in the backend's order. A running operation keeps the store alive.
+/// Failures become the state. Main thread.
 class TOLVANE_PRIVATE_EXPORT TicketsData final : public QObject,
                                                  public std::enable_shared_from_this<TicketsData>
 {
@@ -28,17 +28,17 @@ public:
     using State = LoadingState<Tickets>;
 
     const State &state() const { return m_state; }
-    /// The list that was on screen when load() last began.
+    /// The list at the beginning of the last load().
     const std::optional<Tickets> &lastValue() const { return m_lastValue; }
 
-    /// The load that shows: passes through `loading`. Never throttled.
+    /// Loads with the state `loading`. Never throttled.
     QCoro::Task<> load();
 
-    /// A refresh without a loading state, at most one a second: one that comes too soon is put off
-    /// by a second, and takes the place of one already put off.
+    /// Refreshes without a loading state, at most once a second: an earlier call is delayed by a
+    /// second and replaces a delayed one.
     QCoro::Task<> reload();
 
-    /// The refresh itself. One that fails replaces the list by the error.
+    /// The refresh itself. A failure replaces the list with the error.
     QCoro::Task<> silentReload();
 
 Q_SIGNALS:

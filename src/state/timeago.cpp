@@ -18,10 +18,10 @@ constexpr qint64 minute = 60;
 constexpr qint64 hour = 60 * minute;
 constexpr qint64 day = 24 * hour;
 
-/// The moment in UTC; invalid for anything but the one form.
+/// The moment in UTC; invalid for any other format.
 QDateTime parsed(const QString &timestamp)
 {
-    // Qt's own parser takes more than this form, and not the same with every version.
+    // Qt's parser accepts more formats, which differ between versions.
     static const QRegularExpression form(QRegularExpression::anchoredPattern(
         QStringLiteral("([0-9]{4}-[0-9]{2}-[0-9]{2})T([0-9]{2}:[0-9]{2}:[0-9]{2})"
                        "([+-])([01][0-9]|2[0-3])([0-5][0-9])")));
@@ -35,8 +35,8 @@ QDateTime parsed(const QString &timestamp)
     return QDateTime(date, time, Qt::UTC).addSecs(isAhead ? -offset : offset);
 }
 
-/// The moment `days` later at the same time of day. Where the clock skips that time, it is the one
-/// that the clock jumps to instead. Qt's addDays() is wrong there in 6.4.
+/// The moment `days` later at the same time of day, or the end of the gap if that time does not
+/// occur, for which Qt 6.4's addDays() is wrong.
 QDateTime daysLater(const QDateTime &moment, qint64 days, const QTimeZone &zone)
 {
     const QDateTime later = moment.addDays(days);
@@ -46,7 +46,7 @@ QDateTime daysLater(const QDateTime &moment, qint64 days, const QTimeZone &zone)
     return isSkipped ? std::max(later, sameTime) : sameTime;
 }
 
-/// A span on the calendar, apart in its components.
+/// A calendar duration by components.
 struct Span
 {
     qint64 days = 0;
@@ -56,7 +56,7 @@ struct Span
 
 Span spanBetween(const QDateTime &start, const QDateTime &end, const QTimeZone &zone)
 {
-    // A change of the clock adds or takes less than a day.
+    // A change of the clock shifts by less than a day.
     qint64 days = start.secsTo(end) / day + 1;
     while (days > 0 && daysLater(start, days, zone) > end)
         --days;
@@ -64,7 +64,7 @@ Span spanBetween(const QDateTime &start, const QDateTime &end, const QTimeZone &
     return {days, rest / hour, rest % hour / minute};
 }
 
-/// What is said of a span that has at least `least` of a component.
+/// The text for a duration of at least `least` of a component.
 struct Rule
 {
     qint64 Span::*component;
@@ -73,7 +73,7 @@ struct Rule
     bool isCounted;
 };
 
-// The first that holds is said.
+// The first matching text is used.
 constexpr std::array rules = {
     Rule{&Span::days, 7, "timeago_more_than_a_week", false},
     Rule{&Span::days, 1, "%lld timeago_days", true},

@@ -7,12 +7,11 @@
 
 namespace tolvane {
 
-/// How long ago the backend's `timestamp` is, in words: from "Just now" to "More than a week ago",
-/// in whole days, else hours, else minutes, on the device's calendar. A day is over at the same
-/// time on the next day, also where a change of the clock makes it an hour shorter or longer.
+/// The age of the backend's `timestamp` as text, from "Just now" to "More than a week ago": in
+/// whole days, else hours, else minutes, of the device's calendar. A day ends at the same time of
+/// the next day, even if a change of the clock makes it an hour shorter or longer.
 ///
-/// Timestamps look like 2026-03-14T12:00:00+0100 and in no other way; what doesn't, or is no date,
-/// is an unknown time.
+/// Timestamps have the format 2026-03-14T12:00:00+0100. Any other text is an unknown time.
 TOLVANE_PRIVATE_EXPORT QString timeAgoText(const QString &timestamp);
 
 } // namespace tolvane

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/errors.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"

@@ -4,7 +4,7 @@
 #include "backend/configuration.h"
 #include "backend/persistentstore.h"
 #include "backend/wire/formitems.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "testing/samplerecords.h"
 
 #include <QtCore/QJsonDocument>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Push payloads: they are broadcast unchanged or not at all, and no message appears twice.
 #include "facade/pushrouting.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "state/notifications.h"
 #include "state/ticketdata.h"
 #include "targets.h"

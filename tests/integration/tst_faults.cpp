@@ -3,7 +3,7 @@
 // reported, the input that is kept, and the effect of the customer's next attempt.
 #include "backend/persistentstore.h"
 #include "base/decodingerror.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "state/sdkdata.h"
 #include "state/ticketdata.h"
 #include "state/ticketsdata.h"

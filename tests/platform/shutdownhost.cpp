@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/pollingservice.h"
 
@@ -17,7 +17,7 @@ namespace {
 QCoro::Task<> sleepLong()
 {
     QFuture<void> end = platform().clock->sleep(std::chrono::hours(1), {});
-    co_await settled(end);
+    co_await awaitFuture(end);
 }
 
 QCoro::Task<> workAWhile()
@@ -26,7 +26,7 @@ QCoro::Task<> workAWhile()
         QThread::msleep(300);
         return 1;
     });
-    co_await settled(work);
+    co_await awaitFuture(work);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/async/clock.h"
 #include "platform/async/eventloopthread.h"
 #include "platform/async/notificationcenter.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "platform/system/bundle.h"
 #include "platform/system/librarytexts.h"
-#include "platform/system/services.h"
 #include "testing/document.h"
 
 #include <QtCore/QCoreApplication>

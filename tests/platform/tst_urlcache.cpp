@@ -112,13 +112,13 @@ private Q_SLOTS:
             const auto cache = fixture.cache(10 * mebibyte);
             cache->store(response(large), request(u"large"_s));
             cache->store(response("small"), request(u"small"_s));
-            QVERIFY(cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
+            QVERIFY(cache->cachedResponse(request(u"large"_s), UrlCache::Lookup::quick));
         }
         const auto cache = fixture.cache(10 * mebibyte);
-        QVERIFY(cache->cachedResponse(request(u"small"_s), UrlCache::Look::quick));
-        QVERIFY(!cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
+        QVERIFY(cache->cachedResponse(request(u"small"_s), UrlCache::Lookup::quick));
+        QVERIFY(!cache->cachedResponse(request(u"large"_s), UrlCache::Lookup::quick));
         QCOMPARE(cache->cachedResponse(request(u"large"_s))->body, large);
-        QVERIFY(cache->cachedResponse(request(u"large"_s), UrlCache::Look::quick));
+        QVERIFY(cache->cachedResponse(request(u"large"_s), UrlCache::Lookup::quick));
     }
 
     void bothLevelsAreBounded()
@@ -173,7 +173,7 @@ private Q_SLOTS:
         damage(file);
         file.close();
         const auto cache = fixture.cache();
-        QVERIFY(!cache->cachedResponse(request(), UrlCache::Look::quick));
+        QVERIFY(!cache->cachedResponse(request(), UrlCache::Lookup::quick));
         QVERIFY(!cache->cachedResponse(request()));
         cache->store(response("anew"), request());
         QCOMPARE(fixture.cache()->cachedResponse(request())->body, "anew");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "backend/persistentstore.h"
 #include "base/errors.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "state/colorscheme.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apierror.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "state/ticketsdata.h"
 #include "testing/samplerecords.h"
 

@@ -3,7 +3,7 @@
 
 #include "attachments.h"
 #include "backend/persistentstore.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "state/timeago.h"
@@ -67,7 +67,7 @@ Reply updateCustomer(Host &, Arguments arguments)
     const auto email = arguments.optionalText("email");
     const auto originalId = arguments.optionalText("originalID");
     QFuture<void> done = Tolvane::updateCustomer(email, originalId);
-    co_await settled(done);
+    co_await awaitFuture(done);
     co_return {};
 }
 
@@ -214,7 +214,7 @@ Reply closeTicket(Host &host, Arguments arguments)
 Reply polling(Host &, Arguments)
 {
     QFuture<QList<QString>> active = PollingService::shared()->activeTickets();
-    QList<QString> ids = co_await settled(active);
+    QList<QString> ids = co_await awaitFuture(active);
     ids.sort();
     co_return result("active", QJsonArray::fromStringList(ids));
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/async/notificationcenter.h"
-#include "platform/system/services.h"
+#include "platform/system/logsink.h"
 #include "state/ticketdata.h"
 #include "state/ticketsdata.h"
 

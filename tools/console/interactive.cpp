@@ -4,7 +4,7 @@
 #include "attachments.h"
 #include "backend/persistentstore.h"
 #include "output.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "wireforms.h"
 
@@ -293,7 +293,7 @@ QCoro::Task<> InteractiveFace::wait(QString what)
         if ((this->*wanted->hasCome)())
             co_return;
         QFuture<void> pause = platform().clock->sleep(100ms, {});
-        co_await settled(pause);
+        co_await awaitFuture(pause);
     }
     throw CommandError(QStringLiteral("Nothing came within %1 seconds").arg(seconds));
 }
@@ -327,7 +327,7 @@ QCoro::Task<> InteractiveFace::who(QString identity)
         const QString id = identity.section(QLatin1Char(' '), 1).trimmed();
         QFuture<void> updated =
             Tolvane::updateCustomer(email, id.isEmpty() ? std::nullopt : std::optional(id));
-        co_await settled(updated);
+        co_await awaitFuture(updated);
     }
     const auto orNone = [](const std::optional<QString> &text) {
         return text.value_or(QStringLiteral("none"));

@@ -3,7 +3,7 @@
 
 #include "attachments.h"
 #include "output.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "wireforms.h"
 
 #include <QtCore/QCoreApplication>

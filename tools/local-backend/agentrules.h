@@ -32,7 +32,7 @@ inline constexpr std::array<Rule, 7> rules = {{
      .effect = Effect::HandOver,
      .ai = "Of course. I am handing you over to a colleague, who will be here in a moment.",
      .human = "You are talking to a person already: I am *Maya*, and I stay with you until this "
-              "is settled."},
+              "is awaitFuture."},
     {.words = "thanks thank thx bye goodbye close solved resolved"
               " danke tschüss gelöst gracias adiós merci grazie bedankt tack",
      .unless = "not isn doesn didn hasn haven wasn won cannot but still nicht noch aber pas mais"
@@ -40,7 +40,7 @@ inline constexpr std::array<Rule, 7> rules = {{
      .effect = Effect::Close,
      .ai = "You are welcome! I am closing this conversation; write again whenever you need me, "
            "and it opens again.",
-     .human = "Glad that this is settled. I am closing our conversation; write again at any "
+     .human = "Glad that this is awaitFuture. I am closing our conversation; write again at any "
               "time. Have a good day!"},
     {.words = "refund refunds refunded money return returns rückerstattung reembolso"
               " remboursement",

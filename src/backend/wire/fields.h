@@ -22,9 +22,8 @@ constexpr Field<Record, Value> field(std::string_view key, Value Record::*member
     return {key, member};
 }
 
-/// The fields of a record in the order of their declaration: a std::tuple of Field. A type for
-/// which this is specialised is a record, and decoding, encoding, the dictionary form and hashing
-/// follow from it.
+/// The fields of a record in declaration order: a std::tuple of Field. A type with a specialisation
+/// is a record; decoding, encoding, the dictionary form and hashing are generic over it.
 template <typename Record>
 inline constexpr auto fieldsOf = nullptr;
 
@@ -51,7 +50,7 @@ std::size_t hashValue(const std::optional<T> &value, std::size_t seed)
     return value ? hashValue(*value, seed ^ 1) : seed;
 }
 
-// No default for the seed: Qt would take it for a hash that knows no seeds, and add an overload.
+// No default for the seed: with one, Qt assumes a hash without a seed and adds an overload.
 template <Record T>
 std::size_t qHash(const T &record, std::size_t seed)
 {

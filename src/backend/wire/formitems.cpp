@@ -26,7 +26,7 @@ QString plainDecimal(double number)
     return QString::number(number, 'f', QLocale::FloatingPointShortest);
 }
 
-/// The items of a value that stands in a dictionary or, which excludes lists, in a list.
+/// The items of a value in a dictionary or in a list; a list must not contain lists.
 QList<FormItem> itemsOf(const QString &name, const QJsonValue &value, bool inList)
 {
     switch (value.type()) {

@@ -10,12 +10,12 @@
 
 namespace tolvane {
 
-/// Name and value of a text part of a form.
+/// The name and the value of a text part of a form.
 using FormItem = QPair<QString, QString>;
 
-/// A JSON object as flat form items, ordered by key: nested values get names such as
-/// "deviceInfo[locale]" and "tags[0]", nulls get none. Throws Error for what a form cannot hold, a
-/// list within a list.
+/// Flattens a JSON object into form items, ordered by key. Nested values have names such as
+/// "deviceInfo[locale]" and "tags[0]"; nulls are omitted. Throws Error for a list within a list,
+/// which a form cannot represent.
 TOLVANE_AUTOTEST_EXPORT QList<FormItem> flattened(const QJsonObject &object,
                                                   const QString &prefix = {});
 

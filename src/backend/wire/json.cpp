@@ -44,7 +44,7 @@ QVariant variant(const std::optional<T> &value)
 // Deeper than any record, and far from the end of the stack.
 constexpr int maximumDepth = 64;
 
-/// Whether there are more levels of dictionaries and lists than that.
+/// True if dictionaries and lists are nested deeper than `levels`.
 bool isDeeper(const QVariant &value, int levels)
 {
     const auto anyDeeper = [levels](const auto &children) {
@@ -64,7 +64,8 @@ bool isDeeper(const QVariant &value, int levels)
     }
 }
 
-/// Absent for what is nested too deeply: Qt would convert it until the stack ends.
+/// Absent if the dictionary is nested too deeply, for which Qt's conversion would overflow the
+/// stack.
 std::optional<QByteArray> compactJson(const QVariantMap &dictionary)
 {
     if (isDeeper(dictionary, maximumDepth))

@@ -14,8 +14,8 @@
 
 namespace tolvane::json {
 
-/// Where in a document reading stands. Steps link to the one around them, on the stack, so that the
-/// path costs nothing until it is wanted.
+/// The current position in a document. Each step on the stack links to the enclosing one, so the
+/// path has no cost until an error needs it.
 class CodingPath
 {
 public:
@@ -96,13 +96,13 @@ TOLVANE_AUTOTEST_EXPORT void read(const Element &element, T &record, const Codin
     std::bitset<std::tuple_size_v<decltype(fieldsOf<T>)>> seen;
     for (const auto [key, value] : object) {
         std::size_t index = 0;
-        // A fold with "or": it ends at the field whose key it is.
+        // The fold with "or" stops at the field with this key.
         const auto take = [&, key = key, value = value](const auto &field) {
             if (field.key != key) {
                 ++index;
                 return false;
             }
-            // Of a key that comes again the last value counts, whole.
+            // Duplicate keys: the last one wins and replaces the value entirely.
             if (seen.test(index))
                 record.*field.member = std::remove_cvref_t<decltype(record.*field.member)>();
             readField(value, record.*field.member, CodingPath(path, field.key));

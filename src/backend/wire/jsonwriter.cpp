@@ -9,7 +9,7 @@ namespace tolvane::json {
 
 namespace {
 
-/// The escape of a character that a JSON text must not hold as it is (RFC 8259, section 7).
+/// The escape sequence of a character that a JSON string must not contain (RFC 8259, section 7).
 QByteArray escaped(char c)
 {
     switch (c) {

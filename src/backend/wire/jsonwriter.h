@@ -14,7 +14,7 @@ namespace tolvane::json {
 void write(QByteArray &out, const QString &text);
 void write(QByteArray &out, bool value);
 void write(QByteArray &out, int number);
-/// The shortest decimal that reads back as the same 32-bit float; null for what JSON cannot hold.
+/// The shortest decimal that is parsed as the same 32-bit float; null for infinities and NaN.
 void write(QByteArray &out, float number);
 
 template <Record T>

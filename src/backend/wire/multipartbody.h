@@ -9,28 +9,27 @@
 
 namespace tolvane {
 
-/// Builds a multipart/form-data body (RFC 7578) in memory. Names and file names go in as they
-/// stand.
+/// Builds a multipart/form-data body (RFC 7578) in memory. Names and file names are not escaped.
 class TOLVANE_AUTOTEST_EXPORT MultipartBody
 {
 public:
     explicit MultipartBody(QByteArray boundary, QByteArray separator = "\r\n");
 
-    /// Makes room for parts of that many bytes in all, so that they are copied once.
+    /// Reserves the total size of the parts, in bytes, so that they are copied once.
     void reserve(qsizetype size) { m_data.reserve(size); }
 
     void appendField(const QString &name, const QString &value);
     void appendFile(const QString &name, const QString &filename, const QString &mimeType,
                     const QByteArray &data);
 
-    /// One text part for each field of the record, nested ones with names such as "a[b]".
+    /// Appends one text part for each field of the record; nested fields have names such as "a[b]".
     template <Record T>
     void appendRecord(const T &record)
     {
         appendJsonObject(json::encode(record));
     }
 
-    /// The body with its closing delimiter; this stays as it is.
+    /// The body with its closing delimiter. The object does not change.
     QByteArray finish() const;
 
     QByteArray boundary() const { return m_boundary; }

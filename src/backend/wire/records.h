@@ -11,9 +11,9 @@
 
 #include <optional>
 
-// The records that pass between the library and the backend. An optional field may be missing or
-// null on the wire and is left out when written; every other field must be there. All dates are
-// texts as they came.
+// The records that library and backend exchange. An optional field may be missing or null on the
+// wire, and is omitted when written; all other fields are required. Dates are kept as received
+// texts.
 
 namespace tolvane {
 
@@ -37,7 +37,7 @@ struct BrandingDto
     QString bubbleAgentDark;
     std::optional<QString> logoLight;
     std::optional<QString> logoDark;
-    /// Opaque; only ever handed back to the backend.
+    /// Opaque; only sent back to the backend.
     QString updatedAt;
 
     bool operator==(const BrandingDto &) const = default;
@@ -71,7 +71,7 @@ struct SenderDto
     QString id;
     std::optional<QString> name;
     std::optional<QString> profilePicture;
-    /// "customer", "ai agent", "human agent", or whatever the backend will think of.
+    /// "customer", "ai agent", "human agent", or another value of the backend.
     QString type;
 
     bool operator==(const SenderDto &) const = default;
@@ -180,7 +180,7 @@ struct TOLVANE_AUTOTEST_EXPORT DeviceInfoDto
 
     bool operator==(const DeviceInfoDto &) const = default;
 
-    /// The device as it is now. Main thread.
+    /// The current properties of the device. Main thread.
     static DeviceInfoDto current();
 };
 
@@ -237,7 +237,7 @@ inline constexpr auto fieldsOf<UpdateDeviceDto> = std::tuple{
     field("deviceToken", &UpdateDeviceDto::deviceToken),
 };
 
-/// A file that the customer has picked; goes out as a part of a form, never as JSON.
+/// A file of the customer; sent as a part of a form, never as JSON.
 struct AttachmentDto
 {
     QString name;
@@ -258,12 +258,12 @@ struct SendMessageDto
     std::optional<QList<AttachmentDto>> attachments;
 };
 
-/// What the library compares senders, states and assignees with; exactly, case counts.
+/// Values of senders, states and assignees that the library compares, case-sensitively.
 namespace words {
 inline const QString customer = QStringLiteral("customer");
 inline const QString humanAgent = QStringLiteral("human agent");
 inline const QString aiAgent = QStringLiteral("ai agent");
-/// The state of a ticket that has come to its end.
+/// The state of a closed ticket.
 inline const QString closed = QStringLiteral("closed");
 } // namespace words
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/async/clock.h"
 
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 
 #include <QtCore/QPromise>
 #include <QtCore/QTimer>
@@ -13,7 +13,7 @@ namespace tolvane {
 
 namespace {
 
-/// One sleep: the timer's end and the stop request race for its promise.
+/// One sleep. The timer and the stop request race to finish its promise.
 class Sleep final : public QObject
 {
 public:
@@ -21,7 +21,7 @@ public:
         : QObject(awaitScope())
     {
         m_promise.start();
-        // A coarse timer may fire early, and "a second later" must not come before the second.
+        // A coarse timer may fire early, but a sleep must not end before its duration.
         m_timer.setTimerType(Qt::PreciseTimer);
         m_timer.setSingleShot(true);
         connect(&m_timer, &QTimer::timeout, this, [this] { end(false); });

@@ -27,11 +27,11 @@ public:
     /// The time of day, in UTC.
     virtual QDateTime now() const = 0;
 
-    /// A time that never goes back, for measuring spans.
+    /// A monotonic time, for measuring durations.
     virtual Instant monotonicNow() const = 0;
 
-    /// Finishes after `duration`, or with CancellationError as soon as a stop is requested. To be
-    /// called on a thread with an event loop; a stop may be requested on any thread.
+    /// Finishes after `duration`, or with CancellationError as soon as a stop is requested. Call it
+    /// on a thread with an event loop; the stop may be requested on any thread.
     virtual QFuture<void> sleep(Duration duration, std::stop_token stop) = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/async/eventloopthread.h"
 
-#include "base/guard.h"
+#include "base/invokenoexcept.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -44,14 +44,14 @@ void EventLoopThread::post(std::function<void()> work)
 {
     const std::scoped_lock lock(m_mutex);
     if (!m_thread) {
-        if (!QCoreApplication::instance() || isWindingDown()) {
-            abandon(std::move(work));
+        if (!QCoreApplication::instance() || isShuttingDown()) {
+            leakUntilExit(std::move(work));
             return;
         }
         start();
     }
     QMetaObject::invokeMethod(
-        m_context, [work = std::move(work)] { guarded("a serial executor's job", work); },
+        m_context, [work = std::move(work)] { invokeNoexcept("a serial executor's job", work); },
         Qt::QueuedConnection);
 }
 
@@ -62,7 +62,7 @@ void EventLoopThread::start()
     m_thread->setObjectName(m_name);
     m_context->moveToThread(m_thread.get());
     m_thread->start();
-    m_windDown = atWindDown([this] { stop(); });
+    m_shutdownHook = onShutdown([this] { stop(); });
 }
 
 void EventLoopThread::stop()
@@ -71,7 +71,7 @@ void EventLoopThread::stop()
     {
         const std::scoped_lock lock(m_mutex);
         thread = std::move(m_thread);
-        m_windDown.reset();
+        m_shutdownHook.reset();
     }
     if (!thread)
         return;

@@ -3,7 +3,7 @@
 
 #include "base/privateexport.h"
 #include "platform/async/executor.h"
-#include "platform/async/winddown.h"
+#include "platform/async/shutdownhook.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
@@ -16,8 +16,8 @@ namespace tolvane {
 
 /// A serial executor: one thread with an event loop, started by the first post.
 ///
-/// Work posted from outside runs in order. Objects that are to die with the thread, on it, become
-/// children of context().
+/// Work posted from other threads runs in order. Children of context() are destroyed on the thread
+/// when it ends.
 class TOLVANE_AUTOTEST_EXPORT EventLoopThread final : public Executor
 {
 public:
@@ -26,7 +26,7 @@ public:
 
     void post(std::function<void()> work) override;
 
-    /// The parent of what lives on the thread; only valid in work that runs there.
+    /// The parent of objects that live on the thread; valid only in work that runs there.
     QObject *context() const { return m_context; }
 
 private:
@@ -37,7 +37,7 @@ private:
     std::mutex m_mutex;
     std::unique_ptr<QThread> m_thread;
     QObject *m_context = nullptr;
-    WindDownHook m_windDown;
+    ShutdownHook m_shutdownHook;
 };
 
 } // namespace tolvane

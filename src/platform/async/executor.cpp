@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/async/executor.h"
 
-#include "base/guard.h"
-#include "platform/async/winddown.h"
+#include "base/invokenoexcept.h"
+#include "platform/async/shutdownhook.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QThreadPool>
@@ -18,11 +18,11 @@ public:
     {
         QCoreApplication *app = QCoreApplication::instance();
         if (!app) {
-            abandon(std::move(work));
+            leakUntilExit(std::move(work));
             return;
         }
         QMetaObject::invokeMethod(
-            app, [work = std::move(work)] { guarded("a posted call", work); },
+            app, [work = std::move(work)] { invokeNoexcept("a posted call", work); },
             Qt::QueuedConnection);
     }
 };
@@ -34,7 +34,7 @@ public:
     {
         m_pool.setObjectName(name);
         m_pool.setThreadPriority(priority);
-        m_windDown = atWindDown([this] {
+        m_shutdownHook = onShutdown([this] {
             m_pool.clear();
             m_pool.waitForDone();
         });
@@ -42,12 +42,12 @@ public:
 
     void post(std::function<void()> work) override
     {
-        m_pool.start([work = std::move(work)] { guarded("a worker's job", work); });
+        m_pool.start([work = std::move(work)] { invokeNoexcept("a worker's job", work); });
     }
 
 private:
     QThreadPool m_pool;
-    WindDownHook m_windDown;
+    ShutdownHook m_shutdownHook;
 };
 
 } // namespace

@@ -14,9 +14,9 @@
 
 namespace tolvane {
 
-/// Runs `work` and keeps the promise by its result, or by the exception that it throws.
+/// Calls `work` and finishes the promise with its result or its exception.
 template <typename Result, typename Work>
-void fulfil(QPromise<Result> &promise, Work &&work)
+void setPromiseFrom(QPromise<Result> &promise, Work &&work)
 {
     try {
         if constexpr (std::is_void_v<Result>)
@@ -29,7 +29,7 @@ void fulfil(QPromise<Result> &promise, Work &&work)
     promise.finish();
 }
 
-/// A place where code runs: the main thread, a serial executor, the worker pool.
+/// Runs code on the main thread, a serial executor or the worker pool.
 class Executor
 {
 public:
@@ -38,17 +38,17 @@ public:
     Executor &operator=(const Executor &) = delete;
     virtual ~Executor() = default;
 
-    /// Has `work` run there, after what was posted before (the pool promises no order). An
-    /// exception that leaves `work` is reported to the log. Work posted while the process ends is
-    /// dropped. Safe from any thread.
+    /// Runs `work` after all work that was posted before (in any order in the pool). An exception
+    /// that leaves `work` is logged. Work posted while the process ends is dropped. Safe from any
+    /// thread.
     virtual void post(std::function<void()> work) = 0;
 
-    /// Runs `work` there and gives its result, or the exception that it threw.
+    /// Runs `work` and returns a future of its result or its exception.
     template <typename Work>
     auto run(Work work) -> QFuture<std::invoke_result_t<Work>>
     {
         using Result = std::invoke_result_t<Work>;
-        // Shared, because a posted function has to be copyable and neither of the two need be.
+        // Shared, because a posted function must be copyable, and these two may not be.
         struct Job
         {
             QPromise<Result> promise;
@@ -57,7 +57,7 @@ public:
         std::shared_ptr<Job> job(new Job{QPromise<Result>(), std::move(work)});
         job->promise.start();
         QFuture<Result> future = job->promise.future();
-        post([job] { fulfil(job->promise, job->work); });
+        post([job] { setPromiseFrom(job->promise, job->work); });
         return future;
     }
 };
@@ -65,7 +65,7 @@ public:
 /// The thread of the application object.
 TOLVANE_AUTOTEST_EXPORT std::unique_ptr<Executor> makeMainExecutor();
 
-/// Threads of a pool of the library's own, so that the host's global pool stays the host's.
+/// The library has a thread pool of its own, and leaves the global one to the host.
 TOLVANE_AUTOTEST_EXPORT std::unique_ptr<Executor>
 makeWorkerPool(const QString &name, QThread::Priority priority = QThread::InheritPriority);
 

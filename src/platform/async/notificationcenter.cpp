@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/async/notificationcenter.h"
 
-#include "base/guard.h"
+#include "base/invokenoexcept.h"
 #include "base/mainthread.h"
 #include "platform/async/executor.h"
 
@@ -16,7 +16,7 @@ void NotificationCenter::post(const QString &name, const UserInfo &userInfo)
     }
     const auto deliver = [](const std::weak_ptr<Observer> &entry, const UserInfo &info) {
         if (const auto observer = entry.lock())
-            guarded("a notification's observer", [&] { observer->callback(info); });
+            invokeNoexcept("a notification's observer", [&] { observer->callback(info); });
     };
     for (const std::weak_ptr<Observer> &entry : observers) {
         const auto observer = entry.lock();

@@ -23,11 +23,11 @@ public:
     using UserInfo = std::optional<QVariantMap>;
     using Callback = std::function<void(const UserInfo &userInfo)>;
 
-    /// Where an observer's callback runs: on the posting thread, or on the main thread, which is
-    /// the same call where the posting thread is the main one.
+    /// The thread on which an observer's callback runs. On the main thread it is called directly if
+    /// the post comes from there.
     enum class Delivery { postingThread, mainThread };
 
-    /// Ends the observation when it goes; no delivery begins afterwards.
+    /// Ends the observation when destroyed; no delivery starts afterwards.
     using Observation = std::shared_ptr<void>;
 
     explicit NotificationCenter(Executor &mainExecutor)

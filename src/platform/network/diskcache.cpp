@@ -9,7 +9,7 @@ namespace tolvane {
 
 namespace {
 
-// A file that was cut short or altered still reads as a response, so its bytes are vouched for.
+// QNetworkDiskCache also reads a truncated or modified file; the digest detects that.
 constexpr auto digestAttribute = QNetworkRequest::User;
 
 QByteArray digestOf(const QByteArray &body)
@@ -27,7 +27,7 @@ QNetworkCacheMetaData metaDataOf(const QUrl &url, const UrlResponse &response)
     return metaData;
 }
 
-/// A folder that only its owner can look into, whatever is written there.
+/// Creates a folder that only its owner can read, whatever the permissions of its files.
 bool makePrivateFolder(const QString &path)
 {
     constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
@@ -44,10 +44,10 @@ DiskCache::DiskCache(const QString &folder, qint64 capacity)
     m_cache.setMaximumCacheSize(capacity);
 }
 
-std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::milliseconds patience,
+std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::milliseconds timeout,
                                            qint64 maximumSize)
 {
-    const std::unique_lock lock(m_mutex, patience);
+    const std::unique_lock lock(m_mutex, timeout);
     if (!lock)
         return std::nullopt;
     const QNetworkCacheMetaData metaData = m_cache.metaData(url);

@@ -10,16 +10,16 @@
 
 namespace tolvane {
 
-/// The part of the URL cache that lies in a folder. Damaged and foreign files count as absent and
-/// are removed. Safe from any thread.
+/// The URL cache on disk. Damaged and foreign files are treated as absent and removed. Safe from
+/// any thread.
 class DiskCache
 {
 public:
     DiskCache(const QString &folder, qint64 capacity);
 
-    /// @param patience how long to wait for other users of the disk
-    /// @param maximumSize larger bodies are passed over
-    std::optional<UrlResponse> read(const QUrl &url, std::chrono::milliseconds patience,
+    /// @param timeout how long to wait for other users of the disk cache
+    /// @param maximumSize in bytes; larger bodies are not read
+    std::optional<UrlResponse> read(const QUrl &url, std::chrono::milliseconds timeout,
                                     qint64 maximumSize);
     void write(const QUrl &url, const UrlResponse &response);
 

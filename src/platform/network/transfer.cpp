@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/network/transfer.h"
 
-#include "platform/network/onesendbody.h"
+#include "platform/network/nonrewindablebody.h"
 
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QNetworkReply>
@@ -14,8 +14,8 @@ namespace tolvane {
 namespace {
 
 constexpr qsizetype mebibyte = 1'048'576;
-// How much may wait to be read. The stack receives on a thread of its own, and a sender who is
-// faster than this one would fill the memory before the bound on the body is looked at.
+// Limits the bytes that wait to be read. The network stack receives on a thread of its own; a fast
+// sender would fill the memory before the size of the body is checked.
 constexpr qsizetype readBufferSize = mebibyte;
 constexpr int maximumRedirects = 16;
 
@@ -25,12 +25,12 @@ struct ErrorCode
     UrlError::Code code;
 };
 
-// What is not listed has no better name than a lost connection.
+// Every other error is reported as a lost connection.
 constexpr std::array errorCodes = {
     ErrorCode{QNetworkReply::ConnectionRefusedError, UrlError::cannotConnectToHost},
     ErrorCode{QNetworkReply::HostNotFoundError, UrlError::cannotFindHost},
     ErrorCode{QNetworkReply::TimeoutError, UrlError::timedOut},
-    // Nobody but the idle timer aborts a transfer.
+    // Only the idle timer aborts a transfer.
     ErrorCode{QNetworkReply::OperationCanceledError, UrlError::timedOut},
     ErrorCode{QNetworkReply::SslHandshakeFailedError, UrlError::secureConnectionFailed},
     ErrorCode{QNetworkReply::TemporaryNetworkFailureError, UrlError::notConnectedToInternet},
@@ -52,14 +52,13 @@ UrlError transportError(const QNetworkReply &reply)
     return UrlError(UrlError::networkConnectionLost, reply.errorString());
 }
 
-/// Redirects that have the same request sent again, body included.
+/// True for redirects that repeat the request with its method and body.
 bool keepsMethod(int status)
 {
     return status == 307 || status == 308;
 }
 
-/// Whether the "error" of a reply only says that its status is 4xx or 5xx, which makes it an
-/// answer.
+/// True for an HTTP answer: Qt also reports the statuses 4xx and 5xx as errors.
 bool isHttpAnswer(QNetworkReply::NetworkError error, int status)
 {
     if (status == 0)
@@ -72,7 +71,8 @@ bool isHttpAnswer(QNetworkReply::NetworkError error, int status)
         (error >= QNetworkReply::ContentAccessDenied &&
          error <= QNetworkReply::UnknownContentError && error != QNetworkReply::ContentReSendError);
     const bool serverFailure = error >= QNetworkReply::InternalServerError;
-    // The network stack rewinds the body for these before anybody decides to follow.
+    // For these redirects the network stack rewinds the body before the library decides whether to
+    // follow.
     if (error == QNetworkReply::ContentReSendError && keepsMethod(status))
         return true;
     return (status >= 400 && clientFailure) || (status >= 500 && serverFailure);
@@ -86,9 +86,9 @@ bool isSameOrigin(const QUrl &a, const QUrl &b)
     return a.scheme() == b.scheme() && a.host() == b.host() && port(a) == port(b);
 }
 
-/// Whether a redirect may lead there. What carries the key stays with its origin, and nothing goes
-/// on in the clear that began encrypted.
-bool mayFollow(const UrlRequest &request, const QUrl &target)
+/// Requests with the key stay on their origin. Anonymous requests may change it, but never from
+/// https to http.
+bool canFollowRedirect(const UrlRequest &request, const QUrl &target)
 {
     if (!request.isAnonymous)
         return isSameOrigin(target, request.url);
@@ -97,7 +97,7 @@ bool mayFollow(const UrlRequest &request, const QUrl &target)
            (scheme == QLatin1String("http") && request.url.scheme() == scheme);
 }
 
-/// Leaves out of a request whatever the stack would add to tell who asks.
+/// Removes everything that would identify the customer: cookies, and credentials of the address.
 void makeAnonymous(QNetworkRequest &request)
 {
     QUrl url = request.url();
@@ -115,7 +115,7 @@ bool isHeaderText(const QByteArray &text)
                         [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
 }
 
-std::optional<UrlError> refusal(const UrlRequest &request)
+std::optional<UrlError> validationError(const UrlRequest &request)
 {
     const QString scheme = request.url.scheme();
     if (!request.url.isValid() || scheme.isEmpty())
@@ -125,7 +125,7 @@ std::optional<UrlError> refusal(const UrlRequest &request)
     if (request.url.host().isEmpty())
         return UrlError(UrlError::badURL);
     for (const auto &[name, value] : request.headers) {
-        // A line end in a value would let it add headers of its own.
+        // A line break in a value could inject further headers.
         if (!isHeaderText(value))
             return UrlError(
                 UrlError::badURL,
@@ -147,7 +147,7 @@ Transfer::Transfer(QNetworkAccessManager &manager, UrlRequest request,
 
 void Transfer::begin()
 {
-    if (const auto error = refusal(m_request))
+    if (const auto error = validationError(m_request))
         fail(*error);
     else
         send();
@@ -163,15 +163,15 @@ void Transfer::send()
     if (m_request.isAnonymous)
         makeAnonymous(request);
     request.setTransferTimeout(static_cast<int>(m_request.timeout.count()));
-    // The bound on the body, checked as it is read, serves for compressed ones too; the stack's own
-    // check would refuse long and repetitive conversations.
+    // readAvailable() also bounds compressed bodies. Qt's own check would refuse long conversations
+    // that compress well.
     request.setDecompressedSafetyCheckThreshold(-1);
 
-    auto *body = new OneSendBody(m_request.body);
+    auto *body = new NonRewindableBody(m_request.body);
     m_body.clear();
     m_reply = m_manager.sendCustomRequest(request, m_request.method, body);
     body->setParent(m_reply);
-    // Any earlier there is nobody yet to take notice of it.
+    // Setting it earlier has no effect.
     connect(m_reply, &QNetworkReply::metaDataChanged, m_reply,
             [reply = m_reply] { reply->setReadBufferSize(readBufferSize); });
     connect(m_reply, &QNetworkReply::readyRead, this, &Transfer::readAvailable);
@@ -180,8 +180,8 @@ void Transfer::send()
 
 void Transfer::readAvailable()
 {
-    // In bounded steps, since what waits compressed can be any size once it is read, and up to the
-    // read that gives nothing: it is what lets more come in.
+    // Reads in bounded steps, since compressed data may expand to any size, and until a read
+    // returns nothing, which makes the stack receive more.
     while (m_reply->isOpen() && m_body.size() <= m_request.maximumBodySize) {
         const QByteArray part = m_reply->read(readBufferSize);
         if (part.isEmpty())
@@ -211,17 +211,17 @@ void Transfer::finish()
 bool Transfer::followRedirect(int status)
 {
     const bool isRedirect = keepsMethod(status) || (status >= 301 && status <= 303);
-    // Not as the parsed header, which is empty for a relative address.
+    // The raw header, because the parsed one is empty for a relative address.
     const QUrl location = QUrl::fromEncoded(m_reply->rawHeader("Location"));
     if (!isRedirect || location.isEmpty() || m_redirects == maximumRedirects)
         return false;
     const QUrl target = m_request.url.resolved(location);
-    if (!target.isValid() || target.host().isEmpty() || !mayFollow(m_request, target))
+    if (!target.isValid() || target.host().isEmpty() || !canFollowRedirect(m_request, target))
         return false;
     ++m_redirects;
     m_request.url = target;
     if (!keepsMethod(status) && m_request.method != "GET") {
-        // RFC 9110, 15.4: the answer to what was posted is to be fetched.
+        // RFC 9110, 15.4: the client fetches the result with GET.
         m_request.method = "GET";
         m_request.body.clear();
         m_request.headers.removeIf(
@@ -233,7 +233,7 @@ bool Transfer::followRedirect(int status)
 
 void Transfer::succeed(int status)
 {
-    // A read takes room for all that it may give; the rest would stay for as long as the answer.
+    // read() reserves its maximum size; this frees the unused rest.
     m_body.squeeze();
     m_promise->addResult(UrlResponse{status, m_reply->rawHeaderPairs(), std::move(m_body)});
     m_promise->finish();

@@ -14,7 +14,7 @@ class QNetworkReply;
 
 namespace tolvane {
 
-/// One request on its way, redirects included; lives on the network's thread and ends itself.
+/// One running request with its redirects. It lives on the network thread and deletes itself.
 class Transfer final : public QObject
 {
 public:

@@ -11,10 +11,10 @@ namespace tolvane {
 
 namespace {
 
-// What a quick look may cost: reading and checking this much takes about a millisecond.
+// The limit of a quick lookup: reading and checking this much takes about a millisecond.
 constexpr qint64 quickSize = 524'288;
-constexpr std::chrono::milliseconds quickPatience{2};
-constexpr std::chrono::milliseconds thoroughPatience = std::chrono::minutes(1);
+constexpr std::chrono::milliseconds quickTimeout{2};
+constexpr std::chrono::milliseconds thoroughTimeout = std::chrono::minutes(1);
 
 QString absoluteFolder(const QString &path)
 {
@@ -33,33 +33,33 @@ public:
     {
     }
 
-    std::optional<UrlResponse> cachedResponse(const UrlRequest &request, Look look) override
+    std::optional<UrlResponse> cachedResponse(const UrlRequest &request, Lookup lookup) override
     {
-        if (auto remembered = inMemory(request.url))
+        if (auto remembered = memoryResponse(request.url))
             return remembered;
-        const bool isQuick = look == Look::quick;
-        auto read = m_disk.read(request.url, isQuick ? quickPatience : thoroughPatience,
+        const bool isQuick = lookup == Lookup::quick;
+        auto read = m_disk.read(request.url, isQuick ? quickTimeout : thoroughTimeout,
                                 isQuick ? quickSize : std::numeric_limits<qint64>::max());
         if (read)
-            remember(request.url, *read);
+            storeInMemory(request.url, *read);
         return read;
     }
 
     void store(const UrlResponse &response, const UrlRequest &request) override
     {
-        remember(request.url, response);
+        storeInMemory(request.url, response);
         m_disk.write(request.url, response);
     }
 
 private:
-    std::optional<UrlResponse> inMemory(const QUrl &url)
+    std::optional<UrlResponse> memoryResponse(const QUrl &url)
     {
         const std::scoped_lock lock(m_mutex);
         const UrlResponse *response = m_memory.object(url);
         return response ? std::optional(*response) : std::nullopt;
     }
 
-    void remember(const QUrl &url, const UrlResponse &response)
+    void storeInMemory(const QUrl &url, const UrlResponse &response)
     {
         const std::scoped_lock lock(m_mutex);
         m_memory.insert(url, response, response.body.size());

@@ -9,28 +9,27 @@
 
 namespace tolvane {
 
-/// Keeps responses in memory and on disk, by the address of their request, whatever their status
-/// and their headers say. Safe from any thread.
+/// Stores responses in memory and on disk, by the URL of their request, whatever their status and
+/// cache headers. Safe from any thread.
 ///
-/// It is the library's own: a host's network cache is neither read nor written, nor is anything put
-/// in its place. Several processes may share the folder on disk.
+/// It is private to the library and does not replace or use a host's network cache. Several
+/// processes may share the folder on disk.
 class UrlCache
 {
 public:
     struct Settings
     {
-        /// In bytes, counted by the bodies.
+        /// In bytes; only bodies count.
         qint64 memoryCapacity = 0;
         qint64 diskCapacity = 0;
         /// A folder, below the application's cache folder unless it is absolute.
         QString diskPath;
     };
 
-    enum class Look {
-        /// Reads what there is, however large.
+    enum class Lookup {
+        /// Reads a cached response of any size.
         thorough,
-        /// For the thread that must not wait: what is in memory, or small and on a disk that nobody
-        /// keeps busy.
+        /// For the main thread: reads from memory, or a small file unless the disk cache is busy.
         quick,
     };
 
@@ -40,9 +39,10 @@ public:
     virtual ~UrlCache() = default;
 
     virtual std::optional<UrlResponse> cachedResponse(const UrlRequest &request,
-                                                      Look look = Look::thorough) = 0;
+                                                      Lookup lookup = Lookup::thorough) = 0;
 
-    /// Writes to the disk before it returns. What the disk does not take is kept in memory only.
+    /// Writes to the disk before it returns. A response that cannot be written stays in memory
+    /// only.
     virtual void store(const UrlResponse &response, const UrlRequest &request) = 0;
 };
 

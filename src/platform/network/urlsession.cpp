@@ -33,8 +33,8 @@ public:
         m_thread.post([this, promise, build = std::move(build)] {
             try {
                 UrlRequest request = build();
-                QNetworkAccessManager &its = manager(request.isAnonymous);
-                (new Transfer(its, std::move(request), promise))->begin();
+                QNetworkAccessManager &accessManager = manager(request.isAnonymous);
+                (new Transfer(accessManager, std::move(request), promise))->begin();
             } catch (...) {
                 promise->setException(std::current_exception());
                 promise->finish();
@@ -47,7 +47,7 @@ private:
     QNetworkAccessManager &manager(bool isAnonymous)
     {
         QPointer<QNetworkAccessManager> &manager = m_managers[isAnonymous ? 1 : 0];
-        // The thread may have ended with an application object and begun anew with the next.
+        // The thread ends with the application object, and starts again with the next one.
         if (!manager)
             manager = new QNetworkAccessManager(m_thread.context());
         return *manager;

@@ -24,13 +24,13 @@ struct UrlRequest
     QByteArray method = "GET";
     HttpHeaders headers;
     QByteArray body;
-    /// How long nothing may arrive or leave before the request has timed out.
+    /// The idle time after which the request times out.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
-    /// Nothing in it tells who asks: no cookies, and no name and password from its address. In turn
-    /// redirects may lead to other origins. These requests have connections of their own, so that
-    /// slow downloads hold up no conversation.
+    /// The request does not identify the customer: it has no cookies and no credentials from its
+    /// address. Therefore redirects may lead to other origins. Anonymous requests use separate
+    /// connections, so that slow downloads do not delay conversations.
     bool isAnonymous = false;
-    /// In bytes, counted after decompression; a longer answer is a failure.
+    /// In bytes after decompression; the request fails with a longer body.
     qsizetype maximumBodySize = 104'857'600;
 };
 
@@ -40,11 +40,11 @@ struct TOLVANE_AUTOTEST_EXPORT UrlResponse
     HttpHeaders headers;
     QByteArray body;
 
-    /// The value of a header, whose name is compared without regard to case.
+    /// The value of a header. Its name is compared case-insensitively.
     std::optional<QByteArray> header(QByteArrayView name) const;
 };
 
-/// Brings requests to their answers.
+/// Sends requests and receives their responses.
 class UrlSession
 {
 public:
@@ -53,20 +53,20 @@ public:
     UrlSession &operator=(const UrlSession &) = delete;
     virtual ~UrlSession() = default;
 
-    /// Has the request built off the caller's thread, and sends it once, never a second time by
-    /// itself. Any answer with an HTTP status is a response. Redirects are followed on the same
-    /// origin only, since requests carry the API key, unless the request is anonymous; others are
-    /// the response. Fails with UrlError, or with what `build` throws. Safe from any thread.
+    /// Builds the request off the caller's thread and sends it exactly once. Every answer with an
+    /// HTTP status is a response. Because requests carry the API key, redirects are followed on the
+    /// same origin only, unless the request is anonymous; any other redirect is the response. Fails
+    /// with UrlError, or with the exception of `build`. Safe from any thread.
     virtual QFuture<UrlResponse> send(std::function<UrlRequest()> build) = 0;
 
-    /// As send(), for a request at hand.
+    /// As send(), for an existing request.
     QFuture<UrlResponse> data(const UrlRequest &request)
     {
         return send([request] { return request; });
     }
 };
 
-/// The session on the network, on a thread of its own. Responses are held whole in memory.
+/// Creates the network session, which has its own thread. Responses are held in memory completely.
 TOLVANE_AUTOTEST_EXPORT std::unique_ptr<UrlSession> makeNetworkSession();
 
 } // namespace tolvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "platform/system/bundle.h"
+
 #include "platform/system/librarytexts.h"
-#include "platform/system/services.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLocale>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "platform/system/services.h"
+#include "platform/system/device.h"
+
 #include "platform/system/userinterface.h"
 
 #include <QtCore/QDir>
@@ -22,7 +23,7 @@ QString readLine(const QString &path)
     return QString::fromUtf8(file.readLine(256)).trimmed();
 }
 
-/// The folder of the first battery that powers the machine, empty without one.
+/// The sysfs folder of the first battery that powers the machine; empty without one.
 QString batteryFolder()
 {
     const QDir supplies(QStringLiteral("/sys/class/power_supply"));
@@ -30,7 +31,7 @@ QString batteryFolder()
         QString folder = supplies.filePath(name);
         const bool isBattery =
             readLine(folder + QStringLiteral("/type")) == QLatin1String("Battery");
-        // Batteries of mice and the like have the scope "Device".
+        // Batteries of peripherals, such as mice, have the scope "Device".
         if (isBattery && readLine(folder + QStringLiteral("/scope")) != QLatin1String("Device"))
             return folder;
     }
@@ -99,7 +100,7 @@ public:
     }
 
 private:
-    // Asked for with every analytics event, and never changing while the process runs.
+    // Read for every analytics event, and constant while the process runs.
     QString m_model;
     QString m_systemVersion;
 };

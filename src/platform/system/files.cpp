@@ -12,7 +12,7 @@ namespace tolvane::files {
 void write(const QString &path, const QByteArray &bytes)
 {
     QSaveFile file(path);
-    // For folders in which nothing else can be made than the file itself.
+    // For folders that allow writing the file, but not creating a temporary one.
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
         throw Error(QStringLiteral("TolvaneSdk.FileError"), file.error(), file.errorString());

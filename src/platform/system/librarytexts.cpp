@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <limits>
 
-// Outside of namespaces, as the macro wants it. A static library's resources are not linked unless
-// something names them.
+// Outside of namespaces, as Q_INIT_RESOURCE requires. The linker drops resources of a static
+// library unless they are referenced.
 static void addTextsToResources()
 {
     Q_INIT_RESOURCE(tolvane_translations);
@@ -46,7 +46,8 @@ QString LibraryTexts::text(const QString &key, qint64 count) const
 
 bool LibraryTexts::load(const QLocale &locale)
 {
-    // By language alone: the texts of a language serve all countries, while digits are a country's.
+    // Looks for the language alone, since a language has one file for all countries. Digits depend
+    // on the country.
     m_locale = locale;
     return m_translator.load(QStringLiteral(":/tolvane/translations/tolvane_%1.qm")
                                  .arg(QLocale::languageToCode(locale.language())));

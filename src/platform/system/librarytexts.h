@@ -9,19 +9,19 @@
 
 namespace tolvane {
 
-/// The library's own texts, in the first of the given languages that there are texts in, and in
-/// English without one. Nothing is installed into the application: its other texts stay as they
-/// are. Once made, safe from any thread.
+/// The library's texts in the first of the given languages that has a translation, else in English.
+/// The translator is not installed, so the application's texts do not change. Safe from any thread
+/// once constructed.
 class TOLVANE_AUTOTEST_EXPORT LibraryTexts
 {
 public:
-    /// Tags as in QLocale::uiLanguages(), the most wanted first.
+    /// @param languages tags as in QLocale::uiLanguages(), in order of preference
     explicit LibraryTexts(const QStringList &languages);
 
-    /// The key itself where there is no such text.
+    /// Returns the key if there is no text for it.
     QString text(const QString &key) const;
 
-    /// In the plural form and with the digits that the count takes in the language.
+    /// With the plural form and the digits of the count in this language.
     QString text(const QString &key, qint64 count) const;
 
     Qt::LayoutDirection direction() const { return m_locale.textDirection(); }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/system/services.h"
+#include "platform/system/logsink.h"
 
 #include <QtCore/QLoggingCategory>
 
@@ -24,7 +24,7 @@ public:
 
     void write(LogType type, const QString &line) override
     {
-        // Handed to the handler as it is: the text is no format.
+        // Passed as an argument, because the text may contain format specifiers.
         const QMessageLogContext context(nullptr, 0, nullptr, m_name.constData());
         qt_message_output(messageType(type), context, line);
     }

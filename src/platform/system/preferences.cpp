@@ -49,12 +49,11 @@ public:
 private:
     void write(const QString &key, const QVariant &value)
     {
-        // Every answer of the backend names the customer, nearly always as before: no need to
-        // write.
+        // Every answer of the backend contains the customer id, which rarely changes.
         if (m_settings.value(key) == value)
             return;
-        // QSettings would keep what it cannot write for later readers of this process.
-        if (!makeSureOfFile())
+        // QSettings would cache a value that it cannot write, and return it to later readers.
+        if (!ensureFile())
             return;
         if (value.isValid())
             m_settings.setValue(key, value);
@@ -63,9 +62,9 @@ private:
         m_settings.sync();
     }
 
-    /// False where there can be no file. QSettings would make it readable for all; rewriting keeps
-    /// the permissions it has.
-    bool makeSureOfFile() const
+    /// Creates the file with private permissions, which rewriting keeps; QSettings would make it
+    /// readable for everybody. False if the file cannot be created.
+    bool ensureFile() const
     {
         constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
         QFile file(m_settings.fileName());

@@ -11,7 +11,7 @@
 
 namespace tolvane {
 
-/// A named domain of text and byte values that outlasts the process.
+/// A named, persistent set of text and byte values.
 class PreferencesDomain
 {
 public:
@@ -20,17 +20,17 @@ public:
     PreferencesDomain &operator=(const PreferencesDomain &) = delete;
     virtual ~PreferencesDomain() = default;
 
-    /// Absent when there is no such key or its value is of the other kind.
+    /// Absent if there is no such key, or if its value has the other type.
     virtual std::optional<QString> text(const QString &key) const = 0;
     virtual std::optional<QByteArray> bytes(const QString &key) const = 0;
 
-    /// An absent value removes the key. When the call returns the change is on its way to the disk
-    /// whatever becomes of this process.
+    /// An absent value removes the key. When the call returns, the change survives the end of this
+    /// process.
     virtual void setText(const QString &key, const std::optional<QString> &value) = 0;
     virtual void setBytes(const QString &key, const std::optional<QByteArray> &value) = 0;
 };
 
-/// Opens domains, anew for each access. Safe for threads and for several processes.
+/// Opens a domain anew for each access. Safe from any thread and for several processes.
 class Preferences
 {
 public:
@@ -39,7 +39,7 @@ public:
     Preferences &operator=(const Preferences &) = delete;
     virtual ~Preferences() = default;
 
-    /// Null when the domain cannot be opened.
+    /// Null if the domain cannot be opened.
     virtual std::unique_ptr<PreferencesDomain> open(const QString &name) const = 0;
 };
 

@@ -7,7 +7,7 @@ namespace tolvane {
 
 namespace {
 
-// Never destroyed, as everything that may still ask for it.
+// Never destroyed, like its users.
 UserInterface &registered()
 {
     static auto *instance = new UserInterface;

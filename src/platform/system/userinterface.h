@@ -9,20 +9,20 @@
 
 namespace tolvane {
 
-/// What the library of views lends to the one beneath it, which knows no windows. All of it is
-/// called on the main thread, and any of it may be empty.
+/// Functions of the library of views that the core calls, since it has no windows itself. Called on
+/// the main thread; each may be empty.
 struct UserInterface
 {
     /// Shows the messenger over the root view of the host's foreground window, if there is one.
     std::function<void()> present;
-    /// The size of the screen in device-independent pixels, as it is turned now.
+    /// The size of the screen in device-independent pixels, in its current orientation.
     std::function<QSizeF()> screenSize;
 };
 
-/// Called by the library of views as it is loaded.
+/// Called by the library of views when it is loaded.
 TOLVANE_PRIVATE_EXPORT void registerUserInterface(UserInterface userInterface);
 
-/// What was registered; everything in it is empty in a process without views.
+/// The registered functions; all are empty in a process without views.
 TOLVANE_PRIVATE_EXPORT const UserInterface &userInterface();
 
 } // namespace tolvane

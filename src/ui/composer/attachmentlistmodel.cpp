@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/composer/attachmentlistmodel.h"
 
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "ui/images/decoding.h"
 
@@ -116,7 +116,7 @@ QCoro::Task<> AttachmentListModel::decode(AttachmentDto attachment)
             platform().pictureWorkers->run([bytes = attachment.data, size = thumbnailSize()] {
                 return images::decodedThumbnail(bytes, size);
             });
-        picture = co_await settled(decoded);
+        picture = co_await awaitFuture(decoded);
     } catch (...) {
         picture = {}; // Treated as undecodable.
     }

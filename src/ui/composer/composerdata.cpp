@@ -4,7 +4,7 @@
 #include "analytics/logger.h"
 #include "analytics/manager.h"
 #include "base/ulid.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "ui/composer/imagefiles.h"
 
@@ -138,7 +138,7 @@ QCoro::Task<> ComposerData::add(QFuture<Attachment> read)
     const QPointer<ComposerData> self(this);
     Attachment attachment;
     try {
-        attachment = co_await settled(read);
+        attachment = co_await awaitFuture(read);
     } catch (...) {
         attachment = {}; // Logged below, like a file that is no picture.
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/conversation/ticketscreendata.h"
 
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "ui/conversation/ticketheader.h"

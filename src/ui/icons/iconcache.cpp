@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/icons/iconcache.h"
 
-#include "base/shared.h"
+#include "base/sharedinstance.h"
 
 #include <QtCore/QFile>
 #include <QtGui/QColor>

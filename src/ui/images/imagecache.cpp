@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/imagecache.h"
 
-#include "base/shared.h"
+#include "base/sharedinstance.h"
 #include "platform/platform.h"
 
 namespace tolvane {

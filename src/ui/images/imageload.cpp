@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/imageload.h"
 
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "ui/images/decoding.h"
 #include "ui/images/imagecache.h"
@@ -76,7 +76,7 @@ public:
             if (cached.shown.isNull())
                 plan.download(request, promise);
             else
-                fulfil(*promise, [&] { return cached; });
+                setPromiseFrom(*promise, [&] { return cached; });
         });
         return promise->future();
     }
@@ -93,7 +93,8 @@ private:
     {
         const auto read = [plan = *this, request, promise](QFuture<UrlResponse> answer) {
             platform().pictureWorkers->post([=] {
-                fulfil(*promise, [&] { return plan.fromResponse(request, resultOf(answer)); });
+                setPromiseFrom(*promise,
+                               [&] { return plan.fromResponse(request, resultOf(answer)); });
             });
         };
         platform().urlSession->data(request).then(QtFuture::Launch::Sync, read);
@@ -124,7 +125,7 @@ void ImageLoad::loadFromCaches()
     ImageCache &cache = ImageCache::shared();
     QImage image = cache.image(m_key);
     if (image.isNull()) {
-        const auto cached = cache.responses().cachedResponse(m_request, UrlCache::Look::quick);
+        const auto cached = cache.responses().cachedResponse(m_request, UrlCache::Lookup::quick);
         if (!cached || !images::isCheapToDecode(cached->body))
             return;
         image = images::decoded(cached->body);
@@ -153,7 +154,7 @@ QCoro::Task<> ImageLoad::load(QSize target)
     if (!remembered.isNull()) {
         QFuture<Pictures> made = platform().pictureWorkers->run(
             [plan, remembered] { return plan.fromWhole(remembered); });
-        const Pictures pictures = co_await settled(made);
+        const Pictures pictures = co_await awaitFuture(made);
         finish(pictures.shown);
         co_return;
     }
@@ -161,7 +162,7 @@ QCoro::Task<> ImageLoad::load(QSize target)
     Pictures pictures;
     try {
         QFuture<Pictures> obtained = plan.fetch(m_request);
-        pictures = co_await settled(obtained);
+        pictures = co_await awaitFuture(obtained);
     } catch (...) {
         // The placeholder stays, and the failure is not shown. The view's next appearance tries
         // again.

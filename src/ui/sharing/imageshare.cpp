@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/sharing/imageshare.h"
 
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "platform/system/files.h"
 
@@ -76,7 +76,7 @@ void ImageShare::setImage(const QImage &image)
 QCoro::Task<> ImageShare::encode(QPointer<ImageShare> self, QImage image)
 {
     QFuture<QByteArray> encoding = platform().pictureWorkers->run([image] { return jpeg(image); });
-    const QByteArray data = co_await settled(encoding);
+    const QByteArray data = co_await awaitFuture(encoding);
     if (!self || data.isEmpty() || self->m_image.cacheKey() != image.cacheKey())
         co_return;
     self->m_file = {.data = data, .filename = ImageFile::filenameAt(platform().clock->now())};
@@ -110,7 +110,7 @@ QCoro::Task<> ImageShare::write(QPointer<ImageShare> self, std::function<QString
             files::write(path, data);
             return path;
         });
-        const QString path = co_await settled(writing);
+        const QString path = co_await awaitFuture(writing);
         if (self)
             Q_EMIT self->saved(QDir::toNativeSeparators(path));
         co_return;
@@ -148,7 +148,7 @@ QCoro::Task<> ImageShare::writeForDrag(QPointer<ImageShare> self)
                 files::write(path, data);
             return image.scaled(maxDragImageSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         });
-        picture = co_await settled(writing);
+        picture = co_await awaitFuture(writing);
     } catch (const Error &) {
         // The drag then has the bytes only.
         co_return;

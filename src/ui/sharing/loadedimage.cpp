@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/sharing/loadedimage.h"
 
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "ui/images/decoding.h"
 #include "ui/images/imagecache.h"
@@ -47,16 +47,16 @@ void LoadedImage::componentComplete()
 QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_token stop)
 {
     QFuture<QImage> look = findCachedImage(url);
-    QImage image = co_await settled(look);
+    QImage image = co_await awaitFuture(look);
     if (image.isNull()) {
         try {
             QFuture<void> wait = platform().clock->sleep(retryDelay, stop);
-            co_await settled(wait);
+            co_await awaitFuture(wait);
         } catch (const CancellationError &) {
             co_return;
         }
         QFuture<QImage> secondLook = findCachedImage(url);
-        image = co_await settled(secondLook);
+        image = co_await awaitFuture(secondLook);
     }
     if (!self || image.isNull())
         co_return;

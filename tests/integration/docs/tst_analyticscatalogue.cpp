@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The catalogue of events against a library that goes through all of them.
 #include "base/errors.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "state/navigationdata.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"

@@ -23,12 +23,12 @@ namespace {
 using Chat = TolvaneAnalyticsEvent::Chat;
 using Errors = TolvaneAnalyticsEvent::Errors;
 
-constexpr int patience = 20'000;
+constexpr int timeout = 20'000;
 const QString replyDelay = u"0.1"_s;
 
 void waitFor(const std::function<bool()> &holds, const char *what)
 {
-    if (!QTest::qWaitFor(holds, patience))
+    if (!QTest::qWaitFor(holds, timeout))
         throw NotFound(what);
 }
 

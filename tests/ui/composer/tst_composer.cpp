@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/logger.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "testing/samplerecords.h"
 #include "testing/ui/samples.h"
 #include "ui/composer/composerdata.h"

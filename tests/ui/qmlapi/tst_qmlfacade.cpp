@@ -2,7 +2,7 @@
 #include "analytics/manager.h"
 #include "backend/configuration.h"
 #include "backend/persistentstore.h"
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "testing/samplerecords.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "base/shared.h"
+#include "base/sharedinstance.h"
 
 #include <vector>
 

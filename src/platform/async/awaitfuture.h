@@ -12,18 +12,18 @@
 
 namespace tolvane {
 
-/// The parent of everything that suspended coroutines of this thread wait on. It outlives the
-/// thread, so a coroutine that is in flight when the process ends stays suspended and reachable
-/// instead of being resumed in a process half taken down.
+/// The parent of all objects that suspended coroutines of this thread wait for. It outlives the
+/// thread: at the end of the process such a coroutine stays suspended and reachable, instead of
+/// being resumed in a partly destroyed process.
 TOLVANE_PRIVATE_EXPORT QObject *awaitScope();
 
 namespace detail {
 
 template <typename T>
-class Settled
+class FutureAwaiter
 {
 public:
-    explicit Settled(QFuture<T> future)
+    explicit FutureAwaiter(QFuture<T> future)
         : m_future(std::move(future))
     {
     }
@@ -42,7 +42,7 @@ public:
 
     T await_resume()
     {
-        m_future.waitForFinished(); // Finished already: this throws what the future holds.
+        m_future.waitForFinished(); // Finished already; throws a stored exception.
         if (m_future.isCanceled())
             throw CancellationError();
         if constexpr (!std::is_void_v<T>)
@@ -55,18 +55,18 @@ private:
 
 } // namespace detail
 
-/// Awaits a future: the coroutine resumes on the thread that awaited, takes the result out of the
-/// future, and throws what the future holds, CancellationError if nobody is left to fulfil it.
+/// Awaits a future. The coroutine resumes on the awaiting thread and takes the result out of the
+/// future. Throws the future's exception, or CancellationError if its promise was destroyed.
 ///
-/// Make futures in a statement of their own: GCC 12 destroys a lambda with captures twice when it
-/// is a temporary of the co_await expression.
+/// Create futures in a separate statement: GCC 12 destroys a lambda with captures twice if it is a
+/// temporary of the co_await expression.
 template <typename T>
-auto settled(QFuture<T> future)
+auto awaitFuture(QFuture<T> future)
 {
-    return detail::Settled<T>(std::move(future));
+    return detail::FutureAwaiter<T>(std::move(future));
 }
 
-/// Lets a task run on its own. A failure that it did not deal with is reported to the log.
+/// Runs a task without awaiting it. An exception that leaves the task is logged.
 TOLVANE_PRIVATE_EXPORT void detach(QCoro::Task<> task);
 
 } // namespace tolvane

@@ -7,13 +7,13 @@ namespace tolvane {
 
 Q_DECLARE_LOGGING_CATEGORY(platformLog)
 
-/// Writes the exception in flight to the platform's log. To be called in a catch block.
+/// Logs the current exception. Call it in a catch block.
 void reportException(const char *where) noexcept;
 
-/// Runs code whose exceptions must not travel on: event loops and foreign callers would end the
-/// process. A failure is reported to the log under the word `where`.
+/// Calls `work` and logs an exception instead of passing it on, since an event loop or a foreign
+/// caller would terminate the process. The log line names `where`.
 template <typename Work>
-void guarded(const char *where, Work &&work) noexcept
+void invokeNoexcept(const char *where, Work &&work) noexcept
 {
     try {
         work();

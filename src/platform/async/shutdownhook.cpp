@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/async/winddown.h"
+#include "platform/async/shutdownhook.h"
 
 #include <QtCore/QCoreApplication>
 
@@ -15,26 +15,26 @@ struct Registry
 {
     std::mutex mutex;
     std::vector<std::weak_ptr<std::function<void()>>> functions;
-    std::vector<std::function<void()>> abandoned;
+    std::vector<std::function<void()>> leaked;
     bool hooked = false;
-    std::atomic<bool> windingDown = false;
+    std::atomic<bool> isShuttingDown = false;
 };
 
-// Never destroyed: instances that outlive static destruction still let go of their hooks.
+// Never destroyed: instances that outlive static destruction still release their hooks.
 Registry &registry()
 {
     static auto *instance = new Registry;
     return *instance;
 }
 
-void windDown()
+void shutDown()
 {
-    registry().windingDown = true;
+    registry().isShuttingDown = true;
     std::vector<std::weak_ptr<std::function<void()>>> functions;
     {
         const std::scoped_lock lock(registry().mutex);
         functions = registry().functions;
-        registry().hooked = false; // The application forgets its routines once they have run.
+        registry().hooked = false; // Qt removes post routines once they have run.
     }
     for (auto entry = functions.rbegin(); entry != functions.rend(); ++entry) {
         if (const auto function = entry->lock())
@@ -42,21 +42,21 @@ void windDown()
     }
 }
 
-void windDownWithApplication()
+void shutDownWithApplication()
 {
-    windDown();
-    registry().windingDown = false; // The process may go on, and with another application object.
+    shutDown();
+    registry().isShuttingDown = false; // The process may create another application object.
 }
 
-// For processes that end by exit() with the application object alive.
+// For processes that call exit() while the application object exists.
 struct AtExit
 {
-    ~AtExit() { windDown(); }
+    ~AtExit() { shutDown(); }
 };
 
 } // namespace
 
-WindDownHook atWindDown(std::function<void()> stop)
+ShutdownHook onShutdown(std::function<void()> stop)
 {
     static const AtExit atExit;
     auto function = std::make_shared<std::function<void()>>(std::move(stop));
@@ -64,19 +64,19 @@ WindDownHook atWindDown(std::function<void()> stop)
     std::erase_if(registry().functions, [](const auto &entry) { return entry.expired(); });
     registry().functions.push_back(function);
     if (!std::exchange(registry().hooked, true))
-        qAddPostRoutine(windDownWithApplication);
+        qAddPostRoutine(shutDownWithApplication);
     return function;
 }
 
-bool isWindingDown()
+bool isShuttingDown()
 {
-    return registry().windingDown;
+    return registry().isShuttingDown;
 }
 
-void abandon(std::function<void()> work)
+void leakUntilExit(std::function<void()> work)
 {
     const std::scoped_lock lock(registry().mutex);
-    registry().abandoned.push_back(std::move(work));
+    registry().leaked.push_back(std::move(work));
 }
 
 } // namespace tolvane

@@ -10,16 +10,16 @@
 namespace tolvane {
 
 namespace detail {
-/// Has `reset` called by resetSharedInstances().
+/// Registers a function for resetSharedInstances().
 TOLVANE_PRIVATE_EXPORT void onResetOfSharedInstances(std::function<void()> reset);
 } // namespace detail
 
-/// The one instance of a type in this process: made by `make` at first use, exactly once, never
-/// torn down. Safe from any thread.
+/// The process-wide instance of a type. `make` creates it at first use, exactly once; it is never
+/// destroyed. Safe from any thread.
 template <typename T>
 const std::shared_ptr<T> &sharedInstance(std::shared_ptr<T> (*make)() = std::make_shared<T>)
 {
-    // Kept on the heap for good, so that it outlives static destruction.
+    // Leaked on the heap, so that it outlives static destruction.
     struct Slot
     {
         std::mutex mutex;
@@ -34,8 +34,8 @@ const std::shared_ptr<T> &sharedInstance(std::shared_ptr<T> (*make)() = std::mak
     return slot->instance;
 }
 
-/// Lets go of all shared instances, the youngest first, as a new process would begin without them.
-/// For test fixtures: nothing may be using them.
+/// Destroys all shared instances, the newest first, so that a test starts like a new process. No
+/// instance may be in use.
 TOLVANE_AUTOTEST_EXPORT void resetSharedInstances();
 
 } // namespace tolvane

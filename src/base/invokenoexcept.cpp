@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "base/guard.h"
+#include "base/invokenoexcept.h"
 
 #include "base/errors.h"
 
@@ -13,7 +13,7 @@ void reportException(const char *where) noexcept
         qCCritical(platformLog).noquote()
             << "An exception left" << where << "-" << currentError()->localizedDescription();
     } catch (...) {
-        // Out of memory while saying so; there is nothing left to say it with.
+        // Logging itself failed, for example for lack of memory.
         std::fputs("tolvane: an exception could not be reported\n", stderr);
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/async/await.h"
+#include "platform/async/awaitfuture.h"
 
-#include "base/guard.h"
+#include "base/invokenoexcept.h"
 
 #include <mutex>
 #include <vector>
