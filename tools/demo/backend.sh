@@ -1,6 +1,7 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2154
-# Starts and ends the local backend of a demo. Needs $data, a folder, and $build, the build's folder.
+# Starts and stops the local backend of a demo. Needs $data, a folder for data, and $build, the build
+# folder.
 backend_pid=
 backend_fifo=
 

@@ -76,7 +76,7 @@ Answer answerTo(const Turn &turn)
     if (turn.attachmentCount > 0)
         answer.text += acknowledgement(turn.attachmentCount);
     answer.text += filledIn(isHuman ? rule.human : rule.ai, turn);
-    // A human has nobody to hand over to.
+    // The human agent cannot hand over.
     answer.effect = isHuman && rule.effect == Effect::HandOver ? Effect::None : rule.effect;
     return answer;
 }

@@ -8,13 +8,13 @@
 
 namespace tolvane::backend {
 
-/// One message of a customer's, as its agent sees it.
+/// A customer's message, with the context that the scripted agent's answer depends on.
 struct Turn
 {
     Author assignee = Author::Ai;
     std::string_view text;
     int attachmentCount = 0;
-    /// Whether the customer has written again since, and so is not done yet.
+    /// Whether the customer has already sent a newer message.
     bool isOvertaken = false;
     /// Like "Mon, Tue 09:00-18:00".
     std::string_view openingHours;
@@ -28,10 +28,10 @@ struct Answer
     Effect effect = Effect::None;
 };
 
-/// What the agent answers. Depends on nothing but the turn.
+/// The scripted agent's answer. Depends on the turn only.
 Answer answerTo(const Turn &turn);
 
-/// With what the human agent takes over.
+/// The scripted human agent's first message after a handover.
 std::string introduction();
 
 } // namespace tolvane::backend

@@ -14,7 +14,8 @@ namespace {
 
 constexpr int forbidden = 403;
 
-// Another site's page can send it only after asking, which is never allowed here.
+// A cross-site page can send it only after a CORS preflight request, which the backend never
+// grants.
 constexpr const char *agentHeader = "X-Tolvane-Agent";
 
 constexpr std::array<std::string_view, 3> loopbackNames = {"localhost", "127.0.0.1", "[::1]"};
@@ -44,13 +45,14 @@ bool isOneOf(std::string_view value, std::initializer_list<std::string_view> acc
 void refuseStrangers(const httplib::Request &request)
 {
     if (!isLoopback(request.remote_addr))
-        throw Refusal(forbidden, "agents have to be on the backend's own machine");
+        throw Refusal(forbidden, "the agent page is available on the backend's machine only");
     const std::string host = request.get_header_value("Host");
     const auto isHost = [name = withoutPort(host)](std::string_view own) {
         return equalIgnoringCase(name, own);
     };
     if (std::none_of(loopbackNames.begin(), loopbackNames.end(), isHost))
-        throw Refusal(forbidden, "agents have to name the backend localhost, 127.0.0.1 or [::1]");
+        throw Refusal(forbidden,
+                      "the Host of the agent page has to be localhost, 127.0.0.1 or [::1]");
 }
 
 void refuseOtherSites(const httplib::Request &request)
@@ -60,7 +62,7 @@ void refuseOtherSites(const httplib::Request &request)
         isOneOf(request.get_header_value("Origin"), {"", own}) &&
         isOneOf(request.get_header_value("Sec-Fetch-Site"), {"", "none", "same-origin"});
     if (!isOwn)
-        throw Refusal(forbidden, "another site's page is no agent");
+        throw Refusal(forbidden, "cross-site requests are not allowed");
     if (methodOf(request) != "GET" && !request.has_header(agentHeader))
         throw Refusal(forbidden, std::string("the header ") + agentHeader + " is missing");
 }

@@ -13,7 +13,8 @@ namespace {
 constexpr std::string_view pageAddress = "/agent";
 constexpr const char *script = "text/javascript; charset=utf-8";
 
-// The page runs its own scripts only, and asks nobody but the backend; text cannot become markup.
+// The page may run its own scripts only and connect to the backend only; Trusted Types keep text
+// from becoming markup.
 constexpr const char *policy =
     "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' blob: data:;"
     " connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none';"
@@ -46,7 +47,7 @@ void answerWithPage(const Call &call)
 {
     if (methodOf(call.request) != "GET") {
         call.response.set_header("Allow", "GET");
-        throw Refusal(405, "the page takes GET only");
+        throw Refusal(405, "the page supports GET only");
     }
     const std::string_view address = addressOf(call.request);
     if (address == "/" || address == "/agent/")
@@ -55,7 +56,7 @@ void answerWithPage(const Call &call)
         return known.address == address;
     });
     if (file == files.end())
-        throw Refusal(404, "there is no such address");
+        throw Refusal(404, "there is no such path");
     call.response.set_header("Content-Security-Policy", policy);
     call.response.set_header("Cross-Origin-Opener-Policy", "same-origin");
     call.response.set_header("Cross-Origin-Resource-Policy", "same-origin");

@@ -5,7 +5,7 @@
 
 namespace tolvane::backend {
 
-/// Answers with the agents' page, or a file of it. Throws a Refusal.
+/// Answers with the agent page or one of its files. Throws a Refusal.
 void answerWithPage(const Call &call);
 
 } // namespace tolvane::backend

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t longestName = 200;
 
-// What clients of the contract show.
+// The image types that clients display.
 constexpr std::array<std::string_view, 4> pictureTypes = {"image/png", "image/jpeg", "image/gif",
                                                           "image/webp"};
 
@@ -79,7 +79,7 @@ TicketChange ticketChangeIn(const std::string &body)
     if (const auto assignee = optionalText(object, "assignee"))
         change.assignee = agentNamed(*assignee, "assignee");
     change.isAutomatic = optionalBoolean(object, "automatic");
-    // Whoever assigns a ticket to a human means to answer in it.
+    // Assigning a ticket to a human turns automatic answers off, unless the request says otherwise.
     if (change.assignee && !change.isAutomatic)
         change.isAutomatic = change.assignee == Author::Ai;
     return change;

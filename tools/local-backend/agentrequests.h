@@ -8,11 +8,11 @@
 
 namespace tolvane::backend {
 
-/// Of multipart bodies. Throw a Refusal.
+/// Parse multipart bodies. Throw a Refusal.
 AgentMessage agentMessageIn(const httplib::Request &request, const std::string &body);
 Upload pictureIn(const httplib::Request &request, const std::string &body);
 
-/// Of JSON bodies. Throw a Refusal.
+/// Parse JSON bodies. Throw a Refusal.
 TicketChange ticketChangeIn(const std::string &body);
 HandmadePush pushIn(const std::string &body);
 bool automaticIn(const std::string &body);

@@ -15,13 +15,13 @@ namespace {
 
 constexpr std::string_view prefix = "/agent/api/";
 
-// The largest bodies; that of a message is bounded for all routes alike.
+// The largest bodies, in bytes; that of a message is bounded by the server's limit for all routes.
 constexpr std::size_t nothing = 0;
 constexpr std::size_t text = std::size_t(64) << 10;
 constexpr std::size_t picture = std::size_t(4) << 20;
 constexpr std::size_t message = SIZE_MAX;
 
-// Stands for the settings where the ids of tickets do.
+// Stands for the settings among the ids of changed tickets.
 const std::string settingsId;
 
 template <typename Value>
@@ -130,9 +130,9 @@ void AgentRoutes::pushToDevice(const Call &call) const
     const HandmadePush push = pushIn(call.body);
     const std::string token = found(m_backend.store.caseOf(call.component(1))).deviceToken;
     if (token.empty())
-        throw Refusal(409, "the customer has registered no device for pushes");
+        throw Refusal(409, "the customer has not registered a device for pushes");
     if (!m_backend.pushes.send(token, push))
-        throw Refusal(413, "the push is heavier than push services take");
+        throw Refusal(413, "the push is larger than push services allow");
     call.response.status = 204;
 }
 

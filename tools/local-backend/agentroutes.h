@@ -12,8 +12,8 @@ namespace tolvane::backend {
 struct Backend;
 class HttpServer;
 
-/// The page on which people answer as agents, and what it asks of the backend. It needs no key, but
-/// is there for this machine only.
+/// The agent page, on which people answer as agents, and its API. Needs no key, but is available on
+/// this machine only.
 class AgentRoutes
 {
 public:

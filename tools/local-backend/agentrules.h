@@ -7,9 +7,9 @@
 
 namespace tolvane::backend {
 
-/// Applies to a message with one of the words and none of the words after `unless`. Words are
-/// separated by spaces, in lower case. A closing rule leaves questions alone. Replies may use
-/// inline Markdown and hold "{hours}".
+/// Matches a message that contains one of `words` and none of `unless`, both separated by spaces
+/// and in lower case. A rule that closes the ticket does not match a question. Replies may use
+/// inline Markdown; "{hours}" is replaced by the opening hours.
 struct Rule
 {
     std::string_view words;
@@ -22,7 +22,7 @@ struct Rule
 inline constexpr std::string_view greetings =
     "hi hello hey greetings morning hallo moin servus hola buenas bonjour salut ciao hej";
 
-/// The first that applies is taken.
+/// The first rule that matches is used.
 inline constexpr std::array<Rule, 7> rules = {{
     {.words = "human humans person people agent representative operator colleague"
               " mensch menschen mitarbeiter mitarbeiterin berater beraterin"
@@ -32,7 +32,7 @@ inline constexpr std::array<Rule, 7> rules = {{
      .effect = Effect::HandOver,
      .ai = "Of course. I am handing you over to a colleague, who will be here in a moment.",
      .human = "You are talking to a person already: I am *Maya*, and I stay with you until this "
-              "is awaitFuture."},
+              "is solved."},
     {.words = "thanks thank thx bye goodbye close solved resolved"
               " danke tschüss gelöst gracias adiós merci grazie bedankt tack",
      .unless = "not isn doesn didn hasn haven wasn won cannot but still nicht noch aber pas mais"
@@ -40,38 +40,38 @@ inline constexpr std::array<Rule, 7> rules = {{
      .effect = Effect::Close,
      .ai = "You are welcome! I am closing this conversation; write again whenever you need me, "
            "and it opens again.",
-     .human = "Glad that this is awaitFuture. I am closing our conversation; write again at any "
+     .human = "Glad that this is solved. I am closing our conversation; write again at any "
               "time. Have a good day!"},
     {.words = "refund refunds refunded money return returns rückerstattung reembolso"
               " remboursement",
      .unless = "",
      .ai = "You can return an item within **30 days**. Once it is back with us, the money is on "
-           "its way within *5 working days*, by the way you paid.",
+           "its way within *5 working days*, by your original payment method.",
      .human = "I will look into the refund. Please tell me your *order number* if it is not in "
               "this conversation yet."},
     {.words = "delivery deliver delivered shipping shipment parcel package order tracking"
               " lieferung paket bestellung envío pedido paquete livraison colis commande",
      .unless = "",
-     .ai = "A delivery takes **2 to 4 working days**. The link in the mail that confirms your "
-           "order shows where the parcel is.",
+     .ai = "A delivery takes **2 to 4 working days**. The link in your order confirmation shows "
+           "where the parcel is.",
      .human = "I am asking the carrier where the parcel is and come back to you here."},
     {.words = "password passwords login signin account passwort anmelden konto contraseña cuenta"
               " passe compte",
      .unless = "",
-     .ai = "Choose `Forgot password` where you sign in. The mail with the link is there within "
-           "*a few minutes*; look among the unwanted mails, too.",
+     .ai = "Choose `Forgot password` where you sign in. The mail with the link arrives within "
+           "*a few minutes*; please check your spam folder, too.",
      .human = "I have sent a link for a *new password* to the address of your account."},
     {.words = "hours opening open available schedule weekend öffnungszeiten horario horaires",
      .unless = "",
-     .ai = "Our people are here **{hours}**. I am here around the clock.",
-     .human = "We are here **{hours}**."},
+     .ai = "My colleagues are available **{hours}**. I am available around the clock.",
+     .human = "We are available **{hours}**."},
     {.words = greetings,
      .unless = "",
      .ai = "I am the *assistant* here. What can I do for you?",
      .human = "What can I do for you?"},
 }};
 
-/// For a message that no rule knows.
+/// Used when no rule matches.
 inline constexpr Rule otherwise = {
     .words = "",
     .unless = "",

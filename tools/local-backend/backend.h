@@ -9,10 +9,10 @@
 
 namespace tolvane::backend {
 
-/// All that is behind the routes, each part joined to those that it tells.
+/// The services behind the routes, connected with each other.
 struct Backend
 {
-    /// Throws a StartError for settings that are no good.
+    /// Throws a StartError for invalid settings.
     Backend(Database database, std::chrono::milliseconds replyDelay,
             const std::string &brandingPath = {}, const std::string &schedulesPath = {})
         : store(

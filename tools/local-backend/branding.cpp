@@ -37,7 +37,7 @@ QJsonObject objectIn(std::string_view json)
 {
     const QJsonDocument document = settingsJson(json);
     if (!document.isObject())
-        throw SettingsError("has to be a JSON object of texts");
+        throw SettingsError("has to be a JSON object of strings");
     return document.object();
 }
 
@@ -61,7 +61,7 @@ void check(const QJsonObject &branding)
     }
 }
 
-// Applies to those logos that begin with `from`.
+// Changes only logos that begin with `from`.
 void replaceBeginning(QJsonObject &branding, const QString &from, const QString &to)
 {
     for (const char *appearance : appearances) {
@@ -79,7 +79,7 @@ Branding parseBranding(std::string_view json)
     QJsonObject branding = objectIn(json);
     check(branding);
     const QString updatedAt = QLatin1String(updatedAtKey);
-    // Of the content, so that a client fetches an edited branding anew and no other.
+    // A hash of the content, so that clients fetch the branding again only after it was edited.
     if (!branding.contains(updatedAt))
         branding.insert(updatedAt, QString::fromStdString(sha256Hex(compact(branding))));
     return {compact(branding), settingsText(branding, updatedAt).toStdString()};

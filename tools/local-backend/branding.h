@@ -6,22 +6,23 @@
 
 namespace tolvane::backend {
 
-/// What all customers see. Addresses of logos that begin with a slash are below the base address.
+/// The colours and logos, the same for all customers. A logo's URL that begins with a slash is
+/// relative to the base URL.
 struct Branding
 {
-    /// An object.
+    /// A JSON object.
     std::string json;
-    /// Its field of that name.
+    /// The object's field of the same name.
     std::string updatedAt;
 };
 
-/// Throws a SettingsError. Without an `updatedAt` the branding gets one.
+/// Throws a SettingsError. Adds an `updatedAt` if there is none.
 Branding parseBranding(std::string_view json);
 
-/// As an agent has edited it: with an `updatedAt` of its own. Throws a SettingsError.
+/// Parses a branding that an agent has edited; replaces its `updatedAt`. Throws a SettingsError.
 Branding editedBranding(std::string_view json, const std::string &baseUrl);
 
-/// The object for a client that knows the backend by this base address.
+/// The JSON object with the logos' URLs made absolute for this base URL.
 std::string brandingAt(const std::string &baseUrl, const Branding &branding);
 
 } // namespace tolvane::backend

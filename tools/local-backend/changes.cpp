@@ -9,7 +9,7 @@ namespace tolvane::backend {
 
 namespace {
 
-// Each keeps a worker of the server, as the streams of pushes do.
+// Each stream occupies a worker thread of the server, as push streams do.
 constexpr std::size_t mostStreams = 16;
 
 } // namespace

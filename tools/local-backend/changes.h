@@ -11,7 +11,7 @@ namespace tolvane::backend {
 
 class ChangeStream;
 
-/// Passes on which tickets have changed, to agents who look on. Safe for threads.
+/// Notifies the open agent pages of changed tickets. Thread-safe.
 class Changes
 {
 public:
@@ -24,12 +24,12 @@ private:
     std::set<ChangeStream *> m_streams;
 };
 
-/// What has changed while this one is there. A ticket that changes again before it is taken counts
-/// once.
+/// Collects the tickets that change during its lifetime. A ticket that changes several times before
+/// take() is returned once.
 class ChangeStream
 {
 public:
-    /// Throws a Refusal when too many look on already.
+    /// Throws a Refusal when too many streams are open.
     explicit ChangeStream(Changes &changes);
     ChangeStream(const ChangeStream &) = delete;
     ChangeStream &operator=(const ChangeStream &) = delete;

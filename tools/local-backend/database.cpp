@@ -5,7 +5,7 @@ namespace tolvane::backend {
 
 namespace {
 
-// Text is copied by SQLite: a temporary may be gone by the time the statement runs.
+// SQLite copies text, because a temporary may be destroyed before the statement runs.
 const sqlite3_destructor_type copied = SQLITE_TRANSIENT;
 const sqlite3_destructor_type kept = SQLITE_STATIC;
 
@@ -19,14 +19,14 @@ void check(sqlite3 *connection, int code)
 
 Statement::~Statement()
 {
-    // Both report again what step() has reported already.
+    // Errors are ignored: these calls repeat the error that step() has already thrown.
     sqlite3_reset(m_statement);
     sqlite3_clear_bindings(m_statement);
 }
 
 void Statement::bind(int place, std::string_view text)
 {
-    // An empty view may have no address, which SQLite would take for NULL.
+    // SQLite would bind the null pointer of an empty view as NULL.
     check(connection(), sqlite3_bind_text64(m_statement, place, text.empty() ? "" : text.data(),
                                             text.size(), copied, SQLITE_UTF8));
 }
@@ -101,13 +101,14 @@ sqlite3_stmt *Database::prepare(const char *sql)
 Transaction::Transaction(Database &database)
     : m_database(&database)
 {
-    // Taking the write lock at once keeps two processes from reading and then failing to write.
+    // Takes the write lock at once: otherwise two processes could both read, and one then fail to
+    // write.
     m_database->script("BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction()
 {
-    // Without a transaction, as after an error that ended it, there is nothing left to undo.
+    // Errors are ignored: after some errors SQLite has already rolled back.
     if (m_database)
         sqlite3_exec(m_database->connection(), "ROLLBACK", nullptr, nullptr, nullptr);
 }

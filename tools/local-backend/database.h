@@ -18,13 +18,15 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Bytes that the caller keeps until the statement has run; they may be large and are not copied.
+/// A parameter that is not copied, because it may be large: the caller keeps the bytes until the
+/// statement has run.
 struct Blob
 {
     std::string_view bytes;
 };
 
-/// A prepared statement on loan from the database's cache, free for the next user when it goes.
+/// A prepared statement, borrowed from the database's cache. Its destructor resets it for the next
+/// use.
 class Statement
 {
 public:
@@ -39,10 +41,10 @@ public:
     Statement &operator=(const Statement &) = delete;
     ~Statement();
 
-    /// Whether there is a row.
+    /// Returns whether there is a row.
     bool step();
     std::string text(int column) const;
-    /// Absent for NULL.
+    /// Returns nullopt for NULL.
     std::optional<std::string> optionalText(int column) const;
     std::int64_t number(int column) const { return sqlite3_column_int64(m_statement, column); }
 
@@ -63,20 +65,20 @@ private:
     sqlite3_stmt *m_statement;
 };
 
-/// One connection. Its user serialises the calls.
+/// A connection to SQLite. Not thread-safe: the caller serialises all calls.
 class Database
 {
 public:
     explicit Database(const std::string &path);
 
-    /// `sql` is a literal: statements are kept by its address.
+    /// `sql` must be a string literal: statements are cached by its address.
     template <typename... Values>
     Statement query(const char *sql, const Values &...values)
     {
         return Statement(prepare(sql), values...);
     }
 
-    /// Runs a statement that gives no rows; says how many it changed.
+    /// Runs a statement that returns no rows. Returns the number of changed rows.
     template <typename... Values>
     int run(const char *sql, const Values &...values)
     {
@@ -84,7 +86,7 @@ public:
         return sqlite3_changes(m_connection.get());
     }
 
-    /// Several statements without parameters.
+    /// Runs several statements without parameters.
     void script(const char *sql);
     sqlite3 *connection() const { return m_connection.get(); }
     std::int64_t lastRow() const { return sqlite3_last_insert_rowid(m_connection.get()); }
@@ -105,7 +107,7 @@ private:
     std::unordered_map<const char *, std::unique_ptr<sqlite3_stmt, Finalize>> m_statements;
 };
 
-/// Undone unless committed.
+/// Rolls back on destruction unless committed.
 class Transaction
 {
 public:

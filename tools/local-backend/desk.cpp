@@ -13,10 +13,10 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// A reply that cannot be written, say on a full disk, is tried again after this.
+// The delay before a reply that could not be stored, for instance on a full disk, is tried again.
 constexpr milliseconds retryDelay{1000};
 
-// With nothing owed there is nothing to wait for but news; a day is long enough to wake up for.
+// The wait without a pending reply. wake() ends it; the bound is arbitrary.
 constexpr milliseconds nothingOwed = std::chrono::hours(24);
 
 } // namespace
@@ -51,7 +51,8 @@ void Desk::work(const std::stop_token &stop)
         try {
             pause = serve();
         } catch (const std::exception &error) {
-            std::fprintf(stderr, "tolvane-backend: a reply has to wait: %s\n", error.what());
+            std::fprintf(stderr, "tolvane-backend: a reply failed and will be retried: %s\n",
+                         error.what());
         }
         std::unique_lock lock(m_mutex);
         m_changed.wait_for(lock, stop, pause, [this] { return m_hasChanged; });

@@ -12,24 +12,24 @@
 
 namespace tolvane::backend {
 
-/// Takes in what customers write and has their agents reply in time. Replies that were owed when
-/// the backend ended are given once it runs again.
+/// Stores customers' messages and sends the scripted agents' replies when they are due. Replies
+/// that were pending when the backend stopped are sent after the next start.
 class Desk
 {
 public:
     Desk(Store &store, const LiveSettings &settings, std::chrono::milliseconds replyDelay);
 
     Ticket open(const std::string &customer, const NewTicket &ticket);
-    /// Absent when the customer has no such ticket.
+    /// Returns nullopt when the customer has no such ticket.
     std::optional<Message> post(const std::string &customer, const std::string &ticketId,
                                 const NewMessage &message);
 
-    /// To be told when its agents may answer where they did not before.
+    /// Looks for due replies again. Call it when a change may allow agents to answer.
     void wake();
 
 private:
     void work(const std::stop_token &stop);
-    /// Gives the reply that is due, if any; says how long to wait before the next.
+    /// Sends the due reply, if any. Returns the time to wait for the next one.
     std::chrono::milliseconds serve();
     Settlement settlementOf(const PendingReply &reply) const;
     Instant dueTime() const;
@@ -40,7 +40,7 @@ private:
     std::mutex m_mutex;
     std::condition_variable_any m_changed;
     bool m_hasChanged = false;
-    /// The last member: it stops before the others go.
+    /// The last member, so that the thread stops before the other members are destroyed.
     std::jthread m_worker;
 };
 

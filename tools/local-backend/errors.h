@@ -6,21 +6,21 @@
 
 namespace tolvane::backend {
 
-/// Why the backend cannot start; the text says what is wrong and how to mend it.
+/// The backend cannot start. The text describes the problem and how to fix it.
 class StartError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Why settings are no good; the text goes on from the name of what they came from.
+/// Settings are invalid. The text continues a sentence that begins with their source.
 class SettingsError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// Why a request is turned down; the text is for the developer of the client.
+/// A request is rejected with an HTTP status. The text is meant for the client's developer.
 class Refusal : public std::runtime_error
 {
 public:

@@ -3,7 +3,8 @@
 
 namespace tolvane::backend {
 
-/// Counts what it is told, and wakes whoever polls its descriptor while it has any left.
+/// A counter with a file descriptor (eventfd) that polls as readable while the count is not zero.
+/// Thread-safe.
 class Event
 {
 public:
@@ -14,7 +15,7 @@ public:
 
     int descriptor() const { return m_descriptor; }
     void add() const;
-    /// Whether there was one to take; never two takers for the same one.
+    /// Decrements the count, atomically. Returns false when it was zero.
     bool take() const;
 
 private:

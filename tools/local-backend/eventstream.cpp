@@ -5,7 +5,7 @@ namespace tolvane::backend {
 
 namespace {
 
-// How often a stream without news shows that it is still there.
+// The interval of the comments that a stream without events sends.
 constexpr std::chrono::seconds heartbeat{15};
 
 } // namespace

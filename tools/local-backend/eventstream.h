@@ -9,9 +9,9 @@
 
 namespace tolvane::backend {
 
-/// Answers with server-sent events, until the client has gone or the server shuts down. `writeNews`
-/// is called at first and after each event; it says whether the client takes more, and keeps alive
-/// what `news` belongs to.
+/// Answers with server-sent events until the client disconnects or the server shuts down.
+/// `writeNews` is called at first and after each event; it returns false once the client is gone,
+/// and has to own the object that `news` is part of.
 void answerWithEvents(const Call &call, const HttpServer &server, const Event &news,
                       std::function<bool(httplib::DataSink &)> writeNews);
 

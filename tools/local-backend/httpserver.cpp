@@ -16,22 +16,24 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A connection keeps its worker while it lasts. A client that polls every second keeps a
-// connection; others get a worker soon even when all are taken.
+// A connection occupies a worker during its lifetime; a client that polls every second keeps its
+// connection. New connections get a worker soon even when all are busy: see Workers.
 constexpr std::size_t workerCount = 128;
 constexpr std::chrono::seconds idleTimeout = 10s;
 constexpr std::chrono::seconds transferTimeout = 10s;
 constexpr std::chrono::milliseconds grace = 700ms;
 constexpr int backlog = 256;
 
-// httplib's default shares a port that another backend listens on, instead of failing.
+// By default, httplib sets SO_REUSEPORT and so would share the port of another backend instead of
+// failing.
 void shareNothing(socket_t socket)
 {
     const int yes = 1;
     ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof(yes));
 }
 
-// httplib decodes percent signs in headers, which changes keys and customer ids.
+// Parses the headers again, because httplib percent-decodes them, which changes keys and customer
+// ids.
 httplib::Headers headersOf(std::string_view head)
 {
     httplib::Headers headers;
@@ -56,7 +58,7 @@ void rename(httplib::Headers &headers, const char *from, const char *to)
 
 } // namespace
 
-// When all workers have a connection, each new one asks an idle one to make room.
+// When all workers are occupied, each new connection makes an idle one close.
 class HttpServer::Workers : public httplib::ThreadPool
 {
 public:
@@ -81,7 +83,7 @@ HttpServer::HttpServer()
 {
     set_tcp_nodelay(true);
     set_socket_options(shareNothing);
-    // Both are only what httplib tells the client about the connection.
+    // httplib only uses these for the Keep-Alive header.
     set_keep_alive_timeout(idleTimeout.count());
     set_keep_alive_max_count(1'000'000);
     new_task_queue = [this] {
@@ -93,7 +95,7 @@ HttpServer::HttpServer()
 int HttpServer::bind(const std::string &host, int port)
 {
     const int bound = port == 0 ? bind_to_any_port(host) : bind_to_port(host, port) ? port : -1;
-    // httplib's backlog of five makes a burst of new connections wait for a second.
+    // With httplib's backlog of five, a burst of connections would wait for a second.
     if (bound > 0 && ::listen(svr_sock_, backlog) != 0)
         return -1;
     return bound;
@@ -106,7 +108,7 @@ bool HttpServer::run()
 
 void HttpServer::shutDown()
 {
-    // Before it runs, httplib does not hear that it is to stop.
+    // httplib ignores stop() until it runs.
     m_running.wait();
     m_stop.add();
     stop();
@@ -125,8 +127,8 @@ bool HttpServer::process_and_close_socket(socket_t socket)
     SocketStream stream(socket, transferTimeout);
     bool goesOn = true;
     while (goesOn && awaitRequest(stream)) {
-        // A request whose head is no good, or whose end is known by its body only, may leave bytes
-        // behind that are no request.
+        // A request with a malformed header, or a body of unknown length, may leave bytes in the
+        // stream that do not begin a request: close the connection after it.
         bool endsHere = true;
         bool closed = false;
         stream.recordHead();
@@ -157,7 +159,7 @@ bool HttpServer::awaitRequest(SocketStream &stream) const
     }};
     const auto timeout = static_cast<int>(std::chrono::milliseconds(idleTimeout).count());
     while (::poll(watched.data(), watched.size(), timeout) > 0) {
-        // A request that has arrived is served, whatever else there is.
+        // A request that has arrived is served even during shutdown.
         if (watched[socket].revents != 0)
             return true;
         if (watched[stop].revents != 0 || m_crowd.take())
@@ -180,7 +182,7 @@ HttpServer::Awaited HttpServer::awaitEvent(const Event &event, int connection,
     if (watched[client].revents != 0 || watched[stop].revents != 0)
         return Awaited::End;
     while (event.take()) {
-        // However often it was told, one look suffices.
+        // Several notifications are handled at once.
     }
     return Awaited::News;
 }
@@ -198,8 +200,8 @@ void HttpServer::prepare(httplib::Request &request, const SocketStream &stream, 
     rename(request.headers, "Content-Type", bodyType);
     rename(request.headers, "Content-Encoding", bodyEncoding);
     request.headers.emplace(connectionId, std::to_string(stream.socket()));
-    // On one machine compressing costs more than it saves; httplib would do it at the highest
-    // level.
+    // Disables compression: on one machine it costs more than it saves, and httplib uses the
+    // highest level.
     request.headers.erase("Accept-Encoding");
     if (isLast) {
         request.headers.erase("Connection");

@@ -16,39 +16,38 @@ namespace tolvane::backend {
 
 class SocketStream;
 
-/// Where a request's own Content-Type and Content-Encoding stand for the handlers; no client can
-/// send headers of these names.
+/// The headers in which handlers find the request's Content-Type and Content-Encoding. No client
+/// can send headers with these names.
 inline constexpr const char *bodyType = ":body-type";
 inline constexpr const char *bodyEncoding = ":body-encoding";
-/// Likewise, for awaitEvent().
+/// Likewise for the connection that awaitEvent() takes.
 inline constexpr const char *connectionId = ":connection";
 
-/// httplib's server with its own care for connections: headers come as they were sent, bodies come
-/// raw, answers are not compressed, an idle connection costs no wake-ups, and none of them holds up
-/// the end.
+/// httplib's server with its own handling of connections: headers and bodies arrive unmodified,
+/// responses are not compressed, idle connections cause no wake-ups and do not delay the shutdown.
 class HttpServer : public httplib::Server
 {
 public:
     HttpServer();
 
-    /// The port, or -1 when the address cannot be had. Port 0 picks a free one.
+    /// Returns the port, or -1 when binding fails. Port 0 picks a free port.
     int bind(const std::string &host, int port);
-    /// Serves until shut down. False when it ended for another reason.
+    /// Serves until shutDown(). Returns false when it ends for another reason.
     bool run();
-    /// From another thread than run()'s. Requests in flight are given a moment to finish.
+    /// Must be called on another thread than run(). Waits up to 700 ms for requests in flight.
     void shutDown();
 
     enum class Awaited { News, Timeout, End };
-    /// For an answer that goes on: waits for the event, and takes all of it. The end is there when
-    /// the client has gone or the server shuts down.
+    /// For streaming responses: waits for the event and resets its count to zero. Returns End when
+    /// the client disconnects or the server shuts down.
     Awaited awaitEvent(const Event &event, int connection, std::chrono::milliseconds timeout) const;
 
 private:
     bool process_and_close_socket(socket_t socket) override;
     class Workers;
 
-    /// Whether a request begins before the connection has been idle for too long, or has to make
-    /// room for another.
+    /// Waits for the next request. Returns false when the connection has been idle too long or has
+    /// to yield its worker to another connection.
     bool awaitRequest(SocketStream &stream) const;
     bool isStopping() const;
     void prepare(httplib::Request &request, const SocketStream &stream, std::string head,

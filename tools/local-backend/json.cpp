@@ -14,11 +14,11 @@ struct Agent
 {
     std::string id;
     std::string name;
-    /// Below the base address; empty when there is none.
+    /// Relative to the base URL; empty for an agent without a picture.
     std::string picture;
 };
 
-// Indexed by Author, the customer's place left empty.
+// Indexed by Author. The customer's entry is unused.
 const std::array<Agent, 3> agents = {
     Agent{},
     Agent{"ai-agent", "Tolvane Assistant", ""},
@@ -27,13 +27,13 @@ const std::array<Agent, 3> agents = {
 
 std::string fileAddress(std::string_view path)
 {
-    // The hash, which ends at the only slash, needs no encoding.
+    // The hash ends at the only slash and needs no encoding.
     const auto slash = path.find('/') + 1;
     return "/attachments/" + std::string(path.substr(0, slash)) +
            percentEncoded(path.substr(slash));
 }
 
-// Somebody of the same name is taken for the same agent.
+// Agents with the same name have the same id.
 Agent agentOf(const Person &person)
 {
     constexpr std::size_t enough = 16;

@@ -9,10 +9,10 @@
 
 namespace tolvane::backend {
 
-/// What a record on the wire needs besides what is stored.
+/// Context for rendering records as JSON.
 struct Surroundings
 {
-    /// Like "http://127.0.0.1:8787/api"; the addresses in a record begin with it.
+    /// Like "http://127.0.0.1:8787/api"; URLs in records begin with it.
     std::string baseUrl;
     /// A JSON list, the same for every ticket.
     std::string schedules;
@@ -21,14 +21,14 @@ struct Surroundings
 std::string toJson(const Message &message, const Surroundings &surroundings);
 std::string toJson(const Ticket &ticket, const Surroundings &surroundings);
 std::string toJson(const std::vector<Preview> &previews, const Surroundings &surroundings);
-/// As the agents see them; for their page only.
+/// For the agent page only.
 std::string toJson(const Case &theCase, const Surroundings &surroundings);
 std::string toJson(const std::vector<Case> &cases, const Surroundings &surroundings);
-/// The payload that the host gets.
+/// The payload that the host receives.
 std::string toJson(const Push &push, const Surroundings &surroundings);
 std::string toJson(const std::map<std::string, std::string> &texts);
 
-/// Of a file that is stored as "HASH/NAME".
+/// The URL of a file that is stored as "HASH/NAME".
 std::string attachmentUrl(std::string_view path, const Surroundings &surroundings);
 
 } // namespace tolvane::backend

@@ -9,8 +9,8 @@
 
 namespace tolvane::backend {
 
-/// QJsonDocument's tree costs more than the query behind it for a conversation of thousands of
-/// messages, so that records are written straight into the text.
+/// Writes JSON text directly. For a conversation of thousands of messages, building a QJsonDocument
+/// would take longer than the query.
 class Writer
 {
 public:
@@ -55,7 +55,7 @@ public:
         value(text);
     }
 
-    // A text's address would do for a Boolean, too.
+    // Constrained: a pointer to text would convert to bool.
     void field(std::string_view name, std::same_as<bool> auto value)
     {
         key(name);

@@ -11,12 +11,12 @@ namespace tolvane::backend {
 
 class Store;
 
-/// The settings as they are now: as the agents have saved them, else as the backend was started
-/// with. Safe for threads.
+/// The current settings: those that the agents have saved, else those of the command line.
+/// Thread-safe.
 class LiveSettings
 {
 public:
-    /// A file that is named goes before what was saved. Throws a StartError.
+    /// A file takes precedence over saved settings. Throws a StartError.
     LiveSettings(Store &store, const std::string &brandingPath, const std::string &schedulesPath);
 
     std::shared_ptr<const Settings> now() const;

@@ -21,7 +21,7 @@ using namespace tolvane::backend;
 constexpr int startFailed = 2;
 constexpr int endedEarly = 1;
 
-// Every thread inherits the mask, so that only the thread that waits for them gets the signals.
+// Every thread inherits the mask, so that only the thread in sigwait() receives the signals.
 sigset_t blockEndSignals()
 {
     sigset_t signals;
@@ -40,7 +40,7 @@ bool serveUntilSignal(Server &server, const sigset_t &signals)
         server.shutDown();
     });
     const bool wasShutDown = server.run();
-    // When the server ended by itself the thread still waits.
+    // If the server ended for another reason, the thread still waits for a signal.
     if (!wasShutDown)
         pthread_kill(ender.native_handle(), SIGINT);
     ender.join();

@@ -6,12 +6,12 @@
 
 namespace tolvane::backend {
 
-/// The first columns of each query for messages, with a row for each attachment.
+/// The first columns of each query for messages. Each attachment has its own row.
 #define MESSAGE_COLUMNS                                                                            \
     "m.id, m.author, m.content, m.is_read, m.at, m.person_name, m.person_picture, a.hash, a.name"
 inline constexpr int messageColumns = 9;
 
-/// The message of such a row, without attachments.
+/// The message of such a row, without its attachments.
 Message messageAt(const Statement &row, const std::string &customer, const std::string &ticketId);
 void addAttachmentAt(const Statement &row, Message &message);
 

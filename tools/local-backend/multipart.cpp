@@ -25,14 +25,15 @@ bool canEndBefore(std::string_view rest)
     return behind.empty() || behind.front() == ';';
 }
 
-// A backslash before the last mark of a line belongs to the name: that mark has to end it.
+// A backslash before the last quotation mark of a line is part of the name, because that quotation
+// mark has to end the name.
 bool isEscape(std::string_view text)
 {
     return text.size() > 2 && text[0] == '\\' && (text[1] == '"' || text[1] == '\\');
 }
 
-// A client may put a name between quotation marks as it is, so that one within the name ends it
-// only where the value can end: before a semicolon or the end of the line.
+// Some clients do not escape quotation marks within a name. A quotation mark therefore ends the
+// name only before a semicolon or the end of the line.
 std::string takeQuoted(std::string_view &rest)
 {
     std::string value;
@@ -56,7 +57,7 @@ std::string takeToken(std::string_view &rest)
     return value;
 }
 
-// The parameters of a header's value, behind its first semicolon; their names in lower case.
+// The parameters after the first semicolon of a header's value, with lower-case names.
 std::map<std::string, std::string> parametersOf(std::string_view value)
 {
     std::map<std::string, std::string> parameters;
@@ -88,7 +89,7 @@ std::string boundaryOf(std::string_view contentType)
     return boundary;
 }
 
-// The type comes back as a response's header, where nothing but visible text may stand.
+// The type is returned as a response header, which must contain printable ASCII only.
 std::string soundMimeType(std::string_view type)
 {
     const bool sound =
@@ -101,7 +102,7 @@ void applyHeader(Part &part, std::string_view line)
 {
     const auto colon = line.find(':');
     if (colon == std::string_view::npos)
-        refuse("a line of a part's head has no colon");
+        refuse("a header line of a part has no colon");
     const auto name = trimmed(line.substr(0, colon));
     const auto value = trimmed(line.substr(colon + 1));
     if (equalIgnoringCase(name, "content-type")) {
@@ -117,7 +118,7 @@ Part parsePart(std::string_view text)
 {
     const auto headEnd = text.starts_with(lineEnd) ? 0 : text.find("\r\n\r\n");
     if (headEnd == std::string_view::npos || headEnd > longestHead)
-        refuse("a part's head does not end");
+        refuse("the headers of a part do not end");
     Part part;
     part.mimeType = soundMimeType({});
     std::string_view head = text.substr(0, headEnd);
@@ -140,7 +141,7 @@ std::vector<Part> parseMultipart(std::string_view contentType, std::string_view 
     const std::string delimiter = std::string(lineEnd) + opening;
     std::vector<Part> parts;
     if (!body.starts_with(opening))
-        refuse("it does not begin with the boundary");
+        refuse("the body does not begin with the boundary");
     body.remove_prefix(opening.size());
     while (!body.starts_with("--")) {
         if (!body.starts_with(lineEnd))

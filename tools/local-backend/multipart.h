@@ -13,15 +13,14 @@ struct Part
     std::string name;
     std::string fileName;
     std::string mimeType;
-    /// Points into the body.
+    /// A view of the body.
     std::string_view content;
 };
 
-/// The parts of a multipart/form-data body, in their order. Throws a Refusal that says what is
-/// wrong.
+/// Parses a multipart/form-data body. Throws a Refusal that describes the error.
 ///
-/// httplib has a parser of its own, which turns down a body that ends with its closing delimiter,
-/// and a quotation mark within a file name. Clients send both.
+/// httplib's own parser rejects a body that ends with its closing delimiter, and quotation marks
+/// within file names. Clients send both.
 std::vector<Part> parseMultipart(std::string_view contentType, std::string_view body);
 
 } // namespace tolvane::backend

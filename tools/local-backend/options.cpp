@@ -22,21 +22,19 @@ struct Flag
 };
 
 constexpr Flag flags[] = {
-    {"port", "N", "8787", "Port to listen on, 0 for a free one (8787)."},
+    {"port", "N", "8787", "Port to listen on, 0 for a free port (8787)."},
     {"host", "ADDR", "127.0.0.1",
-     "Address to listen on. Others than loopback open it to the "
-     "network."},
+     "Address to listen on. An address other than loopback opens the backend to the network."},
     {"db", "FILE", "",
-     "Database, :memory: for none that lasts. By default "
+     "Database file, or :memory: to keep nothing. By default "
      "tolvane-backend/backend.sqlite in the user's data folder."},
-    {"seed", "FILE", "",
-     "JSON file of conversations to begin with; their customer gets them once."},
-    {"branding", "FILE", "", "JSON object of the branding's texts, instead of the built-in one."},
-    {"schedules", "FILE", "", "JSON list of schedules, instead of weekdays from 9 to 18."},
+    {"seed", "FILE", "", "JSON file of initial conversations; their customer gets them once."},
+    {"branding", "FILE", "", "JSON file of the branding, instead of the built-in one."},
+    {"schedules", "FILE", "", "JSON file of the schedules, instead of weekdays from 9 to 18."},
     {"key", "KEY", "",
-     "Key that requests have to bring; may be given several times. Without it "
-     "any request is taken."},
-    {"reply-delay", "SECONDS", "1.5", "How long an agent takes to reply (1.5)."},
+     "Key that requests have to present; may be given several times. Without a key "
+     "every request is accepted."},
+    {"reply-delay", "SECONDS", "1.5", "Time that an agent takes to reply (1.5)."},
     {"max-body", "MIB", "64", "Largest request body in MiB (64)."},
 };
 
@@ -65,7 +63,7 @@ double numberOf(const QCommandLineParser &parser, const QString &name, double le
     const QString text = parser.value(name);
     bool valid = false;
     const double number = text.toDouble(&valid);
-    // Written so that what is no number falls through, too.
+    // Negated, so that NaN is rejected too.
     if (!valid || !(number >= least && number <= most)) {
         refuse(u"--%1 takes a number from %2 to %3, not '%4'"_s.arg(name).arg(least).arg(most).arg(
             text));
@@ -86,7 +84,7 @@ std::string defaultDatabasePath()
 {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     if (data.isEmpty())
-        refuse(u"there is no data folder for this user; name a file with --db"_s);
+        refuse(u"this user has no data folder; name a file with --db"_s);
     return (data + u"/tolvane-backend/backend.sqlite"_s).toStdString();
 }
 
@@ -94,11 +92,11 @@ std::vector<std::string> keysOf(const QCommandLineParser &parser)
 {
     std::vector<std::string> keys;
     for (const QString &key : parser.values(u"key"_s)) {
-        // The flag's empty default comes as a value, too.
+        // values() contains the empty default when the option is not set.
         if (!key.trimmed().isEmpty())
             keys.push_back(key.trimmed().toStdString());
         else if (parser.isSet(u"key"_s))
-            refuse(u"--key takes a key that is not empty"_s);
+            refuse(u"--key must not be empty"_s);
     }
     return keys;
 }
@@ -120,7 +118,7 @@ Options parseOptions(const QStringList &arguments)
     if (!options.textToPrint.empty())
         return options;
     if (!parser.positionalArguments().isEmpty())
-        refuse(u"'%1' is no flag"_s.arg(parser.positionalArguments().constFirst()));
+        refuse(u"unexpected argument '%1'"_s.arg(parser.positionalArguments().constFirst()));
 
     options.host = parser.value(u"host"_s).toStdString();
     options.port = wholeNumberOf(parser, u"port"_s, 0, 65535);

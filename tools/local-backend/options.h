@@ -20,11 +20,11 @@ struct Options
     std::vector<std::string> keys;
     std::chrono::milliseconds replyDelay{0};
     std::size_t maxBody = 0;
-    /// Not empty when this text is all that was asked for.
+    /// The help or version text. If not empty, the program prints it and exits.
     std::string textToPrint;
 };
 
-/// Throws a StartError for a flag that is no good. Needs the application object.
+/// Throws a StartError for an invalid option. Needs the application object.
 Options parseOptions(const QStringList &arguments);
 
 } // namespace tolvane::backend

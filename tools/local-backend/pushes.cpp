@@ -14,7 +14,7 @@ constexpr std::size_t longestBacklog = 100;
 constexpr std::size_t mostDevices = 256;
 constexpr std::size_t heaviest = 16'384;
 
-// A stream keeps a worker of the server; most of them have to be left for requests.
+// Each stream occupies a worker thread of the server; most of them must stay free for requests.
 constexpr std::size_t mostStreams = 32;
 
 std::size_t weightOf(const Message &message)
@@ -37,8 +37,8 @@ std::size_t weightOf(const HandmadePush &push)
 
 } // namespace
 
-// A host that comes back to a backend that was started anew knows the numbers of the one before:
-// they go on from the time, which is ahead of any count.
+// Hosts remember numbers across restarts of the backend, so that numbers must increase from one run
+// to the next: they start at the current time in milliseconds, which is ahead of any count.
 Pushes::Pushes()
     : m_lastNumber(static_cast<std::uint64_t>(now()))
 {
@@ -69,8 +69,8 @@ Pushes::Device &Pushes::deviceOf(const std::string &token)
     return m_devices[token];
 }
 
-// Streams are fewer than devices, so that one of those that nobody listens for can go: the one with
-// the oldest news, which is 0 where there are none.
+// Removes the device with the oldest push among those without a stream. There is one, because fewer
+// streams than devices are allowed.
 void Pushes::makeRoom()
 {
     const auto rank = [](const auto &entry) {
@@ -89,11 +89,11 @@ PushStream::PushStream(Pushes &pushes, std::string token, std::optional<std::uin
 {
     const std::lock_guard lock(m_pushes.m_mutex);
     if (m_pushes.m_streamCount >= mostStreams)
-        throw Refusal(503, "too many listen for pushes");
+        throw Refusal(503, "too many push streams are open");
     ++m_pushes.m_streamCount;
     Pushes::Device &device = m_pushes.deviceOf(m_token);
     device.streams.insert(this);
-    // A number that is yet to come would hide what comes until then.
+    // With a number from the future, the stream would skip all pushes up to it.
     m_last = std::min(last.value_or(device.delivered), m_pushes.m_lastNumber);
 }
 

@@ -20,14 +20,14 @@ struct NumberedPush
     Push push;
 };
 
-/// Stands in for the platform's push service: keeps what is pushed to a device until a host that
-/// listens for the device has it, and a little longer. Safe for threads.
+/// Replaces the platform's push service: keeps the newest pushes of each device for the hosts that
+/// listen. Thread-safe.
 class Pushes
 {
 public:
     Pushes();
 
-    /// False for what is too heavy, which is dropped, as push services do.
+    /// Returns false for a push that is too large, and drops it like a push service.
     bool send(const std::string &token, Push push);
 
 private:
@@ -36,7 +36,7 @@ private:
     struct Device
     {
         std::deque<NumberedPush> backlog;
-        /// The last that any stream got.
+        /// The number of the last push that any stream has confirmed.
         std::uint64_t delivered = 0;
         std::set<PushStream *> streams;
     };
@@ -50,20 +50,20 @@ private:
     std::uint64_t m_lastNumber;
 };
 
-/// What one host hears of a device's pushes, for as long as it listens.
+/// A host's connection to the pushes of a device.
 class PushStream
 {
 public:
-    /// Begins behind the push of the number; without one, with what no stream has got so far.
-    /// Throws a Refusal when too many listen already.
+    /// Begins after the push with the number `last`; without it, after the last push that any
+    /// stream has confirmed. Throws a Refusal when too many streams are open.
     PushStream(Pushes &pushes, std::string token, std::optional<std::uint64_t> last);
     PushStream(const PushStream &) = delete;
     PushStream &operator=(const PushStream &) = delete;
     ~PushStream();
 
-    /// Told of each new push.
+    /// Released once for each new push.
     const Event &news() const { return m_news; }
-    /// The first that is not confirmed.
+    /// The first push that is not confirmed.
     std::optional<NumberedPush> next() const;
     void confirm(std::uint64_t number);
 

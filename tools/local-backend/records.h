@@ -17,13 +17,13 @@ using Instant = std::int64_t;
 enum class Author { Customer, Ai, Human };
 enum class State { Open, Closed };
 
-/// The name on the wire, which is also the one in the database.
+/// The name in JSON and in the database.
 std::string_view nameOf(Author author);
 std::string_view nameOf(State state);
 Author authorNamed(std::string_view name);
 State stateNamed(std::string_view name);
 
-/// What became known of a customer; what is absent stays as it is.
+/// New data of a customer. Fields without a value stay unchanged.
 struct CustomerUpdate
 {
     std::optional<std::string> email;
@@ -51,12 +51,12 @@ struct NewTicket
     NewMessage message;
 };
 
-/// An agent who writes by their own hand, in place of the scripted one.
+/// A person who answers as a human agent, in place of the scripted one.
 struct Person
 {
-    /// May be empty, for an agent without a name.
+    /// May be empty.
     std::string name;
-    /// "HASH/NAME" as of an attachment, or empty.
+    /// "HASH/NAME" like an attachment, or empty.
     std::string picture;
 };
 
@@ -64,14 +64,14 @@ struct Message
 {
     std::string id;
     std::string ticketId;
-    /// Empty for an agent, whose identity is that of `person`, else follows from `author`.
+    /// Empty for agents: their identity is `person`, or follows from `author`.
     std::string customerId;
     Author author = Author::Customer;
     std::optional<Person> person;
     std::string content;
     bool isRead = false;
     Instant at = 0;
-    /// Each "HASH/NAME", below the route of the attachments.
+    /// "HASH/NAME" each, relative to the route of the attachments.
     std::vector<std::string> attachments;
 };
 
@@ -90,12 +90,12 @@ struct Preview
     Message lastMessage;
 };
 
-/// A ticket as the agents see it.
+/// A ticket with the fields that agents need.
 struct Case
 {
-    /// In a list of cases, with its newest message only.
+    /// In lists, with the newest message only.
     Ticket ticket;
-    /// Whether the scripted agents answer in it.
+    /// Whether the scripted agents answer in the ticket.
     bool isAutomatic = true;
     std::string customerId;
     std::string email;
@@ -113,7 +113,7 @@ struct AgentMessage
     NewMessage message;
 };
 
-/// What an agent does to a ticket; what is absent stays as it is.
+/// An agent's change of a ticket. Fields without a value stay unchanged.
 struct TicketChange
 {
     std::optional<State> state;
@@ -121,13 +121,14 @@ struct TicketChange
     std::optional<bool> isAutomatic;
 };
 
-/// A payload of an agent's own making, a JSON object on one line.
+/// A payload that an agent has written: a JSON object on one line.
 struct HandmadePush
 {
     std::string payload;
 };
 
-/// What a customer's device is told: a message of an agent's, or a ticket whose state has changed.
+/// A push for a customer's device: an agent's message, a ticket whose state has changed, or a
+/// payload that an agent has written.
 using Push = std::variant<Message, Preview, HandmadePush>;
 
 struct StoredFile

@@ -44,7 +44,7 @@ Form formIn(const httplib::Request &request, const std::string &body)
         if (part.name == "attachments[]")
             form.uploads.push_back({part.fileName, part.mimeType, std::string(part.content)});
         else if (!form.texts.emplace(part.name, textOf(part)).second)
-            throw Refusal(400, "the part '" + part.name + "' is there twice");
+            throw Refusal(400, "the part '" + part.name + "' occurs twice");
     }
     return form;
 }
@@ -73,7 +73,7 @@ std::optional<std::string> optionalText(const QJsonObject &object, const char *k
     if (value.isUndefined() || value.isNull())
         return std::nullopt;
     if (!value.isString())
-        throw Refusal(400, std::string("'") + key + "' has to be a text");
+        throw Refusal(400, std::string("'") + key + "' has to be a string");
     return value.toString().toStdString();
 }
 
@@ -85,7 +85,7 @@ std::string customerOf(const httplib::Request &request)
         return newId();
     if (id.size() > longest || !std::all_of(id.begin(), id.end(), isVisible))
         throw Refusal(400,
-                      std::string(customerHeader) + " takes up to 128 visible ASCII characters");
+                      std::string(customerHeader) + " allows up to 128 visible ASCII characters");
     return id;
 }
 

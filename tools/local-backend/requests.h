@@ -12,35 +12,36 @@ namespace tolvane::backend {
 
 inline constexpr const char *customerHeader = "X-Tolvane-Customer";
 
-/// The customer that the request names, or a new one. Throws a Refusal for an id that is no good.
+/// The request's customer id, or a new one. Throws a Refusal for an invalid id.
 std::string customerOf(const httplib::Request &request);
 
-/// The text of the query's item, which may lack a value; absent when there is no such item.
+/// The decoded value of a query item, empty for an item without a value. Returns nullopt when there
+/// is no such item.
 std::optional<std::string> queryItem(const httplib::Request &request, std::string_view name);
 
-/// The number of the last push that the client has; absent when it tells none.
+/// The number in the Last-Event-ID header: the last push that the client has received.
 std::optional<std::uint64_t> lastPushOf(const httplib::Request &request);
 
-/// The "Host" header when it can stand in an address, else the other one.
+/// The Host header, or `otherwise` when the header is missing or not valid in a URL.
 std::string hostOf(const httplib::Request &request, const std::string &otherwise);
 
-/// Like "http://127.0.0.1:8787/api", of a host like "127.0.0.1:8787".
+/// Returns "http://127.0.0.1:8787/api" for the host "127.0.0.1:8787".
 std::string baseUrlOn(const std::string &host);
 
-/// The body's texts by their names, and its files in their order.
+/// A multipart form: the texts by name, and the files in order.
 struct Form
 {
     std::map<std::string, std::string> texts;
     std::vector<Upload> uploads;
 };
 
-/// Of multipart bodies. Throw a Refusal.
+/// Parse multipart bodies. Throw a Refusal.
 Form formIn(const httplib::Request &request, const std::string &body);
 NewMessage messageIn(Form form);
 NewTicket newTicketIn(const httplib::Request &request, const std::string &body);
 NewMessage newMessageIn(const httplib::Request &request, const std::string &body);
 
-/// Of JSON bodies. Throw a Refusal.
+/// Parse JSON bodies. Throw a Refusal.
 QJsonObject objectIn(const std::string &body);
 std::optional<std::string> optionalText(const QJsonObject &object, const char *key);
 CustomerUpdate customerUpdateIn(const std::string &body);

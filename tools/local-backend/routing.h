@@ -10,10 +10,10 @@
 
 namespace tolvane::backend {
 
-/// The components of an address, still encoded.
+/// The percent-encoded components of a URL path.
 using Path = std::vector<std::string_view>;
 
-/// A request on its way to the one who answers it.
+/// A request and its response, with the data that handlers need.
 struct Call
 {
     const httplib::Request &request;
@@ -28,16 +28,17 @@ struct Call
 
 void setError(httplib::Response &response, int status, const std::string &reason);
 
-/// The address without its query, encoded.
+/// The percent-encoded path of the URL, without the query.
 std::string_view addressOf(const httplib::Request &request);
-/// What is behind the prefix; nothing when the address does not begin with it.
+/// The components after the prefix; empty when the path does not begin with it.
 Path pathBehind(std::string_view prefix, const httplib::Request &request);
-/// "*" in a pattern stands for any one component that is not empty.
+/// A "*" in a pattern matches any single component that is not empty.
 bool matches(const Path &path, std::string_view pattern);
-/// HEAD is GET whose body httplib keeps back.
+/// Returns GET for HEAD, because httplib drops the body of its response.
 std::string_view methodOf(const httplib::Request &request);
 
-/// The first that matches the call, of records with `method` and `pattern`. Throws a Refusal.
+/// The first route that matches the request. Routes have a `method` and a `pattern`. Throws a
+/// Refusal.
 template <typename Routes>
 const auto &routeOf(const Routes &routes, const Call &call)
 {
@@ -50,9 +51,9 @@ const auto &routeOf(const Routes &routes, const Call &call)
         allowed += (allowed.empty() ? "" : ", ") + std::string(route.method);
     }
     if (allowed.empty())
-        throw Refusal(404, "there is no such address");
+        throw Refusal(404, "there is no such path");
     call.response.set_header("Allow", allowed);
-    throw Refusal(405, "the address does not take " + call.request.method);
+    throw Refusal(405, "the path does not support " + call.request.method);
 }
 
 } // namespace tolvane::backend

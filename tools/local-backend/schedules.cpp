@@ -51,7 +51,8 @@ Schedules parseSchedules(std::string_view json)
     for (const QJsonValue value : document.array()) {
         const QJsonObject schedule = value.toObject();
         settingsText(schedule, u"id"_s);
-        // One by one, so that of several faults the first is told.
+        // Separate statements, because the order of evaluation of arguments is unspecified: the
+        // first error is reported.
         const QString days = daysOf(schedule);
         const QString start = clockTime(schedule, u"startTime"_s);
         const QString end = clockTime(schedule, u"endTime"_s);

@@ -6,12 +6,12 @@
 
 namespace tolvane::backend {
 
-/// When people are there to answer.
+/// The opening hours of human agents.
 struct Schedules
 {
-    /// A list, the same for every ticket.
+    /// A JSON list.
     std::string json;
-    /// The same for people, like "Mon, Tue 09:00-18:00".
+    /// As text, like "Mon, Tue 09:00-18:00".
     std::string openingHours;
 };
 

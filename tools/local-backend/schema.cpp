@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::int64_t applicationId = 0x544F4C56;
 
-// A ticket's `last` is its newest message; the list of tickets is ordered by it and joined with it.
+// A ticket's `last` is the `seq` of its newest message, by which lists of tickets are ordered.
 constexpr const char *first = R"(
 CREATE TABLE customers (
     id TEXT PRIMARY KEY,
@@ -70,8 +70,8 @@ PRAGMA application_id = 0x544F4C56;
 PRAGMA user_version = 1;
 )";
 
-// What people at the agent page do: they write in their own name, which is NULL for the scripted
-// agents, and keep those out of a ticket.
+// For the agent page: the name and picture of a human agent, NULL for the scripted agents, and the
+// switch for automatic answers.
 constexpr const char *agentPage = R"(
 ALTER TABLE tickets ADD COLUMN automatic INTEGER NOT NULL DEFAULT 1;
 ALTER TABLE messages ADD COLUMN person_name TEXT;
@@ -89,7 +89,7 @@ CREATE TABLE settings (
 PRAGMA user_version = 2;
 )";
 
-// Each brings a database of the version that is its index to the next one.
+// The script at index N migrates a database from version N to version N + 1.
 constexpr std::array steps = {first, agentPage};
 constexpr auto version = static_cast<std::int64_t>(steps.size());
 
@@ -98,8 +98,9 @@ std::string mend(const std::string &path)
     return "; move '" + path + "' away or name another file with --db";
 }
 
-// What customers write is theirs: the file is made for its owner only before SQLite fills it, and
-// its journals inherit that. A folder that is there already keeps the rights it has.
+// Messages are private: the file is created before SQLite opens it, with permissions for its owner
+// only, which SQLite's journal files inherit. The permissions of an existing folder stay as they
+// are.
 void makeFile(const std::string &path)
 {
     std::error_code error;
@@ -109,7 +110,7 @@ void makeFile(const std::string &path)
         if (!error)
             std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
         if (error)
-            throw StartError("the folder '" + folder.string() + "' cannot be made (" +
+            throw StartError("the folder '" + folder.string() + "' cannot be created (" +
                              error.message() + "); name a file elsewhere with --db");
     }
     const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
@@ -134,7 +135,8 @@ bool isEmpty(Database &database)
 
 void bringUpToDate(Database &database)
 {
-    // Another backend may be starting on the same file: the second one finds the steps made.
+    // The version is read inside the transaction, because another backend may be migrating the same
+    // file.
     Transaction transaction(database);
     for (auto at = number(database, "PRAGMA user_version"); at < version; ++at)
         database.script(steps.at(static_cast<std::size_t>(at)));
@@ -146,14 +148,14 @@ void refuseForeign(Database &database, const std::string &path)
     if (!isEmpty(database) && number(database, "PRAGMA application_id") != applicationId)
         throw StartError("'" + path + "' is another program's database" + mend(path));
     if (number(database, "PRAGMA user_version") > version)
-        throw StartError("'" + path + "' was made by a newer tolvane-backend" + mend(path));
+        throw StartError("'" + path + "' was created by a newer tolvane-backend" + mend(path));
 }
 
 void refuseDamaged(Database &database)
 {
     Statement check = database.query("PRAGMA quick_check(1)");
     if (!check.step() || check.text(0) != "ok")
-        throw DatabaseError("its pages do not fit together");
+        throw DatabaseError("it is damaged");
 }
 
 } // namespace

@@ -7,8 +7,8 @@ namespace tolvane::backend {
 
 inline constexpr const char *inMemory = ":memory:";
 
-/// Opens the database, which is made when it is not there. Throws a StartError when the file is
-/// another program's, damaged, newer than this backend, or cannot be written.
+/// Opens the database, and creates it if necessary. Throws a StartError when the file belongs to
+/// another program, is damaged, is newer than this backend, or cannot be written.
 Database openDatabase(const std::string &path);
 
 } // namespace tolvane::backend

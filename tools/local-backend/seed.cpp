@@ -10,7 +10,7 @@ namespace tolvane::backend {
 
 namespace {
 
-/// A message and the ticket that it goes to.
+/// A message and its ticket.
 struct Entry
 {
     const SeededMessage *message;
@@ -31,7 +31,7 @@ Author assigneeOf(const SeededConversation &conversation)
     return agent == conversation.messages.rend() ? Author::Ai : agent->author;
 }
 
-/// Returns the hash, under which the bytes are kept.
+/// Returns the hash that is the key of the bytes.
 std::string plantFile(const Upload &file, Database &database)
 {
     std::string hash = sha256Hex(file.bytes);
@@ -82,7 +82,8 @@ void plantMessage(const Entry &entry, Instant now, Database &database)
     }
 }
 
-/// Oldest first: the order of the rows is that of the messages of all tickets.
+/// Returns the messages of all tickets, oldest first: rows must be inserted in this order, because
+/// it determines the order of the tickets.
 std::vector<Entry> plantTickets(const Seed &seed, Database &database)
 {
     std::vector<Entry> entries;

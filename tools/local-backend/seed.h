@@ -7,9 +7,9 @@
 
 namespace tolvane::backend {
 
-/// Writes the conversations of a seed (see readSeed()) into the database, as if they had taken
-/// place. A customer who has conversations already keeps them as they are. Throws a StartError for
-/// a file that is no good, which leaves the database untouched.
+/// Adds the conversations of a seed (see readSeed()) to the database, unless the customer has
+/// conversations already. Throws a StartError for an invalid file; the database then stays
+/// unchanged.
 void plantSeed(const std::string &path, Database &database);
 
 } // namespace tolvane::backend

@@ -20,12 +20,12 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr double longestAgo = 10.0 * 366 * 24 * 60;
-constexpr double longestWait = 3600;
+constexpr double maxMinutesAgo = 10.0 * 366 * 24 * 60;
+constexpr double maxSecondsUntilAnswer = 3600;
 
 using People = std::map<QString, Person>;
 
-/// A value of the file, which knows where it stands.
+/// A JSON value with its position in the file, for error messages.
 class Node
 {
 public:
@@ -42,19 +42,19 @@ public:
         throw SettingsError(text.toStdString());
     }
 
-    /// Of an object that has no other fields than these.
+    /// Requires an object with no other fields than these.
     const Node &withFields(const QStringList &fields) const
     {
         if (!m_value.isObject())
             refuse(u"needs an object"_s);
         for (const QString &key : keys()) {
             if (!fields.contains(key))
-                refuse(u"knows no field '%1'; there are %2"_s.arg(key, fields.join(u", "_s)));
+                refuse(u"unknown field '%1'; the fields are %2"_s.arg(key, fields.join(u", "_s)));
         }
         return *this;
     }
 
-    /// Of an object; none when it is absent.
+    /// The keys of an object; empty when the value is missing.
     QStringList keys() const
     {
         if (!m_value.isObject() && !m_value.isUndefined())
@@ -69,7 +69,7 @@ public:
                 m_place.isEmpty() ? key : m_place + u'.' + key};
     }
 
-    /// Nothing when the field is absent.
+    /// The elements of a list; empty when the field is missing.
     std::vector<Node> list(const QString &key) const
     {
         const Node node = at(key);
@@ -84,7 +84,7 @@ public:
     QString text() const
     {
         if (!m_value.isString() || m_value.toString().isEmpty())
-            refuse(u"needs a text"_s);
+            refuse(u"needs a string"_s);
         return m_value.toString();
     }
 
@@ -103,7 +103,7 @@ public:
         return m_value.toBool();
     }
 
-    /// The picture that the text names.
+    /// Reads the picture whose path is the value.
     Upload picture() const
     {
         QFile file(m_folder->filePath(text()));
@@ -112,13 +112,13 @@ public:
         const QByteArray bytes = file.readAll();
         const QString type = QMimeDatabase().mimeTypeForData(bytes).name();
         if (!type.startsWith("image/"_L1))
-            refuse(u"'%1' is no picture"_s.arg(text()));
+            refuse(u"'%1' is not a picture"_s.arg(text()));
         return {safeFileName(QFileInfo(file).fileName().toStdString()), type.toStdString(),
                 bytes.toStdString()};
     }
 
 private:
-    /// What files are named as seen from.
+    /// The base of relative file paths.
     const QDir *m_folder;
     QJsonValue m_value;
     QString m_place;
@@ -159,10 +159,10 @@ SeededMessage readMessage(const Node &node, const People &people)
     node.withFields({u"from"_s, u"minutesAgo"_s, u"text"_s, u"unread"_s, u"attachments"_s});
     SeededMessage message;
     readSender(node.at(u"from"_s), people, message);
-    message.minutesAgo = node.at(u"minutesAgo"_s).number(longestAgo);
+    message.minutesAgo = node.at(u"minutesAgo"_s).number(maxMinutesAgo);
     message.isUnread = node.has(u"unread"_s) && node.at(u"unread"_s).flag();
     if (message.isUnread && message.author == Author::Customer)
-        node.refuse(u"the customer has read what they wrote themselves"_s);
+        node.refuse(u"the customer's own messages cannot be unread"_s);
     for (const Node &attachment : node.list(u"attachments"_s))
         message.attachments.push_back(attachment.picture());
     if (node.has(u"text"_s) || message.attachments.empty())
@@ -184,13 +184,13 @@ SeededConversation readConversation(const Node &node, const People &people)
         const auto &messages = conversation.messages;
         if (messages.size() > 1 &&
             messages.back().minutesAgo > messages[messages.size() - 2].minutesAgo)
-            message.refuse(u"is older than the one before"_s);
+            message.refuse(u"is older than the message before"_s);
     }
     if (conversation.messages.empty())
         node.refuse(u"needs messages"_s);
     if (node.has(u"secondsUntilAnswer"_s)) {
         const Node answer = node.at(u"secondsUntilAnswer"_s);
-        conversation.secondsUntilAnswer = answer.number(longestWait);
+        conversation.secondsUntilAnswer = answer.number(maxSecondsUntilAnswer);
         if (conversation.messages.back().author != Author::Customer)
             answer.refuse(u"the last message is not the customer's"_s);
     }

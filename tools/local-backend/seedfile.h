@@ -9,7 +9,7 @@
 
 namespace tolvane::backend {
 
-/// A message as it was written some time ago.
+/// A message of the past.
 struct SeededMessage
 {
     Author author = Author::Customer;
@@ -24,21 +24,21 @@ struct SeededConversation
 {
     State state = State::Open;
     std::vector<SeededMessage> messages;
-    /// When the last message, which is the customer's, is answered; absent when nothing is owed.
+    /// The delay of the answer to the last message, if one is pending.
     std::optional<double> secondsUntilAnswer;
 };
 
 struct Seed
 {
     std::string customer;
-    /// Empty when the customer has none.
+    /// Empty when the customer has no device.
     std::string deviceToken;
-    /// The people's, and those that stand in no message.
+    /// The pictures of the people, and pictures that are not attached to a message.
     std::vector<Upload> pictures;
     std::vector<SeededConversation> conversations;
 };
 
-/// The content of a seed, a JSON file like
+/// Parses a seed, a JSON file like
 ///
 ///     {
 ///       "customer": "01kb5j7hq2r5v8z1d4g6k9m3pt",
@@ -60,8 +60,8 @@ struct Seed
 ///       ]
 ///     }
 ///
-/// A message is from "customer", "ai" or one of the people. Files are named as seen from the seed's
-/// folder. Throws a StartError that names the file, the place in it and what is wrong.
+/// A message is from "customer", "ai" or one of the people. File paths are relative to the seed's
+/// folder. Throws a StartError with the file, the position in it and the reason.
 Seed readSeed(const std::string &path);
 
 } // namespace tolvane::backend

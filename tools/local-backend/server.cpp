@@ -17,8 +17,8 @@ constexpr const char *forever = "public, max-age=31536000, immutable";
 
 } // namespace
 
-// Addresses that stand in messages are fetched without a key, and by nobody in particular; a device
-// may be any customer's.
+// Clients load URLs in messages without a key and without a customer id. A device's pushes need no
+// customer id either, because a device may belong to any customer.
 enum class Access { Public, Key, Customer };
 
 struct Server::Route
@@ -56,8 +56,8 @@ void Server::bind()
     if (m_port <= 0)
         throw StartError("cannot listen on " + m_setup.host + " port " +
                          std::to_string(m_setup.port) +
-                         ": another program has it, or the address is not this machine's; choose "
-                         "another --port (0 picks a free one) or --host");
+                         ": another program uses it, or the address does not belong to this "
+                         "machine; choose another --port (0 picks a free port) or --host");
 }
 
 std::string Server::baseUrl() const
@@ -71,8 +71,8 @@ std::string Server::authority() const
     return (isV6 ? '[' + m_setup.host + ']' : m_setup.host) + ':' + std::to_string(m_port);
 }
 
-// httplib's own routing matches with regular expressions and reads a body without a bound, so that
-// one handler takes every request and routes it here.
+// Handles all requests itself, because httplib's routing matches with regular expressions and reads
+// bodies of any size into memory.
 void Server::installHandlers()
 {
     constexpr const char *everything = R"([\s\S]*)";
@@ -83,7 +83,8 @@ void Server::installHandlers()
                                  const httplib::ContentReader &reader) {
         std::string body;
         bool fits = true;
-        // What is too much is read and dropped: a client hears the answer once it has sent it all.
+        // The rest of a body that is too large is read and dropped: clients read the response only
+        // after they have sent the whole body.
         const bool complete = reader([&](const char *data, std::size_t size) {
             fits = fits && body.size() + size <= m_setup.maxBody;
             if (fits)
@@ -91,9 +92,9 @@ void Server::installHandlers()
             return true;
         });
         if (!complete)
-            setError(response, 400, "the body is cut short");
+            setError(response, 400, "the body is incomplete");
         else if (request.has_header(bodyEncoding))
-            setError(response, 415, "the body has to come without a Content-Encoding");
+            setError(response, 415, "Content-Encoding is not supported");
         else if (!fits)
             setError(response, 413, "the body is too large");
         else
@@ -153,7 +154,7 @@ void Server::authorise(const httplib::Request &request) const
     for (const std::string &candidate : m_setup.keys)
         known |= isBearer && equalInConstantTime(key, candidate);
     if (!known)
-        throw Refusal(401, "the Authorization header has to hold a known bearer key");
+        throw Refusal(401, "the Authorization header has to contain a known bearer key");
 }
 
 Surroundings Server::surroundings(const httplib::Request &request) const
@@ -221,7 +222,7 @@ void Server::getAttachment(Call &call) const
     call.response.set_header("ETag", tag);
     call.response.set_header("Cache-Control", forever);
     call.response.set_header("X-Content-Type-Options", "nosniff");
-    // A page that a customer uploads must not act in a browser as one of this origin.
+    // An HTML page that a customer uploads must not run with this origin's access in a browser.
     call.response.set_header("Content-Security-Policy", "sandbox; default-src 'none'");
     const std::string known = call.request.get_header_value("If-None-Match");
     if (known == "*" || known.find(tag) != std::string::npos)

@@ -27,11 +27,12 @@ public:
 
     Server(Setup setup, Backend &backend);
 
-    /// Throws a StartError when the address cannot be had. Requests wait from then on.
+    /// Listens, so that requests wait for run(). Throws a StartError when the address is in use or
+    /// not available.
     void bind();
     /// Like "http://127.0.0.1:8787/api".
     std::string baseUrl() const;
-    /// Serves until shut down from another thread.
+    /// Serves until another thread calls shutDown(). Returns false when it ends for another reason.
     bool run() { return m_http.run(); }
     void shutDown() { m_http.shutDown(); }
 

@@ -3,7 +3,7 @@
 
 #include "settingsjson.h"
 
-// At namespace scope, as the macro asks for.
+// Q_INIT_RESOURCE must be used outside of namespaces.
 static void initializeAssets()
 {
     Q_INIT_RESOURCE(tolvane_backend_assets);

@@ -8,21 +8,21 @@
 
 namespace tolvane::backend {
 
-/// What is the same for all customers.
+/// The settings that apply to all customers.
 struct Settings
 {
     Branding branding;
     Schedules schedules;
-    /// Whether the scripted agents answer at all.
+    /// Whether the scripted agents answer.
     bool answersAutomatically = true;
     /// The bytes of the scripted human agent's picture, a PNG.
     std::string portrait;
 };
 
-/// An empty path takes what is built in. Throws a StartError that names the file and what is wrong.
+/// Loads the built-in settings for an empty path. Throws a StartError with the file and the reason.
 Settings loadSettings(const std::string &brandingPath, const std::string &schedulesPath);
 
-/// A file of the build, below ":/tolvane-backend/".
+/// Returns the content of a resource below ":/tolvane-backend/".
 std::string asset(const std::string &name);
 
 } // namespace tolvane::backend

@@ -12,7 +12,7 @@ std::string contentOf(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw SettingsError("cannot be read (" + file.errorString().toStdString() +
-                            "); check its name and rights");
+                            "); check its name and permissions");
     return file.readAll().toStdString();
 }
 
@@ -23,7 +23,7 @@ QJsonDocument settingsJson(std::string_view text)
         QByteArray(text.data(), static_cast<qsizetype>(text.size())), &error);
     if (error.error != QJsonParseError::NoError) {
         const QString reason =
-            u"is no JSON: %1 at byte %2"_s.arg(error.errorString()).arg(error.offset);
+            u"is not valid JSON: %1 at byte %2"_s.arg(error.errorString()).arg(error.offset);
         throw SettingsError(reason.toStdString());
     }
     return document;
@@ -33,7 +33,7 @@ QString settingsText(const QJsonObject &object, const QString &key)
 {
     const QJsonValue value = object.value(key);
     if (!value.isString() || value.toString().isEmpty())
-        throw SettingsError("needs the text '" + key.toStdString() + '\'');
+        throw SettingsError("needs the string '" + key.toStdString() + '\'');
     return value.toString();
 }
 

@@ -11,11 +11,11 @@
 
 namespace tolvane::backend {
 
-/// Throws a SettingsError for a file that cannot be read.
+/// Reads a file. Throws a SettingsError when that fails.
 std::string contentOf(const QString &path);
 
-/// What `parse` makes of the content of the file that the flag names. Throws a StartError, which
-/// names both, where `parse` throws a SettingsError.
+/// Returns the result of `parse` for the file's content. Converts a SettingsError to a StartError
+/// that names the file and the command-line option.
 template <typename Parse>
 auto parseFile(Parse parse, const std::string &path, const char *flag)
 {
@@ -26,10 +26,10 @@ auto parseFile(Parse parse, const std::string &path, const char *flag)
     }
 }
 
-/// Throws a SettingsError for what is no JSON.
+/// Throws a SettingsError for malformed JSON.
 QJsonDocument settingsJson(std::string_view text);
 
-/// The field's text, which is not empty. Throws a SettingsError.
+/// Returns a field's text. Throws a SettingsError when it is missing or empty.
 QString settingsText(const QJsonObject &object, const QString &key);
 
 } // namespace tolvane::backend

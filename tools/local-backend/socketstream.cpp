@@ -13,7 +13,7 @@ namespace tolvane::backend {
 
 namespace {
 
-// httplib bounds a line of the head, but not the number of lines.
+// httplib limits the length of a header line, but not the number of lines.
 constexpr std::size_t longestHead = 65'536;
 
 template <typename Call>

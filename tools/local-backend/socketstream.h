@@ -8,7 +8,7 @@
 
 namespace tolvane::backend {
 
-/// A connection's socket, which it closes at the end.
+/// The stream of a connection. The destructor closes the socket.
 class SocketStream final : public httplib::Stream
 {
 public:
@@ -16,9 +16,9 @@ public:
     ~SocketStream() override;
 
     bool hasBuffered() const { return m_begin < m_end; }
-    /// Begins to keep what is read, until it is taken.
+    /// Records the bytes that are read from now on, until takeHead().
     void recordHead();
-    /// The request line and the headers of a request, as they were sent.
+    /// Returns the request line and the headers, unmodified.
     std::string takeHead();
 
     bool is_readable() const override;

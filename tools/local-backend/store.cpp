@@ -119,7 +119,7 @@ std::int64_t Store::insertMessage(Message &message)
 {
     message.id = newId();
     message.at = now();
-    // Customers have read what they wrote themselves.
+    // Customers have read their own messages.
     message.isRead = message.author == Author::Customer;
     std::optional<std::string> name;
     std::optional<std::string> picture;

@@ -13,7 +13,7 @@ namespace tolvane::backend {
 
 enum class ReplyKind { Answer, Introduction };
 
-/// An agent's reply that is owed to a customer's message.
+/// A scripted agent's reply to a customer's message, which is sent when it is due.
 struct PendingReply
 {
     std::int64_t id = 0;
@@ -22,76 +22,77 @@ struct PendingReply
     Instant due = 0;
     std::string ticketId;
     Author assignee = Author::Ai;
-    /// What the customer wrote.
+    /// The customer's message.
     std::string content;
     int attachmentCount = 0;
-    /// Whether the customer has written again since.
+    /// Whether the customer has already sent a newer message.
     bool isOvertaken = false;
 };
 
-/// What becomes of a pending reply, which the ticket's assignee gives.
+/// The reply's text, from the ticket's assignee, and its effects on the ticket.
 struct Settlement
 {
     std::string content;
     std::optional<Author> newAssignee;
     bool closes = false;
-    /// When the new assignee introduces themself.
+    /// The time at which the new assignee introduces themself.
     std::optional<Instant> introductionDue;
 };
 
-/// All that outlasts the process. Safe for threads; each call is one transaction. A customer sees
-/// their own tickets only: another's is answered as one that does not exist.
+/// The persistent data. Thread-safe; each call is one transaction. Customers have access to their
+/// own tickets only; for other tickets, functions return nullopt.
 class Store
 {
 public:
     using Announce = std::function<void(const std::string &deviceToken, Push push)>;
     using NoteChange = std::function<void(const std::string &ticketId)>;
 
-    /// `announce` hears of what is to be pushed once that is committed, in the order of the
-    /// commits, and `noteChange` of each ticket that has changed; neither must call back.
+    /// `announce` receives the pushes and `noteChange` the ids of changed tickets, both after the
+    /// commit and in the order of the commits. They must not call the store.
     explicit Store(
         Database database, Announce announce = [](const std::string &, const Push &) {},
         NoteChange noteChange = [](const std::string &) {});
 
     void updateCustomer(const std::string &customer, const CustomerUpdate &update);
 
-    /// Both write the customer's message and the answer that is owed to it.
+    /// Both store the customer's message together with the pending answer to it.
     Ticket createTicket(const std::string &customer, const NewTicket &ticket, Instant answerDue);
     std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
                                       const NewMessage &message, Instant answerDue);
 
-    /// Reading a ticket on the customer's behalf marks its messages as read.
+    /// Reads a ticket for its customer, and marks its messages as read.
     std::optional<Ticket> readTicket(const std::string &customer, const std::string &ticketId);
-    /// The ticket with the newest message comes first.
+    /// Ordered by the newest message, newest first.
     std::vector<Preview> previews(const std::string &customer);
     std::optional<StoredFile> file(const std::string &hash, const std::string &name);
 
-    /// Gives the reply that is due first if its time has come. `settle` decides on it in the same
-    /// transaction, so that no customer writes in between and no other backend on the file gives it
-    /// as well. Returns when to look again; absent when nothing is owed.
+    /// Sends the pending reply with the earliest due time, if it is due. `settle` runs in the same
+    /// transaction, so that no customer can write in between and no other backend on the same file
+    /// sends the reply, too. Returns the reply's due time; nullopt when no reply is pending.
     std::optional<Instant>
     giveDueReply(const std::function<Settlement(const PendingReply &)> &settle);
 
-    /// For the agents: the tickets of all customers, the one with the newest message first; and one
-    /// of them by itself, or with its conversation. Nothing counts as read by that.
+    /// For the agent page: the tickets of all customers, ordered by the newest message, newest
+    /// first; one ticket with its newest message; one ticket with all messages. These functions do
+    /// not mark messages as read.
     std::vector<Case> cases();
     std::optional<Case> caseOf(const std::string &ticketId);
     std::optional<Case> conversation(const std::string &ticketId);
 
-    /// A human's answer takes the ticket over: it is assigned to a human, and the scripted agents
-    /// stay out of it. Either's stands for all replies that were owed. Absent without the ticket.
+    /// Discards the pending replies. A human's answer also assigns the ticket to a human and turns
+    /// automatic answers off. Returns nullopt when there is no such ticket.
     std::optional<Message> addAnswer(const std::string &ticketId, const AgentMessage &answer);
-    /// A ticket that is closed is owed no reply. False without the ticket.
+    /// Closing a ticket discards its pending replies. Returns false when there is no such ticket.
     bool changeTicket(const std::string &ticketId, const TicketChange &change);
 
-    /// Keeps a picture that stands in no message. Returns "HASH/NAME".
+    /// Stores a picture that is not attached to a message. Returns "HASH/NAME".
     std::string addPicture(const Upload &picture);
 
     std::optional<std::string> setting(const std::string &name);
     void saveSetting(const std::string &name, const std::string &value);
 
 private:
-    /// Under which its bytes are kept.
+    /// The key of a stored file.
     struct File
     {
         std::string hash;
@@ -104,9 +105,9 @@ private:
     void insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads);
     Message insertCustomerMessage(const std::string &customer, const std::string &ticketId,
                                   const NewMessage &message, Instant answerDue);
-    /// Whether it was in another state before.
+    /// Returns whether the ticket was in another state before.
     bool changeState(const std::string &ticketId, State state);
-    /// Commits, then tells who looks on, and the customer's device, if they have one.
+    /// Commits, then reports the change and sends the pushes to the customer's device, if any.
     void commit(Transaction &transaction, const std::string &ticketId, std::vector<Push> pushes);
     void settleReplies(const std::string &ticketId);
     void owe(ReplyKind kind, std::int64_t messageSeq, Instant due);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the store keeps for the people who answer.
+// The functions of the store for the agent page.
 #include "messagerows.h"
 #include "store.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the store keeps for the scripted agents.
+// The functions of the store for the scripted agents.
 #include "store.h"
 #include "text.h"
 

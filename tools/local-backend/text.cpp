@@ -44,7 +44,7 @@ QByteArray sha256(std::string_view bytes)
     return hash.result();
 }
 
-// Long names keep their ending, by which a client tells what they hold.
+// Long names keep their suffix, from which clients derive the type.
 QString shortened(const QString &name)
 {
     constexpr qsizetype longest = 120;

@@ -161,7 +161,7 @@ private Q_SLOTS:
                 ada.write(ada.open(), "your hours?");
                 TRY_COMPARE(
                     ada.tickets()[0]["lastMessage"_L1]["content"_L1].toString(),
-                    "Our people are here **Sun 07:15-08:00**. I am here around the clock."_L1);
+                    "My colleagues are available **Sun 07:15-08:00**. I am available around the clock."_L1);
                 agent.post("automatic", R"({"automatic":false})");
             }
             const QJsonDocument branding = json(ada.get("/api/settings"));

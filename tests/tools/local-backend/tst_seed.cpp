@@ -103,22 +103,23 @@ private Q_SLOTS:
         const auto row = [](const QByteArray &text, const char *reason) {
             QTest::newRow(reason) << text << QByteArray(reason);
         };
-        row("{", "is no JSON");
+        row("{", "is not valid JSON");
         row("[]", "needs an object");
-        row("{'customer':'ada','colour':1}", "knows no field 'colour'");
-        row("{}", "at customer: needs a text");
+        row("{'customer':'ada','colour':1}", "unknown field 'colour'");
+        row("{}", "at customer: needs a string");
         row("{'customer':'a b'}", "visible ASCII");
         row("{'customer':'ada','pictures':['none.png']}", "'none.png' cannot be read");
-        row("{'customer':'ada','pictures':['seed.json']}", "'seed.json' is no picture");
-        row("{'customer':'ada','people':{'bo':{}}}", "at people.bo.name: needs a text");
+        row("{'customer':'ada','pictures':['seed.json']}", "'seed.json' is not a picture");
+        row("{'customer':'ada','people':{'bo':{}}}", "at people.bo.name: needs a string");
         row("{'customer':'ada','people':7}", "at people: needs an object");
         row("{'customer':'ada','conversations':{}}", "at conversations: needs a list");
         row(conversation("'state':'asleep'"), "needs open or closed");
         row(conversation("'state':'open'"), "needs messages");
         row(message("'from':'eve','minutesAgo':1,'text':'x'"), "'eve' is neither");
         row(message("'from':'ai','text':'x'"), "messages[0].minutesAgo: needs a number");
-        row(message("'from':'ai','minutesAgo':1"), "messages[0].text: needs a text");
-        row(message("'from':'customer','minutesAgo':1,'text':'x','unread':true"), "wrote");
+        row(message("'from':'ai','minutesAgo':1"), "messages[0].text: needs a string");
+        row(message("'from':'customer','minutesAgo':1,'text':'x','unread':true"),
+            "cannot be unread");
         row(conversation("'state':'open','messages':[{'from':'ai','minutesAgo':1,'text':'x'},"
                          "{'from':'bo','minutesAgo':2,'text':'y'}]"),
             "messages[1]: is older");
