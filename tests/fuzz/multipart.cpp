@@ -73,8 +73,8 @@ void hostile(const QByteArray &bytes)
             end = part.content.data() + part.content.size();
             require(end < all.data() + all.size() && !part.name.empty(), "parts lie in the body");
         }
-    } catch (const backend::Refusal &refusal) {
-        require(refusal.status() == 400, "errors have the status 400");
+    } catch (const backend::HttpError &error) {
+        require(error.status() == 400, "errors have the status 400");
     }
 }
 

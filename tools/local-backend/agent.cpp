@@ -40,20 +40,20 @@ bool anyOf(std::string_view candidates, const Words &words)
 
 const Rule &ruleFor(const Words &words, const Turn &turn)
 {
-    const bool isDone = !turn.isOvertaken && turn.text.find('?') == std::string_view::npos;
+    const bool isDone = !turn.hasNewerMessage && turn.text.find('?') == std::string_view::npos;
     const auto found = std::find_if(rules.begin(), rules.end(), [&](const Rule &rule) {
-        return anyOf(rule.words, words) && !anyOf(rule.unless, words) &&
+        return anyOf(rule.keywords, words) && !anyOf(rule.excludedWords, words) &&
                (isDone || rule.effect != Effect::Close);
     });
-    return found == rules.end() ? otherwise : *found;
+    return found == rules.end() ? fallbackRule : *found;
 }
 
-std::string filledIn(std::string_view reply, const Turn &turn)
+std::string withHours(std::string_view reply, const Turn &turn)
 {
-    constexpr std::string_view place = "{hours}";
+    constexpr std::string_view placeholder = "{hours}";
     std::string text(reply);
-    if (const auto at = text.find(place); at != std::string::npos)
-        text.replace(at, place.size(), turn.openingHours);
+    if (const auto at = text.find(placeholder); at != std::string::npos)
+        text.replace(at, placeholder.size(), turn.openingHours);
     return text;
 }
 
@@ -75,7 +75,7 @@ Answer answerTo(const Turn &turn)
         answer.text += "Hello! ";
     if (turn.attachmentCount > 0)
         answer.text += acknowledgement(turn.attachmentCount);
-    answer.text += filledIn(isHuman ? rule.human : rule.ai, turn);
+    answer.text += withHours(isHuman ? rule.human : rule.ai, turn);
     // The human agent cannot hand over.
     answer.effect = isHuman && rule.effect == Effect::HandOver ? Effect::None : rule.effect;
     return answer;

@@ -15,7 +15,7 @@ struct Turn
     std::string_view text;
     int attachmentCount = 0;
     /// Whether the customer has already sent a newer message.
-    bool isOvertaken = false;
+    bool hasNewerMessage = false;
     /// Like "Mon, Tue 09:00-18:00".
     std::string_view openingHours;
 };

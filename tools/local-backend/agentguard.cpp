@@ -42,29 +42,29 @@ bool isOneOf(std::string_view value, std::initializer_list<std::string_view> acc
 
 } // namespace
 
-void refuseStrangers(const httplib::Request &request)
+void rejectRemoteRequests(const httplib::Request &request)
 {
     if (!isLoopback(request.remote_addr))
-        throw Refusal(forbidden, "the agent page is available on the backend's machine only");
+        throw HttpError(forbidden, "the agent page is available on the backend's machine only");
     const std::string host = request.get_header_value("Host");
     const auto isHost = [name = withoutPort(host)](std::string_view own) {
         return equalIgnoringCase(name, own);
     };
     if (std::none_of(loopbackNames.begin(), loopbackNames.end(), isHost))
-        throw Refusal(forbidden,
-                      "the Host of the agent page has to be localhost, 127.0.0.1 or [::1]");
+        throw HttpError(forbidden,
+                        "the Host of the agent page has to be localhost, 127.0.0.1 or [::1]");
 }
 
-void refuseOtherSites(const httplib::Request &request)
+void rejectCrossSiteRequests(const httplib::Request &request)
 {
     const std::string own = "http://" + request.get_header_value("Host");
     const bool isOwn =
         isOneOf(request.get_header_value("Origin"), {"", own}) &&
         isOneOf(request.get_header_value("Sec-Fetch-Site"), {"", "none", "same-origin"});
     if (!isOwn)
-        throw Refusal(forbidden, "cross-site requests are not allowed");
+        throw HttpError(forbidden, "cross-site requests are not allowed");
     if (methodOf(request) != "GET" && !request.has_header(agentHeader))
-        throw Refusal(forbidden, std::string("the header ") + agentHeader + " is missing");
+        throw HttpError(forbidden, std::string("the header ") + agentHeader + " is missing");
 }
 
 } // namespace tolvane::backend

@@ -10,7 +10,7 @@ namespace tolvane::backend {
 
 namespace {
 
-constexpr std::string_view pageAddress = "/agent";
+constexpr std::string_view pagePath = "/agent";
 constexpr const char *script = "text/javascript; charset=utf-8";
 
 // The page may run its own scripts only and connect to the backend only; Trusted Types keep text
@@ -22,13 +22,13 @@ constexpr const char *policy =
 
 struct PageFile
 {
-    std::string_view address;
+    std::string_view path;
     const char *asset;
     const char *type;
 };
 
 constexpr std::array<PageFile, 11> files = {{
-    {pageAddress, "agent.html", "text/html; charset=utf-8"},
+    {pagePath, "agent.html", "text/html; charset=utf-8"},
     {"/agent/agent.css", "agent.css", "text/css; charset=utf-8"},
     {"/agent/main.js", "agent/main.js", script},
     {"/agent/api.js", "agent/api.js", script},
@@ -43,25 +43,24 @@ constexpr std::array<PageFile, 11> files = {{
 
 } // namespace
 
-void answerWithPage(const Call &call)
+void respondWithPage(const RequestContext &context)
 {
-    if (methodOf(call.request) != "GET") {
-        call.response.set_header("Allow", "GET");
-        throw Refusal(405, "the page supports GET only");
+    if (methodOf(context.request) != "GET") {
+        context.response.set_header("Allow", "GET");
+        throw HttpError(405, "the page supports GET only");
     }
-    const std::string_view address = addressOf(call.request);
-    if (address == "/" || address == "/agent/")
-        return call.response.set_redirect(std::string(pageAddress));
-    const auto file = std::find_if(files.begin(), files.end(), [address](const PageFile &known) {
-        return known.address == address;
-    });
+    const std::string_view path = pathOf(context.request);
+    if (path == "/" || path == "/agent/")
+        return context.response.set_redirect(std::string(pagePath));
+    const auto file = std::find_if(files.begin(), files.end(),
+                                   [path](const PageFile &known) { return known.path == path; });
     if (file == files.end())
-        throw Refusal(404, "there is no such path");
-    call.response.set_header("Content-Security-Policy", policy);
-    call.response.set_header("Cross-Origin-Opener-Policy", "same-origin");
-    call.response.set_header("Cross-Origin-Resource-Policy", "same-origin");
-    call.response.set_header("Referrer-Policy", "no-referrer");
-    call.response.set_content(asset(file->asset), file->type);
+        throw HttpError(404, "there is no such path");
+    context.response.set_header("Content-Security-Policy", policy);
+    context.response.set_header("Cross-Origin-Opener-Policy", "same-origin");
+    context.response.set_header("Cross-Origin-Resource-Policy", "same-origin");
+    context.response.set_header("Referrer-Policy", "no-referrer");
+    context.response.set_content(asset(file->asset), file->type);
 }
 
 } // namespace tolvane::backend

@@ -26,7 +26,7 @@ Value oneOf(std::initializer_list<Value> accepted, const std::string &name, cons
         if (nameOf(value) == name)
             return value;
     }
-    throw Refusal(400, '\'' + std::string(key) + "' cannot be '" + name + '\'');
+    throw HttpError(400, '\'' + std::string(key) + "' cannot be '" + name + '\'');
 }
 
 Author agentNamed(const std::string &name, const char *key)
@@ -40,39 +40,39 @@ std::optional<bool> optionalBoolean(const QJsonObject &object, const char *key)
     if (value.isUndefined())
         return std::nullopt;
     if (!value.isBool())
-        throw Refusal(400, std::string("'") + key + "' has to be true or false");
+        throw HttpError(400, std::string("'") + key + "' has to be true or false");
     return value.toBool();
 }
 
 } // namespace
 
-AgentMessage agentMessageIn(const httplib::Request &request, const std::string &body)
+AgentMessage parseAgentMessage(const httplib::Request &request, const std::string &body)
 {
-    Form form = formIn(request, body);
+    Form form = parseForm(request, body);
     AgentMessage answer;
     answer.author = agentNamed(form.texts["as"], "as");
     if (answer.author == Author::Human)
         answer.person = Person{form.texts["name"], form.texts["picture"]};
     if (form.texts["name"].size() > longestName)
-        throw Refusal(400, "the name is too long");
-    answer.message = messageIn(std::move(form));
+        throw HttpError(400, "the name is too long");
+    answer.message = parseMessage(std::move(form));
     return answer;
 }
 
-Upload pictureIn(const httplib::Request &request, const std::string &body)
+Upload parsePicture(const httplib::Request &request, const std::string &body)
 {
-    Form form = formIn(request, body);
+    Form form = parseForm(request, body);
     if (form.uploads.size() != 1 || form.uploads.front().bytes.empty())
-        throw Refusal(400, "a picture is one file that is not empty");
+        throw HttpError(400, "a picture is one file that is not empty");
     Upload &picture = form.uploads.front();
     if (std::find(pictureTypes.begin(), pictureTypes.end(), picture.mimeType) == pictureTypes.end())
-        throw Refusal(400, "a picture has to be PNG, JPEG, GIF or WebP");
+        throw HttpError(400, "a picture has to be PNG, JPEG, GIF or WebP");
     return std::move(picture);
 }
 
-TicketChange ticketChangeIn(const std::string &body)
+TicketChange parseTicketChange(const std::string &body)
 {
-    const QJsonObject object = objectIn(body);
+    const QJsonObject object = parseObject(body);
     TicketChange change;
     if (const auto state = optionalText(object, "state"))
         change.state = oneOf({State::Open, State::Closed}, *state, "state");
@@ -85,16 +85,16 @@ TicketChange ticketChangeIn(const std::string &body)
     return change;
 }
 
-HandmadePush pushIn(const std::string &body)
+CustomPush parsePush(const std::string &body)
 {
-    return {QJsonDocument(objectIn(body)).toJson(QJsonDocument::Compact).toStdString()};
+    return {QJsonDocument(parseObject(body)).toJson(QJsonDocument::Compact).toStdString()};
 }
 
-bool automaticIn(const std::string &body)
+bool parseAutomatic(const std::string &body)
 {
-    const auto automatic = optionalBoolean(objectIn(body), "automatic");
+    const auto automatic = optionalBoolean(parseObject(body), "automatic");
     if (!automatic)
-        throw Refusal(400, "'automatic' is missing");
+        throw HttpError(400, "'automatic' is missing");
     return *automatic;
 }
 

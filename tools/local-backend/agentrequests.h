@@ -8,13 +8,13 @@
 
 namespace tolvane::backend {
 
-/// Parse multipart bodies. Throw a Refusal.
-AgentMessage agentMessageIn(const httplib::Request &request, const std::string &body);
-Upload pictureIn(const httplib::Request &request, const std::string &body);
+/// Parse multipart bodies. Throw an HttpError.
+AgentMessage parseAgentMessage(const httplib::Request &request, const std::string &body);
+Upload parsePicture(const httplib::Request &request, const std::string &body);
 
-/// Parse JSON bodies. Throw a Refusal.
-TicketChange ticketChangeIn(const std::string &body);
-HandmadePush pushIn(const std::string &body);
-bool automaticIn(const std::string &body);
+/// Parse JSON bodies. Throw an HttpError.
+TicketChange parseTicketChange(const std::string &body);
+CustomPush parsePush(const std::string &body);
+bool parseAutomatic(const std::string &body);
 
 } // namespace tolvane::backend

@@ -16,29 +16,29 @@ namespace {
 constexpr std::string_view prefix = "/agent/api/";
 
 // The largest bodies, in bytes; that of a message is bounded by the server's limit for all routes.
-constexpr std::size_t nothing = 0;
-constexpr std::size_t text = std::size_t(64) << 10;
-constexpr std::size_t picture = std::size_t(4) << 20;
-constexpr std::size_t message = SIZE_MAX;
+constexpr std::size_t noBody = 0;
+constexpr std::size_t textBody = std::size_t(64) << 10;
+constexpr std::size_t pictureBody = std::size_t(4) << 20;
+constexpr std::size_t messageBody = SIZE_MAX;
 
 // Stands for the settings among the ids of changed tickets.
 const std::string settingsId;
 
 template <typename Value>
-Value found(std::optional<Value> value)
+Value orNotFound(std::optional<Value> value)
 {
     if (!value)
-        throw Refusal(404, "there is no such ticket");
+        throw HttpError(404, "there is no such ticket");
     return std::move(*value);
 }
 
 template <typename Parse>
-auto parsed(const char *what, Parse parse)
+auto orBadRequest(const char *what, Parse parse)
 {
     try {
         return parse();
     } catch (const SettingsError &error) {
-        throw Refusal(400, std::string(what) + ' ' + error.what());
+        throw HttpError(400, std::string(what) + ' ' + error.what());
     }
 }
 
@@ -49,21 +49,21 @@ struct AgentRoutes::Route
     std::string_view method;
     std::string_view pattern;
     std::size_t largestBody;
-    void (AgentRoutes::*handler)(const Call &) const;
+    void (AgentRoutes::*handler)(const RequestContext &) const;
 };
 
 const std::vector<AgentRoutes::Route> AgentRoutes::routes = {
-    {"GET", "tickets", nothing, &AgentRoutes::getTickets},
-    {"GET", "ticket/*", nothing, &AgentRoutes::getTicket},
-    {"POST", "ticket/*", text, &AgentRoutes::changeTicket},
-    {"POST", "ticket/*/message", message, &AgentRoutes::answerTicket},
-    {"POST", "ticket/*/push", text, &AgentRoutes::pushToDevice},
-    {"POST", "pictures", picture, &AgentRoutes::addPicture},
-    {"GET", "settings", nothing, &AgentRoutes::getSettings},
-    {"POST", "branding", text, &AgentRoutes::saveBranding},
-    {"POST", "schedules", text, &AgentRoutes::saveSchedules},
-    {"POST", "automatic", text, &AgentRoutes::saveAutomatic},
-    {"GET", "events", nothing, &AgentRoutes::getEvents},
+    {"GET", "tickets", noBody, &AgentRoutes::getTickets},
+    {"GET", "ticket/*", noBody, &AgentRoutes::getTicket},
+    {"POST", "ticket/*", textBody, &AgentRoutes::changeTicket},
+    {"POST", "ticket/*/message", messageBody, &AgentRoutes::postMessage},
+    {"POST", "ticket/*/push", textBody, &AgentRoutes::pushToDevice},
+    {"POST", "pictures", pictureBody, &AgentRoutes::addPicture},
+    {"GET", "settings", noBody, &AgentRoutes::getSettings},
+    {"POST", "branding", textBody, &AgentRoutes::saveBranding},
+    {"POST", "schedules", textBody, &AgentRoutes::saveSchedules},
+    {"POST", "automatic", textBody, &AgentRoutes::saveAutomatic},
+    {"GET", "events", noBody, &AgentRoutes::getEvents},
 };
 
 AgentRoutes::AgentRoutes(Backend &backend, const HttpServer &server)
@@ -72,143 +72,148 @@ AgentRoutes::AgentRoutes(Backend &backend, const HttpServer &server)
 {
 }
 
-bool AgentRoutes::has(const httplib::Request &request)
+bool AgentRoutes::handles(const httplib::Request &request)
 {
-    const std::string_view address = addressOf(request);
+    const std::string_view address = pathOf(request);
     return address == "/" || address == "/agent" || address.starts_with("/agent/");
 }
 
-void AgentRoutes::dispatch(Call &call) const
+void AgentRoutes::dispatch(RequestContext &context) const
 {
-    refuseStrangers(call.request);
-    call.response.set_header("Cache-Control", "no-store");
-    call.response.set_header("X-Content-Type-Options", "nosniff");
-    call.path = pathBehind(prefix, call.request);
-    if (call.path.empty())
-        return answerWithPage(call);
-    refuseOtherSites(call.request);
-    const Route &route = routeOf(routes, call);
-    if (call.body.size() > route.largestBody)
-        throw Refusal(413, "the body is too large");
-    (this->*route.handler)(call);
+    rejectRemoteRequests(context.request);
+    context.response.set_header("Cache-Control", "no-store");
+    context.response.set_header("X-Content-Type-Options", "nosniff");
+    context.path = componentsAfter(prefix, context.request);
+    if (context.path.empty())
+        return respondWithPage(context);
+    rejectCrossSiteRequests(context.request);
+    const Route &route = findRoute(routes, context);
+    if (context.body.size() > route.largestBody)
+        throw HttpError(413, "the body is too large");
+    (this->*route.handler)(context);
 }
 
-void AgentRoutes::getTickets(const Call &call) const
+void AgentRoutes::getTickets(const RequestContext &context) const
 {
-    call.answer(toJson(m_backend.store.cases(), surroundings(call)));
+    context.respond(toJson(m_backend.store.agentTickets(), renderContext(context)));
 }
 
-void AgentRoutes::getTicket(const Call &call) const
+void AgentRoutes::getTicket(const RequestContext &context) const
 {
-    const Case theCase = found(m_backend.store.conversation(call.component(1)));
-    call.answer(toJson(theCase, surroundings(call)));
+    const AgentTicket ticket =
+        orNotFound(m_backend.store.agentConversation(context.pathComponent(1)));
+    context.respond(toJson(ticket, renderContext(context)));
 }
 
-void AgentRoutes::changeTicket(const Call &call) const
+void AgentRoutes::changeTicket(const RequestContext &context) const
 {
-    const std::string id = call.component(1);
-    const bool changed = m_backend.store.changeTicket(id, ticketChangeIn(call.body));
-    m_backend.desk.wake();
-    call.answer(
-        toJson(found(changed ? m_backend.store.caseOf(id) : std::nullopt), surroundings(call)));
+    const std::string id = context.pathComponent(1);
+    const bool changed = m_backend.store.changeTicket(id, parseTicketChange(context.body));
+    m_backend.replyScheduler.wake();
+    context.respond(toJson(orNotFound(changed ? m_backend.store.agentTicket(id) : std::nullopt),
+                           renderContext(context)));
 }
 
-void AgentRoutes::answerTicket(const Call &call) const
+void AgentRoutes::postMessage(const RequestContext &context) const
 {
-    const AgentMessage answer = agentMessageIn(call.request, call.body);
+    const AgentMessage answer = parseAgentMessage(context.request, context.body);
     const std::string path = answer.person ? answer.person->picture : std::string();
     if (const auto slash = path.find('/');
         !path.empty() && (slash == std::string::npos ||
                           !m_backend.store.file(path.substr(0, slash), path.substr(slash + 1))))
-        throw Refusal(400, "there is no such picture");
-    const Message added = found(m_backend.store.addAnswer(call.component(1), answer));
-    call.answer(toJson(added, surroundings(call)));
+        throw HttpError(400, "there is no such picture");
+    const Message added = orNotFound(m_backend.store.addAnswer(context.pathComponent(1), answer));
+    context.respond(toJson(added, renderContext(context)));
 }
 
-void AgentRoutes::pushToDevice(const Call &call) const
+void AgentRoutes::pushToDevice(const RequestContext &context) const
 {
-    const HandmadePush push = pushIn(call.body);
-    const std::string token = found(m_backend.store.caseOf(call.component(1))).deviceToken;
+    const CustomPush push = parsePush(context.body);
+    const std::string token =
+        orNotFound(m_backend.store.agentTicket(context.pathComponent(1))).deviceToken;
     if (token.empty())
-        throw Refusal(409, "the customer has not registered a device for pushes");
-    if (!m_backend.pushes.send(token, push))
-        throw Refusal(413, "the push is larger than push services allow");
-    call.response.status = 204;
+        throw HttpError(409, "the customer has not registered a device for pushes");
+    if (!m_backend.pushService.send(token, push))
+        throw HttpError(413, "the push is larger than push services allow");
+    context.response.status = 204;
 }
 
-void AgentRoutes::addPicture(const Call &call) const
+void AgentRoutes::addPicture(const RequestContext &context) const
 {
-    const std::string path = m_backend.store.addPicture(pictureIn(call.request, call.body));
-    call.answer(toJson(std::map<std::string, std::string>{
-        {"path", path}, {"url", attachmentUrl(path, surroundings(call))}}));
+    const std::string path =
+        m_backend.store.addPicture(parsePicture(context.request, context.body));
+    context.respond(toJson(std::map<std::string, std::string>{
+        {"path", path}, {"url", attachmentUrl(path, renderContext(context))}}));
 }
 
-void AgentRoutes::getSettings(const Call &call) const
+void AgentRoutes::getSettings(const RequestContext &context) const
 {
-    const std::shared_ptr<const Settings> settings = m_backend.settings.now();
-    Writer writer;
+    const std::shared_ptr<const Settings> settings = m_backend.settings.current();
+    JsonWriter writer;
     writer.open('{');
     writer.key("branding");
-    writer.raw(brandingAt(surroundings(call).baseUrl, settings->branding));
+    writer.raw(brandingJson(renderContext(context).baseUrl, settings->branding));
     writer.key("schedules");
     writer.raw(settings->schedules.json);
     writer.field("automatic", settings->answersAutomatically);
     writer.close('}');
-    call.answer(writer.take());
+    context.respond(writer.take());
 }
 
-void AgentRoutes::saveBranding(const Call &call) const
+void AgentRoutes::saveBranding(const RequestContext &context) const
 {
-    m_backend.settings.save(parsed(
-        "the branding", [&] { return editedBranding(call.body, surroundings(call).baseUrl); }));
-    settingsSaved(call);
+    m_backend.settings.save(orBadRequest("the branding", [&] {
+        return parseEditedBranding(context.body, renderContext(context).baseUrl);
+    }));
+    respondAfterSave(context);
 }
 
-void AgentRoutes::saveSchedules(const Call &call) const
+void AgentRoutes::saveSchedules(const RequestContext &context) const
 {
-    m_backend.settings.save(parsed("the list", [&] { return parseSchedules(call.body); }));
-    settingsSaved(call);
+    m_backend.settings.save(orBadRequest("the list", [&] { return parseSchedules(context.body); }));
+    respondAfterSave(context);
 }
 
-void AgentRoutes::saveAutomatic(const Call &call) const
+void AgentRoutes::saveAutomatic(const RequestContext &context) const
 {
-    m_backend.settings.saveAnswersAutomatically(automaticIn(call.body));
-    m_backend.desk.wake();
-    settingsSaved(call);
+    m_backend.settings.saveAnswersAutomatically(parseAutomatic(context.body));
+    m_backend.replyScheduler.wake();
+    respondAfterSave(context);
 }
 
-void AgentRoutes::settingsSaved(const Call &call) const
+void AgentRoutes::respondAfterSave(const RequestContext &context) const
 {
-    m_backend.changes.add(settingsId);
-    getSettings(call);
+    m_backend.changeNotifier.notify(settingsId);
+    getSettings(context);
 }
 
-void AgentRoutes::getEvents(const Call &call) const
+void AgentRoutes::getEvents(const RequestContext &context) const
 {
-    const auto changes = std::make_shared<ChangeStream>(m_backend.changes);
-    answerWithEvents(call, m_server, changes->news(),
-                     [this, changes, around = surroundings(call)](httplib::DataSink &sink) {
-                         for (const std::string &id : changes->take()) {
-                             if (!write(sink, eventOf(id, around)))
-                                 return false;
-                         }
-                         return true;
-                     });
+    const auto changes = std::make_shared<ChangeStream>(m_backend.changeNotifier);
+    respondWithEvents(
+        context, m_server, changes->semaphore(),
+        [this, changes, renderContext = renderContext(context)](httplib::DataSink &sink) {
+            for (const std::string &id : changes->take()) {
+                if (!write(sink, eventOf(id, renderContext)))
+                    return false;
+            }
+            return true;
+        });
 }
 
 std::string AgentRoutes::eventOf(const std::string &ticketId,
-                                 const Surroundings &surroundings) const
+                                 const RenderContext &renderContext) const
 {
     if (ticketId == settingsId)
         return "event: settings\ndata: {}\n\n";
-    const std::optional<Case> theCase = m_backend.store.caseOf(ticketId);
-    return theCase ? "event: ticket\ndata: " + toJson(*theCase, surroundings) + "\n\n" : ":\n\n";
+    const std::optional<AgentTicket> ticket = m_backend.store.agentTicket(ticketId);
+    return ticket ? "event: ticket\ndata: " + toJson(*ticket, renderContext) + "\n\n" : ":\n\n";
 }
 
-Surroundings AgentRoutes::surroundings(const Call &call) const
+RenderContext AgentRoutes::renderContext(const RequestContext &context) const
 {
-    return {baseUrlOn(call.request.get_header_value("Host")),
-            m_backend.settings.now()->schedules.json};
+    return {baseUrlFor(context.request.get_header_value("Host")),
+            m_backend.settings.current()->schedules.json};
 }
 
 } // namespace tolvane::backend

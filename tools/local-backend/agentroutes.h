@@ -19,29 +19,29 @@ class AgentRoutes
 public:
     AgentRoutes(Backend &backend, const HttpServer &server);
 
-    static bool has(const httplib::Request &request);
-    /// Throws a Refusal.
-    void dispatch(Call &call) const;
+    static bool handles(const httplib::Request &request);
+    /// Throws an HttpError.
+    void dispatch(RequestContext &context) const;
 
 private:
     struct Route;
     static const std::vector<Route> routes;
 
-    void getTickets(const Call &call) const;
-    void getTicket(const Call &call) const;
-    void changeTicket(const Call &call) const;
-    void answerTicket(const Call &call) const;
-    void pushToDevice(const Call &call) const;
-    void addPicture(const Call &call) const;
-    void getSettings(const Call &call) const;
-    void saveBranding(const Call &call) const;
-    void saveSchedules(const Call &call) const;
-    void saveAutomatic(const Call &call) const;
-    void getEvents(const Call &call) const;
+    void getTickets(const RequestContext &context) const;
+    void getTicket(const RequestContext &context) const;
+    void changeTicket(const RequestContext &context) const;
+    void postMessage(const RequestContext &context) const;
+    void pushToDevice(const RequestContext &context) const;
+    void addPicture(const RequestContext &context) const;
+    void getSettings(const RequestContext &context) const;
+    void saveBranding(const RequestContext &context) const;
+    void saveSchedules(const RequestContext &context) const;
+    void saveAutomatic(const RequestContext &context) const;
+    void getEvents(const RequestContext &context) const;
 
-    void settingsSaved(const Call &call) const;
-    std::string eventOf(const std::string &ticketId, const Surroundings &surroundings) const;
-    Surroundings surroundings(const Call &call) const;
+    void respondAfterSave(const RequestContext &context) const;
+    std::string eventOf(const std::string &ticketId, const RenderContext &renderContext) const;
+    RenderContext renderContext(const RequestContext &context) const;
 
     Backend &m_backend;
     const HttpServer &m_server;

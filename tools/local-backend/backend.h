@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "changes.h"
-#include "desk.h"
+#include "changenotifier.h"
 #include "livesettings.h"
-#include "pushes.h"
+#include "pushservice.h"
+#include "replyscheduler.h"
 #include "store.h"
 
 namespace tolvane::backend {
@@ -17,18 +17,20 @@ struct Backend
             const std::string &brandingPath = {}, const std::string &schedulesPath = {})
         : store(
               std::move(database),
-              [this](const std::string &token, Push push) { pushes.send(token, std::move(push)); },
-              [this](const std::string &ticketId) { changes.add(ticketId); })
+              [this](const std::string &token, Push push) {
+                  pushService.send(token, std::move(push));
+              },
+              [this](const std::string &ticketId) { changeNotifier.notify(ticketId); })
         , settings(store, brandingPath, schedulesPath)
-        , desk(store, settings, replyDelay)
+        , replyScheduler(store, settings, replyDelay)
     {
     }
 
-    Changes changes;
-    Pushes pushes;
+    ChangeNotifier changeNotifier;
+    PushService pushService;
     Store store;
     LiveSettings settings;
-    Desk desk;
+    ReplyScheduler replyScheduler;
 };
 
 } // namespace tolvane::backend

@@ -33,9 +33,9 @@ QString logoKey(const char *appearance)
     return u"logo"_s + QLatin1String(appearance);
 }
 
-QJsonObject objectIn(std::string_view json)
+QJsonObject parseObject(std::string_view json)
 {
-    const QJsonDocument document = settingsJson(json);
+    const QJsonDocument document = parseSettingsJson(json);
     if (!document.isObject())
         throw SettingsError("has to be a JSON object of strings");
     return document.object();
@@ -52,17 +52,17 @@ void check(const QJsonObject &branding)
     for (const char *appearance : appearances) {
         for (const char *name : colours) {
             const QString key = QLatin1String(name) + QLatin1String(appearance);
-            if (!colour.match(settingsText(branding, key)).hasMatch())
+            if (!colour.match(requiredText(branding, key)).hasMatch())
                 throw SettingsError("needs a colour like \"#1F5C4D\" for '" + key.toStdString() +
                                     '\'');
         }
         if (const QString logo = logoKey(appearance); branding.contains(logo))
-            settingsText(branding, logo);
+            requiredText(branding, logo);
     }
 }
 
 // Changes only logos that begin with `from`.
-void replaceBeginning(QJsonObject &branding, const QString &from, const QString &to)
+void replacePrefix(QJsonObject &branding, const QString &from, const QString &to)
 {
     for (const char *appearance : appearances) {
         const QString key = logoKey(appearance);
@@ -76,27 +76,27 @@ void replaceBeginning(QJsonObject &branding, const QString &from, const QString 
 
 Branding parseBranding(std::string_view json)
 {
-    QJsonObject branding = objectIn(json);
+    QJsonObject branding = parseObject(json);
     check(branding);
     const QString updatedAt = QLatin1String(updatedAtKey);
     // A hash of the content, so that clients fetch the branding again only after it was edited.
     if (!branding.contains(updatedAt))
         branding.insert(updatedAt, QString::fromStdString(sha256Hex(compact(branding))));
-    return {compact(branding), settingsText(branding, updatedAt).toStdString()};
+    return {compact(branding), requiredText(branding, updatedAt).toStdString()};
 }
 
-Branding editedBranding(std::string_view json, const std::string &baseUrl)
+Branding parseEditedBranding(std::string_view json, const std::string &baseUrl)
 {
-    QJsonObject branding = objectIn(json);
+    QJsonObject branding = parseObject(json);
     branding.remove(QLatin1String(updatedAtKey));
-    replaceBeginning(branding, QString::fromStdString(baseUrl + '/'), u"/"_s);
+    replacePrefix(branding, QString::fromStdString(baseUrl + '/'), u"/"_s);
     return parseBranding(compact(branding));
 }
 
-std::string brandingAt(const std::string &baseUrl, const Branding &branding)
+std::string brandingJson(const std::string &baseUrl, const Branding &branding)
 {
-    QJsonObject object = objectIn(branding.json);
-    replaceBeginning(object, u"/"_s, QString::fromStdString(baseUrl + '/'));
+    QJsonObject object = parseObject(branding.json);
+    replacePrefix(object, u"/"_s, QString::fromStdString(baseUrl + '/'));
     return compact(object);
 }
 

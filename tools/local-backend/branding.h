@@ -20,9 +20,9 @@ struct Branding
 Branding parseBranding(std::string_view json);
 
 /// Parses a branding that an agent has edited; replaces its `updatedAt`. Throws a SettingsError.
-Branding editedBranding(std::string_view json, const std::string &baseUrl);
+Branding parseEditedBranding(std::string_view json, const std::string &baseUrl);
 
 /// The JSON object with the logos' URLs made absolute for this base URL.
-std::string brandingAt(const std::string &baseUrl, const Branding &branding);
+std::string brandingJson(const std::string &baseUrl, const Branding &branding);
 
 } // namespace tolvane::backend

@@ -24,28 +24,28 @@ Statement::~Statement()
     sqlite3_clear_bindings(m_statement);
 }
 
-void Statement::bind(int place, std::string_view text)
+void Statement::bind(int index, std::string_view text)
 {
     // SQLite would bind the null pointer of an empty view as NULL.
-    check(connection(), sqlite3_bind_text64(m_statement, place, text.empty() ? "" : text.data(),
+    check(connection(), sqlite3_bind_text64(m_statement, index, text.empty() ? "" : text.data(),
                                             text.size(), copied, SQLITE_UTF8));
 }
 
-void Statement::bind(int place, std::int64_t number)
+void Statement::bind(int index, std::int64_t number)
 {
-    check(connection(), sqlite3_bind_int64(m_statement, place, number));
+    check(connection(), sqlite3_bind_int64(m_statement, index, number));
 }
 
-void Statement::bind(int place, Blob blob)
+void Statement::bind(int index, Blob blob)
 {
     check(connection(),
-          sqlite3_bind_blob64(m_statement, place, blob.bytes.empty() ? "" : blob.bytes.data(),
+          sqlite3_bind_blob64(m_statement, index, blob.bytes.empty() ? "" : blob.bytes.data(),
                               blob.bytes.size(), kept));
 }
 
-void Statement::bind(int place, std::nullopt_t)
+void Statement::bind(int index, std::nullopt_t)
 {
-    check(connection(), sqlite3_bind_null(m_statement, place));
+    check(connection(), sqlite3_bind_null(m_statement, index));
 }
 
 bool Statement::step()
@@ -80,7 +80,7 @@ Database::Database(const std::string &path)
     sqlite3_busy_timeout(connection, 5000);
 }
 
-void Database::script(const char *sql)
+void Database::executeScript(const char *sql)
 {
     check(m_connection.get(), sqlite3_exec(m_connection.get(), sql, nullptr, nullptr, nullptr));
 }
@@ -103,7 +103,7 @@ Transaction::Transaction(Database &database)
 {
     // Takes the write lock at once: otherwise two processes could both read, and one then fail to
     // write.
-    m_database->script("BEGIN IMMEDIATE");
+    m_database->executeScript("BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction()
@@ -115,7 +115,7 @@ Transaction::~Transaction()
 
 void Transaction::commit()
 {
-    m_database->script("COMMIT");
+    m_database->executeScript("COMMIT");
     m_database = nullptr;
 }
 

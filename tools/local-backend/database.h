@@ -34,8 +34,8 @@ public:
     explicit Statement(sqlite3_stmt *statement, const Values &...values)
         : m_statement(statement)
     {
-        [[maybe_unused]] int place = 0;
-        (bind(++place, values), ...);
+        [[maybe_unused]] int index = 0;
+        (bind(++index, values), ...);
     }
     Statement(const Statement &) = delete;
     Statement &operator=(const Statement &) = delete;
@@ -49,15 +49,15 @@ public:
     std::int64_t number(int column) const { return sqlite3_column_int64(m_statement, column); }
 
 private:
-    void bind(int place, std::string_view text);
-    void bind(int place, std::int64_t number);
-    void bind(int place, Blob blob);
-    void bind(int place, std::nullopt_t);
+    void bind(int index, std::string_view text);
+    void bind(int index, std::int64_t number);
+    void bind(int index, Blob blob);
+    void bind(int index, std::nullopt_t);
 
     template <typename Value>
-    void bind(int place, const std::optional<Value> &value)
+    void bind(int index, const std::optional<Value> &value)
     {
-        value ? bind(place, *value) : bind(place, std::nullopt);
+        value ? bind(index, *value) : bind(index, std::nullopt);
     }
 
     sqlite3 *connection() const { return sqlite3_db_handle(m_statement); }
@@ -87,9 +87,9 @@ public:
     }
 
     /// Runs several statements without parameters.
-    void script(const char *sql);
+    void executeScript(const char *sql);
     sqlite3 *connection() const { return m_connection.get(); }
-    std::int64_t lastRow() const { return sqlite3_last_insert_rowid(m_connection.get()); }
+    std::int64_t lastInsertId() const { return sqlite3_last_insert_rowid(m_connection.get()); }
 
 private:
     struct Close

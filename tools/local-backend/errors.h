@@ -21,10 +21,10 @@ public:
 };
 
 /// A request is rejected with an HTTP status. The text is meant for the client's developer.
-class Refusal : public std::runtime_error
+class HttpError : public std::runtime_error
 {
 public:
-    Refusal(int status, const std::string &reason)
+    HttpError(int status, const std::string &reason)
         : std::runtime_error(reason)
         , m_status(status)
     {

@@ -10,23 +10,25 @@ constexpr std::chrono::seconds heartbeat{15};
 
 } // namespace
 
-void answerWithEvents(const Call &call, const HttpServer &server, const Event &news,
-                      std::function<bool(httplib::DataSink &)> writeNews)
+void respondWithEvents(const RequestContext &context, const HttpServer &server,
+                       const PollableSemaphore &semaphore,
+                       std::function<bool(httplib::DataSink &)> writeEvents)
 {
-    const int connection = std::stoi(call.request.get_header_value(connectionId));
-    call.response.set_header("Cache-Control", "no-store");
-    call.response.set_chunked_content_provider(
-        "text/event-stream", [&server, &news, connection, writeNews = std::move(writeNews)](
-                                 std::size_t, httplib::DataSink &sink) {
-            if (!writeNews(sink))
+    const int connection = std::stoi(context.request.get_header_value(connectionId));
+    context.response.set_header("Cache-Control", "no-store");
+    context.response.set_chunked_content_provider(
+        "text/event-stream",
+        [&server, &semaphore, connection,
+         writeEvents = std::move(writeEvents)](std::size_t, httplib::DataSink &sink) {
+            if (!writeEvents(sink))
                 return false;
-            switch (server.awaitEvent(news, connection, heartbeat)) {
-            case HttpServer::Awaited::End:
+            switch (server.waitForSemaphore(semaphore, connection, heartbeat)) {
+            case HttpServer::WaitResult::Closed:
                 sink.done();
                 return true;
-            case HttpServer::Awaited::Timeout:
+            case HttpServer::WaitResult::Timeout:
                 return write(sink, ":\n\n");
-            case HttpServer::Awaited::News:
+            case HttpServer::WaitResult::Released:
                 break;
             }
             return true;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "event.h"
 #include "httpserver.h"
+#include "pollablesemaphore.h"
 #include "routing.h"
 
 #include <functional>
@@ -10,10 +10,11 @@
 namespace tolvane::backend {
 
 /// Answers with server-sent events until the client disconnects or the server shuts down.
-/// `writeNews` is called at first and after each event; it returns false once the client is gone,
-/// and has to own the object that `news` is part of.
-void answerWithEvents(const Call &call, const HttpServer &server, const Event &news,
-                      std::function<bool(httplib::DataSink &)> writeNews);
+/// `writeEvents` is called at first and after each release of the semaphore. It returns false once
+/// the client is gone, and has to own the object that `semaphore` is part of.
+void respondWithEvents(const RequestContext &context, const HttpServer &server,
+                       const PollableSemaphore &semaphore,
+                       std::function<bool(httplib::DataSink &)> writeEvents);
 
 bool write(httplib::DataSink &sink, const std::string &text);
 

@@ -17,16 +17,16 @@ namespace {
 using namespace std::chrono_literals;
 
 // A connection occupies a worker during its lifetime; a client that polls every second keeps its
-// connection. New connections get a worker soon even when all are busy: see Workers.
+// connection. New connections get a worker soon even when all are busy: see WorkerPool.
 constexpr std::size_t workerCount = 128;
 constexpr std::chrono::seconds idleTimeout = 10s;
 constexpr std::chrono::seconds transferTimeout = 10s;
-constexpr std::chrono::milliseconds grace = 700ms;
+constexpr std::chrono::milliseconds shutdownTimeout = 700ms;
 constexpr int backlog = 256;
 
 // By default, httplib sets SO_REUSEPORT and so would share the port of another backend instead of
 // failing.
-void shareNothing(socket_t socket)
+void reuseAddressOnly(socket_t socket)
 {
     const int yes = 1;
     ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof(yes));
@@ -34,7 +34,7 @@ void shareNothing(socket_t socket)
 
 // Parses the headers again, because httplib percent-decodes them, which changes keys and customer
 // ids.
-httplib::Headers headersOf(std::string_view head)
+httplib::Headers parseHeaders(std::string_view head)
 {
     httplib::Headers headers;
     for (std::string_view line : split(head, '\n')) {
@@ -59,10 +59,10 @@ void rename(httplib::Headers &headers, const char *from, const char *to)
 } // namespace
 
 // When all workers are occupied, each new connection makes an idle one close.
-class HttpServer::Workers : public httplib::ThreadPool
+class HttpServer::WorkerPool : public httplib::ThreadPool
 {
 public:
-    explicit Workers(HttpServer &server)
+    explicit WorkerPool(HttpServer &server)
         : ThreadPool(workerCount)
         , m_server(server)
     {
@@ -70,8 +70,8 @@ public:
 
     void enqueue(std::function<void()> connection) override
     {
-        if (++m_server.m_accepted > workerCount)
-            m_server.m_crowd.add();
+        if (++m_server.m_connectionCount > workerCount)
+            m_server.m_overload.release();
         ThreadPool::enqueue(std::move(connection));
     }
 
@@ -82,13 +82,13 @@ private:
 HttpServer::HttpServer()
 {
     set_tcp_nodelay(true);
-    set_socket_options(shareNothing);
+    set_socket_options(reuseAddressOnly);
     // httplib only uses these for the Keep-Alive header.
     set_keep_alive_timeout(idleTimeout.count());
     set_keep_alive_max_count(1'000'000);
     new_task_queue = [this] {
-        m_running.count_down();
-        return new Workers(*this);
+        m_started.count_down();
+        return new WorkerPool(*this);
     };
 }
 
@@ -109,11 +109,11 @@ bool HttpServer::run()
 void HttpServer::shutDown()
 {
     // httplib ignores stop() until it runs.
-    m_running.wait();
-    m_stop.add();
+    m_started.wait();
+    m_stop.release();
     stop();
     std::unique_lock lock(m_mutex);
-    m_connectionClosed.wait_for(lock, grace, [this] { return m_connections.empty(); });
+    m_connectionClosed.wait_for(lock, shutdownTimeout, [this] { return m_connections.empty(); });
     for (const socket_t connection : m_connections)
         ::shutdown(connection, SHUT_RDWR);
 }
@@ -125,66 +125,67 @@ bool HttpServer::process_and_close_socket(socket_t socket)
         m_connections.insert(socket);
     }
     SocketStream stream(socket, transferTimeout);
-    bool goesOn = true;
-    while (goesOn && awaitRequest(stream)) {
+    bool keepsAlive = true;
+    while (keepsAlive && waitForRequest(stream)) {
         // A request with a malformed header, or a body of unknown length, may leave bytes in the
         // stream that do not begin a request: close the connection after it.
-        bool endsHere = true;
+        bool closesAfter = true;
         bool closed = false;
         stream.recordHead();
         const bool isLast = isStopping();
         const bool answered =
             process_request(stream, isLast, closed, [&](httplib::Request &request) {
-                endsHere = isLast || request.has_header("Transfer-Encoding");
-                prepare(request, stream, stream.takeHead(), endsHere);
+                closesAfter = isLast || request.has_header("Transfer-Encoding");
+                prepareRequest(request, stream, stream.takeHead(), closesAfter);
             });
-        goesOn = answered && !closed && !endsHere;
+        keepsAlive = answered && !closed && !closesAfter;
     }
     const std::lock_guard lock(m_mutex);
     m_connections.erase(socket);
-    --m_accepted;
+    --m_connectionCount;
     m_connectionClosed.notify_all();
     return true;
 }
 
-bool HttpServer::awaitRequest(SocketStream &stream) const
+bool HttpServer::waitForRequest(SocketStream &stream) const
 {
     if (stream.hasBuffered())
         return true;
-    enum Source { socket, stop, crowd };
+    enum Source { socket, stop, overload };
     std::array<pollfd, 3> watched = {{
         {stream.socket(), POLLIN, 0},
         {m_stop.descriptor(), POLLIN, 0},
-        {m_crowd.descriptor(), POLLIN, 0},
+        {m_overload.descriptor(), POLLIN, 0},
     }};
     const auto timeout = static_cast<int>(std::chrono::milliseconds(idleTimeout).count());
     while (::poll(watched.data(), watched.size(), timeout) > 0) {
         // A request that has arrived is served even during shutdown.
         if (watched[socket].revents != 0)
             return true;
-        if (watched[stop].revents != 0 || m_crowd.take())
+        if (watched[stop].revents != 0 || m_overload.tryAcquire())
             return false;
     }
     return false;
 }
 
-HttpServer::Awaited HttpServer::awaitEvent(const Event &event, int connection,
-                                           std::chrono::milliseconds timeout) const
+HttpServer::WaitResult HttpServer::waitForSemaphore(const PollableSemaphore &semaphore,
+                                                    int connection,
+                                                    std::chrono::milliseconds timeout) const
 {
-    enum Source { news, client, stop };
+    enum Source { notification, client, stop };
     std::array<pollfd, 3> watched = {{
-        {event.descriptor(), POLLIN, 0},
+        {semaphore.descriptor(), POLLIN, 0},
         {connection, POLLRDHUP, 0},
         {m_stop.descriptor(), POLLIN, 0},
     }};
     if (::poll(watched.data(), watched.size(), static_cast<int>(timeout.count())) <= 0)
-        return Awaited::Timeout;
+        return WaitResult::Timeout;
     if (watched[client].revents != 0 || watched[stop].revents != 0)
-        return Awaited::End;
-    while (event.take()) {
+        return WaitResult::Closed;
+    while (semaphore.tryAcquire()) {
         // Several notifications are handled at once.
     }
-    return Awaited::News;
+    return WaitResult::Released;
 }
 
 bool HttpServer::isStopping() const
@@ -193,10 +194,10 @@ bool HttpServer::isStopping() const
     return ::poll(&event, 1, 0) > 0;
 }
 
-void HttpServer::prepare(httplib::Request &request, const SocketStream &stream, std::string head,
-                         bool isLast) const
+void HttpServer::prepareRequest(httplib::Request &request, const SocketStream &stream,
+                                std::string head, bool isLast) const
 {
-    request.headers = headersOf(head);
+    request.headers = parseHeaders(head);
     rename(request.headers, "Content-Type", bodyType);
     rename(request.headers, "Content-Encoding", bodyEncoding);
     request.headers.emplace(connectionId, std::to_string(stream.socket()));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "event.h"
+#include "pollablesemaphore.h"
 
 #include <atomic>
 #include <chrono>
@@ -20,7 +20,7 @@ class SocketStream;
 /// can send headers with these names.
 inline constexpr const char *bodyType = ":body-type";
 inline constexpr const char *bodyEncoding = ":body-encoding";
-/// Likewise for the connection that awaitEvent() takes.
+/// Likewise for the connection that waitForSemaphore() takes.
 inline constexpr const char *connectionId = ":connection";
 
 /// httplib's server with its own handling of connections: headers and bodies arrive unmodified,
@@ -37,26 +37,27 @@ public:
     /// Must be called on another thread than run(). Waits up to 700 ms for requests in flight.
     void shutDown();
 
-    enum class Awaited { News, Timeout, End };
-    /// For streaming responses: waits for the event and resets its count to zero. Returns End when
-    /// the client disconnects or the server shuts down.
-    Awaited awaitEvent(const Event &event, int connection, std::chrono::milliseconds timeout) const;
+    enum class WaitResult { Released, Timeout, Closed };
+    /// For streaming responses: waits for the semaphore and sets it to zero. Returns Closed
+    /// when the client disconnects or the server shuts down.
+    WaitResult waitForSemaphore(const PollableSemaphore &semaphore, int connection,
+                                std::chrono::milliseconds timeout) const;
 
 private:
     bool process_and_close_socket(socket_t socket) override;
-    class Workers;
+    class WorkerPool;
 
     /// Waits for the next request. Returns false when the connection has been idle too long or has
     /// to yield its worker to another connection.
-    bool awaitRequest(SocketStream &stream) const;
+    bool waitForRequest(SocketStream &stream) const;
     bool isStopping() const;
-    void prepare(httplib::Request &request, const SocketStream &stream, std::string head,
-                 bool isLast) const;
+    void prepareRequest(httplib::Request &request, const SocketStream &stream, std::string head,
+                        bool isLast) const;
 
-    Event m_stop;
-    Event m_crowd;
-    std::atomic<std::size_t> m_accepted = 0;
-    std::latch m_running{1};
+    PollableSemaphore m_stop;
+    PollableSemaphore m_overload;
+    std::atomic<std::size_t> m_connectionCount = 0;
+    std::latch m_started{1};
     std::mutex m_mutex;
     std::condition_variable m_connectionClosed;
     std::set<socket_t> m_connections;

@@ -41,7 +41,7 @@ Agent agentOf(const Person &person)
             person.picture.empty() ? std::string() : fileAddress(person.picture)};
 }
 
-void writeSender(Writer &writer, const Message &message, const Surroundings &surroundings)
+void writeSender(JsonWriter &writer, const Message &message, const RenderContext &context)
 {
     const Agent agent = message.person ? agentOf(*message.person)
                                        : agents.at(static_cast<std::size_t>(message.author));
@@ -49,159 +49,159 @@ void writeSender(Writer &writer, const Message &message, const Surroundings &sur
     writer.field("id", message.author == Author::Customer ? message.customerId : agent.id);
     writer.optionalField("name", agent.name);
     if (!agent.picture.empty())
-        writer.field("profilePicture", surroundings.baseUrl + agent.picture);
+        writer.field("profilePicture", context.baseUrl + agent.picture);
     writer.field("type", nameOf(message.author));
     writer.close('}');
 }
 
-void writeAttachments(Writer &writer, const Message &message, const Surroundings &surroundings)
+void writeAttachments(JsonWriter &writer, const Message &message, const RenderContext &context)
 {
     writer.key("attachments");
     writer.open('[');
     for (const std::string &path : message.attachments)
-        writer.value(attachmentUrl(path, surroundings));
+        writer.value(attachmentUrl(path, context));
     writer.close(']');
 }
 
-void write(Writer &writer, const Message &message, const Surroundings &surroundings)
+void write(JsonWriter &writer, const Message &message, const RenderContext &context)
 {
     writer.open('{');
     writer.field("id", message.id);
     writer.field("ticketId", message.ticketId);
     writer.key("sender");
-    writeSender(writer, message, surroundings);
+    writeSender(writer, message, context);
     writer.field("content", message.content);
     writer.field("isRead", message.isRead);
     writer.field("timestamp", timestamp(message.at));
     if (!message.attachments.empty())
-        writeAttachments(writer, message, surroundings);
+        writeAttachments(writer, message, context);
     writer.close('}');
 }
 
-void write(Writer &writer, const std::vector<Message> &messages, const Surroundings &surroundings)
+void write(JsonWriter &writer, const std::vector<Message> &messages, const RenderContext &context)
 {
     writer.key("messages");
     writer.open('[');
     for (const Message &message : messages)
-        write(writer, message, surroundings);
+        write(writer, message, context);
     writer.close(']');
 }
 
-void write(Writer &writer, const Preview &preview, const Surroundings &surroundings)
+void write(JsonWriter &writer, const Preview &preview, const RenderContext &context)
 {
     writer.open('{');
     writer.field("id", preview.id);
     writer.field("state", nameOf(preview.state));
     writer.key("lastMessage");
-    write(writer, preview.lastMessage, surroundings);
+    write(writer, preview.lastMessage, context);
     writer.close('}');
 }
 
-void write(Writer &writer, const Case &theCase, const Surroundings &surroundings)
+void write(JsonWriter &writer, const AgentTicket &agentTicket, const RenderContext &context)
 {
     writer.open('{');
-    writer.field("id", theCase.ticket.id);
-    writer.field("state", nameOf(theCase.ticket.state));
-    writer.field("assignee", nameOf(theCase.ticket.assignee));
-    writer.field("automatic", theCase.isAutomatic);
-    writer.field("takesPushes", !theCase.deviceToken.empty());
+    writer.field("id", agentTicket.ticket.id);
+    writer.field("state", nameOf(agentTicket.ticket.state));
+    writer.field("assignee", nameOf(agentTicket.ticket.assignee));
+    writer.field("automatic", agentTicket.isAutomatic);
+    writer.field("takesPushes", !agentTicket.deviceToken.empty());
     writer.key("customer");
     writer.open('{');
-    writer.field("id", theCase.customerId);
-    writer.optionalField("email", theCase.email);
-    writer.optionalField("originalId", theCase.originalId);
+    writer.field("id", agentTicket.customerId);
+    writer.optionalField("email", agentTicket.email);
+    writer.optionalField("originalId", agentTicket.originalId);
     writer.close('}');
-    writer.optionalField("channel", theCase.channel);
+    writer.optionalField("channel", agentTicket.channel);
     writer.key("device");
-    writer.raw(theCase.device);
-    write(writer, theCase.ticket.messages, surroundings);
+    writer.raw(agentTicket.device);
+    write(writer, agentTicket.ticket.messages, context);
     writer.close('}');
 }
 
-std::string pushOf(std::string_view key, const auto &record, const Surroundings &surroundings)
+std::string pushOf(std::string_view key, const auto &record, const RenderContext &context)
 {
-    Writer writer;
+    JsonWriter writer;
     writer.open('{');
     writer.field("source", "tolvane");
     writer.key(key);
-    write(writer, record, surroundings);
+    write(writer, record, context);
     writer.close('}');
     return writer.take();
 }
 
-std::string payloadOf(const Message &message, const Surroundings &surroundings)
+std::string payloadOf(const Message &message, const RenderContext &context)
 {
-    return pushOf("message", message, surroundings);
+    return pushOf("message", message, context);
 }
 
-std::string payloadOf(const Preview &preview, const Surroundings &surroundings)
+std::string payloadOf(const Preview &preview, const RenderContext &context)
 {
-    return pushOf("ticketPreview", preview, surroundings);
+    return pushOf("ticketPreview", preview, context);
 }
 
-std::string payloadOf(const HandmadePush &push, const Surroundings &)
+std::string payloadOf(const CustomPush &push, const RenderContext &)
 {
     return push.payload;
 }
 
 } // namespace
 
-std::string toJson(const Message &message, const Surroundings &surroundings)
+std::string toJson(const Message &message, const RenderContext &context)
 {
-    Writer writer;
-    write(writer, message, surroundings);
+    JsonWriter writer;
+    write(writer, message, context);
     return writer.take();
 }
 
-std::string toJson(const Ticket &ticket, const Surroundings &surroundings)
+std::string toJson(const Ticket &ticket, const RenderContext &context)
 {
-    Writer writer;
+    JsonWriter writer;
     writer.open('{');
     writer.field("id", ticket.id);
     writer.field("state", nameOf(ticket.state));
     writer.field("assignee", nameOf(ticket.assignee));
-    write(writer, ticket.messages, surroundings);
+    write(writer, ticket.messages, context);
     writer.key("schedules");
-    writer.raw(surroundings.schedules);
+    writer.raw(context.schedules);
     writer.close('}');
     return writer.take();
 }
 
-std::string toJson(const std::vector<Preview> &previews, const Surroundings &surroundings)
+std::string toJson(const std::vector<Preview> &previews, const RenderContext &context)
 {
-    Writer writer;
+    JsonWriter writer;
     writer.open('[');
     for (const Preview &preview : previews)
-        write(writer, preview, surroundings);
+        write(writer, preview, context);
     writer.close(']');
     return writer.take();
 }
 
-std::string toJson(const Case &theCase, const Surroundings &surroundings)
+std::string toJson(const AgentTicket &ticket, const RenderContext &context)
 {
-    Writer writer;
-    write(writer, theCase, surroundings);
+    JsonWriter writer;
+    write(writer, ticket, context);
     return writer.take();
 }
 
-std::string toJson(const std::vector<Case> &cases, const Surroundings &surroundings)
+std::string toJson(const std::vector<AgentTicket> &tickets, const RenderContext &context)
 {
-    Writer writer;
+    JsonWriter writer;
     writer.open('[');
-    for (const Case &theCase : cases)
-        write(writer, theCase, surroundings);
+    for (const AgentTicket &ticket : tickets)
+        write(writer, ticket, context);
     writer.close(']');
     return writer.take();
 }
 
-std::string toJson(const Push &push, const Surroundings &surroundings)
+std::string toJson(const Push &push, const RenderContext &context)
 {
-    return std::visit([&](const auto &record) { return payloadOf(record, surroundings); }, push);
+    return std::visit([&](const auto &record) { return payloadOf(record, context); }, push);
 }
 
 std::string toJson(const std::map<std::string, std::string> &texts)
 {
-    Writer writer;
+    JsonWriter writer;
     writer.open('{');
     for (const auto &[name, text] : texts)
         writer.field(name, text);
@@ -209,9 +209,9 @@ std::string toJson(const std::map<std::string, std::string> &texts)
     return writer.take();
 }
 
-std::string attachmentUrl(std::string_view path, const Surroundings &surroundings)
+std::string attachmentUrl(std::string_view path, const RenderContext &context)
 {
-    return surroundings.baseUrl + fileAddress(path);
+    return context.baseUrl + fileAddress(path);
 }
 
 } // namespace tolvane::backend

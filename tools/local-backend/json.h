@@ -10,7 +10,7 @@
 namespace tolvane::backend {
 
 /// Context for rendering records as JSON.
-struct Surroundings
+struct RenderContext
 {
     /// Like "http://127.0.0.1:8787/api"; URLs in records begin with it.
     std::string baseUrl;
@@ -18,17 +18,17 @@ struct Surroundings
     std::string schedules;
 };
 
-std::string toJson(const Message &message, const Surroundings &surroundings);
-std::string toJson(const Ticket &ticket, const Surroundings &surroundings);
-std::string toJson(const std::vector<Preview> &previews, const Surroundings &surroundings);
+std::string toJson(const Message &message, const RenderContext &context);
+std::string toJson(const Ticket &ticket, const RenderContext &context);
+std::string toJson(const std::vector<Preview> &previews, const RenderContext &context);
 /// For the agent page only.
-std::string toJson(const Case &theCase, const Surroundings &surroundings);
-std::string toJson(const std::vector<Case> &cases, const Surroundings &surroundings);
+std::string toJson(const AgentTicket &ticket, const RenderContext &context);
+std::string toJson(const std::vector<AgentTicket> &tickets, const RenderContext &context);
 /// The payload that the host receives.
-std::string toJson(const Push &push, const Surroundings &surroundings);
+std::string toJson(const Push &push, const RenderContext &context);
 std::string toJson(const std::map<std::string, std::string> &texts);
 
 /// The URL of a file that is stored as "HASH/NAME".
-std::string attachmentUrl(std::string_view path, const Surroundings &surroundings);
+std::string attachmentUrl(std::string_view path, const RenderContext &context);
 
 } // namespace tolvane::backend

@@ -11,7 +11,7 @@ namespace tolvane::backend {
 
 /// Writes JSON text directly. For a conversation of thousands of messages, building a QJsonDocument
 /// would take longer than the query.
-class Writer
+class JsonWriter
 {
 public:
     void open(char bracket)

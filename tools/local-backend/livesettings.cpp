@@ -38,40 +38,40 @@ LiveSettings::LiveSettings(Store &store, const std::string &brandingPath,
         restore(settings.schedules, store, schedulesName, parseSchedules);
     restore(settings.answersAutomatically, store, automaticName,
             [](const std::string &saved) { return saved != no; });
-    m_now = std::make_shared<const Settings>(std::move(settings));
+    m_current = std::make_shared<const Settings>(std::move(settings));
 }
 
-std::shared_ptr<const Settings> LiveSettings::now() const
+std::shared_ptr<const Settings> LiveSettings::current() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_now;
+    return m_current;
 }
 
 void LiveSettings::save(const Branding &branding)
 {
-    change(brandingName, branding.json, [&](Settings &settings) { settings.branding = branding; });
+    update(brandingName, branding.json, [&](Settings &settings) { settings.branding = branding; });
 }
 
 void LiveSettings::save(const Schedules &schedules)
 {
-    change(schedulesName, schedules.json,
+    update(schedulesName, schedules.json,
            [&](Settings &settings) { settings.schedules = schedules; });
 }
 
 void LiveSettings::saveAnswersAutomatically(bool answers)
 {
-    change(automaticName, answers ? yes : no,
+    update(automaticName, answers ? yes : no,
            [answers](Settings &settings) { settings.answersAutomatically = answers; });
 }
 
-void LiveSettings::change(const char *name, const std::string &saved,
+void LiveSettings::update(const char *name, const std::string &saved,
                           const std::function<void(Settings &)> &apply)
 {
     const std::lock_guard lock(m_mutex);
     m_store.saveSetting(name, saved);
-    auto settings = std::make_shared<Settings>(*m_now);
+    auto settings = std::make_shared<Settings>(*m_current);
     apply(*settings);
-    m_now = std::move(settings);
+    m_current = std::move(settings);
 }
 
 } // namespace tolvane::backend

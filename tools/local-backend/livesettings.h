@@ -19,18 +19,18 @@ public:
     /// A file takes precedence over saved settings. Throws a StartError.
     LiveSettings(Store &store, const std::string &brandingPath, const std::string &schedulesPath);
 
-    std::shared_ptr<const Settings> now() const;
+    std::shared_ptr<const Settings> current() const;
     void save(const Branding &branding);
     void save(const Schedules &schedules);
     void saveAnswersAutomatically(bool answers);
 
 private:
-    void change(const char *name, const std::string &saved,
+    void update(const char *name, const std::string &saved,
                 const std::function<void(Settings &)> &apply);
 
     Store &m_store;
     mutable std::mutex m_mutex;
-    std::shared_ptr<const Settings> m_now;
+    std::shared_ptr<const Settings> m_current;
 };
 
 } // namespace tolvane::backend

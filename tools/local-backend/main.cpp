@@ -19,10 +19,10 @@ namespace {
 using namespace tolvane::backend;
 
 constexpr int startFailed = 2;
-constexpr int endedEarly = 1;
+constexpr int serverFailed = 1;
 
 // Every thread inherits the mask, so that only the thread in sigwait() receives the signals.
-sigset_t blockEndSignals()
+sigset_t blockTerminationSignals()
 {
     sigset_t signals;
     sigemptyset(&signals);
@@ -34,7 +34,7 @@ sigset_t blockEndSignals()
 
 bool serveUntilSignal(Server &server, const sigset_t &signals)
 {
-    std::thread ender([&server, &signals] {
+    std::thread signalThread([&server, &signals] {
         int signal = 0;
         sigwait(&signals, &signal);
         server.shutDown();
@@ -42,8 +42,8 @@ bool serveUntilSignal(Server &server, const sigset_t &signals)
     const bool wasShutDown = server.run();
     // If the server ended for another reason, the thread still waits for a signal.
     if (!wasShutDown)
-        pthread_kill(ender.native_handle(), SIGINT);
-    ender.join();
+        pthread_kill(signalThread.native_handle(), SIGINT);
+    signalThread.join();
     return wasShutDown;
 }
 
@@ -51,14 +51,14 @@ int run(const Options &options, const sigset_t &signals)
 {
     Database database = openDatabase(options.databasePath);
     if (!options.seedPath.empty())
-        plantSeed(options.seedPath, database);
+        loadSeed(options.seedPath, database);
     Backend backend(std::move(database), options.replyDelay, options.brandingPath,
                     options.schedulesPath);
     Server server({options.host, options.port, options.keys, options.maxBody}, backend);
     server.bind();
     std::printf("listening on %s\n", server.baseUrl().c_str());
     std::fflush(stdout);
-    return serveUntilSignal(server, signals) ? EXIT_SUCCESS : endedEarly;
+    return serveUntilSignal(server, signals) ? EXIT_SUCCESS : serverFailed;
 }
 
 } // namespace
@@ -66,7 +66,7 @@ int run(const Options &options, const sigset_t &signals)
 int main(int argc, char *argv[])
 {
     std::signal(SIGPIPE, SIG_IGN);
-    const sigset_t signals = blockEndSignals();
+    const sigset_t signals = blockTerminationSignals();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TOLVANE_BACKEND_VERSION));
     try {

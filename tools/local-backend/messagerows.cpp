@@ -3,7 +3,8 @@
 
 namespace tolvane::backend {
 
-Message messageAt(const Statement &row, const std::string &customer, const std::string &ticketId)
+Message messageFromRow(const Statement &row, const std::string &customer,
+                       const std::string &ticketId)
 {
     Message message;
     message.id = row.text(0);
@@ -19,7 +20,7 @@ Message messageAt(const Statement &row, const std::string &customer, const std::
     return message;
 }
 
-void addAttachmentAt(const Statement &row, Message &message)
+void addAttachmentFromRow(const Statement &row, Message &message)
 {
     if (const std::string hash = row.text(7); !hash.empty())
         message.attachments.push_back(filePath(hash, row.text(8)));

@@ -12,8 +12,9 @@ namespace tolvane::backend {
 inline constexpr int messageColumns = 9;
 
 /// The message of such a row, without its attachments.
-Message messageAt(const Statement &row, const std::string &customer, const std::string &ticketId);
-void addAttachmentAt(const Statement &row, Message &message);
+Message messageFromRow(const Statement &row, const std::string &customer,
+                       const std::string &ticketId);
+void addAttachmentFromRow(const Statement &row, Message &message);
 
 std::string filePath(std::string_view hash, std::string_view name);
 

@@ -11,18 +11,18 @@ namespace tolvane::backend {
 namespace {
 
 constexpr std::string_view lineEnd = "\r\n";
-constexpr std::size_t longestHead = 16'384;
+constexpr std::size_t maxHeadSize = 16'384;
 constexpr int badRequest = 400;
 
-[[noreturn]] void refuse(const std::string &reason)
+[[noreturn]] void fail(const std::string &reason)
 {
-    throw Refusal(badRequest, "malformed multipart body: " + reason);
+    throw HttpError(badRequest, "malformed multipart body: " + reason);
 }
 
-bool canEndBefore(std::string_view rest)
+bool isEndOfValue(std::string_view rest)
 {
-    const std::string_view behind = trimmed(rest);
-    return behind.empty() || behind.front() == ';';
+    const std::string_view remainder = trimmed(rest);
+    return remainder.empty() || remainder.front() == ';';
 }
 
 // A backslash before the last quotation mark of a line is part of the name, because that quotation
@@ -34,11 +34,11 @@ bool isEscape(std::string_view text)
 
 // Some clients do not escape quotation marks within a name. A quotation mark therefore ends the
 // name only before a semicolon or the end of the line.
-std::string takeQuoted(std::string_view &rest)
+std::string takeQuotedString(std::string_view &rest)
 {
     std::string value;
     for (std::size_t i = 1; i < rest.size(); ++i) {
-        if (rest[i] == '"' && canEndBefore(rest.substr(i + 1))) {
+        if (rest[i] == '"' && isEndOfValue(rest.substr(i + 1))) {
             rest.remove_prefix(i + 1);
             return value;
         }
@@ -46,7 +46,7 @@ std::string takeQuoted(std::string_view &rest)
             ++i;
         value += rest[i];
     }
-    refuse("a quotation mark is missing");
+    fail("a quotation mark is missing");
 }
 
 std::string takeToken(std::string_view &rest)
@@ -71,7 +71,7 @@ std::map<std::string, std::string> parametersOf(std::string_view value)
         std::transform(name.begin(), name.end(), name.begin(),
                        [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
         rest = trimmed(rest.substr(equals + 1));
-        parameters[name] = rest.starts_with('"') ? takeQuoted(rest) : takeToken(rest);
+        parameters[name] = rest.starts_with('"') ? takeQuotedString(rest) : takeToken(rest);
         rest.remove_prefix(std::min(rest.find(';'), rest.size()));
     }
     return parameters;
@@ -81,32 +81,32 @@ std::string boundaryOf(std::string_view contentType)
 {
     const auto kind = trimmed(contentType.substr(0, contentType.find(';')));
     if (!equalIgnoringCase(kind, "multipart/form-data"))
-        throw Refusal(badRequest, "the body has to be multipart/form-data");
+        throw HttpError(badRequest, "the body has to be multipart/form-data");
     auto parameters = parametersOf(contentType);
     std::string boundary = std::move(parameters["boundary"]);
     if (boundary.empty() || boundary.size() > 200)
-        refuse("the Content-Type has no boundary");
+        fail("the Content-Type has no boundary");
     return boundary;
 }
 
 // The type is returned as a response header, which must contain printable ASCII only.
-std::string soundMimeType(std::string_view type)
+std::string sanitizedMimeType(std::string_view type)
 {
-    const bool sound =
+    const bool isValid =
         type.find('/') != std::string_view::npos && type.size() <= 200 &&
         std::all_of(type.begin(), type.end(), [](char c) { return c >= ' ' && c <= '~'; });
-    return sound ? std::string(type) : "application/octet-stream";
+    return isValid ? std::string(type) : "application/octet-stream";
 }
 
 void applyHeader(Part &part, std::string_view line)
 {
     const auto colon = line.find(':');
     if (colon == std::string_view::npos)
-        refuse("a header line of a part has no colon");
+        fail("a header line of a part has no colon");
     const auto name = trimmed(line.substr(0, colon));
     const auto value = trimmed(line.substr(colon + 1));
     if (equalIgnoringCase(name, "content-type")) {
-        part.mimeType = soundMimeType(value);
+        part.mimeType = sanitizedMimeType(value);
     } else if (equalIgnoringCase(name, "content-disposition")) {
         auto parameters = parametersOf(value);
         part.name = std::move(parameters["name"]);
@@ -117,10 +117,10 @@ void applyHeader(Part &part, std::string_view line)
 Part parsePart(std::string_view text)
 {
     const auto headEnd = text.starts_with(lineEnd) ? 0 : text.find("\r\n\r\n");
-    if (headEnd == std::string_view::npos || headEnd > longestHead)
-        refuse("the headers of a part do not end");
+    if (headEnd == std::string_view::npos || headEnd > maxHeadSize)
+        fail("the headers of a part do not end");
     Part part;
-    part.mimeType = soundMimeType({});
+    part.mimeType = sanitizedMimeType({});
     std::string_view head = text.substr(0, headEnd);
     while (!head.empty()) {
         const auto end = std::min(head.find(lineEnd), head.size());
@@ -128,7 +128,7 @@ Part parsePart(std::string_view text)
         head.remove_prefix(std::min(end + lineEnd.size(), head.size()));
     }
     if (part.name.empty())
-        refuse("a part has no name");
+        fail("a part has no name");
     part.content = text.substr(headEnd == 0 ? lineEnd.size() : headEnd + 2 * lineEnd.size());
     return part;
 }
@@ -141,15 +141,15 @@ std::vector<Part> parseMultipart(std::string_view contentType, std::string_view 
     const std::string delimiter = std::string(lineEnd) + opening;
     std::vector<Part> parts;
     if (!body.starts_with(opening))
-        refuse("the body does not begin with the boundary");
+        fail("the body does not begin with the boundary");
     body.remove_prefix(opening.size());
     while (!body.starts_with("--")) {
         if (!body.starts_with(lineEnd))
-            refuse("a boundary is not alone on its line");
+            fail("a boundary is not alone on its line");
         body.remove_prefix(lineEnd.size());
         const auto end = body.find(delimiter);
         if (end == std::string_view::npos)
-            refuse("the closing boundary is missing");
+            fail("the closing boundary is missing");
         parts.push_back(parsePart(body.substr(0, end)));
         body.remove_prefix(end + delimiter.size());
     }

@@ -17,7 +17,7 @@ struct Part
     std::string_view content;
 };
 
-/// Parses a multipart/form-data body. Throws a Refusal that describes the error.
+/// Parses a multipart/form-data body. Throws an HttpError that describes the error.
 ///
 /// httplib's own parser rejects a body that ends with its closing delimiter, and quotation marks
 /// within file names. Clients send both.

@@ -13,7 +13,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct Flag
+struct OptionSpec
 {
     const char *name;
     const char *valueName;
@@ -21,7 +21,7 @@ struct Flag
     const char *help;
 };
 
-constexpr Flag flags[] = {
+constexpr OptionSpec optionSpecs[] = {
     {"port", "N", "8787", "Port to listen on, 0 for a free port (8787)."},
     {"host", "ADDR", "127.0.0.1",
      "Address to listen on. An address other than loopback opens the backend to the network."},
@@ -42,19 +42,19 @@ constexpr const char *description =
     "Local backend of TolvaneSdk for developing and trying out an app.\n"
     "A developer's tool: not for production, nor for the data of real customers.";
 
-[[noreturn]] void refuse(const QString &reason)
+[[noreturn]] void fail(const QString &reason)
 {
     throw StartError(reason.toStdString() + " (see --help)");
 }
 
-void addFlags(QCommandLineParser &parser)
+void addOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(QLatin1String(description));
     parser.addOption({{u"h"_s, u"help"_s}, u"Shows this text."_s});
     parser.addOption({{u"v"_s, u"version"_s}, u"Shows the version."_s});
-    for (const Flag &flag : flags) {
-        parser.addOption({QLatin1String(flag.name), QLatin1String(flag.help),
-                          QLatin1String(flag.valueName), QLatin1String(flag.defaultValue)});
+    for (const OptionSpec &spec : optionSpecs) {
+        parser.addOption({QLatin1String(spec.name), QLatin1String(spec.help),
+                          QLatin1String(spec.valueName), QLatin1String(spec.defaultValue)});
     }
 }
 
@@ -65,7 +65,7 @@ double numberOf(const QCommandLineParser &parser, const QString &name, double le
     const double number = text.toDouble(&valid);
     // Negated, so that NaN is rejected too.
     if (!valid || !(number >= least && number <= most)) {
-        refuse(u"--%1 takes a number from %2 to %3, not '%4'"_s.arg(name).arg(least).arg(most).arg(
+        fail(u"--%1 takes a number from %2 to %3, not '%4'"_s.arg(name).arg(least).arg(most).arg(
             text));
     }
     return number;
@@ -76,7 +76,7 @@ int wholeNumberOf(const QCommandLineParser &parser, const QString &name, int lea
     const double number = numberOf(parser, name, least, most);
     const int whole = static_cast<int>(number);
     if (whole != number)
-        refuse(u"--%1 takes a whole number, not '%2'"_s.arg(name, parser.value(name)));
+        fail(u"--%1 takes a whole number, not '%2'"_s.arg(name, parser.value(name)));
     return whole;
 }
 
@@ -84,7 +84,7 @@ std::string defaultDatabasePath()
 {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     if (data.isEmpty())
-        refuse(u"this user has no data folder; name a file with --db"_s);
+        fail(u"this user has no data folder; name a file with --db"_s);
     return (data + u"/tolvane-backend/backend.sqlite"_s).toStdString();
 }
 
@@ -96,7 +96,7 @@ std::vector<std::string> keysOf(const QCommandLineParser &parser)
         if (!key.trimmed().isEmpty())
             keys.push_back(key.trimmed().toStdString());
         else if (parser.isSet(u"key"_s))
-            refuse(u"--key must not be empty"_s);
+            fail(u"--key must not be empty"_s);
     }
     return keys;
 }
@@ -106,9 +106,9 @@ std::vector<std::string> keysOf(const QCommandLineParser &parser)
 Options parseOptions(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    addFlags(parser);
+    addOptions(parser);
     if (!parser.parse(arguments))
-        refuse(parser.errorText());
+        fail(parser.errorText());
     Options options;
     if (parser.isSet(u"help"_s))
         options.textToPrint = parser.helpText().toStdString();
@@ -118,7 +118,7 @@ Options parseOptions(const QStringList &arguments)
     if (!options.textToPrint.empty())
         return options;
     if (!parser.positionalArguments().isEmpty())
-        refuse(u"unexpected argument '%1'"_s.arg(parser.positionalArguments().constFirst()));
+        fail(u"unexpected argument '%1'"_s.arg(parser.positionalArguments().constFirst()));
 
     options.host = parser.value(u"host"_s).toStdString();
     options.port = wholeNumberOf(parser, u"port"_s, 0, 65535);

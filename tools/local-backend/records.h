@@ -91,7 +91,7 @@ struct Preview
 };
 
 /// A ticket with the fields that agents need.
-struct Case
+struct AgentTicket
 {
     /// In lists, with the newest message only.
     Ticket ticket;
@@ -122,14 +122,14 @@ struct TicketChange
 };
 
 /// A payload that an agent has written: a JSON object on one line.
-struct HandmadePush
+struct CustomPush
 {
     std::string payload;
 };
 
 /// A push for a customer's device: an agent's message, a ticket whose state has changed, or a
 /// payload that an agent has written.
-using Push = std::variant<Message, Preview, HandmadePush>;
+using Push = std::variant<Message, Preview, CustomPush>;
 
 struct StoredFile
 {

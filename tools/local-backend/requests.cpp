@@ -29,41 +29,41 @@ bool isVisible(char character)
 std::string textOf(const Part &part)
 {
     if (!isUtf8(part.content))
-        throw Refusal(400, "the part '" + part.name + "' is not UTF-8");
+        throw HttpError(400, "the part '" + part.name + "' is not UTF-8");
     return std::string(part.content);
 }
 
 } // namespace
 
-Form formIn(const httplib::Request &request, const std::string &body)
+Form parseForm(const httplib::Request &request, const std::string &body)
 {
     Form form;
     for (const Part &part : parseMultipart(request.get_header_value(bodyType), body)) {
         if (!isUtf8(part.name) || !isUtf8(part.fileName))
-            throw Refusal(400, "a part's name is not UTF-8");
+            throw HttpError(400, "a part's name is not UTF-8");
         if (part.name == "attachments[]")
             form.uploads.push_back({part.fileName, part.mimeType, std::string(part.content)});
         else if (!form.texts.emplace(part.name, textOf(part)).second)
-            throw Refusal(400, "the part '" + part.name + "' occurs twice");
+            throw HttpError(400, "the part '" + part.name + "' occurs twice");
     }
     return form;
 }
 
-NewMessage messageIn(Form form)
+NewMessage parseMessage(Form form)
 {
     const auto content = form.texts.find("message");
     if (content == form.texts.end())
-        throw Refusal(400, "the part 'message' is missing");
+        throw HttpError(400, "the part 'message' is missing");
     if (content->second.empty() && form.uploads.empty())
-        throw Refusal(400, "a message needs a text or an attachment");
+        throw HttpError(400, "a message needs a text or an attachment");
     return {std::move(content->second), std::move(form.uploads)};
 }
 
-QJsonObject objectIn(const std::string &body)
+QJsonObject parseObject(const std::string &body)
 {
     const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(body));
     if (!document.isObject())
-        throw Refusal(400, "the body has to be a JSON object");
+        throw HttpError(400, "the body has to be a JSON object");
     return document.object();
 }
 
@@ -73,19 +73,19 @@ std::optional<std::string> optionalText(const QJsonObject &object, const char *k
     if (value.isUndefined() || value.isNull())
         return std::nullopt;
     if (!value.isString())
-        throw Refusal(400, std::string("'") + key + "' has to be a string");
+        throw HttpError(400, std::string("'") + key + "' has to be a string");
     return value.toString().toStdString();
 }
 
-std::string customerOf(const httplib::Request &request)
+std::string customerIdOf(const httplib::Request &request)
 {
     constexpr std::size_t longest = 128;
     std::string id = request.get_header_value(customerHeader);
     if (id.empty())
         return newId();
     if (id.size() > longest || !std::all_of(id.begin(), id.end(), isVisible))
-        throw Refusal(400,
-                      std::string(customerHeader) + " allows up to 128 visible ASCII characters");
+        throw HttpError(400,
+                        std::string(customerHeader) + " allows up to 128 visible ASCII characters");
     return id;
 }
 
@@ -103,7 +103,7 @@ std::optional<std::string> queryItem(const httplib::Request &request, std::strin
     return std::nullopt;
 }
 
-std::optional<std::uint64_t> lastPushOf(const httplib::Request &request)
+std::optional<std::uint64_t> lastEventIdOf(const httplib::Request &request)
 {
     const std::string text = request.get_header_value("Last-Event-ID");
     std::uint64_t number = 0;
@@ -112,27 +112,27 @@ std::optional<std::uint64_t> lastPushOf(const httplib::Request &request)
     return error == std::errc() && parsed == end ? std::optional(number) : std::nullopt;
 }
 
-std::string hostOf(const httplib::Request &request, const std::string &otherwise)
+std::string hostOf(const httplib::Request &request, const std::string &fallback)
 {
     constexpr std::size_t longest = 255;
     const std::string host = request.get_header_value("Host");
-    const bool sound =
+    const bool isValid =
         !host.empty() && host.size() <= longest &&
         std::all_of(host.begin(), host.end(), [](unsigned char c) {
             return std::isalnum(c) ||
                    std::string_view("-.:[]_").find(static_cast<char>(c)) != std::string_view::npos;
         });
-    return sound ? host : otherwise;
+    return isValid ? host : fallback;
 }
 
-std::string baseUrlOn(const std::string &host)
+std::string baseUrlFor(const std::string &host)
 {
     return "http://" + host + "/api";
 }
 
-NewTicket newTicketIn(const httplib::Request &request, const std::string &body)
+NewTicket parseNewTicket(const httplib::Request &request, const std::string &body)
 {
-    Form form = formIn(request, body);
+    Form form = parseForm(request, body);
     NewTicket ticket;
     ticket.channel = form.texts["channel"];
     for (const std::string_view field : deviceFields) {
@@ -140,31 +140,31 @@ NewTicket newTicketIn(const httplib::Request &request, const std::string &body)
         if (text != form.texts.end())
             ticket.device.emplace(field, text->second);
     }
-    ticket.message = messageIn(std::move(form));
+    ticket.message = parseMessage(std::move(form));
     return ticket;
 }
 
-NewMessage newMessageIn(const httplib::Request &request, const std::string &body)
+NewMessage parseNewMessage(const httplib::Request &request, const std::string &body)
 {
-    return messageIn(formIn(request, body));
+    return parseMessage(parseForm(request, body));
 }
 
-CustomerUpdate customerUpdateIn(const std::string &body)
+CustomerUpdate parseCustomerUpdate(const std::string &body)
 {
-    const QJsonObject object = objectIn(body);
+    const QJsonObject object = parseObject(body);
     return {.email = optionalText(object, "email"),
             .originalId = optionalText(object, "originalId"),
             .deviceToken = {}};
 }
 
-CustomerUpdate deviceUpdateIn(const std::string &body)
+CustomerUpdate parseDeviceUpdate(const std::string &body)
 {
-    const QJsonObject object = objectIn(body);
+    const QJsonObject object = parseObject(body);
     CustomerUpdate update{.email = {},
                           .originalId = optionalText(object, "originalId"),
                           .deviceToken = optionalText(object, "deviceToken")};
     if (!update.deviceToken)
-        throw Refusal(400, "'deviceToken' is missing");
+        throw HttpError(400, "'deviceToken' is missing");
     return update;
 }
 

@@ -12,21 +12,21 @@ namespace tolvane::backend {
 
 inline constexpr const char *customerHeader = "X-Tolvane-Customer";
 
-/// The request's customer id, or a new one. Throws a Refusal for an invalid id.
-std::string customerOf(const httplib::Request &request);
+/// The request's customer id, or a new one. Throws an HttpError for an invalid id.
+std::string customerIdOf(const httplib::Request &request);
 
 /// The decoded value of a query item, empty for an item without a value. Returns nullopt when there
 /// is no such item.
 std::optional<std::string> queryItem(const httplib::Request &request, std::string_view name);
 
 /// The number in the Last-Event-ID header: the last push that the client has received.
-std::optional<std::uint64_t> lastPushOf(const httplib::Request &request);
+std::optional<std::uint64_t> lastEventIdOf(const httplib::Request &request);
 
-/// The Host header, or `otherwise` when the header is missing or not valid in a URL.
-std::string hostOf(const httplib::Request &request, const std::string &otherwise);
+/// The Host header, or `fallback` when the header is missing or not valid in a URL.
+std::string hostOf(const httplib::Request &request, const std::string &fallback);
 
 /// Returns "http://127.0.0.1:8787/api" for the host "127.0.0.1:8787".
-std::string baseUrlOn(const std::string &host);
+std::string baseUrlFor(const std::string &host);
 
 /// A multipart form: the texts by name, and the files in order.
 struct Form
@@ -35,16 +35,16 @@ struct Form
     std::vector<Upload> uploads;
 };
 
-/// Parse multipart bodies. Throw a Refusal.
-Form formIn(const httplib::Request &request, const std::string &body);
-NewMessage messageIn(Form form);
-NewTicket newTicketIn(const httplib::Request &request, const std::string &body);
-NewMessage newMessageIn(const httplib::Request &request, const std::string &body);
+/// Parse multipart bodies. Throw an HttpError.
+Form parseForm(const httplib::Request &request, const std::string &body);
+NewMessage parseMessage(Form form);
+NewTicket parseNewTicket(const httplib::Request &request, const std::string &body);
+NewMessage parseNewMessage(const httplib::Request &request, const std::string &body);
 
-/// Parse JSON bodies. Throw a Refusal.
-QJsonObject objectIn(const std::string &body);
+/// Parse JSON bodies. Throw an HttpError.
+QJsonObject parseObject(const std::string &body);
 std::optional<std::string> optionalText(const QJsonObject &object, const char *key);
-CustomerUpdate customerUpdateIn(const std::string &body);
-CustomerUpdate deviceUpdateIn(const std::string &body);
+CustomerUpdate parseCustomerUpdate(const std::string &body);
+CustomerUpdate parseDeviceUpdate(const std::string &body);
 
 } // namespace tolvane::backend

@@ -14,12 +14,12 @@ constexpr const char *jsonType = "application/json";
 
 } // namespace
 
-std::string Call::component(std::size_t place) const
+std::string RequestContext::pathComponent(std::size_t index) const
 {
-    return percentDecoded(path.at(place));
+    return percentDecoded(path.at(index));
 }
 
-void Call::answer(const std::string &json) const
+void RequestContext::respond(const std::string &json) const
 {
     response.set_content(json, jsonType);
 }
@@ -30,16 +30,16 @@ void setError(httplib::Response &response, int status, const std::string &reason
     response.set_content(toJson(std::map<std::string, std::string>{{"error", reason}}), jsonType);
 }
 
-std::string_view addressOf(const httplib::Request &request)
+std::string_view pathOf(const httplib::Request &request)
 {
     const std::string_view target = request.target;
     return target.substr(0, target.find('?'));
 }
 
-Path pathBehind(std::string_view prefix, const httplib::Request &request)
+Path componentsAfter(std::string_view prefix, const httplib::Request &request)
 {
-    const std::string_view address = addressOf(request);
-    return address.starts_with(prefix) ? split(address.substr(prefix.size()), '/') : Path();
+    const std::string_view path = pathOf(request);
+    return path.starts_with(prefix) ? split(path.substr(prefix.size()), '/') : Path();
 }
 
 bool matches(const Path &path, std::string_view pattern)

@@ -19,7 +19,7 @@ constexpr std::array<const char *, 7> weekdays = {"Mon", "Tue", "Wed", "Thu", "F
 
 QString clockTime(const QJsonObject &schedule, const QString &key)
 {
-    const QDateTime time = QDateTime::fromString(settingsText(schedule, key), Qt::ISODate);
+    const QDateTime time = QDateTime::fromString(requiredText(schedule, key), Qt::ISODate);
     if (!time.isValid() || time.timeSpec() == Qt::LocalTime)
         throw SettingsError("needs a time like \"2026-01-05T09:00:00Z\" for '" + key.toStdString() +
                             '\'');
@@ -44,13 +44,13 @@ QString daysOf(const QJsonObject &schedule)
 
 Schedules parseSchedules(std::string_view json)
 {
-    const QJsonDocument document = settingsJson(json);
+    const QJsonDocument document = parseSettingsJson(json);
     if (!document.isArray())
         throw SettingsError("has to be a JSON list of schedules");
     QStringList hours;
     for (const QJsonValue value : document.array()) {
         const QJsonObject schedule = value.toObject();
-        settingsText(schedule, u"id"_s);
+        requiredText(schedule, u"id"_s);
         // Separate statements, because the order of evaluation of arguments is unspecified: the
         // first error is reported.
         const QString days = daysOf(schedule);

@@ -18,7 +18,7 @@ namespace {
 constexpr std::int64_t applicationId = 0x544F4C56;
 
 // A ticket's `last` is the `seq` of its newest message, by which lists of tickets are ordered.
-constexpr const char *first = R"(
+constexpr const char *initialSchema = R"(
 CREATE TABLE customers (
     id TEXT PRIMARY KEY,
     email TEXT,
@@ -72,7 +72,7 @@ PRAGMA user_version = 1;
 
 // For the agent page: the name and picture of a human agent, NULL for the scripted agents, and the
 // switch for automatic answers.
-constexpr const char *agentPage = R"(
+constexpr const char *agentPageMigration = R"(
 ALTER TABLE tickets ADD COLUMN automatic INTEGER NOT NULL DEFAULT 1;
 ALTER TABLE messages ADD COLUMN person_name TEXT;
 ALTER TABLE messages ADD COLUMN person_picture TEXT;
@@ -90,10 +90,10 @@ PRAGMA user_version = 2;
 )";
 
 // The script at index N migrates a database from version N to version N + 1.
-constexpr std::array steps = {first, agentPage};
-constexpr auto version = static_cast<std::int64_t>(steps.size());
+constexpr std::array migrations = {initialSchema, agentPageMigration};
+constexpr auto version = static_cast<std::int64_t>(migrations.size());
 
-std::string mend(const std::string &path)
+std::string remedy(const std::string &path)
 {
     return "; move '" + path + "' away or name another file with --db";
 }
@@ -101,7 +101,7 @@ std::string mend(const std::string &path)
 // Messages are private: the file is created before SQLite opens it, with permissions for its owner
 // only, which SQLite's journal files inherit. The permissions of an existing folder stay as they
 // are.
-void makeFile(const std::string &path)
+void createFile(const std::string &path)
 {
     std::error_code error;
     const auto folder = std::filesystem::path(path).parent_path();
@@ -133,25 +133,25 @@ bool isEmpty(Database &database)
            number(database, "PRAGMA user_version") == 0;
 }
 
-void bringUpToDate(Database &database)
+void migrate(Database &database)
 {
     // The version is read inside the transaction, because another backend may be migrating the same
     // file.
     Transaction transaction(database);
     for (auto at = number(database, "PRAGMA user_version"); at < version; ++at)
-        database.script(steps.at(static_cast<std::size_t>(at)));
+        database.executeScript(migrations.at(static_cast<std::size_t>(at)));
     transaction.commit();
 }
 
-void refuseForeign(Database &database, const std::string &path)
+void rejectForeignDatabase(Database &database, const std::string &path)
 {
     if (!isEmpty(database) && number(database, "PRAGMA application_id") != applicationId)
-        throw StartError("'" + path + "' is another program's database" + mend(path));
+        throw StartError("'" + path + "' is another program's database" + remedy(path));
     if (number(database, "PRAGMA user_version") > version)
-        throw StartError("'" + path + "' was created by a newer tolvane-backend" + mend(path));
+        throw StartError("'" + path + "' was created by a newer tolvane-backend" + remedy(path));
 }
 
-void refuseDamaged(Database &database)
+void rejectDamagedDatabase(Database &database)
 {
     Statement check = database.query("PRAGMA quick_check(1)");
     if (!check.step() || check.text(0) != "ok")
@@ -163,20 +163,20 @@ void refuseDamaged(Database &database)
 Database openDatabase(const std::string &path)
 {
     if (path != inMemory)
-        makeFile(path);
+        createFile(path);
     try {
         Database database(path);
-        refuseForeign(database, path);
-        refuseDamaged(database);
+        rejectForeignDatabase(database, path);
+        rejectDamagedDatabase(database);
         if (number(database, "PRAGMA user_version") < version)
-            bringUpToDate(database);
-        database.script("PRAGMA journal_mode = WAL");
-        database.script("PRAGMA synchronous = NORMAL");
-        database.script("PRAGMA foreign_keys = ON");
+            migrate(database);
+        database.executeScript("PRAGMA journal_mode = WAL");
+        database.executeScript("PRAGMA synchronous = NORMAL");
+        database.executeScript("PRAGMA foreign_keys = ON");
         return database;
     } catch (const DatabaseError &error) {
         throw StartError("'" + path + "' cannot be used as the database (" + error.what() + ")" +
-                         mend(path));
+                         remedy(path));
     }
 }
 

@@ -18,7 +18,7 @@ struct Entry
     std::string ticketId;
 };
 
-Instant momentsAgo(Instant now, double minutes)
+Instant minutesBefore(Instant now, double minutes)
 {
     return now - static_cast<Instant>(minutes * 60'000);
 }
@@ -32,33 +32,33 @@ Author assigneeOf(const SeededConversation &conversation)
 }
 
 /// Returns the hash that is the key of the bytes.
-std::string plantFile(const Upload &file, Database &database)
+std::string insertFile(const Upload &file, Database &database)
 {
     std::string hash = sha256Hex(file.bytes);
     database.run("INSERT OR IGNORE INTO files (hash, bytes) VALUES (?, ?)", hash, Blob{file.bytes});
     return hash;
 }
 
-void plantPictures(const Seed &seed, Database &database)
+void insertPictures(const Seed &seed, Database &database)
 {
     for (const Upload &picture : seed.pictures) {
         database.run("INSERT OR IGNORE INTO pictures (hash, name, mime_type) VALUES (?, ?, ?)",
-                     plantFile(picture, database), picture.fileName, picture.mimeType);
+                     insertFile(picture, database), picture.fileName, picture.mimeType);
     }
 }
 
-void plantAttachments(std::int64_t seq, const SeededMessage &message, Database &database)
+void insertAttachments(std::int64_t seq, const SeededMessage &message, Database &database)
 {
-    std::int64_t place = 0;
+    std::int64_t index = 0;
     for (const Upload &attachment : message.attachments) {
-        const std::string hash = plantFile(attachment, database);
+        const std::string hash = insertFile(attachment, database);
         database.run("INSERT INTO attachments (message_seq, place, hash, name, mime_type)"
                      " VALUES (?, ?, ?, ?, ?)",
-                     seq, place++, hash, attachment.fileName, attachment.mimeType);
+                     seq, index++, hash, attachment.fileName, attachment.mimeType);
     }
 }
 
-void plantMessage(const Entry &entry, Instant now, Database &database)
+void insertMessage(const Entry &entry, Instant now, Database &database)
 {
     const SeededMessage &message = *entry.message;
     std::optional<std::string> name;
@@ -71,10 +71,10 @@ void plantMessage(const Entry &entry, Instant now, Database &database)
                  " (id, ticket_id, author, content, is_read, at, person_name, person_picture)"
                  " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
                  newId(), entry.ticketId, nameOf(message.author), message.text, !message.isUnread,
-                 momentsAgo(now, message.minutesAgo), name, picture);
-    const std::int64_t seq = database.lastRow();
+                 minutesBefore(now, message.minutesAgo), name, picture);
+    const std::int64_t seq = database.lastInsertId();
     database.run("UPDATE tickets SET last = ? WHERE id = ?", seq, entry.ticketId);
-    plantAttachments(seq, message, database);
+    insertAttachments(seq, message, database);
     const auto &seconds = entry.conversation->secondsUntilAnswer;
     if (seconds && &message == &entry.conversation->messages.back()) {
         database.run("INSERT INTO replies (kind, message_seq, due) VALUES ('answer', ?, ?)", seq,
@@ -84,7 +84,7 @@ void plantMessage(const Entry &entry, Instant now, Database &database)
 
 /// Returns the messages of all tickets, oldest first: rows must be inserted in this order, because
 /// it determines the order of the tickets.
-std::vector<Entry> plantTickets(const Seed &seed, Database &database)
+std::vector<Entry> insertTickets(const Seed &seed, Database &database)
 {
     std::vector<Entry> entries;
     for (const SeededConversation &conversation : seed.conversations) {
@@ -103,20 +103,20 @@ std::vector<Entry> plantTickets(const Seed &seed, Database &database)
 
 } // namespace
 
-void plantSeed(const std::string &path, Database &database)
+void loadSeed(const std::string &path, Database &database)
 {
     const Seed seed = readSeed(path);
     const Instant instant = now();
     Transaction transaction(database);
-    plantPictures(seed, database);
+    insertPictures(seed, database);
     database.run("INSERT INTO customers (id, device_token) VALUES (?1, nullif(?2, ''))"
                  " ON CONFLICT (id) DO NOTHING",
                  seed.customer, seed.deviceToken);
     const bool isNew =
         !database.query("SELECT 1 FROM tickets WHERE customer_id = ?", seed.customer).step();
     if (isNew) {
-        for (const Entry &entry : plantTickets(seed, database))
-            plantMessage(entry, instant, database);
+        for (const Entry &entry : insertTickets(seed, database))
+            insertMessage(entry, instant, database);
     }
     transaction.commit();
 }

@@ -13,7 +13,7 @@ namespace tolvane::backend {
 namespace {
 
 constexpr std::string_view prefix = "/api/";
-constexpr const char *forever = "public, max-age=31536000, immutable";
+constexpr const char *immutable = "public, max-age=31536000, immutable";
 
 } // namespace
 
@@ -26,7 +26,7 @@ struct Server::Route
     std::string_view method;
     std::string_view pattern;
     Access access;
-    void (Server::*handler)(Call &) const;
+    void (Server::*handler)(RequestContext &) const;
 };
 
 const std::vector<Server::Route> Server::routes = {
@@ -62,7 +62,7 @@ void Server::bind()
 
 std::string Server::baseUrl() const
 {
-    return baseUrlOn(authority());
+    return baseUrlFor(authority());
 }
 
 std::string Server::authority() const
@@ -75,9 +75,9 @@ std::string Server::authority() const
 // bodies of any size into memory.
 void Server::installHandlers()
 {
-    constexpr const char *everything = R"([\s\S]*)";
-    const auto bodiless = [this](const httplib::Request &request, httplib::Response &response) {
-        answer(request, response, {});
+    constexpr const char *anyPath = R"([\s\S]*)";
+    const auto withoutBody = [this](const httplib::Request &request, httplib::Response &response) {
+        handle(request, response, {});
     };
     const auto withBody = [this](const httplib::Request &request, httplib::Response &response,
                                  const httplib::ContentReader &reader) {
@@ -98,27 +98,27 @@ void Server::installHandlers()
         else if (!fits)
             setError(response, 413, "the body is too large");
         else
-            answer(request, response, body);
+            handle(request, response, body);
     };
-    m_http.Get(everything, bodiless);
-    m_http.Options(everything, bodiless);
-    m_http.Post(everything, withBody);
-    m_http.Put(everything, withBody);
-    m_http.Patch(everything, withBody);
-    m_http.Delete(everything, withBody);
+    m_http.Get(anyPath, withoutBody);
+    m_http.Options(anyPath, withoutBody);
+    m_http.Post(anyPath, withBody);
+    m_http.Put(anyPath, withBody);
+    m_http.Patch(anyPath, withBody);
+    m_http.Delete(anyPath, withBody);
     m_http.set_error_handler([](const httplib::Request &, httplib::Response &response) {
         if (response.body.empty())
             setError(response, response.status, "the request is malformed");
     });
 }
 
-void Server::answer(const httplib::Request &request, httplib::Response &response,
+void Server::handle(const httplib::Request &request, httplib::Response &response,
                     const std::string &body) const
 {
     try {
         dispatch(request, response, body);
-    } catch (const Refusal &refusal) {
-        setError(response, refusal.status(), refusal.what());
+    } catch (const HttpError &error) {
+        setError(response, error.status(), error.what());
     } catch (const std::exception &error) {
         std::fprintf(stderr, "tolvane-backend: %s %s: %s\n", request.method.c_str(),
                      request.target.c_str(), error.what());
@@ -129,18 +129,18 @@ void Server::answer(const httplib::Request &request, httplib::Response &response
 void Server::dispatch(const httplib::Request &request, httplib::Response &response,
                       const std::string &body) const
 {
-    Call call{request, response, body};
-    if (AgentRoutes::has(request))
-        return m_agents.dispatch(call);
-    call.path = pathBehind(prefix, request);
-    const Route &route = routeOf(routes, call);
+    RequestContext context{request, response, body};
+    if (AgentRoutes::handles(request))
+        return m_agents.dispatch(context);
+    context.path = componentsAfter(prefix, request);
+    const Route &route = findRoute(routes, context);
     if (route.access != Access::Public)
         authorise(request);
     if (route.access == Access::Customer) {
-        call.customer = customerOf(request);
-        response.set_header(customerHeader, call.customer);
+        context.customer = customerIdOf(request);
+        response.set_header(customerHeader, context.customer);
     }
-    (this->*route.handler)(call);
+    (this->*route.handler)(context);
 }
 
 void Server::authorise(const httplib::Request &request) const
@@ -154,104 +154,106 @@ void Server::authorise(const httplib::Request &request) const
     for (const std::string &candidate : m_setup.keys)
         known |= isBearer && equalInConstantTime(key, candidate);
     if (!known)
-        throw Refusal(401, "the Authorization header has to contain a known bearer key");
+        throw HttpError(401, "the Authorization header has to contain a known bearer key");
 }
 
-Surroundings Server::surroundings(const httplib::Request &request) const
+RenderContext Server::renderContext(const httplib::Request &request) const
 {
-    return {baseUrlOn(hostOf(request, authority())), m_backend.settings.now()->schedules.json};
+    return {baseUrlFor(hostOf(request, authority())), m_backend.settings.current()->schedules.json};
 }
 
-void Server::getSettings(Call &call) const
+void Server::getSettings(RequestContext &context) const
 {
-    const std::shared_ptr<const Settings> settings = m_backend.settings.now();
-    if (queryItem(call.request, "updatedAt") == settings->branding.updatedAt)
-        call.response.status = 304;
+    const std::shared_ptr<const Settings> settings = m_backend.settings.current();
+    if (queryItem(context.request, "updatedAt") == settings->branding.updatedAt)
+        context.response.status = 304;
     else
-        call.answer(brandingAt(surroundings(call.request).baseUrl, settings->branding));
+        context.respond(brandingJson(renderContext(context.request).baseUrl, settings->branding));
 }
 
-void Server::createTicket(Call &call) const
+void Server::createTicket(RequestContext &context) const
 {
-    const Ticket ticket = m_backend.desk.open(call.customer, newTicketIn(call.request, call.body));
-    call.answer(toJson(ticket, surroundings(call.request)));
+    const Ticket ticket = m_backend.replyScheduler.createTicket(
+        context.customer, parseNewTicket(context.request, context.body));
+    context.respond(toJson(ticket, renderContext(context.request)));
 }
 
-void Server::postMessage(Call &call) const
+void Server::postMessage(RequestContext &context) const
 {
-    const std::optional<Message> message = m_backend.desk.post(
-        call.customer, call.component(1), newMessageIn(call.request, call.body));
+    const std::optional<Message> message = m_backend.replyScheduler.addMessage(
+        context.customer, context.pathComponent(1), parseNewMessage(context.request, context.body));
     if (!message)
-        throw Refusal(404, "there is no such ticket");
-    call.answer(toJson(*message, surroundings(call.request)));
+        throw HttpError(404, "there is no such ticket");
+    context.respond(toJson(*message, renderContext(context.request)));
 }
 
-void Server::getTicket(Call &call) const
+void Server::getTicket(RequestContext &context) const
 {
     const std::optional<Ticket> ticket =
-        m_backend.store.readTicket(call.customer, call.component(1));
+        m_backend.store.readTicket(context.customer, context.pathComponent(1));
     if (!ticket)
-        throw Refusal(404, "there is no such ticket");
-    call.answer(toJson(*ticket, surroundings(call.request)));
+        throw HttpError(404, "there is no such ticket");
+    context.respond(toJson(*ticket, renderContext(context.request)));
 }
 
-void Server::getTickets(Call &call) const
+void Server::getTickets(RequestContext &context) const
 {
-    call.answer(toJson(m_backend.store.previews(call.customer), surroundings(call.request)));
+    context.respond(
+        toJson(m_backend.store.previews(context.customer), renderContext(context.request)));
 }
 
-void Server::updateCustomer(Call &call) const
+void Server::updateCustomer(RequestContext &context) const
 {
-    m_backend.store.updateCustomer(call.customer, customerUpdateIn(call.body));
-    call.response.status = 204;
+    m_backend.store.updateCustomer(context.customer, parseCustomerUpdate(context.body));
+    context.response.status = 204;
 }
 
-void Server::updateDevice(Call &call) const
+void Server::updateDevice(RequestContext &context) const
 {
-    m_backend.store.updateCustomer(call.customer, deviceUpdateIn(call.body));
-    call.response.status = 204;
+    m_backend.store.updateCustomer(context.customer, parseDeviceUpdate(context.body));
+    context.response.status = 204;
 }
 
-void Server::getAttachment(Call &call) const
+void Server::getAttachment(RequestContext &context) const
 {
-    const std::string hash = call.component(1);
-    const std::optional<StoredFile> file = m_backend.store.file(hash, call.component(2));
+    const std::string hash = context.pathComponent(1);
+    const std::optional<StoredFile> file = m_backend.store.file(hash, context.pathComponent(2));
     if (!file)
-        throw Refusal(404, "there is no such attachment");
+        throw HttpError(404, "there is no such attachment");
     const std::string tag = '"' + hash + '"';
-    call.response.set_header("ETag", tag);
-    call.response.set_header("Cache-Control", forever);
-    call.response.set_header("X-Content-Type-Options", "nosniff");
+    context.response.set_header("ETag", tag);
+    context.response.set_header("Cache-Control", immutable);
+    context.response.set_header("X-Content-Type-Options", "nosniff");
     // An HTML page that a customer uploads must not run with this origin's access in a browser.
-    call.response.set_header("Content-Security-Policy", "sandbox; default-src 'none'");
-    const std::string known = call.request.get_header_value("If-None-Match");
+    context.response.set_header("Content-Security-Policy", "sandbox; default-src 'none'");
+    const std::string known = context.request.get_header_value("If-None-Match");
     if (known == "*" || known.find(tag) != std::string::npos)
-        call.response.status = 304;
+        context.response.status = 304;
     else
-        call.response.set_content(file->bytes, file->mimeType);
+        context.response.set_content(file->bytes, file->mimeType);
 }
 
-void Server::getPortrait(Call &call) const
+void Server::getPortrait(RequestContext &context) const
 {
-    call.response.set_content(m_backend.settings.now()->portrait, "image/png");
+    context.response.set_content(m_backend.settings.current()->portrait, "image/png");
 }
 
-void Server::getPushes(Call &call) const
+void Server::getPushes(RequestContext &context) const
 {
-    const auto pushes =
-        std::make_shared<PushStream>(m_backend.pushes, call.component(1), lastPushOf(call.request));
-    answerWithEvents(call, m_http, pushes->news(),
-                     [pushes, around = surroundings(call.request)](httplib::DataSink &sink) {
-                         while (const std::optional<NumberedPush> push = pushes->next()) {
-                             const std::string event = "id: " + std::to_string(push->number) +
-                                                       "\ndata: " + toJson(push->push, around) +
-                                                       "\n\n";
-                             if (!write(sink, event))
-                                 return false;
-                             pushes->confirm(push->number);
-                         }
-                         return true;
-                     });
+    const auto pushes = std::make_shared<PushStream>(
+        m_backend.pushService, context.pathComponent(1), lastEventIdOf(context.request));
+    respondWithEvents(
+        context, m_http, pushes->semaphore(),
+        [pushes, renderContext = renderContext(context.request)](httplib::DataSink &sink) {
+            while (const std::optional<NumberedPush> push = pushes->next()) {
+                const std::string event = "id: " + std::to_string(push->number) +
+                                          "\ndata: " + toJson(push->push, renderContext) + "\n\n";
+                if (!write(sink, event))
+                    return false;
+                pushes->confirm(push->number);
+            }
+            return true;
+        });
 }
 
 } // namespace tolvane::backend

@@ -43,23 +43,23 @@ private:
     /// Like "127.0.0.1:8787".
     std::string authority() const;
     void installHandlers();
-    void answer(const httplib::Request &request, httplib::Response &response,
+    void handle(const httplib::Request &request, httplib::Response &response,
                 const std::string &body) const;
     void dispatch(const httplib::Request &request, httplib::Response &response,
                   const std::string &body) const;
     void authorise(const httplib::Request &request) const;
-    Surroundings surroundings(const httplib::Request &request) const;
+    RenderContext renderContext(const httplib::Request &request) const;
 
-    void getSettings(Call &call) const;
-    void createTicket(Call &call) const;
-    void postMessage(Call &call) const;
-    void getTicket(Call &call) const;
-    void getTickets(Call &call) const;
-    void updateCustomer(Call &call) const;
-    void updateDevice(Call &call) const;
-    void getAttachment(Call &call) const;
-    void getPortrait(Call &call) const;
-    void getPushes(Call &call) const;
+    void getSettings(RequestContext &context) const;
+    void createTicket(RequestContext &context) const;
+    void postMessage(RequestContext &context) const;
+    void getTicket(RequestContext &context) const;
+    void getTickets(RequestContext &context) const;
+    void updateCustomer(RequestContext &context) const;
+    void updateDevice(RequestContext &context) const;
+    void getAttachment(RequestContext &context) const;
+    void getPortrait(RequestContext &context) const;
+    void getPushes(RequestContext &context) const;
 
     const Setup m_setup;
     Backend &m_backend;

@@ -33,7 +33,7 @@ Settings loadSettings(const std::string &brandingPath, const std::string &schedu
 std::string asset(const std::string &name)
 {
     initializeAssets();
-    return contentOf(QStringLiteral(":/tolvane-backend/") + QString::fromStdString(name));
+    return readFile(QStringLiteral(":/tolvane-backend/") + QString::fromStdString(name));
 }
 
 } // namespace tolvane::backend

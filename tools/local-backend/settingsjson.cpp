@@ -7,7 +7,7 @@ namespace tolvane::backend {
 
 using namespace Qt::StringLiterals;
 
-std::string contentOf(const QString &path)
+std::string readFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -16,7 +16,7 @@ std::string contentOf(const QString &path)
     return file.readAll().toStdString();
 }
 
-QJsonDocument settingsJson(std::string_view text)
+QJsonDocument parseSettingsJson(std::string_view text)
 {
     QJsonParseError error;
     QJsonDocument document = QJsonDocument::fromJson(
@@ -29,7 +29,7 @@ QJsonDocument settingsJson(std::string_view text)
     return document;
 }
 
-QString settingsText(const QJsonObject &object, const QString &key)
+QString requiredText(const QJsonObject &object, const QString &key)
 {
     const QJsonValue value = object.value(key);
     if (!value.isString() || value.toString().isEmpty())

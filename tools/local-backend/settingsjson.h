@@ -12,7 +12,7 @@
 namespace tolvane::backend {
 
 /// Reads a file. Throws a SettingsError when that fails.
-std::string contentOf(const QString &path);
+std::string readFile(const QString &path);
 
 /// Returns the result of `parse` for the file's content. Converts a SettingsError to a StartError
 /// that names the file and the command-line option.
@@ -20,16 +20,16 @@ template <typename Parse>
 auto parseFile(Parse parse, const std::string &path, const char *flag)
 {
     try {
-        return parse(contentOf(QString::fromStdString(path)));
+        return parse(readFile(QString::fromStdString(path)));
     } catch (const SettingsError &error) {
         throw StartError("the file '" + path + "' of " + flag + ' ' + error.what());
     }
 }
 
 /// Throws a SettingsError for malformed JSON.
-QJsonDocument settingsJson(std::string_view text);
+QJsonDocument parseSettingsJson(std::string_view text);
 
 /// Returns a field's text. Throws a SettingsError when it is missing or empty.
-QString settingsText(const QJsonObject &object, const QString &key);
+QString requiredText(const QJsonObject &object, const QString &key);
 
 } // namespace tolvane::backend

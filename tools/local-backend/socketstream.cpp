@@ -14,19 +14,19 @@ namespace tolvane::backend {
 namespace {
 
 // httplib limits the length of a header line, but not the number of lines.
-constexpr std::size_t longestHead = 65'536;
+constexpr std::size_t maxHeadSize = 65'536;
 
-template <typename Call>
-auto unlessInterrupted(Call call)
+template <typename Function>
+auto retryInterrupted(Function function)
 {
-    auto result = call();
+    auto result = function();
     while (result < 0 && errno == EINTR)
-        result = call();
+        result = function();
     return result;
 }
 
 template <typename NameOf>
-void describe(NameOf nameOf, socket_t socket, std::string &ip, int &port)
+void resolve(NameOf nameOf, socket_t socket, std::string &ip, int &port)
 {
     sockaddr_storage storage{};
     socklen_t size = sizeof(storage);
@@ -92,7 +92,7 @@ ssize_t SocketStream::read(char *to, size_t size)
     m_begin += count;
     if (m_recordsHead) {
         m_head.append(to, count);
-        if (m_head.size() > longestHead)
+        if (m_head.size() > maxHeadSize)
             return -1;
     }
     return static_cast<ssize_t>(count);
@@ -102,31 +102,31 @@ ssize_t SocketStream::write(const char *from, size_t size)
 {
     if (!waitFor(POLLOUT))
         return -1;
-    return unlessInterrupted([&] { return ::send(m_socket, from, size, MSG_NOSIGNAL); });
+    return retryInterrupted([&] { return ::send(m_socket, from, size, MSG_NOSIGNAL); });
 }
 
 void SocketStream::get_remote_ip_and_port(std::string &ip, int &port) const
 {
-    describe(::getpeername, m_socket, ip, port);
+    resolve(::getpeername, m_socket, ip, port);
 }
 
 void SocketStream::get_local_ip_and_port(std::string &ip, int &port) const
 {
-    describe(::getsockname, m_socket, ip, port);
+    resolve(::getsockname, m_socket, ip, port);
 }
 
 bool SocketStream::waitFor(short events) const
 {
     pollfd socket{m_socket, events, 0};
     const int timeout = static_cast<int>(m_timeout.count());
-    return unlessInterrupted([&] { return ::poll(&socket, 1, timeout); }) > 0;
+    return retryInterrupted([&] { return ::poll(&socket, 1, timeout); }) > 0;
 }
 
 ssize_t SocketStream::receive(char *to, size_t size)
 {
     if (!waitFor(POLLIN))
         return -1;
-    return unlessInterrupted([&] { return ::recv(m_socket, to, size, 0); });
+    return retryInterrupted([&] { return ::recv(m_socket, to, size, 0); });
 }
 
 } // namespace tolvane::backend

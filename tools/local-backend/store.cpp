@@ -7,10 +7,10 @@
 
 namespace tolvane::backend {
 
-Store::Store(Database database, Announce announce, NoteChange noteChange)
+Store::Store(Database database, SendPush sendPush, NotifyChange notifyChange)
     : m_database(std::move(database))
-    , m_announce(std::move(announce))
-    , m_noteChange(std::move(noteChange))
+    , m_sendPush(std::move(sendPush))
+    , m_notifyChange(std::move(notifyChange))
 {
 }
 
@@ -79,7 +79,7 @@ std::optional<Ticket> Store::readTicket(const std::string &customer, const std::
     ticket.messages = messagesOf(customer, ticketId);
     transaction.commit();
     if (read > 0)
-        m_noteChange(ticketId);
+        m_notifyChange(ticketId);
     return ticket;
 }
 
@@ -96,8 +96,8 @@ std::vector<Preview> Store::previews(const std::string &customer)
         const std::string ticketId = row.text(messageColumns);
         if (previews.empty() || previews.back().id != ticketId)
             previews.push_back({ticketId, stateNamed(row.text(messageColumns + 1)),
-                                messageAt(row, customer, ticketId)});
-        addAttachmentAt(row, previews.back().lastMessage);
+                                messageFromRow(row, customer, ticketId)});
+        addAttachmentFromRow(row, previews.back().lastMessage);
     }
     return previews;
 }
@@ -132,7 +132,7 @@ std::int64_t Store::insertMessage(Message &message)
                    " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
                    message.id, message.ticketId, nameOf(message.author), message.content,
                    message.isRead, message.at, name, picture);
-    const std::int64_t seq = m_database.lastRow();
+    const std::int64_t seq = m_database.lastInsertId();
     m_database.run("UPDATE tickets SET last = ? WHERE id = ?", seq, message.ticketId);
     return seq;
 }
@@ -165,7 +165,7 @@ Message Store::insertCustomerMessage(const std::string &customer, const std::str
     inserted.content = message.content;
     const std::int64_t seq = insertMessage(inserted);
     insertUploads(seq, inserted, message.uploads);
-    owe(ReplyKind::Answer, seq, answerDue);
+    enqueueReply(ReplyKind::Answer, seq, answerDue);
     return inserted;
 }
 
@@ -184,11 +184,11 @@ void Store::commit(Transaction &transaction, const std::string &ticketId, std::v
         row.step())
         token = row.text(0);
     transaction.commit();
-    m_noteChange(ticketId);
+    m_notifyChange(ticketId);
     if (token.empty())
         return;
     for (Push &push : pushes)
-        m_announce(token, std::move(push));
+        m_sendPush(token, std::move(push));
 }
 
 void Store::ensureCustomer(const std::string &customer)
@@ -217,8 +217,8 @@ std::vector<Message> Store::messagesOf(const std::string &customer, const std::s
                                      ticketId);
     while (row.step()) {
         if (messages.empty() || messages.back().id != row.text(0))
-            messages.push_back(messageAt(row, customer, ticketId));
-        addAttachmentAt(row, messages.back());
+            messages.push_back(messageFromRow(row, customer, ticketId));
+        addAttachmentFromRow(row, messages.back());
     }
     return messages;
 }

@@ -26,11 +26,11 @@ struct PendingReply
     std::string content;
     int attachmentCount = 0;
     /// Whether the customer has already sent a newer message.
-    bool isOvertaken = false;
+    bool hasNewerMessage = false;
 };
 
 /// The reply's text, from the ticket's assignee, and its effects on the ticket.
-struct Settlement
+struct ReplyOutcome
 {
     std::string content;
     std::optional<Author> newAssignee;
@@ -44,14 +44,14 @@ struct Settlement
 class Store
 {
 public:
-    using Announce = std::function<void(const std::string &deviceToken, Push push)>;
-    using NoteChange = std::function<void(const std::string &ticketId)>;
+    using SendPush = std::function<void(const std::string &deviceToken, Push push)>;
+    using NotifyChange = std::function<void(const std::string &ticketId)>;
 
-    /// `announce` receives the pushes and `noteChange` the ids of changed tickets, both after the
+    /// `sendPush` receives the pushes and `notifyChange` the ids of changed tickets, both after the
     /// commit and in the order of the commits. They must not call the store.
     explicit Store(
-        Database database, Announce announce = [](const std::string &, const Push &) {},
-        NoteChange noteChange = [](const std::string &) {});
+        Database database, SendPush sendPush = [](const std::string &, const Push &) {},
+        NotifyChange notifyChange = [](const std::string &) {});
 
     void updateCustomer(const std::string &customer, const CustomerUpdate &update);
 
@@ -66,18 +66,18 @@ public:
     std::vector<Preview> previews(const std::string &customer);
     std::optional<StoredFile> file(const std::string &hash, const std::string &name);
 
-    /// Sends the pending reply with the earliest due time, if it is due. `settle` runs in the same
+    /// Sends the pending reply with the earliest due time, if it is due. `decide` runs in the same
     /// transaction, so that no customer can write in between and no other backend on the same file
     /// sends the reply, too. Returns the reply's due time; nullopt when no reply is pending.
     std::optional<Instant>
-    giveDueReply(const std::function<Settlement(const PendingReply &)> &settle);
+    sendDueReply(const std::function<ReplyOutcome(const PendingReply &)> &decide);
 
     /// For the agent page: the tickets of all customers, ordered by the newest message, newest
     /// first; one ticket with its newest message; one ticket with all messages. These functions do
     /// not mark messages as read.
-    std::vector<Case> cases();
-    std::optional<Case> caseOf(const std::string &ticketId);
-    std::optional<Case> conversation(const std::string &ticketId);
+    std::vector<AgentTicket> agentTickets();
+    std::optional<AgentTicket> agentTicket(const std::string &ticketId);
+    std::optional<AgentTicket> agentConversation(const std::string &ticketId);
 
     /// Discards the pending replies. A human's answer also assigns the ticket to a human and turns
     /// automatic answers off. Returns nullopt when there is no such ticket.
@@ -100,7 +100,7 @@ private:
     };
 
     std::optional<PendingReply> nextReply();
-    std::vector<Push> give(const PendingReply &reply, const Settlement &settlement);
+    std::vector<Push> applyOutcome(const PendingReply &reply, const ReplyOutcome &outcome);
     std::int64_t insertMessage(Message &message);
     void insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads);
     Message insertCustomerMessage(const std::string &customer, const std::string &ticketId,
@@ -109,19 +109,19 @@ private:
     bool changeState(const std::string &ticketId, State state);
     /// Commits, then reports the change and sends the pushes to the customer's device, if any.
     void commit(Transaction &transaction, const std::string &ticketId, std::vector<Push> pushes);
-    void settleReplies(const std::string &ticketId);
-    void owe(ReplyKind kind, std::int64_t messageSeq, Instant due);
+    void discardReplies(const std::string &ticketId);
+    void enqueueReply(ReplyKind kind, std::int64_t messageSeq, Instant due);
     void ensureCustomer(const std::string &customer);
     bool hasTicket(const std::string &customer, const std::string &ticketId);
     bool hasTicket(const std::string &ticketId);
-    std::optional<Case> findCase(const std::string &ticketId);
+    std::optional<AgentTicket> findAgentTicket(const std::string &ticketId);
     File insertFile(const Upload &upload);
     std::vector<Message> messagesOf(const std::string &customer, const std::string &ticketId);
 
     std::mutex m_mutex;
     Database m_database;
-    const Announce m_announce;
-    const NoteChange m_noteChange;
+    const SendPush m_sendPush;
+    const NotifyChange m_notifyChange;
 };
 
 } // namespace tolvane::backend

@@ -19,7 +19,7 @@ std::string_view nameOf(ReplyKind kind)
 } // namespace
 
 std::optional<Instant>
-Store::giveDueReply(const std::function<Settlement(const PendingReply &)> &settle)
+Store::sendDueReply(const std::function<ReplyOutcome(const PendingReply &)> &decide)
 {
     const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
@@ -27,7 +27,7 @@ Store::giveDueReply(const std::function<Settlement(const PendingReply &)> &settl
     if (!reply)
         return std::nullopt;
     if (reply->due <= now()) {
-        commit(transaction, reply->ticketId, give(*reply, settle(*reply)));
+        commit(transaction, reply->ticketId, applyOutcome(*reply, decide(*reply)));
     }
     return reply->due;
 }
@@ -53,37 +53,37 @@ std::optional<PendingReply> Store::nextReply()
     reply.assignee = authorNamed(row.text(5));
     reply.content = row.text(6);
     reply.attachmentCount = static_cast<int>(row.number(7));
-    reply.isOvertaken = row.number(8) != 0;
+    reply.hasNewerMessage = row.number(8) != 0;
     return reply;
 }
 
-std::vector<Push> Store::give(const PendingReply &reply, const Settlement &settlement)
+std::vector<Push> Store::applyOutcome(const PendingReply &reply, const ReplyOutcome &outcome)
 {
     m_database.run("DELETE FROM replies WHERE id = ?", reply.id);
     Message message;
     message.ticketId = reply.ticketId;
     message.author = reply.assignee;
-    message.content = settlement.content;
+    message.content = outcome.content;
     insertMessage(message);
-    if (settlement.newAssignee)
-        m_database.run("UPDATE tickets SET assignee = ? WHERE id = ?",
-                       nameOf(*settlement.newAssignee), reply.ticketId);
-    if (settlement.introductionDue)
-        owe(ReplyKind::Introduction, reply.messageSeq, *settlement.introductionDue);
+    if (outcome.newAssignee)
+        m_database.run("UPDATE tickets SET assignee = ? WHERE id = ?", nameOf(*outcome.newAssignee),
+                       reply.ticketId);
+    if (outcome.introductionDue)
+        enqueueReply(ReplyKind::Introduction, reply.messageSeq, *outcome.introductionDue);
     std::vector<Push> pushes = {message};
-    if (settlement.closes && changeState(reply.ticketId, State::Closed))
+    if (outcome.closes && changeState(reply.ticketId, State::Closed))
         pushes.emplace_back(Preview{reply.ticketId, State::Closed, message});
     return pushes;
 }
 
-void Store::settleReplies(const std::string &ticketId)
+void Store::discardReplies(const std::string &ticketId)
 {
     m_database.run("DELETE FROM replies WHERE message_seq IN"
                    " (SELECT seq FROM messages WHERE ticket_id = ?)",
                    ticketId);
 }
 
-void Store::owe(ReplyKind kind, std::int64_t messageSeq, Instant due)
+void Store::enqueueReply(ReplyKind kind, std::int64_t messageSeq, Instant due)
 {
     m_database.run("INSERT INTO replies (kind, message_seq, due) VALUES (?, ?, ?)", nameOf(kind),
                    messageSeq, due);

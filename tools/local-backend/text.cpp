@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
-char lowered(char character)
+char toLower(char character)
 {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
                                                 : character;
@@ -30,9 +30,9 @@ int hexValue(char character)
     return at == std::string_view::npos ? -1 : static_cast<int>(at);
 }
 
-bool staysInUrl(char character)
+bool isUnreserved(char character)
 {
-    const char low = lowered(character);
+    const char low = toLower(character);
     return (low >= 'a' && low <= 'z') || (low >= '0' && low <= '9') ||
            std::string_view("-._~").find(low) != std::string_view::npos;
 }
@@ -45,7 +45,7 @@ QByteArray sha256(std::string_view bytes)
 }
 
 // Long names keep their suffix, from which clients derive the type.
-QString shortened(const QString &name)
+QString truncated(const QString &name)
 {
     constexpr qsizetype longest = 120;
     constexpr qsizetype ending = 16;
@@ -62,7 +62,7 @@ bool isUtf8(std::string_view text)
 bool equalIgnoringCase(std::string_view left, std::string_view right)
 {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return lowered(a) == lowered(b); });
+                      [](char a, char b) { return toLower(a) == toLower(b); });
 }
 
 std::string_view trimmed(std::string_view text)
@@ -106,7 +106,7 @@ std::string percentEncoded(std::string_view text)
 {
     std::string encoded;
     for (const char character : text) {
-        if (staysInUrl(character)) {
+        if (isUnreserved(character)) {
             encoded += character;
             continue;
         }
@@ -172,7 +172,7 @@ std::string safeFileName(std::string_view name)
     safe.removeIf([](QChar character) { return !character.isPrint() && !character.isSurrogate(); });
     while (safe.startsWith(QLatin1Char('.')))
         safe.remove(0, 1);
-    return safe.isEmpty() ? "attachment" : shortened(safe).toStdString();
+    return safe.isEmpty() ? "attachment" : truncated(safe).toStdString();
 }
 
 } // namespace tolvane::backend

@@ -213,12 +213,13 @@ private Q_SLOTS:
         const std::string path = folder.filePath(u"backend.sqlite"_s).toStdString();
         const std::string id =
             Store(openDatabase(path)).createTicket("ada", {{}, {}, {"x", {}}}, 0).id;
-        Database(path).script("ALTER TABLE tickets DROP COLUMN automatic;"
-                              "ALTER TABLE messages DROP COLUMN person_name;"
-                              "ALTER TABLE messages DROP COLUMN person_picture;"
-                              "DROP TABLE pictures; DROP TABLE settings; PRAGMA user_version = 1");
+        Database(path).executeScript(
+            "ALTER TABLE tickets DROP COLUMN automatic;"
+            "ALTER TABLE messages DROP COLUMN person_name;"
+            "ALTER TABLE messages DROP COLUMN person_picture;"
+            "DROP TABLE pictures; DROP TABLE settings; PRAGMA user_version = 1");
         Store store(openDatabase(path));
-        QVERIFY(store.conversation(id)->isAutomatic);
+        QVERIFY(store.agentConversation(id)->isAutomatic);
         QVERIFY(store.addAnswer(id, {Author::Human, Person{"Zoe", {}}, {"y", {}}}));
         QCOMPARE(store.readTicket("ada", id)->messages[1].person->name, "Zoe"s);
     }

@@ -223,7 +223,7 @@ private Q_SLOTS:
             const Answer answer = answerTo(turn);
             QVERIFY2(answer.effect == effect && answer.text.find(part) != std::string::npos, text);
             // A conversation in which the customer has written again is not closed.
-            turn.isOvertaken = true;
+            turn.hasNewerMessage = true;
             QVERIFY2(answerTo(turn).effect != Effect::Close, text);
         };
         check("hi, i want my money back", Effect::None, "Hello! You can return");
@@ -272,7 +272,8 @@ private Q_SLOTS:
         TRY_COMPARE(senders(), "cacahchch"_L1);
     }
 
-    // All messages are written before the Desk starts, so that no reply comes between them.
+    // All messages are written before the ReplyScheduler starts, so that no reply comes between
+    // them.
     void repliesComeInOrder()
     {
         Store store(openDatabase(inMemory));
@@ -280,7 +281,7 @@ private Q_SLOTS:
         for (const char *text : {"where is my parcel", "a human please", "still there"})
             QVERIFY(store.addMessage("ada", id, {text, {}}, 0));
         const LiveSettings settings(store, {}, {});
-        const Desk desk(store, settings, 0ms);
+        const ReplyScheduler replyScheduler(store, settings, 0ms);
         const auto messages = [&] { return store.readTicket("ada", id)->messages; };
         TRY_COMPARE(messages().size(), std::size_t(9));
         QVERIFY(messages()[5].content.find("2 to 4 working days") != std::string::npos);
@@ -289,7 +290,7 @@ private Q_SLOTS:
         QVERIFY(store.readTicket("ada", id)->state == State::Open);
     }
 
-    // With one Desk in each of two backends on one file, only one of them replies.
+    // With one ReplyScheduler in each of two backends on one file, only one of them replies.
     void pendingReplyIsSentOnceAfterARestart()
     {
         const QTemporaryDir folder;
@@ -300,10 +301,10 @@ private Q_SLOTS:
             Store store(openDatabase(path));
             Store other(openDatabase(path));
             const LiveSettings settings(store, {}, {});
-            const Desk desk(store, settings, 0ms);
-            const Desk otherDesk(other, settings, 0ms);
+            const ReplyScheduler replyScheduler(store, settings, 0ms);
+            const ReplyScheduler otherScheduler(other, settings, 0ms);
             TRY_COMPARE(store.readTicket("ada", id)->messages.size(), std::size_t(3));
-            QVERIFY(!store.giveDueReply([](const PendingReply &) { return Settlement{}; }));
+            QVERIFY(!store.sendDueReply([](const PendingReply &) { return ReplyOutcome{}; }));
         }
     }
 

@@ -83,7 +83,7 @@ private Q_SLOTS:
     {
         RunningBackend backend;
         const auto push = [&](const char *content) {
-            backend.pushes.send("feed", messageOf(content));
+            backend.pushService.send("feed", messageOf(content));
         };
         push("a");
         push("b");
@@ -108,14 +108,14 @@ private Q_SLOTS:
         for (std::size_t i = 0; i < hosts.size(); ++i)
             TRY_COMPARE(hosts[i]->digest(), expected[i].second);
         // A backend that starts later has greater numbers.
-        Pushes later;
+        PushService later;
         later.send("feed", messageOf("e"));
         QVERIFY(PushStream(later, "feed", ids[1].toULongLong()).next());
     }
 
     void keptPushesAreBounded()
     {
-        Pushes pushes;
+        PushService pushes;
         PushStream kept(pushes, "kept", {});
         pushes.send("oldest", messageOf("x"));
         for (int i = 0; i < 300; ++i)

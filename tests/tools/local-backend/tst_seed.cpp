@@ -42,7 +42,7 @@ private Q_SLOTS:
         const std::string path = m_folder.filePath(u"demo.sqlite"_s).toStdString();
         for (int run = 0; run < 2; ++run) {
             Database database = openDatabase(path);
-            plantSeed(TOLVANE_DEMO "/seed.json", database);
+            loadSeed(TOLVANE_DEMO "/seed.json", database);
         }
         RunningBackend backend(path, 1h, {}, TOLVANE_DEMO "/branding.json");
         Customer customer(backend.port(), "01kb5j7hq2r5v8z1d4g6k9m3pt");
@@ -79,13 +79,13 @@ private Q_SLOTS:
         const std::string path = m_folder.filePath(u"owed.sqlite"_s).toStdString();
         {
             Database database = openDatabase(path);
-            plantSeed(fileOf("{'customer':'ada','deviceToken':'00ff','conversations':[{'state':"
-                             "'open','secondsUntilAnswer':0,'messages':[{'from':'customer',"
-                             "'minutesAgo':2.5,'attachments':['tent.png']}]}]}"),
-                      database);
+            loadSeed(fileOf("{'customer':'ada','deviceToken':'00ff','conversations':[{'state':"
+                            "'open','secondsUntilAnswer':0,'messages':[{'from':'customer',"
+                            "'minutesAgo':2.5,'attachments':['tent.png']}]}]}"),
+                     database);
         }
         RunningBackend backend(path);
-        PushStream pushes(backend.pushes, "00ff", {});
+        PushStream pushes(backend.pushService, "00ff", {});
         QTRY_VERIFY_WITH_TIMEOUT(pushes.next().has_value(), timeout);
     }
 
@@ -134,7 +134,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, reason);
         Database database = openDatabase(inMemory);
         try {
-            plantSeed(fileOf(text), database);
+            loadSeed(fileOf(text), database);
             QFAIL("The seed was accepted");
         } catch (const StartError &error) {
             QVERIFY2(QByteArray(error.what()).contains(reason), error.what());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "event.h"
+#include "pollablesemaphore.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -18,26 +18,26 @@ namespace {
 
 } // namespace
 
-Event::Event()
+PollableSemaphore::PollableSemaphore()
     : m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK | EFD_SEMAPHORE))
 {
     if (m_descriptor < 0)
         fail();
 }
 
-Event::~Event()
+PollableSemaphore::~PollableSemaphore()
 {
     ::close(m_descriptor);
 }
 
-void Event::add() const
+void PollableSemaphore::release() const
 {
     const std::uint64_t one = 1;
     if (::write(m_descriptor, &one, sizeof(one)) != sizeof(one))
         fail();
 }
 
-bool Event::take() const
+bool PollableSemaphore::tryAcquire() const
 {
     std::uint64_t one = 0;
     return ::read(m_descriptor, &one, sizeof(one)) == sizeof(one);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desk.h"
+#include "replyscheduler.h"
 
 #include "agent.h"
 #include "text.h"
@@ -17,39 +17,41 @@ using std::chrono::milliseconds;
 constexpr milliseconds retryDelay{1000};
 
 // The wait without a pending reply. wake() ends it; the bound is arbitrary.
-constexpr milliseconds nothingOwed = std::chrono::hours(24);
+constexpr milliseconds idleInterval = std::chrono::hours(24);
 
 } // namespace
 
-Desk::Desk(Store &store, const LiveSettings &settings, std::chrono::milliseconds replyDelay)
+ReplyScheduler::ReplyScheduler(Store &store, const LiveSettings &settings,
+                               std::chrono::milliseconds replyDelay)
     : m_store(store)
     , m_settings(settings)
     , m_replyDelay(replyDelay)
-    , m_worker([this](const std::stop_token &stop) { work(stop); })
+    , m_thread([this](const std::stop_token &stop) { run(stop); })
 {
 }
 
-Ticket Desk::open(const std::string &customer, const NewTicket &ticket)
+Ticket ReplyScheduler::createTicket(const std::string &customer, const NewTicket &ticket)
 {
     Ticket created = m_store.createTicket(customer, ticket, dueTime());
     wake();
     return created;
 }
 
-std::optional<Message> Desk::post(const std::string &customer, const std::string &ticketId,
-                                  const NewMessage &message)
+std::optional<Message> ReplyScheduler::addMessage(const std::string &customer,
+                                                  const std::string &ticketId,
+                                                  const NewMessage &message)
 {
     std::optional<Message> added = m_store.addMessage(customer, ticketId, message, dueTime());
     wake();
     return added;
 }
 
-void Desk::work(const std::stop_token &stop)
+void ReplyScheduler::run(const std::stop_token &stop)
 {
     while (!stop.stop_requested()) {
         milliseconds pause = retryDelay;
         try {
-            pause = serve();
+            pause = sendDueReply();
         } catch (const std::exception &error) {
             std::fprintf(stderr, "tolvane-backend: a reply failed and will be retried: %s\n",
                          error.what());
@@ -60,43 +62,43 @@ void Desk::work(const std::stop_token &stop)
     }
 }
 
-milliseconds Desk::serve()
+milliseconds ReplyScheduler::sendDueReply()
 {
-    if (!m_settings.now()->answersAutomatically)
-        return nothingOwed;
+    if (!m_settings.current()->answersAutomatically)
+        return idleInterval;
     const std::optional<Instant> due =
-        m_store.giveDueReply([this](const PendingReply &reply) { return settlementOf(reply); });
-    return due ? milliseconds(std::max<Instant>(*due - now(), 0)) : nothingOwed;
+        m_store.sendDueReply([this](const PendingReply &reply) { return outcomeOf(reply); });
+    return due ? milliseconds(std::max<Instant>(*due - now(), 0)) : idleInterval;
 }
 
-Settlement Desk::settlementOf(const PendingReply &reply) const
+ReplyOutcome ReplyScheduler::outcomeOf(const PendingReply &reply) const
 {
-    Settlement settlement;
+    ReplyOutcome outcome;
     if (reply.kind == ReplyKind::Introduction) {
-        settlement.content = introduction();
-        return settlement;
+        outcome.content = introduction();
+        return outcome;
     }
-    const std::shared_ptr<const Settings> settings = m_settings.now();
+    const std::shared_ptr<const Settings> settings = m_settings.current();
     Answer answer = answerTo({.assignee = reply.assignee,
                               .text = reply.content,
                               .attachmentCount = reply.attachmentCount,
-                              .isOvertaken = reply.isOvertaken,
+                              .hasNewerMessage = reply.hasNewerMessage,
                               .openingHours = settings->schedules.openingHours});
-    settlement.content = std::move(answer.text);
+    outcome.content = std::move(answer.text);
     if (answer.effect == Effect::HandOver) {
-        settlement.newAssignee = Author::Human;
-        settlement.introductionDue = dueTime();
+        outcome.newAssignee = Author::Human;
+        outcome.introductionDue = dueTime();
     }
-    settlement.closes = answer.effect == Effect::Close;
-    return settlement;
+    outcome.closes = answer.effect == Effect::Close;
+    return outcome;
 }
 
-Instant Desk::dueTime() const
+Instant ReplyScheduler::dueTime() const
 {
     return now() + m_replyDelay.count();
 }
 
-void Desk::wake()
+void ReplyScheduler::wake()
 {
     {
         const std::lock_guard lock(m_mutex);

@@ -14,24 +14,25 @@ namespace tolvane::backend {
 
 /// Stores customers' messages and sends the scripted agents' replies when they are due. Replies
 /// that were pending when the backend stopped are sent after the next start.
-class Desk
+class ReplyScheduler
 {
 public:
-    Desk(Store &store, const LiveSettings &settings, std::chrono::milliseconds replyDelay);
+    ReplyScheduler(Store &store, const LiveSettings &settings,
+                   std::chrono::milliseconds replyDelay);
 
-    Ticket open(const std::string &customer, const NewTicket &ticket);
+    Ticket createTicket(const std::string &customer, const NewTicket &ticket);
     /// Returns nullopt when the customer has no such ticket.
-    std::optional<Message> post(const std::string &customer, const std::string &ticketId,
-                                const NewMessage &message);
+    std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
+                                      const NewMessage &message);
 
     /// Looks for due replies again. Call it when a change may allow agents to answer.
     void wake();
 
 private:
-    void work(const std::stop_token &stop);
+    void run(const std::stop_token &stop);
     /// Sends the due reply, if any. Returns the time to wait for the next one.
-    std::chrono::milliseconds serve();
-    Settlement settlementOf(const PendingReply &reply) const;
+    std::chrono::milliseconds sendDueReply();
+    ReplyOutcome outcomeOf(const PendingReply &reply) const;
     Instant dueTime() const;
 
     Store &m_store;
@@ -41,7 +42,7 @@ private:
     std::condition_variable_any m_changed;
     bool m_hasChanged = false;
     /// The last member, so that the thread stops before the other members are destroyed.
-    std::jthread m_worker;
+    std::jthread m_thread;
 };
 
 } // namespace tolvane::backend

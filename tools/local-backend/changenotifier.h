@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "event.h"
+#include "pollablesemaphore.h"
 
 #include <mutex>
 #include <set>
@@ -12,10 +12,10 @@ namespace tolvane::backend {
 class ChangeStream;
 
 /// Notifies the open agent pages of changed tickets. Thread-safe.
-class Changes
+class ChangeNotifier
 {
 public:
-    void add(const std::string &ticketId);
+    void notify(const std::string &ticketId);
 
 private:
     friend ChangeStream;
@@ -29,21 +29,21 @@ private:
 class ChangeStream
 {
 public:
-    /// Throws a Refusal when too many streams are open.
-    explicit ChangeStream(Changes &changes);
+    /// Throws an HttpError when too many streams are open.
+    explicit ChangeStream(ChangeNotifier &notifier);
     ChangeStream(const ChangeStream &) = delete;
     ChangeStream &operator=(const ChangeStream &) = delete;
     ~ChangeStream();
 
-    const Event &news() const { return m_news; }
+    const PollableSemaphore &semaphore() const { return m_semaphore; }
     std::set<std::string> take();
 
 private:
-    friend Changes;
+    friend ChangeNotifier;
 
-    Changes &m_changes;
+    ChangeNotifier &m_notifier;
     std::set<std::string> m_ticketIds;
-    Event m_news;
+    PollableSemaphore m_semaphore;
 };
 
 } // namespace tolvane::backend

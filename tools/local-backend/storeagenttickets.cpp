@@ -7,16 +7,16 @@ namespace tolvane::backend {
 
 namespace {
 
-#define CASES                                                                                      \
+#define AGENT_TICKETS                                                                              \
     "SELECT " MESSAGE_COLUMNS ", t.id, t.state, t.assignee, t.automatic, t.channel, t.device,"     \
     " c.id, c.email, c.original_id, c.device_token FROM tickets t"                                 \
     " JOIN customers c ON c.id = t.customer_id JOIN messages m ON m.seq = t.last"                  \
     " LEFT JOIN attachments a ON a.message_seq = m.seq"
 
-Case caseAt(const Statement &row)
+AgentTicket agentTicketFromRow(const Statement &row)
 {
     int column = messageColumns;
-    Case found;
+    AgentTicket found;
     found.ticket.id = row.text(column++);
     found.ticket.state = stateNamed(row.text(column++));
     found.ticket.assignee = authorNamed(row.text(column++));
@@ -27,39 +27,39 @@ Case caseAt(const Statement &row)
     found.email = row.text(column++);
     found.originalId = row.text(column++);
     found.deviceToken = row.text(column++);
-    found.ticket.messages = {messageAt(row, found.customerId, found.ticket.id)};
+    found.ticket.messages = {messageFromRow(row, found.customerId, found.ticket.id)};
     return found;
 }
 
-std::vector<Case> casesIn(Statement &&row)
+std::vector<AgentTicket> agentTicketsFromRows(Statement &&row)
 {
-    std::vector<Case> cases;
+    std::vector<AgentTicket> tickets;
     while (row.step()) {
-        if (cases.empty() || cases.back().ticket.id != row.text(messageColumns))
-            cases.push_back(caseAt(row));
-        addAttachmentAt(row, cases.back().ticket.messages.back());
+        if (tickets.empty() || tickets.back().ticket.id != row.text(messageColumns))
+            tickets.push_back(agentTicketFromRow(row));
+        addAttachmentFromRow(row, tickets.back().ticket.messages.back());
     }
-    return cases;
+    return tickets;
 }
 
 } // namespace
 
-std::vector<Case> Store::cases()
+std::vector<AgentTicket> Store::agentTickets()
 {
     const std::lock_guard lock(m_mutex);
-    return casesIn(m_database.query(CASES " ORDER BY t.last DESC, a.place"));
+    return agentTicketsFromRows(m_database.query(AGENT_TICKETS " ORDER BY t.last DESC, a.place"));
 }
 
-std::optional<Case> Store::caseOf(const std::string &ticketId)
+std::optional<AgentTicket> Store::agentTicket(const std::string &ticketId)
 {
     const std::lock_guard lock(m_mutex);
-    return findCase(ticketId);
+    return findAgentTicket(ticketId);
 }
 
-std::optional<Case> Store::conversation(const std::string &ticketId)
+std::optional<AgentTicket> Store::agentConversation(const std::string &ticketId)
 {
     const std::lock_guard lock(m_mutex);
-    std::optional<Case> found = findCase(ticketId);
+    std::optional<AgentTicket> found = findAgentTicket(ticketId);
     if (found)
         found->ticket.messages = messagesOf(found->customerId, ticketId);
     return found;
@@ -71,7 +71,7 @@ std::optional<Message> Store::addAnswer(const std::string &ticketId, const Agent
     Transaction transaction(m_database);
     if (!hasTicket(ticketId))
         return std::nullopt;
-    settleReplies(ticketId);
+    discardReplies(ticketId);
     if (answer.author == Author::Human)
         m_database.run("UPDATE tickets SET assignee = ?, automatic = 0 WHERE id = ?",
                        nameOf(answer.author), ticketId);
@@ -98,9 +98,9 @@ bool Store::changeTicket(const std::string &ticketId, const TicketChange &change
     std::vector<Push> pushes;
     if (change.state && changeState(ticketId, *change.state))
         pushes.emplace_back(
-            Preview{ticketId, *change.state, findCase(ticketId)->ticket.messages.back()});
+            Preview{ticketId, *change.state, findAgentTicket(ticketId)->ticket.messages.back()});
     if (change.state == State::Closed)
-        settleReplies(ticketId);
+        discardReplies(ticketId);
     commit(transaction, ticketId, std::move(pushes));
     return true;
 }
@@ -129,10 +129,10 @@ void Store::saveSetting(const std::string &name, const std::string &value)
     m_database.run("INSERT OR REPLACE INTO settings (name, value) VALUES (?, ?)", name, value);
 }
 
-std::optional<Case> Store::findCase(const std::string &ticketId)
+std::optional<AgentTicket> Store::findAgentTicket(const std::string &ticketId)
 {
-    std::vector<Case> found =
-        casesIn(m_database.query(CASES " WHERE t.id = ? ORDER BY a.place", ticketId));
+    std::vector<AgentTicket> found = agentTicketsFromRows(
+        m_database.query(AGENT_TICKETS " WHERE t.id = ? ORDER BY a.place", ticketId));
     return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 

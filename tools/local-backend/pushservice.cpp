@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pushes.h"
+#include "pushservice.h"
 
 #include "errors.h"
 #include "text.h"
@@ -10,27 +10,27 @@ namespace tolvane::backend {
 
 namespace {
 
-constexpr std::size_t longestBacklog = 100;
-constexpr std::size_t mostDevices = 256;
-constexpr std::size_t heaviest = 16'384;
+constexpr std::size_t maxBacklog = 100;
+constexpr std::size_t maxDevices = 256;
+constexpr std::size_t maxPushSize = 16'384;
 
 // Each stream occupies a worker thread of the server; most of them must stay free for requests.
-constexpr std::size_t mostStreams = 32;
+constexpr std::size_t maxStreams = 32;
 
-std::size_t weightOf(const Message &message)
+std::size_t sizeOf(const Message &message)
 {
-    std::size_t weight = message.content.size();
+    std::size_t size = message.content.size();
     for (const std::string &attachment : message.attachments)
-        weight += attachment.size();
-    return weight;
+        size += attachment.size();
+    return size;
 }
 
-std::size_t weightOf(const Preview &preview)
+std::size_t sizeOf(const Preview &preview)
 {
-    return weightOf(preview.lastMessage);
+    return sizeOf(preview.lastMessage);
 }
 
-std::size_t weightOf(const HandmadePush &push)
+std::size_t sizeOf(const CustomPush &push)
 {
     return push.payload.size();
 }
@@ -39,39 +39,39 @@ std::size_t weightOf(const HandmadePush &push)
 
 // Hosts remember numbers across restarts of the backend, so that numbers must increase from one run
 // to the next: they start at the current time in milliseconds, which is ahead of any count.
-Pushes::Pushes()
+PushService::PushService()
     : m_lastNumber(static_cast<std::uint64_t>(now()))
 {
 }
 
-bool Pushes::send(const std::string &token, Push push)
+bool PushService::send(const std::string &token, Push push)
 {
-    const auto weight = std::visit([](const auto &record) { return weightOf(record); }, push);
-    if (token.size() + weight > heaviest)
+    const auto size = std::visit([](const auto &record) { return sizeOf(record); }, push);
+    if (token.size() + size > maxPushSize)
         return false;
     const std::lock_guard lock(m_mutex);
     Device &device = deviceOf(token);
     device.backlog.push_back({++m_lastNumber, std::move(push)});
-    if (device.backlog.size() > longestBacklog)
+    if (device.backlog.size() > maxBacklog)
         device.backlog.pop_front();
     for (const PushStream *stream : device.streams)
-        stream->m_news.add();
+        stream->m_semaphore.release();
     return true;
 }
 
-Pushes::Device &Pushes::deviceOf(const std::string &token)
+PushService::Device &PushService::deviceOf(const std::string &token)
 {
     const auto known = m_devices.find(token);
     if (known != m_devices.end())
         return known->second;
-    if (m_devices.size() >= mostDevices)
-        makeRoom();
+    if (m_devices.size() >= maxDevices)
+        removeOldestDevice();
     return m_devices[token];
 }
 
 // Removes the device with the oldest push among those without a stream. There is one, because fewer
 // streams than devices are allowed.
-void Pushes::makeRoom()
+void PushService::removeOldestDevice()
 {
     const auto rank = [](const auto &entry) {
         const Device &device = entry.second;
@@ -83,31 +83,31 @@ void Pushes::makeRoom()
         [&rank](const auto &left, const auto &right) { return rank(left) < rank(right); }));
 }
 
-PushStream::PushStream(Pushes &pushes, std::string token, std::optional<std::uint64_t> last)
-    : m_pushes(pushes)
+PushStream::PushStream(PushService &service, std::string token, std::optional<std::uint64_t> last)
+    : m_service(service)
     , m_token(std::move(token))
 {
-    const std::lock_guard lock(m_pushes.m_mutex);
-    if (m_pushes.m_streamCount >= mostStreams)
-        throw Refusal(503, "too many push streams are open");
-    ++m_pushes.m_streamCount;
-    Pushes::Device &device = m_pushes.deviceOf(m_token);
+    const std::lock_guard lock(m_service.m_mutex);
+    if (m_service.m_streamCount >= maxStreams)
+        throw HttpError(503, "too many push streams are open");
+    ++m_service.m_streamCount;
+    PushService::Device &device = m_service.deviceOf(m_token);
     device.streams.insert(this);
     // With a number from the future, the stream would skip all pushes up to it.
-    m_last = std::min(last.value_or(device.delivered), m_pushes.m_lastNumber);
+    m_last = std::min(last.value_or(device.delivered), m_service.m_lastNumber);
 }
 
 PushStream::~PushStream()
 {
-    const std::lock_guard lock(m_pushes.m_mutex);
-    --m_pushes.m_streamCount;
-    m_pushes.deviceOf(m_token).streams.erase(this);
+    const std::lock_guard lock(m_service.m_mutex);
+    --m_service.m_streamCount;
+    m_service.deviceOf(m_token).streams.erase(this);
 }
 
 std::optional<NumberedPush> PushStream::next() const
 {
-    const std::lock_guard lock(m_pushes.m_mutex);
-    const auto &backlog = m_pushes.deviceOf(m_token).backlog;
+    const std::lock_guard lock(m_service.m_mutex);
+    const auto &backlog = m_service.deviceOf(m_token).backlog;
     const auto found = std::upper_bound(
         backlog.begin(), backlog.end(), m_last,
         [](std::uint64_t number, const auto &push) { return number < push.number; });
@@ -116,9 +116,9 @@ std::optional<NumberedPush> PushStream::next() const
 
 void PushStream::confirm(std::uint64_t number)
 {
-    const std::lock_guard lock(m_pushes.m_mutex);
+    const std::lock_guard lock(m_service.m_mutex);
     m_last = number;
-    std::uint64_t &delivered = m_pushes.deviceOf(m_token).delivered;
+    std::uint64_t &delivered = m_service.deviceOf(m_token).delivered;
     delivered = std::max(delivered, number);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "event.h"
+#include "pollablesemaphore.h"
 #include "records.h"
 
 #include <cstdint>
@@ -22,10 +22,10 @@ struct NumberedPush
 
 /// Replaces the platform's push service: keeps the newest pushes of each device for the hosts that
 /// listen. Thread-safe.
-class Pushes
+class PushService
 {
 public:
-    Pushes();
+    PushService();
 
     /// Returns false for a push that is too large, and drops it like a push service.
     bool send(const std::string &token, Push push);
@@ -42,7 +42,7 @@ private:
     };
 
     Device &deviceOf(const std::string &token);
-    void makeRoom();
+    void removeOldestDevice();
 
     std::mutex m_mutex;
     std::map<std::string, Device> m_devices;
@@ -55,25 +55,25 @@ class PushStream
 {
 public:
     /// Begins after the push with the number `last`; without it, after the last push that any
-    /// stream has confirmed. Throws a Refusal when too many streams are open.
-    PushStream(Pushes &pushes, std::string token, std::optional<std::uint64_t> last);
+    /// stream has confirmed. Throws an HttpError when too many streams are open.
+    PushStream(PushService &service, std::string token, std::optional<std::uint64_t> last);
     PushStream(const PushStream &) = delete;
     PushStream &operator=(const PushStream &) = delete;
     ~PushStream();
 
     /// Released once for each new push.
-    const Event &news() const { return m_news; }
+    const PollableSemaphore &semaphore() const { return m_semaphore; }
     /// The first push that is not confirmed.
     std::optional<NumberedPush> next() const;
     void confirm(std::uint64_t number);
 
 private:
-    friend Pushes;
+    friend PushService;
 
-    Pushes &m_pushes;
+    PushService &m_service;
     const std::string m_token;
     std::uint64_t m_last = 0;
-    Event m_news;
+    PollableSemaphore m_semaphore;
 };
 
 } // namespace tolvane::backend

@@ -5,18 +5,18 @@ namespace tolvane::backend {
 
 /// A counter with a file descriptor (eventfd) that polls as readable while the count is not zero.
 /// Thread-safe.
-class Event
+class PollableSemaphore
 {
 public:
-    Event();
-    Event(const Event &) = delete;
-    Event &operator=(const Event &) = delete;
-    ~Event();
+    PollableSemaphore();
+    PollableSemaphore(const PollableSemaphore &) = delete;
+    PollableSemaphore &operator=(const PollableSemaphore &) = delete;
+    ~PollableSemaphore();
 
     int descriptor() const { return m_descriptor; }
-    void add() const;
-    /// Decrements the count, atomically. Returns false when it was zero.
-    bool take() const;
+    void release() const;
+    /// Decrements the count. Returns false when it was zero.
+    bool tryAcquire() const;
 
 private:
     int m_descriptor;
