@@ -115,7 +115,7 @@ private:
     void answerByHand()
     {
         m_browser->click(u"#ticket-automatic"_s);
-        awaitStatus(u"answered by hand"_s);
+        awaitStatus(u"answered manually"_s);
     }
 
     /// Waits until the conversation consists of the texts that were sent so far.

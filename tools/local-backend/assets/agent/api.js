@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What the page asks of the backend, and hears from it.
+// Requests to the backend, and its events.
 
 const base = '/agent/api/';
 const retryDelay = 2000;
 
-/** The JSON of the answer. Throws an Error with the backend's reason. */
+/** Returns the JSON of the response. Throws an Error with the backend's reason. */
 async function request(path, options = {}) {
     let response;
     try {
@@ -19,7 +19,7 @@ async function request(path, options = {}) {
     try {
         reason = JSON.parse(text).error ?? reason;
     } catch {
-        // An answer of something between us and the backend.
+        // The response is not the backend's, but a proxy's.
     }
     throw new Error(`${reason} (${response.status})`);
 }
@@ -39,34 +39,36 @@ export const saveBranding = (branding) => postJson('branding', branding);
 export const saveSchedules = (schedules) => postJson('schedules', schedules);
 export const saveAutomatic = (automatic) => postJson('automatic', {automatic});
 
-function form(texts, files) {
-    const made = new FormData();
-    // Line ends within a text would be changed on the way, those within a blob are not.
+function formData(texts, files) {
+    const data = new FormData();
+    // As blobs, because FormData normalizes the line ends of strings.
     for (const [name, text] of Object.entries(texts))
-        made.append(name, new Blob([text]));
+        data.append(name, new Blob([text]));
     for (const file of files)
-        made.append('attachments[]', file, file.name);
-    return made;
+        data.append('attachments[]', file, file.name);
+    return data;
 }
 
-export const sendAnswer = (id, texts, files) => post(ticketPath(id, '/message'), form(texts, files));
+export const sendAnswer = (id, texts, files) =>
+    post(ticketPath(id, '/message'), formData(texts, files));
 
-/** Keeps a picture of an agent or a logo; gives its path for messages, and its address. */
-export const keepPicture = (file) => post('pictures', form({}, [file]));
+/** Uploads a logo or an agent's picture. Returns its path for messages and its URL. */
+export const uploadPicture = (file) => post('pictures', formData({}, [file]));
 
 /**
- * Listens for as long as the page is there. `connected` is called each time that there may be more
- * to know than was heard.
+ * Listens to the backend's events. `connected` is called for each connection: events may have been
+ * missed before it.
  */
-export function listen({connected, lost, ticket, settings}) {
+export function listen(handlers) {
+    const {connected, disconnected, ticketChanged, settingsChanged} = handlers;
     const source = new EventSource(`${base}events`);
     source.addEventListener('open', connected);
-    source.addEventListener('ticket', (event) => ticket(JSON.parse(event.data)));
-    source.addEventListener('settings', settings);
+    source.addEventListener('ticket', (event) => ticketChanged(JSON.parse(event.data)));
+    source.addEventListener('settings', settingsChanged);
     source.addEventListener('error', () => {
-        lost();
-        // The browser comes back by itself, unless it was turned away.
+        disconnected();
+        // The browser reconnects by itself, except after an error response.
         if (source.readyState === EventSource.CLOSED)
-            setTimeout(() => listen({connected, lost, ticket, settings}), retryDelay);
+            setTimeout(() => listen(handlers), retryDelay);
     });
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The colours and logos that all customers see.
+// The dialog for colours and logos, which are the same for all customers.
 import {byId, element} from './dom.js';
-import {keepPicture, readSettings, saveBranding} from './api.js';
+import {uploadPicture, readSettings, saveBranding} from './api.js';
 
 const appearances = ['Light', 'Dark'];
 const colours = [
@@ -33,17 +33,17 @@ function colourInput(name, label, appearance) {
     return input;
 }
 
-function fail(error) {
+function showError(error) {
     byId('branding-failure').textContent = error?.message ?? '';
 }
 
-async function keepLogo(key, file) {
+async function uploadLogo(key, file) {
     try {
-        branding[key] = (await keepPicture(file)).url;
-        fail(null);
+        branding[key] = (await uploadPicture(file)).url;
+        showError(null);
         render();
     } catch (error) {
-        fail(error);
+        showError(error);
     }
 }
 
@@ -53,7 +53,7 @@ function logoCell(appearance) {
     const file = element('input', {
         type: 'file', id: key, accept: 'image/png,image/jpeg,image/gif,image/webp', hidden: true,
     });
-    file.addEventListener('change', () => file.files[0] && keepLogo(key, file.files[0]));
+    file.addEventListener('change', () => file.files[0] && uploadLogo(key, file.files[0]));
     const choose = element('button', {
         type: 'button', 'aria-label': `Choose the ${label}`,
     }, branding[key] ? 'Change' : 'Choose');
@@ -70,7 +70,7 @@ function logoCell(appearance) {
 
 function preview(appearance) {
     const logo = branding[`logo${appearance}`];
-    const made = element('div', {className: 'preview-phone'},
+    const phone = element('div', {className: 'preview-phone'},
         element('div', {className: 'preview-head'},
             logo ? element('img', {src: logo, alt: ''}) : 'Logo'),
         element('p', {className: 'preview-agent'}, 'How can we help?'),
@@ -78,8 +78,8 @@ function preview(appearance) {
         element('p', {className: 'preview-basic'}, 'Maya · now'),
         element('span', {className: 'preview-button'}, 'New'));
     for (const [name] of colours)
-        made.style.setProperty(`--${name}`, withHash(branding[name + appearance]));
-    return made;
+        phone.style.setProperty(`--${name}`, withHash(branding[name + appearance]));
+    return phone;
 }
 
 function renderPreviews() {
@@ -96,20 +96,20 @@ function render() {
     renderPreviews();
 }
 
-async function open(failed) {
+async function open(reportError) {
     try {
         ({branding} = await readSettings());
-        fail(null);
+        showError(null);
         render();
         dialog.showModal();
     } catch (error) {
-        failed(error);
+        reportError(error);
     }
 }
 
-/** `saved` is called after each save, `failed` when there is nothing to edit. */
-export function startBranding(saved, failed) {
-    byId('open-branding').addEventListener('click', () => open(failed));
+/** `saved` is called after each save, `reportError` when the settings cannot be read. */
+export function startBranding(saved, reportError) {
+    byId('open-branding').addEventListener('click', () => open(reportError));
     dialog.addEventListener('submit', async (event) => {
         event.preventDefault();
         try {
@@ -117,7 +117,7 @@ export function startBranding(saved, failed) {
             dialog.close();
             saved();
         } catch (error) {
-            fail(error);
+            showError(error);
         }
     });
 }

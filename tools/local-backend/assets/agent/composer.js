@@ -1,73 +1,73 @@
 // SPDX-License-Identifier: MIT
-// Writing an answer: who writes, the text, the images. Each ticket keeps its draft until it is sent.
+// The composer: the agent's identity, the text and the images. Each ticket has its own draft.
 import {byId, element, fillAvatar} from './dom.js';
-import {keepPicture, sendAnswer} from './api.js';
+import {uploadPicture, sendAnswer} from './api.js';
 
 const form = byId('composer');
 const field = byId('message');
-const strip = byId('attachments');
+const attachments = byId('attachments');
 
 const drafts = new Map();
 let ticketId = null;
 let isSending = false;
-let failed = () => {};
+let reportError = () => {};
 
 const draftOf = (id) => drafts.get(id) ?? {text: '', images: []};
 
-// ---- Who writes
+// ---- The agent's identity
 
-const persona = {name: '', picture: '', pictureUrl: ''};
+const identity = {name: '', picture: '', pictureUrl: ''};
 
-function restorePersona() {
+function restoreIdentity() {
     try {
-        Object.assign(persona, JSON.parse(localStorage.getItem('persona')));
+        Object.assign(identity, JSON.parse(localStorage.getItem('agentIdentity')));
     } catch {
-        // What an older page has kept is no loss.
+        // Invalid data of an older version are ignored.
     }
-    byId('agent-name').value = persona.name;
-    showPersona();
+    byId('agent-name').value = identity.name;
+    showIdentity();
 }
 
-function showPersona() {
+function showIdentity() {
     const isHuman = form.elements.as.value === 'human agent';
-    byId('persona').hidden = !isHuman;
-    byId('remove-picture').hidden = !persona.picture;
+    byId('identity').hidden = !isHuman;
+    byId('remove-picture').hidden = !identity.picture;
     const button = byId('choose-picture');
-    fillAvatar(button, persona.name || '+', persona.pictureUrl);
-    // Another database may not have it.
+    fillAvatar(button, identity.name || '+', identity.pictureUrl);
+    // The picture may be missing after a change of the database.
     button.querySelector('img')?.addEventListener('error',
-        () => changePersona({picture: '', pictureUrl: ''}));
+        () => changeIdentity({picture: '', pictureUrl: ''}));
 }
 
-function changePersona(change) {
-    Object.assign(persona, change);
-    localStorage.setItem('persona', JSON.stringify(persona));
-    showPersona();
+function changeIdentity(change) {
+    Object.assign(identity, change);
+    localStorage.setItem('agentIdentity', JSON.stringify(identity));
+    showIdentity();
 }
 
 async function choosePicture(file) {
     try {
-        const {path, url} = await keepPicture(file);
-        changePersona({picture: path, pictureUrl: new URL(url).pathname});
+        const {path, url} = await uploadPicture(file);
+        changeIdentity({picture: path, pictureUrl: new URL(url).pathname});
     } catch (error) {
-        failed(error);
+        reportError(error);
     }
 }
 
-// ---- What is written
+// ---- The draft
 
 function showDraft() {
     const {text, images} = draftOf(ticketId);
     if (field.value !== text)
         field.value = text;
-    strip.hidden = images.length === 0;
-    strip.replaceChildren(...images.map((image) => {
+    attachments.hidden = images.length === 0;
+    attachments.replaceChildren(...images.map((image) => {
         const remove = element('button', {
             type: 'button', 'aria-label': `Remove ${image.file.name}`,
         }, '×');
         remove.addEventListener('click', () => {
             URL.revokeObjectURL(image.url);
-            keepDraft({images: draftOf(ticketId).images.filter((other) => other !== image)});
+            changeDraft({images: draftOf(ticketId).images.filter((other) => other !== image)});
             field.focus();
         });
         return element('li', {}, element('img', {src: image.url, alt: image.file.name}), remove);
@@ -76,7 +76,7 @@ function showDraft() {
     field.readOnly = isSending;
 }
 
-function keepDraft(change) {
+function changeDraft(change) {
     drafts.set(ticketId, {...draftOf(ticketId), ...change});
     showDraft();
 }
@@ -85,9 +85,9 @@ export function addImages(files) {
     const images = [...files].filter((file) => file.type.startsWith('image/'))
         .map((file) => ({file, url: URL.createObjectURL(file)}));
     if (files.length > images.length)
-        failed(new Error('Only images can be sent.'));
+        reportError(new Error('Only images can be sent.'));
     if (ticketId && !isSending && images.length)
-        keepDraft({images: [...draftOf(ticketId).images, ...images]});
+        changeDraft({images: [...draftOf(ticketId).images, ...images]});
 }
 
 async function send() {
@@ -98,46 +98,46 @@ async function send() {
     isSending = true;
     showDraft();
     try {
-        const {name, picture} = persona;
+        const {name, picture} = identity;
         await sendAnswer(id, {message: text, as: form.elements.as.value, name, picture},
             images.map((image) => image.file));
         images.forEach((image) => URL.revokeObjectURL(image.url));
         drafts.delete(id);
     } catch (error) {
-        failed(error);
+        reportError(error);
     } finally {
         isSending = false;
         showDraft();
     }
 }
 
-/** Shows the draft of another ticket. */
-export function composeFor(id) {
+/** Shows the draft of a ticket. */
+export function showDraftOf(id) {
     ticketId = id;
     showDraft();
 }
 
 export const focusComposer = () => field.focus();
 
-function takeFiles(input, take) {
+function onFilesChosen(input, callback) {
     input.addEventListener('change', () => {
-        take([...input.files]);
+        callback([...input.files]);
         input.value = '';
     });
 }
 
-function takeDrops(area) {
+function acceptDrops(area) {
     const hasFiles = (event) => event.dataTransfer?.types.includes('Files');
-    const mark = (isOver) => area.classList.toggle('dropping', isOver);
+    const highlight = (isOver) => area.classList.toggle('dropping', isOver);
     area.addEventListener('dragover', (event) => {
         if (hasFiles(event)) {
             event.preventDefault();
-            mark(true);
+            highlight(true);
         }
     });
-    area.addEventListener('dragleave', () => mark(false));
+    area.addEventListener('dragleave', () => highlight(false));
     area.addEventListener('drop', (event) => {
-        mark(false);
+        highlight(false);
         if (hasFiles(event)) {
             event.preventDefault();
             addImages(event.dataTransfer.files);
@@ -145,24 +145,24 @@ function takeDrops(area) {
     });
 }
 
-/** `report` hears what goes wrong. */
+/** `report` is called with each error. */
 export function startComposer(report) {
-    failed = report;
-    restorePersona();
+    reportError = report;
+    restoreIdentity();
     for (const choice of form.elements.as)
-        choice.addEventListener('change', showPersona);
+        choice.addEventListener('change', showIdentity);
     byId('agent-name').addEventListener('input',
-        (event) => changePersona({name: event.target.value}));
+        (event) => changeIdentity({name: event.target.value}));
     byId('choose-picture').addEventListener('click', () => byId('picture-file').click());
     byId('remove-picture').addEventListener('click', () => {
-        changePersona({picture: '', pictureUrl: ''});
+        changeIdentity({picture: '', pictureUrl: ''});
         byId('choose-picture').focus();
     });
-    takeFiles(byId('picture-file'), ([file]) => file && choosePicture(file));
+    onFilesChosen(byId('picture-file'), ([file]) => file && choosePicture(file));
     byId('attach').addEventListener('click', () => byId('attachment-files').click());
-    takeFiles(byId('attachment-files'), addImages);
-    takeDrops(byId('conversation'));
-    field.addEventListener('input', () => keepDraft({text: field.value}));
+    onFilesChosen(byId('attachment-files'), addImages);
+    acceptDrops(byId('conversation'));
+    field.addEventListener('input', () => changeDraft({text: field.value}));
     field.addEventListener('keydown', (event) => {
         if (event.key === 'Enter' && (event.ctrlKey || event.metaKey)) {
             event.preventDefault();

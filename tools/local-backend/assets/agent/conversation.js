@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// One ticket's conversation, as it is in the backend.
+// The conversation of the selected ticket.
 import {avatar, byId, customerName, element, fillAvatar, timeElement} from './dom.js';
 import {readTicket} from './api.js';
 
-// A reader this close to the end wants to stay there.
-const nearEnd = 80;
+// The distance to the end, in CSS pixels, within which the view follows new messages.
+const endTolerance = 80;
 
 const senderNames = {'ai agent': 'AI', 'human agent': 'Agent'};
-const factNames = {
+const detailNames = {
     appVersion: 'App version', appBuild: 'App build', deviceModel: 'Device', deviceName: 'Name',
     osVersion: 'System', locale: 'Language', timezone: 'Time zone', batteryLevel: 'Battery',
     batteryState: 'Battery state', screenWidth: 'Screen width', screenHeight: 'Screen height',
@@ -18,36 +18,36 @@ const messages = byId('messages');
 let shownId = null;
 let shown = null;
 let isReading = false;
-let isOutdated = false;
-let report = () => {};
+let needsReading = false;
+let reportError = () => {};
 
 export const shownTicket = () => shown;
 
-function openImage(address) {
-    byId('viewed-image').src = address;
-    byId('viewed-link').href = address;
+function openImage(url) {
+    byId('viewed-image').src = url;
+    byId('viewed-link').href = url;
     byId('viewer').showModal();
 }
 
-function fileName(address) {
+function fileName(url) {
     try {
-        return decodeURIComponent(address.slice(address.lastIndexOf('/') + 1));
+        return decodeURIComponent(url.slice(url.lastIndexOf('/') + 1));
     } catch {
         return 'attachment';
     }
 }
 
-function attachment(address) {
-    const name = fileName(address);
-    const image = element('img', {src: address, alt: name});
+function attachment(url) {
+    const name = fileName(url);
+    const image = element('img', {src: url, alt: name});
     const button = element('button', {
         type: 'button', className: 'thumbnail', 'aria-label': `Open ${name}`,
     }, image);
-    button.addEventListener('click', () => openImage(address));
-    image.addEventListener('load', keepEnd);
-    // What is no image can still be had.
+    button.addEventListener('click', () => openImage(url));
+    image.addEventListener('load', followEnd);
+    // Files that are not images become links.
     image.addEventListener('error', () => button.replaceWith(element('a', {
-        href: address, target: '_blank', rel: 'noopener', className: 'file',
+        href: url, target: '_blank', rel: 'noopener', className: 'file',
     }, name)));
     return button;
 }
@@ -56,13 +56,13 @@ function messageElement(message) {
     const {sender} = message;
     const isCustomer = sender.type === 'customer';
     const name = isCustomer ? customerName(shown) : sender.name || senderNames[sender.type];
-    const made = element('li', {
+    const row = element('li', {
         'data-message-id': message.id, 'data-sender': sender.type,
     });
     const text = message.content
         ? element('p', {className: 'text', dir: 'auto'}, message.content) : null;
     const images = (message.attachments ?? []).map(attachment);
-    made.append(
+    row.append(
         avatar(name, sender.profilePicture),
         element('div', {className: 'bubble'},
             text,
@@ -71,25 +71,25 @@ function messageElement(message) {
             element('span', {dir: 'auto'}, name), ' · ', timeElement(message.timestamp),
             element('span', {className: 'read'}, '')),
     );
-    const picture = made.querySelector('.avatar img');
+    const picture = row.querySelector('.avatar img');
     picture?.addEventListener('error', () => fillAvatar(picture.parentElement, name));
-    return made;
+    return row;
 }
 
 function markRead(row, message) {
-    const isAgents = message.sender.type !== 'customer';
-    row.querySelector('.read').textContent = isAgents && message.isRead ? ' · Read' : '';
+    const isByAgent = message.sender.type !== 'customer';
+    row.querySelector('.read').textContent = isByAgent && message.isRead ? ' · Read' : '';
 }
 
 const distanceToEnd = () =>
     messages.scrollHeight - messages.scrollTop - messages.clientHeight;
-const toEnd = () => { messages.scrollTop = messages.scrollHeight; };
-let staysAtEnd = true;
+const scrollToEnd = () => { messages.scrollTop = messages.scrollHeight; };
+let followsEnd = true;
 let lastTop = 0;
 
-function keepEnd() {
-    if (staysAtEnd)
-        toEnd();
+function followEnd() {
+    if (followsEnd)
+        scrollToEnd();
 }
 
 function renderMessages() {
@@ -100,25 +100,27 @@ function renderMessages() {
     for (const message of shown.messages)
         markRead(rows.get(message.id), message);
     if (added.some((row) => row.dataset.sender !== 'customer'))
-        staysAtEnd = true;
-    keepEnd();
+        followsEnd = true;
+    followEnd();
 }
 
-function renderFacts() {
-    const facts = [
-        ['Customer', shown.customer.id], ['Mail', shown.customer.email],
-        ['Host\'s id', shown.customer.originalId], ['Ticket', shown.id], ['Channel', shown.channel],
+function renderDetails() {
+    const details = [
+        ['Customer', shown.customer.id], ['Email', shown.customer.email],
+        ['Id in the app', shown.customer.originalId],
+        ['Ticket', shown.id], ['Channel', shown.channel],
         ['Pushes', shown.takesPushes ? 'A device is registered' : 'No device is registered'],
-        ...Object.entries(factNames).map(([key, name]) => [name, shown.device[key]]),
+        ...Object.entries(detailNames).map(([key, name]) => [name, shown.device[key]]),
     ];
-    byId('facts').replaceChildren(...facts.filter(([, value]) => value).map(([name, value]) =>
+    const known = details.filter(([, value]) => value);
+    byId('details-list').replaceChildren(...known.map(([name, value]) =>
         element('div', {}, element('dt', {}, name), element('dd', {dir: 'auto'}, value))));
 }
 
 function statusText({state, assignee, automatic}) {
-    const who = assignee === 'ai agent' ? 'assigned to the AI' : 'assigned to a human';
-    const how = automatic ? 'answered automatically' : 'answered by hand';
-    return `${state === 'open' ? 'Open' : 'Closed'}, ${who}, ${how}`;
+    const assigneeText = assignee === 'ai agent' ? 'assigned to the AI' : 'assigned to a human';
+    const answerText = automatic ? 'answered automatically' : 'answered manually';
+    return `${state === 'open' ? 'Open' : 'Closed'}, ${assigneeText}, ${answerText}`;
 }
 
 function render() {
@@ -129,21 +131,21 @@ function render() {
     byId('assignee').value = shown.assignee;
     byId('ticket-automatic').checked = shown.automatic;
     byId('change-state').textContent = shown.state === 'open' ? 'Close' : 'Reopen';
-    renderFacts();
+    renderDetails();
     renderMessages();
 }
 
-/** Reads the conversation anew; what comes meanwhile is read after that. */
+/** Reads the conversation again. A change during the request causes another one. */
 export async function refreshConversation() {
     if (!shownId)
         return;
-    isOutdated = true;
+    needsReading = true;
     if (isReading)
         return;
     isReading = true;
     try {
-        while (isOutdated && shownId) {
-            isOutdated = false;
+        while (needsReading && shownId) {
+            needsReading = false;
             const id = shownId;
             const ticket = await readTicket(id);
             if (id !== shownId)
@@ -153,18 +155,18 @@ export async function refreshConversation() {
             render();
         }
     } catch (error) {
-        report(error);
+        reportError(error);
     } finally {
         isReading = false;
     }
 }
 
-/** Shows another ticket, or none. */
+/** Shows the ticket with this id; null shows no ticket. */
 export async function showConversation(id) {
     if (id !== shownId) {
         shownId = id;
         shown = null;
-        staysAtEnd = true;
+        followsEnd = true;
         messages.replaceChildren();
         byId('conversation').hidden = true;
     }
@@ -172,16 +174,16 @@ export async function showConversation(id) {
     await refreshConversation();
 }
 
-/** `failed` hears what goes wrong later. */
-export function startConversation(failed) {
-    report = failed;
+/** `report` is called with each error. */
+export function startConversation(report) {
+    reportError = report;
     messages.addEventListener('scroll', () => {
-        // Only a reader goes up; a layout that grows moves the end away.
-        if (distanceToEnd() < nearEnd)
-            staysAtEnd = true;
+        // Only the agent scrolls up: when the content grows, the position stays.
+        if (distanceToEnd() < endTolerance)
+            followsEnd = true;
         else if (messages.scrollTop < lastTop)
-            staysAtEnd = false;
+            followsEnd = false;
         lastTop = messages.scrollTop;
     });
-    new ResizeObserver(keepEnd).observe(messages);
+    new ResizeObserver(followEnd).observe(messages);
 }

@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
-// Elements and times. Whatever customers write becomes text here, never markup.
+// Helpers for elements and times. Texts become text nodes, never markup.
 
 export const byId = (id) => document.getElementById(id);
 
-/** An element; names with a dash become attributes, others properties. Texts become text nodes. */
+/** Creates an element. Names with a dash become attributes, other names properties. */
 export function element(tag, properties = {}, ...children) {
-    const made = document.createElement(tag);
+    const created = document.createElement(tag);
     for (const [name, value] of Object.entries(properties)) {
         if (name.includes('-') || name === 'role')
-            made.setAttribute(name, value);
+            created.setAttribute(name, value);
         else
-            made[name] = value;
+            created[name] = value;
     }
-    made.append(...children.filter((child) => child !== null && child !== undefined));
-    return made;
+    created.append(...children.filter((child) => child !== null && child !== undefined));
+    return created;
 }
 
-/** What the customer is called: the best of what is known. */
+/** The most descriptive name of the customer that is known. */
 export function customerName({customer}) {
     return customer.email || customer.originalId || `Customer ${customer.id.slice(-6)}`;
 }
@@ -26,18 +26,18 @@ export function initials(name) {
     return words.slice(0, 2).map((word) => [...word][0] ?? '').join('').toUpperCase();
 }
 
-/** A round picture, or the first letters of the name. */
+/** A round picture, or the initials of the name. */
 export function avatar(name, picture) {
-    const made = element('span', {className: 'avatar', 'aria-hidden': 'true'});
-    fillAvatar(made, name, picture);
-    return made;
+    const created = element('span', {className: 'avatar', 'aria-hidden': 'true'});
+    fillAvatar(created, name, picture);
+    return created;
 }
 
 export function fillAvatar(target, name, picture) {
     target.replaceChildren(picture ? element('img', {src: picture, alt: ''}) : initials(name));
 }
 
-// The offset comes without a colon, which only some parsers take.
+// The offset has no colon, which not all browsers can parse.
 const dateOf = (timestamp) => new Date(timestamp.replace(/([+-]\d\d)(\d\d)$/u, '$1:$2'));
 
 export const milliseconds = (timestamp) => dateOf(timestamp).getTime();
@@ -46,13 +46,13 @@ const clock = new Intl.DateTimeFormat(undefined, {hour: '2-digit', minute: '2-di
 const dayAndClock = new Intl.DateTimeFormat(undefined, {
     day: 'numeric', month: 'short', hour: '2-digit', minute: '2-digit',
 });
-const wholeDate = new Intl.DateTimeFormat(undefined, {dateStyle: 'full', timeStyle: 'medium'});
+const fullDate = new Intl.DateTimeFormat(undefined, {dateStyle: 'full', timeStyle: 'medium'});
 
 export function timeElement(timestamp) {
     const date = dateOf(timestamp);
     const isToday = date.toDateString() === new Date().toDateString();
     return element('time', {
-        dateTime: date.toISOString(), title: wholeDate.format(date),
+        dateTime: date.toISOString(), title: fullDate.format(date),
     }, (isToday ? clock : dayAndClock).format(date));
 }
 
@@ -68,8 +68,8 @@ export function agoText(timestamp) {
     return 'now';
 }
 
-/** Dialogs close by their buttons as by Escape. */
+/** Makes the close buttons of the dialogs work. */
 export function prepareDialogs() {
-    for (const button of document.querySelectorAll('[data-closes]'))
+    for (const button of document.querySelectorAll('[data-close-dialog]'))
         button.addEventListener('click', () => button.closest('dialog').close());
 }

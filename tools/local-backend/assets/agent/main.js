@@ -1,50 +1,51 @@
 // SPDX-License-Identifier: MIT
-// Joins the parts of the page, and has the keys and switches that belong to none of them.
+// Connects the parts of the page, and handles keys and switches for the whole page.
 import {byId, prepareDialogs} from './dom.js';
 import {changeTicket, listen, readSettings, readTickets, saveAutomatic} from './api.js';
-import {chooseTicket, focusTickets, replaceTickets, startTickets, updateTicket} from './tickets.js';
+import {selectTicket, focusTickets, replaceTickets, startTickets, updateTicket} from './tickets.js';
 import {
     refreshConversation, showConversation, shownTicket, startConversation,
 } from './conversation.js';
-import {composeFor, focusComposer, startComposer} from './composer.js';
+import {showDraftOf, focusComposer, startComposer} from './composer.js';
 import {openPush, startPush} from './push.js';
 import {startBranding} from './branding.js';
 import {startSchedules} from './schedules.js';
 
-const noticeTime = 4000;
-let chosen = null;
+const noticeDuration = 4000;
+let selectedId = null;
 
 function show(id, text) {
-    const place = byId(id);
-    place.textContent = text;
-    clearTimeout(place.timer);
-    place.timer = setTimeout(() => { place.textContent = ''; }, noticeTime * (id === 'failure' ? 2 : 1));
+    const target = byId(id);
+    target.textContent = text;
+    clearTimeout(target.timer);
+    const duration = noticeDuration * (id === 'failure' ? 2 : 1);
+    target.timer = setTimeout(() => { target.textContent = ''; }, duration);
 }
 
-const notice = (text) => show('notice', text);
-const failure = (error) => show('failure', error.message);
+const showNotice = (text) => show('notice', text);
+const showError = (error) => show('failure', error.message);
 
-/** Runs what may fail, and tells when it does. */
-async function attempt(work) {
+/** Runs a function and shows its error, if any. */
+async function runReportingErrors(work) {
     try {
         await work();
     } catch (error) {
-        failure(error);
+        showError(error);
     }
 }
 
-// The address names the ticket, so that back, forward and reload do what they do elsewhere.
+// The URL contains the ticket's id, so that the browser's back, forward and reload work.
 const openTicket = (id) => { location.hash = id ? encodeURIComponent(id) : ''; };
 
-async function followAddress() {
+async function showTicketOfUrl() {
     const id = decodeURIComponent(location.hash.slice(1)) || null;
-    const isOther = id !== chosen;
-    chosen = id;
+    const isNew = id !== selectedId;
+    selectedId = id;
     document.body.dataset.pane = id ? 'conversation' : 'tickets';
-    chooseTicket(id);
-    composeFor(id);
+    selectTicket(id);
+    showDraftOf(id);
     await showConversation(id);
-    if (isOther && id)
+    if (isNew && id)
         focusComposer();
 }
 
@@ -53,49 +54,50 @@ function backToTickets() {
     focusTickets();
 }
 
-// ---- What the backend tells
+// ---- Events of the backend
 
 async function readAll() {
     byId('connection').dataset.state = 'live';
     byId('connection').textContent = 'Live';
-    await attempt(async () => {
+    await runReportingErrors(async () => {
         replaceTickets(await readTickets());
-        chooseTicket(chosen);
+        selectTicket(selectedId);
     });
     await Promise.all([showSettings(), refreshConversation()]);
 }
 
-function showLost() {
+function showDisconnected() {
     byId('connection').dataset.state = 'lost';
     byId('connection').textContent = 'Reconnecting';
 }
 
-function takeTicket(ticket) {
+function handleTicketChange(ticket) {
     updateTicket(ticket);
-    chooseTicket(chosen);
-    if (ticket.id === chosen)
+    selectTicket(selectedId);
+    if (ticket.id === selectedId)
         refreshConversation();
 }
 
-const showSettings = () => attempt(async () => {
+const showSettings = () => runReportingErrors(async () => {
     byId('automatic').checked = (await readSettings()).automatic;
     byId('automatic').disabled = false;
 });
 
-// ---- What the agent does
+// ---- Actions of the agent
 
-async function change(what) {
+async function changeShownTicket(change) {
     const ticket = shownTicket();
     if (!ticket)
         return;
-    await attempt(() => changeTicket(ticket.id, what));
+    await runReportingErrors(() => changeTicket(ticket.id, change));
     await refreshConversation();
 }
 
 const changeState = () =>
-    change({state: shownTicket()?.state === 'open' ? 'closed' : 'open'});
-const changeAssignee = () =>
-    change({assignee: shownTicket()?.assignee === 'ai agent' ? 'human agent' : 'ai agent'});
+    changeShownTicket({state: shownTicket()?.state === 'open' ? 'closed' : 'open'});
+const changeAssignee = () => changeShownTicket({
+    assignee: shownTicket()?.assignee === 'ai agent' ? 'human agent' : 'ai agent',
+});
 
 const keys = {
     '/': () => byId('search').focus(),
@@ -109,14 +111,14 @@ const keys = {
     'escape': backToTickets,
 };
 
-const isWriting = (target) =>
+const isTextInput = (target) =>
     target.matches('textarea, select, input:not([type="checkbox"], [type="radio"])');
 
 function handleKey(event) {
     if (event.ctrlKey || event.altKey || event.metaKey || document.querySelector('dialog[open]'))
         return;
     const key = event.key.toLowerCase();
-    if (!keys[key] || (isWriting(event.target) && key !== 'escape'))
+    if (!keys[key] || (isTextInput(event.target) && key !== 'escape'))
         return;
     event.preventDefault();
     keys[key]();
@@ -124,26 +126,30 @@ function handleKey(event) {
 
 function start() {
     prepareDialogs();
-    startTickets((id) => (id === chosen ? followAddress().then(focusComposer) : openTicket(id)));
-    startConversation(failure);
-    startComposer(failure);
-    startPush(() => notice('The push is on its way.'));
-    startBranding(() => notice('The branding is saved.'), failure);
-    startSchedules(() => notice('The schedules are saved.'), failure);
+    startTickets((id) =>
+        (id === selectedId ? showTicketOfUrl().then(focusComposer) : openTicket(id)));
+    startConversation(showError);
+    startComposer(showError);
+    startPush(() => showNotice('The push has been sent.'));
+    startBranding(() => showNotice('The branding has been saved.'), showError);
+    startSchedules(() => showNotice('The schedules have been saved.'), showError);
     byId('automatic').addEventListener('change', (event) =>
-        attempt(() => saveAutomatic(event.target.checked)).then(showSettings));
+        runReportingErrors(() => saveAutomatic(event.target.checked)).then(showSettings));
     byId('assignee').addEventListener('change',
-        (event) => change({assignee: event.target.value}));
+        (event) => changeShownTicket({assignee: event.target.value}));
     byId('ticket-automatic').addEventListener('change',
-        (event) => change({automatic: event.target.checked}));
+        (event) => changeShownTicket({automatic: event.target.checked}));
     byId('change-state').addEventListener('click', changeState);
     byId('open-push').addEventListener('click', () => openPush(shownTicket()));
     byId('open-shortcuts').addEventListener('click', keys['?']);
     byId('back').addEventListener('click', backToTickets);
     document.addEventListener('keydown', handleKey);
-    window.addEventListener('hashchange', followAddress);
-    followAddress();
-    listen({connected: readAll, lost: showLost, ticket: takeTicket, settings: showSettings});
+    window.addEventListener('hashchange', showTicketOfUrl);
+    showTicketOfUrl();
+    listen({
+        connected: readAll, disconnected: showDisconnected,
+        ticketChanged: handleTicketChange, settingsChanged: showSettings,
+    });
 }
 
 start();

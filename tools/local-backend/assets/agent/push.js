@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A push by hand, begun with what the backend would push for the ticket.
+// The dialog for custom pushes, whose payload starts as the backend's own push for the ticket.
 import {byId} from './dom.js';
 import {sendPush} from './api.js';
 
@@ -12,10 +12,10 @@ let ticket = null;
 function unstoredMessage() {
     const timestamp = new Date().toISOString().replace(/\.\d+Z$/u, '+0000');
     return {
-        id: `by-hand-${Date.now()}`,
+        id: `custom-${Date.now()}`,
         ticketId: ticket.id,
-        sender: {id: 'agent-by-hand', name: 'By hand', type: 'human agent'},
-        content: 'A push by hand.',
+        sender: {id: 'custom-agent', name: 'Custom push', type: 'human agent'},
+        content: 'A custom push.',
         isRead: false,
         timestamp,
     };
@@ -34,20 +34,20 @@ const payloads = {
     }),
 };
 
-function begin() {
+function fillPayload() {
     payload.value = JSON.stringify({source: 'tolvane', ...payloads[kind.value]()}, null, 2);
     byId('push-failure').textContent = '';
 }
 
 /** Opens the dialog for a ticket. */
-export function openPush(shown) {
-    if (!shown)
+export function openPush(shownTicket) {
+    if (!shownTicket)
         return;
-    ticket = shown;
+    ticket = shownTicket;
     byId('push-target').textContent = ticket.takesPushes
-        ? 'The payload goes to the customer’s device as it is.'
-        : 'The customer has registered no device yet.';
-    begin();
+        ? 'The payload is sent to the customer’s device unchanged.'
+        : 'The customer has not registered a device yet.';
+    fillPayload();
     dialog.showModal();
     kind.focus();
 }
@@ -59,13 +59,13 @@ async function send(sent) {
         sent();
     } catch (error) {
         byId('push-failure').textContent =
-            error instanceof SyntaxError ? `No JSON: ${error.message}` : error.message;
+            error instanceof SyntaxError ? `Invalid JSON: ${error.message}` : error.message;
     }
 }
 
 /** `sent` is called after each push. */
 export function startPush(sent) {
-    kind.addEventListener('change', begin);
+    kind.addEventListener('change', fillPayload);
     dialog.addEventListener('submit', (event) => {
         event.preventDefault();
         send(sent);

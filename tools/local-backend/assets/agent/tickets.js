@@ -2,7 +2,7 @@
 // The list of all customers' tickets, newest activity first.
 import {agoText, avatar, byId, customerName, element, milliseconds} from './dom.js';
 
-const longestPreview = 200;
+const maxPreviewLength = 200;
 const senderNames = {'customer': '', 'ai agent': 'AI: ', 'human agent': 'Agent: '};
 const assigneeNames = {'ai agent': 'AI', 'human agent': 'Human'};
 
@@ -10,10 +10,10 @@ const list = byId('tickets');
 const search = byId('search');
 const filter = byId('filter');
 
-/** Rows by the ids of their tickets, in the order of the list. */
+/** The rows by ticket id. */
 const rows = new Map();
-let chosen = null;
-let open = () => {};
+let selectedId = null;
+let openTicket = () => {};
 
 const lastMessage = (ticket) => ticket.messages.at(-1);
 const isWaiting = (ticket) =>
@@ -27,7 +27,7 @@ function byActivity(left, right) {
 
 function previewOf(message) {
     const images = message.attachments?.length ?? 0;
-    const text = message.content.slice(0, longestPreview);
+    const text = message.content.slice(0, maxPreviewLength);
     return senderNames[message.sender.type] + (text || (images === 1 ? 'Image' : `${images} images`));
 }
 
@@ -35,7 +35,7 @@ function badge(text, kind) {
     return element('span', {className: 'badge', 'data-kind': kind}, text);
 }
 
-function fill(row, ticket) {
+function fillRow(row, ticket) {
     const message = lastMessage(ticket);
     const name = customerName(ticket);
     row.ticket = ticket;
@@ -50,9 +50,9 @@ function fill(row, ticket) {
             isWaiting(ticket) ? badge('Waiting', 'waiting') : null,
             ticket.state === 'closed' ? badge('Closed', 'closed') : null,
             badge(assigneeNames[ticket.assignee], ticket.assignee),
-            ticket.automatic ? null : badge('By hand', 'by-hand')),
+            ticket.automatic ? null : badge('Manual', 'manual')),
     );
-    row.hidden = !isShown(ticket);
+    row.hidden = !matchesFilter(ticket);
 }
 
 const filters = {
@@ -62,42 +62,42 @@ const filters = {
     closed: (ticket) => ticket.state === 'closed',
 };
 
-function isShown(ticket) {
-    const wanted = search.value.trim().toLowerCase();
+function matchesFilter(ticket) {
+    const searchText = search.value.trim().toLowerCase();
     const text = `${customerName(ticket)} ${ticket.id} ${previewOf(lastMessage(ticket))}`;
-    return filters[filter.value](ticket) && text.toLowerCase().includes(wanted);
+    return filters[filter.value](ticket) && text.toLowerCase().includes(searchText);
 }
 
 function makeRow(ticket) {
     const row = element('li', {
         role: 'option', tabIndex: -1, 'data-ticket-id': ticket.id, 'aria-selected': 'false',
     });
-    fill(row, ticket);
+    fillRow(row, ticket);
     rows.set(ticket.id, row);
     return row;
 }
 
 const shownRows = () => [...list.children].filter((row) => !row.hidden);
 
-// One row can be reached by Tab; the arrow keys go on from there.
-function makeReachable(row) {
+// Tab reaches a single row; the arrow keys move between rows.
+function setTabStop(row) {
     for (const other of list.querySelectorAll('[tabindex="0"]'))
         other.tabIndex = -1;
     if (row)
         row.tabIndex = 0;
 }
 
-function settle() {
+function updateSummary() {
     const shown = shownRows();
     byId('no-tickets').hidden = shown.length > 0;
     if (!shown.some((row) => row.tabIndex === 0))
-        makeReachable(shown.find((row) => row.dataset.ticketId === chosen) ?? shown[0]);
+        setTabStop(shown.find((row) => row.dataset.ticketId === selectedId) ?? shown[0]);
     const waiting = [...rows.values()].filter((row) => isWaiting(row.ticket)).length;
     document.title = waiting > 0 ? `(${waiting}) Tolvane agents` : 'Tolvane agents';
 }
 
-// A row that is moved loses the focus otherwise.
-function keepingFocus(change) {
+// Restores the focus after a change, because a row that is moved loses it.
+function preservingFocus(change) {
     const focused = list.contains(document.activeElement) ? document.activeElement : null;
     change();
     if (focused?.isConnected && focused !== document.activeElement)
@@ -105,49 +105,49 @@ function keepingFocus(change) {
 }
 
 export function replaceTickets(tickets) {
-    keepingFocus(() => {
-        const wanted = tickets.map((ticket) => {
+    preservingFocus(() => {
+        const newRows = tickets.map((ticket) => {
             const row = rows.get(ticket.id);
             if (!row)
                 return makeRow(ticket);
-            fill(row, ticket);
+            fillRow(row, ticket);
             return row;
         });
-        list.replaceChildren(...wanted.sort(byActivity));
+        list.replaceChildren(...newRows.sort(byActivity));
     });
-    settle();
+    updateSummary();
 }
 
 export function updateTicket(ticket) {
-    keepingFocus(() => {
+    preservingFocus(() => {
         const row = rows.get(ticket.id) ?? makeRow(ticket);
-        fill(row, ticket);
+        fillRow(row, ticket);
         const next = [...list.children].find((other) => other !== row && byActivity(row, other) < 0);
         if (!row.isConnected || row.nextElementSibling !== (next ?? null))
             list.insertBefore(row, next ?? null);
     });
-    settle();
+    updateSummary();
 }
 
-/** Marks the ticket whose conversation is shown, or none. */
-export function chooseTicket(id) {
-    rows.get(chosen)?.setAttribute('aria-selected', 'false');
-    chosen = id;
+/** Marks the ticket with this id; null marks no ticket. */
+export function selectTicket(id) {
+    rows.get(selectedId)?.setAttribute('aria-selected', 'false');
+    selectedId = id;
     const row = rows.get(id);
     row?.setAttribute('aria-selected', 'true');
     if (row)
-        makeReachable(row);
+        setTabStop(row);
 }
 
 export function focusTickets() {
     (list.querySelector('[tabindex="0"]') ?? search).focus();
 }
 
-const steps = {
-    ArrowDown: (at) => at + 1,
-    ArrowUp: (at) => Math.max(at - 1, 0),
-    PageDown: (at) => at + 8,
-    PageUp: (at) => Math.max(at - 8, 0),
+const keyTargets = {
+    ArrowDown: (index) => index + 1,
+    ArrowUp: (index) => Math.max(index - 1, 0),
+    PageDown: (index) => index + 8,
+    PageUp: (index) => Math.max(index - 8, 0),
     Home: () => 0,
     End: () => Infinity,
 };
@@ -158,22 +158,22 @@ function handleKey(event) {
         return;
     if (event.key === 'Enter' || event.key === ' ') {
         event.preventDefault();
-        open(row.dataset.ticketId);
-    } else if (steps[event.key]) {
+        openTicket(row.dataset.ticketId);
+    } else if (keyTargets[event.key]) {
         event.preventDefault();
         const shown = shownRows();
-        const at = Math.min(steps[event.key](shown.indexOf(row)), shown.length - 1);
-        makeReachable(shown[at]);
-        shown[at].focus();
+        const index = Math.min(keyTargets[event.key](shown.indexOf(row)), shown.length - 1);
+        setTabStop(shown[index]);
+        shown[index].focus();
     }
 }
 
-function refilter() {
+function applyFilter() {
     for (const row of rows.values())
-        row.hidden = !isShown(row.ticket);
+        row.hidden = !matchesFilter(row.ticket);
     if (list.querySelector('[tabindex="0"]')?.hidden)
-        makeReachable(null);
-    settle();
+        setTabStop(null);
+    updateSummary();
 }
 
 function refreshTimes() {
@@ -181,17 +181,17 @@ function refreshTimes() {
         row.querySelector('time').textContent = agoText(lastMessage(row.ticket).timestamp);
 }
 
-/** `opened` is called with the id of a ticket that is to be shown. */
+/** `opened` is called with the id of a ticket that the agent opens. */
 export function startTickets(opened) {
-    open = opened;
+    openTicket = opened;
     list.addEventListener('keydown', handleKey);
     list.addEventListener('click', (event) => {
         const row = event.target.closest('[data-ticket-id]');
         if (row)
-            open(row.dataset.ticketId);
+            openTicket(row.dataset.ticketId);
     });
-    search.addEventListener('input', refilter);
-    filter.addEventListener('change', refilter);
+    search.addEventListener('input', applyFilter);
+    filter.addEventListener('change', applyFilter);
     search.addEventListener('keydown', (event) => {
         if (event.key === 'ArrowDown' || event.key === 'Enter') {
             event.preventDefault();
