@@ -13,7 +13,7 @@ namespace tolvane::backend {
 
 namespace {
 
-constexpr std::size_t longestName = 200;
+constexpr std::size_t maxNameLength = 200;
 
 // The image types that clients display.
 constexpr std::array<std::string_view, 4> pictureTypes = {"image/png", "image/jpeg", "image/gif",
@@ -53,7 +53,7 @@ AgentMessage parseAgentMessage(const httplib::Request &request, const std::strin
     answer.author = agentNamed(form.texts["as"], "as");
     if (answer.author == Author::Human)
         answer.person = Person{form.texts["name"], form.texts["picture"]};
-    if (form.texts["name"].size() > longestName)
+    if (form.texts["name"].size() > maxNameLength)
         throw HttpError(400, "the name is too long");
     answer.message = parseMessage(std::move(form));
     return answer;

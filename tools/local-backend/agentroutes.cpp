@@ -74,8 +74,8 @@ AgentRoutes::AgentRoutes(Backend &backend, const HttpServer &server)
 
 bool AgentRoutes::handles(const httplib::Request &request)
 {
-    const std::string_view address = pathOf(request);
-    return address == "/" || address == "/agent" || address.starts_with("/agent/");
+    const std::string_view path = pathOf(request);
+    return path == "/" || path == "/agent" || path.starts_with("/agent/");
 }
 
 void AgentRoutes::dispatch(RequestContext &context) const

@@ -16,7 +16,7 @@ struct Branding
     std::string updatedAt;
 };
 
-/// Throws a SettingsError. Adds an `updatedAt` if there is none.
+/// Throws a SettingsError. Adds `updatedAt` if it is missing.
 Branding parseBranding(std::string_view json);
 
 /// Parses a branding that an agent has edited; replaces its `updatedAt`. Throws a SettingsError.

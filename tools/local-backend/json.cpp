@@ -36,8 +36,8 @@ std::string fileAddress(std::string_view path)
 // Agents with the same name have the same id.
 Agent agentOf(const Person &person)
 {
-    constexpr std::size_t enough = 16;
-    return {"agent-" + sha256Hex(person.name).substr(0, enough), person.name,
+    constexpr std::size_t idLength = 16;
+    return {"agent-" + sha256Hex(person.name).substr(0, idLength), person.name,
             person.picture.empty() ? std::string() : fileAddress(person.picture)};
 }
 

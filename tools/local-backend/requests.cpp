@@ -79,11 +79,11 @@ std::optional<std::string> optionalText(const QJsonObject &object, const char *k
 
 std::string customerIdOf(const httplib::Request &request)
 {
-    constexpr std::size_t longest = 128;
+    constexpr std::size_t maxLength = 128;
     std::string id = request.get_header_value(customerHeader);
     if (id.empty())
         return newId();
-    if (id.size() > longest || !std::all_of(id.begin(), id.end(), isVisible))
+    if (id.size() > maxLength || !std::all_of(id.begin(), id.end(), isVisible))
         throw HttpError(400,
                         std::string(customerHeader) + " allows up to 128 visible ASCII characters");
     return id;
@@ -114,10 +114,10 @@ std::optional<std::uint64_t> lastEventIdOf(const httplib::Request &request)
 
 std::string hostOf(const httplib::Request &request, const std::string &fallback)
 {
-    constexpr std::size_t longest = 255;
+    constexpr std::size_t maxLength = 255;
     const std::string host = request.get_header_value("Host");
     const bool isValid =
-        !host.empty() && host.size() <= longest &&
+        !host.empty() && host.size() <= maxLength &&
         std::all_of(host.begin(), host.end(), [](unsigned char c) {
             return std::isalnum(c) ||
                    std::string_view("-.:[]_").find(static_cast<char>(c)) != std::string_view::npos;

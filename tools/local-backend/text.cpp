@@ -47,9 +47,9 @@ QByteArray sha256(std::string_view bytes)
 // Long names keep their suffix, from which clients derive the type.
 QString truncated(const QString &name)
 {
-    constexpr qsizetype longest = 120;
-    constexpr qsizetype ending = 16;
-    return name.size() <= longest ? name : name.left(longest - ending) + name.right(ending);
+    constexpr qsizetype maxLength = 120;
+    constexpr qsizetype suffix = 16;
+    return name.size() <= maxLength ? name : name.left(maxLength - suffix) + name.right(suffix);
 }
 
 } // namespace
