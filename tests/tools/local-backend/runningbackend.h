@@ -14,6 +14,7 @@ using Headers = std::map<std::string, std::string>;
 
 /// The timeout in milliseconds for conditions, which is long enough for a busy machine.
 inline constexpr int timeout = 60'000;
+#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, timeout)
 
 struct FormPart
 {
@@ -38,6 +39,15 @@ inline std::string multipart(const std::vector<FormPart> &parts)
 inline QJsonDocument json(const httplib::Response &response)
 {
     return QJsonDocument::fromJson(QByteArray::fromStdString(response.body));
+}
+
+/// The types of the senders of a ticket's messages by their first letters, oldest first.
+inline QString senders(const QJsonDocument &ticket)
+{
+    QString letters;
+    for (const QJsonValue message : ticket[QLatin1String("messages")].toArray())
+        letters += message[QLatin1String("sender")][QLatin1String("type")].toString().first(1);
+    return letters;
 }
 
 /// A backend in this process on a port that the system picks.

@@ -101,8 +101,10 @@ private Q_SLOTS:
             {413, "pictures", std::string(5 << 20, 'x')},
             {409, ticket + "/push", "{}"},
             {400, ticket + "/push", "[]"},
+            {400, "branding", "no JSON"},
+            {400, "branding", "[]"},
             {400, "branding", "{\"primaryLight\":\"#12345\"}"},
-            {400, "schedules", R"([{"id":"a","days":["Sat"],"startTime":"9:00"}])"},
+            {400, "schedules", R"([{"id":"a","days":["Samstag"]}])"},
             {400, "automatic", "{}"},
             {404, "nothing", "{}"},
         };

@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 using namespace std::literals;
 using namespace tolvane::backend;
 
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, timeout)
-
 class AgentRoutesTest : public QObject
 {
     Q_OBJECT
@@ -73,11 +71,9 @@ private Q_SLOTS:
         QCOMPARE(host.payloads()[0]["message"_L1].toObject(), human);
         QCOMPARE(ada.tickets()[0]["lastMessage"_L1].toObject(), human);
 
-        const auto shown = agent.read(ticket);
-        QCOMPARE(shown["assignee"_L1], u"human agent"_s);
-        QCOMPARE(shown["messages"_L1][1]["isRead"_L1], QJsonValue(false));
-        ada.get(path);
-        QCOMPARE(agent.read(ticket)["messages"_L1][1]["isRead"_L1], QJsonValue(true));
+        QCOMPARE(agent.read(ticket)["assignee"_L1], u"human agent"_s);
+        // Reading on the agent page does not mark messages as read.
+        QCOMPARE(agent.read(ticket)["messages"_L1][1]["isRead"_L1], QJsonValue(false));
 
         agent.post(ticket + "/message", multipart({{"as", "ai agent"}, {"message", "ai"}}));
         TRY_COMPARE(host.digest(), "ai");
@@ -100,12 +96,8 @@ private Q_SLOTS:
         RunningBackend backend(inMemory, 5ms);
         Agent agent(backend);
         Customer ada(backend.port());
-        const auto senders = [&](const std::string &path) {
-            QString letters;
-            for (const QJsonValue message :
-                 agent.read("ticket/" + idIn(path))["messages"_L1].toArray())
-                letters += message["sender"_L1]["type"_L1].toString().first(1);
-            return letters;
+        const auto sendersIn = [&](const std::string &path) {
+            return senders(agent.read("ticket/" + idIn(path)));
         };
         const auto answer = [&](const std::string &path, const char *as) {
             agent.post("ticket/" + idIn(path) + "/message",
@@ -121,18 +113,18 @@ private Q_SLOTS:
         agent.post("ticket/" + idIn(closed), R"({"state":"closed"})");
         agent.post("automatic", R"({"automatic":true})");
         // Pending replies are sent, but not in tickets that were answered, taken over or closed.
-        TRY_COMPARE(senders(waiting), "ca"_L1);
-        QCOMPARE(senders(answered), "ca"_L1);
-        QCOMPARE(senders(taken), "c"_L1);
-        QCOMPARE(senders(closed), "c"_L1);
+        TRY_COMPARE(sendersIn(waiting), "ca"_L1);
+        QCOMPARE(sendersIn(answered), "ca"_L1);
+        QCOMPARE(sendersIn(taken), "c"_L1);
+        QCOMPARE(sendersIn(closed), "c"_L1);
 
         answer(waiting, "human agent");
         ada.write(waiting, "to you");
         ada.write(answered, "to the script");
-        TRY_COMPARE(senders(answered), "caca"_L1);
-        QCOMPARE(senders(waiting), "cahc"_L1);
+        TRY_COMPARE(sendersIn(answered), "caca"_L1);
+        QCOMPARE(sendersIn(waiting), "cahc"_L1);
         agent.post("ticket/" + idIn(taken), R"({"assignee":"ai agent"})");
-        TRY_COMPARE(senders(taken), "ca"_L1);
+        TRY_COMPARE(sendersIn(taken), "ca"_L1);
     }
 
     void settingsReachCustomersAndPersist()

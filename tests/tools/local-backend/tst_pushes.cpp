@@ -9,8 +9,6 @@ using namespace Qt::StringLiterals;
 using namespace std::literals;
 using namespace tolvane::backend;
 
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, timeout)
-
 namespace {
 
 void registerDevice(Customer &customer, const std::string &token)
@@ -32,7 +30,7 @@ class PushesTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void agentsAndStatesArePushedToTheirCustomer()
+    void fromAiToHumanToClosedAndBack()
     {
         const RunningBackend backend(inMemory, 5ms);
         Customer ada(backend.port());
@@ -53,14 +51,23 @@ private Q_SLOTS:
         const auto pushed = [&](qsizetype place) { return host.payloads().value(place); };
 
         const std::string path = ada.open();
+        const auto ticket = [&] { return json(ada.get(path)); };
         TRY_COMPARE(host.payloads().size(), 1);
         QCOMPARE(pushed(0), message(last()));
+        QCOMPARE(last()["lastMessage"_L1]["isRead"_L1], QJsonValue(false));
+        ticket();
+        QCOMPARE(last()["lastMessage"_L1]["isRead"_L1], QJsonValue(true));
         ada.write(path, "a human, please");
         TRY_COMPARE(host.payloads().size(), 3);
-        QCOMPARE(pushed(2), message(last())); // With a portrait.
+        QCOMPARE(pushed(2), message(last()));
+        const QJsonValue maya = last()["lastMessage"_L1]["sender"_L1];
+        QCOMPARE(maya["name"_L1], u"Maya Lindqvist"_s);
+        const QUrl portrait(maya["profilePicture"_L1].toString());
+        QVERIFY(ada.get(portrait.path().toStdString()).body.starts_with("\x89PNG"));
         ada.write(path, "thanks");
         TRY_COMPARE(host.payloads().size(), 5);
         QCOMPARE(pushed(3), message(last()));
+        QCOMPARE(last()["state"_L1], u"closed"_s);
         QCOMPARE(pushed(4),
                  (QJsonObject{{u"source"_s, u"tolvane"_s}, {u"ticketPreview"_s, last()}}));
         ada.write(path, "one more thing");
@@ -69,6 +76,9 @@ private Q_SLOTS:
         QCOMPARE(reopened["state"_L1], u"open"_s);
         QCOMPARE(reopened["lastMessage"_L1]["content"_L1], u"one more thing"_s);
         QCOMPARE(reopened["lastMessage"_L1]["sender"_L1]["id"_L1], u"ada"_s);
+        QCOMPARE(senders(ticket()), "cacahchch"_L1);
+        QCOMPARE(ticket()["state"_L1], u"open"_s);
+        QCOMPARE(ticket()["assignee"_L1], u"human agent"_s);
 
         TRY_COMPARE(other.payloads(), host.payloads());
         bob.open();
