@@ -50,7 +50,7 @@ public:
     QString localizedDescription() const { return m_description; }
     /// Identifies the failure within the domain.
     int code() const { return m_code; }
-    /// The domain, one of the table above.
+    /// The domain, one of ErrorDomain.
     QString domain() const { return m_domain; }
 
     /// The description in UTF-8; valid as long as this object.
@@ -61,6 +61,17 @@ private:
     int m_code;
     QString m_description;
     QByteArray m_what;
+};
+
+/// The domains of the library's errors, see the table of Error.
+struct TOLVANE_EXPORT ErrorDomain
+{
+    static const QString transport;    ///< "NSURLErrorDomain"
+    static const QString api;          ///< "TolvaneSdk.APIError"
+    static const QString decoding;     ///< "TolvaneSdk.DecodingError"
+    static const QString file;         ///< "TolvaneSdk.FileError"
+    static const QString cancellation; ///< "TolvaneSdk.Cancellation"
+    static const QString unexpected;   ///< "TolvaneSdk.UnexpectedError"
 };
 
 /// A shared, immutable error.

@@ -80,17 +80,30 @@ public:
     /// Sends the customer's identity to the backend.
     ///
     /// @param email the customer's address, or absent
-    /// @param originalID the host's own id of the customer, kept on the device whether or not the
-    /// backend can be reached; absent forgets the stored one
-    /// @return finishes, never with an error, when the update has been sent or has failed. It may
-    /// be dropped. Waiting for it with a blocking call on the main thread never ends.
+    /// @param originalCustomerId the host's own id of the customer, kept on the device whether or
+    /// not the backend can be reached; absent forgets the stored one
+    /// @return finishes, never with an error, when the update has been sent or has failed. Blocking
+    /// on it from the main thread deadlocks. A future that is pending when the application ends
+    /// never finishes, so that none of the host's continuations run in a process that is being
+    /// destroyed; do not wait for it after QCoreApplication::exec() has returned.
     static QFuture<void> updateCustomer(const std::optional<QString> &email,
-                                        const std::optional<QString> &originalID);
+                                        const std::optional<QString> &originalCustomerId);
 
     /// Opens the messenger over the host's foreground window: the one with the focus, else the
     /// first visible one. Without a window, or without the library of views, it opens nothing. No
     /// effect if the messenger is open.
     static void open();
+
+    /// Closes the messenger, animated, as its close button does. No effect if it is not open. Not
+    /// an action of the customer's, so it sends no "user_action" event.
+    static void close();
+
+    /// True from the moment at which the messenger appears until its closing animation has ended.
+    /// Main thread. Does not require initialize().
+    static bool isOpen();
+
+    /// The version of the loaded library, "major.minor.patch". Safe from any thread.
+    static QString version();
 
     /// Registers the device for pushes. The token is not stored: call this at each start of the
     /// host, and whenever the push service issues another token.

@@ -4,6 +4,7 @@
 /// @file The version of the loaded library, which may be newer than the headers.
 
 #include <tolvane/export.h>
+#include <tolvane/versionnumber.h>
 
 extern "C" {
 /// Version of the linked library as a number: major and minor, 1.0 for 1.0.0.

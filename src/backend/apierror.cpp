@@ -30,7 +30,7 @@ QString description(APIError::Case failure, const QByteArray &body)
 } // namespace
 
 APIError::APIError(Case failure, const QByteArray &body)
-    : Error(QStringLiteral("TolvaneSdk.APIError"), failure, description(failure, body))
+    : Error(ErrorDomain::api, failure, description(failure, body))
     , m_body(failure == unknownError ? QByteArray() : body)
 {
 }

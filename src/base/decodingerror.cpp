@@ -4,7 +4,7 @@
 namespace tolvane {
 
 DecodingError::DecodingError(Kind kind, QString codingPath, const QString &problem)
-    : Error(QStringLiteral("TolvaneSdk.DecodingError"), kind,
+    : Error(ErrorDomain::decoding, kind,
             codingPath.isEmpty() ? problem : codingPath + QLatin1String(": ") + problem)
     , m_codingPath(std::move(codingPath))
 {

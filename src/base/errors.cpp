@@ -39,6 +39,13 @@ QString describe(UrlError::Code code, const QString &detail)
 
 } // namespace
 
+const QString ErrorDomain::transport = QStringLiteral("NSURLErrorDomain");
+const QString ErrorDomain::api = QStringLiteral("TolvaneSdk.APIError");
+const QString ErrorDomain::decoding = QStringLiteral("TolvaneSdk.DecodingError");
+const QString ErrorDomain::file = QStringLiteral("TolvaneSdk.FileError");
+const QString ErrorDomain::cancellation = QStringLiteral("TolvaneSdk.Cancellation");
+const QString ErrorDomain::unexpected = QStringLiteral("TolvaneSdk.UnexpectedError");
+
 Error::Error(QString domain, int code, QString localizedDescription)
     : m_domain(std::move(domain))
     , m_code(code)
@@ -50,13 +57,12 @@ Error::Error(QString domain, int code, QString localizedDescription)
 Error::~Error() = default;
 
 CancellationError::CancellationError()
-    : Error(QStringLiteral("TolvaneSdk.Cancellation"), 1,
-            QStringLiteral("The operation was cancelled."))
+    : Error(ErrorDomain::cancellation, 1, QStringLiteral("The operation was cancelled."))
 {
 }
 
 UrlError::UrlError(Code code, const QString &detail)
-    : Error(QStringLiteral("NSURLErrorDomain"), code, describe(code, detail))
+    : Error(ErrorDomain::transport, code, describe(code, detail))
 {
 }
 
@@ -69,10 +75,9 @@ ErrorPtr currentError()
         auto held = std::make_shared<std::exception_ptr>(std::current_exception());
         return ErrorPtr(std::move(held), &error);
     } catch (const std::exception &error) {
-        return std::make_shared<Error>(QStringLiteral("TolvaneSdk.UnexpectedError"), 1,
-                                       QString::fromUtf8(error.what()));
+        return std::make_shared<Error>(ErrorDomain::unexpected, 1, QString::fromUtf8(error.what()));
     } catch (...) {
-        return std::make_shared<Error>(QStringLiteral("TolvaneSdk.UnexpectedError"), 1,
+        return std::make_shared<Error>(ErrorDomain::unexpected, 1,
                                        QStringLiteral("An unexpected error occurred."));
     }
 }

@@ -12,6 +12,7 @@
 #include "state/sdkdata.h"
 
 #include <tolvane/tolvane.h>
+#include <tolvane/version.h>
 
 #include <array>
 
@@ -65,7 +66,7 @@ void whenInitialized(Operation operation)
     });
 }
 
-void makeSureOfCustomerId()
+void ensureCustomerId()
 {
     if (persistentstore::customerId())
         return;
@@ -83,7 +84,7 @@ void start(const QString &key)
 {
     if (!Configuration::shared().setApiKeyOnce(key))
         return;
-    makeSureOfCustomerId();
+    ensureCustomerId();
     Logger::shared().log(LogLevel::info, QStringLiteral("SDK initialized"));
     TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Lifecycle::sdkInitialized,
                                             {{Keys::actionType, QStringLiteral("lifecycle")}});
@@ -114,7 +115,7 @@ QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> 
 }
 
 /// Finishes when its last owner is destroyed, whatever happened to the work.
-std::shared_ptr<QPromise<void>> makeSelfKeepingPromise()
+std::shared_ptr<QPromise<void>> makeSelfFinishingPromise()
 {
     std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *kept) {
         kept->finish();
@@ -172,11 +173,12 @@ void Tolvane::setAnalyticsDelegate(const std::shared_ptr<TolvaneAnalyticsDelegat
 }
 
 QFuture<void> Tolvane::updateCustomer(const std::optional<QString> &email,
-                                      const std::optional<QString> &originalID)
+                                      const std::optional<QString> &originalCustomerId)
 {
-    const auto promise = makeSelfKeepingPromise();
+    const auto promise = makeSelfFinishingPromise();
     QFuture<void> future = promise->future();
-    whenInitialized([=] { detach(holdUntilDone(sendCustomer(email, originalID), promise)); });
+    whenInitialized(
+        [=] { detach(holdUntilDone(sendCustomer(email, originalCustomerId), promise)); });
     return future;
 }
 
@@ -186,6 +188,21 @@ void Tolvane::open()
         TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Chat::opened, {});
         platform().present();
     });
+}
+
+void Tolvane::close()
+{
+    whenInitialized([] { platform().dismiss(); });
+}
+
+bool Tolvane::isOpen()
+{
+    return SdkData::shared()->isOpen();
+}
+
+QString Tolvane::version()
+{
+    return QStringLiteral(TOLVANE_VERSION_STR);
 }
 
 void Tolvane::setDeviceToken(const QByteArray &deviceToken)

@@ -24,6 +24,12 @@ void presentUserInterface()
         present();
 }
 
+void dismissUserInterface()
+{
+    if (const auto dismiss = userInterface().dismiss)
+        dismiss();
+}
+
 std::mutex &creation()
 {
     static auto *mutex = new std::mutex;
@@ -54,6 +60,7 @@ Platform makeProductionPlatform()
         .makeUrlCache = makeUrlCache,
         .environmentVariable = processEnvironmentVariable,
         .present = presentUserInterface,
+        .dismiss = dismissUserInterface,
     };
 }
 

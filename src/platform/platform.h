@@ -47,6 +47,8 @@ struct Platform
 
     /// Shows the messenger over the root view of the host's foreground window, if there is one.
     std::function<void()> present;
+    /// Closes the messenger, animated; no effect if it is closed.
+    std::function<void()> dismiss;
 };
 
 /// Creates a platform with the production services.

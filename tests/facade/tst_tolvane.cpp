@@ -147,6 +147,7 @@ private Q_SLOTS:
         QTest::addColumn<std::function<void()>>("call");
         using Call = std::function<void()>;
         QTest::newRow("open") << Call([] { Tolvane::open(); });
+        QTest::newRow("close") << Call([] { Tolvane::close(); });
         QTest::newRow("updateCustomer")
             << Call([] { QVERIFY(Tolvane::updateCustomer({}, u"id"_s).isFinished()); });
         QTest::newRow("setDeviceToken") << Call([] { Tolvane::setDeviceToken("x"); });

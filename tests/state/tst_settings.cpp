@@ -100,7 +100,7 @@ private Q_SLOTS:
             fixture.delegate->properties(TolvaneAnalyticsEvent::Errors::networkError);
         QCOMPARE(error.value(u"error_context"_s), u"fetchSettings"_s);
         QCOMPARE(error.value(u"error_code"_s), -1001);
-        QCOMPARE(error.value(u"error_domain"_s), u"NSURLErrorDomain"_s);
+        QCOMPARE(error.value(u"error_domain"_s), ErrorDomain::transport);
     }
 
     void anUnreadableCopyIsIgnored()

@@ -15,7 +15,7 @@ void write(const QString &path, const QByteArray &bytes)
     // For folders that allow writing the file, but not creating a temporary one.
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw Error(QStringLiteral("TolvaneSdk.FileError"), file.error(), file.errorString());
+        throw Error(ErrorDomain::file, file.error(), file.errorString());
 }
 
 QString unusedPath(const QString &folder, const QString &name)

@@ -15,6 +15,8 @@ struct UserInterface
 {
     /// Shows the messenger over the root view of the host's foreground window, if there is one.
     std::function<void()> present;
+    /// Closes the messenger, animated; no effect if it is closed.
+    std::function<void()> dismiss;
     /// The size of the screen in device-independent pixels, in its current orientation.
     std::function<QSizeF()> screenSize;
 };

@@ -25,7 +25,7 @@ const char *translationKey(int code)
 
 QString errorText(const Error &error)
 {
-    if (error.domain() != QLatin1String("NSURLErrorDomain"))
+    if (error.domain() != ErrorDomain::transport)
         return error.localizedDescription();
     return platform().bundle->string(QString::fromLatin1(translationKey(error.code())));
 }

@@ -9,6 +9,7 @@ FocusScope {
 
     required property ScreenData screen
     property bool wasShown: false
+    readonly property bool isLeaving: wasShown && !screen.isShown
 
     anchors.fill: parent
     // Above the host's popups.
@@ -17,6 +18,15 @@ FocusScope {
     LayoutMirroring.enabled: Strings.isRightToLeft
     LayoutMirroring.childrenInherit: true
     Keys.onEscapePressed: screen.close()
+    Keys.onBackPressed: screen.close()
+
+    Connections {
+        target: presentation.screen
+
+        function onIsShownChanged() {
+            presentation.wasShown = true
+        }
+    }
 
     MouseArea {
         anchors.fill: parent
@@ -33,6 +43,17 @@ FocusScope {
         y: parent.height
         focus: true
         screen: presentation.screen
+    }
+
+    // While the messenger leaves, its controls react to nothing any more.
+    MouseArea {
+        anchors.fill: parent
+        visible: presentation.isLeaving
+        hoverEnabled: true
+        acceptedButtons: Qt.AllButtons
+        onWheel: wheel => wheel.accepted = true
+        onVisibleChanged: if (visible) forceActiveFocus()
+        Keys.onPressed: event => event.accepted = true
     }
 
     states: State {

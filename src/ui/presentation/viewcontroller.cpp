@@ -48,6 +48,12 @@ void TolvaneViewController::presentInForeground()
         (new TolvaneViewController)->presentOver(*window);
 }
 
+void TolvaneViewController::dismiss()
+{
+    if (current())
+        current()->m_data->setShown(false);
+}
+
 void TolvaneViewController::presentOver(QWindow &window)
 {
     m_messengerWindow = MessengerWindow(window);
@@ -113,6 +119,8 @@ void TolvaneViewController::viewDidDisappear()
 
 void TolvaneViewController::closeTapped()
 {
+    if (!m_data->isShown())
+        return; // It is closing already.
     TolvaneAnalyticsManager::shared().trackUserAction(
         QStringLiteral("close_button_tapped"), QStringLiteral("chat"),
         {{QStringLiteral("close_method"), QStringLiteral("button")}});

@@ -28,6 +28,8 @@ public:
     /// Shows the messenger over the host's foreground window, if there is one. Does nothing if the
     /// messenger is shown already.
     static void presentInForeground();
+    /// Closes the messenger, animated. Does nothing if it is closed or closing.
+    static void dismiss();
 
 private:
     void presentOver(QWindow &window);

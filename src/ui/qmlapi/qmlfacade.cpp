@@ -94,14 +94,19 @@ void QmlFacade::enableLogging(bool enabled)
     Tolvane::enableLogging(enabled);
 }
 
-void QmlFacade::updateCustomer(const QVariant &email, const QVariant &originalID)
+void QmlFacade::updateCustomer(const QVariant &email, const QVariant &originalCustomerId)
 {
-    Tolvane::updateCustomer(optionalText(email), optionalText(originalID));
+    Tolvane::updateCustomer(optionalText(email), optionalText(originalCustomerId));
 }
 
 void QmlFacade::open()
 {
     Tolvane::open();
+}
+
+void QmlFacade::close()
+{
+    Tolvane::close();
 }
 
 void QmlFacade::setDeviceToken(const QByteArray &deviceToken)

@@ -33,6 +33,8 @@ class QmlFacade : public QObject
     QML_SINGLETON
     /// True while the messenger is on screen.
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
+    /// The version of the library, "major.minor.patch".
+    Q_PROPERTY(QString version READ version CONSTANT)
 
 public:
     enum Environment : int {
@@ -53,14 +55,17 @@ public:
     ~QmlFacade() override;
 
     bool isOpen() const { return m_isOpen; }
+    QString version() const { return Tolvane::version(); }
 
     Q_INVOKABLE void initialize(const QString &key);
     /// Unknown values log a warning and are ignored.
     Q_INVOKABLE void setEnvironment(tolvane::QmlFacade::Environment environment);
     Q_INVOKABLE void enableLogging(bool enabled);
     /// `undefined` and `null` mean absent.
-    Q_INVOKABLE void updateCustomer(const QVariant &email = {}, const QVariant &originalID = {});
+    Q_INVOKABLE void updateCustomer(const QVariant &email = {},
+                                    const QVariant &originalCustomerId = {});
     Q_INVOKABLE void open();
+    Q_INVOKABLE void close();
     /// @param deviceToken the push service's token, as an ArrayBuffer of its raw bytes
     Q_INVOKABLE void setDeviceToken(const QByteArray &deviceToken);
     Q_INVOKABLE bool isTolvanePushNotification(const QVariantMap &payload) const;

@@ -46,6 +46,7 @@ bool TolvaneSdkViews()
 {
     linkModules();
     tolvane::registerUserInterface({.present = tolvane::TolvaneViewController::presentInForeground,
+                                    .dismiss = tolvane::TolvaneViewController::dismiss,
                                     .screenSize = tolvane::screenSize});
     return true;
 }

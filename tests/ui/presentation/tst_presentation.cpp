@@ -5,6 +5,8 @@
 #include "testing/ui/messengerfixture.h"
 #include "ui/presentation/viewcontroller.h"
 
+#include <tolvane/tolvane.h>
+
 #include <QtGui/QRasterWindow>
 #include <QtQuick/QQuickView>
 #include <QtTest/QTest>
@@ -75,26 +77,54 @@ private Q_SLOTS:
         QTRY_VERIFY(!fixture.find(u"No conversations yet"_s));
     }
 
+    void closingRestoresTheHost_data()
+    {
+        using Close = std::function<void(MessengerFixture &)>;
+        QTest::addColumn<Close>("close");
+        QTest::addColumn<int>("taps");
+        const auto key = [](Qt::Key pressed) {
+            return
+                [pressed](MessengerFixture &fixture) { QTest::keyClick(&fixture.host, pressed); };
+        };
+        QTest::newRow("Escape") << Close(key(Qt::Key_Escape)) << 1;
+        QTest::newRow("back key") << Close(key(Qt::Key_Back)) << 1;
+        QTest::newRow("button") << Close([](MessengerFixture &fixture) {
+            QTest::mouseClick(&fixture.host, Qt::LeftButton, {},
+                              QPoint(fixture.host.width() - 34, 34));
+        }) << 1;
+        QTest::newRow("host") << Close([](MessengerFixture &) { Tolvane::close(); }) << 0;
+    }
+
     void closingRestoresTheHost()
     {
+        QFETCH(const std::function<void(MessengerFixture &)>, close);
+        QFETCH(const int, taps);
         MessengerFixture fixture;
         QVERIFY(fixture.showHost());
         fixture.loadSettings();
         for (int round = 0; round < 2; ++round) {
             fixture.broadcasts.clear();
             fixture.delegate->events.clear();
+            Tolvane::close(); // It is closed already.
             open();
             open(); // It is open already.
             settle();
             QTest::qWait(400);
-            QTest::keyClick(&fixture.host, Qt::Key_Escape);
+            QVERIFY(Tolvane::isOpen());
+            close(fixture);
+            close(fixture); // It is closing already,
+            QTest::mouseClick(&fixture.host, Qt::LeftButton, {}, QPoint(195, 760)); // and inert.
+            QVERIFY(Tolvane::isOpen());
             QTRY_VERIFY(!fixture.messenger());
+            QVERIFY(!Tolvane::isOpen());
             QCOMPARE(fixture.openStates(), QList<bool>({true, false}));
             QVERIFY(fixture.field->hasActiveFocus());
-            QCOMPARE(fixture.delegate->names().count(u"user_action"_s), 1);
+            QCOMPARE(fixture.delegate->names().count(u"user_action"_s), taps);
             const QVariantMap properties = fixture.delegate->properties(u"user_action"_s);
-            QCOMPARE(properties.value(u"action_type"_s), u"close_button_tapped"_s);
-            QCOMPARE(properties.value(u"close_method"_s), u"button"_s);
+            if (taps > 0) {
+                QCOMPARE(properties.value(u"action_type"_s), u"close_button_tapped"_s);
+                QCOMPARE(properties.value(u"close_method"_s), u"button"_s);
+            }
         }
     }
 

@@ -142,6 +142,8 @@ private Q_SLOTS:
         QTest::newRow("banner") << u"Tolvane.willPresentNotification({source: 'tolvane'}) === "
                                    "Tolvane.SoundAndBanner && Tolvane.SoundAndBanner === 18"_s
                                 << QVariant(true);
+        QTest::newRow("version") << u"Tolvane.version"_s << QVariant(Tolvane::version());
+        QTest::newRow("closed") << u"Tolvane.close() || Tolvane.isOpen"_s << QVariant(false);
         QTest::newRow("nothing") << u"Tolvane.willPresentNotification({}) === Tolvane.None"_s
                                  << QVariant(true);
     }

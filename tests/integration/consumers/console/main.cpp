@@ -15,7 +15,12 @@ int main(int argc, char **argv)
     Tolvane::open();
     const auto options =
         Tolvane::willPresentNotification({{QStringLiteral("source"), QStringLiteral("tolvane")}});
-    if (options != tolvane::PresentationOptions::soundAndBanner || TolvaneSdkVersionNumber < 1)
+    if (options != tolvane::PresentationOptions::soundAndBanner || TolvaneSdkVersionNumber < 1 ||
+        Tolvane::isOpen())
+        return EXIT_FAILURE;
+    Tolvane::close();
+    static_assert(TOLVANE_VERSION >= TOLVANE_VERSION_CHECK(1, 0, 0));
+    if (Tolvane::version() != QLatin1String(TOLVANE_VERSION_STR))
         return EXIT_FAILURE;
 
     // The libraries that this process has mapped.

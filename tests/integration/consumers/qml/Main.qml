@@ -27,7 +27,10 @@ Window {
         target: Tolvane
 
         function onIsOpenChanged() {
-            Qt.exit(Tolvane.isOpen && button.isHostType ? 0 : 1)
+            if (Tolvane.isOpen)
+                Tolvane.close()
+            else
+                Qt.exit(button.isHostType && Tolvane.version ? 0 : 1)
         }
     }
 }
