@@ -14,6 +14,7 @@
 #include "state/pollingservice.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tolvane {
 
@@ -69,7 +70,7 @@ TicketData::TicketData(std::optional<TicketPreviewDto> preview)
 void TicketData::setNewTicket(bool newTicket)
 {
     if (std::exchange(m_newTicket, newTicket) != newTicket)
-        Q_EMIT changed();
+        Q_EMIT ticketChanged();
 }
 
 void TicketData::setMessage(const QString &message)
@@ -77,17 +78,20 @@ void TicketData::setMessage(const QString &message)
     if (m_message == message)
         return;
     m_message = message;
-    Q_EMIT changed();
+    Q_EMIT messageChanged();
 }
 
 void TicketData::setAttachments(const QList<AttachmentDto> &attachments)
 {
-    m_attachments.clear();
+    QList<AttachmentDto> distinct;
     for (const AttachmentDto &attachment : attachments) {
-        if (!m_attachments.contains(attachment))
-            m_attachments.append(attachment);
+        if (!distinct.contains(attachment))
+            distinct.append(attachment);
     }
-    Q_EMIT changed();
+    if (m_attachments == distinct)
+        return;
+    m_attachments = distinct;
+    Q_EMIT attachmentsChanged();
 }
 
 std::optional<QString> TicketData::ticketId() const
@@ -147,11 +151,8 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
     const std::optional<QString> id = wanted ? wanted : ticketId();
     if (!id)
         co_return;
-    m_hasAttemptedFetch = true;
-    if (kind == Fetch::visible)
-        m_isFetchingTicket = true;
-    m_fetchError = nullptr;
-    Q_EMIT changed();
+    beginFetching(kind);
+    bool isFetched = false;
     try {
         const APIClient client = APIClient::live();
         TicketDto fetched = co_await client.getTicket(*id);
@@ -162,6 +163,7 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
         if (stop.stop_requested())
             throw UrlError(UrlError::cancelled);
         setTicket(std::move(fetched));
+        isFetched = true;
         if (kind == Fetch::visible) {
             track(TolvaneAnalyticsEvent::Chat::ticketViewed,
                   {{QStringLiteral("message_count"), m_ticket->messages.size()},
@@ -176,16 +178,32 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
         else
             logFailure(phrase, *m_fetchError);
     }
-    if (kind == Fetch::visible)
-        m_isFetchingTicket = false;
-    Q_EMIT changed();
+    const bool wasVisible = kind == Fetch::visible && std::exchange(m_isFetchingTicket, false);
+    if (isFetched)
+        Q_EMIT ticketChanged();
+    else
+        Q_EMIT errorsChanged();
+    if (wasVisible)
+        Q_EMIT busyChanged();
+}
+
+void TicketData::beginFetching(Fetch kind)
+{
+    const bool isFirst = !std::exchange(m_hasAttemptedFetch, true);
+    const bool isVisible = kind == Fetch::visible && !std::exchange(m_isFetchingTicket, true);
+    if (std::exchange(m_fetchError, nullptr))
+        Q_EMIT errorsChanged();
+    if (isFirst || isVisible)
+        Q_EMIT busyChanged();
 }
 
 void TicketData::beginSending()
 {
-    m_isSendingMessage = true;
-    m_sendError = nullptr;
-    Q_EMIT changed();
+    const bool isFirst = !std::exchange(m_isSendingMessage, true);
+    if (std::exchange(m_sendError, nullptr))
+        Q_EMIT errorsChanged();
+    if (isFirst)
+        Q_EMIT busyChanged();
 }
 
 QCoro::Task<> TicketData::createTicket()
@@ -260,11 +278,19 @@ void TicketData::messageWasSent(const MessageDto &message)
 
 void TicketData::sendingSucceeded()
 {
-    m_message.clear();
-    m_attachments.clear();
-    m_sendError = nullptr;
+    const bool hadMessage = !std::exchange(m_message, {}).isEmpty();
+    const bool hadAttachments = !std::exchange(m_attachments, {}).isEmpty();
     m_isSendingMessage = false;
-    Q_EMIT changed();
+    // Left by another operation that ran at the same time.
+    const bool hadError = std::exchange(m_sendError, nullptr) != nullptr;
+    Q_EMIT ticketChanged();
+    if (hadError)
+        Q_EMIT errorsChanged();
+    if (hadMessage)
+        Q_EMIT messageChanged();
+    if (hadAttachments)
+        Q_EMIT attachmentsChanged();
+    Q_EMIT busyChanged();
 }
 
 void TicketData::sendingFailed(const QString &phrase, const QString &context)
@@ -272,7 +298,8 @@ void TicketData::sendingFailed(const QString &phrase, const QString &context)
     m_sendError = currentError();
     reportFailure(phrase, context, *m_sendError);
     m_isSendingMessage = false;
-    Q_EMIT changed();
+    Q_EMIT errorsChanged();
+    Q_EMIT busyChanged();
 }
 
 bool TicketData::hasMessage(const QString &id) const
@@ -280,6 +307,23 @@ bool TicketData::hasMessage(const QString &id) const
     return m_ticket && std::ranges::any_of(m_ticket->messages, [&id](const MessageDto &message) {
                return message.id == id;
            });
+}
+
+NotificationCenter::Observation TicketData::observe()
+{
+    using Handler = void (TicketData::*)(const NotificationCenter::UserInfo &);
+    const auto connect = [this](const QString &name, Handler handler) {
+        return platform().notificationCenter->observe(
+            name, NotificationCenter::Delivery::mainThread,
+            [store = weak_from_this(), handler](const NotificationCenter::UserInfo &userInfo) {
+                if (const auto self = store.lock())
+                    (self.get()->*handler)(userInfo);
+            });
+    };
+    using Observations = std::array<NotificationCenter::Observation, 2>;
+    return std::make_shared<Observations>(Observations{
+        connect(notifications::didReceiveMessage, &TicketData::onMessageNotification),
+        connect(notifications::didReceiveStateUpdate, &TicketData::onStateUpdateNotification)});
 }
 
 void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userInfo)
@@ -302,7 +346,7 @@ void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userI
            {Keys::messageId, message->id}});
     if (m_ticket) {
         m_ticket->messages.append(*message);
-        Q_EMIT changed();
+        Q_EMIT ticketChanged();
     }
     detach(refreshLater(message->ticketId));
 }
@@ -322,7 +366,7 @@ void TicketData::onStateUpdateNotification(const NotificationCenter::UserInfo &u
     m_preview = update;
     if (m_ticket)
         m_ticket->state = update->state;
-    Q_EMIT changed();
+    Q_EMIT ticketChanged();
 }
 
 } // namespace tolvane

@@ -23,12 +23,6 @@ class TOLVANE_PRIVATE_EXPORT TicketData final : public QObject,
                                                 public std::enable_shared_from_this<TicketData>
 {
     Q_OBJECT
-    Q_PROPERTY(bool isFetchingTicket READ isFetchingTicket NOTIFY changed)
-    Q_PROPERTY(bool isSendingMessage READ isSendingMessage NOTIFY changed)
-    Q_PROPERTY(bool newTicket READ newTicket WRITE setNewTicket NOTIFY changed)
-    Q_PROPERTY(QString message READ message WRITE setMessage NOTIFY changed)
-    Q_PROPERTY(bool isSendDisabled READ isSendDisabled NOTIFY changed)
-    Q_PROPERTY(bool isAITyping READ isAITyping NOTIFY changed)
 
 public:
     using State = LoadingState<TicketDto>;
@@ -74,18 +68,30 @@ public:
     /// Sends a further message. Keeps the draft if that fails.
     QCoro::Task<> sendMessage();
 
-    /// Handlers of the broadcasts with these names, called while the conversation is shown.
+    /// Calls the two handlers below for the broadcasts of these names, as long as the result
+    /// exists.
+    [[nodiscard]] NotificationCenter::Observation observe();
     void onMessageNotification(const NotificationCenter::UserInfo &userInfo);
     void onStateUpdateNotification(const NotificationCenter::UserInfo &userInfo);
 
 Q_SIGNALS:
-    void changed();
+    // An operation that changes several fields sets them all before it emits the first signal.
+
+    /// ticket(), preview() or newTicket(). Also emitted when a fetched ticket is equal to the last.
+    void ticketChanged();
+    void messageChanged();
+    void attachmentsChanged();
+    /// isFetchingTicket(), isSendingMessage() or hasAttemptedFetch()
+    void busyChanged();
+    /// fetchError() or sendError()
+    void errorsChanged();
 
 private:
     enum class Fetch { visible, silent };
 
     QCoro::Task<> fetch(std::optional<QString> ticketId, Fetch kind, std::stop_token stop);
     QCoro::Task<> refreshLater(QString ticketId);
+    void beginFetching(Fetch kind);
     void setTicket(TicketDto ticket);
     bool hasMessage(const QString &id) const;
     void beginSending();

@@ -361,9 +361,7 @@ private Q_SLOTS:
         fixture.initialize();
         const auto ticket = std::make_shared<TicketData>(makePreview());
         const auto polling = PollingService::shared(); // Both decode the broadcasts.
-        const auto observation = platform().notificationCenter->observe(
-            notifications::didReceiveMessage, NotificationCenter::Delivery::mainThread,
-            [ticket](const auto &userInfo) { ticket->onMessageNotification(userInfo); });
+        const auto observation = ticket->observe();
         const bool isDictionary = value.typeId() == QMetaType::QVariantMap;
         QVariantMap partly = tolvane::json::dictionary(makeMessage(u"m"_s));
         partly.insert(u"attachments"_s, value);

@@ -225,7 +225,7 @@ private Q_SLOTS:
         const auto note = [&order](const QString &name) {
             return [&order, name] { order += name; };
         };
-        connect(fixture.ticket.get(), &TicketData::changed, this, [&] {
+        connect(fixture.ticket.get(), &TicketData::busyChanged, this, [&] {
             if (!fixture.ticket->isFetchingTicket())
                 order += u"ticket"_s;
         });

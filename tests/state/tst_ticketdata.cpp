@@ -6,7 +6,6 @@
 #include "state/ticketdata.h"
 #include "testing/samplerecords.h"
 
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -65,6 +64,30 @@ struct TicketFixture : Fixture
     std::shared_ptr<TicketData> store;
 };
 
+using Operation = std::function<void(TicketFixture &)>;
+
+/// The names of the signals that the store emits, in order.
+struct SignalLog
+{
+    explicit SignalLog(const TicketData &store)
+    {
+        const auto log = [&](auto signal) {
+            const QString name = QString::fromLatin1(QMetaMethod::fromSignal(signal).name());
+            QObject::connect(&store, signal, &m_lifetime, [this, name] { names += name; });
+        };
+        log(&TicketData::ticketChanged);
+        log(&TicketData::messageChanged);
+        log(&TicketData::attachmentsChanged);
+        log(&TicketData::busyChanged);
+        log(&TicketData::errorsChanged);
+    }
+
+    QStringList names;
+
+private:
+    QObject m_lifetime;
+};
+
 } // namespace
 
 class TicketDataTest : public QObject
@@ -103,12 +126,76 @@ private Q_SLOTS:
     void fetchWithoutAnIdChangesNothing()
     {
         TicketFixture fixture{std::nullopt};
-        const QSignalSpy changes(fixture.store.get(), &TicketData::changed);
+        const SignalLog changes(*fixture.store);
         fixture.run(fixture.store->fetchTicket());
         fixture.run(fixture.store->sendMessage());
         fixture.run(fixture.store->createTicket());
-        QVERIFY(changes.isEmpty() && fixture.session->requests.isEmpty());
+        QVERIFY(changes.names.isEmpty() && fixture.session->requests.isEmpty());
         QVERIFY(!fixture.store->hasAttemptedFetch());
+    }
+
+    void signalsNameWhatChanged_data()
+    {
+        QTest::addColumn<Operation>("operation");
+        QTest::addColumn<QStringList>("expected");
+        const QString ticket = u"ticketChanged"_s;
+        const QString message = u"messageChanged"_s;
+        const QString attachments = u"attachmentsChanged"_s;
+        const QString busy = u"busyChanged"_s;
+        const QString errors = u"errorsChanged"_s;
+        const auto add = [](const char *name, Operation operation, const QStringList &expected) {
+            QTest::newRow(name) << std::move(operation) << expected;
+        };
+        using Fixture = TicketFixture;
+        add("text", [](Fixture &f) { f.store->setMessage(u"another"_s); }, {message});
+        add("equal text", [](Fixture &f) { f.store->setMessage(u"draft"_s); }, {});
+        add("attachment", [](Fixture &f) { f.store->setAttachments({file("b.png")}); },
+            {attachments});
+        add("equal attachments",
+            [](Fixture &f) {
+                f.store->setAttachments({file("a.png"), file("a.png")});
+            },
+            {});
+        add("new ticket", [](Fixture &f) { f.store->setNewTicket(true); }, {ticket});
+        add("visible fetch", [](Fixture &f) { f.run(f.store->fetchTicket()); },
+            {busy, ticket, busy});
+        add("silent fetch", [](Fixture &f) { f.run(f.store->silentFetchTicket()); }, {ticket});
+        add("failing and repeated fetch",
+            [](Fixture &f) {
+                f.failing = true;
+                f.run(f.store->fetchTicket());
+                f.failing = false;
+                f.run(f.store->silentFetchTicket());
+            },
+            {busy, errors, busy, errors, ticket});
+        add("failing and repeated send",
+            [](Fixture &f) {
+                f.failing = true;
+                f.run(f.store->sendMessage());
+                f.failing = false;
+                f.run(f.store->sendMessage());
+            },
+            {busy, errors, busy, errors, busy, ticket, message, attachments, busy});
+        add("message", [](Fixture &f) { f.notify(makeMessage(u"r"_s, words::aiAgent)); }, {ticket});
+        add("known message", [](Fixture &f) { f.notify(makeMessage(u"m1"_s)); }, {});
+        add("state",
+            [](Fixture &f) {
+                f.store->onStateUpdateNotification(tolvane::json::dictionary(makePreview()));
+            },
+            {ticket});
+    }
+
+    void signalsNameWhatChanged()
+    {
+        QFETCH(const Operation, operation);
+        QFETCH(const QStringList, expected);
+        TicketFixture fixture;
+        fixture.run(fixture.store->fetchTicket());
+        fixture.store->setMessage(u"draft"_s);
+        fixture.store->setAttachments({file("a.png")});
+        const SignalLog changes(*fixture.store);
+        operation(fixture);
+        QCOMPARE(changes.names, expected);
     }
 
     void aFailedFetchKeepsTheTicketUnderneath_data()

@@ -102,7 +102,8 @@ Conversation::Conversation(Terminal &terminal, std::shared_ptr<TicketData> ticke
     : m_terminal(terminal)
     , m_ticket(std::move(ticket))
 {
-    connect(m_ticket.get(), &TicketData::changed, this, &Conversation::showChanges);
+    connect(m_ticket.get(), &TicketData::errorsChanged, this, &Conversation::showErrors);
+    connect(m_ticket.get(), &TicketData::ticketChanged, this, &Conversation::showTicket);
 }
 
 bool Conversation::isClosed() const
@@ -117,10 +118,14 @@ void Conversation::showError(const ErrorPtr &error, ErrorPtr &shown)
             m_terminal.styled("31", QStringLiteral("! ") + error->localizedDescription()));
 }
 
-void Conversation::showChanges()
+void Conversation::showErrors()
 {
     showError(m_ticket->fetchError(), m_shownFetchError);
     showError(m_ticket->sendError(), m_shownSendError);
+}
+
+void Conversation::showTicket()
+{
     if (!m_ticket->ticket())
         return;
     const TicketDto ticket = *m_ticket->ticket();

@@ -38,7 +38,8 @@ Q_SIGNALS:
     void closed();
 
 private:
-    void showChanges();
+    void showErrors();
+    void showTicket();
     void showError(const ErrorPtr &error, ErrorPtr &shown);
 
     Terminal &m_terminal;

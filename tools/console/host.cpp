@@ -99,16 +99,7 @@ std::optional<TicketPreviewDto> Host::row(const QString &ticketId) const
 int Host::open(std::optional<TicketPreviewDto> preview)
 {
     const auto store = std::make_shared<TicketData>(std::move(preview));
-    NotificationCenter &center = *platform().notificationCenter;
-    const auto observe = [&](const QString &name, auto reaction) {
-        return center.observe(name, Delivery::mainThread,
-                              [store, reaction](const NotificationCenter::UserInfo &userInfo) {
-                                  (*store.*reaction)(userInfo);
-                              });
-    };
-    m_open[++m_lastHandle] = {
-        store, observe(notifications::didReceiveMessage, &TicketData::onMessageNotification),
-        observe(notifications::didReceiveStateUpdate, &TicketData::onStateUpdateNotification)};
+    m_open[++m_lastHandle] = {store, store->observe()};
     return m_lastHandle;
 }
 

@@ -59,8 +59,7 @@ private:
     struct OpenTicket
     {
         std::shared_ptr<TicketData> store;
-        NotificationCenter::Observation messages;
-        NotificationCenter::Observation states;
+        NotificationCenter::Observation observation;
     };
 
     std::shared_ptr<TolvaneAnalyticsDelegate> m_delegate;

@@ -55,21 +55,25 @@ std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
 ComposerData::ComposerData(std::shared_ptr<TicketData> store, QObject *parent)
     : QObject(parent)
     , m_store(std::move(store))
-    , m_lastMessage(m_store->message())
+    , m_isSendDisabled(m_store->isSendDisabled())
 {
-    connect(m_store.get(), &TicketData::changed, this, &ComposerData::syncFromStore);
+    const TicketData *source = m_store.get();
+    connect(source, &TicketData::messageChanged, this, &ComposerData::messageChanged);
+    connect(source, &TicketData::attachmentsChanged, this,
+            [this] { m_attachments.setAttachments(m_store->attachments()); });
+    connect(source, &TicketData::busyChanged, this, &ComposerData::busyChanged);
+    for (const auto change :
+         {&TicketData::messageChanged, &TicketData::attachmentsChanged, &TicketData::busyChanged})
+        connect(source, change, this, &ComposerData::updateIsSendDisabled);
+    connect(source, &TicketData::busyChanged, this, &ComposerData::flushPending);
     m_attachments.setAttachments(m_store->attachments());
 }
 
-void ComposerData::syncFromStore()
+void ComposerData::updateIsSendDisabled()
 {
-    m_attachments.setAttachments(m_store->attachments());
-    if (m_lastMessage != m_store->message()) {
-        m_lastMessage = m_store->message();
-        Q_EMIT messageChanged();
-    }
-    Q_EMIT changed();
-    flushPending();
+    const bool isDisabled = m_store->isSendDisabled();
+    if (std::exchange(m_isSendDisabled, isDisabled) != isDisabled)
+        Q_EMIT isSendDisabledChanged();
 }
 
 QStringList ComposerData::imagePatterns() const

@@ -31,9 +31,9 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerData : public QObject
     Q_PROPERTY(QString message READ message WRITE setMessage NOTIFY messageChanged)
     /// Rows with `name` and `picture`, for the attachments that can be shown.
     Q_PROPERTY(QAbstractItemModel *attachments READ attachments CONSTANT)
-    Q_PROPERTY(bool isFetchingTicket READ isFetchingTicket NOTIFY changed)
-    Q_PROPERTY(bool isSendingMessage READ isSendingMessage NOTIFY changed)
-    Q_PROPERTY(bool isSendDisabled READ isSendDisabled NOTIFY changed)
+    Q_PROPERTY(bool isFetchingTicket READ isFetchingTicket NOTIFY busyChanged)
+    Q_PROPERTY(bool isSendingMessage READ isSendingMessage NOTIFY busyChanged)
+    Q_PROPERTY(bool isSendDisabled READ isSendDisabled NOTIFY isSendDisabledChanged)
     /// File name patterns of pictures, for the filter of a picker: "*.png" and others.
     Q_PROPERTY(QStringList imagePatterns READ imagePatterns CONSTANT)
 
@@ -45,7 +45,7 @@ public:
     QAbstractItemModel *attachments() { return &m_attachments; }
     bool isFetchingTicket() const { return m_store->isFetchingTicket(); }
     bool isSendingMessage() const { return m_store->isSendingMessage(); }
-    bool isSendDisabled() const { return m_store->isSendDisabled(); }
+    bool isSendDisabled() const { return m_isSendDisabled; }
     QStringList imagePatterns() const;
 
     /// Sends the message, unless sending is disabled.
@@ -66,18 +66,19 @@ public:
 
 Q_SIGNALS:
     void messageChanged();
-    void changed();
+    void busyChanged();
+    void isSendDisabledChanged();
 
 private:
     using Attachment = std::optional<AttachmentDto>;
 
-    void syncFromStore();
+    void updateIsSendDisabled();
     bool pasteFrom(const QMimeData &clipboard);
     QCoro::Task<> add(QFuture<Attachment> read);
     void flushPending();
 
     const std::shared_ptr<TicketData> m_store;
-    QString m_lastMessage;
+    bool m_isSendDisabled = true;
     AttachmentListModel m_attachments;
     QList<AttachmentDto> m_pending;
 };

@@ -2,8 +2,6 @@
 #include "ui/conversation/ticketscreendata.h"
 
 #include "platform/async/awaitfuture.h"
-#include "platform/platform.h"
-#include "state/notifications.h"
 #include "ui/conversation/ticketheader.h"
 #include "ui/kit/loadingstatetexts.h"
 
@@ -30,24 +28,13 @@ void TicketScreenData::setDestination(const TolvaneDestination &destination)
     m_ticketData = std::make_shared<TicketData>(preview ? std::optional(*preview) : std::nullopt);
     m_ticketData->setNewTicket(!preview);
     m_composer.emplace(m_ticketData);
-    observe();
-    syncFromStore();
+    const TicketData *source = m_ticketData.get();
+    connect(source, &TicketData::ticketChanged, this, &TicketScreenData::updateTicket);
+    connect(source, &TicketData::busyChanged, this, &TicketScreenData::updateState);
+    connect(source, &TicketData::errorsChanged, this, &TicketScreenData::updateState);
+    m_observation = m_ticketData->observe();
+    updateTicket();
     Q_EMIT destinationChanged();
-}
-
-QString TicketScreenData::state() const
-{
-    return m_ticketData ? caseName(m_ticketData->state()) : QString();
-}
-
-QString TicketScreenData::errorText() const
-{
-    return m_ticketData ? tolvane::errorText(m_ticketData->state()) : QString();
-}
-
-QString TicketScreenData::title() const
-{
-    return m_ticketData ? ticketheader::title(*m_ticketData) : QString();
 }
 
 QString TicketScreenData::ticketState() const
@@ -72,30 +59,29 @@ QCoro::Task<> TicketScreenData::load()
         m_hasLoaded = true;
 }
 
-void TicketScreenData::observe()
-{
-    connect(m_ticketData.get(), &TicketData::changed, this, &TicketScreenData::syncFromStore);
-    using Reaction = void (TicketData::*)(const NotificationCenter::UserInfo &);
-    const auto pass = [this](const QString &name, Reaction reaction) {
-        m_observations.push_back(platform().notificationCenter->observe(
-            name, NotificationCenter::Delivery::mainThread,
-            [store = m_ticketData.get(), reaction](const auto &userInfo) {
-                (store->*reaction)(userInfo);
-            }));
-    };
-    pass(notifications::didReceiveStateUpdate, &TicketData::onStateUpdateNotification);
-    pass(notifications::didReceiveMessage, &TicketData::onMessageNotification);
-}
-
-void TicketScreenData::syncFromStore()
+void TicketScreenData::updateTicket()
 {
     if (m_ticketData->ticket())
         m_messages.setMessages(m_ticketData->ticket()->messages);
     if (m_ticketData->preview())
         m_preview.setMessages({m_ticketData->preview()->lastMessage});
+    m_title = ticketheader::title(*m_ticketData);
     m_availability =
         m_ticketData->preview() ? ticketheader::subtitle(*m_ticketData) : SupportAvailability();
-    Q_EMIT changed();
+    Q_EMIT ticketChanged();
+    updateState();
+}
+
+void TicketScreenData::updateState()
+{
+    const TicketData::State state = m_ticketData->state();
+    const QString name = caseName(state);
+    const QString text = tolvane::errorText(state);
+    if (m_state == name && m_errorText == text)
+        return;
+    m_state = name;
+    m_errorText = text;
+    Q_EMIT stateChanged();
 }
 
 } // namespace tolvane

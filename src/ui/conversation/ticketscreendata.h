@@ -16,7 +16,6 @@
 #include <memory>
 #include <optional>
 #include <stop_token>
-#include <vector>
 
 namespace tolvane {
 
@@ -31,15 +30,15 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
     Q_PROPERTY(
         tolvane::TolvaneDestination destination READ destination WRITE setDestination REQUIRED)
     /// "idle", "loading", "loadingWithPreview", "loaded", "empty" or "error"
-    Q_PROPERTY(QString state READ state NOTIFY changed)
-    Q_PROPERTY(QString errorText READ errorText NOTIFY changed)
-    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString state READ state NOTIFY stateChanged)
+    Q_PROPERTY(QString errorText READ errorText NOTIFY stateChanged)
+    Q_PROPERTY(QString title READ title NOTIFY ticketChanged)
     /// Empty for a conversation that has not begun yet.
-    Q_PROPERTY(QString subtitle READ subtitle NOTIFY changed)
-    Q_PROPERTY(bool isSupportAvailable READ isSupportAvailable NOTIFY changed)
-    Q_PROPERTY(bool isAITyping READ isAITyping NOTIFY changed)
+    Q_PROPERTY(QString subtitle READ subtitle NOTIFY ticketChanged)
+    Q_PROPERTY(bool isSupportAvailable READ isSupportAvailable NOTIFY ticketChanged)
+    Q_PROPERTY(bool isAITyping READ isAITyping NOTIFY ticketChanged)
     /// Empty until there is a ticket.
-    Q_PROPERTY(QString ticketState READ ticketState NOTIFY changed)
+    Q_PROPERTY(QString ticketState READ ticketState NOTIFY ticketChanged)
     /// A MessageListModel.
     Q_PROPERTY(QAbstractItemModel *messages READ messages CONSTANT)
     /// A MessageListModel of what is known before the ticket is loaded: one message at most.
@@ -53,9 +52,9 @@ public:
 
     const TolvaneDestination &destination() const { return m_destination; }
     void setDestination(const TolvaneDestination &destination);
-    QString state() const;
-    QString errorText() const;
-    QString title() const;
+    QString state() const { return m_state; }
+    QString errorText() const { return m_errorText; }
+    QString title() const { return m_title; }
     QString subtitle() const { return m_availability.text; }
     bool isSupportAvailable() const { return m_availability.isAvailable; }
     bool isAITyping() const { return m_ticketData && m_ticketData->isAITyping(); }
@@ -69,21 +68,25 @@ public:
     Q_INVOKABLE void appear();
 
 Q_SIGNALS:
-    void changed();
+    void stateChanged();
+    void ticketChanged();
     void destinationChanged();
 
 private:
     QCoro::Task<> load();
-    void observe();
-    void syncFromStore();
+    void updateTicket();
+    void updateState();
 
     TolvaneDestination m_destination;
     std::shared_ptr<TicketData> m_ticketData;
     std::optional<ComposerData> m_composer;
     MessageListModel m_messages;
     MessageListModel m_preview;
+    QString m_state;
+    QString m_errorText;
+    QString m_title;
     SupportAvailability m_availability;
-    std::vector<NotificationCenter::Observation> m_observations;
+    NotificationCenter::Observation m_observation;
     std::stop_source m_stopSource;
     bool m_hasLoaded = false;
 };

@@ -150,7 +150,7 @@ private Q_SLOTS:
         // The screen and its draft are kept under the viewer.
         fixture.type(u"draft"_s);
         QStringList states;
-        connect(fixture.screen(), &TicketScreenData::changed, fixture.screen(),
+        connect(fixture.screen(), &TicketScreenData::stateChanged, fixture.screen(),
                 [&] { states += fixture.screen()->state(); });
         for (int round = 1; round <= 2; ++round) { // The same picture, twice.
             QVERIFY(fixture.tap([&] { return fixture.ofType("AttachmentThumbnail"); }));
@@ -165,6 +165,34 @@ private Q_SLOTS:
         QCOMPARE(states, QStringList());
         QCOMPARE(fixture.screen()->composer()->message(), u"draft"_s);
         QCOMPARE(fixture.views(), 1);
+    }
+
+    void aKeyChangesTheDraftOnly()
+    {
+        TicketScreenFixture fixture;
+        TicketScreenData screen;
+        screen.setDestination(TolvaneDestination::ticket(makePreview()));
+        screen.appear();
+        settle();
+        ComposerData &composer = *screen.composer();
+        composer.setMessage(u"h"_s);
+        const QSignalSpy states(&screen, &TicketScreenData::stateChanged);
+        const QSignalSpy tickets(&screen, &TicketScreenData::ticketChanged);
+        const QSignalSpy busy(&composer, &ComposerData::busyChanged);
+        const QSignalSpy buttons(&composer, &ComposerData::isSendDisabledChanged);
+        const QSignalSpy messages(&composer, &ComposerData::messageChanged);
+        // Each text of the header and each parsed schedule looks up a text.
+        int lookups = 0;
+        fixture.bundle->dress = [&lookups](const QString &text) {
+            ++lookups;
+            return text;
+        };
+        composer.setMessage(u"hi"_s);
+        QCOMPARE(lookups, 0);
+        QCOMPARE(states.count() + tickets.count() + busy.count() + buttons.count(), 0);
+        QCOMPARE(messages.count(), 1);
+        composer.setMessage({});
+        QCOMPARE(buttons.count(), 1);
     }
 
     void leavingEarlyCountsAsNoView()
