@@ -203,7 +203,7 @@ QVariantMap RecordingDelegate::properties(const QString &name) const
 
 void RecordingCenter::post(const QString &name, const UserInfo &userInfo)
 {
-    m_broadcasts.append({name, userInfo});
+    m_broadcasts.append({name, userInfo.dictionary()});
     NotificationCenter::post(name, userInfo);
 }
 

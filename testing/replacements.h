@@ -139,7 +139,7 @@ private:
 struct Broadcast
 {
     QString name;
-    NotificationCenter::UserInfo userInfo;
+    std::optional<QVariantMap> userInfo;
 };
 
 /// The host's delegate, keeping the events.

@@ -39,6 +39,12 @@ inline TicketPreviewDto makePreview(const QString &id = QStringLiteral("t1"))
 }
 
 template <typename Record>
+UserInfo userInfo(const Record &record)
+{
+    return UserInfo::fromRecord(record, tolvane::json::dictionary<Record>);
+}
+
+template <typename Record>
 UrlResponse answer(const Record &record)
 {
     return json(tolvane::json::encode(record));

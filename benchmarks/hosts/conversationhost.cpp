@@ -176,7 +176,7 @@ void append(CannedBackend &backend, int messageCount)
         message.sender = scene.ticket.messages.at(1).sender;
         scene.ticket.messages += message;
         backend.setTicket(scene.ticket);
-        const QVariantMap userInfo = json::dictionary(message);
+        const auto userInfo = UserInfo::fromRecord(message, json::dictionary<MessageDto>);
         arrivals.push_back(scene.window.frame([&] {
             platform().notificationCenter->post(notifications::didReceiveMessage, userInfo);
         }));

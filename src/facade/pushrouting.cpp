@@ -69,7 +69,9 @@ void deliverMessage(const QVariantMap &message)
              {Keys::ticketId, *ticketId},
              {Keys::messageId, *id}});
     }
-    platform().notificationCenter->post(notifications::didReceiveMessage, message);
+    platform().notificationCenter->post(
+        notifications::didReceiveMessage,
+        UserInfo::fromDictionary<MessageDto>(message, json::decode<MessageDto>));
 }
 
 } // namespace
@@ -117,7 +119,9 @@ void handle(const QVariantMap &payload)
     if (const auto message = dictionaryAt(payload, QStringLiteral("message")))
         deliverMessage(*message);
     else if (const auto preview = dictionaryAt(payload, QStringLiteral("ticketPreview")))
-        platform().notificationCenter->post(notifications::didReceiveStateUpdate, preview);
+        platform().notificationCenter->post(
+            notifications::didReceiveStateUpdate,
+            UserInfo::fromDictionary<TicketPreviewDto>(*preview, json::decode<TicketPreviewDto>));
 }
 
 } // namespace tolvane::pushrouting

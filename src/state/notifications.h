@@ -3,12 +3,13 @@
 
 #include <QtCore/QString>
 
-/// The names of the broadcasts between independent parts of the library.
+/// The names of the broadcasts between independent parts of the library. Their user info has a
+/// dictionary; observers of a record read the record.
 namespace tolvane::notifications {
 
-/// A message arrived, by push or by polling; the dictionary is a MessageDto.
+/// A message arrived, by push or by polling. A MessageDto.
 inline const QString didReceiveMessage = QStringLiteral("didReceiveMessage");
-/// A ticket changed; the dictionary is a TicketPreviewDto.
+/// A ticket changed. A TicketPreviewDto.
 inline const QString didReceiveStateUpdate = QStringLiteral("didReceiveStateUpdate");
 /// The messenger was opened or closed; the entry "open" has the new state.
 inline const QString didChangeState = QStringLiteral("didChangeState");

@@ -59,8 +59,9 @@ void trackFailure(const QString &ticketId, int consecutiveErrors, const ErrorPtr
 void broadcast(const QList<MessageDto> &messages)
 {
     for (const MessageDto &message : messages) {
-        platform().notificationCenter->post(notifications::didReceiveMessage,
-                                            json::dictionary(message));
+        platform().notificationCenter->post(
+            notifications::didReceiveMessage,
+            UserInfo::fromRecord(message, json::dictionary<MessageDto>));
     }
 }
 
@@ -135,21 +136,16 @@ QFuture<QList<QString>> PollingService::activeTickets()
 
 void PollingService::onMessage(const NotificationCenter::UserInfo &userInfo)
 {
-    if (!userInfo)
+    const auto *message = userInfo.record<MessageDto>();
+    if (!message)
         return;
-    try {
-        const auto message = json::decode<MessageDto>(*userInfo);
-        m_executor.post([self = shared_from_this(), id = message.ticketId] {
-            if (!self->m_activePollingTasks.contains(id))
-                return;
-            logInfo(
-                QStringLiteral("Message received via notification, stopping polling for ticket: "),
+    m_executor.post([self = shared_from_this(), id = message->ticketId] {
+        if (!self->m_activePollingTasks.contains(id))
+            return;
+        logInfo(QStringLiteral("Message received via notification, stopping polling for ticket: "),
                 id);
-            self->stop(id);
-        });
-    } catch (const DecodingError &) {
-        return; // An invalid message cannot be the awaited answer.
-    }
+        self->stop(id);
+    });
 }
 
 void PollingService::start(const QString &ticketId, qsizetype messageCount)

@@ -53,7 +53,8 @@ SdkData::SdkData()
 
 void SdkData::onStateChange(const NotificationCenter::UserInfo &userInfo)
 {
-    const QVariant open = userInfo.value_or(QVariantMap()).value(QStringLiteral("open"));
+    const QVariantMap dictionary = userInfo.dictionary().value_or(QVariantMap());
+    const QVariant open = dictionary.value(QStringLiteral("open"));
     if (open.typeId() != QMetaType::Bool || open.toBool() == m_isOpen)
         return;
     m_isOpen = open.toBool();

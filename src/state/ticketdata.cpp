@@ -5,7 +5,6 @@
 #include "analytics/manager.h"
 #include "analytics/reporting.h"
 #include "backend/apiclient.h"
-#include "backend/wire/json.h"
 #include "base/errors.h"
 #include "base/textlength.h"
 #include "platform/async/awaitfuture.h"
@@ -41,18 +40,6 @@ QFuture<TicketDto> withKnownMessages(TicketDto fetched, const QList<MessageDto> 
             fetched.messages = known;
         return std::move(fetched);
     });
-}
-
-template <typename Record>
-std::optional<Record> decoded(const NotificationCenter::UserInfo &userInfo)
-{
-    if (!userInfo)
-        return std::nullopt;
-    try {
-        return json::decode<Record>(*userInfo);
-    } catch (const DecodingError &) {
-        return std::nullopt; // From a push with other content; ignored.
-    }
 }
 
 void track(const QString &name, const QVariantMap &properties)
@@ -328,7 +315,7 @@ NotificationCenter::Observation TicketData::observe()
 
 void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userInfo)
 {
-    const auto message = decoded<MessageDto>(userInfo);
+    const auto *message = userInfo.record<MessageDto>();
     if (!message || ticketId() != message->ticketId)
         return;
     if (hasMessage(message->id)) {
@@ -360,10 +347,10 @@ QCoro::Task<> TicketData::refreshLater(QString ticketId)
 
 void TicketData::onStateUpdateNotification(const NotificationCenter::UserInfo &userInfo)
 {
-    const auto update = decoded<TicketPreviewDto>(userInfo);
+    const auto *update = userInfo.record<TicketPreviewDto>();
     if (!update || !m_preview || m_preview->id != update->id)
         return;
-    m_preview = update;
+    m_preview = *update;
     if (m_ticket)
         m_ticket->state = update->state;
     Q_EMIT ticketChanged();

@@ -266,10 +266,9 @@ private Q_SLOTS:
         QTest::addColumn<NotificationCenter::UserInfo>("userInfo");
         QTest::addColumn<bool>("stops");
         using Info = NotificationCenter::UserInfo;
-        QTest::newRow("its ticket") << Info(tolvane::json::dictionary(agent("push"))) << true;
+        QTest::newRow("its ticket") << userInfo(agent("push")) << true;
         QTest::newRow("another ticket")
-            << Info(tolvane::json::dictionary(makeMessage(u"x"_s, words::aiAgent, u"t2"_s)))
-            << false;
+            << userInfo(makeMessage(u"x"_s, words::aiAgent, u"t2"_s)) << false;
         QTest::newRow("not a message") << Info(QVariantMap{{u"id"_s, 7}}) << false;
         QTest::newRow("no dictionary") << Info() << false;
     }

@@ -46,7 +46,7 @@ struct TicketFixture : Fixture
 
     void notify(const MessageDto &message)
     {
-        store->onMessageNotification(tolvane::json::dictionary(message));
+        store->onMessageNotification(userInfo(message));
         settle();
     }
 
@@ -179,9 +179,7 @@ private Q_SLOTS:
         add("message", [](Fixture &f) { f.notify(makeMessage(u"r"_s, words::aiAgent)); }, {ticket});
         add("known message", [](Fixture &f) { f.notify(makeMessage(u"m1"_s)); }, {});
         add("state",
-            [](Fixture &f) {
-                f.store->onStateUpdateNotification(tolvane::json::dictionary(makePreview()));
-            },
+            [](Fixture &f) { f.store->onStateUpdateNotification(userInfo(makePreview())); },
             {ticket});
     }
 
@@ -268,9 +266,9 @@ private Q_SLOTS:
         QCOMPARE(fixture.messageIds(), QStringList{u"m1"_s});
         fixture.session->release();
         QCOMPARE(fixture.messageIds(), QStringList({u"m1"_s, u"m2"_s}));
-        const QVariantMap userInfo = *fixture.broadcasts.constFirst().userInfo;
-        QCOMPARE(userInfo.value(u"message"_s).value<MessageDto>(), fixture.sent);
-        QCOMPARE(userInfo.value(u"messageId"_s), u"m2"_s);
+        const QVariantMap dictionary = *fixture.broadcasts.constFirst().userInfo;
+        QCOMPARE(dictionary.value(u"message"_s).value<MessageDto>(), fixture.sent);
+        QCOMPARE(dictionary.value(u"messageId"_s), u"m2"_s);
         const QVariantMap properties = fixture.delegate->properties(Chat::messageSent);
         QCOMPARE(properties.value(u"is_first_message"_s), false);
         QCOMPARE(properties.value(u"message_id"_s), u"m2"_s);
@@ -405,10 +403,10 @@ private Q_SLOTS:
         fixture.run(fixture.store->fetchTicket());
         fixture.delegate->events.clear();
         fixture.notify(makeMessage(u"x"_s, words::aiAgent, u"t2"_s));
-        fixture.store->onMessageNotification(std::nullopt);
+        fixture.store->onMessageNotification({});
         fixture.store->onMessageNotification(QVariantMap{{u"id"_s, 5}});
-        fixture.store->onStateUpdateNotification(std::nullopt);
-        fixture.store->onStateUpdateNotification(tolvane::json::dictionary(makePreview(u"t2"_s)));
+        fixture.store->onStateUpdateNotification({});
+        fixture.store->onStateUpdateNotification(userInfo(makePreview(u"t2"_s)));
         QCOMPARE(fixture.messageIds(), QStringList{u"m1"_s});
         QCOMPARE(fixture.store->preview(), makePreview());
         QVERIFY(fixture.delegate->events.isEmpty() && fixture.clock->sleeperCount() == 0);
@@ -420,14 +418,14 @@ private Q_SLOTS:
         update.state = u"closed"_s;
         TicketFixture fixture;
         fixture.run(fixture.store->fetchTicket());
-        fixture.store->onStateUpdateNotification(tolvane::json::dictionary(update));
+        fixture.store->onStateUpdateNotification(userInfo(update));
         QCOMPARE(fixture.store->preview(), update);
         QCOMPARE(fixture.store->ticket()->state, u"closed"_s);
 
         TicketFixture fresh{std::nullopt}; // Created as a new ticket: no preview, no updates.
         fresh.store->setMessage(u"hi"_s);
         fresh.run(fresh.store->createTicket());
-        fresh.store->onStateUpdateNotification(tolvane::json::dictionary(update));
+        fresh.store->onStateUpdateNotification(userInfo(update));
         QCOMPARE(fresh.store->ticket()->state, u"open"_s);
     }
 

@@ -69,11 +69,12 @@ QJsonObject eventForm(const TolvaneAnalyticsEvent &event)
 
 QJsonValue userInfoForm(const NotificationCenter::UserInfo &userInfo)
 {
-    if (!userInfo)
+    const auto dictionary = userInfo.dictionary();
+    if (!dictionary)
         return {};
-    QJsonObject object = QJsonObject::fromVariantMap(*userInfo);
+    QJsonObject object = QJsonObject::fromVariantMap(*dictionary);
     // A sent reply travels as the record itself.
-    for (auto entry = userInfo->cbegin(); entry != userInfo->cend(); ++entry) {
+    for (auto entry = dictionary->cbegin(); entry != dictionary->cend(); ++entry) {
         if (entry->typeId() == qMetaTypeId<MessageDto>())
             object.insert(entry.key(), form(entry->value<MessageDto>()));
     }

@@ -2,14 +2,13 @@
 #pragma once
 
 #include "base/privateexport.h"
+#include "platform/async/userinfo.h"
 
 #include <QtCore/QString>
-#include <QtCore/QVariantMap>
 
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <vector>
 
 namespace tolvane {
@@ -20,7 +19,7 @@ class Executor;
 class TOLVANE_PRIVATE_EXPORT NotificationCenter
 {
 public:
-    using UserInfo = std::optional<QVariantMap>;
+    using UserInfo = tolvane::UserInfo;
     using Callback = std::function<void(const UserInfo &userInfo)>;
 
     /// The thread on which an observer's callback runs. On the main thread it is called directly if

@@ -113,7 +113,7 @@ struct TicketScreenFixture : MessengerFixture
     template <typename Record>
     void push(const QString &name, const Record &record)
     {
-        platform().notificationCenter->post(name, tolvane::json::dictionary(record));
+        platform().notificationCenter->post(name, userInfo(record));
         settle();
     }
 
