@@ -90,13 +90,11 @@ void flingThroughMessages(CannedBackend &, int messageCount)
         import Tolvane.Private
         TicketMessageList { ticketState: "open"; isAITyping: false }
     )";
-    MessageData selection;
     MessageListModel model;
     model.setMessages(conversation(messageCount).messages);
     HostWindow window;
     QQuickItem *list =
-        window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)},
-                           {QStringLiteral("messageData"), QVariant::fromValue(&selection)}});
+        window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
     window.rest(1000);
     auto *rows = list->findChild<AnchoredList *>();
     fling({.window = window,

@@ -7,7 +7,6 @@ FocusScope {
     id: view
 
     required property TicketScreenData ticket
-    required property MessageData messageData
     /// How much of the lower edge the on-screen keyboard covers.
     property real keyboardHeight
 
@@ -17,6 +16,8 @@ FocusScope {
     readonly property real noticeHeight: stateView.height - covered + 16
 
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
+
+    signal attachmentOpened(url imageUrl)
 
     LoadingStateView {
         id: stateView
@@ -36,7 +37,7 @@ FocusScope {
             model: view.ticket.messages
             isAITyping: view.ticket.isAITyping
             ticketState: view.ticket.ticketState
-            messageData: view.messageData
+            onAttachmentOpened: imageUrl => view.attachmentOpened(imageUrl)
             bottomContentMargin: view.covered
 
             Connections {

@@ -62,7 +62,7 @@ FocusScope {
         width: parent.width
         focus: true
         ticket: conversation
-        messageData: screen.messageData
+        onAttachmentOpened: imageUrl => screen.messageData.selectedAttachment = imageUrl
         keyboardHeight: keyboard.height
     }
 

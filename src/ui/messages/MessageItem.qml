@@ -18,7 +18,6 @@ Item {
     required property string description
     required property bool isFirst
     required property bool isLast
-    required property MessageData messageData
 
     property bool isCurrent: false
     property bool showsFocus: false
@@ -26,6 +25,7 @@ Item {
     property real gap
     readonly property alias bubble: bubble
 
+    signal attachmentOpened(url imageUrl)
     signal linkActivated(string link)
     signal pressed()
 
@@ -66,7 +66,7 @@ Item {
         AttachmentsGrid {
             attachments: message.attachments
             isCustomer: message.isCustomer
-            onOpened: imageUrl => message.messageData.selectedAttachment = imageUrl
+            onOpened: imageUrl => message.attachmentOpened(imageUrl)
             onPressed: message.pressed()
         }
     }

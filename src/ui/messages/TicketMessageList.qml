@@ -9,7 +9,6 @@ Item {
 
     /// A MessageListModel.
     required property var model
-    required property MessageData messageData
     /// The state of the ticket.
     required property string ticketState
     required property bool isAITyping
@@ -19,6 +18,8 @@ Item {
     /// For direct access to the rows.
     readonly property alias rows: rows
     readonly property alias flickable: flickable
+
+    signal attachmentOpened(url imageUrl)
 
     /// To be called when the on-screen keyboard has appeared.
     function keyboardShown() {
@@ -143,7 +144,7 @@ Item {
             delegate: MessageItem {
                 id: message
 
-                messageData: list.messageData
+                onAttachmentOpened: imageUrl => list.attachmentOpened(imageUrl)
                 gap: 20
                 showsFocus: isCurrent && list.activeFocus
                 onLinkActivated: link => Qt.openUrlExternally(link)

@@ -13,10 +13,6 @@ Item {
     Accessible.role: Accessible.StaticText
     Accessible.name: Strings.string("accessibility_loading")
 
-    MessageData {
-        id: selection
-    }
-
     Column {
         id: rows
 
@@ -36,7 +32,6 @@ Item {
                 visible: index === 0
                 enabled: false
                 opacity: 0.4
-                messageData: selection
             }
         }
 

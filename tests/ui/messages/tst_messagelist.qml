@@ -11,16 +11,12 @@ Rectangle {
     height: 600
     color: Theme.chatBackgroundColor
 
-    MessageData {
-        id: messages
-    }
-
     Component {
         id: listComponent
 
         TicketMessageList {
             anchors.fill: parent
-            messageData: messages
+            onAttachmentOpened: imageUrl => testCase.openedUrl = imageUrl
             ticketState: "open"
             isAITyping: false
         }
@@ -35,12 +31,15 @@ Rectangle {
     }
 
     TestCase {
+        id: testCase
+
         name: "MessageList"
         when: windowShown
 
         property TicketMessageList list
         property var model
         property var shown: []
+        property url openedUrl
 
         // Messages of very different heights.
         function message(n) {
@@ -69,7 +68,7 @@ Rectangle {
         function init() {
             window.width = 360
             window.height = 600
-            messages.selectedAttachment = ""
+            openedUrl = ""
         }
 
         function lastRow() {
@@ -364,7 +363,7 @@ Rectangle {
             const right = cells[1].mapToItem(window, cells[1].width, 0).x
             compare(right, 360 - 16)
             data.open(cells[3])
-            compare(String(messages.selectedAttachment), "http://127.0.0.1:9/d")
+            compare(String(openedUrl), "http://127.0.0.1:9/d")
         }
 
         function findAll(item, test) {
