@@ -17,8 +17,6 @@ class TOLVANE_PRIVATE_EXPORT SdkData final : public QObject,
                                              public std::enable_shared_from_this<SdkData>
 {
     Q_OBJECT
-    Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY changed)
-    Q_PROPERTY(bool isOpen READ isOpen NOTIFY changed)
 
 public:
     static const std::shared_ptr<SdkData> &shared();

@@ -3,6 +3,7 @@
 
 #include "backend/wire/json.h"
 #include "state/colorscheme.h"
+#include "state/loadingstatename.h"
 #include "state/sdkdata.h"
 
 #include <QtCore/QJsonArray>
@@ -13,16 +14,6 @@
 namespace tolvane::console {
 
 namespace {
-
-// Indexed by LoadingState::Case.
-constexpr std::array caseNames = {
-    "loadingWithPreview", "loaded", "error", "idle", "loading", "empty"};
-
-template <typename Value>
-QString caseName(const LoadingState<Value> &state)
-{
-    return QString::fromLatin1(caseNames.at(static_cast<std::size_t>(state.current())));
-}
 
 template <Record T>
 QJsonValue form(const T &record)

@@ -2,6 +2,7 @@
 #include "ui/conversation/ticketscreendata.h"
 
 #include "platform/async/awaitfuture.h"
+#include "state/loadingstatename.h"
 #include "ui/conversation/ticketheader.h"
 #include "ui/kit/loadingstatetexts.h"
 

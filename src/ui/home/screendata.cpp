@@ -3,6 +3,7 @@
 
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
+#include "state/loadingstatename.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"
 #include "ui/kit/loadingstatetexts.h"
