@@ -56,15 +56,6 @@ void trackFailure(const QString &ticketId, int consecutiveErrors, const ErrorPtr
     });
 }
 
-void broadcast(const QList<MessageDto> &messages)
-{
-    for (const MessageDto &message : messages) {
-        platform().notificationCenter->post(
-            notifications::didReceiveMessage,
-            UserInfo::fromRecord(message, json::dictionary<MessageDto>));
-    }
-}
-
 bool isFromAgent(const MessageDto &message)
 {
     return message.sender.type == words::aiAgent || message.sender.type == words::humanAgent;
@@ -72,8 +63,8 @@ bool isFromAgent(const MessageDto &message)
 
 } // namespace
 
-/// The state of one loop. It is the map's entry for its ticket until it is stopped or replaced;
-/// code that changes the map for a loop must check isCurrent() first.
+/// The state of one loop. It is the map's entry for its ticket until its stop is requested; from
+/// then on the loop has no effect, and the entry may be that of another loop.
 struct PollingService::PollingTask
 {
     PollingTask(QString id, qsizetype messageCount)
@@ -139,8 +130,11 @@ void PollingService::onMessage(const NotificationCenter::UserInfo &userInfo)
     const auto *message = userInfo.record<MessageDto>();
     if (!message)
         return;
-    m_executor.post([self = shared_from_this(), id = message->ticketId] {
-        if (!self->m_activePollingTasks.contains(id))
+    // A loop's own broadcast must not stop the loop that has replaced it meanwhile.
+    m_executor.post([self = shared_from_this(), id = message->ticketId,
+                     source = m_broadcastingTask] {
+        const Task active = self->m_activePollingTasks.value(id);
+        if (!active || (source && source != active))
             return;
         logInfo(QStringLiteral("Message received via notification, stopping polling for ticket: "),
                 id);
@@ -173,21 +167,10 @@ void PollingService::stop(const QString &ticketId)
     task->stop.request_stop();
 }
 
-bool PollingService::isCurrent(const Task &task) const
+void PollingService::stopUnlessStopped(const Task &task)
 {
-    return m_activePollingTasks.value(task->ticketId) == task;
-}
-
-void PollingService::stopIfCurrent(const Task &task)
-{
-    if (isCurrent(task))
+    if (!task->stop.stop_requested())
         stop(task->ticketId);
-}
-
-void PollingService::removeIfCurrent(const Task &task)
-{
-    if (isCurrent(task))
-        m_activePollingTasks.remove(task->ticketId);
 }
 
 QCoro::Task<> PollingService::run(Task task)
@@ -211,6 +194,8 @@ QCoro::Task<> PollingService::run(Task task)
         } catch (...) {
             failure = currentError();
         }
+        if (stop.stop_requested())
+            co_return;
         const Retry retry = recordFailure(task, failure);
         if (!retry) {
             endByFailures(task);
@@ -222,14 +207,16 @@ QCoro::Task<> PollingService::run(Task task)
             continue; // The loop's condition checks the stop request.
         }
     }
-    removeIfCurrent(task);
 }
 
-/// Fetches the ticket once and broadcasts new messages. True if they contain the awaited answer.
+/// Fetches the ticket once and broadcasts new messages. True if the loop is over: they contain the
+/// awaited answer, or its stop was requested meanwhile.
 QCoro::Task<bool> PollingService::poll(Task task)
 {
     const APIClient client = APIClient::live();
     const TicketDto ticket = co_await client.getTicket(task->ticketId);
+    if (task->stop.stop_requested())
+        co_return true;
     if (ticket.messages.size() > task->lastMessageCount) {
         logInfo(QStringLiteral("New messages detected for ticket: "), task->ticketId);
         QList<MessageDto> messages = ticket.messages.sliced(task->lastMessageCount);
@@ -241,9 +228,9 @@ QCoro::Task<bool> PollingService::poll(Task task)
                 QStringLiteral("Skipping %1 already processed messages for ticket: ").arg(dropped),
                 task->ticketId);
         }
-        co_await announce(task, messages);
+        co_await broadcast(task, messages);
         if (std::ranges::any_of(messages, isFromAgent)) {
-            stopIfCurrent(task);
+            stopUnlessStopped(task);
             co_return true;
         }
         task->lastMessageCount = ticket.messages.size();
@@ -253,11 +240,21 @@ QCoro::Task<bool> PollingService::poll(Task task)
     co_return false;
 }
 
-QCoro::Task<> PollingService::announce(Task task, QList<MessageDto> messages)
+QCoro::Task<> PollingService::broadcast(Task task, QList<MessageDto> messages)
 {
     if (messages.isEmpty())
         co_return;
-    QFuture<void> posted = platform().mainThread->run([messages] { broadcast(messages); });
+    QFuture<void> posted = platform().mainThread->run([self = shared_from_this(), task, messages] {
+        if (task->stop.stop_requested())
+            return;
+        self->m_broadcastingTask = task;
+        for (const MessageDto &message : messages) {
+            platform().notificationCenter->post(
+                notifications::didReceiveMessage,
+                UserInfo::fromRecord(message, json::dictionary<MessageDto>));
+        }
+        self->m_broadcastingTask = nullptr;
+    });
     co_await awaitFuture(posted);
     for (const MessageDto &message : messages)
         task->processedMessageIds.insert(message.id);
@@ -267,10 +264,6 @@ PollingService::Retry PollingService::recordFailure(const Task &task, const Erro
 {
     Logger::shared().log(LogLevel::error, QStringLiteral("Error polling ticket %1: %2")
                                               .arg(task->ticketId, error->localizedDescription()));
-    if (!isCurrent(task)) {
-        trackFailure(task->ticketId, 0, error);
-        return std::nullopt;
-    }
     const int failures = ++task->consecutiveErrorCount;
     task->lastErrorTime = platform().clock->monotonicNow();
     trackFailure(task->ticketId, failures, error);
@@ -280,7 +273,7 @@ PollingService::Retry PollingService::recordFailure(const Task &task, const Erro
 void PollingService::endByTimeout(const Task &task)
 {
     logInfo(QStringLiteral("Polling timeout reached for ticket: "), task->ticketId);
-    stopIfCurrent(task);
+    stop(task->ticketId);
     track(QStringLiteral("polling_timeout"), task->ticketId,
           {{QStringLiteral("timeout_duration"), std::chrono::duration<double>(timeLimit).count()}});
 }
@@ -291,7 +284,7 @@ void PollingService::endByFailures(const Task &task)
         LogLevel::error,
         QStringLiteral("Max consecutive errors reached for ticket %1, stopping polling")
             .arg(task->ticketId));
-    stopIfCurrent(task);
+    stop(task->ticketId);
     track(QStringLiteral("polling_max_errors_reached"), task->ticketId,
           {{QStringLiteral("max_errors"), maximumFailures}});
 }

@@ -56,13 +56,11 @@ private:
 
     void start(const QString &ticketId, qsizetype messageCount);
     void stop(const QString &ticketId);
-    void stopIfCurrent(const Task &task);
-    void removeIfCurrent(const Task &task);
-    bool isCurrent(const Task &task) const;
+    void stopUnlessStopped(const Task &task);
 
     QCoro::Task<> run(Task task);
     QCoro::Task<bool> poll(Task task);
-    QCoro::Task<> announce(Task task, QList<MessageDto> messages);
+    QCoro::Task<> broadcast(Task task, QList<MessageDto> messages);
     Retry recordFailure(const Task &task, const ErrorPtr &error);
     void endByTimeout(const Task &task);
     void endByFailures(const Task &task);
@@ -71,6 +69,8 @@ private:
     Executor &m_executor;
     QHash<QString, Task> m_activePollingTasks;
     NotificationCenter::Observation m_notificationObserver;
+    /// The loop whose messages are being broadcast, if any. Main thread.
+    Task m_broadcastingTask;
 };
 
 } // namespace tolvane

@@ -15,6 +15,7 @@ using namespace std::chrono_literals;
 namespace {
 
 const QString ticketId = u"t1"_s;
+const QStringList restarted = {u"polling_started"_s, u"polling_stopped"_s, u"polling_started"_s};
 
 MessageDto customer(const char *id)
 {
@@ -37,6 +38,13 @@ struct PollingFixture : Fixture
                 failing();
             return answer(makeTicket(messages));
         };
+        // Registered before the observer of the service.
+        m_observation = platform().notificationCenter->observe(
+            notifications::didReceiveMessage, NotificationCenter::Delivery::mainThread,
+            [this](const auto &) {
+                if (const auto react = onBroadcast)
+                    react();
+            });
         polling = PollingService::shared();
         settle();
     }
@@ -68,7 +76,11 @@ struct PollingFixture : Fixture
 
     QList<MessageDto> messages = {customer("m1")};
     std::function<void()> failing;
+    std::function<void()> onBroadcast;
     std::shared_ptr<PollingService> polling;
+
+private:
+    NotificationCenter::Observation m_observation;
 };
 
 void failWithNetworkError()
@@ -218,47 +230,76 @@ private Q_SLOTS:
         QVERIFY(!fixture.delegate->names().contains(TolvaneAnalyticsEvent::Errors::apiError));
     }
 
-    void restartsWithOneLoop_data()
-    {
-        QTest::addColumn<bool>("inRequest");
-        QTest::newRow("while the older loop sleeps") << false;
-        QTest::newRow("while the older loop waits for its answer") << true;
-    }
-
     void restartsWithOneLoop()
     {
-        QFETCH(const bool, inRequest);
         PollingFixture fixture;
-        fixture.session->held = inRequest;
         fixture.start(1);
         fixture.start(1);
-        fixture.session->release();
         QCOMPARE(fixture.active(), QStringList{ticketId});
         QCOMPARE(fixture.clock->sleeperCount(), 1);
-        QCOMPARE(fixture.delegate->names(),
-                 QStringList({u"polling_started"_s, u"polling_stopped"_s, u"polling_started"_s}));
+        QCOMPARE(fixture.delegate->names(), restarted);
         const qsizetype before = fixture.polls();
         fixture.clock->advance(5s);
         QCOMPARE(fixture.polls(), before + 5);
     }
 
-    void anOlderLoopsFailureLeavesTheNewerAlone()
+    void aStoppedLoopHasNoEffect_data()
     {
+        QTest::addColumn<bool>("isFailing");
+        QTest::addColumn<bool>("isReplaced");
+        QTest::newRow("answer, no other loop") << false << false;
+        QTest::newRow("answer, replaced") << false << true;
+        QTest::newRow("failure, no other loop") << true << false;
+        QTest::newRow("failure, replaced") << true << true;
+    }
+
+    void aStoppedLoopHasNoEffect()
+    {
+        QFETCH(const bool, isFailing);
+        QFETCH(const bool, isReplaced);
         PollingFixture fixture;
         fixture.session->held = true;
-        fixture.failing = failWithNetworkError;
         fixture.start(1);
-        const auto older = std::exchange(fixture.failing, nullptr);
-        fixture.session->handler = [&, calls = 0](const UrlRequest &) mutable {
-            if (calls++ == 0)
-                older();
-            return answer(makeTicket(fixture.messages));
+        // The customer's next message, which the older loop doesn't know.
+        fixture.messages += customer("m2");
+        fixture.failing = [isFailing, calls = 0]() mutable {
+            if (isFailing && calls++ == 0)
+                failWithNetworkError();
         };
-        fixture.start(1);
+        if (isReplaced)
+            fixture.start(2);
+        else
+            fixture.polling->stopPolling(ticketId);
+        settle();
         fixture.session->release();
+        QCOMPARE(fixture.broadcastIds(), QStringList());
+        QCOMPARE(fixture.delegate->names(), isReplaced ? restarted : restarted.first(2));
+        QCOMPARE(fixture.active(), isReplaced ? QStringList{ticketId} : QStringList());
+        QCOMPARE(fixture.clock->requestedSleeps(), isReplaced ? QList<double>{1} : QList<double>());
+        for (const QString &line :
+             {u"New messages"_s, u"Error polling"_s, u"Max consecutive errors"_s})
+            QCOMPARE(fixture.lineCount(line), 0);
+        fixture.messages += agent("m3");
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.broadcastIds(), isReplaced ? QStringList{u"m3"_s} : QStringList());
+    }
+
+    void aBroadcastDoesNotStopTheNextLoop()
+    {
+        PollingFixture fixture;
+        fixture.start(1);
+        fixture.messages += customer("m2");
+        // The response to the customer's message comes just after the loop has fetched it.
+        fixture.onBroadcast = [&fixture] {
+            fixture.onBroadcast = nullptr;
+            fixture.polling->startPolling(ticketId, 2);
+        };
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.delegate->names(), restarted);
         QCOMPARE(fixture.active(), QStringList{ticketId});
-        fixture.clock->advance(3s);
-        QCOMPARE(fixture.active(), QStringList{ticketId});
+        fixture.messages += agent("m3");
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.broadcastIds(), QStringList({u"m2"_s, u"m3"_s}));
     }
 
     void stopsOnABroadcastFromElsewhere_data()
