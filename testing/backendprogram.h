@@ -1,27 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QProcess>
+#include "testing/process.h"
 
 namespace tolvane::test {
 
-/// Runs the local backend program on a free port. Its data stay in the folder when it ends.
+/// Runs the local backend on a free port.
 class BackendProgram
 {
 public:
-    explicit BackendProgram(const QString &folder,
+    /// @param folder the data remain there when the program ends; empty for data in memory
+    explicit BackendProgram(const QString &folder = {},
                             const QString &replyDelay = QStringLiteral("0.2"),
                             const QStringList &moreArguments = {});
-    ~BackendProgram();
 
     QString url() const { return m_url; }
     quint16 port() const;
 
     /// Kills the process, like a crash.
-    void kill();
+    void kill() { m_process.kill(); }
 
 private:
-    QProcess m_process;
+    Process m_process;
     QString m_url;
 };
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "testing/process.h"
 #include "testing/scriptedserver.h"
+#include "testing/waitfor.h"
 
-#include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
@@ -32,16 +33,13 @@ private Q_SLOTS:
         ScriptedServer stalling;
         stalling.handler = [](const ServedRequest &, QTcpSocket &) {};
         const QTemporaryDir home;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"XDG_CONFIG_HOME"_s, home.path());
-        environment.insert(u"TOLVANE_API_URL"_s, stalling.url());
-        QProcess host;
-        host.setProcessEnvironment(environment);
-        host.start(QStringLiteral(TOLVANE_SHUTDOWN_HOST), {busy, way});
-        QTRY_COMPARE_WITH_TIMEOUT(host.state(), QProcess::NotRunning, 20'000);
-        QCOMPARE(host.readAllStandardError(), QByteArray()); // The sanitizers report here.
-        QCOMPARE(host.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(host.exitCode(), 3);
+        Process host(QStringLiteral(TOLVANE_SHUTDOWN_HOST), {busy, way},
+                     {.environment = {{u"XDG_CONFIG_HOME"_s, home.path()},
+                                      {u"TOLVANE_API_URL"_s, stalling.url()}},
+                      .channels = QProcess::SeparateChannels});
+        waitFor(u"the end of the host"_s, [&host] { return !host.isRunning(); });
+        QCOMPARE(host.errors(), QByteArray()); // The sanitizers report here.
+        QCOMPARE(host.waitForExit(), 3);
         QVERIFY(!stalling.requests.isEmpty());
     }
 };

@@ -1,39 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "consoleprogram.h"
 
-#include <QtCore/QDeadlineTimer>
 #include <QtCore/QJsonDocument>
 
 namespace tolvane::test {
 
 namespace {
 
-constexpr int timeout = 20'000; // Sanitized programs are slow on a busy machine.
-
-void startConsole(QProcess &process, const QString &configFolder, const QString &url,
-                  const QStringList &arguments)
+Process::Options options(const QString &configFolder, const QString &url,
+                         QProcess::ProcessChannelMode channels)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
-    environment.insert(QStringLiteral("TOLVANE_API_URL"), url);
-    environment.insert(QStringLiteral("LANGUAGE"), QStringLiteral("en"));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(TOLVANE_CONSOLE), arguments);
-}
-
-int exitStatus(QProcess &process, int longest)
-{
-    process.closeWriteChannel();
-    if (!process.waitForFinished(longest))
-        return -1;
-    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    return {.environment = {{QStringLiteral("XDG_CONFIG_HOME"), configFolder},
+                            {QStringLiteral("TOLVANE_API_URL"), url},
+                            {QStringLiteral("LANGUAGE"), QStringLiteral("en")}},
+            .channels = channels};
 }
 
 } // namespace
 
 ConsoleProgram::ConsoleProgram(const QString &configFolder, const QString &url)
+    : m_process(QStringLiteral(TOLVANE_CONSOLE), {QStringLiteral("--json")},
+                options(configFolder, url, QProcess::SeparateChannels))
 {
-    startConsole(m_process, configFolder, url, {QStringLiteral("--json")});
 }
 
 void ConsoleProgram::send(const QByteArray &line)
@@ -43,18 +31,16 @@ void ConsoleProgram::send(const QByteArray &line)
 
 QJsonObject ConsoleProgram::await(const std::function<bool(const QJsonObject &)> &matches)
 {
-    const QDeadlineTimer deadline(timeout);
-    for (qsizetype seen = 0;;) {
-        while (m_process.canReadLine())
-            m_unread += QJsonDocument::fromJson(m_process.readLine()).object();
-        for (; seen < m_unread.size(); ++seen) {
-            if (matches(m_unread.at(seen)))
-                return m_unread.takeAt(seen);
+    const QDeadlineTimer deadline(Process::timeout);
+    for (qsizetype seen = 0;; ++seen) {
+        if (seen == m_unread.size()) {
+            const auto line = m_process.nextLine(deadline);
+            if (!line)
+                return {};
+            m_unread += QJsonDocument::fromJson(*line).object();
         }
-        if (deadline.hasExpired() ||
-            (m_process.state() == QProcess::NotRunning && !m_process.canReadLine()))
-            return {};
-        m_process.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
+        if (matches(m_unread.at(seen)))
+            return m_unread.takeAt(seen);
     }
 }
 
@@ -76,20 +62,14 @@ QJsonObject ConsoleProgram::awaitEvent(const QString &event, const QString &name
     });
 }
 
-int ConsoleProgram::end()
-{
-    return exitStatus(m_process, timeout);
-}
-
 std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QString &url,
                                          const QByteArray &commands)
 {
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    startConsole(process, configFolder, url, {});
+    Process process(QStringLiteral(TOLVANE_CONSOLE), {},
+                    options(configFolder, url, QProcess::MergedChannels));
     process.write(commands);
-    const int status = exitStatus(process, 3 * timeout);
-    return {process.readAll(), status};
+    const int status = process.waitForExit(3 * Process::timeout);
+    return {process.output(), status};
 }
 
 } // namespace tolvane::test

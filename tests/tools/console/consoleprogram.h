@@ -4,7 +4,6 @@
 #include "testing/backendprogram.h"
 
 #include <QtCore/QJsonObject>
-#include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 
 #include <functional>
@@ -28,11 +27,11 @@ public:
     QJsonObject awaitEvent(const QString &event, const QString &name);
 
     /// Closes the input and returns the exit code; -1 after a timeout or a crash.
-    int end();
-    QByteArray errors() { return m_process.readAllStandardError(); }
+    int end() { return m_process.waitForExit(); }
+    QByteArray errors() { return m_process.errors(); }
 
 private:
-    QProcess m_process;
+    Process m_process;
     QList<QJsonObject> m_unread;
     int m_lastId = 0;
 };

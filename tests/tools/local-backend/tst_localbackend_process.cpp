@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The program: its command line, its start and its end.
 #include "runningbackend.h"
+#include "testing/process.h"
 
-#include <QtCore/QDeadlineTimer>
-#include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
+using tolvane::test::Process;
 
 class LocalBackendProcess : public QObject
 {
@@ -15,13 +15,11 @@ class LocalBackendProcess : public QObject
 
     void checkRejected(const QString &arguments, const QByteArray &named)
     {
-        QProcess process;
-        process.start(m_program, QString(arguments).replace("DIR"_L1, m_folder.path()).split(u' '));
-        QVERIFY2(process.waitForFinished(timeout), named);
-        const QByteArray line = process.readAllStandardError();
-        const bool isRejected = process.exitStatus() == QProcess::NormalExit &&
-                                process.exitCode() == 2 &&
-                                process.readAllStandardOutput().isEmpty();
+        Process process(m_program,
+                        QString(arguments).replace("DIR"_L1, m_folder.path()).split(u' '),
+                        {.channels = QProcess::SeparateChannels});
+        const bool isRejected = process.waitForExit() == 2 && process.output().isEmpty();
+        const QByteArray line = process.errors();
         const bool isOurs = line.startsWith("tolvane-backend: ") && line.contains(named);
         QVERIFY2(isRejected && isOurs && line.indexOf('\n') == line.size() - 1, line);
     }
@@ -63,15 +61,13 @@ private Q_SLOTS:
 
     void servesUntilSignal()
     {
-        QProcess process;
         const QString database = m_folder.filePath(u"data/backend.sqlite"_s);
-        process.start(m_program, {u"--port"_s, u"0"_s, u"--db"_s, database});
-        while (!process.canReadLine())
-            QVERIFY(process.waitForReadyRead(timeout));
-        const QString line = QString::fromUtf8(process.readAllStandardOutput());
-        QVERIFY(line.startsWith("listening on http://127.0.0.1:"_L1) && line.endsWith("/api\n"_L1));
+        Process process(m_program, {u"--port"_s, u"0"_s, u"--db"_s, database},
+                        {.channels = QProcess::SeparateChannels});
+        const QString line = QString::fromUtf8(process.readLine());
+        QVERIFY(line.startsWith("listening on http://127.0.0.1:"_L1) && line.endsWith("/api"_L1));
 
-        Customer customer(QUrl(line.trimmed().section(u' ', 2)).port());
+        Customer customer(QUrl(line.section(u' ', 2)).port());
         QCOMPARE(customer.get(customer.open()).status, 200);
         const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther;
         QVERIFY(QFile::exists(database) && !(QFile::permissions(database) & others));
@@ -79,10 +75,9 @@ private Q_SLOTS:
         // An idle connection ends by itself after ten seconds.
         const QDeadlineTimer idle(9'000);
         process.terminate();
-        QVERIFY(process.waitForFinished(timeout));
+        QCOMPARE(process.waitForExit(), 0);
         QVERIFY2(!idle.hasExpired(), "the open connection delayed the end");
-        QVERIFY(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0);
-        QCOMPARE(process.readAllStandardError(), QByteArray());
+        QCOMPARE(process.output() + process.errors(), QByteArray());
     }
 
 private:
