@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tour.h"
 
-#include "testing/ui/visitor.h"
+#include "testing/ui/uirobot.h"
 
 #include <QtCore/QDir>
 #include <QtGui/QGuiApplication>
@@ -9,6 +9,7 @@
 #include <QtQuick/QQuickWindow>
 
 #include <cstdio>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +50,7 @@ public:
         : m_window(window)
         , m_folder(tour.folder)
         , m_hasPush(tour.hasPush)
-        , m_visitor(window)
+        , m_robot(window)
     {
     }
 
@@ -59,7 +60,7 @@ public:
         m_number = 0;
         setAppearance(look.isDark);
         m_window.resize(look.size);
-        m_visitor.find(QAccessible::Button, u"Help"_s);
+        m_robot.find(QAccessible::Button, u"Help"_s);
         take(u"shop"_s);
         // The first picture of the messenger is opened by a push, where there is one.
         if (std::exchange(m_hasPush, false))
@@ -67,7 +68,7 @@ public:
         else if (look.byKeys)
             openByKeys();
         else
-            m_visitor.click(m_visitor.find(QAccessible::Button, u"Help"_s));
+            m_robot.click(m_robot.find(QAccessible::Button, u"Help"_s));
         seeList();
         if (*look.talk)
             talk(QLatin1String(look.talk));
@@ -81,28 +82,28 @@ public:
 private:
     void take(const QString &name)
     {
-        m_visitor.rest();
+        m_robot.waitForAnimations();
         const QString file = u"%1/%2-%3-%4.png"_s.arg(m_folder, m_look).arg(++m_number).arg(name);
         if (!m_window.grabWindow().save(file))
-            throw NotFound("no picture could be written to " + file.toStdString());
+            throw std::runtime_error("no picture could be written to " + file.toStdString());
         std::printf("%s\n", qPrintable(file));
         std::fflush(stdout);
     }
 
     void answerPush()
     {
-        const QRect banner = m_visitor.find(QAccessible::AlertMessage);
+        const QRect banner = m_robot.find(QAccessible::AlertMessage);
         take(u"banner"_s);
-        m_visitor.click(banner);
+        m_robot.click(banner);
     }
 
     void openByKeys()
     {
-        m_visitor.press(Qt::Key_Tab);
-        m_visitor.press(Qt::Key_Return);
+        m_robot.press(Qt::Key_Tab);
+        m_robot.press(Qt::Key_Return);
     }
 
-    QRect firstRow() { return m_visitor.find(QAccessible::ListItem); }
+    QRect firstRow() { return m_robot.find(QAccessible::ListItem); }
 
     void seeList()
     {
@@ -113,66 +114,66 @@ private:
     void collapse()
     {
         const QRect before = firstRow();
-        m_visitor.turnWheel(-3);
-        m_visitor.rest();
+        m_robot.turnWheel(-3);
+        m_robot.waitForAnimations();
         if (firstRow() == before)
-            throw NotFound("the list did not move");
+            throw std::runtime_error("the list did not move");
         take(u"collapsed"_s);
     }
 
     void readConversation()
     {
-        m_visitor.click(firstRow());
-        const QRect back = m_visitor.find(QAccessible::Button, u"Back"_s);
+        m_robot.click(firstRow());
+        const QRect back = m_robot.find(QAccessible::Button, u"Back"_s);
         take(u"conversation"_s);
-        m_visitor.click(back);
+        m_robot.click(back);
     }
 
     void talk(const QString &lastMessage)
     {
-        m_visitor.click(m_visitor.find(QAccessible::ListItem, lastMessage));
+        m_robot.click(m_robot.find(QAccessible::ListItem, lastMessage));
         // The focus is in what is written.
-        m_visitor.find(QAccessible::EditableText);
+        m_robot.find(QAccessible::EditableText);
         take(u"conversation"_s);
-        m_visitor.type(u"When are you open?"_s);
+        m_robot.type(u"When are you open?"_s);
         take(u"written"_s);
-        m_visitor.press(Qt::Key_Return, Qt::ControlModifier);
-        m_visitor.find(QAccessible::ListItem, u"Mon, Tue"_s);
+        m_robot.press(Qt::Key_Return, Qt::ControlModifier);
+        m_robot.find(QAccessible::ListItem, u"Mon, Tue"_s);
         take(u"answered"_s);
-        m_visitor.click(m_visitor.find(QAccessible::Button, u"Picture "_s));
-        m_visitor.find(QAccessible::Graphic, u"Picture"_s);
+        m_robot.click(m_robot.find(QAccessible::Button, u"Picture "_s));
+        m_robot.find(QAccessible::Graphic, u"Picture"_s);
         take(u"photo"_s);
-        m_visitor.press(Qt::Key_Escape);
-        m_visitor.rest();
-        m_visitor.press(Qt::Key_Escape);
-        m_visitor.rest();
+        m_robot.press(Qt::Key_Escape);
+        m_robot.waitForAnimations();
+        m_robot.press(Qt::Key_Escape);
+        m_robot.waitForAnimations();
     }
 
     void pull()
     {
-        m_visitor.turnWheel(5);
-        m_visitor.rest();
-        m_visitor.drag(m_visitor.find(QAccessible::Heading, u"Your messages"_s).center(), {0, 180});
+        m_robot.turnWheel(5);
+        m_robot.waitForAnimations();
+        m_robot.drag(m_robot.find(QAccessible::Heading, u"Your messages"_s).center(), {0, 180});
         take(u"pulled"_s);
-        m_visitor.release();
-        m_visitor.rest();
+        m_robot.release();
+        m_robot.waitForAnimations();
         firstRow();
     }
 
     void close(bool byKeys)
     {
-        const QRect button = m_visitor.find(QAccessible::Button, u"Close"_s);
+        const QRect button = m_robot.find(QAccessible::Button, u"Close"_s);
         if (byKeys)
-            m_visitor.press(Qt::Key_Escape);
+            m_robot.press(Qt::Key_Escape);
         else
-            m_visitor.click(button);
-        m_visitor.rest();
+            m_robot.click(button);
+        m_robot.waitForAnimations();
     }
 
     QQuickWindow &m_window;
     const QString m_folder;
     bool m_hasPush;
-    Visitor m_visitor;
+    tolvane::test::UiRobot m_robot;
     QString m_look;
     int m_number = 0;
 };
@@ -183,7 +184,7 @@ int takeTour(QQuickWindow &window, const Tour &tour)
 {
     try {
         if (!QDir().mkpath(tour.folder))
-            throw NotFound("no folder " + tour.folder.toStdString());
+            throw std::runtime_error("no folder " + tour.folder.toStdString());
         Guide guide(window, tour);
         for (const Look &look : looks) {
             guide.visit(look);
@@ -191,7 +192,7 @@ int takeTour(QQuickWindow &window, const Tour &tour)
                 break;
         }
         return EXIT_SUCCESS;
-    } catch (const NotFound &error) {
+    } catch (const std::runtime_error &error) {
         std::fprintf(stderr, "The tour has ended early: %s\n", error.what());
         const QString file = tour.folder + u"/ended-here.png"_s;
         if (window.grabWindow().save(file))

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "browser.h"
 
-#include "waitfor.h"
+#include "testing/waitfor.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>

@@ -3,7 +3,7 @@
 
 #include "pushclient.h"
 #include "support.h"
-#include "testing/ui/visitor.h"
+#include "testing/ui/uirobot.h"
 
 #include <tolvane/tolvane.h>
 
@@ -86,7 +86,7 @@ public:
     QQuickWindow window;
     Support support;
     PushClient pushes;
-    Visitor robot;
+    tolvane::test::UiRobot robot;
 };
 
 } // namespace tolvane::test

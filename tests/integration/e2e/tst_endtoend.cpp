@@ -4,13 +4,14 @@
 #include "browser.h"
 #include "customer.h"
 #include "testing/backendprogram.h"
-#include "waitfor.h"
+#include "testing/waitfor.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
+#include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
@@ -283,7 +284,7 @@ private:
         customerSays(u"One more thing"_s);
         awaitState(u"open"_s);
         waitFor(u"the removal of the closed row"_s,
-                [&] { return !m_customer->robot.sees(QAccessible::ListItem, closed); });
+                [&] { return !m_customer->robot.canSee(QAccessible::ListItem, closed); });
         checkConversation();
     }
 

@@ -5,7 +5,7 @@
 
 namespace tolvane::soak {
 
-/// Another clock, so many times as fast.
+/// Runs another clock faster by a factor.
 class FastClock final : public Clock
 {
 public:

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// tolvane-soak [MINUTES]: an hour of a host with the messenger in it, in so many minutes. What it
-// holds must not grow.
+// tolvane-soak [MINUTES]: runs an hour of use of a host with the messenger, in this many minutes.
+// Fails if the use of a resource grows.
 #include "fastclock.h"
-#include "figures.h"
 #include "platform/platform.h"
-#include "round.h"
+#include "resourceusage.h"
+#include "rounds.h"
 #include "testing/timeoutsession.h"
-#include "victim.h"
+#include "writerprocess.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
@@ -22,7 +22,7 @@ namespace {
 
 constexpr double hour = 60;
 
-void hasten(int factor)
+void speedUp(int factor)
 {
     Platform &services = platform();
     services.clock = std::make_unique<FastClock>(std::move(services.clock), factor);
@@ -31,31 +31,31 @@ void hasten(int factor)
     services.urlSession = std::move(session);
 }
 
-int soakFor(double minutes)
+int runFor(double minutes)
 {
     const QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.filePath(u"config"_s).toLocal8Bit());
     qputenv("XDG_CACHE_HOME", folder.filePath(u"cache"_s).toLocal8Bit());
-    hasten(qMax(1, qRound(hour / minutes)));
+    speedUp(qMax(1, qRound(hour / minutes)));
     Rounds rounds(folder.path());
     qputenv("TOLVANE_API_URL", rounds.url().toLocal8Bit());
     rounds.begin();
 
-    QList<Sample> samples;
+    QList<ResourceUsage> samples;
     QElapsedTimer time;
     time.start();
-    const auto passed = [&time] { return double(time.elapsed()) / 60'000; };
-    while (passed() < minutes || samples.size() < fewestRounds) {
+    const auto minutesPassed = [&time] { return double(time.elapsed()) / 60'000; };
+    while (minutesPassed() < minutes || samples.size() < minimumSamples) {
         rounds.run();
-        samples += Sample::now();
-        print(samples.constLast(), int(samples.size()), passed() * hour / minutes);
+        samples += ResourceUsage::now();
+        print(samples.constLast(), int(samples.size()), minutesPassed() * hour / minutes);
     }
-    const bool isGood = isFlat(samples);
-    const auto count = [&rounds](const QString &name) { return rounds.tally().count(name); };
-    std::printf("\n%d messages sent, %d received, %d failures told\n",
-                count(TolvaneAnalyticsEvent::Chat::messageSent),
-                count(TolvaneAnalyticsEvent::Chat::messageReceived), rounds.tally().failures());
-    return isGood ? EXIT_SUCCESS : EXIT_FAILURE;
+    const bool isLeaking = hasGrown(samples);
+    const EventCounter &events = rounds.events();
+    std::printf("\n%d messages sent, %d received, %d failures reported\n",
+                events.count(TolvaneAnalyticsEvent::Chat::messageSent),
+                events.count(TolvaneAnalyticsEvent::Chat::messageReceived), events.failures());
+    return isLeaking ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 
 } // namespace
@@ -64,9 +64,9 @@ int main(int argc, char **argv)
 {
     const QByteArray argument = argc > 1 ? argv[1] : "3";
     QGuiApplication::setApplicationName(u"tolvane-soak"_s);
-    if (argument == "--victim") {
+    if (argument == "--writer") {
         const QCoreApplication application(argc, argv);
-        return runVictim();
+        return runWriter();
     }
     const QGuiApplication application(argc, argv);
     const double minutes = argument.toDouble();
@@ -75,9 +75,9 @@ int main(int argc, char **argv)
         return 2;
     }
     try {
-        return soakFor(minutes);
-    } catch (const NotFound &error) {
-        std::fprintf(stderr, "The soak has ended early: %s\n", error.what());
+        return runFor(minutes);
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "The soak failed: %s\n", error.what());
         return EXIT_FAILURE;
     }
 }

@@ -1,24 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "victim.h"
+#include "writerprocess.h"
+
+#include "testing/process.h"
+#include "testing/waitfor.h"
 
 #include <tolvane/tolvane.h>
 
-#include <QtCore/QCoreApplication>
-#include <QtCore/QProcess>
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
-#include <QtCore/QTimer>
-#include <QtTest/QTest>
-
-#include <chrono>
 
 namespace tolvane::soak {
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-int runVictim()
+int runWriter()
 {
     Tolvane::initialize(u"soak-key"_s);
     QTimer timer;
@@ -31,16 +28,14 @@ int runVictim()
     return QCoreApplication::exec();
 }
 
-void killAVictim()
+void killWriter()
 {
-    QProcess victim;
-    victim.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    victim.start(QCoreApplication::applicationFilePath(), {u"--victim"_s});
-    QTest::qWait(300 + QRandomGenerator::global()->bounded(500));
-    if (victim.state() != QProcess::Running)
-        qFatal("The victim has ended by itself");
-    victim.kill();
-    victim.waitForFinished();
+    test::Process writer(QCoreApplication::applicationFilePath(), {u"--writer"_s});
+    // A random moment, to interrupt each step of a write at some time.
+    test::wait(300ms + QRandomGenerator::global()->bounded(500) * 1ms);
+    if (!writer.isRunning())
+        throw std::runtime_error("the writer ended before it was killed");
+    writer.kill();
 }
 
 QString customerOnDisk()

@@ -3,7 +3,7 @@
 
 #include "testing/backendprogram.h"
 #include "testing/faultproxy.h"
-#include "testing/ui/visitor.h"
+#include "testing/ui/uirobot.h"
 
 #include <tolvane/analytics.h>
 
@@ -16,8 +16,8 @@
 
 namespace tolvane::soak {
 
-/// Counts what the library tells its host.
-class Tally final : public TolvaneAnalyticsDelegate
+/// Counts the analytics events.
+class EventCounter final : public TolvaneAnalyticsDelegate
 {
 public:
     void didReceiveEvent(const TolvaneAnalyticsEvent &event) override { ++m_counts[event.name()]; }
@@ -29,8 +29,8 @@ private:
     QHash<QString, int> m_counts;
 };
 
-/// What a customer does with a host and what may happen to them, over and over. Throws NotFound
-/// where something was to be seen and is not.
+/// Repeats everything that a customer does with a host, and that can happen to a host. Throws
+/// std::runtime_error if a step does not have its result.
 class Rounds
 {
 public:
@@ -38,10 +38,10 @@ public:
     explicit Rounds(const QString &folder);
 
     QString url() const { return m_proxy.url(QStringLiteral("/api")); }
-    const Tally &tally() const { return *m_tally; }
+    const EventCounter &events() const { return *m_events; }
     void begin();
 
-    /// One round, from a new window to its end; all is at rest afterwards.
+    /// Runs one round, from a new window to its closing. The library is idle afterwards.
     void run();
 
 private:
@@ -51,35 +51,35 @@ private:
         void (Rounds::*run)();
     };
 
-    void take(const Step &step);
+    void runStep(const Step &step);
     void showWindow();
-    void talk();
-    void answerPush();
-    void weatherStorm();
-    void loseTheNetwork();
-    void loseTheBackend();
-    void killAnother();
-    void closeTheWindow();
-    void rest();
+    void converse();
+    void openPush();
+    void injectFaults();
+    void loseNetwork();
+    void loseBackend();
+    void killAnotherProcess();
+    void closeWindow();
+    void becomeIdle();
 
     void open();
     void back();
     void close();
-    void enterConversation();
+    void openConversation();
     void write(const QString &text);
-    void sendAgainAfter(const std::function<void()> &lose, const std::function<void()> &regain);
-    QString newText();
+    void sendAgainAfter(const std::function<void()> &lose, const std::function<void()> &restore);
+    QString nextText();
 
     const QString m_folder;
     std::optional<test::BackendProgram> m_backend;
     test::FaultProxy m_proxy;
-    std::shared_ptr<Tally> m_tally = std::make_shared<Tally>();
+    std::shared_ptr<EventCounter> m_events = std::make_shared<EventCounter>();
     std::unique_ptr<QQuickView> m_window;
-    std::optional<Visitor> m_visitor;
+    std::optional<test::UiRobot> m_robot;
     std::mt19937 m_random;
     QString m_customer;
     int m_round = 0;
-    int m_texts = 0;
+    int m_textCount = 0;
 };
 
 } // namespace tolvane::soak

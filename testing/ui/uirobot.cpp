@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "testing/ui/uirobot.h"
+
+#include "testing/waitfor.h"
+
+#include <QtGui/QWheelEvent>
+#include <QtQuick/QQuickWindow>
+
+namespace tolvane::test {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto pollInterval = 60ms;
+
+bool matches(const QAccessibleInterface &object, QAccessible::Role role, const QString &name)
+{
+    return object.role() == role && object.text(QAccessible::Name).contains(name);
+}
+
+/// The screen rectangle of the first object that matches and has its middle within `visible`.
+QRect search(QAccessibleInterface *object, QAccessible::Role role, const QString &name,
+             const QRect &visible)
+{
+    if (!object || object->state().invisible)
+        return {};
+    for (int i = 0; i < object->childCount(); ++i) {
+        const QRect rect = search(object->child(i), role, name, visible);
+        if (!rect.isEmpty())
+            return rect;
+    }
+    const QRect rect = object->rect();
+    return matches(*object, role, name) && visible.contains(rect.center()) ? rect : QRect();
+}
+
+/// The rectangles of an object and everything in it.
+QList<QRect> layoutOf(QAccessibleInterface *object)
+{
+    if (!object || object->state().invisible)
+        return {};
+    QList<QRect> rects{object->rect()};
+    for (int i = 0; i < object->childCount(); ++i)
+        rects += layoutOf(object->child(i));
+    return rects;
+}
+
+} // namespace
+
+UiRobot::UiRobot(QQuickWindow &window)
+    : m_window(window)
+{
+    m_clock.start();
+}
+
+QRect UiRobot::rectOf(QAccessible::Role role, const QString &name) const
+{
+    const QPoint origin = m_window.mapToGlobal(QPoint());
+    const QRect visible(origin, m_window.size());
+    return search(QAccessible::queryAccessibleInterface(&m_window), role, name, visible)
+        .translated(-origin);
+}
+
+QRect UiRobot::find(QAccessible::Role role, const QString &name)
+{
+    QRect rect;
+    waitFor(u"an object of role %1 named \"%2\""_s.arg(role).arg(name), [&] {
+        const QRect previous = std::exchange(rect, rectOf(role, name));
+        if (!rect.isEmpty() && rect == previous)
+            return true;
+        wait(pollInterval);
+        return false;
+    });
+    return rect;
+}
+
+void UiRobot::click(const QRect &rect)
+{
+    drag(rect.center(), {});
+    release();
+}
+
+void UiRobot::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString &text)
+{
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, modifiers, text);
+        QCoreApplication::sendEvent(&m_window, &event);
+    }
+}
+
+void UiRobot::type(const QString &text)
+{
+    for (const QChar character : text)
+        press(static_cast<Qt::Key>(character.toUpper().unicode()), {}, character);
+}
+
+void UiRobot::turnWheel(int steps)
+{
+    const QPointF middle(m_window.width() / 2.0, m_window.height() / 2.0);
+    for (int i = 0; i < qAbs(steps); ++i) {
+        QWheelEvent event(middle, m_window.mapToGlobal(middle), {}, {0, steps < 0 ? -120 : 120},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        event.setTimestamp(static_cast<quint64>(m_clock.elapsed()));
+        QCoreApplication::sendEvent(&m_window, &event);
+        wait(pollInterval);
+    }
+}
+
+void UiRobot::drag(const QPoint &from, const QPoint &offset)
+{
+    constexpr int steps = 12;
+    m_pointer = from;
+    sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton);
+    sendMouse(QEvent::MouseButtonPress, m_pointer, Qt::LeftButton);
+    for (int i = 1; i <= steps && !offset.isNull(); ++i) {
+        wait(16ms);
+        m_pointer = from + offset * i / steps;
+        sendMouse(QEvent::MouseMove, m_pointer, Qt::LeftButton);
+    }
+    wait(pollInterval);
+}
+
+void UiRobot::release()
+{
+    sendMouse(QEvent::MouseButtonRelease, m_pointer, Qt::NoButton);
+}
+
+void UiRobot::waitForAnimations()
+{
+    // Fades change no rectangle; the longest one in the messenger takes less than this.
+    constexpr int equalLayouts = 6;
+    QList<QRect> layout;
+    int equal = 0;
+    waitFor(u"the end of all animations"_s, [&] {
+        wait(pollInterval);
+        const QList<QRect> previous =
+            std::exchange(layout, layoutOf(QAccessible::queryAccessibleInterface(&m_window)));
+        equal = layout == previous ? equal + 1 : 0;
+        return equal == equalLayouts;
+    });
+}
+
+void UiRobot::sendMouse(QEvent::Type type, const QPointF &position, Qt::MouseButtons buttons)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, position, position, m_window.mapToGlobal(position), button, buttons,
+                      Qt::NoModifier);
+    event.setTimestamp(static_cast<quint64>(m_clock.elapsed()));
+    QCoreApplication::sendEvent(&m_window, &event);
+}
+
+} // namespace tolvane::test
