@@ -5,14 +5,14 @@ import QtQuick
 Rectangle {
     id: button
 
-    required property Look look
+    required property ShopColors colors
 
     signal clicked()
 
     implicitWidth: label.implicitWidth + 56
     implicitHeight: 52
     radius: 26
-    color: area.pressed ? Qt.darker(look.strong, 1.2) : look.strong
+    color: area.pressed ? Qt.darker(colors.accent, 1.2) : colors.accent
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
     Accessible.name: label.text
@@ -29,7 +29,7 @@ Rectangle {
         radius: height / 2
         color: "transparent"
         border.width: 2
-        border.color: button.look.strong
+        border.color: button.colors.accent
         visible: button.activeFocus
     }
     Text {
@@ -40,7 +40,7 @@ Rectangle {
         textFormat: Text.PlainText
         font.pixelSize: 17
         font.weight: Font.DemiBold
-        color: button.look.contrast
+        color: button.colors.accentText
         Accessible.ignored: true
     }
     MouseArea {

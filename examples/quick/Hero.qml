@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// The top of the shop: its sign below northern lights.
+// The header of the shop.
 Item {
     id: hero
 

@@ -1,31 +1,31 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// What is sold, with its picture and price.
+// A product with its picture and price.
 Rectangle {
     id: product
 
-    required property Look look
+    required property ShopColors colors
     required property string name
     required property string price
     required property string picture
-    required property color shade
+    required property color tint
 
-    implicitHeight: ground.height + texts.implicitHeight + 32
+    implicitHeight: background.height + texts.implicitHeight + 32
     radius: 14
-    color: look.card
+    color: colors.card
     Accessible.role: Accessible.StaticText
     Accessible.name: name + ", " + price
 
     Rectangle {
-        id: ground
+        id: background
 
         x: 8
         y: 8
         width: parent.width - 16
         height: width * 0.82
         radius: 10
-        color: Qt.tint(product.look.card, Qt.alpha(product.shade, product.look.isDark ? 0.45 : 0.16))
+        color: Qt.tint(product.colors.card, Qt.alpha(product.tint, product.colors.isDark ? 0.45 : 0.16))
 
         Image {
             anchors.centerIn: parent
@@ -40,7 +40,7 @@ Rectangle {
         id: texts
 
         x: 14
-        anchors.top: ground.bottom
+        anchors.top: background.bottom
         anchors.topMargin: 10
         width: parent.width - 28
         spacing: 2
@@ -52,7 +52,7 @@ Rectangle {
             elide: Text.ElideRight
             font.pixelSize: 15
             font.weight: Font.DemiBold
-            color: product.look.text
+            color: product.colors.text
             Accessible.ignored: true
         }
         Text {
@@ -60,7 +60,7 @@ Rectangle {
             text: product.price
             textFormat: Text.PlainText
             font.pixelSize: 14
-            color: product.look.quiet
+            color: product.colors.secondaryText
             Accessible.ignored: true
         }
     }

@@ -1,32 +1,51 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// Tells of a push, for a while. A tap leads to the messenger.
+// Shows a push for twelve seconds. A tap opens the messenger.
 Rectangle {
     id: banner
 
-    required property Look look
+    required property ShopColors colors
     required property QtObject support
 
-    signal clicked()
+    property bool isShown
 
-    y: support.isShown ? 12 : -height - 12
+    function open() {
+        isShown = false
+        support.openPush()
+    }
+
+    y: isShown ? 12 : -height - 12
     implicitHeight: Math.max(56, texts.implicitHeight + 24)
     visible: y > -height
     radius: 16
-    color: look.card
+    color: colors.card
     border.width: 1
-    border.color: Qt.alpha(look.text, 0.15)
+    border.color: Qt.alpha(colors.text, 0.15)
     activeFocusOnTab: true
     Accessible.role: Accessible.AlertMessage
     Accessible.name: support.title + ": " + support.text
     Accessible.focusable: true
-    Accessible.onPressAction: clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-    Keys.onSpacePressed: clicked()
-    Keys.onEscapePressed: support.dismiss()
+    Accessible.onPressAction: open()
+    Keys.onReturnPressed: open()
+    Keys.onEnterPressed: open()
+    Keys.onSpacePressed: open()
+    Keys.onEscapePressed: isShown = false
 
+    Connections {
+        target: banner.support
+
+        function onPushReceived() {
+            banner.isShown = true
+            timer.restart()
+        }
+    }
+    Timer {
+        id: timer
+
+        interval: 12000
+        onTriggered: banner.isShown = false
+    }
     Behavior on y {
         NumberAnimation { duration: 250; easing.type: Easing.OutCubic }
     }
@@ -59,7 +78,7 @@ Rectangle {
             elide: Text.ElideRight
             font.pixelSize: 15
             font.weight: Font.DemiBold
-            color: banner.look.text
+            color: banner.colors.text
             Accessible.ignored: true
         }
         Text {
@@ -70,7 +89,7 @@ Rectangle {
             maximumLineCount: 2
             elide: Text.ElideRight
             font.pixelSize: 14
-            color: banner.look.quiet
+            color: banner.colors.secondaryText
             Accessible.ignored: true
         }
     }
@@ -80,12 +99,12 @@ Rectangle {
         radius: banner.radius + 3
         color: "transparent"
         border.width: 2
-        border.color: banner.look.strong
+        border.color: banner.colors.accent
         visible: banner.activeFocus
     }
     MouseArea {
         anchors.fill: parent
         cursorShape: Qt.PointingHandCursor
-        onClicked: banner.clicked()
+        onClicked: banner.open()
     }
 }

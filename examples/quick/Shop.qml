@@ -2,15 +2,15 @@
 import QtQuick
 import QtQuick.Window
 
-// A small shop, as a host of the messenger.
+// A small shop that hosts the messenger.
 Window {
     id: shop
 
     required property QtObject support
 
-    readonly property Look look: Look { }
+    readonly property ShopColors colors: ShopColors { }
     readonly property int margin: width < 360 ? 12 : 20
-    readonly property int room: Math.min(width, 1160) - 2 * margin
+    readonly property int contentWidth: Math.min(width, 1160) - 2 * margin
 
     width: 412
     height: 860
@@ -18,7 +18,7 @@ Window {
     minimumHeight: 320
     visible: true
     title: "Nordlicht Outdoor"
-    color: look.ground
+    color: colors.background
 
     Flickable {
         anchors.fill: parent
@@ -39,34 +39,34 @@ Window {
             }
 
             Grid {
-                id: shelf
+                id: products
 
-                readonly property real cell: (width - (columns - 1) * spacing) / columns
+                readonly property real cellWidth: (width - (columns - 1) * spacing) / columns
 
                 x: (shop.width - width) / 2
-                width: shop.room
+                width: shop.contentWidth
                 columns: Math.max(2, Math.min(6, Math.floor(width / 170)))
                 spacing: shop.margin * 0.8
 
                 Repeater {
                     model: [
-                        { name: "Fjell 30 pack", price: "129 €", picture: "pack", shade: "#3f7f6c" },
-                        { name: "Regn shell", price: "219 €", picture: "shell", shade: "#3d7ea6" },
-                        { name: "Ull base layer", price: "79 €", picture: "layer", shade: "#c9744a" },
-                        { name: "Stjerne lamp", price: "45 €", picture: "lamp", shade: "#c99a3b" },
-                        { name: "Telt for two", price: "349 €", picture: "tent", shade: "#6f8f5c" },
-                        { name: "Kaffe mug", price: "19 €", picture: "mug", shade: "#a8667a" }
+                        { name: "Fjell 30 pack", price: "129 €", picture: "pack", tint: "#3f7f6c" },
+                        { name: "Regn shell", price: "219 €", picture: "shell", tint: "#3d7ea6" },
+                        { name: "Ull base layer", price: "79 €", picture: "layer", tint: "#c9744a" },
+                        { name: "Stjerne lamp", price: "45 €", picture: "lamp", tint: "#c99a3b" },
+                        { name: "Telt for two", price: "349 €", picture: "tent", tint: "#6f8f5c" },
+                        { name: "Kaffe mug", price: "19 €", picture: "mug", tint: "#a8667a" }
                     ]
 
                     Product {
                         required property var modelData
 
-                        width: shelf.cell
-                        look: shop.look
+                        width: products.cellWidth
+                        colors: shop.colors
                         name: modelData.name
                         price: modelData.price
                         picture: modelData.picture
-                        shade: modelData.shade
+                        tint: modelData.tint
                     }
                 }
             }
@@ -76,20 +76,18 @@ Window {
     HelpButton {
         id: help
 
-        objectName: "helpButton"
         anchors.right: parent.right
         anchors.bottom: parent.bottom
         anchors.margins: shop.margin
         focus: true
-        look: shop.look
+        colors: shop.colors
         onClicked: shop.support.open()
     }
 
     PushBanner {
         width: Math.min(shop.width - 2 * shop.margin, 420)
         anchors.horizontalCenter: parent.horizontalCenter
-        look: shop.look
+        colors: shop.colors
         support: shop.support
-        onClicked: shop.support.tap()
     }
 }

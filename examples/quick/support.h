@@ -2,41 +2,30 @@
 #pragma once
 
 #include <QtCore/QObject>
-#include <QtCore/QTimer>
-#include <QtCore/QUrl>
 #include <QtCore/QVariantMap>
 
-/// The host's side of the messenger: opens it, and shows its pushes as a banner of the host's own.
+/// Connects the shop with the messenger: opens it, and shows its pushes as banners of the shop.
 class Support : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(bool isShown READ isShown NOTIFY changed)
-    Q_PROPERTY(QString title READ title NOTIFY changed)
-    Q_PROPERTY(QString text READ text NOTIFY changed)
+    Q_PROPERTY(QString title MEMBER m_title NOTIFY pushReceived)
+    Q_PROPERTY(QString text MEMBER m_text NOTIFY pushReceived)
 
 public:
-    Support();
-
-    bool isShown() const { return m_isShown; }
-    QString title() const { return m_title; }
-    QString text() const { return m_text; }
-
-    /// A push that has arrived while the host is in the foreground.
-    void receive(const QVariantMap &payload);
+    /// Passes on a push that has arrived while the shop is in the foreground.
+    void receivePush(const QVariantMap &payload);
 
 public Q_SLOTS:
     void open();
-    /// The banner was tapped.
-    void tap();
-    void dismiss();
+    /// The customer has tapped the banner.
+    void openPush();
 
 Q_SIGNALS:
-    void changed();
+    /// A banner has to show the title and the text.
+    void pushReceived();
 
 private:
     QVariantMap m_payload;
     QString m_title;
     QString m_text;
-    QTimer m_away;
-    bool m_isShown = false;
 };

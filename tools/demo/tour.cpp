@@ -15,18 +15,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Look
+struct Visit
 {
     const char *name;
-    QSize size;
+    QSize windowSize;
     bool isDark;
-    /// What a pointer does else, keys do.
-    bool byKeys;
-    /// Of the last message of the conversation that is written in; empty when none is.
-    const char *talk;
+    /// Opens and closes the messenger with the keyboard instead of the pointer.
+    bool usesKeyboard;
+    /// The last message of the conversation to write in; empty to only read one.
+    const char *conversation;
 };
 
-constexpr Look looks[] = {
+constexpr Visit visits[] = {
     {"portrait-light", {412, 860}, false, false, "Here is your label"},
     {"portrait-dark", {412, 860}, true, true, "All three fit"},
     {"landscape-light", {860, 412}, false, true, ""},
@@ -43,127 +43,116 @@ void setAppearance(bool isDark)
     QGuiApplication::setPalette(palette);
 }
 
-class Guide
+class Tour
 {
 public:
-    Guide(QQuickWindow &window, const Tour &tour)
+    Tour(QQuickWindow &window, const TourOptions &options)
         : m_window(window)
-        , m_folder(tour.folder)
-        , m_hasPush(tour.hasPush)
+        , m_folder(options.folder)
+        , m_hasPush(options.hasPush)
         , m_robot(window)
     {
     }
 
-    void visit(const Look &look)
+    void run(const Visit &visit)
     {
-        m_look = QLatin1String(look.name);
+        m_visit = QLatin1String(visit.name);
         m_number = 0;
-        setAppearance(look.isDark);
-        m_window.resize(look.size);
+        setAppearance(visit.isDark);
+        m_window.resize(visit.windowSize);
         m_robot.find(QAccessible::Button, u"Help"_s);
-        take(u"shop"_s);
-        // The first picture of the messenger is opened by a push, where there is one.
-        if (std::exchange(m_hasPush, false))
-            answerPush();
-        else if (look.byKeys)
-            openByKeys();
-        else
-            m_robot.click(m_robot.find(QAccessible::Button, u"Help"_s));
-        seeList();
-        if (*look.talk)
-            talk(QLatin1String(look.talk));
+        saveScreenshot(u"shop"_s);
+        openMessenger(visit.usesKeyboard);
+        firstRow();
+        saveScreenshot(u"list"_s);
+        if (*visit.conversation)
+            writeIn(QLatin1String(visit.conversation));
         else
             readConversation();
-        collapse();
-        pull();
-        close(look.byKeys);
+        collapseHeader();
+        pullToRefresh();
+        closeMessenger(visit.usesKeyboard);
     }
 
 private:
-    void take(const QString &name)
+    void saveScreenshot(const QString &name)
     {
         m_robot.waitForAnimations();
-        const QString file = u"%1/%2-%3-%4.png"_s.arg(m_folder, m_look).arg(++m_number).arg(name);
+        const QString file = u"%1/%2-%3-%4.png"_s.arg(m_folder, m_visit).arg(++m_number).arg(name);
         if (!m_window.grabWindow().save(file))
-            throw std::runtime_error("no picture could be written to " + file.toStdString());
+            throw std::runtime_error("cannot write " + file.toStdString());
         std::printf("%s\n", qPrintable(file));
         std::fflush(stdout);
     }
 
-    void answerPush()
+    void openMessenger(bool usesKeyboard)
     {
-        const QRect banner = m_robot.find(QAccessible::AlertMessage);
-        take(u"banner"_s);
-        m_robot.click(banner);
-    }
-
-    void openByKeys()
-    {
-        m_robot.press(Qt::Key_Tab);
-        m_robot.press(Qt::Key_Return);
+        if (std::exchange(m_hasPush, false)) {
+            const QRect banner = m_robot.find(QAccessible::AlertMessage);
+            saveScreenshot(u"banner"_s);
+            m_robot.click(banner);
+        } else if (usesKeyboard) {
+            m_robot.press(Qt::Key_Tab);
+            m_robot.press(Qt::Key_Return);
+        } else {
+            m_robot.click(m_robot.find(QAccessible::Button, u"Help"_s));
+        }
     }
 
     QRect firstRow() { return m_robot.find(QAccessible::ListItem); }
-
-    void seeList()
-    {
-        firstRow();
-        take(u"list"_s);
-    }
-
-    void collapse()
-    {
-        const QRect before = firstRow();
-        m_robot.turnWheel(-3);
-        m_robot.waitForAnimations();
-        if (firstRow() == before)
-            throw std::runtime_error("the list did not move");
-        take(u"collapsed"_s);
-    }
 
     void readConversation()
     {
         m_robot.click(firstRow());
         const QRect back = m_robot.find(QAccessible::Button, u"Back"_s);
-        take(u"conversation"_s);
+        saveScreenshot(u"conversation"_s);
         m_robot.click(back);
     }
 
-    void talk(const QString &lastMessage)
+    void writeIn(const QString &lastMessage)
     {
         m_robot.click(m_robot.find(QAccessible::ListItem, lastMessage));
-        // The focus is in what is written.
-        m_robot.find(QAccessible::EditableText);
-        take(u"conversation"_s);
+        m_robot.find(QAccessible::EditableText); // It has the focus.
+        saveScreenshot(u"conversation"_s);
         m_robot.type(u"When are you open?"_s);
-        take(u"written"_s);
+        saveScreenshot(u"written"_s);
         m_robot.press(Qt::Key_Return, Qt::ControlModifier);
         m_robot.find(QAccessible::ListItem, u"Mon, Tue"_s);
-        take(u"answered"_s);
+        saveScreenshot(u"answered"_s);
         m_robot.click(m_robot.find(QAccessible::Button, u"Picture "_s));
         m_robot.find(QAccessible::Graphic, u"Picture"_s);
-        take(u"photo"_s);
+        saveScreenshot(u"photo"_s);
         m_robot.press(Qt::Key_Escape);
         m_robot.waitForAnimations();
         m_robot.press(Qt::Key_Escape);
         m_robot.waitForAnimations();
     }
 
-    void pull()
+    void collapseHeader()
+    {
+        const QRect before = firstRow();
+        m_robot.turnWheel(-3);
+        m_robot.waitForAnimations();
+        if (firstRow() == before)
+            throw std::runtime_error("the wheel does not scroll the list");
+        saveScreenshot(u"collapsed"_s);
+    }
+
+    void pullToRefresh()
     {
         m_robot.turnWheel(5);
         m_robot.waitForAnimations();
         m_robot.drag(m_robot.find(QAccessible::Heading, u"Your messages"_s).center(), {0, 180});
-        take(u"pulled"_s);
+        saveScreenshot(u"pulled"_s);
         m_robot.release();
         m_robot.waitForAnimations();
         firstRow();
     }
 
-    void close(bool byKeys)
+    void closeMessenger(bool usesKeyboard)
     {
         const QRect button = m_robot.find(QAccessible::Button, u"Close"_s);
-        if (byKeys)
+        if (usesKeyboard)
             m_robot.press(Qt::Key_Escape);
         else
             m_robot.click(button);
@@ -174,29 +163,29 @@ private:
     const QString m_folder;
     bool m_hasPush;
     tolvane::test::UiRobot m_robot;
-    QString m_look;
+    QString m_visit;
     int m_number = 0;
 };
 
 } // namespace
 
-int takeTour(QQuickWindow &window, const Tour &tour)
+int takeTour(QQuickWindow &window, const TourOptions &options)
 {
     try {
-        if (!QDir().mkpath(tour.folder))
-            throw std::runtime_error("no folder " + tour.folder.toStdString());
-        Guide guide(window, tour);
-        for (const Look &look : looks) {
-            guide.visit(look);
-            if (tour.isBrief)
+        if (!QDir().mkpath(options.folder))
+            throw std::runtime_error("cannot create " + options.folder.toStdString());
+        Tour tour(window, options);
+        for (const Visit &visit : visits) {
+            tour.run(visit);
+            if (options.isBrief)
                 break;
         }
         return EXIT_SUCCESS;
-    } catch (const std::runtime_error &error) {
-        std::fprintf(stderr, "The tour has ended early: %s\n", error.what());
-        const QString file = tour.folder + u"/ended-here.png"_s;
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "The tour failed: %s\n", error.what());
+        const QString file = options.folder + u"/failure.png"_s;
         if (window.grabWindow().save(file))
-            std::fprintf(stderr, "What was to be seen: %s\n", qPrintable(file));
+            std::fprintf(stderr, "The last screenshot: %s\n", qPrintable(file));
         return EXIT_FAILURE;
     }
 }

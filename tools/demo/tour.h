@@ -5,17 +5,17 @@
 
 class QQuickWindow;
 
-struct Tour
+struct TourOptions
 {
-    /// Where the pictures go.
+    /// The folder for the screenshots.
     QString folder;
-    /// One size and colour only.
+    /// Visits one window size and appearance only.
     bool isBrief = false;
-    /// A push is to come before anything is pressed.
+    /// The first visit waits for a push and opens the messenger by its banner.
     bool hasPush = false;
 };
 
-/// Goes through the host and the messenger as a person does, in several sizes, light and dark.
-/// Tells what it does. Returns the exit code, which is no success where something was not to be
-/// found.
-int takeTour(QQuickWindow &window, const Tour &tour);
+/// Operates the shop and the messenger like a customer, in several window sizes, light and dark.
+/// Prints the paths of the screenshots. Returns the exit code: a failure if a control does not
+/// appear in time.
+int takeTour(QQuickWindow &window, const TourOptions &options);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pushclient.h"
+#include "pushes.h"
 #include "support.h"
 #include "testing/ui/uirobot.h"
 
@@ -31,20 +31,19 @@ inline QAbstractItemModel *modelWithRole(const QQuickItem *item, const QByteArra
     return nullptr;
 }
 
-/// A host's window with its push service, and the customer who uses it.
+/// A host's window with its push service, and the customer who uses it. TOLVANE_API_URL must be
+/// set.
 class Customer
 {
 public:
-    explicit Customer(const QString &backend)
-        : pushes(QUrl(backend + u"/push/"_s + QString::fromLatin1(token.toHex())))
-        , robot(window)
+    Customer()
+        : robot(window)
     {
-        QObject::connect(&pushes, &PushClient::pushed, &support, &Support::receive);
         window.resize(412, 1400);
         window.show();
         window.requestActivate();
         Tolvane::initialize(u"key"_s);
-        Tolvane::setDeviceToken(token);
+        pushes = Pushes::listen(u"de71ce"_s, support);
         support.open();
     }
 
@@ -82,11 +81,10 @@ public:
     /// The last message of each ticket, even while the list is covered.
     QStringList tickets() const { return column("preview", "content"); }
 
-    const QByteArray token = "a device";
     QQuickWindow window;
     Support support;
-    PushClient pushes;
-    tolvane::test::UiRobot robot;
+    std::unique_ptr<Pushes> pushes;
+    UiRobot robot;
 };
 
 } // namespace tolvane::test

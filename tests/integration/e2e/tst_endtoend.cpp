@@ -4,13 +4,13 @@
 #include "browser.h"
 #include "customer.h"
 #include "testing/backendprogram.h"
+#include "testing/ui/samples.h"
 #include "testing/waitfor.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QImage>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -18,13 +18,6 @@ using namespace tolvane;
 using namespace tolvane::test;
 
 namespace {
-
-QImage solidImage(Qt::GlobalColor color)
-{
-    QImage image(96, 64, QImage::Format_RGB32);
-    image.fill(color);
-    return image;
-}
 
 QString writeFile(const QString &path, const QByteArray &bytes)
 {
@@ -96,7 +89,7 @@ private:
         m_browser->await(u"document.querySelector('#connection[data-state=live]') !== null"_s);
         m_browser->click(u"#automatic"_s);
         awaitAutomatic(false);
-        m_customer = std::make_unique<Customer>(m_backend->url());
+        m_customer = std::make_unique<Customer>();
     }
 
     void awaitAutomatic(bool isOn)
@@ -222,7 +215,7 @@ private:
         m_customer->clicks(QAccessible::ListItem, m_sent.constLast().left(20));
         m_customer->sees(QAccessible::Heading, u", Available now"_s);
         checkConversation();
-        m_customer->pastes(solidImage(Qt::red));
+        m_customer->pastes(solidImage({96, 64}, Qt::red));
         customerSays(u"This is how it looks"_s);
         m_customer->sees(QAccessible::ListItem, u"AI agent is typing"_s);
         m_browser->await(
@@ -246,7 +239,7 @@ private:
         QStringList files;
         for (const Qt::GlobalColor color : {Qt::green, Qt::blue}) {
             files += m_folder.filePath(u"%1.png"_s.arg(color));
-            if (!solidImage(color).save(files.constLast()))
+            if (!solidImage({96, 64}, color).save(files.constLast()))
                 throw std::runtime_error("a picture cannot be written");
         }
         m_browser->choose(u"#attachment-files"_s, files);
