@@ -38,6 +38,27 @@ inline TicketPreviewDto makePreview(const QString &id = QStringLiteral("t1"))
             .lastMessage = makeMessage(QStringLiteral("last"), words::customer, id)};
 }
 
+/// A branding with the same color everywhere.
+inline BrandingDto sampleBranding()
+{
+    BrandingDto branding;
+    forEachField<BrandingDto>([&](const auto &field) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(branding.*field.member)>, QString>)
+            branding.*field.member = QStringLiteral("#205d4e");
+    });
+    return branding;
+}
+
+/// The records as a JSON array.
+template <typename Record>
+QByteArray encodeList(const QList<Record> &records)
+{
+    QByteArrayList objects;
+    for (const Record &record : records)
+        objects += tolvane::json::encode(record);
+    return '[' + objects.join(',') + ']';
+}
+
 template <typename Record>
 UserInfo userInfo(const Record &record)
 {

@@ -16,16 +16,6 @@ namespace tolvane::test {
 
 using namespace Qt::StringLiterals;
 
-inline BrandingDto branding()
-{
-    BrandingDto branding;
-    forEachField<BrandingDto>([&](const auto &field) {
-        if constexpr (std::is_same_v<std::decay_t<decltype(branding.*field.member)>, QString>)
-            branding.*field.member = u"#205d4e"_s;
-    });
-    return branding;
-}
-
 /// A host with a window and a backend, which can show the messenger.
 struct MessengerFixture : Fixture
 {
@@ -34,7 +24,7 @@ struct MessengerFixture : Fixture
         setKey();
         session->handler = [this](const UrlRequest &request) -> UrlResponse {
             if (request.url.path().endsWith(u"/settings"_s))
-                return answer(branding());
+                return answer(sampleBranding());
             if (isFailing)
                 throw UrlError(UrlError::notConnectedToInternet);
             return test::json(listJson);
@@ -60,10 +50,10 @@ struct MessengerFixture : Fixture
 
     void setTickets(const QList<QString> &ids)
     {
-        QList<QByteArray> rows;
+        QList<TicketPreviewDto> tickets;
         for (const QString &id : ids)
-            rows += tolvane::json::encode(makePreview(id));
-        listJson = '[' + rows.join(',') + ']';
+            tickets += makePreview(id);
+        listJson = encodeList(tickets);
     }
 
     QQuickItem *messenger() const

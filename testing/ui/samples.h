@@ -14,12 +14,12 @@ inline QImage solidImage(const QSize &size, const QColor &color,
     return image;
 }
 
-inline QByteArray encodedImage(const QImage &image, const char *format)
+inline QByteArray encodedImage(const QImage &image, const char *format, int quality = 95)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format, 95);
+    image.save(&buffer, format, quality);
     return bytes;
 }
 

@@ -140,16 +140,16 @@ TicketDto sampleTicket()
 
 QByteArray sampleList()
 {
-    QList<QByteArray> rows;
+    QList<TicketPreviewDto> tickets;
     int number = 0;
     for (const Line &line : lines) {
         TicketPreviewDto preview = makePreview(number == 0 ? u"t1"_s : u"t-%1"_s.arg(number));
         preview.lastMessage = messageOf(line, number);
         preview.state = number == 3 ? words::closed : u"open"_s;
-        rows += json::encode(preview);
+        tickets += preview;
         ++number;
     }
-    return '[' + rows.join(',') + ']';
+    return encodeList(tickets);
 }
 
 QQuickItem *lastIn(QQuickItem *item, const char *type)

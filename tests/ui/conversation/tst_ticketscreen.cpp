@@ -33,7 +33,7 @@ struct TicketScreenFixture : MessengerFixture
         session->handler = [this](const UrlRequest &request) -> UrlResponse {
             const QString path = request.url.path();
             if (path.endsWith(u"/settings"_s))
-                return answer(branding());
+                return answer(sampleBranding());
             if (path.endsWith(u"/tickets"_s))
                 return test::json(listJson);
             if (request.url == QUrl(photo))
