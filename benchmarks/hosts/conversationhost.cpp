@@ -1,23 +1,21 @@
 // SPDX-License-Identifier: MIT
-// Has a conversation in a window and tells what it cost, a line a figure: a number, a blank, and
-// what it is. Its arguments are what to do and with how many messages.
+// tolvane-conversation-host SCENARIO COUNT: runs a scenario of a conversation with this number of
+// messages in a window. Prints each measurement as a line "NUMBER NAME".
 #include "backend/configuration.h"
 #include "backend/wire/json.h"
+#include "benchmarks/support/conversation.h"
 #include "benchmarks/support/countedmalloc.h"
-#include "benchmarks/support/measures.h"
-#include "benchmarks/support/photo.h"
-#include "conversationscene.h"
+#include "benchmarks/support/resourceusage.h"
+#include "conversationfixture.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
+#include "testing/waitfor.h"
 #include "ui/images/asyncimage.h"
 #include "ui/messages/messagelistmodel.h"
 #include "ui/viewer/zoomcontroller.h"
 
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QEventLoop>
 #include <QtCore/QStringListModel>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QWheelEvent>
 
@@ -31,10 +29,11 @@ namespace {
 
 using namespace tolvane;
 using namespace tolvane::bench;
+using namespace std::chrono_literals;
 
-void tell(double figure, const QString &what, int messageCount)
+void report(double figure, const QString &name, int messageCount)
 {
-    std::printf("%f %s with %d messages\n", figure, qPrintable(what), messageCount);
+    std::printf("%f %s with %d messages\n", figure, qPrintable(name), messageCount);
 }
 
 QStringList textsOf(const TicketDto &ticket)
@@ -45,19 +44,19 @@ QStringList textsOf(const TicketDto &ticket)
     return texts;
 }
 
-/// The list of messages, or another that is filled alike.
-struct Scrolled
+/// The list of messages, or a list to compare it with.
+struct List
 {
     HostWindow &window;
     QQuickItem *flickable;
-    /// Whose children the rows are.
+    /// The parent of the rows.
     QQuickItem *rows;
     std::function<void()> goToEnd;
 };
 
-/// From the end to the beginning, at the greatest speed at which anything can be made out. Of each
-/// frame counts the least of several passes: all of them do the same, and noise only ever adds.
-void fling(const Scrolled &list, const QString &name, int messageCount)
+/// Flings from the end to the beginning, at the highest speed at which texts are recognizable.
+/// Takes the minimum of several equal passes for each frame, because noise only adds time.
+void fling(const List &list, const QString &name, int messageCount)
 {
     constexpr double distance = 120;
     constexpr int passes = 3;
@@ -67,24 +66,26 @@ void fling(const Scrolled &list, const QString &name, int messageCount)
         list.flickable->setProperty("contentY",
                                     list.flickable->property("contentY").toDouble() - distance);
     };
-    // What is seen for the first time, such as the letters, is not the list's.
+    // Excludes first-time costs such as the glyph cache.
     for (int warmUp = 0; warmUp < 50; ++warmUp)
         list.window.frame(step);
     for (int pass = 0; pass < passes; ++pass) {
         list.window.frame(list.goToEnd);
-        list.window.rest(500);
+        test::wait(500ms);
         for (std::size_t at = 0; !list.flickable->property("atYBeginning").toBool(); ++at) {
             frames.resize(std::max(frames.size(), at + 1), std::numeric_limits<double>::max());
             frames[at] = std::min(frames[at], list.window.frame(step));
             delegates = std::max(delegates, list.rows->childItems().size());
         }
     }
-    tell(mostOf(frames), QStringLiteral("longest frame of a fling through ") + name, messageCount);
-    tell(medianOf(frames), QStringLiteral("median frame of a fling through ") + name, messageCount);
-    tell(double(delegates), QStringLiteral("most delegates in ") + name, messageCount);
+    report(std::ranges::max(frames), QStringLiteral("longest frame of a fling through ") + name,
+           messageCount);
+    report(medianOf(frames), QStringLiteral("median frame of a fling through ") + name,
+           messageCount);
+    report(double(delegates), QStringLiteral("most delegates in ") + name, messageCount);
 }
 
-void flingThroughMessages(CannedBackend &, int messageCount)
+void flingThroughMessages(ConversationBackend &, int messageCount)
 {
     constexpr const char *page = R"(
         import Tolvane.Private
@@ -95,7 +96,7 @@ void flingThroughMessages(CannedBackend &, int messageCount)
     HostWindow window;
     QQuickItem *list =
         window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
-    window.rest(1000);
+    test::wait(1000ms);
     auto *rows = list->findChild<AnchoredList *>();
     fling({.window = window,
            .flickable = rows->parentItem(),
@@ -110,9 +111,8 @@ void flingThroughMessages(CannedBackend &, int messageCount)
           QStringLiteral("the conversation"), messageCount);
 }
 
-/// The least that could be done for the same texts: rows as high as the messages', with nothing but
-/// text.
-void flingThroughPlainList(CannedBackend &, int messageCount)
+/// The same with a minimal list: rows as high as the messages, with texts only.
+void flingThroughPlainList(ConversationBackend &, int messageCount)
 {
     constexpr const char *page = R"(
         import QtQuick
@@ -146,7 +146,7 @@ void flingThroughPlainList(CannedBackend &, int messageCount)
     QStringListModel model(textsOf(conversation(messageCount)));
     HostWindow window;
     QQuickItem *list = window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
-    window.rest(1000);
+    test::wait(1000ms);
     QQuickItem *rows = list->property("contentItem").value<QQuickItem *>();
     fling({.window = window,
            .flickable = list,
@@ -155,42 +155,42 @@ void flingThroughPlainList(CannedBackend &, int messageCount)
           QStringLiteral("a plain list"), messageCount);
 }
 
-void openConversation(CannedBackend &backend, int messageCount)
+void openConversation(ConversationBackend &backend, int messageCount)
 {
-    ConversationScene scene(backend, messageCount);
-    tell(scene.open(), QStringLiteral("first frame"), messageCount);
+    ConversationFixture fixture(backend, messageCount);
+    report(fixture.open(), QStringLiteral("first frame"), messageCount);
 }
 
-void append(CannedBackend &backend, int messageCount)
+void append(ConversationBackend &backend, int messageCount)
 {
-    ConversationScene scene(backend, messageCount);
-    scene.open();
-    scene.window.rest(1000);
+    ConversationFixture fixture(backend, messageCount);
+    fixture.open();
+    test::wait(1000ms);
     std::vector<double> arrivals;
     std::vector<double> motions;
     for (int i = 0; i < 5; ++i) {
-        MessageDto message = scene.ticket.messages.constLast();
+        MessageDto message = fixture.ticket.messages.constLast();
         message.id += QStringLiteral("-next");
-        message.sender = scene.ticket.messages.at(1).sender;
-        scene.ticket.messages += message;
-        backend.setTicket(scene.ticket);
+        message.sender = fixture.ticket.messages.at(1).sender;
+        fixture.ticket.messages += message;
+        backend.setTicket(fixture.ticket);
         const auto userInfo = UserInfo::fromRecord(message, json::dictionary<MessageDto>);
-        arrivals.push_back(scene.window.frame([&] {
+        arrivals.push_back(fixture.window.frame([&] {
             platform().notificationCenter->post(notifications::didReceiveMessage, userInfo);
         }));
         for (int frame = 0; frame < 30; ++frame) {
-            motions.push_back(scene.window.frame([] {}));
-            scene.window.rest(16);
+            motions.push_back(fixture.window.frame([] {}));
+            test::wait(16ms);
         }
-        // Until it has been confirmed.
-        scene.window.rest(1500);
-        scene.window.await("the message", [&] { return scene.showsItsEnd(); });
+        test::wait(1500ms); // The silent fetch confirms the message.
+        test::waitFor(QStringLiteral("the message"), [&] { return fixture.showsEnd(); });
     }
-    tell(medianOf(arrivals), QStringLiteral("frame with one more message"), messageCount);
-    tell(mostOf(motions), QStringLiteral("longest frame as a message comes in"), messageCount);
+    report(medianOf(arrivals), QStringLiteral("frame with one more message"), messageCount);
+    report(std::ranges::max(motions), QStringLiteral("longest frame as a message comes in"),
+           messageCount);
 }
 
-void appendToPlainList(CannedBackend &, int messageCount)
+void appendToPlainList(ConversationBackend &, int messageCount)
 {
     constexpr const char *page = R"(
         import QtQuick
@@ -208,9 +208,9 @@ void appendToPlainList(CannedBackend &, int messageCount)
     QStringListModel model(textsOf(conversation(messageCount)));
     HostWindow window;
     QQuickItem *list = window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
-    window.rest(1000);
+    test::wait(1000ms);
     QMetaObject::invokeMethod(list, "positionViewAtEnd");
-    window.rest(100);
+    test::wait(100ms);
     std::vector<double> frames;
     for (int i = 0; i < 5; ++i) {
         frames.push_back(window.frame([&] {
@@ -219,32 +219,37 @@ void appendToPlainList(CannedBackend &, int messageCount)
             model.setData(model.index(row), model.stringList().constFirst());
             QMetaObject::invokeMethod(list, "positionViewAtEnd");
         }));
-        window.rest(100);
+        test::wait(100ms);
     }
-    tell(medianOf(frames), QStringLiteral("frame with one more row"), messageCount);
+    report(medianOf(frames), QStringLiteral("frame with one more row"), messageCount);
 }
 
-void quietPoll(CannedBackend &backend, int messageCount)
+void quietPoll(ConversationBackend &backend, int messageCount)
 {
-    ConversationScene scene(backend, messageCount);
-    scene.open();
-    scene.window.rest(1000);
+    ConversationFixture fixture(backend, messageCount);
+    fixture.open();
+    test::wait(1000ms);
     std::vector<double> polls;
     for (int i = 0; i < 20; ++i) {
+        // It signals its beginning, and the arrival of the ticket.
+        int changes = 0;
         QEventLoop loop;
-        QObject::connect(scene.data, &TicketScreenData::ticketChanged, &loop, &QEventLoop::quit);
+        QObject::connect(fixture.data, &TicketScreenData::changed, &loop, [&] {
+            if (++changes == 2)
+                loop.quit();
+        });
         QElapsedTimer duration;
         duration.start();
         const double before = threadMilliseconds();
-        scene.data->appear();
+        fixture.data->appear();
         loop.exec();
-        scene.window.rest(50);
+        test::wait(50ms);
         const double after = threadMilliseconds();
-        // What the screen does by itself meanwhile, such as having the cursor blink.
-        scene.window.rest(int(duration.elapsed()));
+        // Subtracts the screen's other work in the same time, such as the blinking cursor.
+        test::wait(std::chrono::milliseconds(duration.elapsed()));
         polls.push_back((after - before) - (threadMilliseconds() - after));
     }
-    tell(medianOf(polls), QStringLiteral("quiet poll"), messageCount);
+    report(medianOf(polls), QStringLiteral("quiet poll"), messageCount);
 }
 
 void sendKey(QWindow &window, int key, const QString &text)
@@ -255,29 +260,29 @@ void sendKey(QWindow &window, int key, const QString &text)
     }
 }
 
-void typeAmongLines(CannedBackend &backend, int messageCount)
+void typeInLongText(ConversationBackend &backend, int messageCount)
 {
     constexpr int lineCount = 200;
     constexpr int keyCount = 60;
     const QString text =
-        QStringLiteral("A line of what is being written, as long as most.\n").repeated(lineCount);
-    ConversationScene scene(backend, messageCount);
-    scene.open();
-    scene.window.rest(1000);
-    scene.data->composer()->setMessage(text);
-    scene.window.rest(500);
-    QQuickItem *editor = scene.window.activeFocusItem();
+        QStringLiteral("A line of a draft of the customer, as long as most.\n").repeated(lineCount);
+    ConversationFixture fixture(backend, messageCount);
+    fixture.open();
+    test::wait(1000ms);
+    fixture.data->composer()->setMessage(text);
+    test::wait(500ms);
+    QQuickItem *editor = fixture.window.activeFocusItem();
     if (!editor || editor->property("text").toString() != text)
-        qFatal("the text is not where one types");
+        qFatal("The draft is not in the item with the focus");
     editor->setProperty("cursorPosition", text.size() / 2);
     std::vector<double> keys;
     for (int key = 0; key < keyCount; ++key) {
         keys.push_back(
-            scene.window.frame([&] { sendKey(scene.window, Qt::Key_A, QStringLiteral("a")); }));
+            fixture.window.frame([&] { sendKey(fixture.window, Qt::Key_A, QStringLiteral("a")); }));
     }
-    if (scene.data->composer()->message().size() != text.size() + keyCount)
-        qFatal("the keys do not arrive");
-    tell(medianOf(keys), QStringLiteral("key among 200 lines"), messageCount);
+    if (fixture.data->composer()->message().size() != text.size() + keyCount)
+        qFatal("The keys do not arrive");
+    report(medianOf(keys), QStringLiteral("key in 200 lines"), messageCount);
 }
 
 void sendWheel(QWindow &window, const QPoint &pixels, int angle, Qt::KeyboardModifiers modifiers)
@@ -288,16 +293,17 @@ void sendWheel(QWindow &window, const QPoint &pixels, int angle, Qt::KeyboardMod
     QCoreApplication::sendEvent(&window, &event);
 }
 
-void zoom(CannedBackend &, int)
+void zoom(ConversationBackend &, int)
 {
     HostWindow window;
-    QQuickItem *viewer = window.show("import Tolvane.Private\nImageViewer { focus: true }",
-                                     {{QStringLiteral("imageUrl"), CannedBackend::largePhoto}});
+    QQuickItem *viewer =
+        window.show("import Tolvane.Private\nImageViewer { focus: true }",
+                    {{QStringLiteral("imageUrl"), ConversationBackend::largePhoto}});
     auto *picture = viewer->findChild<CachedAsyncImage *>();
-    window.await("the picture", [&] { return !picture->image().isNull(); });
+    test::waitFor(QStringLiteral("the picture"), [&] { return !picture->image().isNull(); });
     if (picture->image().size() != QSize(4000, 3000))
-        qFatal("no picture");
-    window.rest(1000);
+        qFatal("The picture has another size");
+    test::wait(1000ms);
     std::vector<double> steps;
     const int before = largeAllocations();
     for (int step = 0; step < 60; ++step) {
@@ -307,40 +313,40 @@ void zoom(CannedBackend &, int)
         }));
     }
     if (viewer->property("imageState").value<ZoomController *>()->scale() <= 1)
-        qFatal("nothing was zoomed");
+        qFatal("The picture was not zoomed");
     std::printf("%d large allocations of a pinch and pan\n", largeAllocations() - before);
     std::printf("%f median frame of a pinch and pan\n", medianOf(steps));
-    std::printf("%f longest frame of a pinch and pan\n", mostOf(steps));
+    std::printf("%f longest frame of a pinch and pan\n", std::ranges::max(steps));
 }
 
-bool hasAllPictures(const ConversationScene &scene)
+bool hasAllPictures(const ConversationFixture &fixture)
 {
-    const auto pictures = scene.rows->findChildren<ThumbnailAsyncImage *>();
+    const auto pictures = fixture.rows->findChildren<ThumbnailAsyncImage *>();
     return std::ranges::none_of(pictures, [](const ThumbnailAsyncImage *each) {
         return each->isVisible() && each->image().isNull();
     });
 }
 
-void readAll(CannedBackend &backend, int messageCount)
+void readAll(ConversationBackend &backend, int messageCount)
 {
-    ConversationScene scene(backend, messageCount);
-    scene.open();
-    scene.rows->setProperty("isMoving", true);
+    ConversationFixture fixture(backend, messageCount);
+    fixture.open();
+    fixture.rows->setProperty("isMoving", true);
     for (;;) {
-        scene.window.await("the pictures", [&] { return hasAllPictures(scene); });
-        const double start = scene.rows->start();
-        const double place = scene.rows->contentY();
-        if (place <= start)
+        test::waitFor(QStringLiteral("the pictures"), [&] { return hasAllPictures(fixture); });
+        const double start = fixture.rows->start();
+        const double position = fixture.rows->contentY();
+        if (position <= start)
             break;
-        scene.window.frame([&] { scene.scrollTo(std::max(start, place - 400)); });
+        fixture.window.frame([&] { fixture.scrollTo(std::max(start, position - 400)); });
     }
-    tell(peakMebibytes(), QStringLiteral("peak memory"), messageCount);
+    report(peakMebibytes(), QStringLiteral("peak memory"), messageCount);
 }
 
 struct Scenario
 {
     const char *name;
-    void (*run)(CannedBackend &backend, int messageCount);
+    void (*run)(ConversationBackend &backend, int messageCount);
 };
 
 constexpr std::array scenarios = {
@@ -350,7 +356,7 @@ constexpr std::array scenarios = {
     Scenario{"poll", quietPoll},
     Scenario{"fling", flingThroughMessages},
     Scenario{"fling-plain", flingThroughPlainList},
-    Scenario{"type", typeAmongLines},
+    Scenario{"type", typeInLongText},
     Scenario{"zoom", zoom},
     Scenario{"read", readAll},
 };
@@ -359,20 +365,13 @@ constexpr std::array scenarios = {
 
 int main(int argc, char **argv)
 {
-    // All of a frame's work on one thread, to be measured there.
+    // Does all work for a frame on the main thread, where it is measured.
     qputenv("QSG_RENDER_LOOP", "basic");
     qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
     const QGuiApplication app(argc, argv);
-    const QTemporaryDir caches;
-    auto installed = std::make_unique<Platform>(makeProductionPlatform());
-    auto network = std::make_unique<CannedBackend>();
-    CannedBackend &backend = *network;
-    installed->urlSession = std::move(network);
-    installed->makeUrlCache = [&](UrlCache::Settings settings) {
-        settings.diskPath = caches.filePath(settings.diskPath);
-        return makeUrlCache(settings);
-    };
-    exchangePlatform(std::move(installed));
+    ConversationBackend backend;
+    const HostPlatform installed(std::make_unique<WorkerSession>(
+        [&backend](const UrlRequest &request) { return backend.bodyFor(request); }));
     Configuration::shared().setApiKeyOnce(QStringLiteral("key"));
     qml_register_types_Tolvane_Private();
 
@@ -380,7 +379,7 @@ int main(int argc, char **argv)
         return argc == 3 && qstrcmp(each.name, argv[1]) == 0;
     });
     if (scenario == scenarios.end())
-        qFatal("what is there to do?");
+        qFatal("usage: tolvane-conversation-host SCENARIO COUNT");
     QTimer::singleShot(0, [&] {
         scenario->run(backend, QByteArray(argv[2]).toInt());
         QGuiApplication::quit();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "frames.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
@@ -10,12 +9,6 @@
 #include <ctime>
 
 namespace tolvane::bench {
-
-namespace {
-
-constexpr int patience = 20'000;
-
-} // namespace
 
 double now()
 {
@@ -34,54 +27,37 @@ double processorTime()
     return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
 }
 
-void pause(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-void waitUntil(const std::function<bool()> &holds)
-{
-    const double end = now() + patience;
-    while (!holds()) {
-        if (now() > end)
-            qFatal("what the benchmark waits for does not happen");
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
-    }
-}
-
 double nextFrame(QQuickWindow &window)
 {
-    // Both signals come from the thread that draws, the first while the main thread waits.
-    std::atomic<bool> isTakenOver = false;
+    // The render thread emits both signals, the first one while the main thread is blocked.
+    std::atomic<bool> isSynchronized = false;
     std::atomic<double> shownAt = 0;
     QEventLoop loop;
     QObject::connect(
-        &window, &QQuickWindow::afterSynchronizing, &loop, [&] { isTakenOver = true; },
+        &window, &QQuickWindow::afterSynchronizing, &loop, [&] { isSynchronized = true; },
         Qt::DirectConnection);
     QObject::connect(
         &window, &QQuickWindow::frameSwapped, &loop,
         [&] {
-            if (!isTakenOver || shownAt > 0)
+            if (!isSynchronized || shownAt > 0)
                 return;
             shownAt = now();
             QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
         },
         Qt::DirectConnection);
-    QTimer::singleShot(patience, &loop, [] { qFatal("no frame is drawn"); });
+    QTimer::singleShot(20'000, &loop, [] { qFatal("No frame is rendered"); });
     window.update();
     loop.exec();
     return shownAt;
 }
 
-SteadyTime::SteadyTime(QQuickWindow &window)
+FixedStepDriver::FixedStepDriver(QQuickWindow &window)
     : m_window(window)
 {
     install();
 }
 
-double SteadyTime::frame(int milliseconds)
+double FixedStepDriver::frame(int milliseconds)
 {
     const double before = processorTime();
     m_elapsed += milliseconds;

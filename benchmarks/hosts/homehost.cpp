@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A host that has been running for a while, and the messenger in it. Does what it is told by its
-// first argument, and tells what that took in lines of a name and a number.
+// tolvane-home-host SCENARIO: runs a scenario of the home screen in a host that is already running.
+// Prints each measurement as a line "NAME: NUMBER".
 #include "frames.h"
 #include "runninghost.h"
 #include "testing/replacements.h"
+#include "testing/waitfor.h"
 
 #include <tolvane/tolvane.h>
 #include <tolvane/views.h>
@@ -22,19 +23,20 @@ namespace {
 
 using namespace tolvane;
 using namespace tolvane::bench;
+using namespace std::chrono_literals;
 
-void tell(const char *name, double number)
+void report(const char *name, double number)
 {
     std::printf("%s: %f\n", name, number);
 }
 
-/// What belongs to this process alone, in MiB, without what the allocator only holds back.
-double ownMemory()
+/// The private memory of this process in MiB, without unused pages of the allocator.
+double privateMemory()
 {
     malloc_trim(0);
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("the system does not tell how much memory is used");
+        qFatal("Cannot read the memory usage");
     double kibibytes = 0;
     for (const QByteArray &line : file.readAll().split('\n')) {
         if (line.startsWith("Private_"))
@@ -43,7 +45,7 @@ double ownMemory()
     return kibibytes / 1024;
 }
 
-/// What is allocated, in mebibytes: of little that adds up, pages tell too roughly.
+/// The allocated memory in MiB. It is more precise than pages for small leaks.
 double heap()
 {
     const struct mallinfo2 info = mallinfo2();
@@ -54,11 +56,11 @@ void initialize()
 {
     const double before = now();
     Tolvane::initialize(QStringLiteral("key"));
-    tell("initialize with views", now() - before);
+    report("initialize with views", now() - before);
     test::settle();
 }
 
-/// To the first frame that has the messenger in it.
+/// @returns the time to the first frame with the messenger, in ms
 double open(RunningHost &host)
 {
     const double before = now();
@@ -69,60 +71,60 @@ double open(RunningHost &host)
 void close(RunningHost &host)
 {
     host.screen().close();
-    waitUntil([&host] { return !host.messenger(); });
+    test::waitFor(QStringLiteral("the messenger to close"), [&host] { return !host.messenger(); });
     test::settle();
 }
 
-/// The first time and later ones; the memory meanwhile and afterwards.
+/// Measures the first opening, later ones, and the memory while the messenger is open and closed.
 void opening()
 {
     RunningHost host(20);
     initialize();
-    pause(2000);
-    const double before = ownMemory();
-    tell("first open", open(host));
+    test::wait(2000ms);
+    const double before = privateMemory();
+    report("first open", open(host));
     host.waitForList();
-    pause(3000);
-    tell("presentation's memory", ownMemory() - before);
+    test::wait(3000ms);
+    report("presentation's memory", privateMemory() - before);
     close(host);
-    pause(1000);
-    tell("memory after closing", ownMemory() - before);
+    test::wait(1000ms);
+    report("memory after closing", privateMemory() - before);
     for (int round = 0; round < 5; ++round) {
-        tell("later open", open(host));
-        pause(500);
+        report("later open", open(host));
+        test::wait(500ms);
         close(host);
-        pause(200);
+        test::wait(200ms);
     }
 }
 
-/// What the host would see of an interface of its own, in an engine of its own.
+/// The same with a minimal interface of the host, in an engine of its own.
 void openingPlain()
 {
     RunningHost host(20);
-    pause(500);
+    test::wait(500ms);
     const double began = now();
     QQmlEngine engine;
-    std::unique_ptr<QQuickItem> view(host.showPlain(engine));
-    tell("first plain view", nextFrame(host.window()) - began);
+    std::unique_ptr<QQuickItem> view = host.showPlain(engine);
+    report("first plain view", nextFrame(host.window()) - began);
     view.reset();
     for (int round = 0; round < 5; ++round) {
-        pause(200);
+        test::wait(200ms);
         const double begins = now();
-        view.reset(host.showPlain(engine));
-        tell("later plain view", nextFrame(host.window()) - begins);
-        pause(500);
+        view = host.showPlain(engine);
+        report("later plain view", nextFrame(host.window()) - begins);
+        test::wait(500ms);
         view.reset();
     }
 }
 
-/// From the rows' arrival to the frame that has them.
+/// Measures from the arrival of the rows to the frame that shows them.
 void loading(int count)
 {
     RunningHost host(count);
     initialize();
     open(host);
     host.waitForList();
-    pause(500);
+    test::wait(500ms);
     for (int round = 0; round < 5; ++round) {
         close(host);
         Tolvane::open();
@@ -130,20 +132,20 @@ void loading(int count)
         QObject::connect(host.screen().tickets(), &QAbstractItemModel::rowsAboutToBeInserted,
                          &host.screen(), [&arrived] { arrived = now(); });
         host.waitForList();
-        tell(qPrintable(QStringLiteral("%1 tickets painted").arg(count)),
-             nextFrame(host.window()) - arrived);
-        pause(500);
+        report(qPrintable(QStringLiteral("%1 tickets painted").arg(count)),
+               nextFrame(host.window()) - arrived);
+        test::wait(500ms);
     }
 }
 
-/// A refresh that brings one row in another state.
+/// Counts the delegates that a refresh with one changed row creates again.
 void refreshing()
 {
     RunningHost host(1000);
     initialize();
     open(host);
     host.waitForList();
-    pause(1000);
+    test::wait(1000ms);
     QQuickItem *rows =
         RunningHost::listIn(host.messenger())->property("contentItem").value<QQuickItem *>();
     QHash<QQuickItem *, QPointer<QQuickItem>> before;
@@ -154,15 +156,15 @@ void refreshing()
                      [&isChanged] { isChanged = true; });
     host.tickets()[1].lastMessage.content = QStringLiteral("Something else");
     host.screen().reload();
-    waitUntil([&isChanged] { return isChanged; });
+    test::waitFor(QStringLiteral("the refresh"), [&isChanged] { return isChanged; });
     nextFrame(host.window());
     const auto items = rows->childItems();
-    tell("rows built anew",
-         std::ranges::count_if(items, [&](QQuickItem *item) { return !before.value(item); }));
+    report("rebuilt rows",
+           std::ranges::count_if(items, [&](QQuickItem *item) { return !before.value(item); }));
 }
 
-/// From the top of a list to its end, by flings one upon the other; what each frame took.
-void fling(const char *name, QQuickItem *list, SteadyTime &time)
+/// Flings a list from its top to its end and reports the processor time of each frame.
+void fling(const char *name, QQuickItem *list, FixedStepDriver &driver)
 {
     constexpr double velocity = 30'000;
     constexpr int framesToFling = 30;
@@ -171,62 +173,62 @@ void fling(const char *name, QQuickItem *list, SteadyTime &time)
     while (!list->property("atYEnd").toBool()) {
         if (costs.size() % framesToFling == 0 &&
             !QMetaObject::invokeMethod(list, "flick", Q_ARG(qreal, 0), Q_ARG(qreal, -velocity)))
-            qFatal("the list cannot be flung");
-        costs += time.frame();
+            qFatal("The list cannot be flung");
+        costs += driver.frame();
     }
     for (const double cost : costs)
-        tell(name, cost);
+        report(name, cost);
 }
 
 void flinging(bool isPlain)
 {
     qputenv("QSG_RENDER_LOOP", "basic");
     RunningHost host(10'000);
-    SteadyTime time(host.window());
+    FixedStepDriver driver(host.window());
     QQmlEngine engine;
     if (isPlain) {
-        std::unique_ptr<QQuickItem> view(host.showPlain(engine));
-        time.frame();
-        fling("plain frame", RunningHost::listIn(view.get()), time);
+        std::unique_ptr<QQuickItem> view = host.showPlain(engine);
+        driver.frame();
+        fling("plain frame", RunningHost::listIn(view.get()), driver);
         return;
     }
     initialize();
     open(host);
     host.waitForList();
     for (int frame = 0; frame < 60; ++frame)
-        time.frame();
-    fling("frame", RunningHost::listIn(host.messenger()), time);
+        driver.frame();
+    fling("frame", RunningHost::listIn(host.messenger()), driver);
 }
 
-/// The memory that is left of many showings.
-void again()
+/// Measures the memory that many presentations leave behind.
+void reopening()
 {
     constexpr int rounds = 200;
     qputenv("QSG_RENDER_LOOP", "basic");
     RunningHost host(20);
-    SteadyTime time(host.window());
+    FixedStepDriver driver(host.window());
     initialize();
     double before = 0;
     for (int round = -20; round < rounds; ++round) {
-        RunningHost::forgetRequests();
+        RunningHost::clearRequests();
         if (round == 0)
             before = heap();
         open(host);
         host.waitForList();
-        time.frame(500);
+        driver.frame(500);
         host.screen().close();
         while (host.messenger())
-            time.frame(500);
+            driver.frame(500);
         test::settle();
     }
-    tell("KiB left of one showing", (heap() - before) * 1024 / rounds);
+    report("KiB left by one presentation", (heap() - before) * 1024 / rounds);
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    const QHash<QString, std::function<void()>> modes = {
+    const QHash<QString, std::function<void()>> scenarios = {
         {QStringLiteral("opening"), opening},
         {QStringLiteral("openingPlain"), openingPlain},
         {QStringLiteral("loadingFew"), [] { loading(20); }},
@@ -234,12 +236,12 @@ int main(int argc, char **argv)
         {QStringLiteral("refreshing"), refreshing},
         {QStringLiteral("flinging"), [] { flinging(false); }},
         {QStringLiteral("flingingPlain"), [] { flinging(true); }},
-        {QStringLiteral("again"), again},
+        {QStringLiteral("reopening"), reopening},
     };
     const QGuiApplication app(argc, argv);
-    const auto mode = modes.constFind(QString::fromLatin1(argc > 1 ? argv[1] : ""));
-    if (mode == modes.cend())
-        qFatal("no such mode");
-    (*mode)();
+    const auto scenario = scenarios.constFind(QString::fromLatin1(argc > 1 ? argv[1] : ""));
+    if (scenario == scenarios.cend())
+        qFatal("usage: tolvane-home-host SCENARIO");
+    (*scenario)();
     return 0;
 }

@@ -3,16 +3,15 @@
 
 #include "backend/wire/json.h"
 #include "frames.h"
-#include "platform/platform.h"
-#include "testing/replacements.h"
-
-#include <QtQml/QQmlEngine>
+#include "testing/samplerecords.h"
+#include "testing/ui/createitem.h"
+#include "testing/waitfor.h"
 
 namespace tolvane::bench {
 
 namespace {
 
-/// The host's own scene: texts in a list, and something that never rests.
+/// The host's own scene: a list of texts, and an endless animation.
 constexpr const char *hostPage = R"(
     import QtQuick
     Rectangle {
@@ -29,7 +28,7 @@ constexpr const char *hostPage = R"(
     }
 )";
 
-/// What any interface of the kind has: a header, rows with texts, a button. Nothing more.
+/// A minimal interface of the same kind: a header, rows with texts, a button.
 constexpr const char *plainPage = R"(
     import QtQuick
     Rectangle {
@@ -64,41 +63,36 @@ constexpr const char *plainPage = R"(
 
 TicketPreviewDto preview(int index)
 {
-    const bool isAgent = index % 3 == 0;
-    return {
-        .id = QStringLiteral("ticket-%1").arg(index),
-        .state = index % 5 == 4 ? QStringLiteral("closed") : QStringLiteral("open"),
-        .lastMessage = {.id = QStringLiteral("message-%1").arg(index),
-                        .ticketId = QStringLiteral("ticket-%1").arg(index),
-                        .sender = {.id = QStringLiteral("sender"),
-                                   .name = QStringLiteral("Ada"),
-                                   .profilePicture = {},
-                                   .type = isAgent ? words::aiAgent : words::humanAgent},
-                        .content = QStringLiteral("The last message in conversation %1").arg(index),
-                        .isRead = index % 2 == 0,
-                        .timestamp = QStringLiteral("2026-03-14T12:00:00+0000"),
-                        .attachments = {}}};
+    const QString id = QStringLiteral("ticket-%1").arg(index);
+    TicketPreviewDto preview = test::makePreview(id);
+    preview.state = index % 5 == 4 ? words::closed : QStringLiteral("open");
+    preview.lastMessage =
+        test::makeMessage(QStringLiteral("message-%1").arg(index),
+                          index % 3 == 0 ? words::aiAgent : words::humanAgent, id);
+    preview.lastMessage.sender.name = QStringLiteral("Ada");
+    preview.lastMessage.content = QStringLiteral("The last message in conversation %1").arg(index);
+    preview.lastMessage.isRead = index % 2 == 0;
+    return preview;
 }
 
-QByteArray listJson(const QList<TicketPreviewDto> &tickets)
+BrandingDto readableBranding()
 {
-    QByteArrayList rows;
-    for (const TicketPreviewDto &ticket : tickets)
-        rows += json::encode(ticket);
-    return '[' + rows.join(',') + ']';
-}
-
-BrandingDto branding()
-{
-    BrandingDto branding;
-    forEachField<BrandingDto>([&](const auto &field) {
-        if constexpr (std::is_same_v<std::decay_t<decltype(branding.*field.member)>, QString>)
-            branding.*field.member = QStringLiteral("#205d4e");
-    });
+    BrandingDto branding = test::sampleBranding();
     branding.accentLight = QStringLiteral("#ffffff");
     branding.chatBackgroundLight = QStringLiteral("#ffffff");
     branding.bubbleAgentLight = QStringLiteral("#eeeeee");
     return branding;
+}
+
+std::unique_ptr<UrlSession> makeSession(const QList<TicketPreviewDto> &tickets)
+{
+    auto session = std::make_unique<test::ScriptedSession>();
+    session->handler = [&tickets](const UrlRequest &request) {
+        const bool isSettings = request.url.path().endsWith(QLatin1String("/settings"));
+        return test::json(isSettings ? json::encode(readableBranding())
+                                     : test::encodeList(tickets));
+    };
+    return session;
 }
 
 QQuickItem *findList(QQuickItem *item)
@@ -115,39 +109,20 @@ QQuickItem *findList(QQuickItem *item)
 } // namespace
 
 RunningHost::RunningHost(int tickets)
+    : m_platform(makeSession(m_tickets))
 {
     for (int index = 0; index < tickets; ++index)
         m_tickets += preview(index);
-    installPlatform();
-    QQmlComponent component(m_window.engine());
-    component.setData(hostPage, QUrl());
-    m_window.setContent({}, nullptr, component.create());
+    platform().preferences = std::make_unique<test::MemoryPreferences>();
+    QQuickItem *page = test::createItem(*m_window.engine(), hostPage).release();
+    m_window.setContent({}, nullptr, page);
     m_window.show();
     m_window.requestActivate();
     nextFrame(m_window);
-    pause(500);
+    test::wait(std::chrono::milliseconds(500));
 }
 
-void RunningHost::installPlatform()
-{
-    auto installed = std::make_unique<Platform>(makeProductionPlatform());
-    installed->preferences = std::make_unique<test::MemoryPreferences>();
-    auto session = std::make_unique<test::ScriptedSession>();
-    session->handler = [this](const UrlRequest &request) {
-        const bool isSettings = request.url.path().endsWith(QLatin1String("/settings"));
-        return UrlResponse{.status = 200,
-                           .headers = {{"Content-Type", "application/json"}},
-                           .body = isSettings ? json::encode(branding()) : listJson(m_tickets)};
-    };
-    installed->urlSession = std::move(session);
-    installed->makeUrlCache = [this](UrlCache::Settings settings) {
-        settings.diskPath = m_caches.filePath(settings.diskPath);
-        return makeUrlCache(settings);
-    };
-    exchangePlatform(std::move(installed));
-}
-
-void RunningHost::forgetRequests()
+void RunningHost::clearRequests()
 {
     static_cast<test::ScriptedSession &>(*platform().urlSession).requests.clear();
 }
@@ -168,25 +143,22 @@ ScreenData &RunningHost::screen() const
 
 void RunningHost::waitForList() const
 {
-    waitUntil([this] { return screen().state() == QLatin1String("loaded"); });
+    test::waitFor(QStringLiteral("the list"),
+                  [this] { return screen().state() == QLatin1String("loaded"); });
 }
 
-QQuickItem *RunningHost::showPlain(QQmlEngine &engine)
+std::unique_ptr<QQuickItem> RunningHost::showPlain(QQmlEngine &engine)
 {
-    QQmlComponent component(&engine);
-    component.setData(plainPage, QUrl());
-    auto *view = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
-        {{QStringLiteral("parent"), QVariant::fromValue(m_window.contentItem())}}));
-    if (!view)
-        qFatal("%s", qPrintable(component.errorString()));
-    return view;
+    return test::createItem(
+        engine, plainPage,
+        {{QStringLiteral("parent"), QVariant::fromValue(m_window.contentItem())}});
 }
 
 QQuickItem *RunningHost::listIn(QQuickItem *view)
 {
     QQuickItem *list = findList(view);
     if (!list)
-        qFatal("there is no list");
+        qFatal("The view has no list");
     return list;
 }
 

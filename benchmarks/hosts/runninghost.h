@@ -1,46 +1,45 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "benchmarks/support/hostplatform.h"
 #include "ui/home/screendata.h"
 
-#include <QtCore/QTemporaryDir>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickView>
 
+#include <memory>
+
 namespace tolvane::bench {
 
-/// A host: a window that is up and draws, and a backend within the process that has so many
-/// tickets.
+/// A host with a window that is shown, and a backend in the same process.
 class RunningHost
 {
 public:
+    /// @param tickets the number of tickets in the backend
     explicit RunningHost(int tickets);
 
     QQuickView &window() { return m_window; }
-    /// What the backend has; may be changed.
+    /// The tickets in the backend. They may be changed.
     QList<TicketPreviewDto> &tickets() { return m_tickets; }
 
-    /// The messenger's view while it is there, else null.
+    /// The messenger's view; null while the messenger is closed.
     QQuickItem *messenger() const;
-    /// Of the messenger that is there.
+    /// The messenger must be open.
     ScreenData &screen() const;
     void waitForList() const;
-    /// The network that stands in keeps all that it was asked.
-    static void forgetRequests();
+    /// Frees the requests that the replaced network records.
+    static void clearRequests();
 
-    /// Shows something of the host's own over all that it has: a header, rows with texts, a button,
-    /// and nothing more. With 10,000 rows.
-    /// @returns what goes away as it is deleted
-    QQuickItem *showPlain(QQmlEngine &engine);
+    /// Shows a minimal interface of the host above its scene, with 10,000 rows.
+    /// @returns the view; its destruction hides it
+    std::unique_ptr<QQuickItem> showPlain(QQmlEngine &engine);
 
-    /// The list in a view. Ends the program where there is none.
+    /// The list in a view, which must have one.
     static QQuickItem *listIn(QQuickItem *view);
 
 private:
-    void installPlatform();
-
-    const QTemporaryDir m_caches;
     QList<TicketPreviewDto> m_tickets;
+    HostPlatform m_platform;
     QQuickView m_window;
 };
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Scrolls through a thousand pictures in a window, then tells the main thread's time and the peak
-// of the process's memory. With "plain", rectangles take the place of the pictures, for comparison.
-#include "benchmarks/support/measures.h"
+// tolvane-thumbnail-host [plain]: scrolls through a thousand pictures in a window. Prints the
+// processor time of the main thread for each, in ms, and the peak memory of the process, in MiB.
+// With "plain" it shows rectangles instead of the pictures, for comparison.
+#include "benchmarks/support/hostplatform.h"
 #include "benchmarks/support/photo.h"
-#include "platform/platform.h"
+#include "benchmarks/support/resourceusage.h"
+#include "testing/ui/createitem.h"
 
-#include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
-#include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickView>
 
 #include <cstdio>
@@ -58,49 +58,23 @@ constexpr const char *page = R"(
     }
 )";
 
-/// Answers each request with bytes of its own, as a network would.
-class PhotoSession final : public UrlSession
-{
-public:
-    QFuture<UrlResponse> send(std::function<UrlRequest()>) override
-    {
-        return platform().workers->run([this] {
-            return UrlResponse{.status = 200,
-                               .headers = {},
-                               .body = QByteArray(m_photo.constData(), m_photo.size())};
-        });
-    }
-
-private:
-    const QByteArray m_photo = bench::photo({2400, 1800});
-};
-
 } // namespace
 
 int main(int argc, char **argv)
 {
     const QGuiApplication app(argc, argv);
-    const QTemporaryDir caches;
-    auto installed = std::make_unique<Platform>(makeProductionPlatform());
-    installed->urlSession = std::make_unique<PhotoSession>();
-    installed->makeUrlCache = [&](UrlCache::Settings settings) {
-        settings.diskPath = caches.filePath(settings.diskPath);
-        return makeUrlCache(settings);
-    };
-    exchangePlatform(std::move(installed));
+    const bench::HostPlatform installed(std::make_unique<bench::WorkerSession>(
+        [photo = bench::photo({2400, 1800})](const UrlRequest &) { return photo; }));
     qml_register_types_Tolvane_Private();
 
     QQuickView view;
-    QQmlComponent component(view.engine());
-    component.setData(page, QUrl());
-    auto *grid = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
-        {{QStringLiteral("isPlain"), argc > 1 && qstrcmp(argv[1], "plain") == 0}}));
-    if (!grid)
-        qFatal("%s", qPrintable(component.errorString()));
+    const bool isPlain = argc > 1 && qstrcmp(argv[1], "plain") == 0;
+    QQuickItem *grid =
+        test::createItem(*view.engine(), page, {{QStringLiteral("isPlain"), isPlain}}).release();
     view.setContent({}, nullptr, grid);
     view.show();
 
-    // A row further at a pace that the workers keep up with.
+    // Scrolls by one row at a pace that the workers keep up with.
     const double before = bench::threadMilliseconds();
     int row = 0;
     QTimer step;

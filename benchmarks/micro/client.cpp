@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apiclient.h"
-#include "benchmarks/support/processes.h"
 #include "platform/async/awaitfuture.h"
+#include "testing/backendprogram.h"
 
 #include <QtCore/QEventLoop>
 #include <QtNetwork/QNetworkAccessManager>
@@ -13,7 +13,7 @@ namespace tolvane::bench {
 
 namespace {
 
-/// Set for both, so that the customer they ask for is the same.
+/// Both requests name the same customer.
 constexpr auto customer = "01jbenchbenchbenchbenchbe0";
 
 QCoro::Task<> fetchAndQuit(QEventLoop &loop)
@@ -30,7 +30,7 @@ QCoro::Task<> fetchAndQuit(QEventLoop &loop)
 
 void requestThroughClient(benchmark::State &state)
 {
-    const Backend backend;
+    const test::BackendProgram backend;
     qputenv("TOLVANE_API_URL", backend.url().toUtf8());
     for (auto _ : state) {
         QEventLoop loop;
@@ -44,7 +44,7 @@ BENCHMARK(requestThroughClient)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 void requestThroughBareManager(benchmark::State &state)
 {
-    const Backend backend;
+    const test::BackendProgram backend;
     QNetworkAccessManager manager;
     QNetworkRequest request(backend.url() + QStringLiteral("/tickets"));
     request.setRawHeader("X-Tolvane-Customer", customer);

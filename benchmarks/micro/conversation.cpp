@@ -2,7 +2,7 @@
 #include "conversation.h"
 
 #include "benchmarks/support/figures.h"
-#include "benchmarks/support/processes.h"
+#include "testing/process.h"
 
 namespace tolvane::bench {
 
@@ -12,8 +12,8 @@ struct Run
 {
     const char *scenario;
     int messageCount;
-    /// Noise only ever adds: what is short is measured more often.
-    int times;
+    /// The minimum counts, because noise only adds time. Short runs are repeated more often.
+    int repetitions;
 };
 
 constexpr Run runs[] = {
@@ -35,10 +35,10 @@ constexpr Run runs[] = {
 void measureConversation(Figures &figures)
 {
     for (const Run &run : runs) {
-        for (int time = 0; time < run.times; ++time) {
-            const QByteArray output =
-                outputOf(QStringLiteral(TOLVANE_CONVERSATION_HOST),
-                         {QString::fromLatin1(run.scenario), QString::number(run.messageCount)});
+        for (int repetition = 0; repetition < run.repetitions; ++repetition) {
+            const QByteArray output = test::outputOf(
+                QStringLiteral(TOLVANE_CONVERSATION_HOST),
+                {QString::fromLatin1(run.scenario), QString::number(run.messageCount)});
             for (const QByteArray &line : output.trimmed().split('\n')) {
                 const qsizetype blank = line.indexOf(' ');
                 figures.record(line.sliced(blank + 1).toStdString(), line.first(blank).toDouble());

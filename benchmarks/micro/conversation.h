@@ -5,9 +5,8 @@ namespace tolvane::bench {
 
 class Figures;
 
-/// Records what the conversation's screen costs the main thread (ms), how many delegates it has and
-/// how much memory it takes (MiB), for a short and a long conversation, and the same of plain
-/// lists. Needs a display.
+/// Records the main thread's time (ms), the delegates and the memory (MiB) of the conversation's
+/// screen, for a short and a long conversation, and of plain lists. Needs a display.
 void measureConversation(Figures &figures);
 
 } // namespace tolvane::bench

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "backend/wire/json.h"
-#include "benchmarks/support/samples.h"
+#include "benchmarks/support/conversation.h"
 
 #include <QtCore/QJsonDocument>
 
@@ -12,7 +12,7 @@ namespace {
 
 void decodeTicket(benchmark::State &state)
 {
-    const QByteArray bytes = ticketJson(10'000);
+    const QByteArray bytes = conversationJson(10'000);
     for (auto _ : state)
         benchmark::DoNotOptimize(json::decode<TicketDto>(bytes));
     state.SetBytesProcessed(state.iterations() * bytes.size());
@@ -21,7 +21,7 @@ BENCHMARK(decodeTicket)->Unit(benchmark::kMillisecond);
 
 void parseWithQJsonDocument(benchmark::State &state)
 {
-    const QByteArray bytes = ticketJson(10'000);
+    const QByteArray bytes = conversationJson(10'000);
     for (auto _ : state)
         benchmark::DoNotOptimize(QJsonDocument::fromJson(bytes));
     state.SetBytesProcessed(state.iterations() * bytes.size());

@@ -2,9 +2,9 @@
 #include "homescreen.h"
 
 #include "benchmarks/support/figures.h"
+#include "testing/process.h"
 
 #include <QtCore/QMap>
-#include <QtCore/QProcess>
 
 #include <algorithm>
 
@@ -12,20 +12,14 @@ namespace tolvane::bench {
 
 namespace {
 
-/// The numbers that a host told, by their name, in their order.
+/// The numbers that a host has printed, in order, by name.
 using Numbers = QMap<QByteArray, QList<double>>;
 
-Numbers numbersOf(const QString &mode)
+Numbers numbersOf(const QString &scenario)
 {
-    constexpr int patience = 600'000;
-    QProcess host;
-    host.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    host.start(QStringLiteral(TOLVANE_HOME_HOST), {mode});
-    if (!host.waitForFinished(patience) || host.exitStatus() != QProcess::NormalExit ||
-        host.exitCode() != 0)
-        qFatal("the home screen's host failed: %s", qPrintable(mode));
+    const QByteArray output = test::outputOf(QStringLiteral(TOLVANE_HOME_HOST), {scenario});
     Numbers numbers;
-    for (const QByteArray &line : host.readAllStandardOutput().split('\n')) {
+    for (const QByteArray &line : output.split('\n')) {
         const QByteArrayList parts = line.split(':');
         if (parts.size() == 2)
             numbers[parts.at(0)] += parts.at(1).toDouble();
@@ -33,36 +27,36 @@ Numbers numbersOf(const QString &mode)
     return numbers;
 }
 
-/// Of several runs, number by number: noise only ever adds.
-Numbers leastNumbersOf(const QString &mode, int runs)
+/// The minimum of each number in several runs, because noise only adds time.
+Numbers minimumOf(const QString &scenario, int runs)
 {
-    Numbers least = numbersOf(mode);
+    Numbers minimum = numbersOf(scenario);
     for (int run = 1; run < runs; ++run) {
-        const Numbers others = numbersOf(mode);
-        for (auto numbers = least.begin(); numbers != least.end(); ++numbers) {
+        const Numbers others = numbersOf(scenario);
+        for (auto numbers = minimum.begin(); numbers != minimum.end(); ++numbers) {
             const QList<double> other = others.value(numbers.key());
             numbers->resize(std::min(numbers->size(), other.size()));
             std::ranges::transform(*numbers, other, numbers->begin(),
                                    [](double one, double two) { return std::min(one, two); });
         }
     }
-    return least;
+    return minimum;
 }
 
 } // namespace
 
 void measureHomeScreen(Figures &figures)
 {
-    for (const char *mode :
-         {"opening", "openingPlain", "loadingFew", "loadingMany", "refreshing", "again"}) {
-        const Numbers least = leastNumbersOf(QString::fromLatin1(mode), 3);
-        for (auto numbers = least.begin(); numbers != least.end(); ++numbers)
+    for (const char *scenario :
+         {"opening", "openingPlain", "loadingFew", "loadingMany", "refreshing", "reopening"}) {
+        const Numbers minimum = minimumOf(QString::fromLatin1(scenario), 3);
+        for (auto numbers = minimum.begin(); numbers != minimum.end(); ++numbers)
             figures.record(numbers.key().toStdString(), *std::ranges::min_element(*numbers));
     }
-    // Each run has the same frames; the slowest counts.
-    for (const char *mode : {"flinging", "flingingPlain"}) {
-        const Numbers least = leastNumbersOf(QString::fromLatin1(mode), 2);
-        for (auto numbers = least.begin(); numbers != least.end(); ++numbers)
+    // Each run renders the same frames; the slowest frame counts.
+    for (const char *scenario : {"flinging", "flingingPlain"}) {
+        const Numbers minimum = minimumOf(QString::fromLatin1(scenario), 2);
+        for (auto numbers = minimum.begin(); numbers != minimum.end(); ++numbers)
             figures.record(numbers.key().toStdString(), *std::ranges::max_element(*numbers));
     }
 }

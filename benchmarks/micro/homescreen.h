@@ -5,9 +5,9 @@ namespace tolvane::bench {
 
 class Figures;
 
-/// Records what the home screen costs a host that is running: time to its first frame, frames while
-/// its list is flung, memory. Beside it, what an interface costs that has nothing but rectangles
-/// and texts. Needs a display with OpenGL.
+/// Records the costs of the home screen in a running host: the time to its first frame, the frames
+/// while its list is flung, and its memory. Also records those of a minimal interface with only
+/// rectangles and texts. Needs a display with OpenGL.
 void measureHomeScreen(Figures &figures);
 
 } // namespace tolvane::bench

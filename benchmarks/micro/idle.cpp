@@ -2,7 +2,7 @@
 #include "idle.h"
 
 #include "benchmarks/support/figures.h"
-#include "benchmarks/support/processes.h"
+#include "testing/backendprogram.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -13,7 +13,7 @@ namespace tolvane::bench {
 
 namespace {
 
-/// A number out of a "status" file of the proc file system.
+/// A number in a "status" file of the proc file system; 0 if the process has ended.
 double statusNumber(const QString &path, const QString &key)
 {
     QFile file(path);
@@ -44,27 +44,27 @@ double wakeUps(qint64 pid)
 
 void measureIdle(Figures &figures)
 {
-    const Backend backend;
+    const test::BackendProgram backend;
     qputenv("TOLVANE_API_URL", backend.url().toUtf8());
 
-    Program baseline(QStringLiteral(TOLVANE_IDLE_BASELINE), {});
+    test::Process baseline(QStringLiteral(TOLVANE_IDLE_BASELINE), {});
     baseline.readLine();
-    figures.record("idle baseline memory", peakMebibytes(baseline.pid()));
+    figures.record("idle baseline memory", peakMebibytes(baseline.id()));
 
-    Program console(QStringLiteral(TOLVANE_CONSOLE), {QStringLiteral("--json")});
-    console.write(R"({"id":1,"cmd":"initialize","key":"k"})");
+    test::Process console(QStringLiteral(TOLVANE_CONSOLE), {QStringLiteral("--json")});
+    console.write("{\"id\":1,\"cmd\":\"initialize\",\"key\":\"k\"}\n");
     console.readLine();
-    QString settings;
-    while (!settings.contains(QLatin1String("\"settingsDidLoad\":true"))) {
-        console.write(R"({"id":2,"cmd":"settings"})");
+    QByteArray settings;
+    while (!settings.contains("\"settingsDidLoad\":true")) {
+        console.write("{\"id\":2,\"cmd\":\"settings\"}\n");
         settings = console.readLine();
     }
-    // Worker threads without work go after half a minute, which is no period; let the rest settle.
+    // Lets the start-up end. Idle worker threads end once after 30 seconds, which is not periodic.
     QThread::sleep(1);
-    const double before = wakeUps(console.pid());
+    const double before = wakeUps(console.id());
     QThread::sleep(3);
-    figures.record("idle console wake-ups", wakeUps(console.pid()) - before);
-    figures.record("idle console memory", peakMebibytes(console.pid()));
+    figures.record("idle console wake-ups", wakeUps(console.id()) - before);
+    figures.record("idle console memory", peakMebibytes(console.id()));
     qunsetenv("TOLVANE_API_URL");
 }
 

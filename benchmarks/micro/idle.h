@@ -5,9 +5,9 @@ namespace tolvane::bench {
 
 class Figures;
 
-/// Records the peak memory of the console host idle after its start ("idle console memory", MiB),
-/// of a program that has made one request ("idle baseline memory", MiB), and how often any of the
-/// console's threads woke up within three seconds ("idle console wake-ups").
+/// Records the peak memory of the idle console host ("idle console memory", MiB), that of a program
+/// that has sent one request ("idle baseline memory", MiB), and the number of times that threads of
+/// the console woke up within three seconds ("idle console wake-ups").
 void measureIdle(Figures &figures);
 
 } // namespace tolvane::bench

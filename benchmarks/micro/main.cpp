@@ -12,11 +12,11 @@
 
 #include <benchmark/benchmark.h>
 
-using tolvane::bench::Promise;
+using tolvane::bench::Requirement;
 
 namespace {
 
-const std::vector<Promise> promises = {
+const std::vector<Requirement> requirements = {
     {"initialize / one read and one event", "initialize", "readAndEvent", 2, "x"},
     {"decoding 10,000 messages / QJsonDocument's parse", "decodeTicket", "parseWithQJsonDocument",
      0.5, "x"},
@@ -37,20 +37,20 @@ const std::vector<Promise> promises = {
     {"memory for 1,000 thumbnails scrolled through", "thumbnails' memory", "", 110, "MiB"},
     {"10,000 pushes handled", "tenThousandPushes", "", 200, "ms"},
     {"10,000 pushes / 1,000 pushes", "tenThousandPushes", "thousandPushes", 12, "x"},
-    {"initialize with the views there", "initialize with views", "", 1, "ms"},
+    {"initialize with views", "initialize with views", "", 1, "ms"},
     {"first open to its frame / a plain interface's", "first open", "first plain view", 3, "x"},
     {"later open to its frame / a plain interface's", "later open", "later plain view", 2, "x"},
     {"10,000 tickets painted / 20 tickets", "10000 tickets painted", "20 tickets painted", 2, "x"},
-    {"rows rebuilt for one of 1,000 that changed", "rows built anew", "", 0, "rows"},
+    {"rows rebuilt for one of 1,000 that changed", "rebuilt rows", "", 0, "rows"},
     {"slowest frame of flings / of a plain list's", "frame", "plain frame", 2, "x"},
     {"memory that a presentation adds", "presentation's memory", "", 15, "MiB"},
     {"memory that stays after closing it", "memory after closing", "", 15, "MiB"},
-    {"memory that each of 200 presentations leaves", "KiB left of one showing", "", 4, "KiB"},
+    {"memory that each of 200 presentations leaves", "KiB left by one presentation", "", 4, "KiB"},
     {"first frame of 10,000 messages / of 20", "first frame with 10000 messages",
      "first frame with 20 messages", 2, "x"},
-    {"one more of 10,000 messages", "frame with one more message with 10000 messages", "", 16.7,
+    {"one more message after 10,000", "frame with one more message with 10000 messages", "", 16.7,
      "ms"},
-    {"one more of 10,000 messages / a row of a plain list",
+    {"one more message after 10,000 / a row of a plain list",
      "frame with one more message with 10000 messages",
      "frame with one more row with 10000 messages", 3, "x"},
     {"longest frame as a message comes in",
@@ -65,10 +65,10 @@ const std::vector<Promise> promises = {
      "median frame of a fling through a plain list with 10000 messages", 2, "x"},
     {"delegates alive among 10,000 messages",
      "most delegates in the conversation with 10000 messages", "", 20, "items"},
-    {"a key among 200 lines", "key among 200 lines with 20 messages", "", 4, "ms"},
+    {"a key in 200 lines", "key in 200 lines with 20 messages", "", 4, "ms"},
     {"pinch and pan of 12 megapixels, large allocations", "large allocations of a pinch and pan",
      "", 0, "times"},
-    // What the caches may hold, and the records.
+    // The limits of the caches, and the records.
     {"10,000 messages and 1,000 pictures, memory over that of 20", "memory of a long conversation",
      "", 125, "MiB"},
     {"memory with 20 messages", "peak memory with 20 messages", "", 200, "MiB"},
@@ -83,7 +83,7 @@ int main(int argc, char **argv)
     const QCoreApplication app(argc, argv);
 
     std::vector<char *> arguments(argv, argv + argc);
-    // Several short rounds in turn: what disturbs one round disturbs neighbours of both kinds.
+    // Several short rounds in random order: a disturbance affects both sides of a ratio.
     char repetitions[] = "--benchmark_repetitions=7";
     char interleaving[] = "--benchmark_enable_random_interleaving=true";
     char duration[] = "--benchmark_min_time=0.2";
@@ -101,5 +101,5 @@ int main(int argc, char **argv)
     tolvane::bench::measureScrolling(figures);
     tolvane::bench::measureHomeScreen(figures);
     tolvane::bench::measureConversation(figures);
-    return figures.check(promises) ? 0 : 1;
+    return figures.check(requirements) ? 0 : 1;
 }

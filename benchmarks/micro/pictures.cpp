@@ -11,9 +11,9 @@ namespace tolvane::bench {
 
 namespace {
 
-// A cell of three attachments on a screen of three pixels to the point.
+// A cell of three attachments at a device pixel ratio of 3.
 constexpr QSize target(414, 414);
-constexpr QSize filling(552, 414);
+constexpr QSize coveringTarget(552, 414);
 
 const QByteArray &twelveMegapixels()
 {
@@ -39,8 +39,8 @@ void thumbnailOfPhoto(benchmark::State &state)
     for (auto _ : state) {
         const QByteArray &bytes = twelveMegapixels();
         if (images::isCheapToDecode(bytes) ||
-            images::decodedThumbnail(bytes, target).size() != filling)
-            state.SkipWithError("not the thumbnail that was expected");
+            images::decodedThumbnail(bytes, target).size() != coveringTarget)
+            state.SkipWithError("the thumbnail has another size");
     }
 }
 BENCHMARK(thumbnailOfPhoto)->Unit(benchmark::kMillisecond);
@@ -52,7 +52,7 @@ void scaledByReader(benchmark::State &state)
         buffer.setData(twelveMegapixels());
         QImageReader reader(&buffer);
         reader.setAutoTransform(true);
-        reader.setScaledSize(filling);
+        reader.setScaledSize(coveringTarget);
         benchmark::DoNotOptimize(reader.read());
     }
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "benchmarks/support/measures.h"
-#include "benchmarks/support/samples.h"
+#include "benchmarks/support/conversation.h"
+#include "benchmarks/support/hostplatform.h"
+#include "benchmarks/support/resourceusage.h"
 #include "platform/async/awaitfuture.h"
-#include "platform/platform.h"
 #include "state/ticketdata.h"
 
 #include <QtCore/QEventLoop>
@@ -12,25 +12,6 @@
 namespace tolvane::bench {
 
 namespace {
-
-/// A network that has the answer at once, on another thread, as the real one would.
-class CannedSession final : public UrlSession
-{
-public:
-    explicit CannedSession(QByteArray body)
-        : m_body(std::move(body))
-    {
-    }
-
-    QFuture<UrlResponse> send(std::function<UrlRequest()>) override
-    {
-        return platform().workers->run(
-            [body = m_body] { return UrlResponse{.status = 200, .headers = {}, .body = body}; });
-    }
-
-private:
-    QByteArray m_body;
-};
 
 QCoro::Task<> refreshAndQuit(TicketData &ticket, QEventLoop &loop)
 {
@@ -42,7 +23,9 @@ QCoro::Task<> refreshAndQuit(TicketData &ticket, QEventLoop &loop)
 void quietPoll(benchmark::State &state)
 {
     auto network =
-        std::exchange(platform().urlSession, std::make_unique<CannedSession>(ticketJson(10'000)));
+        std::exchange(platform().urlSession,
+                      std::make_unique<WorkerSession>(
+                          [body = conversationJson(10'000)](const UrlRequest &) { return body; }));
     const auto ticket = std::make_shared<TicketData>(std::nullopt);
     for (auto _ : state) {
         QEventLoop loop;

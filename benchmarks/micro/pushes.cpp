@@ -18,7 +18,7 @@ void handle(benchmark::State &state, int count)
                                         QVariantMap{{QStringLiteral("open"), true}});
     QVariantMap message;
     for (const char *key : {"id", "ticketId", "content", "timestamp"})
-        message.insert(QString::fromLatin1(key), QStringLiteral("a text of usual length for it"));
+        message.insert(QString::fromLatin1(key), QStringLiteral("a text of typical length"));
     const QVariantMap payload = {{QStringLiteral("source"), QStringLiteral("tolvane")},
                                  {QStringLiteral("message"), message}};
     for (auto _ : state) {

@@ -2,7 +2,7 @@
 #include "scrolling.h"
 
 #include "benchmarks/support/figures.h"
-#include "benchmarks/support/processes.h"
+#include "testing/process.h"
 
 #include <algorithm>
 
@@ -19,28 +19,28 @@ struct Cost
 Cost costOf(const QStringList &arguments)
 {
     const QList<QByteArray> numbers =
-        outputOf(QStringLiteral(TOLVANE_THUMBNAIL_HOST), arguments).simplified().split(' ');
+        test::outputOf(QStringLiteral(TOLVANE_THUMBNAIL_HOST), arguments).simplified().split(' ');
     return {numbers.constFirst().toDouble(), numbers.constLast().toDouble()};
 }
 
-/// Of several runs: noise only ever adds.
-Cost leastCostOf(const QStringList &arguments)
+/// The minimum of several runs, because noise only adds to the costs.
+Cost minimumCostOf(const QStringList &arguments)
 {
-    Cost least = costOf(arguments);
+    Cost minimum = costOf(arguments);
     for (int run = 1; run < 3; ++run) {
         const Cost cost = costOf(arguments);
-        least.milliseconds = std::min(least.milliseconds, cost.milliseconds);
-        least.mebibytes = std::min(least.mebibytes, cost.mebibytes);
+        minimum.milliseconds = std::min(minimum.milliseconds, cost.milliseconds);
+        minimum.mebibytes = std::min(minimum.mebibytes, cost.mebibytes);
     }
-    return least;
+    return minimum;
 }
 
 } // namespace
 
 void measureScrolling(Figures &figures)
 {
-    const Cost plain = leastCostOf({QStringLiteral("plain")});
-    const Cost pictures = leastCostOf({});
+    const Cost plain = minimumCostOf({QStringLiteral("plain")});
+    const Cost pictures = minimumCostOf({});
     figures.record("thumbnail on main thread", pictures.milliseconds - plain.milliseconds);
     figures.record("thumbnails' memory", pictures.mebibytes - plain.mebibytes);
 }

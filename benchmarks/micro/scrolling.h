@@ -5,9 +5,9 @@ namespace tolvane::bench {
 
 class Figures;
 
-/// Records what a thousand thumbnails cost that are scrolled through, over rectangles in their
-/// place: the main thread's time for one ("thumbnail on main thread", ms) and the peak of the
-/// process's memory ("thumbnails' memory", MiB). Needs a display.
+/// Records the cost of scrolling through a thousand thumbnails, compared with rectangles: the main
+/// thread's time for each ("thumbnail on main thread", ms) and the peak memory of the process
+/// ("thumbnails' memory", MiB). Needs a display.
 void measureScrolling(Figures &figures);
 
 } // namespace tolvane::bench

@@ -17,7 +17,8 @@ void initialize(benchmark::State &state)
     persistentstore::setCustomerId(QStringLiteral("01jbenchbenchbenchbenchbe0"));
     for (auto _ : state) {
         state.PauseTiming();
-        // As in a new process, and without the settings' load that the last round has posted.
+        // Restores the state of a new process, and drops the load of the settings that the previous
+        // iteration has posted.
         resetSharedInstances();
         QCoreApplication::removePostedEvents(QCoreApplication::instance());
         state.ResumeTiming();

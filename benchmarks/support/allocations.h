@@ -5,7 +5,7 @@ namespace tolvane::bench {
 
 class Figures;
 
-/// Records how often memory is allocated for a picture that is at hand ("allocations for a picture
+/// Records the number of allocations for a picture in the memory cache ("allocations for a picture
 /// in memory").
 void measureAllocations(Figures &figures);
 

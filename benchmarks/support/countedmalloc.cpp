@@ -10,7 +10,7 @@ namespace {
 std::atomic<int> count = 0;
 std::atomic<int> largeCount = 0;
 
-void note(std::size_t size)
+void countAllocation(std::size_t size)
 {
     constexpr std::size_t large = 262'144;
     ++count;
@@ -19,7 +19,7 @@ void note(std::size_t size)
 
 } // namespace
 
-// They take the place of the C library's functions, which every other way to allocate ends in.
+// These replace the C library's functions, which all other allocation functions call.
 extern "C" {
 
 void *__libc_malloc(std::size_t size);
@@ -31,31 +31,31 @@ void *__libc_memalign(std::size_t alignment, std::size_t size);
 
 COUNTED void *malloc(std::size_t size)
 {
-    note(size);
+    countAllocation(size);
     return __libc_malloc(size);
 }
 
 COUNTED void *calloc(std::size_t number, std::size_t size)
 {
-    note(number * size);
+    countAllocation(number * size);
     return __libc_calloc(number, size);
 }
 
 COUNTED void *realloc(void *memory, std::size_t size)
 {
-    note(size);
+    countAllocation(size);
     return __libc_realloc(memory, size);
 }
 
 COUNTED void *aligned_alloc(std::size_t alignment, std::size_t size)
 {
-    note(size);
+    countAllocation(size);
     return __libc_memalign(alignment, size);
 }
 
 COUNTED int posix_memalign(void **memory, std::size_t alignment, std::size_t size)
 {
-    note(size);
+    countAllocation(size);
     *memory = __libc_memalign(alignment, size);
     return *memory ? 0 : ENOMEM;
 }

@@ -3,10 +3,10 @@
 
 namespace tolvane::bench {
 
-/// How often this process has allocated memory so far, in any thread.
+/// The number of allocations of all threads since the start of the process.
 int allocations();
 
-/// The same of what may be a picture: more than a quarter of a mebibyte at once.
+/// The same for allocations of more than 256 KiB, such as pictures.
 int largeAllocations();
 
 } // namespace tolvane::bench

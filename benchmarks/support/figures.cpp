@@ -31,19 +31,19 @@ double Figures::figure(const std::string &name) const
     return found == m_figures.end() ? std::nan("") : found->second;
 }
 
-bool Figures::check(const std::vector<Promise> &promises) const
+bool Figures::check(const std::vector<Requirement> &requirements) const
 {
-    bool allKept = true;
+    bool areAllMet = true;
     std::printf("\n");
-    for (const Promise &promise : promises) {
-        const double base = promise.baseline.empty() ? 1 : figure(promise.baseline);
-        const double result = figure(promise.subject) / base;
-        const bool kept = result <= promise.bound; // Not so for what was not measured.
-        allKept = allKept && kept;
-        std::printf("%-60s %8.3f %-10s at most %-5g %s\n", promise.what.c_str(), result,
-                    promise.unit, promise.bound, kept ? "kept" : "MISSED");
+    for (const Requirement &requirement : requirements) {
+        const double base = requirement.baseline.empty() ? 1 : figure(requirement.baseline);
+        const double result = figure(requirement.subject) / base;
+        const bool isMet = result <= requirement.limit; // False for NaN.
+        areAllMet = areAllMet && isMet;
+        std::printf("%-60s %8.3f %-10s at most %-5g %s\n", requirement.name.c_str(), result,
+                    requirement.unit, requirement.limit, isMet ? "met" : "MISSED");
     }
-    return allKept;
+    return areAllMet;
 }
 
 } // namespace tolvane::bench

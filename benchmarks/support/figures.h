@@ -8,31 +8,31 @@
 
 namespace tolvane::bench {
 
-/// What is promised: subject / baseline <= bound, both of one run; without a baseline, subject <=
-/// bound.
-struct Promise
+/// A limit on the ratio of two measurements of one run: subject / baseline <= limit. Without a
+/// baseline the limit applies to the subject itself.
+struct Requirement
 {
-    std::string what;
+    std::string name;
     std::string subject;
     std::string baseline;
-    double bound;
+    double limit;
     const char *unit;
 };
 
-/// Prints what Google Benchmark prints, and keeps the least time of each benchmark, in
-/// milliseconds: on a shared machine noise only ever adds.
+/// Prints the results like Google Benchmark, and keeps the minimum time of each benchmark in
+/// milliseconds, because noise only adds time.
 class Figures final : public benchmark::ConsoleReporter
 {
 public:
     void ReportRuns(const std::vector<Run> &runs) override;
 
-    /// Adds a figure that was not measured by Google Benchmark.
+    /// Adds a measurement that Google Benchmark has not made.
     void record(const std::string &name, double figure);
 
-    /// Prints a table and tells whether all promises were kept.
-    bool check(const std::vector<Promise> &promises) const;
+    /// Prints a table. Returns whether all requirements are met.
+    bool check(const std::vector<Requirement> &requirements) const;
 
-    /// NaN for what was not measured.
+    /// Returns NaN for a name without a measurement.
     double figure(const std::string &name) const;
 
 private:

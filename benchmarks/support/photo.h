@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QBuffer>
+#include "testing/ui/samples.h"
+
 #include <QtCore/QRandomGenerator>
-#include <QtGui/QImage>
 
 namespace tolvane::bench {
 
-/// A JPEG as a camera makes it: smooth areas, edges and some noise.
+/// A JPEG like those of a camera: smooth areas, edges and some noise.
 inline QByteArray photo(const QSize &size)
 {
     QImage image(size, QImage::Format_RGB32);
@@ -21,11 +21,7 @@ inline QByteArray photo(const QSize &size)
                            (y * 150 / size.height()) + grain);
         }
     }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "jpeg", 85);
-    return bytes;
+    return test::encodedImage(image, "jpeg", 85);
 }
 
 } // namespace tolvane::bench

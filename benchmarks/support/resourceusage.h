@@ -8,8 +8,8 @@
 
 namespace tolvane::bench {
 
-/// What the calling thread has worked so far. Whatever else keeps the machine busy, waiting
-/// included, does not count.
+/// The processor time of the calling thread in ms. It does not depend on other threads and
+/// processes.
 inline double threadMilliseconds()
 {
     timespec time{};
@@ -17,12 +17,12 @@ inline double threadMilliseconds()
     return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
 }
 
-/// The most memory that this process has had so far.
+/// The peak memory of this process in MiB.
 inline double peakMebibytes()
 {
     QFile file(QStringLiteral("/proc/self/status"));
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("no figures of this process");
+        qFatal("Cannot read the memory usage");
     const QRegularExpression peak(QStringLiteral("VmHWM:\\s+(\\d+)"));
     return peak.match(QString::fromUtf8(file.readAll())).captured(1).toDouble() / 1024;
 }
