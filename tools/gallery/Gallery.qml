@@ -2,17 +2,17 @@
 import QtQuick
 import Tolvane.Private
 
-// Every way to show a picture, on one page, for people to look at.
+// All ways to show a picture, and all icons, on one page for inspection by eye.
 Rectangle {
     id: gallery
 
-    /// Decoded pictures: wide, tall, and one with fine detail that is shrunk a lot.
+    /// Decoded pictures: a wide one, a tall one, and a large one with fine detail.
     required property var wide
     required property var tall
     required property var detailed
-    /// An address that answers with a picture, and one that never does.
-    required property url address
-    required property url silent
+    /// The URL of a picture, and a URL that is never answered.
+    required property url pictureUrl
+    required property url silentUrl
 
     readonly property int cell: 150
     readonly property bool isDark: Theme.isDark
@@ -99,10 +99,10 @@ Rectangle {
         Cell { title: "circle, fit"; picture.circle: true; picture.fillMode: RoundedImage.Fit }
         Cell { title: "radius 24, fit"; picture.radius: 24; picture.fillMode: RoundedImage.Fit }
 
-        Cell { title: "shrunk"; picture.image: gallery.detailed }
-        Cell { title: "shrunk, circle"; picture.image: gallery.detailed; picture.circle: true }
+        Cell { title: "scaled down"; picture.image: gallery.detailed }
+        Cell { title: "scaled down, circle"; picture.image: gallery.detailed; picture.circle: true }
         Cell {
-            title: "turned, half seen"
+            title: "rotated, translucent"
             picture.radius: 24
             picture.fillMode: RoundedImage.Fill
             picture.rotation: 12
@@ -115,7 +115,7 @@ Rectangle {
             ThumbnailAsyncImage {
                 width: gallery.cell
                 height: gallery.cell
-                url: gallery.address
+                url: gallery.pictureUrl
                 thumbnailSize: Qt.size(gallery.cell, gallery.cell)
                 content: RoundedImage {
                     fillMode: RoundedImage.Fill
@@ -134,7 +134,7 @@ Rectangle {
 
                 CachedAsyncImage {
                     anchors.fill: parent
-                    url: gallery.silent
+                    url: gallery.silentUrl
                 }
             }
             Caption { text: "placeholder" }
@@ -146,7 +146,7 @@ Rectangle {
 
         readonly property var sizes: [18, 24, 44]
 
-        // Said rather than found out, for the window to be large enough from the start.
+        // Computed, not laid out, because the window takes its size from it at the start.
         height: sizes.reduce((sum, size) => sum + size + spacing, -spacing)
         anchors { left: grid.left; right: grid.right; top: grid.bottom; topMargin: 24 }
         spacing: 12

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Shows the gallery in a window, or saves it as a picture.
+// tolvane-gallery [PICTURE]: shows the gallery in a window, or saves it as a picture.
 #include <tolvane/views.h>
 
 #include <QtCore/QBuffer>
@@ -50,7 +50,7 @@ QImage stripes()
     return image;
 }
 
-/// Answers each request with a JPEG, except for those that it leaves waiting.
+/// Answers each request with a JPEG, except for "/silent", which it never answers.
 class PictureServer : public QTcpServer
 {
 public:
@@ -76,7 +76,7 @@ public:
     }
 };
 
-void darken()
+void setDarkPalette()
 {
     QPalette palette;
     palette.setColor(QPalette::Window, QColor(0x16, 0x18, 0x1d));
@@ -91,25 +91,27 @@ int main(int argc, char **argv)
     QGuiApplication app(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("tolvane-gallery"));
     QCommandLineParser parser;
-    const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("The dark appearance."));
+    const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("Uses a dark palette."));
     parser.addOption(dark);
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("picture"), QStringLiteral("Where to save it."),
+    parser.addPositionalArgument(QStringLiteral("picture"),
+                                 QStringLiteral("The file to save the gallery in."),
                                  QStringLiteral("[picture]"));
     parser.process(app);
     const QStringList files = parser.positionalArguments();
     if (parser.isSet(dark))
-        darken();
+        setDarkPalette();
 
     const PictureServer server;
     QQuickView view;
     bool hasWarnings = false;
     QObject::connect(view.engine(), &QQmlEngine::warnings, [&] { hasWarnings = true; });
-    view.setInitialProperties({{QStringLiteral("wide"), sample({600, 400})},
-                               {QStringLiteral("tall"), sample({300, 500})},
-                               {QStringLiteral("detailed"), stripes()},
-                               {QStringLiteral("address"), server.url(QStringLiteral("photo"))},
-                               {QStringLiteral("silent"), server.url(QStringLiteral("silent"))}});
+    view.setInitialProperties(
+        {{QStringLiteral("wide"), sample({600, 400})},
+         {QStringLiteral("tall"), sample({300, 500})},
+         {QStringLiteral("detailed"), stripes()},
+         {QStringLiteral("pictureUrl"), server.url(QStringLiteral("photo"))},
+         {QStringLiteral("silentUrl"), server.url(QStringLiteral("silent"))}});
     view.setSource(QUrl(QStringLiteral("qrc:/Gallery.qml")));
     view.show();
     if (!files.isEmpty()) {
