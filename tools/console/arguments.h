@@ -9,8 +9,8 @@
 
 namespace tolvane::console {
 
-/// The arguments of a request. Asking for one that is missing or of another type throws
-/// CommandError; where it is optional, null counts as missing.
+/// The arguments of a request. The accessors throw CommandError for a missing argument or one of
+/// another type. Optional accessors treat null as missing.
 class Arguments
 {
 public:

@@ -11,7 +11,7 @@ namespace tolvane::console {
 
 AttachmentDto loadAttachment(const QString &given)
 {
-    // No shell has looked at what was typed here.
+    // No shell has expanded the tilde.
     const bool isAtHome = given.startsWith(QLatin1String("~/"));
     const QString path = isAtHome ? QDir::home().filePath(given.mid(2)) : given;
     QFile file(path);

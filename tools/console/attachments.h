@@ -7,7 +7,7 @@
 
 namespace tolvane::console {
 
-/// A failure of a command, with a text for whoever gave it.
+/// A command failed. The text is shown to the user.
 class CommandError final : public std::exception
 {
 public:
@@ -25,10 +25,10 @@ private:
     QByteArray m_what;
 };
 
-/// The file at a path, its type told by name and content. Throws CommandError.
+/// Loads the file at a path; name and content determine the MIME type. Throws CommandError.
 AttachmentDto loadAttachment(const QString &path);
 
-/// A file given in the protocol, by path or by name, type and bytes. Throws CommandError.
+/// Loads an attachment of a request: a path, or name, MIME type and bytes. Throws CommandError.
 AttachmentDto attachmentFromJson(const QJsonObject &object);
 
 } // namespace tolvane::console

@@ -4,10 +4,10 @@
 #include "attachments.h"
 #include "backend/persistentstore.h"
 #include "platform/async/awaitfuture.h"
+#include "protocoljson.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "state/timeago.h"
-#include "wireforms.h"
 
 #include <tolvane/tolvane.h>
 
@@ -122,7 +122,7 @@ Reply customer(Host &, Arguments)
 
 Reply settings(Host &, Arguments)
 {
-    co_return settingsForm();
+    co_return settingsToJson();
 }
 
 Reply fetchSettings(Host &, Arguments)
@@ -134,14 +134,14 @@ Reply fetchSettings(Host &, Arguments)
 template <QCoro::Task<> (TicketsData::*operation)()>
 Reply onTickets(Host &host, Arguments)
 {
-    std::shared_ptr<TicketsData> tickets = host.tickets(); // Kept alive for as long as it works.
+    std::shared_ptr<TicketsData> tickets = host.tickets(); // Keeps it alive across the co_await.
     co_await (*tickets.*operation)();
     co_return {};
 }
 
 Reply ticketsState(Host &host, Arguments)
 {
-    co_return ticketsForm(*host.tickets());
+    co_return ticketsToJson(*host.tickets());
 }
 
 Reply openTicket(Host &host, Arguments arguments)
@@ -183,7 +183,7 @@ Reply compose(Host &host, Arguments arguments)
     const QJsonArray given = files.value_or(QJsonArray());
     for (const auto &file : given)
         attachments.append(attachmentFromJson(file.toObject()));
-    // All arguments are sound from here on: a bad one has changed nothing.
+    // All arguments are checked before the first change: a rejected request changes nothing.
     if (message)
         ticket->setMessage(*message);
     if (files)
@@ -201,7 +201,7 @@ Reply onTicket(Host &host, Arguments arguments)
 
 Reply ticketState(Host &host, Arguments arguments)
 {
-    co_return ticketForm(*ticketOf(host, arguments));
+    co_return ticketToJson(*ticketOf(host, arguments));
 }
 
 Reply closeTicket(Host &host, Arguments arguments)

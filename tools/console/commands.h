@@ -8,7 +8,8 @@
 
 namespace tolvane::console {
 
-/// What a request asks for. The task gives the reply's results and throws for `"ok": false`.
+/// A command of the protocol. The task returns the results of the reply; an exception becomes a
+/// reply with `"ok": false`.
 struct Command
 {
     const char *name;
@@ -16,7 +17,7 @@ struct Command
     QCoro::Task<QJsonObject> (*run)(Host &host, Arguments arguments);
 };
 
-/// Null for an unknown name.
+/// Returns null for an unknown name.
 const Command *findCommand(const QString &name);
 
 } // namespace tolvane::console

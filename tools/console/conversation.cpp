@@ -37,9 +37,9 @@ QString clockTime(const QString &timestamp)
 
 QString onOneLine(const QString &text)
 {
-    constexpr qsizetype longest = 60;
+    constexpr qsizetype maximumSize = 60;
     const QString line = text.simplified();
-    return line.size() > longest ? line.left(longest - 1) + QChar(0x2026) : line;
+    return line.size() > maximumSize ? line.left(maximumSize - 1) + QChar(0x2026) : line;
 }
 
 QVariantMap mapAt(const QVariantMap &map, const QString &key)

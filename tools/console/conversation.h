@@ -14,14 +14,14 @@ namespace tolvane::console {
 
 class Terminal;
 
-/// One message, or a row of the list, as lines for a person.
+/// Formats one message, or one row of the list, for display.
 QString messageText(const Terminal &terminal, const MessageDto &message);
 QString rowText(const Terminal &terminal, int number, const TicketPreviewDto &row);
 
-/// What has been pushed, and how it is to be shown, as a line for a person.
+/// Formats a push, and how a host would present it, as one line.
 QString pushText(const QVariantMap &payload, PresentationOptions options);
 
-/// Prints a conversation, and what changes in it as it changes.
+/// Prints a conversation, and then each change to it.
 class Conversation final : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     bool isClosed() const;
 
 Q_SIGNALS:
-    /// Somebody else than the customer has written.
+    /// Somebody other than the customer has written.
     void answered();
     void closed();
 

@@ -12,7 +12,7 @@ QList<QByteArray> EventStream::read(const QByteArray &bytes)
         const bool wasAfterReturn = std::exchange(m_isAfterReturn, byte == '\r');
         if (byte == '\r' || (byte == '\n' && !wasAfterReturn))
             endLine(events);
-        else if (byte != '\n' && m_line.size() < longest)
+        else if (byte != '\n' && m_line.size() < maximumSize)
             m_line += byte;
         else
             m_isTooLong |= byte != '\n';
@@ -27,7 +27,7 @@ void EventStream::endLine(QList<QByteArray> &events)
         line.remove(0, 3);
     if (line.isEmpty())
         return endEvent(events);
-    // A field may lack its value; one that lacks its name is a comment.
+    // A field without a colon has an empty value; a line that starts with a colon is a comment.
     const qsizetype colon = line.indexOf(':');
     const QByteArray name = colon < 0 ? line : line.left(colon);
     QByteArray value = line.mid(name.size() + 1);
@@ -53,7 +53,7 @@ void EventStream::addData(const QByteArray &value)
     const bool isFirst = !m_data;
     if (isFirst)
         m_data.emplace();
-    m_isTooLong |= m_data->size() + value.size() >= longest;
+    m_isTooLong |= m_data->size() + value.size() >= maximumSize;
     if (!m_isTooLong)
         *m_data += isFirst ? value : '\n' + value;
 }

@@ -8,12 +8,12 @@
 
 namespace tolvane::console {
 
-/// Reads server-sent events from a stream that comes in pieces, wherever it is cut.
+/// Parses server-sent events incrementally; the input may be split at any byte.
 class EventStream
 {
 public:
-    /// An event that has more data than this comes without any.
-    static constexpr qsizetype longest = 1 << 20;
+    /// In bytes. An event with more data than this is returned empty.
+    static constexpr qsizetype maximumSize = 1 << 20;
 
     explicit EventStream(QByteArray lastId = {})
         : m_lastId(std::move(lastId))
@@ -21,9 +21,9 @@ public:
     {
     }
 
-    /// The data of the events that the bytes complete.
+    /// Returns the data of each event that these bytes complete.
     QList<QByteArray> read(const QByteArray &bytes);
-    /// What a client that comes back names, so that it misses nothing; empty when there is none.
+    /// A reconnecting client sends it as Last-Event-ID to miss no event. Empty without an event id.
     const QByteArray &lastId() const { return m_lastId; }
 
 private:

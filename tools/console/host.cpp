@@ -81,7 +81,7 @@ void Host::setAnalyticsDelegate(bool enabled)
 
 void Host::setOpen(bool open)
 {
-    SdkData::shared(); // An interface that opens would have it by now.
+    SdkData::shared(); // Creates it, as a user interface does before it opens: it must observe.
     platform().notificationCenter->post(notifications::didChangeState,
                                         QVariantMap{{QStringLiteral("open"), open}});
 }

@@ -14,8 +14,8 @@
 
 namespace tolvane::console {
 
-/// Takes the place of a user interface: receives what a host sees of the library. Lines of the log
-/// come on any thread, everything else on the main thread.
+/// Stands in for a user interface: receives everything that the library reports to its host.
+/// onLog() is called on any thread, everything else on the main thread.
 class Listener
 {
 public:
@@ -27,13 +27,13 @@ public:
     virtual void onPresentation() = 0;
 };
 
-/// Puts the console's ends of the platform in place; before anything else of the library is used.
+/// Installs the console's log sink and presentation. Call it before any other use of the library.
 void installPlatform(Listener &listener);
 
-/// True when initialize() has been called.
+/// Returns whether initialize() has been called.
 bool isInitialized();
 
-/// What a host with an open interface holds: the list, and a store for each conversation on show.
+/// Holds the stores of an open user interface: the ticket list, and one for each open conversation.
 class Host
 {
 public:
@@ -41,17 +41,17 @@ public:
 
     void setAnalyticsDelegate(bool enabled);
 
-    /// Tells the library whether its interface is on show.
+    /// Notifies the library that its user interface has opened or closed.
     static void setOpen(bool open);
 
     const std::shared_ptr<TicketsData> &tickets() const { return m_tickets; }
 
-    /// The row of a ticket in the list as it is now; absent when there is none.
+    /// The ticket's current row in the list; nullopt if the list does not contain it.
     std::optional<TicketPreviewDto> row(const QString &ticketId) const;
 
-    /// A new store, which takes part in the broadcasts until it is closed.
+    /// Creates a store that observes the broadcasts until it is closed. Returns its handle.
     int open(std::optional<TicketPreviewDto> preview);
-    /// Null for a handle that is not open.
+    /// Returns null for a handle that is not open.
     std::shared_ptr<TicketData> ticket(int handle) const;
     void close(int handle);
 

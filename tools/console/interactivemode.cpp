@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "interactive.h"
+#include "interactivemode.h"
 
 #include "attachments.h"
 #include "backend/persistentstore.h"
 #include "output.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
-#include "wireforms.h"
+#include "protocoljson.h"
 
 #include <tolvane/tolvane.h>
 
@@ -19,19 +19,19 @@ namespace tolvane::console {
 
 using namespace std::chrono_literals;
 
-struct InteractiveFace::Command
+struct InteractiveMode::Command
 {
     const char *name;
     const char *arguments;
     const char *help;
     bool needsInitialization;
-    QCoro::Task<> (InteractiveFace::*run)(QString);
+    QCoro::Task<> (InteractiveMode::*run)(QString);
 };
 
-struct InteractiveFace::Awaited
+struct InteractiveMode::WaitCondition
 {
     const char *name;
-    bool (InteractiveFace::*hasCome)();
+    bool (InteractiveMode::*isMet)();
 };
 
 namespace {
@@ -39,13 +39,13 @@ namespace {
 bool switchOn(const QString &onOff)
 {
     if (onOff != QLatin1String("on") && onOff != QLatin1String("off"))
-        throw CommandError(QStringLiteral("Say \"on\" or \"off\""));
+        throw CommandError(QStringLiteral("Expected \"on\" or \"off\""));
     return onOff == QLatin1String("on");
 }
 
 } // namespace
 
-InteractiveFace::InteractiveFace()
+InteractiveMode::InteractiveMode()
     : m_terminal([this](const QString &line) { enqueue(line); }, [this] { end(); })
     , m_host((installPlatform(*this), *this))
 {
@@ -55,37 +55,37 @@ InteractiveFace::InteractiveFace()
     }
 }
 
-void InteractiveFace::enqueue(const QString &line)
+void InteractiveMode::enqueue(const QString &line)
 {
     m_queue += line.trimmed();
     if (!m_isRunning)
         detach(runQueue());
 }
 
-void InteractiveFace::end()
+void InteractiveMode::end()
 {
     m_hasEnded = true;
     if (!m_isRunning)
         QCoreApplication::exit(m_hasFailed ? 1 : 0);
 }
 
-QCoro::Task<> InteractiveFace::runQueue()
+QCoro::Task<> InteractiveMode::runQueue()
 {
     m_isRunning = true;
     while (!m_queue.isEmpty()) {
         const QString line = m_queue.takeFirst();
-        QString problem;
+        QString message;
         try {
             co_await run(line);
         } catch (const CommandError &error) {
-            problem = error.text();
+            message = error.text();
         } catch (...) {
-            problem = currentError()->localizedDescription();
+            message = currentError()->localizedDescription();
         }
-        if (problem.isEmpty())
+        if (message.isEmpty())
             continue;
-        m_terminal.print(m_terminal.styled("31", QStringLiteral("! ") + problem));
-        // A person reads it and goes on; a script must not pretend that all went well.
+        m_terminal.print(m_terminal.styled("31", QStringLiteral("! ") + message));
+        // At a terminal the user reads the error and continues; a script has to fail.
         m_hasFailed = !m_terminal.isInteractive();
         if (m_hasFailed)
             m_queue.clear();
@@ -95,33 +95,33 @@ QCoro::Task<> InteractiveFace::runQueue()
         end();
 }
 
-std::span<const InteractiveFace::Command> InteractiveFace::commands()
+std::span<const InteractiveMode::Command> InteractiveMode::commands()
 {
-    using Face = InteractiveFace;
+    using Mode = InteractiveMode;
     static constexpr std::array table = {
-        Command{"help", "", "lists the commands", false, &Face::help},
-        Command{"init", "[KEY]", "starts the library", false, &Face::init},
-        Command{"env", "NAME", "production, development or alpha", false, &Face::environment},
-        Command{"list", "", "your conversations", true, &Face::list},
-        Command{"open", "NUMBER", "opens one of the list", true, &Face::openTicket},
-        Command{"new", "", "begins a new conversation", true, &Face::newTicket},
-        Command{"leave", "", "leaves the conversation", true, &Face::leave},
-        Command{"say", "TEXT", "sends a message, with what is attached", true, &Face::say},
-        Command{"attach", "PATH", "adds a file to the next message", true, &Face::attach},
-        Command{"refresh", "", "fetches the conversation", true, &Face::refresh},
-        Command{"wait", "[closed|push]", "for an answer, the end or the next push", true,
-                &Face::wait},
-        Command{"push", "on|off", "pushes from the local backend", true, &Face::push},
-        Command{"tap", "", "taps the last push", true, &Face::tap},
-        Command{"who", "[EMAIL [ID]]", "who you are, or tells the backend", true, &Face::who},
-        Command{"log", "on|off", "the library's log lines", false, &Face::log},
-        Command{"events", "on|off", "analytics events", false, &Face::events},
-        Command{"quit", "", "ends", false, &Face::quit},
+        Command{"help", "", "lists the commands", false, &Mode::help},
+        Command{"init", "[KEY]", "starts the library", false, &Mode::init},
+        Command{"env", "NAME", "production, development or alpha", false, &Mode::environment},
+        Command{"list", "", "your conversations", true, &Mode::list},
+        Command{"open", "NUMBER", "opens a conversation of the list", true, &Mode::openTicket},
+        Command{"new", "", "begins a new conversation", true, &Mode::newTicket},
+        Command{"leave", "", "leaves the conversation", true, &Mode::leave},
+        Command{"say", "TEXT", "sends a message with its attachments", true, &Mode::say},
+        Command{"attach", "PATH", "adds a file to the next message", true, &Mode::attach},
+        Command{"refresh", "", "fetches the conversation", true, &Mode::refresh},
+        Command{"wait", "[closed|push]", "for an answer, the closing or the next push", true,
+                &Mode::wait},
+        Command{"push", "on|off", "pushes from the local backend", true, &Mode::push},
+        Command{"tap", "", "taps the last push", true, &Mode::tap},
+        Command{"who", "[EMAIL [ID]]", "shows your ids, or sets them", true, &Mode::who},
+        Command{"log", "on|off", "the library's log lines", false, &Mode::log},
+        Command{"events", "on|off", "analytics events", false, &Mode::events},
+        Command{"quit", "", "ends the program", false, &Mode::quit},
     };
     return table;
 }
 
-QCoro::Task<> InteractiveFace::run(QString line)
+QCoro::Task<> InteractiveMode::run(QString line)
 {
     if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
         co_return;
@@ -136,7 +136,7 @@ QCoro::Task<> InteractiveFace::run(QString line)
     co_await (this->*command->run)(line.section(QLatin1Char(' '), 1).trimmed());
 }
 
-void InteractiveFace::enter(int handle)
+void InteractiveMode::enter(int handle)
 {
     close();
     m_handle = handle;
@@ -146,7 +146,7 @@ void InteractiveFace::enter(int handle)
     Host::setOpen(true);
 }
 
-void InteractiveFace::close()
+void InteractiveMode::close()
 {
     m_conversation.reset();
     if (m_handle)
@@ -154,7 +154,7 @@ void InteractiveFace::close()
     m_handle.reset();
 }
 
-Conversation &InteractiveFace::current() const
+Conversation &InteractiveMode::current() const
 {
     if (!m_conversation)
         throw CommandError(
@@ -162,7 +162,7 @@ Conversation &InteractiveFace::current() const
     return *m_conversation;
 }
 
-QCoro::Task<> InteractiveFace::help(QString)
+QCoro::Task<> InteractiveMode::help(QString)
 {
     for (const Command &command : commands()) {
         m_terminal.print(QStringLiteral("  %1 %2 %3")
@@ -173,13 +173,13 @@ QCoro::Task<> InteractiveFace::help(QString)
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::init(QString key)
+QCoro::Task<> InteractiveMode::init(QString key)
 {
     Tolvane::initialize(key.isEmpty() ? QStringLiteral("console") : key);
     co_await list({});
 }
 
-QCoro::Task<> InteractiveFace::environment(QString name)
+QCoro::Task<> InteractiveMode::environment(QString name)
 {
     const auto environment = Tolvane::environmentFromRawValue(name);
     if (!environment)
@@ -188,7 +188,7 @@ QCoro::Task<> InteractiveFace::environment(QString name)
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::list(QString)
+QCoro::Task<> InteractiveMode::list(QString)
 {
     co_await m_host.tickets()->load();
     const TicketsData::State state = m_host.tickets()->state();
@@ -201,17 +201,17 @@ QCoro::Task<> InteractiveFace::list(QString)
         m_terminal.print(QStringLiteral("No conversations yet: \"new\" begins one"));
 }
 
-QCoro::Task<> InteractiveFace::openTicket(QString number)
+QCoro::Task<> InteractiveMode::openTicket(QString number)
 {
     const auto rows = m_host.tickets()->state().value().value_or(TicketsData::Tickets());
     const qsizetype index = number.toInt() - 1;
     if (index < 0 || index >= rows.size())
-        throw CommandError(QStringLiteral("The list has no number \"%1\"").arg(number));
+        throw CommandError(QStringLiteral("The list has no row \"%1\"").arg(number));
     enter(m_host.open(rows.at(index)));
     co_await current().ticket().fetchTicket();
 }
 
-QCoro::Task<> InteractiveFace::newTicket(QString)
+QCoro::Task<> InteractiveMode::newTicket(QString)
 {
     enter(m_host.open(std::nullopt));
     current().ticket().setNewTicket(true);
@@ -219,7 +219,7 @@ QCoro::Task<> InteractiveFace::newTicket(QString)
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::leave(QString)
+QCoro::Task<> InteractiveMode::leave(QString)
 {
     current(); // Throws when there is none.
     close();
@@ -227,7 +227,7 @@ QCoro::Task<> InteractiveFace::leave(QString)
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::say(QString text)
+QCoro::Task<> InteractiveMode::say(QString text)
 {
     TicketData &ticket = current().ticket();
     ticket.setMessage(text);
@@ -240,7 +240,7 @@ QCoro::Task<> InteractiveFace::say(QString text)
         co_await ticket.createTicket();
 }
 
-QCoro::Task<> InteractiveFace::attach(QString path)
+QCoro::Task<> InteractiveMode::attach(QString path)
 {
     TicketData &ticket = current().ticket();
     const AttachmentDto attachment = loadAttachment(path);
@@ -251,54 +251,55 @@ QCoro::Task<> InteractiveFace::attach(QString path)
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::refresh(QString)
+QCoro::Task<> InteractiveMode::refresh(QString)
 {
     co_await current().ticket().silentFetchTicket();
 }
 
-std::span<const InteractiveFace::Awaited> InteractiveFace::awaited()
+std::span<const InteractiveMode::WaitCondition> InteractiveMode::waitConditions()
 {
-    using Face = InteractiveFace;
+    using Mode = InteractiveMode;
     static constexpr std::array table = {
-        Awaited{"", &Face::hasAnswer},
-        Awaited{"closed", &Face::hasEnd},
-        Awaited{"push", &Face::takePush},
+        WaitCondition{"", &Mode::hasAnswer},
+        WaitCondition{"closed", &Mode::isConversationClosed},
+        WaitCondition{"push", &Mode::consumePush},
     };
     return table;
 }
 
-bool InteractiveFace::hasAnswer()
+bool InteractiveMode::hasAnswer()
 {
     return m_answered;
 }
 
-bool InteractiveFace::hasEnd()
+bool InteractiveMode::isConversationClosed()
 {
     return current().isClosed();
 }
 
-bool InteractiveFace::takePush()
+bool InteractiveMode::consumePush()
 {
     return m_newPushes > 0 && m_newPushes-- > 0;
 }
 
-QCoro::Task<> InteractiveFace::wait(QString what)
+QCoro::Task<> InteractiveMode::wait(QString what)
 {
-    const auto wanted = std::ranges::find_if(
-        awaited(), [&what](const Awaited &entry) { return what == QLatin1String(entry.name); });
-    if (wanted == awaited().end())
-        throw CommandError(QStringLiteral("Say \"closed\", \"push\" or nothing"));
+    const auto wanted = std::ranges::find_if(waitConditions(), [&what](const WaitCondition &entry) {
+        return what == QLatin1String(entry.name);
+    });
+    if (wanted == waitConditions().end())
+        throw CommandError(QStringLiteral("Expected \"closed\", \"push\" or no argument"));
     constexpr int seconds = 30;
     for (int i = 0; i < seconds * 10; ++i) {
-        if ((this->*wanted->hasCome)())
+        if ((this->*wanted->isMet)())
             co_return;
         QFuture<void> pause = platform().clock->sleep(100ms, {});
         co_await awaitFuture(pause);
     }
-    throw CommandError(QStringLiteral("Nothing came within %1 seconds").arg(seconds));
+    throw CommandError(QStringLiteral("Nothing arrived within %1 seconds").arg(seconds));
 }
 
-QCoro::Task<> InteractiveFace::push(QString onOff)
+QCoro::Task<> InteractiveMode::push(QString onOff)
 {
     const bool on = switchOn(onOff);
     m_pushes.reset();
@@ -307,12 +308,12 @@ QCoro::Task<> InteractiveFace::push(QString onOff)
     m_pushes = registerDevice();
     QObject::connect(m_pushes.get(), &PushChannel::pushed,
                      [this](const QVariantMap &payload) { onPush(payload); });
-    QObject::connect(m_pushes.get(), &PushChannel::noted, [this](const QString &text) {
+    QObject::connect(m_pushes.get(), &PushChannel::statusChanged, [this](const QString &text) {
         m_terminal.print(m_terminal.styled("2", text));
     });
 }
 
-QCoro::Task<> InteractiveFace::tap(QString)
+QCoro::Task<> InteractiveMode::tap(QString)
 {
     if (!m_lastPush)
         throw CommandError(QStringLiteral("No push has come; \"push on\" listens for them"));
@@ -320,7 +321,7 @@ QCoro::Task<> InteractiveFace::tap(QString)
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::who(QString identity)
+QCoro::Task<> InteractiveMode::who(QString identity)
 {
     if (!identity.isEmpty()) {
         const QString email = identity.section(QLatin1Char(' '), 0, 0);
@@ -337,32 +338,32 @@ QCoro::Task<> InteractiveFace::who(QString identity)
                               orNone(persistentstore::customerOriginalId())));
 }
 
-QCoro::Task<> InteractiveFace::log(QString onOff)
+QCoro::Task<> InteractiveMode::log(QString onOff)
 {
     Tolvane::enableLogging(switchOn(onOff));
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::events(QString onOff)
+QCoro::Task<> InteractiveMode::events(QString onOff)
 {
     m_host.setAnalyticsDelegate(switchOn(onOff));
     co_return;
 }
 
-QCoro::Task<> InteractiveFace::quit(QString)
+QCoro::Task<> InteractiveMode::quit(QString)
 {
     m_queue.clear();
     m_hasEnded = true;
     co_return;
 }
 
-void InteractiveFace::onLog(LogType, const QString &line)
+void InteractiveMode::onLog(LogType, const QString &line)
 {
-    // Lines come from any thread, and the terminal belongs to this one.
+    // Called on any thread; the terminal is used on the main thread only.
     platform().mainThread->post([this, line] { m_terminal.print(m_terminal.styled("2", line)); });
 }
 
-void InteractiveFace::onEvent(const TolvaneAnalyticsEvent &event)
+void InteractiveMode::onEvent(const TolvaneAnalyticsEvent &event)
 {
     const QJsonDocument properties(QJsonObject::fromVariantMap(event.properties()));
     m_terminal.print(m_terminal.styled(
@@ -370,12 +371,12 @@ void InteractiveFace::onEvent(const TolvaneAnalyticsEvent &event)
                  .arg(event.name(), QString::fromUtf8(properties.toJson(QJsonDocument::Compact)))));
 }
 
-void InteractiveFace::onBroadcast(const QString &, const NotificationCenter::UserInfo &)
+void InteractiveMode::onBroadcast(const QString &, const NotificationCenter::UserInfo &)
 {
-    // The open conversation shows what it brings.
+    // The open conversation prints the change.
 }
 
-void InteractiveFace::onPush(const QVariantMap &payload)
+void InteractiveMode::onPush(const QVariantMap &payload)
 {
     m_lastPush = payload;
     ++m_newPushes;
@@ -383,7 +384,7 @@ void InteractiveFace::onPush(const QVariantMap &payload)
     m_terminal.print(m_terminal.styled("33", pushText(payload, options)));
 }
 
-void InteractiveFace::onPresentation()
+void InteractiveMode::onPresentation()
 {
     m_terminal.print(QStringLiteral("(the messenger would open here)"));
 }

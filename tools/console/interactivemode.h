@@ -15,12 +15,12 @@
 
 namespace tolvane::console {
 
-/// The face for people: short commands, a conversation printed as a conversation. Commands run one
-/// after the other; at the end of input, or at "quit", the process ends.
-class InteractiveFace final : public Listener
+/// The interactive mode: short commands and readable output. Commands run one after the other; the
+/// process ends at the end of input or at "quit".
+class InteractiveMode final : public Listener
 {
 public:
-    InteractiveFace();
+    InteractiveMode();
 
     void onLog(LogType type, const QString &line) override;
     void onEvent(const TolvaneAnalyticsEvent &event) override;
@@ -40,11 +40,11 @@ private:
     Conversation &current() const;
     void onPush(const QVariantMap &payload);
 
-    struct Awaited;
-    static std::span<const Awaited> awaited();
+    struct WaitCondition;
+    static std::span<const WaitCondition> waitConditions();
     bool hasAnswer();
-    bool hasEnd();
-    bool takePush();
+    bool isConversationClosed();
+    bool consumePush();
 
     QCoro::Task<> help(QString);
     QCoro::Task<> init(QString key);
@@ -70,7 +70,7 @@ private:
     std::optional<int> m_handle;
     std::unique_ptr<PushChannel> m_pushes;
     std::optional<QVariantMap> m_lastPush;
-    /// Pushes that no "wait" has taken note of.
+    /// Pushes that no "wait push" has consumed yet.
     int m_newPushes = 0;
     QStringList m_queue;
     bool m_isRunning = false;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "jsonface.h"
+#include "jsonmode.h"
 
 #include "attachments.h"
 #include "output.h"
 #include "platform/async/awaitfuture.h"
-#include "wireforms.h"
+#include "protocoljson.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonDocument>
@@ -32,8 +32,8 @@ void replyError(const QJsonValue &id, const QString &text)
                {QStringLiteral("error"), text}});
 }
 
-/// The id as it came; null when it is neither a number nor a text.
-QJsonValue readableId(const QJsonObject &request)
+/// The request's id, unchanged; null when it is neither a number nor a string.
+QJsonValue idOf(const QJsonObject &request)
 {
     const QJsonValue id = request.value(QLatin1String("id"));
     return id.isString() || id.isDouble() ? id : QJsonValue();
@@ -41,20 +41,20 @@ QJsonValue readableId(const QJsonObject &request)
 
 } // namespace
 
-JsonFace::JsonFace()
+JsonMode::JsonMode()
     : m_host((installPlatform(*this), *this))
 {
     QObject::connect(&m_lines, &LineSource::line, [this](const QByteArray &line) { handle(line); });
     QObject::connect(&m_lines, &LineSource::ended, qApp, &QCoreApplication::quit);
 }
 
-void JsonFace::handle(const QByteArray &line)
+void JsonMode::handle(const QByteArray &line)
 {
     const QJsonDocument document = QJsonDocument::fromJson(line);
     if (!document.isObject())
         return replyError({}, QStringLiteral("The line is not a JSON object"));
     const QJsonObject request = document.object();
-    const QJsonValue id = readableId(request);
+    const QJsonValue id = idOf(request);
     const QString name = request.value(QLatin1String("cmd")).toString();
     if (name == QLatin1String("quit")) {
         reply(id, {});
@@ -69,22 +69,22 @@ void JsonFace::handle(const QByteArray &line)
     detach(serve(id, command, Arguments(request)));
 }
 
-QCoro::Task<> JsonFace::serve(QJsonValue id, const Command *command, Arguments arguments)
+QCoro::Task<> JsonMode::serve(QJsonValue id, const Command *command, Arguments arguments)
 {
-    QString problem;
+    QString message;
     try {
         const QJsonObject results = co_await command->run(m_host, arguments);
         reply(id, results);
         co_return;
     } catch (const CommandError &error) {
-        problem = error.text();
+        message = error.text();
     } catch (...) {
-        problem = currentError()->localizedDescription();
+        message = currentError()->localizedDescription();
     }
-    replyError(id, problem);
+    replyError(id, message);
 }
 
-void JsonFace::onLog(LogType type, const QString &line)
+void JsonMode::onLog(LogType type, const QString &line)
 {
     writeLine({{QStringLiteral("event"), QStringLiteral("log")},
                {QStringLiteral("line"), line},
@@ -92,21 +92,21 @@ void JsonFace::onLog(LogType type, const QString &line)
                 QString::fromLatin1(logTypeNames.at(static_cast<std::size_t>(type)))}});
 }
 
-void JsonFace::onEvent(const TolvaneAnalyticsEvent &event)
+void JsonMode::onEvent(const TolvaneAnalyticsEvent &event)
 {
-    QJsonObject line = eventForm(event);
+    QJsonObject line = eventToJson(event);
     line.insert(QStringLiteral("event"), QStringLiteral("analytics"));
     writeLine(line);
 }
 
-void JsonFace::onBroadcast(const QString &name, const NotificationCenter::UserInfo &userInfo)
+void JsonMode::onBroadcast(const QString &name, const NotificationCenter::UserInfo &userInfo)
 {
     writeLine({{QStringLiteral("event"), QStringLiteral("notification")},
                {QStringLiteral("name"), name},
-               {QStringLiteral("userInfo"), userInfoForm(userInfo)}});
+               {QStringLiteral("userInfo"), userInfoToJson(userInfo)}});
 }
 
-void JsonFace::onPresentation()
+void JsonMode::onPresentation()
 {
     writeLine({{QStringLiteral("event"), QStringLiteral("presentation")},
                {QStringLiteral("presented"), true}});

@@ -7,11 +7,11 @@
 
 namespace tolvane::console {
 
-/// The face for scripts: one JSON object a line in and out.
-class JsonFace final : public Listener
+/// The mode for scripts: one JSON object per line, in both directions.
+class JsonMode final : public Listener
 {
 public:
-    JsonFace();
+    JsonMode();
 
     void onLog(LogType type, const QString &line) override;
     void onEvent(const TolvaneAnalyticsEvent &event) override;

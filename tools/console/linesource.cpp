@@ -21,14 +21,14 @@ void LineSource::read()
         return;
     if (size <= 0) {
         m_notifier.setEnabled(false);
-        if (!m_buffer.isEmpty()) // The last line may lack its end.
+        if (!m_buffer.isEmpty()) // The last line may lack its newline.
             Q_EMIT line(std::exchange(m_buffer, {}));
         Q_EMIT ended();
         return;
     }
     m_buffer.append(chunk.data(), size);
     for (;;) {
-        // What was scanned before holds no line end: a long line is looked through once.
+        // The first m_scanned bytes hold no newline: a long line is scanned only once.
         const qsizetype end = m_buffer.indexOf('\n', m_scanned);
         m_scanned = end < 0 ? m_buffer.size() : 0;
         if (end < 0)

@@ -7,7 +7,7 @@
 
 namespace tolvane::console {
 
-/// The lines of standard input as they come in.
+/// Emits the lines of standard input as they arrive.
 class LineSource final : public QObject
 {
     Q_OBJECT

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "interactive.h"
-#include "jsonface.h"
+#include "interactivemode.h"
+#include "jsonmode.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
@@ -22,14 +22,14 @@ int main(int argc, char **argv)
     parser.addHelpOption();
     parser.addVersionOption();
     const QCommandLineOption json(QStringLiteral("json"),
-                                  QStringLiteral("One JSON object a line in and out."));
+                                  QStringLiteral("Reads and writes one JSON object per line."));
     parser.addOption(json);
     parser.process(app);
 
     if (parser.isSet(json)) {
-        const tolvane::console::JsonFace face;
+        const tolvane::console::JsonMode mode;
         return QCoreApplication::exec();
     }
-    const tolvane::console::InteractiveFace face;
+    const tolvane::console::InteractiveMode mode;
     return QCoreApplication::exec();
 }

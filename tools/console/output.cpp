@@ -18,7 +18,7 @@ void writeOut(const QByteArray &bytes)
         const auto size = static_cast<std::size_t>(bytes.size() - written);
         const ssize_t result = ::write(STDOUT_FILENO, bytes.constData() + written, size);
         if (result < 0 && errno != EINTR)
-            std::_Exit(EXIT_SUCCESS); // The reader has gone, and with it the reason to go on.
+            std::_Exit(EXIT_SUCCESS); // The reader has closed its end.
         written += std::max<ssize_t>(result, 0);
     }
 }

@@ -6,11 +6,11 @@
 
 namespace tolvane::console {
 
-/// Writes bytes to standard output at once and whole, from whichever thread. Ends the process
-/// quietly when nobody reads any more.
+/// Writes all bytes to standard output, unbuffered and uninterrupted by other writers. Thread-safe.
+/// Exits with status 0 once the reader has closed the pipe.
 void writeOut(const QByteArray &bytes);
 
-/// One line of the protocol.
+/// Writes one line of the protocol.
 void writeLine(const QJsonObject &object);
 
 } // namespace tolvane::console

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "wireforms.h"
+#include "protocoljson.h"
 
 #include "backend/wire/json.h"
 #include "state/colorscheme.h"
@@ -16,23 +16,23 @@ namespace tolvane::console {
 namespace {
 
 template <Record T>
-QJsonValue form(const T &record)
+QJsonValue toJson(const T &record)
 {
     return QJsonDocument::fromJson(json::encode(record)).object();
 }
 
-QJsonValue form(const TicketsData::Tickets &tickets)
+QJsonValue toJson(const TicketsData::Tickets &tickets)
 {
     QJsonArray list;
     for (const TicketPreviewDto &preview : tickets)
-        list.append(form(preview));
+        list.append(toJson(preview));
     return list;
 }
 
 template <typename T>
-QJsonValue formOrNull(const std::optional<T> &value)
+QJsonValue toJsonOrNull(const std::optional<T> &value)
 {
-    return value ? form(*value) : QJsonValue();
+    return value ? toJson(*value) : QJsonValue();
 }
 
 QJsonValue errorText(const ErrorPtr &error)
@@ -47,7 +47,7 @@ QJsonValue textOrNull(const std::optional<QString> &text)
     return text ? QJsonValue(*text) : QJsonValue();
 }
 
-QJsonObject eventForm(const TolvaneAnalyticsEvent &event)
+QJsonObject eventToJson(const TolvaneAnalyticsEvent &event)
 {
     return {{QStringLiteral("name"), event.name()},
             {QStringLiteral("properties"), QJsonObject::fromVariantMap(event.properties())},
@@ -58,21 +58,21 @@ QJsonObject eventForm(const TolvaneAnalyticsEvent &event)
             {QStringLiteral("environment"), event.environment()}};
 }
 
-QJsonValue userInfoForm(const NotificationCenter::UserInfo &userInfo)
+QJsonValue userInfoToJson(const NotificationCenter::UserInfo &userInfo)
 {
     const auto dictionary = userInfo.dictionary();
     if (!dictionary)
         return {};
     QJsonObject object = QJsonObject::fromVariantMap(*dictionary);
-    // A sent reply travels as the record itself.
+    // For a sent reply, didSendMessage carries the MessageDto itself instead of a dictionary.
     for (auto entry = dictionary->cbegin(); entry != dictionary->cend(); ++entry) {
         if (entry->typeId() == qMetaTypeId<MessageDto>())
-            object.insert(entry.key(), form(entry->value<MessageDto>()));
+            object.insert(entry.key(), toJson(entry->value<MessageDto>()));
     }
     return object;
 }
 
-QJsonObject settingsForm()
+QJsonObject settingsToJson()
 {
     struct NamedColor
     {
@@ -104,15 +104,15 @@ QJsonObject settingsForm()
             {QStringLiteral("logoDark"), textOrNull(scheme.logoDark)}};
 }
 
-QJsonObject ticketsForm(const TicketsData &tickets)
+QJsonObject ticketsToJson(const TicketsData &tickets)
 {
     return {{QStringLiteral("state"), caseName(tickets.state())},
-            {QStringLiteral("value"), formOrNull(tickets.state().value())},
+            {QStringLiteral("value"), toJsonOrNull(tickets.state().value())},
             {QStringLiteral("error"), errorText(tickets.state().failure())},
-            {QStringLiteral("lastValue"), formOrNull(tickets.lastValue())}};
+            {QStringLiteral("lastValue"), toJsonOrNull(tickets.lastValue())}};
 }
 
-QJsonObject ticketForm(const TicketData &ticket)
+QJsonObject ticketToJson(const TicketData &ticket)
 {
     return {{QStringLiteral("state"), caseName(ticket.state())},
             {QStringLiteral("isFetchingTicket"), ticket.isFetchingTicket()},
@@ -126,8 +126,8 @@ QJsonObject ticketForm(const TicketData &ticket)
             {QStringLiteral("hasAttemptedFetch"), ticket.hasAttemptedFetch()},
             {QStringLiteral("fetchError"), errorText(ticket.fetchError())},
             {QStringLiteral("sendError"), errorText(ticket.sendError())},
-            {QStringLiteral("preview"), formOrNull(ticket.preview())},
-            {QStringLiteral("ticket"), formOrNull(ticket.ticket())}};
+            {QStringLiteral("preview"), toJsonOrNull(ticket.preview())},
+            {QStringLiteral("ticket"), toJsonOrNull(ticket.ticket())}};
 }
 
 } // namespace tolvane::console

@@ -9,15 +9,15 @@
 
 #include <QtCore/QJsonObject>
 
-// What the library holds, in the form that the protocol tells it in.
+// Converts the library's types to the JSON of the protocol.
 
 namespace tolvane::console {
 
-QJsonObject eventForm(const TolvaneAnalyticsEvent &event);
-QJsonValue userInfoForm(const NotificationCenter::UserInfo &userInfo);
-QJsonObject settingsForm();
-QJsonObject ticketsForm(const TicketsData &tickets);
-QJsonObject ticketForm(const TicketData &ticket);
+QJsonObject eventToJson(const TolvaneAnalyticsEvent &event);
+QJsonValue userInfoToJson(const NotificationCenter::UserInfo &userInfo);
+QJsonObject settingsToJson();
+QJsonObject ticketsToJson(const TicketsData &tickets);
+QJsonObject ticketToJson(const TicketData &ticket);
 
 QJsonValue textOrNull(const std::optional<QString> &text);
 

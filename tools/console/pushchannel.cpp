@@ -20,9 +20,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto pauseBetweenTries = 1s;
-// The service lets hear of itself every fifteen seconds.
-constexpr std::chrono::milliseconds longestSilence = 45s;
+constexpr auto retryInterval = 1s;
+// The service sends a comment at least every 15 seconds.
+constexpr std::chrono::milliseconds silenceTimeout = 45s;
 
 } // namespace
 
@@ -31,7 +31,7 @@ PushChannel::PushChannel(const QUrl &url, const QString &key)
 {
     m_request.setRawHeader("Authorization", "Bearer " + key.toUtf8());
     m_request.setRawHeader("Accept", "text/event-stream");
-    m_request.setTransferTimeout(static_cast<int>(longestSilence.count()));
+    m_request.setTransferTimeout(static_cast<int>(silenceTimeout.count()));
     m_pause.setSingleShot(true);
     connect(&m_pause, &QTimer::timeout, this, &PushChannel::open);
     open();
@@ -69,21 +69,21 @@ void PushChannel::deliver(const QByteArray &event)
     if (payload.isObject())
         Q_EMIT pushed(payload.object().toVariantMap());
     else
-        Q_EMIT noted(QStringLiteral("A push that nobody can read was skipped"));
+        Q_EMIT statusChanged(QStringLiteral("Skipped a push that is not a JSON object"));
 }
 
 void PushChannel::reopen()
 {
     const bool isBroken = m_reply->error() != QNetworkReply::NoError;
-    // Said once for all the tries until it is there again.
+    // Reported once per interruption, not for each attempt.
     if (isBroken && !m_isDown) {
-        Q_EMIT noted(QStringLiteral("The push service is away (%1); trying again")
-                         .arg(m_reply->errorString()));
+        Q_EMIT statusChanged(QStringLiteral("The push service is unavailable (%1); retrying")
+                                 .arg(m_reply->errorString()));
     }
     m_isDown = isBroken;
     m_reply->deleteLater();
     m_reply = nullptr;
-    m_pause.start(pauseBetweenTries);
+    m_pause.start(retryInterval);
 }
 
 std::unique_ptr<PushChannel> registerDevice()
@@ -91,7 +91,7 @@ std::unique_ptr<PushChannel> registerDevice()
     const auto backend = platform().environmentVariable("TOLVANE_API_URL");
     if (!backend)
         throw CommandError(
-            QStringLiteral("Only a local backend pushes to here: name one in TOLVANE_API_URL"));
+            QStringLiteral("Pushes need a local backend: set TOLVANE_API_URL to its address"));
     std::array<quint32, 8> random{};
     QRandomGenerator::system()->fillRange(random.data(), random.size());
     const QByteArray token(reinterpret_cast<const char *>(random.data()), sizeof(random));

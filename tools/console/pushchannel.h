@@ -12,8 +12,8 @@
 
 namespace tolvane::console {
 
-/// The host's connection to its push service, which it talks to by itself. Comes back after a break
-/// and misses nothing.
+/// The host's own connection to its push service, independent of the library. Reconnects after an
+/// interruption without losing a push.
 class PushChannel final : public QObject
 {
     Q_OBJECT
@@ -24,8 +24,8 @@ public:
 
 Q_SIGNALS:
     void pushed(const QVariantMap &payload);
-    /// Something that a person should know.
-    void noted(const QString &text);
+    /// A message about the connection, to show to the user.
+    void statusChanged(const QString &text);
 
 private:
     void open();
@@ -41,8 +41,8 @@ private:
     bool m_isDown = false;
 };
 
-/// Registers a device with the library, a new one each time, and listens for its pushes. Throws a
-/// CommandError when there is nobody to push.
+/// Registers a new device token with the library and listens for its pushes. Throws CommandError
+/// without a local backend, which alone can push to the console.
 std::unique_ptr<PushChannel> registerDevice();
 
 } // namespace tolvane::console

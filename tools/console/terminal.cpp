@@ -14,8 +14,8 @@ namespace {
 
 constexpr auto prompt = "› ";
 
-// The line editor calls back without a context, and there is one terminal. What it gives is kept
-// until it has done with the line: it must not be drawn anew from within its own callback.
+// The line editor's callback has no context argument, hence the globals; there is one terminal. The
+// line is kept until the editor returns, because the callback must not redraw the editor.
 std::optional<QString> editedLine;
 bool inputEnded = false;
 
@@ -72,7 +72,7 @@ void Terminal::readKey()
     }
     if (!editedLine)
         return;
-    // The editor reads the next line key by key only once it is told so again.
+    // The editor resets its mode after each line: install the handler again.
     rl_callback_handler_install(prompt, onEditedLine);
     redraw({});
     m_onLine(*std::exchange(editedLine, std::nullopt));

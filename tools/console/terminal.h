@@ -10,11 +10,11 @@
 
 namespace tolvane::console {
 
-/// Where a person types commands and reads what happens.
+/// Reads commands and prints output.
 ///
-/// At a terminal there is a prompt with line editing and history, and what happens meanwhile is
-/// printed above it. From a file or a pipe commands are echoed instead, so that the output reads
-/// like a session.
+/// At a terminal there is a prompt with line editing and history; output that arrives while the
+/// user types is printed above it. Commands from a file or a pipe are echoed instead, so that the
+/// output reads like a session.
 class Terminal
 {
 public:
@@ -25,10 +25,10 @@ public:
 
     void print(const QString &text);
 
-    /// Shows a command that is about to run, where nobody has typed it here.
+    /// Prints a command that is about to run, unless the user has typed it at this terminal.
     void echo(const QString &command);
 
-    /// The text with an ANSI style, or as it is where the output shows none.
+    /// Returns the text with an ANSI style, or unchanged when the output does not support it.
     QString styled(const char *style, const QString &text) const;
 
     bool isInteractive() const { return m_editing; }
@@ -36,7 +36,7 @@ public:
 private:
     void startEditing();
     void readKey();
-    /// Draws the line being edited anew, beneath what comes in its place.
+    /// Prints `above` in place of the line being edited and redraws that line below it.
     void redraw(const QByteArray &above);
 
     std::function<void(const QString &)> m_onLine;

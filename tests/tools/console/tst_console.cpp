@@ -108,7 +108,7 @@ private Q_SLOTS:
         row("empty id clears the id", "id: 7\n\nid\n\n", {});
         row("id with a NUL", QByteArray("id: 7\n\nid: ?8\n\n").replace('?', '\0'), {}, "7");
         row("incomplete event", "id: 7\ndata: a\n", {});
-        const QByteArray halfTheLimit(EventStream::longest / 2, 'x');
+        const QByteArray halfTheLimit(EventStream::maximumSize / 2, 'x');
         row("long line", "data: " + halfTheLimit + halfTheLimit + "\n\ndata: b\n\n", {"", "b"});
         row("long event", "data: " + halfTheLimit + "\ndata: " + halfTheLimit + "\n\ndata: b\n\n",
             {"", "b"});
