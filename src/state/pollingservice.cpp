@@ -167,12 +167,6 @@ void PollingService::stop(const QString &ticketId)
     task->stop.request_stop();
 }
 
-void PollingService::stopUnlessStopped(const Task &task)
-{
-    if (!task->stop.stop_requested())
-        stop(task->ticketId);
-}
-
 QCoro::Task<> PollingService::run(Task task)
 {
     const auto self = shared_from_this();
@@ -230,7 +224,8 @@ QCoro::Task<bool> PollingService::poll(Task task)
         }
         co_await broadcast(task, messages);
         if (std::ranges::any_of(messages, isFromAgent)) {
-            stopUnlessStopped(task);
+            if (!task->stop.stop_requested())
+                stop(task->ticketId);
             co_return true;
         }
         task->lastMessageCount = ticket.messages.size();

@@ -56,7 +56,6 @@ private:
 
     void start(const QString &ticketId, qsizetype messageCount);
     void stop(const QString &ticketId);
-    void stopUnlessStopped(const Task &task);
 
     QCoro::Task<> run(Task task);
     QCoro::Task<bool> poll(Task task);
