@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backend/wire/multipartbody.h"
+#include "backend/wire/records.h"
 #include "platform/network/urlsession.h"
 
 #include <QtCore/QString>

@@ -4,7 +4,6 @@
 #include "base/sharedinstance.h"
 #include "base/textlength.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -12,55 +11,7 @@ namespace tolvane {
 
 namespace {
 
-constexpr Color white = Color::fromRgb(0xffffff);
-constexpr Color black = Color::fromRgb(0x000000);
 constexpr Color gray = {0.5, 0.5, 0.5};
-
-// System colours of iOS for the appearances in which they are used.
-constexpr DynamicColor systemBlue = {Color::fromRgb(0x007aff), Color::fromRgb(0x0a84ff)};
-constexpr Color systemGray6Light = Color::fromRgb(0xf2f2f7);
-constexpr Color systemGray5Dark = Color::fromRgb(0x2c2c2e);
-
-struct ColorSource
-{
-    DynamicColor ColorScheme::*color;
-    DynamicColor initial;
-    QString BrandingDto::*light;
-    QString BrandingDto::*dark;
-};
-
-constexpr std::array colorSources = {
-    ColorSource{&ColorScheme::primaryColor,
-                {white, black},
-                &BrandingDto::primaryLight,
-                &BrandingDto::primaryDark},
-    ColorSource{&ColorScheme::accentColor,
-                {white, black},
-                &BrandingDto::accentLight,
-                &BrandingDto::accentDark},
-    ColorSource{&ColorScheme::chatBackgroundColor,
-                {white, black},
-                &BrandingDto::chatBackgroundLight,
-                &BrandingDto::chatBackgroundDark},
-    ColorSource{&ColorScheme::fontBasicColor,
-                {black, white},
-                &BrandingDto::fontColorBasicLight,
-                &BrandingDto::fontColorBasicDark},
-    ColorSource{&ColorScheme::fontUserBubbleColor,
-                {white, white},
-                &BrandingDto::fontColorUserBubbleLight,
-                &BrandingDto::fontColorUserBubbleDark},
-    ColorSource{&ColorScheme::fontAgentBubbleColor,
-                {black, white},
-                &BrandingDto::fontColorAgentBubbleLight,
-                &BrandingDto::fontColorAgentBubbleDark},
-    ColorSource{&ColorScheme::bubbleUserColor, systemBlue, &BrandingDto::bubbleUserLight,
-                &BrandingDto::bubbleUserDark},
-    ColorSource{&ColorScheme::bubbleAgentColor,
-                {systemGray6Light, systemGray5Dark},
-                &BrandingDto::bubbleAgentLight,
-                &BrandingDto::bubbleAgentDark},
-};
 
 } // namespace
 
@@ -90,15 +41,15 @@ ColorScheme &ColorScheme::shared()
 
 ColorScheme::ColorScheme()
 {
-    for (const ColorSource &source : colorSources)
-        this->*source.color = source.initial;
+    for (const BrandingColor &entry : brandingColors)
+        this->*entry.color = entry.initial;
 }
 
 void ColorScheme::update(const BrandingDto &branding)
 {
-    for (const ColorSource &source : colorSources) {
-        this->*source.color = {Color::fromHex(branding.*source.light),
-                               Color::fromHex(branding.*source.dark)};
+    for (const BrandingColor &entry : brandingColors) {
+        this->*entry.color = {Color::fromHex(branding.*entry.light),
+                              Color::fromHex(branding.*entry.dark)};
     }
     logoLight = branding.logoLight;
     logoDark = branding.logoDark;

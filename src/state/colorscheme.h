@@ -6,6 +6,7 @@
 
 #include <QtCore/QString>
 
+#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -71,6 +72,62 @@ struct TOLVANE_AUTOTEST_EXPORT ColorScheme
     DynamicColor bubbleAgentColor;
     std::optional<QString> logoLight = QString(QLatin1String(""));
     std::optional<QString> logoDark = QString(QLatin1String(""));
+};
+
+/// One colour of the branding: its name, its member, its default and the two fields of its record.
+struct BrandingColor
+{
+    const char *name;
+    DynamicColor ColorScheme::*color;
+    DynamicColor initial;
+    QString BrandingDto::*light;
+    QString BrandingDto::*dark;
+};
+
+namespace colors {
+constexpr Color white = Color::fromRgb(0xffffff);
+constexpr Color black = Color::fromRgb(0x000000);
+// System colours of iOS for the appearances in which they are used.
+constexpr DynamicColor systemBlue = {Color::fromRgb(0x007aff), Color::fromRgb(0x0a84ff)};
+constexpr DynamicColor systemGray = {Color::fromRgb(0xf2f2f7), Color::fromRgb(0x2c2c2e)};
+} // namespace colors
+
+/// All colours of the branding.
+inline constexpr std::array brandingColors = {
+    BrandingColor{"primaryColor",
+                  &ColorScheme::primaryColor,
+                  {colors::white, colors::black},
+                  &BrandingDto::primaryLight,
+                  &BrandingDto::primaryDark},
+    BrandingColor{"accentColor",
+                  &ColorScheme::accentColor,
+                  {colors::white, colors::black},
+                  &BrandingDto::accentLight,
+                  &BrandingDto::accentDark},
+    BrandingColor{"chatBackgroundColor",
+                  &ColorScheme::chatBackgroundColor,
+                  {colors::white, colors::black},
+                  &BrandingDto::chatBackgroundLight,
+                  &BrandingDto::chatBackgroundDark},
+    BrandingColor{"fontBasicColor",
+                  &ColorScheme::fontBasicColor,
+                  {colors::black, colors::white},
+                  &BrandingDto::fontColorBasicLight,
+                  &BrandingDto::fontColorBasicDark},
+    BrandingColor{"fontUserBubbleColor",
+                  &ColorScheme::fontUserBubbleColor,
+                  {colors::white, colors::white},
+                  &BrandingDto::fontColorUserBubbleLight,
+                  &BrandingDto::fontColorUserBubbleDark},
+    BrandingColor{"fontAgentBubbleColor",
+                  &ColorScheme::fontAgentBubbleColor,
+                  {colors::black, colors::white},
+                  &BrandingDto::fontColorAgentBubbleLight,
+                  &BrandingDto::fontColorAgentBubbleDark},
+    BrandingColor{"bubbleUserColor", &ColorScheme::bubbleUserColor, colors::systemBlue,
+                  &BrandingDto::bubbleUserLight, &BrandingDto::bubbleUserDark},
+    BrandingColor{"bubbleAgentColor", &ColorScheme::bubbleAgentColor, colors::systemGray,
+                  &BrandingDto::bubbleAgentLight, &BrandingDto::bubbleAgentDark},
 };
 
 } // namespace tolvane

@@ -74,24 +74,9 @@ QJsonValue userInfoToJson(const NotificationCenter::UserInfo &userInfo)
 
 QJsonObject settingsToJson()
 {
-    struct NamedColor
-    {
-        const char *name;
-        DynamicColor ColorScheme::*color;
-    };
-    static constexpr std::array namedColors = {
-        NamedColor{"primaryColor", &ColorScheme::primaryColor},
-        NamedColor{"accentColor", &ColorScheme::accentColor},
-        NamedColor{"chatBackgroundColor", &ColorScheme::chatBackgroundColor},
-        NamedColor{"fontBasicColor", &ColorScheme::fontBasicColor},
-        NamedColor{"fontUserBubbleColor", &ColorScheme::fontUserBubbleColor},
-        NamedColor{"fontAgentBubbleColor", &ColorScheme::fontAgentBubbleColor},
-        NamedColor{"bubbleUserColor", &ColorScheme::bubbleUserColor},
-        NamedColor{"bubbleAgentColor", &ColorScheme::bubbleAgentColor},
-    };
     const ColorScheme &scheme = ColorScheme::shared();
     QJsonObject colors;
-    for (const NamedColor &entry : namedColors) {
+    for (const BrandingColor &entry : brandingColors) {
         const DynamicColor &color = scheme.*entry.color;
         colors.insert(QLatin1String(entry.name),
                       QJsonObject{{QStringLiteral("light"), color.light.name()},

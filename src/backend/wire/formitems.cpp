@@ -1,69 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include "backend/wire/formitems.h"
 
-#include <tolvane/error.h>
+#include "backend/wire/jsonwriter.h"
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
 #include <QtCore/QLocale>
 
-#include <algorithm>
+#include <cmath>
 
 namespace tolvane {
 
-namespace {
-
-[[noreturn]] void refuse(const QJsonValue &value)
+QList<FormItem> formItems(const QString &name, bool value)
 {
-    const QByteArray text = QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact);
-    throw Error(QStringLiteral("TolvaneSdk.FormItem"), 1,
-                QStringLiteral("Value of type list could not be stringified for form item: %1")
-                    .arg(QString::fromUtf8(text)));
+    return formItems(name, value ? 1 : 0);
 }
 
-QString plainDecimal(double number)
+QList<FormItem> formItems(const QString &name, int number)
 {
-    return QString::number(number, 'f', QLocale::FloatingPointShortest);
+    return {{name, QString::number(number)}};
 }
 
-/// The items of a value in a dictionary or in a list; a list must not contain lists.
-QList<FormItem> itemsOf(const QString &name, const QJsonValue &value, bool inList)
+QList<FormItem> formItems(const QString &name, float number)
 {
-    switch (value.type()) {
-    case QJsonValue::Object:
-        return flattened(value.toObject(), name);
-    case QJsonValue::String:
-        return {{name, value.toString()}};
-    case QJsonValue::Double:
-        return {{name, plainDecimal(value.toDouble())}};
-    case QJsonValue::Bool:
-        return {{name, plainDecimal(value.toBool() ? 1 : 0)}};
-    case QJsonValue::Array: {
-        if (inList)
-            refuse(value);
-        QList<FormItem> items;
-        const QJsonArray array = value.toArray();
-        for (qsizetype i = 0; i < array.size(); ++i)
-            items += itemsOf(QStringLiteral("%1[%2]").arg(name).arg(i), array[i], true);
-        return items;
-    }
-    default:
+    if (!std::isfinite(number))
         return {};
-    }
-}
-
-} // namespace
-
-QList<FormItem> flattened(const QJsonObject &object, const QString &prefix)
-{
-    QStringList keys = object.keys();
-    std::ranges::sort(keys);
-    QList<FormItem> items;
-    for (const QString &key : std::as_const(keys)) {
-        const QString name = prefix.isEmpty() ? key : QStringLiteral("%1[%2]").arg(prefix, key);
-        items += itemsOf(name, object.value(key), false);
-    }
-    return items;
+    // The shortest decimal of the 32-bit number, which as a double has more digits.
+    QByteArray shortest;
+    json::write(shortest, number);
+    return {{name, QString::number(shortest.toDouble(), 'f', QLocale::FloatingPointShortest)}};
 }
 
 } // namespace tolvane

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "backend/wire/multipartbody.h"
 
-#include "backend/wire/formitems.h"
-
-#include <QtCore/QJsonDocument>
-
 namespace tolvane {
 
 MultipartBody::MultipartBody(QByteArray boundary, QByteArray separator)
@@ -33,12 +29,6 @@ void MultipartBody::appendFile(const QString &name, const QString &filename,
     m_data += "Content-Type: " + mimeType.toUtf8() + m_separator + m_separator;
     m_data += data;
     m_data += m_separator;
-}
-
-void MultipartBody::appendJsonObject(const QByteArray &bytes)
-{
-    for (const FormItem &item : flattened(QJsonDocument::fromJson(bytes).object()))
-        appendField(item.first, item.second);
 }
 
 QByteArray MultipartBody::finish() const

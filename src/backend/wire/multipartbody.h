@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend/wire/json.h"
+#include "backend/wire/formitems.h"
 #include "base/privateexport.h"
 
 #include <QtCore/QByteArray>
@@ -26,7 +26,8 @@ public:
     template <Record T>
     void appendRecord(const T &record)
     {
-        appendJsonObject(json::encode(record));
+        for (const FormItem &item : formItems(QString(), record))
+            appendField(item.first, item.second);
     }
 
     /// The body with its closing delimiter. The object does not change.
@@ -36,7 +37,6 @@ public:
 
 private:
     void beginPart(const QString &name);
-    void appendJsonObject(const QByteArray &bytes);
 
     QByteArray m_boundary;
     QByteArray m_separator;
