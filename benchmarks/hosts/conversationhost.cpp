@@ -94,8 +94,7 @@ void flingThroughMessages(ConversationBackend &, int messageCount)
     MessageListModel model;
     model.setMessages(conversation(messageCount).messages);
     HostWindow window;
-    QQuickItem *list =
-        window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
+    QQuickItem *list = window.show(page, {{QStringLiteral("model"), QVariant::fromValue(&model)}});
     test::wait(1000ms);
     auto *rows = list->findChild<AnchoredList *>();
     fling({.window = window,

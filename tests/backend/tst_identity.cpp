@@ -16,27 +16,6 @@ class IdentityTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void base32_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QByteArray>("text");
-        QTest::newRow("none") << QByteArray() << QByteArray();
-        QTest::newRow("one") << QByteArray("\xff") << QByteArray("ZW======");
-        QTest::newRow("two") << QByteArray("\0\x01", 2) << QByteArray("000G====");
-        QTest::newRow("three") << QByteArray("abc") << QByteArray("C5H66===");
-        QTest::newRow("four") << QByteArray("abcd") << QByteArray("C5H66S0=");
-        QTest::newRow("five") << QByteArray("abcde") << QByteArray("C5H66S35");
-    }
-
-    void base32()
-    {
-        QFETCH(const QByteArray, bytes);
-        QFETCH(const QByteArray, text);
-        QCOMPARE(encodeBase32(bytes, crockfordBase32, Base32Padding::add), text);
-        QCOMPARE(decodeBase32(text, crockfordBase32), bytes);
-        QCOMPARE(decodeBase32(text.toLower(), crockfordBase32), bytes);
-        QVERIFY(!decodeBase32(QByteArray(text).replace('=', "") + 'U', crockfordBase32));
-    }
 
     void parses_data()
     {

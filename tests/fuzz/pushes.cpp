@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Push payloads: they are broadcast unchanged or not at all, and no message appears twice.
+#include "backend/wire/json.h"
 #include "facade/pushrouting.h"
 #include "platform/async/awaitfuture.h"
 #include "state/notifications.h"
@@ -92,10 +93,13 @@ void reactTo(const Broadcast &broadcast, PushFixture &fixture)
     detach(store->fetchTicket());
     settle();
     for (int times = 0; times < 2; ++times) {
-        if (broadcast.name == notifications::didReceiveMessage)
-            store->onMessageNotification(broadcast.userInfo);
-        else
-            store->onStateUpdateNotification(broadcast.userInfo);
+        if (broadcast.name == notifications::didReceiveMessage) {
+            store->onMessageNotification(
+                UserInfo::fromDictionary(*broadcast.userInfo, json::decode<MessageDto>));
+        } else {
+            store->onStateUpdateNotification(
+                UserInfo::fromDictionary(*broadcast.userInfo, json::decode<TicketPreviewDto>));
+        }
     }
     QSet<QString> ids;
     for (const MessageDto &message : store->ticket()->messages)

@@ -130,21 +130,6 @@ private Q_SLOTS:
         QCOMPARE(stopped.value(u"reason"_s), u"manual_stop"_s);
     }
 
-    void broadcastMirrorsTheMessage()
-    {
-        PollingFixture fixture;
-        fixture.start(0);
-        QCOMPARE(fixture.broadcasts.size(), 1);
-        const Broadcast &broadcast = fixture.broadcasts.constFirst();
-        QCOMPARE(broadcast.name, notifications::didReceiveMessage);
-        QCOMPARE(tolvane::json::decode<MessageDto>(*broadcast.userInfo),
-                 fixture.messages.constFirst());
-        // Absent values are sent as nulls under their keys.
-        const QVariantMap sender = broadcast.userInfo->value(u"sender"_s).toMap();
-        QVERIFY(sender.contains(u"name"_s));
-        QVERIFY(broadcast.userInfo->contains(u"attachments"_s));
-    }
-
     void onlyTheTailIsNew()
     {
         PollingFixture fixture;

@@ -57,21 +57,6 @@ private Q_SLOTS:
             QCOMPARE(ComposerRules().fit(available, hasThumbnails), room);
     }
 
-    void measurementsAreAppliedLater()
-    {
-        ComposerLayout layout;
-        const QSignalSpy changes(&layout, &ComposerLayout::measuredHeightChanged);
-        QCOMPARE(layout.editorHeight(), 40);
-        layout.setTextHeight(120);
-        layout.setTextHeight(180);
-        QCOMPARE(layout.measuredHeight(), 0);
-        QTRY_COMPARE(layout.editorHeight(), 180);
-        layout.setHasThumbnails(true);
-        layout.setAvailableHeight(274); // The editor shrinks to the height that is left.
-        QTRY_COMPARE(layout.editorHeight(), 100);
-        QCOMPARE(changes.size(), 2);
-    }
-
     void filesBecomeAttachments_data()
     {
         QTest::addColumn<QString>("name");
@@ -113,14 +98,6 @@ private Q_SLOTS:
         }
         QVERIFY(!imagefiles::read(QUrl::fromLocalFile(one.filePath(u"gone.png"_s))));
         QVERIFY(!imagefiles::read(QUrl::fromLocalFile(one.path())));
-    }
-
-    void onlyImageFilesCanBeDropped()
-    {
-        const QList<QUrl> urls = {QUrl(u"file:///a/b.PNG"_s), QUrl(u"file:///a/b.pdf"_s),
-                                  QUrl(u"https://example.org/c.png"_s), QUrl(u"file:///a/d.webp"_s),
-                                  QUrl()};
-        QCOMPARE(imagefiles::imageFilesIn(urls), QList({urls[0], urls[3]}));
     }
 };
 

@@ -172,32 +172,6 @@ private Q_SLOTS:
         QVERIFY(fixture.session->requests.isEmpty());
     }
 
-    void appearingAgainRetries()
-    {
-        AsyncImageFixture fixture;
-        fixture.failing = true;
-        QVERIFY(fixture.show());
-        settle();
-        QVERIFY(!fixture.item->isLoading());
-        fixture.failing = false;
-        settle();
-        QCOMPARE(fixture.session->requests.size(), 1); // There is no automatic retry.
-
-        fixture.session->held = true;
-        for (int i = 0; i < 2; ++i) { // The second time it is still loading.
-            fixture.root->setVisible(false);
-            fixture.root->setVisible(true);
-        }
-        fixture.session->release();
-        QCOMPARE(fixture.session->requests.size(), 2);
-        QCOMPARE(fixture.middle(), QColor(Qt::red));
-        fixture.root->setVisible(false);
-        fixture.root->setVisible(true);
-        settle();
-        QCOMPARE(fixture.session->requests.size(), 2);
-        QCOMPARE(fixture.contents(), 1);
-    }
-
     void anotherUrlRestartsTheLoad()
     {
         AsyncImageFixture fixture;
@@ -214,17 +188,6 @@ private Q_SLOTS:
         fixture.root->setProperty("url", otherAddress);
         QCOMPARE(fixture.middle(), QColor(Qt::blue)); // The abandoned load has filled the caches.
         QCOMPARE(fixture.session->requests.size(), 2);
-    }
-
-    void aViewMayBeDestroyedWhileLoading()
-    {
-        AsyncImageFixture fixture;
-        fixture.session->held = true;
-        QVERIFY(fixture.show());
-        delete fixture.item;
-        fixture.session->release();
-        QVERIFY(!ImageCache::shared().image(ImageCache::key(address)).isNull());
-        QCOMPARE(fixture.middle(), QColor(Qt::black));
     }
 
     void contentAndViewShareTheirSize()

@@ -96,24 +96,6 @@ private Q_SLOTS:
         QVERIFY(fixture.log->lines.isEmpty());
     }
 
-    void cachedPicturesNeedNoLoad()
-    {
-        for (const bool isDecoded : {true, false}) {
-            ImageLoadFixture fixture;
-            if (isDecoded)
-                ImageCache::shared().insert(key, solidImage(fullSize, Qt::blue));
-            else
-                ImageCache::shared().responses().store(pictureResponse(), requestFor(address));
-            const auto view = fixture.view();
-            view->loadFromCaches();
-            QCOMPARE(view->image().size(), fullSize);
-            QVERIFY(!ImageCache::shared().image(key).isNull());
-            view->start(1);
-            QVERIFY(!view->isLoading());
-            QCOMPARE(fixture.requestCount(), 0);
-        }
-    }
-
     void onlySmallPicturesAreDecodedAtOnce()
     {
         ImageLoadFixture fixture;

@@ -371,24 +371,6 @@ Rectangle {
                 (found, child) => found.concat(test(child) ? [child] : findAll(child, test)), [])
         }
 
-        function test_skeleton_data() {
-            return [{tag: "without a preview", preview: null},
-                    {tag: "without a message", preview: []},
-                    {tag: "with messages", preview: numbers(1, 2), shown: 1}]
-        }
-        function test_skeleton(data) {
-            const preview = data.preview && Samples.messageList()
-            if (preview)
-                Samples.setMessages(preview, data.preview)
-            const view = createTemporaryObject(skeletonComponent, window, {preview: preview})
-            waitForRendering(view)
-            const all = type => findAll(view, item => item instanceof type && item.visible)
-            compare(all(SkeletonMessageBubble).map(bubble => bubble.isUser), [true, false, true, false])
-            compare(all(MessageItem).map(item => item.opacity), data.shown ? [0.4] : [])
-            compare(all(SkeletonBox).filter(box => box.height === 16).map(box => box.width),
-                    [200, 150, 250, 180, 120, 200, 150, 250, 180, 120])
-        }
-
         function test_hostileTexts_data() {
             return [
                 {tag: "one word", content: "x".repeat(100000)},

@@ -195,31 +195,6 @@ Item {
             compare(view.offset, 0)
         }
 
-        function test_rotation_data() {
-            return [
-                {tag: "at rest", offset: 0, state: ParallaxScroll.Opened},
-                {tag: "on the way", offset: -40, state: ParallaxScroll.Opened},
-                {tag: "further down", offset: -1000, state: ParallaxScroll.Collapsed},
-            ]
-        }
-        function test_rotation(data) {
-            view.model = 100
-            view.content = note
-            view.list.contentY = view.list.originY - data.offset
-            const row = view.list.itemAtIndex(data.offset < -500 ? 20 : 0)
-            const seenAt = row.mapToItem(window, 0, 0).y
-            compare(view.scrollState, data.state)
-            for (const isLandscape of [true, false]) {
-                view.isLandscape = isLandscape
-                waitForRendering(view)
-                compare(view.scrollState, data.state)
-                compare(view.headerItem.height, isLandscape ? 160 + Math.max(data.offset, -60)
-                                                            : 240 + Math.max(data.offset, -80))
-            }
-            compare(view.offset, data.offset)
-            compare(row.mapToItem(window, 0, 0).y, seenAt)
-        }
-
         function test_seen_data() {
             const isSoftware = view.GraphicsInfo.api === GraphicsInfo.Software
             const background = "#ffffff", header = "#ff0000", rows = "#0000ff", note = "#00ff00"
