@@ -130,7 +130,8 @@ struct Scene : Fixture
         detach(known->sendMessage());
         settle();
         const MessageDto reply = makeMessage(u"m9"_s, words::aiAgent);
-        known->onMessageNotification(tolvane::json::dictionary(reply));
+        known->onMessageNotification(
+            UserInfo::fromRecord(reply, tolvane::json::dictionary<MessageDto>));
         settle();
     }
 
