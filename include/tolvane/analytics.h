@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file Analytics events for the host.
+/// @file
+/// Analytics events for the host.
 
 #include <tolvane/export.h>
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file The type of all errors.
+/// @file
+/// The type of all errors.
 
 #include <tolvane/export.h>
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file Export macros of the libraries.
+/// @file
+/// Export macros of the libraries.
 
 #include <QtCore/qglobal.h>
 

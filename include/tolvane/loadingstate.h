@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file The state of remote content.
+/// @file
+/// The state of remote content.
 
 #include <tolvane/error.h>
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file The configuration of the QML type `ParallaxScrollView`. Requires `Tolvane::Sdk`.
+/// @file
+/// The configuration of the QML type `ParallaxScrollView`. Requires `Tolvane::Sdk`.
 
 #include <tolvane/export.h>
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file The entry point for hosts.
+/// @file
+/// The entry point for hosts.
 
 #include <tolvane/analytics.h>
 #include <tolvane/export.h>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file The version of the loaded library, which may be newer than the headers.
+/// @file
+/// The version of the loaded library, which may be newer than the headers.
 
 #include <tolvane/export.h>
 #include <tolvane/versionnumber.h>

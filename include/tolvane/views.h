@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// @file Links a host with the library of views. `tolvane/tolvane.h` includes it in hosts that link
+/// @file
+/// Links a host with the library of views. `tolvane/tolvane.h` includes it in hosts that link
 /// `Tolvane::Sdk`; a host that uses the messenger from QML only includes it itself.
 
 #include <tolvane/export.h>
