@@ -89,7 +89,7 @@ private:
 };
 
 /// Shows a picture at its full size. A picture that is available at once shows in the first frame.
-class CachedAsyncImage : public tolvane::AsyncImage
+class TOLVANE_VIEWS_AUTOTEST_EXPORT CachedAsyncImage : public tolvane::AsyncImage
 {
     Q_OBJECT
     QML_ELEMENT
@@ -102,7 +102,7 @@ public:
 };
 
 /// Shows a picture scaled down; always begins with the placeholder.
-class ThumbnailAsyncImage : public tolvane::AsyncImage
+class TOLVANE_VIEWS_AUTOTEST_EXPORT ThumbnailAsyncImage : public tolvane::AsyncImage
 {
     Q_OBJECT
     QML_ELEMENT

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
 #include "ui/listview/listrow.h"
 #include "ui/listview/rowoffsets.h"
 #include "ui/listview/scrollanimation.h"
@@ -27,7 +28,7 @@ namespace tolvane {
 ///
 /// The list opens at its end. If it is at the end, it stays there while rows change their heights.
 /// Inserted and removed rows do not scroll it: scrollToEnd() is to be called for that.
-class AnchoredList : public QQuickItem
+class TOLVANE_VIEWS_AUTOTEST_EXPORT AnchoredList : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
