@@ -5,6 +5,9 @@
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
 
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QMimeData>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
@@ -41,27 +44,17 @@ QByteArray photo()
     return bytes;
 }
 
+/// The branding of the demo, with logos of the replaced network.
 BrandingDto demoBranding()
 {
-    return {.primaryLight = u"#63B5AD"_s,
-            .accentLight = u"#0B3340"_s,
-            .chatBackgroundLight = u"#F5F4F0"_s,
-            .fontColorBasicLight = u"#14262E"_s,
-            .fontColorUserBubbleLight = u"#FFFFFF"_s,
-            .fontColorAgentBubbleLight = u"#14262E"_s,
-            .bubbleUserLight = u"#0F5C63"_s,
-            .bubbleAgentLight = u"#E5E8E5"_s,
-            .primaryDark = u"#1F5A6B"_s,
-            .accentDark = u"#FFCFA6"_s,
-            .chatBackgroundDark = u"#0D1519"_s,
-            .fontColorBasicDark = u"#EAF1F2"_s,
-            .fontColorUserBubbleDark = u"#FFFFFF"_s,
-            .fontColorAgentBubbleDark = u"#E6EDEE"_s,
-            .bubbleUserDark = u"#1D6B70"_s,
-            .bubbleAgentDark = u"#1D2A30"_s,
-            .logoLight = cdn + u"logo"_s,
-            .logoDark = cdn + u"logo"_s,
-            .updatedAt = u"1"_s};
+    QFile file(QStringLiteral(TOLVANE_SOURCES "/tools/demo/branding.json"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("%s", qPrintable(file.errorString()));
+    QJsonObject branding = QJsonDocument::fromJson(file.readAll()).object();
+    branding["logoLight"_L1] = cdn + u"logo"_s;
+    branding["logoDark"_L1] = cdn + u"logo"_s;
+    branding["updatedAt"_L1] = u"1"_s;
+    return json::decode<BrandingDto>(QJsonDocument(branding).toJson());
 }
 
 struct Line
