@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "testing/ui/uirobot.h"
 
+#include "testing/ui/accessibletree.h"
 #include "testing/waitfor.h"
 
 #include <QtGui/QWheelEvent>
@@ -15,34 +16,11 @@ namespace {
 
 constexpr auto pollInterval = 60ms;
 
-bool matches(const QAccessibleInterface &object, QAccessible::Role role, const QString &name)
+QList<QRect> layoutOf(QWindow &window)
 {
-    return object.role() == role && object.text(QAccessible::Name).contains(name);
-}
-
-/// The screen rectangle of the first object that matches and has its middle within `visible`.
-QRect search(QAccessibleInterface *object, QAccessible::Role role, const QString &name,
-             const QRect &visible)
-{
-    if (!object || object->state().invisible)
-        return {};
-    for (int i = 0; i < object->childCount(); ++i) {
-        const QRect rect = search(object->child(i), role, name, visible);
-        if (!rect.isEmpty())
-            return rect;
-    }
-    const QRect rect = object->rect();
-    return matches(*object, role, name) && visible.contains(rect.center()) ? rect : QRect();
-}
-
-/// The rectangles of an object and everything in it.
-QList<QRect> layoutOf(QAccessibleInterface *object)
-{
-    if (!object || object->state().invisible)
-        return {};
-    QList<QRect> rects{object->rect()};
-    for (int i = 0; i < object->childCount(); ++i)
-        rects += layoutOf(object->child(i));
+    QList<QRect> rects;
+    for (const AccessibleNode &node : accessibleTree(window))
+        rects += node.rect;
     return rects;
 }
 
@@ -56,16 +34,19 @@ UiRobot::UiRobot(QQuickWindow &window)
 
 QRect UiRobot::rectOf(QAccessible::Role role, const QString &name) const
 {
-    const QPoint origin = m_window.mapToGlobal(QPoint());
-    const QRect visible(origin, m_window.size());
-    return search(QAccessible::queryAccessibleInterface(&m_window), role, name, visible)
-        .translated(-origin);
+    const QRect visible(m_window.mapToGlobal(QPoint()), m_window.size());
+    for (const AccessibleNode &node : accessibleTree(m_window)) {
+        if (node.role == role && node.name.contains(name) && !node.rect.isEmpty() &&
+            visible.contains(node.rect.center()))
+            return node.rect.translated(-visible.topLeft());
+    }
+    return {};
 }
 
 QRect UiRobot::find(QAccessible::Role role, const QString &name)
 {
     QRect rect;
-    waitFor(u"an object of role %1 named \"%2\""_s.arg(role).arg(name), [&] {
+    waitFor(u"an element of role %1 named \"%2\""_s.arg(role).arg(name), [&] {
         const QRect previous = std::exchange(rect, rectOf(role, name));
         if (!rect.isEmpty() && rect == previous)
             return true;
@@ -134,8 +115,7 @@ void UiRobot::waitForAnimations()
     int equal = 0;
     waitFor(u"the end of all animations"_s, [&] {
         wait(pollInterval);
-        const QList<QRect> previous =
-            std::exchange(layout, layoutOf(QAccessible::queryAccessibleInterface(&m_window)));
+        const QList<QRect> previous = std::exchange(layout, layoutOf(m_window));
         equal = layout == previous ? equal + 1 : 0;
         return equal == equalLayouts;
     });

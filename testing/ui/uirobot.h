@@ -17,10 +17,10 @@ class UiRobot
 public:
     explicit UiRobot(QQuickWindow &window);
 
-    /// Waits until an accessible object of that role whose name contains `name` is within the
+    /// Waits until an accessible element of that role whose name contains `name` is within the
     /// window and does not move. Returns its rectangle in the window.
     QRect find(QAccessible::Role role, const QString &name = {});
-    /// Whether find() would find an object at this moment.
+    /// Whether find() would find an element at this moment.
     bool canSee(QAccessible::Role role, const QString &name = {}) const
     {
         return !rectOf(role, name).isEmpty();
@@ -35,7 +35,7 @@ public:
     /// Presses the button at `from` and moves the pointer by `offset`. release() lifts the button.
     void drag(const QPoint &from, const QPoint &offset);
     void release();
-    /// Waits until no accessible object of the window moves, appears or disappears.
+    /// Waits until no accessible element of the window moves, appears or disappears.
     void waitForAnimations();
 
 private:
