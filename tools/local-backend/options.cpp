@@ -13,7 +13,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct OptionSpec
+struct OptionDescription
 {
     const char *name;
     const char *valueName;
@@ -21,7 +21,7 @@ struct OptionSpec
     const char *help;
 };
 
-constexpr OptionSpec optionSpecs[] = {
+constexpr OptionDescription optionDescriptions[] = {
     {"port", "N", "8787", "Port to listen on, 0 for a free port (8787)."},
     {"host", "ADDR", "127.0.0.1",
      "Address to listen on. An address other than loopback opens the backend to the network."},
@@ -52,9 +52,9 @@ void addOptions(QCommandLineParser &parser)
     parser.setApplicationDescription(QLatin1String(description));
     parser.addOption({{u"h"_s, u"help"_s}, u"Shows this text."_s});
     parser.addOption({{u"v"_s, u"version"_s}, u"Shows the version."_s});
-    for (const OptionSpec &spec : optionSpecs) {
-        parser.addOption({QLatin1String(spec.name), QLatin1String(spec.help),
-                          QLatin1String(spec.valueName), QLatin1String(spec.defaultValue)});
+    for (const OptionDescription &each : optionDescriptions) {
+        parser.addOption({QLatin1String(each.name), QLatin1String(each.help),
+                          QLatin1String(each.valueName), QLatin1String(each.defaultValue)});
     }
 }
 
