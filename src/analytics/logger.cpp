@@ -10,17 +10,17 @@ namespace tolvane {
 
 namespace {
 
-struct LevelForm
+struct LevelFormat
 {
-    const char *word;
+    const char *name;
     LogType type;
 };
 
 // Indexed by LogLevel.
-constexpr std::array levelForms = {
-    LevelForm{"DEBUG", LogType::debug},    LevelForm{"INFO", LogType::info},
-    LevelForm{"WARNING", LogType::error},  LevelForm{"ERROR", LogType::error},
-    LevelForm{"CRITICAL", LogType::fault},
+constexpr std::array levelFormats = {
+    LevelFormat{"DEBUG", LogType::debug},    LevelFormat{"INFO", LogType::info},
+    LevelFormat{"WARNING", LogType::error},  LevelFormat{"ERROR", LogType::error},
+    LevelFormat{"CRITICAL", LogType::fault},
 };
 
 } // namespace
@@ -54,14 +54,14 @@ void Logger::reportMisuse(const QString &message)
 
 void Logger::write(LogLevel level, const QString &message)
 {
-    const LevelForm &form = levelForms.at(static_cast<std::size_t>(level));
+    const LevelFormat &format = levelFormats.at(static_cast<std::size_t>(level));
     const QString time =
         m_locale.toString(platform().clock->now().toLocalTime(), QStringLiteral("HH:mm:ss.zzz"));
     const QString line = QLatin1Char('[') + m_category + QLatin1String("] [") +
-                         QLatin1String(form.word) + QLatin1String("] [") + time +
+                         QLatin1String(format.name) + QLatin1String("] [") + time +
                          QLatin1String("] ") + message;
-    if (m_logger->isEnabled(form.type))
-        m_logger->write(form.type, line);
+    if (m_logger->isEnabled(format.type))
+        m_logger->write(format.type, line);
 }
 
 } // namespace tolvane

@@ -76,7 +76,7 @@ void deliverMessage(const QVariantMap &message)
 
 } // namespace
 
-bool isOurs(const QVariantMap &payload)
+bool isTolvanePush(const QVariantMap &payload)
 {
     return textAt(payload, QStringLiteral("source")) == QStringLiteral("tolvane");
 }
@@ -92,7 +92,7 @@ void registerDevice(const QByteArray &deviceToken)
 
 PresentationOptions willPresent(const QVariantMap &payload)
 {
-    if (!isOurs(payload))
+    if (!isTolvanePush(payload))
         return PresentationOptions::none;
     logInfo(QStringLiteral("Will present notification"));
     trackNotification(TolvaneAnalyticsEvent::Notifications::pushReceived,
@@ -108,7 +108,7 @@ PresentationOptions willPresent(const QVariantMap &payload)
 
 void handle(const QVariantMap &payload)
 {
-    if (!isOurs(payload))
+    if (!isTolvanePush(payload))
         return;
     if (Logger::shared().isEnabled())
         logInfo(QStringLiteral("Handle push notification: ") + json::text(payload));

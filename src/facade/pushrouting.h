@@ -8,7 +8,7 @@
 /// The facade's push operations, after its checks. Main thread.
 namespace tolvane::pushrouting {
 
-bool isOurs(const QVariantMap &payload);
+bool isTolvanePush(const QVariantMap &payload);
 void registerDevice(const QByteArray &deviceToken);
 TOLVANE_AUTOTEST_EXPORT PresentationOptions willPresent(const QVariantMap &payload);
 TOLVANE_AUTOTEST_EXPORT void handle(const QVariantMap &payload);

@@ -117,9 +117,9 @@ QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> 
 /// Finishes when its last owner is destroyed, whatever happened to the work.
 std::shared_ptr<QPromise<void>> makeSelfFinishingPromise()
 {
-    std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *kept) {
-        kept->finish();
-        delete kept;
+    std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *owned) {
+        owned->finish();
+        delete owned;
     });
     promise->start();
     return promise;
@@ -127,7 +127,7 @@ std::shared_ptr<QPromise<void>> makeSelfFinishingPromise()
 
 QCoro::Task<> holdUntilDone(QCoro::Task<> task, std::shared_ptr<QPromise<void>> promise)
 {
-    const auto held = std::move(promise);
+    const auto owner = std::move(promise);
     co_await task;
 }
 
@@ -212,7 +212,7 @@ void Tolvane::setDeviceToken(const QByteArray &deviceToken)
 
 bool Tolvane::isTolvanePushNotification(const QVariantMap &payload)
 {
-    return pushrouting::isOurs(payload);
+    return pushrouting::isTolvanePush(payload);
 }
 
 PresentationOptions Tolvane::willPresentNotification(const QVariantMap &payload)

@@ -18,9 +18,9 @@ class TOLVANE_PRIVATE_EXPORT TolvaneDestination
     Q_GADGET
     /// "ticket", "imageViewer" or "newTicket"
     Q_PROPERTY(QString kind READ kindName)
-    /// Empty where there is none.
+    /// Empty unless the destination is a ticket.
     Q_PROPERTY(QString ticketId READ ticketId)
-    /// Empty where there is none.
+    /// Empty unless the destination is a picture.
     Q_PROPERTY(QUrl imageUrl READ imageUrl)
 
 public:

@@ -9,17 +9,17 @@ namespace tolvane {
 
 namespace {
 
-struct Step
+struct UserAction
 {
-    const char *action;
+    const char *name;
     const char *screen;
 };
 
 // Indexed by TolvaneDestination::Kind.
-constexpr std::array steps = {
-    Step{"navigate_to_ticket", "chat_list"},
-    Step{"navigate_to_image_viewer", "ticket"},
-    Step{"navigate_to_new_ticket", "chat_list"},
+constexpr std::array userActions = {
+    UserAction{"navigate_to_ticket", "chat_list"},
+    UserAction{"navigate_to_image_viewer", "ticket"},
+    UserAction{"navigate_to_new_ticket", "chat_list"},
 };
 
 QVariantMap propertiesOf(const TolvaneDestination &destination)
@@ -43,9 +43,10 @@ void NavigationData::setPath(const Path &path)
 
 void NavigationData::navigate(const TolvaneDestination &to)
 {
-    const Step &step = steps.at(static_cast<std::size_t>(to.kind()));
-    TolvaneAnalyticsManager::shared().trackUserAction(
-        QString::fromLatin1(step.action), QString::fromLatin1(step.screen), propertiesOf(to));
+    const UserAction &userAction = userActions.at(static_cast<std::size_t>(to.kind()));
+    TolvaneAnalyticsManager::shared().trackUserAction(QString::fromLatin1(userAction.name),
+                                                      QString::fromLatin1(userAction.screen),
+                                                      propertiesOf(to));
     m_path.append(to);
     Q_EMIT pathChanged();
 }

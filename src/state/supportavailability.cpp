@@ -30,10 +30,10 @@ bool isOn(const ScheduleDto &schedule, QDate date)
 /// The device's time of day at an ISO 8601 date-time, without seconds.
 std::optional<QTime> timeOfDay(const QString &text, const QTimeZone &zone)
 {
-    static const QRegularExpression form(QRegularExpression::anchoredPattern(
+    static const QRegularExpression format(QRegularExpression::anchoredPattern(
         QStringLiteral("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
                        "(Z|[+-]([01][0-9]|2[0-3]):?[0-5][0-9])")));
-    if (!form.match(text).hasMatch())
+    if (!format.match(text).hasMatch())
         return std::nullopt;
     const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
     if (!moment.isValid())
@@ -43,20 +43,20 @@ std::optional<QTime> timeOfDay(const QString &text, const QTimeZone &zone)
 }
 
 /// The moment of a local time on a day: the first one if the time occurs twice, and the end of the
-/// gap if it does not occur. Qt 6.4 is inconsistent in both cases.
-QDateTime momentOf(QDate date, QTime time, const QTimeZone &zone)
+/// gap if it does not occur. QDateTime of Qt 6.4 is inconsistent in both cases.
+QDateTime fromLocalTime(QDate date, QTime time, const QTimeZone &zone)
 {
-    const QDateTime shown(date, time, Qt::UTC);
-    const auto before = shown.addSecs(-zone.offsetFromUtc(shown.addSecs(-secondsPerDay)));
-    const auto after = shown.addSecs(-zone.offsetFromUtc(shown.addSecs(secondsPerDay)));
-    const auto showsIt = [&](const QDateTime &moment) {
-        return moment.addSecs(zone.offsetFromUtc(moment)) == shown;
+    const QDateTime local(date, time, Qt::UTC);
+    const auto before = local.addSecs(-zone.offsetFromUtc(local.addSecs(-secondsPerDay)));
+    const auto after = local.addSecs(-zone.offsetFromUtc(local.addSecs(secondsPerDay)));
+    const auto isLocalTime = [&](const QDateTime &moment) {
+        return moment.addSecs(zone.offsetFromUtc(moment)) == local;
     };
     for (const QDateTime &moment : {std::min(before, after), std::max(before, after)}) {
-        if (showsIt(moment))
+        if (isLocalTime(moment))
             return moment;
     }
-    const QDateTime jump = zone.nextTransition(shown.addSecs(-secondsPerDay)).atUtc;
+    const QDateTime jump = zone.nextTransition(local.addSecs(-secondsPerDay)).atUtc;
     return jump.isValid() ? jump : before;
 }
 
@@ -69,21 +69,21 @@ struct Now
     QTime time = moment.toTimeZone(zone).time();
 };
 
-/// Seconds of the end are ignored: the schedule ends with its last minute.
+/// Ignores seconds: the schedule is open until the end of its last minute.
 bool isOpen(const ScheduleDto &schedule, QTime start, QTime end, const Now &now)
 {
     const QTime minute(now.time.hour(), now.time.minute());
     return isOn(schedule, now.date) && start <= minute && minute <= end;
 }
 
-/// Milliseconds until the schedule opens within the next days.
+/// The milliseconds until the schedule opens; absent if it does not within the next six days.
 std::optional<qint64> waitFor(const ScheduleDto &schedule, QTime start, const Now &now)
 {
     for (int offset = 0; offset < 7; ++offset) {
         const QDate date = now.date.addDays(offset);
         if (!isOn(schedule, date))
             continue;
-        const qint64 wait = now.moment.msecsTo(momentOf(date, start, now.zone));
+        const qint64 wait = now.moment.msecsTo(fromLocalTime(date, start, now.zone));
         if (wait > 0)
             return wait;
     }

@@ -6,7 +6,7 @@
 
 namespace tolvane {
 
-/// Whether support is available, or else roughly when.
+/// Whether support is available now and, if not, roughly when it opens.
 struct SupportAvailability
 {
     bool isAvailable = false;

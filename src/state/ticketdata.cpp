@@ -33,7 +33,7 @@ TicketDto provisionalTicket(const TicketPreviewDto &preview)
 
 /// The fetched ticket, sharing the known list of messages if it is equal, so that views detect an
 /// unchanged list at once. Comparing thousands of messages takes time.
-QFuture<TicketDto> withKnownMessages(TicketDto fetched, const QList<MessageDto> &known)
+QFuture<TicketDto> sharingEqualMessages(TicketDto fetched, const QList<MessageDto> &known)
 {
     return platform().workers->run([fetched = std::move(fetched), known]() mutable {
         if (fetched.messages == known)
@@ -144,7 +144,8 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
         const APIClient client = APIClient::live();
         TicketDto fetched = co_await client.getTicket(*id);
         if (m_ticket) {
-            QFuture<TicketDto> compared = withKnownMessages(std::move(fetched), m_ticket->messages);
+            QFuture<TicketDto> compared =
+                sharingEqualMessages(std::move(fetched), m_ticket->messages);
             fetched = co_await awaitFuture(compared);
         }
         if (stop.stop_requested())
@@ -268,7 +269,7 @@ void TicketData::sendingSucceeded()
     const bool hadMessage = !std::exchange(m_message, {}).isEmpty();
     const bool hadAttachments = !std::exchange(m_attachments, {}).isEmpty();
     m_isSendingMessage = false;
-    // Left by another operation that ran at the same time.
+    // Another operation that ran at the same time may have failed.
     const bool hadError = std::exchange(m_sendError, nullptr) != nullptr;
     Q_EMIT ticketChanged();
     if (hadError)

@@ -17,7 +17,7 @@
 namespace tolvane {
 
 /// The customer's tickets, in the backend's order. A running operation keeps the store alive.
-/// Failures become the state. Main thread.
+/// A failure is kept in the state. Main thread.
 class TOLVANE_PRIVATE_EXPORT TicketsData final : public QObject,
                                                  public std::enable_shared_from_this<TicketsData>
 {
@@ -34,8 +34,8 @@ public:
     /// Loads with the state `loading`. Never throttled.
     QCoro::Task<> load();
 
-    /// Refreshes without a loading state, at most once a second: an earlier call is delayed by a
-    /// second and replaces a delayed one.
+    /// Refreshes without a loading state, at most once a second. A call within that second is
+    /// delayed by a second, and replaces a call that is already delayed.
     QCoro::Task<> reload();
 
     /// The refresh itself. A failure replaces the list with the error.

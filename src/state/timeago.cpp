@@ -22,10 +22,10 @@ constexpr qint64 day = 24 * hour;
 QDateTime parsed(const QString &timestamp)
 {
     // Qt's parser accepts more formats, which differ between versions.
-    static const QRegularExpression form(QRegularExpression::anchoredPattern(
+    static const QRegularExpression format(QRegularExpression::anchoredPattern(
         QStringLiteral("([0-9]{4}-[0-9]{2}-[0-9]{2})T([0-9]{2}:[0-9]{2}:[0-9]{2})"
                        "([+-])([01][0-9]|2[0-3])([0-5][0-9])")));
-    const auto match = form.match(timestamp);
+    const auto match = format.match(timestamp);
     const QDate date = QDate::fromString(match.captured(1), Qt::ISODate);
     const QTime time = QTime::fromString(match.captured(2), QStringLiteral("HH:mm:ss"));
     if (!date.isValid() || !time.isValid())
@@ -56,7 +56,7 @@ struct Span
 
 Span spanBetween(const QDateTime &start, const QDateTime &end, const QTimeZone &zone)
 {
-    // A change of the clock shifts by less than a day.
+    // Daylight saving time changes the number by one day at most.
     qint64 days = start.secsTo(end) / day + 1;
     while (days > 0 && daysLater(start, days, zone) > end)
         --days;
@@ -64,11 +64,11 @@ Span spanBetween(const QDateTime &start, const QDateTime &end, const QTimeZone &
     return {days, rest / hour, rest % hour / minute};
 }
 
-/// The text for a duration of at least `least` of a component.
+/// The text for a duration with at least `minimum` of a component.
 struct Rule
 {
     qint64 Span::*component;
-    qint64 least;
+    qint64 minimum;
     const char *key;
     bool isCounted;
 };
@@ -93,7 +93,7 @@ QString timeAgoText(const QString &timestamp)
     const QDateTime now = platform().clock->now();
     const Span span = start < now ? spanBetween(start, now, deviceTimeZone()) : Span();
     const auto rule = std::ranges::find_if(
-        rules, [&span](const Rule &each) { return span.*each.component >= each.least; });
+        rules, [&span](const Rule &each) { return span.*each.component >= each.minimum; });
     if (rule == rules.end())
         return bundle.string(QStringLiteral("timeago_now"));
     const QString key = QString::fromLatin1(rule->key);

@@ -9,7 +9,7 @@ namespace tolvane {
 
 /// The age of the backend's `timestamp` as text, from "Just now" to "More than a week ago": in
 /// whole days, else hours, else minutes, of the device's calendar. A day ends at the same time of
-/// the next day, even if a change of the clock makes it an hour shorter or longer.
+/// the next day, even if daylight saving time makes it shorter or longer.
 ///
 /// Timestamps have the format 2026-03-14T12:00:00+0100. Any other text is an unknown time.
 TOLVANE_PRIVATE_EXPORT QString timeAgoText(const QString &timestamp);

@@ -36,7 +36,7 @@ QByteArray encodedAsPng(const QImage &image)
     return bytes;
 }
 
-/// The picture as the other application encoded it, if that is a format of the web.
+/// The picture as the other application encoded it, if that is a web format.
 std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
 {
     for (const char *type : {"image/png", "image/jpeg", "image/webp", "image/gif"}) {
@@ -120,7 +120,7 @@ bool ComposerData::pasteFrom(const QMimeData &clipboard)
         drop(clipboard.urls());
         return true;
     }
-    // Applications often copy tables and formatted text along with a picture of them.
+    // Applications often copy tables and formatted text together with a picture of them.
     if (clipboard.hasText())
         return false;
     if (const auto picture = encodedPicture(clipboard)) {
@@ -144,12 +144,12 @@ QCoro::Task<> ComposerData::add(QFuture<Attachment> read)
     try {
         attachment = co_await awaitFuture(read);
     } catch (...) {
-        attachment = {}; // Logged below, like a file that is no picture.
+        attachment = {}; // Logged below, like a file that is not a picture.
     }
     if (!attachment) {
         Logger::shared().log(
             LogLevel::error,
-            QStringLiteral("A picked file is not attached: it can't be read or is no picture"));
+            QStringLiteral("A picked file is not attached: it can't be read or is not a picture"));
         co_return;
     }
     if (!self)

@@ -50,14 +50,14 @@ public:
 
     /// Sends the message, unless sending is disabled.
     Q_INVOKABLE void send();
-    /// Attaches files that were picked. Files that can't be read or are no pictures are left out.
+    /// Attaches picked files. Skips unreadable files and files that are not pictures.
     Q_INVOKABLE void addFiles(const QList<QUrl> &files);
     /// Whether a drop of these URLs would attach any of them.
     Q_INVOKABLE bool canDrop(const QList<QUrl> &urls) const;
     /// Attaches the image files among the dropped URLs.
     Q_INVOKABLE void drop(const QList<QUrl> &urls);
     /// Attaches the picture or the image files in the clipboard. False if it has neither, or if it
-    /// has a picture and a text: then the text is to be pasted.
+    /// also has a text, which should be pasted instead of the picture.
     Q_INVOKABLE bool pasteImages();
     /// Removes the attachment of a row.
     Q_INVOKABLE void removeAttachment(int row);

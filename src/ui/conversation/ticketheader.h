@@ -12,12 +12,12 @@ class TicketData;
 
 namespace ticketheader {
 
-/// The name of the last sender other than the customer who has one, else the name of support. The
-/// title of a conversation that has not begun yet says that it is new.
+/// The name of the last sender who has a name and is not the customer, else the name of the
+/// support. A new conversation has a title of its own.
 QString title(const TicketData &ticketData);
 
-/// Whether support is available. While the opening hours are unknown it is not, and the text only
-/// names the support team.
+/// Whether support is available. Without opening hours it is unavailable, and the text is the name
+/// of the support team.
 SupportAvailability subtitle(const TicketData &ticketData);
 
 } // namespace ticketheader

@@ -20,8 +20,8 @@
 namespace tolvane {
 
 /// The data of one conversation's screen: its store, which is created with the screen, and the
-/// texts and models for the views. Handles pushes and poll results as long as it exists. Main
-/// thread.
+/// texts and models for the views. The store follows the broadcasts as long as this object exists.
+/// Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
     Q_PROPERTY(QString state READ state NOTIFY stateChanged)
     Q_PROPERTY(QString errorText READ errorText NOTIFY stateChanged)
     Q_PROPERTY(QString title READ title NOTIFY ticketChanged)
-    /// Empty for a conversation that has not begun yet.
+    /// Empty for a new conversation.
     Q_PROPERTY(QString subtitle READ subtitle NOTIFY ticketChanged)
     Q_PROPERTY(bool isSupportAvailable READ isSupportAvailable NOTIFY ticketChanged)
     Q_PROPERTY(bool isAITyping READ isAITyping NOTIFY ticketChanged)
@@ -41,7 +41,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
     Q_PROPERTY(QString ticketState READ ticketState NOTIFY ticketChanged)
     /// A MessageListModel.
     Q_PROPERTY(QAbstractItemModel *messages READ messages CONSTANT)
-    /// A MessageListModel of what is known before the ticket is loaded: one message at most.
+    /// A MessageListModel with the last message from the ticket list, until the ticket is loaded.
     Q_PROPERTY(QAbstractItemModel *preview READ preview CONSTANT)
     Q_PROPERTY(tolvane::ComposerData *composer READ composer NOTIFY destinationChanged)
 
@@ -63,8 +63,8 @@ public:
     QAbstractItemModel *preview() { return &m_preview; }
     ComposerData *composer() { return m_composer ? &*m_composer : nullptr; }
 
-    /// To be called each time the screen appears. Fetches are visible until one has finished, then
-    /// silent.
+    /// To be called each time the screen appears. Fetches the ticket: with a loading state until
+    /// one fetch has finished, then silently.
     Q_INVOKABLE void appear();
 
 Q_SIGNALS:

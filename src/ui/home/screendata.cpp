@@ -59,7 +59,7 @@ void ScreenData::startOnceSettingsLoaded()
 
 void ScreenData::syncFromStore()
 {
-    // Behind a skeleton the rows are kept, so that the list keeps its position.
+    // The rows are kept while a skeleton is shown, so that the list keeps its position.
     if (const auto tickets = m_ticketsData->state().value())
         m_tickets.setTickets(*tickets);
     Q_EMIT ticketsChanged();

@@ -48,9 +48,9 @@ public:
     NavigationData *navigation() { return &m_navigation; }
     MessageData *attachmentSelection() { return &m_attachmentSelection; }
 
-    /// Loads the tickets and shows that they are loading, as after pulling the list down.
+    /// Loads the tickets with a loading state, as after pulling the list down.
     Q_INVOKABLE void load();
-    /// Refreshes the tickets without showing it, as on returning to the list.
+    /// Refreshes the tickets without a loading state, as after returning to the list.
     Q_INVOKABLE void reload();
     /// Requests to close the messenger, as the close button does.
     Q_INVOKABLE void close() { Q_EMIT closeRequested(); }

@@ -22,7 +22,7 @@ public:
         contentRole,
         captionRole,
         isUnreadRole,
-        /// All of the row in one sentence, for screen readers.
+        /// The whole row as one text, for screen readers.
         descriptionRole,
         /// The same for all rows, which form one section.
         sectionRole,

@@ -34,7 +34,7 @@ QString icon(const TicketPreviewDto &ticket)
 
 QString singleLine(const QString &text)
 {
-    // The view shows its beginning; more than that need not be laid out.
+    // The view shows only the beginning, but would lay out the whole text.
     constexpr qsizetype maximumLength = 500;
     return text.first(qMin(text.size(), maximumLength)).simplified();
 }

@@ -9,7 +9,7 @@
 /// The texts of a row of the ticket list. Main thread.
 namespace tolvane::ticketrow {
 
-/// The kind of icon for the other side: "closed", "ai", "picture" or "person".
+/// The icon of a row: "closed", "ai", "picture" or "person".
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString icon(const TicketPreviewDto &ticket);
 
 /// The beginning of the text as one line, with spaces instead of line breaks.
