@@ -300,7 +300,7 @@ bool TicketData::hasMessage(const QString &id) const
 NotificationCenter::Observation TicketData::observe()
 {
     using Handler = void (TicketData::*)(const NotificationCenter::UserInfo &);
-    const auto connect = [this](const QString &name, Handler handler) {
+    const auto subscribe = [this](const QString &name, Handler handler) {
         return platform().notificationCenter->observe(
             name, NotificationCenter::Delivery::mainThread,
             [store = weak_from_this(), handler](const NotificationCenter::UserInfo &userInfo) {
@@ -310,8 +310,8 @@ NotificationCenter::Observation TicketData::observe()
     };
     using Observations = std::array<NotificationCenter::Observation, 2>;
     return std::make_shared<Observations>(Observations{
-        connect(notifications::didReceiveMessage, &TicketData::onMessageNotification),
-        connect(notifications::didReceiveStateUpdate, &TicketData::onStateUpdateNotification)});
+        subscribe(notifications::didReceiveMessage, &TicketData::onMessageNotification),
+        subscribe(notifications::didReceiveStateUpdate, &TicketData::onStateUpdateNotification)});
 }
 
 void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userInfo)
