@@ -1,4 +1,4 @@
-# What every target of this project is compiled with.
+# Compiler settings of all targets of this project.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -7,10 +7,9 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-# What makes builds of this project faster is for a host to decide where it is part of the host's.
+# Faster builds, for this project alone: a host that adds it as a subdirectory decides for itself.
 if(PROJECT_IS_TOP_LEVEL)
-  # The cache has to be told that a precompiled header stands for what it was made from, and that
-  # one build folder is like the other.
+  # ccache must accept precompiled headers, and share its results between build folders.
   find_program(TOLVANE_CCACHE ccache)
   if(TOLVANE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER
@@ -18,7 +17,7 @@ if(PROJECT_IS_TOP_LEVEL)
       "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" "${TOLVANE_CCACHE}")
   endif()
 
-  # Everything here links statically a dozen times over, for which the traditional linker is slow.
+  # A build links many programs, for which the default linker is slow.
   find_program(TOLVANE_LLD ld.lld)
   if(TOLVANE_LLD)
     add_link_options(-fuse-ld=lld)
@@ -38,20 +37,19 @@ target_compile_options(tolvane_compiler INTERFACE
   $<$<BOOL:${TOLVANE_WARNINGS_AS_ERRORS}>:-Werror>)
 
 if(TOLVANE_SANITIZE)
-  # Reports need lines, not variables, which take a sixth of the build's time.
+  # Reports need line numbers only; debug data of variables takes a sixth of the build time.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
   add_compile_options(${sanitizers})
   add_link_options(${sanitizers})
 endif()
 
 if(TOLVANE_BUILD_FUZZERS)
-  # clang 14 cannot check the types of functions where there are coroutines.
+  # clang 14 does not support -fsanitize=function in code with coroutines.
   add_compile_options(-fsanitize=fuzzer-no-link -fno-sanitize=function)
 endif()
 
-# tolvane_precompile(TARGET HEADER...): parses the headers that most of the target's files include
-# once for all of them. Off for the optimised builds, which so prove that each file includes what it
-# uses.
+# tolvane_precompile(TARGET HEADER...): precompiles headers that most files of the target include.
+# Optimised builds leave this off, and so check that each file includes what it uses.
 function(tolvane_precompile target)
   if(TOLVANE_PRECOMPILE_HEADERS)
     target_precompile_headers(${target} PRIVATE ${ARGN})

@@ -1,4 +1,4 @@
-# What is installed, where, and how hosts find it.
+# Installs the libraries, their headers, the QML module and the CMake and pkg-config packages.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -7,11 +7,11 @@ set(TOLVANE_INSTALL_QMLDIR "${CMAKE_INSTALL_LIBDIR}/qt6/qml" CACHE STRING
   "Folder of QML modules, below the prefix")
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/TolvaneSdk")
 
-# The libraries find each other wherever the prefix is moved to.
+# Relative, so that the installed prefix can be moved.
 set_target_properties(TolvaneCore PROPERTIES EXPORT_NAME Core INSTALL_RPATH "")
 set_target_properties(TolvaneSdk PROPERTIES EXPORT_NAME Sdk INSTALL_RPATH "$ORIGIN")
 
-# Each library has its own set, so that a host of the logic needs no Qt Quick.
+# Each library has an export set of its own, so that a host of the core does not need Qt Quick.
 foreach(part Core Sdk)
   string(TOLOWER "${part}" component)
   install(TARGETS Tolvane${part}
@@ -40,7 +40,7 @@ install(FILES
   "${PROJECT_BINARY_DIR}/TolvaneSdkConfigVersion.cmake"
   DESTINATION "${package_dir}" COMPONENT dev)
 
-# For builds that know nothing of CMake. What a static library needs is the host's to link.
+# pkg-config files, for builds without CMake. A host of static libraries also links their dependencies.
 file(RELATIVE_PATH prefix_from_pc
   "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 if(BUILD_SHARED_LIBS)
@@ -62,7 +62,7 @@ if(TARGET TolvaneQmlPlugin)
   cmake_path(RELATIVE_PATH lib_from_module BASE_DIRECTORY "/prefix/${module_dir}")
   set_target_properties(TolvaneQmlPlugin PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_module}")
   install(TARGETS TolvaneQmlPlugin DESTINATION "${module_dir}" COMPONENT qml)
-  # As built, the module is for hosts that link the library. This one also names the plugin.
+  # The qmldir of the build is for hosts that link the library. The installed one also names the plugin.
   get_target_property(built TolvaneQmlApi QT_QML_MODULE_OUTPUT_DIRECTORY)
   file(READ "${built}/qmldir" qmldir)
   string(REPLACE "module Tolvane\n"
@@ -70,7 +70,7 @@ if(TARGET TolvaneQmlPlugin)
   file(WRITE "${PROJECT_BINARY_DIR}/installed-qmldir" "${qmldir}")
   install(FILES "${PROJECT_BINARY_DIR}/installed-qmldir" RENAME qmldir
     DESTINATION "${module_dir}" COMPONENT qml)
-  # The views themselves are in the library. These are for the tools that check a host's QML.
+  # The library contains the views. The installed files are for tools that check a host's QML.
   install(DIRECTORY "${built}/" DESTINATION "${module_dir}" COMPONENT qml
     FILES_MATCHING PATTERN "*.qml" PATTERN "*.qmltypes" PATTERN "Private/qmldir")
 endif()

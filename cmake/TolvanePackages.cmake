@@ -1,4 +1,4 @@
-# The Debian packages: one for each library, the QML module, and what hosts are built with.
+# The Debian packages: one for each library, one for the QML module, and one for development.
 
 if(NOT PROJECT_IS_TOP_LEVEL)
   return()

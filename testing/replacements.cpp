@@ -214,7 +214,7 @@ std::unique_ptr<LogSink> makeCapturingSink(std::shared_ptr<LogLines> lines)
 
 void settle()
 {
-    // Work done in one turn may post more; a bounded number of turns keeps a runaway loop visible.
+    // Events may post further events; the limit keeps an endless loop from hanging the test.
     for (int turn = 0; turn < 50; ++turn)
         QCoreApplication::processEvents(QEventLoop::AllEvents);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -13,11 +13,11 @@
 #include <memory>
 #include <vector>
 
-/// Services that take the place of the platform's where time, the network, the disk and the device
-/// have to do as they are told: in tests, and in whatever else drives the library.
+/// Replacements for the platform's services, with controllable time, network, storage and device,
+/// for tests and other programs that drive the library.
 namespace tolvane::test {
 
-/// Time that passes only when a test says so. Sleepers wake in the order of their time.
+/// Time that passes only in advance(). Sleeps end in the order of their time.
 class ManualClock final : public Clock
 {
 public:
@@ -25,10 +25,10 @@ public:
     Instant monotonicNow() const override { return m_now; }
     QFuture<void> sleep(Duration duration, std::stop_token stop) override;
 
-    /// Lets time pass, waking sleepers on the way and letting the event loop settle after each.
+    /// Advances the time. Ends each sleep at its time and processes events after each.
     void advance(Duration duration);
 
-    /// How long each sleep so far was asked to be, in seconds.
+    /// The durations of all sleeps so far, in seconds.
     const QList<double> &requestedSleeps() const { return m_requestedSleeps; }
     int sleeperCount() const;
 
@@ -40,7 +40,7 @@ private:
     QList<double> m_requestedSleeps;
 };
 
-/// Preferences in memory, which can also fail to open.
+/// Preferences in memory, for which opening can be made to fail.
 class MemoryPreferences final : public Preferences
 {
 public:
@@ -51,8 +51,8 @@ public:
     std::shared_ptr<QVariantMap> values = std::make_shared<QVariantMap>();
 };
 
-/// Answers requests by a function instead of a network, and remembers them. Each answer comes with
-/// the next turn of the event loop, or when the test lets it go.
+/// Records requests and answers them with a function instead of the network. Each response arrives
+/// in the next iteration of the event loop, or when release() is called.
 class ScriptedSession final : public UrlSession
 {
 public:
@@ -60,9 +60,9 @@ public:
 
     QFuture<UrlResponse> send(std::function<UrlRequest()> build) override;
 
-    /// Gives the response or throws an error.
+    /// Returns the response or throws an error.
     Handler handler;
-    /// While true answers are held back, until release().
+    /// While true, responses wait for release().
     bool held = false;
     void release();
 
@@ -72,7 +72,7 @@ private:
     std::vector<std::function<void()>> m_pending;
 };
 
-/// Keeps the log's lines.
+/// The captured lines of a log. Lines of disabled types are not written.
 struct LogLines
 {
     QStringList lines;
@@ -98,7 +98,7 @@ struct FakeDevice final : Device
     QString timeZone = QStringLiteral("Europe/Vienna");
 };
 
-/// Texts are their keys, or those of a language.
+/// Returns keys as texts, or the texts of a language.
 struct FakeBundle final : Bundle
 {
     std::optional<QString> hostVersion() const override { return version; }
@@ -121,14 +121,14 @@ struct FakeBundle final : Bundle
     mutable QSet<QString> hostKeys;
     Qt::LayoutDirection layoutDirection() const override { return direction; }
 
-    /// Has the texts of a language in the place of the keys, and its direction.
+    /// Replaces the keys with the texts of a language, and uses its layout direction.
     void speak(const QString &language);
 
     std::optional<QString> version;
     std::optional<QString> build;
     Qt::LayoutDirection direction = Qt::LeftToRight;
     std::unique_ptr<const LibraryTexts> texts;
-    /// What becomes of each text, where it is not to stay as it is.
+    /// Transforms each text, if set.
     std::function<QString(const QString &text)> dress;
 
 private:
@@ -142,7 +142,7 @@ struct Broadcast
     std::optional<QVariantMap> userInfo;
 };
 
-/// The host's delegate, keeping the events.
+/// A host's delegate that records the events.
 struct RecordingDelegate final : TolvaneAnalyticsDelegate
 {
     void didReceiveEvent(const TolvaneAnalyticsEvent &event) override { events.append(event); }
@@ -154,14 +154,14 @@ struct RecordingDelegate final : TolvaneAnalyticsDelegate
     QList<TolvaneAnalyticsEvent> events;
 };
 
-/// Work where it is posted: what the worker pool does is done before the caller goes on.
+/// Runs work synchronously in post(), in place of the worker pool.
 class InlineExecutor final : public Executor
 {
 public:
     void post(std::function<void()> work) override { work(); }
 };
 
-/// Broadcasts, and keeps what was broadcast.
+/// Posts broadcasts and records them.
 class RecordingCenter final : public NotificationCenter
 {
 public:
@@ -177,10 +177,10 @@ private:
     QList<Broadcast> &m_broadcasts;
 };
 
-/// A log that keeps its lines.
+/// A log that appends to `lines`.
 std::unique_ptr<LogSink> makeCapturingSink(std::shared_ptr<LogLines> lines);
 
-/// Runs the event loop until nothing is left to do at this moment.
+/// Processes all pending events, including those that they post, up to a limit.
 void settle();
 
 } // namespace tolvane::test

@@ -58,8 +58,8 @@ public:
     /// Names of events about failures.
     struct Errors
     {
-        static const QString networkError;       ///< "tolvane_network_error", of the transport
-        static const QString apiError;           ///< "tolvane_api_error", all that is no other
+        static const QString networkError;       ///< "tolvane_network_error", the transport
+        static const QString apiError;           ///< "tolvane_api_error", any other failure
         static const QString configurationError; ///< "tolvane_configuration_error"
     };
     /// Keys of properties.
@@ -72,7 +72,7 @@ public:
         static const QString attachmentTypes;    ///< "attachment_types", for hosts; never sent
         static const QString isFirstMessage;     ///< "is_first_message", Boolean
         static const QString errorCode;          ///< "error_code", see Error::code()
-        static const QString errorMessage;       ///< "error_message", text for people
+        static const QString errorMessage;       ///< "error_message", human-readable text
         static const QString errorDomain;        ///< "error_domain", see Error::domain()
         static const QString screenName;         ///< "screen_name", text
         static const QString actionType;         ///< "action_type", text
@@ -90,11 +90,11 @@ public:
                           QString sdkVersion, std::optional<QString> customerId,
                           std::optional<QString> originalCustomerId, QString environment);
 
-    /// One of the names above, or another of the catalogue.
+    /// One of the names above, or another name of the catalogue.
     QString name() const { return m_name; }
     /// Further details: texts, numbers and Booleans by key.
     QVariantMap properties() const { return m_properties; }
-    /// When the event was made, in UTC.
+    /// When the event was created, in UTC.
     QDateTime timestamp() const { return m_timestamp; }
     /// The host's QCoreApplication::applicationVersion(); "0.1.0" without one.
     QString sdkVersion() const { return m_sdkVersion; }

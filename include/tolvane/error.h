@@ -13,23 +13,23 @@
 
 namespace tolvane {
 
-/// A failure, with a text for people and a (domain, code) pair for programs.
+/// A failure, with a human-readable text and a (domain, code) pair for programs.
 ///
 /// Domains in use:
 ///
 /// | domain                       | codes                                                     |
 /// |------------------------------|-----------------------------------------------------------|
-/// | "NSURLErrorDomain"           | of the transport: -999 cancelled, -1000 bad URL, -1001    |
-/// |                              | timed out, -1002 unsupported URL, -1003 host not found,   |
-/// |                              | -1004 cannot connect, -1005 connection lost, -1009        |
-/// |                              | offline, -1011 no HTTP answer, -1103 answer too large,    |
+/// | "NSURLErrorDomain"           | transport failures: -999 cancelled, -1000 invalid URL,    |
+/// |                              | -1001 timed out, -1002 unsupported URL, -1003 host not    |
+/// |                              | found, -1004 cannot connect, -1005 connection lost, -1009 |
+/// |                              | offline, -1011 invalid HTTP, -1103 response too large,    |
 /// |                              | -1200 no secure connection                                |
-/// | "TolvaneSdk.APIError"        | the status of an answer: 0 for 4xx, 1 for 5xx, 2 others   |
-/// | "TolvaneSdk.DecodingError"   | what could not be read in an answer: 1 malformed, 2 of a  |
-/// |                              | wrong type, 3 without a key, 4 without a value            |
-/// | "TolvaneSdk.FileError"       | a file that cannot be written, by QFileDevice::FileError  |
+/// | "TolvaneSdk.APIError"        | the HTTP status: 0 for 4xx, 1 for 5xx, 2 for any other    |
+/// | "TolvaneSdk.DecodingError"   | a response that is 1 malformed JSON, 2 of another type,   |
+/// |                              | 3 without a required key, 4 null where a value must be    |
+/// | "TolvaneSdk.FileError"       | a file cannot be written: a QFileDevice::FileError        |
 /// | "TolvaneSdk.Cancellation"    | 1: the operation was cancelled                            |
-/// | "TolvaneSdk.UnexpectedError" | 1: anything else, out of memory for instance              |
+/// | "TolvaneSdk.UnexpectedError" | 1: any other failure, for example lack of memory          |
 ///
 /// The first domain and its codes are those of transport failures on Apple's platforms, so that
 /// dashboards can compare platforms.
@@ -39,7 +39,7 @@ namespace tolvane {
 class TOLVANE_EXPORT Error : public std::exception
 {
 public:
-    /// Constructs an error from its domain, its code and a text for people.
+    /// Constructs an error from its domain, its code and a human-readable text.
     Error(QString domain, int code, QString localizedDescription);
     /// Copies share the texts.
     Error(const Error &) = default;
@@ -47,7 +47,7 @@ public:
     Error &operator=(const Error &) = default;
     ~Error() override;
 
-    /// A description for people. It never contains the API key.
+    /// A human-readable description. It never contains the API key.
     QString localizedDescription() const { return m_description; }
     /// Identifies the failure within the domain.
     int code() const { return m_code; }

@@ -17,9 +17,9 @@ namespace tolvane {
 /// | case                   | meaning                                                       |
 /// |------------------------|---------------------------------------------------------------|
 /// | `loadingWithPreview`   | a load is running, a provisional value can be shown meanwhile |
-/// | `loaded`               | the content is here                                           |
+/// | `loaded`               | the content is available                                      |
 /// | `error`                | the last load failed                                          |
-/// | `idle`                 | nothing was asked for yet                                     |
+/// | `idle`                 | nothing was requested yet                                     |
 /// | `loading`              | a load is running, nothing can be shown yet                   |
 /// | `empty`                | the load succeeded and there is nothing to show               |
 ///
@@ -43,7 +43,7 @@ public:
     }
     /// `value` is the content.
     static LoadingState loaded(Value value) { return {Case::loaded, std::move(value)}; }
-    /// The load failed because of `error`, which is not null.
+    /// The load failed because of `error`, which must not be null.
     static LoadingState error(ErrorPtr error) { return {Case::error, std::move(error)}; }
     /// Nothing was requested yet.
     static LoadingState idle() { return {}; }
@@ -58,7 +58,7 @@ public:
     /// True while a load runs, with or without a preview.
     bool isLoading() const { return m_case == Case::loading || m_case == Case::loadingWithPreview; }
 
-    /// The content; absent in every case but `loaded`, also where there is a preview.
+    /// The content; absent in every case but `loaded`, even with a preview.
     std::optional<Value> value() const { return payload(Case::loaded); }
 
     /// The provisional content; absent in every case but `loadingWithPreview`.

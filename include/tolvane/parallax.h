@@ -21,8 +21,8 @@ enum class ParallaxScrollState {
 class TOLVANE_VIEWS_EXPORT ParallaxHeightConfiguration
 {
 public:
-    /// @param openedHeight with the sheet at rest
-    /// @param collapsedHeight with the sheet moved up
+    /// @param openedHeight with the sheet at rest, in device-independent pixels
+    /// @param collapsedHeight with the sheet moved up, in device-independent pixels
     ParallaxHeightConfiguration(double openedHeight, double collapsedHeight);
 
     /// With the sheet at rest, in device-independent pixels.
@@ -42,17 +42,17 @@ private:
 class TOLVANE_VIEWS_EXPORT ParallaxConfiguration
 {
 public:
-    /// @param portrait  heights while the view is upright
+    /// @param portrait heights in portrait orientation
     /// @param landscape heights in landscape orientation
     /// @param parallaxFactor how far the header follows the sheet, clamped to 0 to 1
     /// @param stretchFactor how far the header grows when the sheet is pulled down, at least 1
     /// @param thresholdPercentage the fraction of the way up from which the header counts as
     /// collapsed, clamped to 0 to 1; on the way down, half of it opens the header again
-    /// @param headerBackground behind the header
-    /// @param contentBackground behind the content of the sheet
+    /// @param headerBackground colour behind the header
+    /// @param contentBackground colour behind the content of the sheet
     ///
-    /// The two factors only affect how the header is drawn; heights follow the sheet exactly. NaN
-    /// becomes the smallest allowed value.
+    /// The two factors are stored for code that draws the header; the library does not apply them,
+    /// and heights follow the sheet exactly. NaN becomes the smallest allowed value.
     ParallaxConfiguration(const ParallaxHeightConfiguration &portrait,
                           const ParallaxHeightConfiguration &landscape, double parallaxFactor,
                           double stretchFactor, double thresholdPercentage,

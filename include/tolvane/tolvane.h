@@ -50,8 +50,8 @@ public:
     /// Selects the backend. The environment variable TOLVANE_API_URL overrides it.
     enum class Environment {
         production,  ///< the default
-        development, ///< for hosts in the making
-        alpha        ///< for what is to come
+        development, ///< for hosts under development
+        alpha        ///< for features that are not released yet
     };
 
     /// "production", "development" or "alpha".
@@ -78,21 +78,23 @@ public:
     /// host must keep it alive. Set it before initialize() to receive that event, too.
     static void setAnalyticsDelegate(const std::shared_ptr<TolvaneAnalyticsDelegate> &delegate);
 
-    /// Sends the customer's identity to the backend.
+    /// Sends the customer's identity to the backend. Safe from any thread.
     ///
     /// @param email the customer's address, or absent
     /// @param originalCustomerId the host's own id of the customer, kept on the device whether or
     /// not the backend can be reached; absent forgets the stored one
-    /// @return finishes, never with an error, when the update has been sent or has failed. Blocking
-    /// on it from the main thread deadlocks. A future that is pending when the application ends
-    /// never finishes, so that none of the host's continuations run in a process that is being
-    /// destroyed; do not wait for it after QCoreApplication::exec() has returned.
+    /// @return finishes, never with an error, when the update has been sent or has failed, and at
+    /// once before initialize(). It may be discarded. Blocking on it from the main thread
+    /// deadlocks. A future that is pending when the application ends never finishes, so that none
+    /// of the host's continuations run in a process that is being destroyed; do not wait for it
+    /// after QCoreApplication::exec() has returned.
     static QFuture<void> updateCustomer(const std::optional<QString> &email,
                                         const std::optional<QString> &originalCustomerId);
 
     /// Opens the messenger over the host's foreground window: the one with the focus, else the
-    /// first visible one. Without a window, or without the library of views, it opens nothing. No
-    /// effect if the messenger is open.
+    /// first visible one. Without a window, or without the library of views, it opens nothing. An
+    /// open messenger stays as it is. Each call sends the event
+    /// TolvaneAnalyticsEvent::Chat::opened.
     static void open();
 
     /// Closes the messenger, animated, as its close button does. No effect if it is not open. Not

@@ -3,7 +3,7 @@
 
 /// @file
 /// Links a host with the library of views. `tolvane/tolvane.h` includes it in hosts that link
-/// `Tolvane::Sdk`; a host that uses the messenger from QML only includes it itself.
+/// `Tolvane::Sdk`; a host that uses the messenger from QML only must include it itself.
 
 #include <tolvane/export.h>
 

@@ -9,15 +9,14 @@
 
 namespace tolvane {
 
-/// An answer with an HTTP status of failure.
+/// A response whose HTTP status is a failure.
 class TOLVANE_AUTOTEST_EXPORT APIError final : public Error
 {
 public:
     enum Case { clientError, serverError, unknownError };
 
-    /// @param body the response's body, which becomes the text where it is valid UTF-8; not kept
-    /// for
-    ///        `unknownError`
+    /// @param body the response's body, which becomes the text if it is valid UTF-8; `unknownError`
+    /// does not keep it
     explicit APIError(Case failure, const QByteArray &body = {});
 
     Case failure() const { return static_cast<Case>(code()); }

@@ -12,7 +12,7 @@
 
 namespace tolvane {
 
-/// Base32 (RFC 4648, section 6) over an alphabet given as tables.
+/// The tables of a Base32 alphabet (RFC 4648, section 6).
 struct TOLVANE_AUTOTEST_EXPORT Base32Alphabet
 {
     static constexpr std::uint8_t invalid = 255;
@@ -22,7 +22,8 @@ struct TOLVANE_AUTOTEST_EXPORT Base32Alphabet
     std::array<std::uint8_t, 256> values;
 };
 
-/// Crockford's alphabet: no I, L, O and U; reading takes both cases, O as 0, and I and L as 1.
+/// Crockford's alphabet, without I, L, O and U. Decoding accepts both cases, O as 0, and I and L
+/// as 1.
 TOLVANE_AUTOTEST_EXPORT extern const Base32Alphabet crockfordBase32;
 
 enum class Base32Padding { omit, add };

@@ -18,7 +18,7 @@ namespace tolvane {
 /// Unix epoch, then 80 random bits, most significant byte first.
 ///
 /// The text form is 26 characters of Crockford's Base32, in lower case here, where it serves as the
-/// customer id. Ids of one millisecond are in no particular order.
+/// customer id. Ids of the same millisecond are not ordered.
 class TOLVANE_PRIVATE_EXPORT ULID
 {
 public:

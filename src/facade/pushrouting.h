@@ -5,7 +5,8 @@
 
 #include <tolvane/tolvane.h>
 
-/// The facade's push operations, after its checks. Main thread.
+/// The push operations of the facade, which checks the thread and the initialisation first. Main
+/// thread, except isOurs(), which is safe from any thread.
 namespace tolvane::pushrouting {
 
 bool isTolvanePush(const QVariantMap &payload);

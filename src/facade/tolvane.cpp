@@ -37,7 +37,7 @@ bool hasApplication()
     if (QCoreApplication::instance())
         return true;
     Logger::shared().reportMisuse(
-        QStringLiteral("Tolvane was called before the application object was made"));
+        QStringLiteral("Tolvane was called before the application object was created"));
     return false;
 }
 
@@ -114,7 +114,7 @@ QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> 
     }
 }
 
-/// Finishes when its last owner is destroyed, whatever happened to the work.
+/// A promise that finishes when its last owner is destroyed, whatever happened to the work.
 std::shared_ptr<QPromise<void>> makeSelfFinishingPromise()
 {
     std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *owned) {

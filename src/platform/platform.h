@@ -35,11 +35,11 @@ struct Platform
     std::unique_ptr<Device> device;
     std::unique_ptr<Bundle> bundle;
 
-    /// The platform's log for a subsystem and a category within it.
+    /// Creates a log sink for a subsystem and a category within it.
     std::function<std::unique_ptr<LogSink>(const QString &subsystem, const QString &category)>
         makeLogSink;
 
-    /// A cache of responses.
+    /// Creates a cache of responses.
     std::function<std::unique_ptr<UrlCache>(const UrlCache::Settings &settings)> makeUrlCache;
 
     /// Reads a variable of the process environment at each call.

@@ -129,7 +129,7 @@ std::optional<UrlError> validationError(const UrlRequest &request)
         if (!isHeaderText(value))
             return UrlError(
                 UrlError::badURL,
-                QStringLiteral("header %1 has a line end").arg(QString::fromLatin1(name)));
+                QStringLiteral("header %1 contains a line break").arg(QString::fromLatin1(name)));
     }
     return std::nullopt;
 }
