@@ -65,7 +65,10 @@ void TolvaneViewController::presentOver(QWindow &window)
     current() = this;
     m_messengerWindow.open();
     m_view->forceActiveFocus();
+    m_isOnScreen = true;
     m_data->setShown(true);
+    // Last, since an observer may close the messenger again.
+    postDidChangeState(true);
 }
 
 bool TolvaneViewController::viewDidLoad()
@@ -99,8 +102,6 @@ bool TolvaneViewController::viewDidLoad()
             &TolvaneViewController::viewDidDisappear);
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this,
             &TolvaneViewController::viewDidDisappear);
-    m_isOnScreen = true;
-    postDidChangeState(true);
     return true;
 }
 
