@@ -10,7 +10,7 @@ class QWindow;
 
 namespace tolvane::test {
 
-/// What assistive technology is told of one element.
+/// One element as assistive technology sees it.
 struct AccessibleNode
 {
     QAccessible::Id id = 0;

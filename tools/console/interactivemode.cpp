@@ -221,7 +221,7 @@ QCoro::Task<> InteractiveMode::newTicket(QString)
 
 QCoro::Task<> InteractiveMode::leave(QString)
 {
-    current(); // Throws when there is none.
+    current(); // Throws without an open conversation.
     close();
     Host::setOpen(false);
     co_return;
