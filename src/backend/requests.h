@@ -3,6 +3,7 @@
 
 #include "backend/wire/multipartbody.h"
 #include "backend/wire/records.h"
+#include "base/privateexport.h"
 #include "platform/network/urlsession.h"
 
 #include <QtCore/QString>
@@ -33,6 +34,6 @@ UrlRequest multipartRequest(const Endpoint &endpoint, const QString &path,
 /// The forms of a new ticket and of a further message, each with a new boundary.
 MultipartBody ticketForm(const CreateTicketDto &ticket,
                          const std::optional<QList<AttachmentDto>> &attachments);
-MultipartBody messageForm(const SendMessageDto &message);
+TOLVANE_AUTOTEST_EXPORT MultipartBody messageForm(const SendMessageDto &message);
 
 } // namespace tolvane

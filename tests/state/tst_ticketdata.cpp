@@ -6,7 +6,10 @@
 #include "state/ticketdata.h"
 #include "testing/samplerecords.h"
 
+#include <QtCore/QMetaMethod>
 #include <QtTest/QTest>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
