@@ -13,6 +13,9 @@
 #include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QOffscreenSurface>
+#include <QtGui/QOpenGLContext>
+#include <QtGui/QOpenGLFunctions>
 #include <QtQml/QQmlEngine>
 
 #include <algorithm>
@@ -101,11 +104,14 @@ void opening()
 void openingPlain()
 {
     RunningHost host(20);
-    test::wait(500ms);
+    test::wait(2000ms);
+    const double memory = privateMemory();
     const double began = now();
     QQmlEngine engine;
     std::unique_ptr<QQuickItem> view = host.showPlain(engine);
     report("first plain view", nextFrame(host.window()) - began);
+    test::wait(3000ms);
+    report("plain view's memory", privateMemory() - memory);
     view.reset();
     for (int round = 0; round < 5; ++round) {
         test::wait(200ms);
@@ -224,6 +230,17 @@ void reopening()
     report("KiB left by one presentation", (heap() - before) * 1024 / rounds);
 }
 
+void printRenderer()
+{
+    QOffscreenSurface surface;
+    surface.create();
+    QOpenGLContext context;
+    if (!context.create() || !context.makeCurrent(&surface))
+        qFatal("There is no OpenGL");
+    std::printf("%s\n",
+                reinterpret_cast<const char *>(context.functions()->glGetString(GL_RENDERER)));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -237,6 +254,7 @@ int main(int argc, char **argv)
         {QStringLiteral("flinging"), [] { flinging(false); }},
         {QStringLiteral("flingingPlain"), [] { flinging(true); }},
         {QStringLiteral("reopening"), reopening},
+        {QStringLiteral("renderer"), printRenderer},
     };
     const QGuiApplication app(argc, argv);
     const auto scenario = scenarios.constFind(QString::fromLatin1(argc > 1 ? argv[1] : ""));

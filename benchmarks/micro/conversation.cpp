@@ -46,8 +46,8 @@ void measureConversation(Figures &figures)
         }
     }
     figures.record("memory of a long conversation",
-                   figures.figure("peak memory with 10000 messages") -
-                       figures.figure("peak memory with 20 messages"));
+                   figures.median("peak memory with 10000 messages").value -
+                       figures.median("peak memory with 20 messages").value);
 }
 
 } // namespace tolvane::bench

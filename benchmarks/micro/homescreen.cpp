@@ -4,43 +4,41 @@
 #include "benchmarks/support/figures.h"
 #include "testing/process.h"
 
-#include <QtCore/QMap>
-
 #include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tolvane::bench {
 
 namespace {
 
-/// The numbers that a host has printed, in order, by name.
-using Numbers = QMap<QByteArray, QList<double>>;
+/// A number that the host has printed, and its name.
+using Number = std::pair<std::string, double>;
 
-Numbers numbersOf(const QString &scenario)
+std::vector<Number> numbersOf(const QString &scenario)
 {
     const QByteArray output = test::outputOf(QStringLiteral(TOLVANE_HOME_HOST), {scenario});
-    Numbers numbers;
+    std::vector<Number> numbers;
     for (const QByteArray &line : output.split('\n')) {
         const QByteArrayList parts = line.split(':');
         if (parts.size() == 2)
-            numbers[parts.at(0)] += parts.at(1).toDouble();
+            numbers.emplace_back(parts.at(0).toStdString(), parts.at(1).toDouble());
     }
     return numbers;
 }
 
-/// The minimum of each number in several runs, because noise only adds time.
-Numbers minimumOf(const QString &scenario, int runs)
+/// Records the slowest frame. Takes the minimum of two equal passes for each frame, because noise
+/// only adds time.
+void measureFlings(Figures &figures, const QString &scenario)
 {
-    Numbers minimum = numbersOf(scenario);
-    for (int run = 1; run < runs; ++run) {
-        const Numbers others = numbersOf(scenario);
-        for (auto numbers = minimum.begin(); numbers != minimum.end(); ++numbers) {
-            const QList<double> other = others.value(numbers.key());
-            numbers->resize(std::min(numbers->size(), other.size()));
-            std::ranges::transform(*numbers, other, numbers->begin(),
-                                   [](double one, double two) { return std::min(one, two); });
-        }
-    }
-    return minimum;
+    std::vector<Number> frames = numbersOf(scenario);
+    const std::vector<Number> others = numbersOf(scenario);
+    frames.resize(std::min(frames.size(), others.size()));
+    for (std::size_t at = 0; at < frames.size(); ++at)
+        frames[at].second = std::min(frames[at].second, others[at].second);
+    const Number slowest = *std::ranges::max_element(frames, {}, &Number::second);
+    figures.record(slowest.first, slowest.second);
 }
 
 } // namespace
@@ -49,16 +47,19 @@ void measureHomeScreen(Figures &figures)
 {
     for (const char *scenario :
          {"opening", "openingPlain", "loadingFew", "loadingMany", "refreshing", "reopening"}) {
-        const Numbers minimum = minimumOf(QString::fromLatin1(scenario), 3);
-        for (auto numbers = minimum.begin(); numbers != minimum.end(); ++numbers)
-            figures.record(numbers.key().toStdString(), *std::ranges::min_element(*numbers));
+        for (int run = 0; run < 3; ++run) {
+            for (const auto &[name, number] : numbersOf(QString::fromLatin1(scenario)))
+                figures.record(name, number);
+        }
     }
-    // Each run renders the same frames; the slowest frame counts.
-    for (const char *scenario : {"flinging", "flingingPlain"}) {
-        const Numbers minimum = minimumOf(QString::fromLatin1(scenario), 2);
-        for (auto numbers = minimum.begin(); numbers != minimum.end(); ++numbers)
-            figures.record(numbers.key().toStdString(), *std::ranges::max_element(*numbers));
-    }
+    measureFlings(figures, QStringLiteral("flinging"));
+    measureFlings(figures, QStringLiteral("flingingPlain"));
+}
+
+QString renderer()
+{
+    return QString::fromUtf8(
+        test::outputOf(QStringLiteral(TOLVANE_HOME_HOST), {QStringLiteral("renderer")}).trimmed());
 }
 
 } // namespace tolvane::bench

@@ -2,77 +2,53 @@
 #include "backend/configuration.h"
 #include "benchmarks/support/allocations.h"
 #include "benchmarks/support/figures.h"
+#include "benchmarks/support/requirements.h"
 #include "conversation.h"
 #include "homescreen.h"
 #include "idle.h"
 #include "scrolling.h"
 
+#include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
-using tolvane::bench::Requirement;
+using namespace tolvane::bench;
 
 namespace {
 
-const std::vector<Requirement> requirements = {
-    {"initialize / one read and one event", "initialize", "readAndEvent", 2, "x"},
-    {"decoding 10,000 messages / QJsonDocument's parse", "decodeTicket", "parseWithQJsonDocument",
-     0.5, "x"},
-    {"body with 20 MB attached / two plain copies", "buildBody", "twoPlainCopies", 1.5, "x"},
-    {"main thread's share of a quiet poll of 10,000 messages", "quietPoll", "", 1, "ms"},
-    {"small request / the same through a bare manager", "requestThroughClient",
-     "requestThroughBareManager", 1.5, "x"},
-    {"console idle, peak memory / bare program's", "idle console memory", "idle baseline memory",
-     1.5, "x"},
-    {"console idle, wake-ups in 3 seconds", "idle console wake-ups", "", 0, "wake-ups"},
-    {"a picture in memory", "pictureInMemory", "", 0.001, "ms"},
-    {"a picture in memory, allocations", "allocations for a picture in memory", "", 0, "times"},
-    {"thumbnail of 12 megapixels / scaled by QImageReader", "thumbnailOfPhoto", "scaledByReader",
-     1.3, "x"},
-    {"thumbnail of 12 megapixels / decoded, then scaled", "thumbnailOfPhoto", "decodedThenScaled",
-     1, "x"},
-    {"main thread's share of a thumbnail in 1,000", "thumbnail on main thread", "", 0.3, "ms"},
-    {"memory for 1,000 thumbnails scrolled through", "thumbnails' memory", "", 110, "MiB"},
-    {"10,000 pushes handled", "tenThousandPushes", "", 200, "ms"},
-    {"10,000 pushes / 1,000 pushes", "tenThousandPushes", "thousandPushes", 12, "x"},
-    {"initialize with views", "initialize with views", "", 1, "ms"},
-    {"first open to its frame / a plain interface's", "first open", "first plain view", 3, "x"},
-    {"later open to its frame / a plain interface's", "later open", "later plain view", 2, "x"},
-    {"10,000 tickets painted / 20 tickets", "10000 tickets painted", "20 tickets painted", 2, "x"},
-    {"rows rebuilt for one of 1,000 that changed", "rebuilt rows", "", 0, "rows"},
-    {"slowest frame of flings / of a plain list's", "frame", "plain frame", 2, "x"},
-    {"memory that a presentation adds", "presentation's memory", "", 15, "MiB"},
-    {"memory that stays after closing it", "memory after closing", "", 15, "MiB"},
-    {"memory that each of 200 presentations leaves", "KiB left by one presentation", "", 4, "KiB"},
-    {"first frame of 10,000 messages / of 20", "first frame with 10000 messages",
-     "first frame with 20 messages", 2, "x"},
-    {"one more message after 10,000", "frame with one more message with 10000 messages", "", 16.7,
-     "ms"},
-    {"one more message after 10,000 / a row of a plain list",
-     "frame with one more message with 10000 messages",
-     "frame with one more row with 10000 messages", 3, "x"},
-    {"longest frame as a message comes in",
-     "longest frame as a message comes in with 10000 messages", "", 16.7, "ms"},
-    {"screen's share of a quiet poll of 10,000 messages", "quiet poll with 10000 messages", "", 1,
-     "ms"},
-    {"longest frame of flings / of a plain list's",
-     "longest frame of a fling through the conversation with 10000 messages",
-     "longest frame of a fling through a plain list with 10000 messages", 2, "x"},
-    {"median frame of flings / of a plain list's",
-     "median frame of a fling through the conversation with 10000 messages",
-     "median frame of a fling through a plain list with 10000 messages", 2, "x"},
-    {"delegates alive among 10,000 messages",
-     "most delegates in the conversation with 10000 messages", "", 20, "items"},
-    {"a key in 200 lines", "key in 200 lines with 20 messages", "", 4, "ms"},
-    {"pinch and pan of 12 megapixels, large allocations", "large allocations of a pinch and pan",
-     "", 0, "times"},
-    // The limits of the caches, and the records.
-    {"10,000 messages and 1,000 pictures, memory over that of 20", "memory of a long conversation",
-     "", 125, "MiB"},
-    {"memory with 20 messages", "peak memory with 20 messages", "", 200, "MiB"},
+/// What `./run bench` accepts besides the options of Google Benchmark.
+struct Options
+{
+    QString page;
+    QString save;
+    QString compare;
 };
+
+Options optionsOf(const QStringList &arguments)
+{
+    const QCommandLineOption page(QStringLiteral("page"), {}, QStringLiteral("file"));
+    const QCommandLineOption save(QStringLiteral("save"), {}, QStringLiteral("file"));
+    const QCommandLineOption compare(QStringLiteral("compare"), {}, QStringLiteral("file"));
+    QCommandLineParser parser;
+    parser.addOptions({page, save, compare});
+    parser.process(arguments); // Ends the program for an unknown option.
+    return {parser.value(page), parser.value(save), parser.value(compare)};
+}
+
+/// Does what the options ask for. Returns whether all of it has succeeded.
+bool report(const std::vector<Outcome> &outcomes, const Options &options)
+{
+    bool isDone = true;
+    if (!options.page.isEmpty())
+        isDone = writePage(outcomes, renderer(), options.page) && isDone;
+    if (!options.save.isEmpty())
+        isDone = save(outcomes, options.save) && isDone;
+    if (!options.compare.isEmpty())
+        isDone = compare(outcomes, options.compare) && isDone;
+    return isDone;
+}
 
 } // namespace
 
@@ -90,16 +66,21 @@ int main(int argc, char **argv)
     arguments.insert(arguments.begin() + 1, {repetitions, interleaving, duration});
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
-    if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
-        return 2;
+    QStringList others;
+    for (int i = 0; i < count; ++i)
+        others += QString::fromLocal8Bit(arguments.at(std::size_t(i)));
+    const Options options = optionsOf(others);
 
     tolvane::Configuration::shared().setApiKeyOnce(QStringLiteral("key"));
-    tolvane::bench::Figures figures;
+    Figures figures;
     benchmark::RunSpecifiedBenchmarks(&figures);
-    tolvane::bench::measureIdle(figures);
-    tolvane::bench::measureAllocations(figures);
-    tolvane::bench::measureScrolling(figures);
-    tolvane::bench::measureHomeScreen(figures);
-    tolvane::bench::measureConversation(figures);
-    return figures.check(requirements) ? 0 : 1;
+    measureIdle(figures);
+    measureAllocations(figures);
+    measureScrolling(figures);
+    measureHomeScreen(figures);
+    measureConversation(figures);
+    const std::vector<Outcome> outcomes = outcomesOf(figures);
+    print(outcomes);
+    const bool isReported = report(outcomes, options);
+    return isReported && areAllMet(outcomes) ? 0 : 1;
 }

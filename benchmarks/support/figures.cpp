@@ -3,9 +3,25 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 namespace tolvane::bench {
+
+namespace {
+
+std::vector<double> sorted(std::vector<double> values)
+{
+    std::ranges::sort(values);
+    return values;
+}
+
+Figure figureOf(double value, double distance)
+{
+    return {value, value == 0 ? 0 : std::abs(distance / value)};
+}
+
+constexpr Figure nothing{NAN, NAN};
+
+} // namespace
 
 void Figures::ReportRuns(const std::vector<Run> &runs)
 {
@@ -18,32 +34,27 @@ void Figures::ReportRuns(const std::vector<Run> &runs)
     ConsoleReporter::ReportRuns(runs);
 }
 
-void Figures::record(const std::string &name, double figure)
+void Figures::record(const std::string &name, double measurement)
 {
-    const auto [entry, isNew] = m_figures.emplace(name, figure);
-    if (!isNew)
-        entry->second = std::min(entry->second, figure);
+    m_measurements[name].push_back(measurement);
 }
 
-double Figures::figure(const std::string &name) const
+Figure Figures::minimum(const std::string &name) const
 {
-    const auto found = m_figures.find(name);
-    return found == m_figures.end() ? std::nan("") : found->second;
+    const auto found = m_measurements.find(name);
+    if (found == m_measurements.end())
+        return nothing;
+    const std::vector<double> values = sorted(found->second);
+    return figureOf(values.front(), values[values.size() / 2] - values.front());
 }
 
-bool Figures::check(const std::vector<Requirement> &requirements) const
+Figure Figures::median(const std::string &name) const
 {
-    bool areAllMet = true;
-    std::printf("\n");
-    for (const Requirement &requirement : requirements) {
-        const double base = requirement.baseline.empty() ? 1 : figure(requirement.baseline);
-        const double result = figure(requirement.subject) / base;
-        const bool isMet = result <= requirement.limit; // False for NaN.
-        areAllMet = areAllMet && isMet;
-        std::printf("%-60s %8.3f %-10s at most %-5g %s\n", requirement.name.c_str(), result,
-                    requirement.unit, requirement.limit, isMet ? "met" : "MISSED");
-    }
-    return areAllMet;
+    const auto found = m_measurements.find(name);
+    if (found == m_measurements.end())
+        return nothing;
+    const std::vector<double> values = sorted(found->second);
+    return figureOf(values[values.size() / 2], values.back() - values.front());
 }
 
 } // namespace tolvane::bench

@@ -8,35 +8,33 @@
 
 namespace tolvane::bench {
 
-/// A limit on the ratio of two measurements of one run: subject / baseline <= limit. Without a
-/// baseline the limit applies to the subject itself.
-struct Requirement
+/// A quantity that was measured several times in one run.
+struct Figure
 {
-    std::string name;
-    std::string subject;
-    std::string baseline;
-    double limit;
-    const char *unit;
+    double value;
+    /// How far the measurements lie apart, relative to the value.
+    double spread;
 };
 
-/// Prints the results like Google Benchmark, and keeps the minimum time of each benchmark in
-/// milliseconds, because noise only adds time.
+/// Prints the results like Google Benchmark, and keeps all measurements by name.
 class Figures final : public benchmark::ConsoleReporter
 {
 public:
     void ReportRuns(const std::vector<Run> &runs) override;
 
     /// Adds a measurement that Google Benchmark has not made.
-    void record(const std::string &name, double figure);
+    void record(const std::string &name, double measurement);
 
-    /// Prints a table. Returns whether all requirements are met.
-    bool check(const std::vector<Requirement> &requirements) const;
+    /// The minimum: noise only adds to times and counts. The spread reaches to the median. Both are
+    /// NaN for a name without a measurement.
+    Figure minimum(const std::string &name) const;
 
-    /// Returns NaN for a name without a measurement.
-    double figure(const std::string &name) const;
+    /// The median, for memory: noise adds to and takes from a difference of two amounts. The spread
+    /// reaches from the minimum to the maximum.
+    Figure median(const std::string &name) const;
 
 private:
-    std::map<std::string, double> m_figures;
+    std::map<std::string, std::vector<double>> m_measurements;
 };
 
 } // namespace tolvane::bench

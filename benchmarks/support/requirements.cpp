@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "requirements.h"
+
+#include <QtCore/QByteArrayView>
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtCore/QSysInfo>
+#include <QtCore/QThread>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace tolvane::bench {
+
+namespace {
+
+const Requirement requirements[] = {
+    {"initialize / one read and one event", "ms", 2, "initialize", "readAndEvent", nullptr},
+    {"decoding 10,000 messages / QJsonDocument's parse", "ms", 0.5, "decodeTicket",
+     "parseWithQJsonDocument", nullptr},
+    {"body with 20 MB attached / two plain copies", "ms", 1.5, "buildBody", "twoPlainCopies",
+     nullptr},
+    {"main thread's share of a quiet poll of 10,000 messages", "ms", 1, "quietPoll", nullptr,
+     "a sixteenth of a frame at 60 Hz"},
+    {"small request / the same through a bare manager", "ms", 1.5, "requestThroughClient",
+     "requestThroughBareManager", nullptr},
+    {"console idle, peak memory / bare program's", "MiB", 1.5, "idle console memory",
+     "idle baseline memory", nullptr},
+    {"console idle, wake-ups in 3 seconds", "wake-ups", 0, "idle console wake-ups", nullptr,
+     "a count"},
+    {"a picture in memory", "ms", 0.001, "pictureInMemory", nullptr,
+     "fifty of them within a twentieth of a millisecond"},
+    {"a picture in memory, allocations", "times", 0, "allocations for a picture in memory", nullptr,
+     "a count"},
+    {"thumbnail of 12 megapixels / scaled by QImageReader", "ms", 1.3, "thumbnailOfPhoto",
+     "scaledByReader", nullptr},
+    {"thumbnail of 12 megapixels / decoded, then scaled", "ms", 1, "thumbnailOfPhoto",
+     "decodedThenScaled", nullptr},
+    {"main thread's share of a thumbnail in 1,000", "ms", 0.3, "thumbnail on main thread", nullptr,
+     "fifty of them in one frame at 60 Hz"},
+    {"memory for 1,000 thumbnails scrolled through", "MiB", 110, "thumbnails' memory", nullptr,
+     "the limit of the cache, and what decodes"},
+    {"10,000 pushes handled", "ms", 200, "tenThousandPushes", nullptr,
+     "a fiftieth of a millisecond each, on the main thread"},
+    {"10,000 pushes / 1,000 pushes", "ms", 12, "tenThousandPushes", "thousandPushes", nullptr},
+    {"initialize with views", "ms", 1, "initialize with views", nullptr,
+     "a host's start must not notice it"},
+    {"first open to its frame / a plain interface's", "ms", 3, "first open", "first plain view",
+     nullptr},
+    {"later open to its frame / a plain interface's", "ms", 2, "later open", "later plain view",
+     nullptr},
+    {"10,000 tickets painted / 20 tickets", "ms", 2, "10000 tickets painted", "20 tickets painted",
+     nullptr},
+    {"rows rebuilt for one of 1,000 that changed", "rows", 0, "rebuilt rows", nullptr, "a count"},
+    {"slowest frame of flings / of a plain list's", "ms", 2, "frame", "plain frame", nullptr},
+    {"memory that a presentation adds", "MiB", 15, "presentation's memory", nullptr,
+     "what a host pays; see the row with a baseline"},
+    {"memory that a presentation adds / a plain interface's", "MiB", 2, "presentation's memory",
+     "plain view's memory", nullptr},
+    {"memory that stays after closing it", "MiB", 15, "memory after closing", nullptr,
+     "what a host pays on"},
+    {"memory that each of 200 presentations leaves", "KiB", 4, "KiB left by one presentation",
+     nullptr, "the precision of the allocator's count"},
+    {"first frame of 10,000 messages / of 20", "ms", 2, "first frame with 10000 messages",
+     "first frame with 20 messages", nullptr},
+    {"one more message after 10,000", "ms", 4, "frame with one more message with 10000 messages",
+     nullptr, "a quarter of a frame at 60 Hz"},
+    {"one more message after 10,000 / a row of a plain list", "ms", 3,
+     "frame with one more message with 10000 messages",
+     "frame with one more row with 10000 messages", nullptr},
+    {"longest frame as a message comes in", "ms", 16.7,
+     "longest frame as a message comes in with 10000 messages", nullptr, "one frame at 60 Hz"},
+    {"screen's share of a quiet poll of 10,000 messages", "ms", 1, "quiet poll with 10000 messages",
+     nullptr, "a sixteenth of a frame at 60 Hz"},
+    {"longest frame of flings / of a plain list's", "ms", 2,
+     "longest frame of a fling through the conversation with 10000 messages",
+     "longest frame of a fling through a plain list with 10000 messages", nullptr},
+    {"median frame of flings / of a plain list's", "ms", 2,
+     "median frame of a fling through the conversation with 10000 messages",
+     "median frame of a fling through a plain list with 10000 messages", nullptr},
+    {"delegates alive among 10,000 messages", "items", 20,
+     "most delegates in the conversation with 10000 messages", nullptr, "a count"},
+    {"a key in 200 lines", "ms", 4, "key in 200 lines with 20 messages", nullptr,
+     "a quarter of a frame at 60 Hz"},
+    {"pinch and pan of 12 megapixels, large allocations", "times", 0,
+     "large allocations of a pinch and pan", nullptr, "a count"},
+    {"10,000 messages and 1,000 pictures, memory over that of 20", "MiB", 125,
+     "memory of a long conversation", nullptr, "the limits of the caches, and the records"},
+    {"memory with 20 messages", "MiB", 200, "peak memory with 20 messages", nullptr,
+     "the whole process, with its renderer"},
+};
+
+Figure figureOf(const Figures &figures, const char *name, QByteArrayView unit)
+{
+    return unit.endsWith("iB") ? figures.median(name) : figures.minimum(name);
+}
+
+Outcome outcomeOf(const Figures &figures, const Requirement &requirement)
+{
+    const Figure subject = figureOf(figures, requirement.subject, requirement.unit);
+    if (!requirement.baseline)
+        return {requirement, subject, {NAN, NAN}, subject};
+    const Figure baseline = figureOf(figures, requirement.baseline, requirement.unit);
+    const Figure ratio{subject.value / baseline.value, subject.spread + baseline.spread};
+    return {requirement, subject, baseline, ratio};
+}
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 4);
+}
+
+/// A result with its unit, and the two figures of a ratio.
+QString resultText(const Outcome &outcome)
+{
+    const QString unit = QString::fromUtf8(outcome.requirement.unit);
+    if (!outcome.requirement.baseline)
+        return number(outcome.result.value) + u' ' + unit;
+    return QStringLiteral("%1 (%2 / %3 %4)")
+        .arg(number(outcome.result.value), number(outcome.subject.value),
+             number(outcome.baseline.value), unit);
+}
+
+const char *verdict(const Outcome &outcome)
+{
+    return outcome.isMet() ? "met" : "MISSED";
+}
+
+QString processor()
+{
+    QFile file(QStringLiteral("/proc/cpuinfo"));
+    if (!file.open(QIODevice::ReadOnly))
+        return QSysInfo::currentCpuArchitecture();
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (line.startsWith("model name"))
+            return QString::fromUtf8(line.mid(line.indexOf(':') + 1).trimmed());
+    }
+    return QSysInfo::currentCpuArchitecture();
+}
+
+QString machine(const QString &renderer)
+{
+    return QStringLiteral("%1, %2 threads; %3; Qt %4; %5")
+        .arg(processor())
+        .arg(QThread::idealThreadCount())
+        .arg(QSysInfo::prettyProductName(), QString::fromLatin1(qVersion()), renderer);
+}
+
+QByteArray readAll(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        std::fprintf(stderr, "%s: %s\n", qPrintable(fileName), qPrintable(file.errorString()));
+    return file.isOpen() ? file.readAll() : QByteArray();
+}
+
+bool write(const QString &fileName, const QByteArray &content)
+{
+    QFile file(fileName);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush())
+        return true;
+    std::fprintf(stderr, "%s: %s\n", qPrintable(fileName), qPrintable(file.errorString()));
+    return false;
+}
+
+} // namespace
+
+std::vector<Outcome> outcomesOf(const Figures &figures)
+{
+    std::vector<Outcome> outcomes;
+    for (const Requirement &requirement : requirements)
+        outcomes.push_back(outcomeOf(figures, requirement));
+    return outcomes;
+}
+
+bool areAllMet(const std::vector<Outcome> &outcomes)
+{
+    return std::ranges::all_of(outcomes, &Outcome::isMet);
+}
+
+void print(const std::vector<Outcome> &outcomes)
+{
+    std::printf("\n");
+    for (const Outcome &outcome : outcomes) {
+        std::printf("%-60s %-34s at most %-5g %s\n", outcome.requirement.name,
+                    qPrintable(resultText(outcome)), outcome.requirement.limit, verdict(outcome));
+    }
+}
+
+bool writePage(const std::vector<Outcome> &outcomes, const QString &renderer,
+               const QString &fileName)
+{
+    QString page = QStringLiteral(
+        "# Performance\n\n"
+        "`./run bench --page docs/performance.md` has written this page. A limit applies to the "
+        "ratio of two figures of\none run, because machines differ; a limit without a baseline "
+        "has a reason. Times and counts are the least of\nseveral measurements, memory is the "
+        "median. The spread says how far the measurements lie apart.\n\n");
+    page += QStringLiteral("Measured on: %1.\n\n").arg(machine(renderer));
+    page += QStringLiteral("| What | Result | At most | | Spread | Reason for a limit without "
+                           "baseline |\n|---|---|---|---|---|---|\n");
+    for (const Outcome &outcome : outcomes) {
+        page += QStringLiteral("| %1 | %2 | %3 | %4 | %5 % | %6 |\n")
+                    .arg(QString::fromUtf8(outcome.requirement.name), resultText(outcome),
+                         number(outcome.requirement.limit), QString::fromUtf8(verdict(outcome)),
+                         QString::number(std::round(outcome.result.spread * 100)),
+                         QString::fromUtf8(outcome.requirement.reason));
+    }
+    return write(fileName, page.toUtf8());
+}
+
+bool save(const std::vector<Outcome> &outcomes, const QString &fileName)
+{
+    QJsonObject results;
+    for (const Outcome &outcome : outcomes) {
+        results.insert(QString::fromUtf8(outcome.requirement.name),
+                       QJsonObject{{QStringLiteral("result"), outcome.result.value},
+                                   {QStringLiteral("spread"), outcome.result.spread}});
+    }
+    return write(fileName, QJsonDocument(results).toJson());
+}
+
+bool compare(const std::vector<Outcome> &outcomes, const QString &fileName)
+{
+    const QJsonObject before = QJsonDocument::fromJson(readAll(fileName)).object();
+    bool isNoWorse = !before.isEmpty();
+    std::printf("\n%-60s %10s %10s %10s\n", "Change", "before", "now", "spread");
+    for (const Outcome &outcome : outcomes) {
+        const QJsonObject entry = before[QString::fromUtf8(outcome.requirement.name)].toObject();
+        if (entry.isEmpty())
+            continue;
+        const double old = entry[QStringLiteral("result")].toDouble();
+        const double spread = outcome.result.spread + entry[QStringLiteral("spread")].toDouble();
+        const bool isWorse = outcome.result.value > old * (1 + spread);
+        isNoWorse = isNoWorse && !isWorse;
+        std::printf("%-60s %10.4g %10.4g %9.0f%% %s\n", outcome.requirement.name, old,
+                    outcome.result.value, spread * 100, isWorse ? "WORSE" : "");
+    }
+    return isNoWorse;
+}
+
+} // namespace tolvane::bench
