@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ui/shapes/roundedrectanglenode.h"
+#include "ui/shapes/roundednode.h"
 
 #include <QtGui/QPainter>
-#include <QtQuick/QQuickWindow>
 #include <QtQuick/QSGGeometryNode>
 #include <QtQuick/QSGNinePatchNode>
 #include <QtQuick/QSGVertexColorMaterial>
@@ -10,19 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
 #include <vector>
 
 namespace tolvane {
 
 namespace {
-
-/// A point on a curve around an origin, for an extent of 1, and the outward direction there.
-struct CurvePoint
-{
-    QPointF place;
-    QPointF outwards;
-};
 
 /// A corner of a shape: the centre of its curve, the curve as points relative to the centre, and
 /// the fraction of a pixel over which the shape fades out there, horizontally and vertically.
@@ -30,40 +21,31 @@ struct Corner
 {
     QPointF middle;
     qreal extent;
-    std::vector<CurvePoint> directions;
+    std::vector<CurvePoint> curve;
     QPointF fading;
 };
 
 using Corners = std::array<Corner, 4>;
 
-/// Clockwise from the upper left.
+/// In the order of rectangleCorners.
 Corners cornersOf(const RoundedShape &shape)
 {
     constexpr int steps = 10;
-    const QRectF &rect = shape.target;
     const auto [topLeft, topRight, bottomLeft, bottomRight] = shape.radii;
-    const auto corner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter,
-                            bool isEdgeRound) {
-        const ContinuousCorner curve = shape.corner(which);
-        Corner result{.middle = place - curve.extent * outwards,
-                      .extent = curve.extent,
-                      .directions = {},
-                      // Another shape may adjoin an edge without a curve: there must be no gap.
-                      .fading = {1.0, isEdgeRound ? 1.0 : 0.0}};
-        if (curve.extent <= 0)
-            result.directions = {{outwards, outwards}};
-        for (int step = 0; step <= steps && curve.extent > 0; ++step) {
-            const qreal angle = (quarter + qreal(step) / steps) * std::numbers::pi / 2;
-            result.directions.push_back({curve.at(angle), curve.outwards(angle)});
-        }
-        return result;
-    };
     const bool isTopRound = topLeft > 0 || topRight > 0;
     const bool isBottomRound = bottomLeft > 0 || bottomRight > 0;
-    return {corner(0, rect.topLeft(), {-1, -1}, 2, isTopRound),
-            corner(1, rect.topRight(), {1, -1}, 3, isTopRound),
-            corner(3, rect.bottomRight(), {1, 1}, 0, isBottomRound),
-            corner(2, rect.bottomLeft(), {-1, 1}, 1, isBottomRound)};
+    Corners corners;
+    for (std::size_t at = 0; at < corners.size(); ++at) {
+        const RectangleCorner &corner = rectangleCorners.at(at);
+        const qreal extent = shape.corner(corner.index).extent;
+        const bool isEdgeRound = corner.outwards.y() < 0 ? isTopRound : isBottomRound;
+        corners.at(at) = {.middle = corner.placeIn(shape.target) - extent * corner.outwards,
+                          .extent = extent,
+                          .curve = shape.curve(corner, steps),
+                          // Another shape may adjoin an edge without a curve: there must be no gap.
+                          .fading = {1.0, isEdgeRound ? 1.0 : 0.0}};
+    }
+    return corners;
 }
 
 /// Collects vertices and triangles.
@@ -132,7 +114,7 @@ Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
     for (std::size_t at = 0; at < corners.size(); ++at) {
         const Corner &corner = corners.at(at);
         middles.at(at) = mesh.add(corner.middle, true);
-        for (const auto &[direction, outwards] : corner.directions) {
+        for (const auto &[direction, outwards] : corner.curve) {
             const QPointF place = corner.middle + corner.extent * direction;
             const QPointF fading =
                 pixel / 2 *
@@ -155,7 +137,7 @@ Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
 }
 
 /// Triangles without a texture: the renderer batches them, however many shapes there are.
-class MeshNode final : public RoundedRectangleNode
+class MeshNode final : public RoundedNode<QColor>
 {
 public:
     MeshNode()
@@ -168,7 +150,7 @@ public:
         appendChildNode(&m_node);
     }
 
-    void update(const RoundedShape &shape, const QColor &color, qreal pixelRatio) override
+    void update(const QColor &color, const RoundedShape &shape, qreal pixelRatio) override
     {
         meshOf(shape, color, 1 / pixelRatio).copyTo(m_geometry);
         m_node.markDirty(DirtyGeometry);
@@ -182,7 +164,7 @@ private:
 
 /// An image of the corners, stretched between them, for the software renderer, which draws no
 /// triangles.
-class NinePatchNode final : public RoundedRectangleNode
+class NinePatchNode final : public RoundedNode<QColor>
 {
 public:
     explicit NinePatchNode(QQuickWindow &window)
@@ -192,7 +174,7 @@ public:
         appendChildNode(m_patch);
     }
 
-    void update(const RoundedShape &shape, const QColor &color, qreal pixelRatio) override
+    void update(const QColor &color, const RoundedShape &shape, qreal pixelRatio) override
     {
         qreal padding = 0;
         for (std::size_t which = 0; which < shape.radii.size(); ++which)
@@ -234,11 +216,12 @@ private:
 
 } // namespace
 
-RoundedRectangleNode *RoundedRectangleNode::make(QQuickWindow &window)
+template <>
+RoundedNode<QColor> *RoundedNode<QColor>::make(QQuickWindow &window)
 {
-    if (QSGRendererInterface::isApiRhiBased(window.rendererInterface()->graphicsApi()))
-        return new MeshNode;
-    return new NinePatchNode(window);
+    if (isSoftware(window))
+        return new NinePatchNode(window);
+    return new MeshNode;
 }
 
 } // namespace tolvane

@@ -43,24 +43,30 @@ ContinuousCorner RoundedShape::corner(std::size_t which) const
                                        std::min(target.width(), target.height()) / 2);
 }
 
+std::vector<CurvePoint> RoundedShape::curve(const RectangleCorner &corner, int steps) const
+{
+    const ContinuousCorner shape = this->corner(corner.index);
+    if (shape.extent <= 0)
+        return {{.place = corner.outwards, .outwards = corner.outwards}};
+    std::vector<CurvePoint> points;
+    for (int step = 0; step <= steps; ++step) {
+        const qreal angle = (corner.quarter + qreal(step) / steps) * std::numbers::pi / 2;
+        points.push_back({.place = shape.at(angle), .outwards = shape.outwards(angle)});
+    }
+    return points;
+}
+
 QPainterPath RoundedShape::outline(qreal factor) const
 {
     constexpr int steps = 24;
     QPolygonF outline;
-    // Clockwise from the top left; a corner that is not rounded is a single point.
-    const auto addCorner = [&](std::size_t which, QPointF place, QPointF outwards, int quarter) {
-        const ContinuousCorner corner = this->corner(which);
-        const QPointF center = place - corner.extent * outwards;
-        for (int step = 0; step <= (corner.extent > 0 ? steps : 0); ++step) {
-            const qreal angle = (quarter + qreal(step) / steps) * std::numbers::pi / 2;
-            outline += (center + corner.extent * corner.at(angle)) * factor;
-        }
-    };
     const QRectF rect(QPointF(), target.size());
-    addCorner(0, rect.topLeft(), {-1, -1}, 2);
-    addCorner(1, rect.topRight(), {1, -1}, 3);
-    addCorner(3, rect.bottomRight(), {1, 1}, 0);
-    addCorner(2, rect.bottomLeft(), {-1, 1}, 1);
+    for (const RectangleCorner &corner : rectangleCorners) {
+        const qreal extent = this->corner(corner.index).extent;
+        const QPointF center = corner.placeIn(rect) - extent * corner.outwards;
+        for (const CurvePoint &point : curve(corner, steps))
+            outline += (center + extent * point.place) * factor;
+    }
     QPainterPath path;
     path.addPolygon(outline);
     path.closeSubpath();

@@ -8,8 +8,42 @@
 #include <QtGui/QPainterPath>
 
 #include <array>
+#include <cstddef>
+#include <vector>
 
 namespace tolvane {
+
+/// A corner of a rectangle.
+struct RectangleCorner
+{
+    /// In the order of RoundedShape::radii.
+    std::size_t index;
+    /// Away from the middle of the rectangle: -1 or 1 in either direction.
+    QPointF outwards;
+    /// The quarter of a circle that rounds it, clockwise from the lower right.
+    int quarter;
+
+    QPointF placeIn(const QRectF &rect) const
+    {
+        return {outwards.x() < 0 ? rect.left() : rect.right(),
+                outwards.y() < 0 ? rect.top() : rect.bottom()};
+    }
+};
+
+/// Clockwise from the top left.
+inline constexpr std::array rectangleCorners = {
+    RectangleCorner{.index = 0, .outwards = {-1, -1}, .quarter = 2},
+    RectangleCorner{.index = 1, .outwards = {1, -1}, .quarter = 3},
+    RectangleCorner{.index = 3, .outwards = {1, 1}, .quarter = 0},
+    RectangleCorner{.index = 2, .outwards = {-1, 1}, .quarter = 1}};
+
+/// A point on the curve of a corner and the outward direction there, for a curve around the origin
+/// with an extent of 1.
+struct CurvePoint
+{
+    QPointF place;
+    QPointF outwards;
+};
 
 /// Where a picture is drawn, which part of it is drawn, and how its corners are rounded. All in the
 /// coordinates of the item, except for `source`, which is in pixels of the picture.
@@ -23,6 +57,8 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
     bool isRounded() const;
     /// One of the corners, in the order of the radii.
     ContinuousCorner corner(std::size_t which) const;
+    /// The points of the corner's curve, clockwise; a single one if the corner is not rounded.
+    std::vector<CurvePoint> curve(const RectangleCorner &corner, int steps) const;
     /// The outline with its top left at the origin, scaled by the factor.
     QPainterPath outline(qreal factor) const;
 

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ui/shapes/roundednodes.h"
-
 #include "ui/shapes/roundedmaterial.h"
+#include "ui/shapes/roundednode.h"
 
 #include <QtGui/QPainter>
-#include <QtQuick/QQuickWindow>
 #include <QtQuick/QSGSimpleTextureNode>
 
 #include <array>
@@ -14,7 +12,7 @@ namespace tolvane {
 namespace {
 
 /// Rounds the corners by a shader.
-class ShaderNode final : public RoundedNode
+class ShaderNode final : public RoundedNode<QImage>
 {
 public:
     explicit ShaderNode(QQuickWindow &window)
@@ -126,7 +124,7 @@ QImage painted(const QImage &image, const RoundedShape &shape, qreal pixelRatio)
 }
 
 /// Rounds the corners by QPainter.
-class PaintedNode final : public RoundedNode
+class PaintedNode final : public RoundedNode<QImage>
 {
 public:
     explicit PaintedNode(QQuickWindow &window)
@@ -150,12 +148,12 @@ private:
 
 } // namespace
 
-RoundedNode *RoundedNode::make(QQuickWindow &window)
+template <>
+RoundedNode<QImage> *RoundedNode<QImage>::make(QQuickWindow &window)
 {
-    const auto api = window.rendererInterface()->graphicsApi();
-    if (QSGRendererInterface::isApiRhiBased(api))
-        return new ShaderNode(window);
-    return new PaintedNode(window);
+    if (isSoftware(window))
+        return new PaintedNode(window);
+    return new ShaderNode(window);
 }
 
 } // namespace tolvane
