@@ -17,8 +17,8 @@ DropArea {
 
     Rectangle {
         anchors.fill: parent
-        anchors.margins: 8
-        radius: 14
+        anchors.margins: Metrics.SmallPadding
+        radius: Metrics.PanelRadius
         color: Qt.alpha(Theme.chatBackgroundColor, 0.92)
         border.width: 2
         border.color: Theme.fontBasicColor
@@ -26,12 +26,12 @@ DropArea {
         visible: opacity > 0
 
         Behavior on opacity {
-            NumberAnimation { duration: 150 }
+            NumberAnimation { duration: Metrics.ShortDuration }
         }
 
         Column {
             anchors.centerIn: parent
-            width: parent.width - 32
+            width: parent.width - 2 * Metrics.Padding
             spacing: 12
 
             Icon {

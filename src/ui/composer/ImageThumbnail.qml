@@ -6,6 +6,7 @@ import Tolvane.Private
 Item {
     id: thumbnail
 
+    /// A QImage.
     required property var image
     /// The names of the picture and of its button for screen readers.
     required property string name
@@ -20,13 +21,13 @@ Item {
 
     Rectangle {
         anchors.fill: parent
-        radius: 10
+        radius: Metrics.PictureRadius
         color: Theme.chatBackgroundColor
 
         // Seen while the picture is being decoded, and behind transparent pictures.
         Rectangle {
             anchors.fill: parent
-            radius: 10
+            radius: Metrics.PictureRadius
             color: Qt.alpha(Theme.fontBasicColor, 0.12)
         }
     }
@@ -35,25 +36,24 @@ Item {
         anchors.fill: parent
         image: thumbnail.image // qmllint disable
         fillMode: RoundedImage.Fill
-        radius: 10
+        radius: Metrics.PictureRadius
     }
 
     FocusRing {
-        radius: 12
+        radius: Metrics.PictureRadius + 2
         tint: Theme.fontBasicColor
         isShown: thumbnail.isCurrent
     }
 
     // Larger than the drawn button, up to the corner, so that a finger can hit it.
-    MouseArea {
+    Pressable {
         anchors.top: parent.top
         anchors.right: parent.right
-        width: 40
-        height: 40
-        cursorShape: Qt.PointingHandCursor
-        Accessible.role: Accessible.Button
-        Accessible.name: thumbnail.removeButtonName
-        Accessible.onPressAction: thumbnail.removed()
+        width: Metrics.ComposerButtonSize
+        height: Metrics.ComposerButtonSize
+        name: thumbnail.removeButtonName
+        activeFocusOnTab: false
+        Accessible.focusable: false
         onClicked: thumbnail.removed()
 
         Rectangle {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
@@ -21,9 +22,9 @@ FocusScope {
         focus: true
         activeFocusOnTab: count > 0
         orientation: ListView.Horizontal
-        spacing: 10
-        leftMargin: 10
-        rightMargin: 10
+        spacing: Metrics.Spacing
+        leftMargin: Metrics.Spacing
+        rightMargin: Metrics.Spacing
         boundsBehavior: Flickable.DragOverBounds
         model: thumbnails.composer.attachments
         Accessible.role: Accessible.List
@@ -42,20 +43,15 @@ FocusScope {
             }
         }
 
-        component Eased: NumberAnimation {
-            duration: 350
-            easing.type: Easing.InOutQuad
-        }
-
         add: Transition {
-            Eased { property: "opacity"; from: 0; to: 1 }
+            EasedAnimation { property: "opacity"; from: 0; to: 1 }
         }
         remove: Transition {
-            Eased { property: "opacity"; to: 0 }
+            EasedAnimation { property: "opacity"; to: 0 }
         }
         displaced: Transition {
-            Eased { properties: "x,y" }
-            Eased { property: "opacity"; to: 1 }
+            EasedAnimation { properties: "x,y" }
+            EasedAnimation { property: "opacity"; to: 1 }
         }
 
         delegate: ImageThumbnail {

@@ -12,10 +12,10 @@ IconButton {
     property url pickerSource: Qt.resolvedUrl("ImagePicker.qml")
     property var picker: null
 
-    implicitWidth: 40
-    implicitHeight: 40
+    implicitWidth: Metrics.ComposerButtonSize
+    implicitHeight: Metrics.ComposerButtonSize
     icon: "paperclip"
-    iconSize: 20
+    iconSize: Metrics.ComposerIconSize
     color: Theme.fontBasicColor
     name: Strings.string("accessibility_attach")
     enabled: !composer.isSendingMessage

@@ -12,8 +12,8 @@ FocusScope {
 
     signal clicked()
 
-    implicitWidth: 40
-    implicitHeight: 40
+    implicitWidth: Metrics.ComposerButtonSize
+    implicitHeight: Metrics.ComposerButtonSize
 
     IconButton {
         anchors.fill: parent
@@ -21,7 +21,7 @@ FocusScope {
         visible: !button.composer.isSendingMessage
         enabled: !button.composer.isSendDisabled || button.isComposing
         icon: "paperplane"
-        iconSize: 20
+        iconSize: Metrics.ComposerIconSize
         color: Theme.fontBasicColor
         name: Strings.string("accessibility_send")
         onClicked: button.clicked()

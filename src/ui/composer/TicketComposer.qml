@@ -12,11 +12,14 @@ FocusScope {
     /// The editor scrolls and the pictures shrink to stay within this height.
     property real maximumHeight: 400
 
+    /// Leaves room for the icon of a button.
+    readonly property int editorMargin:
+        Metrics.WidePadding + Metrics.ComposerIconSize + Metrics.Spacing
+
     implicitHeight: bar.y + bar.height
 
     // False at first: the initial content does not move into place.
     property bool isAnimated: false
-
 
     function focusEditor() {
         editor.forceActiveFocus()
@@ -43,24 +46,19 @@ FocusScope {
         onTriggered: view.isAnimated = true
     }
 
-    component Eased: NumberAnimation {
-        duration: 350
-        easing.type: Easing.InOutQuad
-    }
-
     Item {
         id: strip
 
         // Extends to the edges of the window.
-        x: -16
-        width: view.width + 32
+        x: -Metrics.Padding
+        width: view.width + 2 * Metrics.Padding
         height: measures.hasThumbnails ? measures.stripHeight + measures.stripSpacing : 0
         clip: height < thumbnails.height
 
         Behavior on height {
             enabled: view.isAnimated
 
-            Eased { }
+            EasedAnimation { }
         }
 
         ImageThumbnails {
@@ -97,7 +95,7 @@ FocusScope {
             id: pickButton
 
             anchors.left: parent.left
-            anchors.leftMargin: 20 - (width - iconSize) / 2
+            anchors.leftMargin: Metrics.WidePadding - (width - iconSize) / 2
             anchors.verticalCenter: parent.verticalCenter
             composer: view.composer
         }
@@ -107,8 +105,8 @@ FocusScope {
 
             anchors.left: parent.left
             anchors.right: parent.right
-            anchors.leftMargin: 20 + 20 + 10
-            anchors.rightMargin: 20 + 20 + 10
+            anchors.leftMargin: view.editorMargin
+            anchors.rightMargin: view.editorMargin
             anchors.verticalCenter: parent.verticalCenter
             height: measures.editorHeight
             focus: true
@@ -125,7 +123,7 @@ FocusScope {
             Behavior on height {
                 enabled: view.isAnimated
 
-                Eased { }
+                EasedAnimation { }
             }
         }
 
@@ -133,7 +131,7 @@ FocusScope {
             id: sendButton
 
             anchors.right: parent.right
-            anchors.rightMargin: 20 - (width - 20) / 2
+            anchors.rightMargin: Metrics.WidePadding - (width - Metrics.ComposerIconSize) / 2
             anchors.verticalCenter: parent.verticalCenter
             composer: view.composer
             isComposing: editor.isComposing

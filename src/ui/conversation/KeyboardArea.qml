@@ -12,7 +12,7 @@ Item {
 
     Behavior on height {
         NumberAnimation {
-            duration: 250
+            duration: Metrics.FadeDuration
             easing.type: Easing.OutCubic
         }
     }

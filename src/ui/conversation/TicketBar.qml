@@ -12,20 +12,16 @@ Rectangle {
 
     signal backRequested()
 
-    implicitHeight: 52
+    implicitHeight: Metrics.ButtonSize + 2 * Metrics.SmallPadding
     color: Theme.primaryColor
 
-    // Keeps presses from the items below the bar.
-    MouseArea {
-        anchors.fill: parent
-        Accessible.ignored: true
-    }
+    PointerBlocker { }
 
     IconButton {
         id: back
 
         anchors.left: parent.left
-        anchors.leftMargin: 8
+        anchors.leftMargin: Metrics.SmallPadding
         anchors.verticalCenter: parent.verticalCenter
         icon: "chevron-left"
         mirrors: true
@@ -38,9 +34,9 @@ Rectangle {
         id: header
 
         anchors.left: back.right
-        anchors.leftMargin: 8
+        anchors.leftMargin: Metrics.SmallPadding
         anchors.right: parent.right
-        anchors.rightMargin: 16
+        anchors.rightMargin: Metrics.Padding
         anchors.verticalCenter: parent.verticalCenter
         onDismissRequested: bar.backRequested()
     }

@@ -11,9 +11,9 @@ FocusScope {
     property real keyboardHeight
 
     /// The height of the content's lower end that the composer covers.
-    readonly property real covered: composer.height + 32
+    readonly property real covered: composer.height + 2 * Metrics.Padding
     /// The height that the composer leaves for a notice.
-    readonly property real noticeHeight: stateView.height - covered + 16
+    readonly property real noticeHeight: stateView.height - covered + Metrics.Padding
 
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
@@ -64,11 +64,11 @@ FocusScope {
     TicketComposer {
         id: composer
 
-        x: Theme.columnInset(parent.width, 16)
+        x: Theme.columnInset(parent.width, Metrics.Padding)
         width: parent.width - 2 * x
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: 16 + view.keyboardHeight
-        maximumHeight: view.height - view.keyboardHeight - 32
+        anchors.bottomMargin: Metrics.Padding + view.keyboardHeight
+        maximumHeight: view.height - view.keyboardHeight - 2 * Metrics.Padding
         focus: true
         composer: view.ticket.composer
     }

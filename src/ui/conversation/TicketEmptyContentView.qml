@@ -6,9 +6,9 @@ import Tolvane.Private
 TolvaneNotice {
     icon: "bubbles"
     iconColor: Theme.primaryColor
-    iconSize: 48
-    padding: 32
-    spacing: 16
+    iconSize: Metrics.SmallNoticeIconSize
+    padding: 2 * Metrics.Padding
+    spacing: Metrics.Padding
     detail: Strings.string("ticket_new_hint")
     titleSize: Theme.headline
     detailColor: Theme.fontBasicColor

@@ -11,9 +11,9 @@ TolvaneNotice {
 
     icon: "warning"
     iconColor: Qt.alpha(Theme.redColor, 0.7)
-    iconSize: 48
-    padding: 32
-    spacing: 16
+    iconSize: Metrics.SmallNoticeIconSize
+    padding: 2 * Metrics.Padding
+    spacing: Metrics.Padding
     title: Strings.hostString("Something went wrong")
     titleColor: Theme.fontBasicColor
     titleSize: Theme.headline

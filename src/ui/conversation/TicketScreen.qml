@@ -7,7 +7,7 @@ FocusScope {
     id: screen
 
     /// A TolvaneDestination: a ticket, or a new one.
-    required property var destination
+    required property destination destination
     required property NavigationData navigation
     required property MessageData messageData
     /// False while another screen covers this one.
@@ -43,17 +43,11 @@ FocusScope {
         }
     }
 
-    // Keeps pointer events from the items below the screen.
     Rectangle {
         anchors.fill: parent
         color: Theme.chatBackgroundColor
 
-        MouseArea {
-            anchors.fill: parent
-            hoverEnabled: true
-            Accessible.ignored: true
-            onWheel: wheel => wheel.accepted = true
-        }
+        PointerBlocker { }
     }
 
     TicketContentView {

@@ -13,7 +13,7 @@ Item {
     signal clicked()
 
     implicitHeight: button.implicitHeight
-    visible: button.y < height + 6
+    visible: button.y < height + Metrics.FloatingMargin
     enabled: isPresent
 
     // Hides the rows between the button and the lower edge of the window.
@@ -29,7 +29,7 @@ Item {
     TolvaneNewTicketButton {
         id: button
 
-        y: area.isPresent ? 0 : area.height + 12
+        y: area.isPresent ? 0 : area.height + 2 * Metrics.FloatingMargin
         x: Theme.columnInset(parent.width, 0)
         width: parent.width - 2 * x
         title: "Send us a message"

@@ -12,8 +12,10 @@ FocusScope {
 
     property bool hasInitiallyLoaded: false
 
+    readonly property int headerHeight:
+        parallax.isLandscape ? Metrics.LandscapeHeaderHeight : Metrics.HeaderHeight
     /// The height at rest between the header and the button for a new ticket.
-    readonly property real noticeHeight: newTicket.y - (parallax.isLandscape ? 160 : 240) + 12
+    readonly property real noticeHeight: newTicket.y - headerHeight + 2 * Metrics.FloatingMargin
 
     /// How far the sheet has to be pulled down to load the list again.
     readonly property int refreshDistance: 70
@@ -35,11 +37,6 @@ FocusScope {
         hasInitiallyLoaded = true
     }
 
-    Keys.onReturnPressed: {
-        const row = parallax.list.currentItem as TicketItem
-        if (row && parallax.list.activeFocus)
-            row.clicked()
-    }
     Keys.onPressed: event => {
         if (event.matches(StandardKey.Refresh)) {
             screen.load()
@@ -74,9 +71,11 @@ FocusScope {
         id: parallax
 
         anchors.fill: parent
-        configuration: Parallax.configuration(Parallax.heights(240, 80), Parallax.heights(160, 60),
-                                              0.5, 1.5, 0.3, Theme.primaryColor,
-                                              Theme.chatBackgroundColor)
+        configuration: Parallax.configuration(
+                           Parallax.heights(Metrics.HeaderHeight, Metrics.CollapsedHeaderHeight),
+                           Parallax.heights(Metrics.LandscapeHeaderHeight,
+                                            Metrics.LandscapeCollapsedHeaderHeight),
+                           0.5, 1.5, 0.3, Theme.primaryColor, Theme.chatBackgroundColor)
         // Only for low windows, as on a phone in landscape; large windows have room for the tall
         // header.
         isLandscape: height > 0 && width > height && height < 500
@@ -94,15 +93,15 @@ FocusScope {
         }
 
         content: Item {
-            implicitHeight: stateView.implicitHeight + 8
+            implicitHeight: stateView.implicitHeight + Metrics.SmallPadding
 
             LoadingStateView {
                 id: stateView
 
-                x: Theme.columnInset(parent.width, 16)
-                y: 8
+                x: Theme.columnInset(parent.width, Metrics.Padding)
+                y: Metrics.SmallPadding
                 width: parent.width - 2 * x
-                height: parent.height - 8
+                height: parent.height - Metrics.SmallPadding
                 loadingState: home.screen.state
                 content: Item { }
                 loading: TolvaneListSkeletonView { }
@@ -137,8 +136,8 @@ FocusScope {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.margins: 6
-        bottomInset: 6
+        anchors.margins: Metrics.FloatingMargin
+        bottomInset: Metrics.FloatingMargin
         isPresent: !home.screen.isLoading
         onClicked: home.screen.navigation.navigate(Destination.newTicket())
     }

@@ -63,7 +63,7 @@ Rectangle {
     IconButton {
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 16
+        anchors.margins: Metrics.Padding
         icon: "close"
         color: Theme.accentColor
         name: Strings.string("accessibility_close")

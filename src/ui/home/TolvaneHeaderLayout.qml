@@ -18,10 +18,11 @@ Item {
                                            availableTextWidth / question.advanceWidth * question.font.pixelSize)))
     /// Fixed: lines of fonts with a larger line height would not fit into the collapsed header.
     readonly property int lineHeight: Math.ceil(fittingSize * 1.2)
-    readonly property real inset: Theme.columnInset(width, 16)
-    readonly property int spacing: isLandscape ? 7 : 10
+    readonly property real inset: Theme.columnInset(width, Metrics.Padding)
+    readonly property int spacing: isLandscape ? 7 : Metrics.Spacing
+    readonly property int closeButtonWidth: Metrics.ButtonSize + Metrics.SmallSpacing
     /// The width for text; when collapsed, logo and close button are beside it.
-    readonly property int availableTextWidth: width - 2 * inset - (isCollapsed ? logoSize + spacing + 44 : 0)
+    readonly property int availableTextWidth: width - 2 * inset - (isCollapsed ? logoSize + spacing + closeButtonWidth : 0)
 
     opacity: Math.max(0, Math.min(1, presence.value))
     scale: 0.9 + 0.1 * presence.value
@@ -48,7 +49,7 @@ Item {
         anchors.left: parent.left
         anchors.leftMargin: layout.inset
         // The collapsed landscape header is too low for two lines below the usual margin.
-        y: layout.isLandscape && layout.isCollapsed ? 9 : 16
+        y: layout.isLandscape && layout.isCollapsed ? 9 : Metrics.Padding
         columns: layout.isCollapsed ? 2 : 1
         spacing: layout.spacing
         verticalItemAlignment: Grid.AlignVCenter

@@ -6,15 +6,19 @@ import Tolvane.Private
 Rectangle {
     id: header
 
-    readonly property real inset: Theme.columnInset(width, 20)
+    readonly property real inset: Theme.columnInset(width, Metrics.WidePadding)
 
-    implicitHeight: 32 + 32 + 12 + 14
+    readonly property int buttonHeight: 32
+    readonly property int lineTop: Metrics.Padding + buttonHeight + 12
+    readonly property int lineHeight: 14
+
+    implicitHeight: lineTop + lineHeight + Metrics.Padding
     color: Theme.backgroundColor
 
     SkeletonBox {
         anchors.left: parent.left
         anchors.leftMargin: header.inset
-        y: 16 + 6
+        y: Metrics.Padding + (header.buttonHeight - height) / 2
         width: 120
         height: 20
         tint: Theme.secondaryColor
@@ -22,17 +26,17 @@ Rectangle {
     SkeletonBox {
         anchors.right: parent.right
         anchors.rightMargin: header.inset
-        y: 16
+        y: Metrics.Padding
         width: 80
-        height: 32
+        height: header.buttonHeight
         tint: Theme.secondaryColor
     }
     SkeletonBox {
         anchors.left: parent.left
         anchors.leftMargin: header.inset
-        y: 16 + 32 + 12
+        y: header.lineTop
         width: Math.min(200, parent.width - 2 * header.inset)
-        height: 14
+        height: header.lineHeight
         tint: Theme.secondaryColor
     }
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
 // The button that starts a new conversation.
-Item {
+Pressable {
     id: button
 
     required property string title
@@ -12,21 +13,11 @@ Item {
     /// Limited, since a higher button covers more of the list.
     readonly property int textSize: Math.min(Theme.callout, 24)
 
-    signal clicked()
-
-    readonly property bool isPressed: area.pressed
-
-    implicitHeight: label.implicitHeight + 20
-    activeFocusOnTab: true
+    name: title
+    focusRing.tint: Theme.fontBasicColor
+    implicitHeight: label.implicitHeight + 2 * Metrics.Spacing
     scale: scaleSpring.value
-    Accessible.role: Accessible.Button
-    Accessible.name: title
     Accessible.description: subtitle
-    Accessible.focusable: true
-    Accessible.onPressAction: clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-    Keys.onSpacePressed: clicked()
 
     SpringValue {
         id: scaleSpring
@@ -57,7 +48,7 @@ Item {
             anchors.bottomMargin: -2 - index
             anchors.leftMargin: -index
             anchors.rightMargin: -index
-            radius: 8 + index
+            radius: Metrics.ItemRadius + index
             color: "transparent"
             border.width: index === 0 ? 3 : 1
             border.color: Qt.rgba(0, 0, 0, (6 - index) * 0.02)
@@ -66,7 +57,7 @@ Item {
 
     RoundedRectangle {
         anchors.fill: parent
-        radius: 8
+        radius: Metrics.ItemRadius
         color: Theme.accentColor
     }
 
@@ -75,10 +66,10 @@ Item {
 
         anchors.left: parent.left
         anchors.right: plane.left
-        anchors.leftMargin: 20
-        anchors.rightMargin: 8
+        anchors.leftMargin: Metrics.WidePadding
+        anchors.rightMargin: Metrics.SmallSpacing
         anchors.verticalCenter: parent.verticalCenter
-        spacing: 4
+        spacing: Metrics.LineSpacing
 
         Text {
             width: parent.width
@@ -109,22 +100,12 @@ Item {
         id: plane
 
         anchors.right: parent.right
-        anchors.rightMargin: 20
+        anchors.rightMargin: Metrics.WidePadding
         anchors.verticalCenter: parent.verticalCenter
         width: 22
         height: 22
         name: "paperplane"
         color: Theme.primaryColor
         rotation: rotationSpring.value
-    }
-
-    FocusRing { tint: Theme.fontBasicColor }
-
-    MouseArea {
-        id: area
-
-        anchors.fill: parent
-        cursorShape: Qt.PointingHandCursor
-        onClicked: button.clicked()
     }
 }

@@ -4,24 +4,24 @@ import Tolvane.Private
 
 // The placeholder of the button for a new ticket until the settings have arrived.
 Item {
-    implicitHeight: button.height + 20
+    implicitHeight: button.height + Metrics.WidePadding
 
     RoundedRectangle {
         id: button
 
-        x: 20
-        width: parent.width - 40
-        height: lines.implicitHeight + 32
-        radius: 12
+        x: Metrics.WidePadding
+        width: parent.width - 2 * Metrics.WidePadding
+        height: lines.implicitHeight + 2 * Metrics.Padding
+        radius: Metrics.SkeletonRadius
         color: Qt.alpha(Theme.blueColor, 0.1)
 
         Column {
             id: lines
 
-            x: 16
-            y: 16
-            width: parent.width - 32
-            spacing: 4
+            x: Metrics.Padding
+            y: Metrics.Padding
+            width: parent.width - 2 * Metrics.Padding
+            spacing: Metrics.LineSpacing
 
             RedactedText {
                 width: parent.width

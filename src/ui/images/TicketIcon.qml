@@ -6,13 +6,21 @@ import Tolvane.Private
 Loader {
     id: icon
 
-    /// "closed", "ai", "picture" or "person"
-    required property string kind
+    /// An Avatar.Kind.
+    required property int kind
     required property url picture
 
-    width: 32
-    height: 32
-    sourceComponent: ({"closed": closed, "ai": ai, "picture": portrait, "person": person})[kind]
+    width: Metrics.AvatarSize
+    height: Metrics.AvatarSize
+    sourceComponent: {
+        switch (kind) {
+        case Avatar.Person: return person
+        case Avatar.Picture: return portrait
+        case Avatar.AI: return ai
+        case Avatar.Closed: return closed
+        default: return null
+        }
+    }
 
     Component {
         id: closed

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Tolvane.Private
 
 // Outlines the item that has the keyboard focus.
 Rectangle {
     id: ring
 
-    property color tint
+    property color tint: "transparent"
     property bool isShown: parent.activeFocus
 
     anchors.fill: parent
     anchors.margins: -2
-    radius: 8
+    radius: Metrics.ItemRadius
     color: "transparent"
     border.width: 2
     border.color: tint

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 
 // Shows the view that belongs to the state of a load. A change of the state animates from one view
@@ -27,19 +28,21 @@ Item {
     /// that is `immediate` appears at once.
     property var transitions: ({})
 
-    readonly property var components: ({
-        "idle": null,
-        "loading": loading,
-        "loadingWithPreview": loadingWithPreview ?? loading,
-        "loaded": content,
-        "empty": empty,
-        "error": error
-    })
-
     implicitHeight: current ? current.implicitHeight : 0
 
     property LoadingStatePage current
     property string shownState: ""
+
+    function componentFor(state: string): Component {
+        switch (state) {
+        case "loading": return loading
+        case "loadingWithPreview": return loadingWithPreview ?? loading
+        case "loaded": return content
+        case "empty": return empty
+        case "error": return error
+        default: return null
+        }
+    }
 
     function updateView() {
         if (loadingState === shownState)
@@ -47,11 +50,14 @@ Item {
         shownState = loadingState
         if (current)
             current.leave()
-        const component = components[loadingState]
+        const component = componentFor(loadingState)
+        const transition = transitions[loadingState] ?? ({})
         current = component ? page.createObject(view, {
             sourceComponent: component,
             z: loadingState === "loaded" ? 2 : 1,
-            transition: transitions[loadingState] ?? ({})
+            initialScale: transition.scale ?? 1,
+            removalScale: transition.removalScale ?? 1,
+            isImmediate: transition.immediate ?? false
         }) : null
     }
 

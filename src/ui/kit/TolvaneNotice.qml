@@ -14,18 +14,18 @@ Item {
     property string detail
     property color detailColor
     property int detailSize: Theme.callout
-    property int iconSize: 60
-    property int padding: 40
-    property int spacing: 20
+    property int iconSize: Metrics.NoticeIconSize
+    property int padding: 2 * Metrics.WidePadding
+    property int spacing: Metrics.WidePadding
     /// The visible height, in which the notice is centred.
     property real visibleHeight: height
 
     /// True if the height is too small; margins and spacing are reduced then.
     readonly property bool isCompact:
         visibleHeight < iconSize + spacing + texts.implicitHeight + 2 * padding
-    readonly property real verticalPadding: isCompact ? 8 : padding
+    readonly property real verticalPadding: isCompact ? Metrics.SmallPadding : padding
     // Large letters need the width.
-    readonly property real horizontalPadding: titleSize > 28 ? 16 : padding
+    readonly property real horizontalPadding: titleSize > 28 ? Metrics.Padding : padding
 
     implicitHeight: column.implicitHeight + 2 * verticalPadding
     Accessible.role: Accessible.StaticText
@@ -37,7 +37,7 @@ Item {
         x: notice.horizontalPadding
         y: Math.max(notice.verticalPadding, (Math.min(notice.height, notice.visibleHeight) - height) / 2)
         width: parent.width - 2 * x
-        spacing: notice.isCompact ? 8 : notice.spacing
+        spacing: notice.isCompact ? Metrics.SmallSpacing : notice.spacing
 
         Icon {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -50,7 +50,7 @@ Item {
             id: texts
 
             width: parent.width
-            spacing: 8
+            spacing: Metrics.SmallSpacing
 
             Text {
                 width: parent.width

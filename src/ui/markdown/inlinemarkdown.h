@@ -5,6 +5,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtQml/qqmlregistration.h>
 
 namespace tolvane {
 
@@ -12,6 +13,7 @@ namespace tolvane {
 class TOLVANE_VIEWS_AUTOTEST_EXPORT FormattedText
 {
     Q_GADGET
+    QML_VALUE_TYPE(formattedText)
     Q_PROPERTY(QString text MEMBER text)
     /// Whether `text` is HTML; otherwise it is plain text.
     Q_PROPERTY(bool isRich MEMBER isRich)

@@ -6,25 +6,25 @@ import Tolvane.Private
 Item {
     id: message
 
-    implicitHeight: caption.y + caption.implicitHeight + 10
+    implicitHeight: caption.y + caption.implicitHeight + Metrics.Spacing
     Accessible.role: Accessible.ListItem
     Accessible.name: caption.text
 
     MessageAvatar {
         anchors.left: parent.left
-        anchors.leftMargin: 16
+        anchors.leftMargin: Metrics.Padding
         anchors.bottom: bubble.bottom
-        kind: "ai"
+        kind: Avatar.AI
     }
 
     BubbleBackground {
         id: bubble
 
-        y: 10
+        y: Metrics.Spacing
         anchors.left: parent.left
-        anchors.leftMargin: 16 + 42
-        width: dots.implicitWidth + 32
-        height: dots.implicitHeight + 32
+        anchors.leftMargin: Metrics.Padding + Metrics.AvatarInset
+        width: dots.implicitWidth + 2 * Metrics.Padding
+        height: dots.implicitHeight + 2 * Metrics.Padding
         isRight: message.LayoutMirroring.enabled
         color: Theme.bubbleAgentColor
 
@@ -38,10 +38,10 @@ Item {
     MessageCaption {
         id: caption
 
-        y: bubble.y + bubble.height + 10
+        y: bubble.y + bubble.height + Metrics.Spacing
         anchors.left: parent.left
-        anchors.leftMargin: 16 + 42
-        width: Math.min(implicitWidth, message.width - 32 - 42)
+        anchors.leftMargin: Metrics.Padding + Metrics.AvatarInset
+        width: Math.min(implicitWidth, message.width - 2 * Metrics.Padding - Metrics.AvatarInset)
         text: Strings.string("ticket_ai_is_typing")
     }
 }

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// One picture of a message; a tap opens it. Without a URL it is invisible.
-Item {
+// One picture of a message; a press opens it. Without a URL it is invisible.
+Pressable {
     id: cell
 
     required property int index
@@ -13,7 +13,6 @@ Item {
     required property int remainingCount
     required property int totalCount
 
-    signal pressed()
     signal opened()
 
     function open() {
@@ -24,15 +23,11 @@ Item {
     readonly property bool isEmpty: String(imageUrl).length === 0
 
     visible: !isEmpty
-    activeFocusOnTab: true
-    Accessible.role: Accessible.Button
-    Accessible.name: Strings.string("accessibility_attachment").replace("%1", index + 1)
-                                                         .replace("%2", totalCount)
-    Accessible.focusable: true
-    Accessible.onPressAction: open()
-    Keys.onReturnPressed: open()
-    Keys.onEnterPressed: open()
-    Keys.onSpacePressed: open()
+    name: Strings.string("accessibility_attachment").replace("%1", index + 1)
+                                                    .replace("%2", totalCount)
+    focusRing.radius: cornerRadius + 2
+    focusRing.tint: Theme.fontBasicColor
+    onClicked: open()
 
     ThumbnailAsyncImage {
         anchors.fill: parent
@@ -72,21 +67,5 @@ Item {
                 Accessible.ignored: true
             }
         }
-    }
-
-    FocusRing {
-        radius: cell.cornerRadius + 2
-        tint: Theme.fontBasicColor
-    }
-
-    TapHandler {
-        onTapped: {
-            cell.pressed()
-            cell.open()
-        }
-    }
-
-    HoverHandler {
-        cursorShape: Qt.PointingHandCursor
     }
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
@@ -10,8 +11,8 @@ Item {
     property alias attachments: layout.attachments
     required property bool isCustomer
     property alias maxGridSize: layout.maxGridSize
-    property real spacing: 4
-    property real cornerRadius: 10
+    property real spacing: Metrics.LineSpacing
+    property real cornerRadius: Metrics.PictureRadius
 
     signal pressed()
     signal opened(url imageUrl)
@@ -52,7 +53,7 @@ Item {
             cornerRadius: grid.cornerRadius
             remainingCount: index < layout.total ? layout.remaining(index) : 0
             totalCount: layout.total
-            onPressed: grid.pressed()
+            onTapped: grid.pressed()
             onOpened: grid.opened(imageUrl)
         }
     }

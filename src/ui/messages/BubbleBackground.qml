@@ -9,10 +9,10 @@ RoundedRectangle {
     property bool isFirst: true
     property bool isLast: true
 
-    readonly property int upper: isFirst ? RoundedImage.TopLeft | RoundedImage.TopRight : 0
-    readonly property int lower: isLast ? isRight ? RoundedImage.BottomLeft
-                                                  : RoundedImage.BottomRight : 0
+    readonly property int upper: isFirst ? RoundedRectangle.TopLeft | RoundedRectangle.TopRight : 0
+    readonly property int lower: isLast ? isRight ? RoundedRectangle.BottomLeft
+                                                  : RoundedRectangle.BottomRight : 0
 
-    radius: 16
+    radius: Metrics.BubbleRadius
     corners: upper | lower
 }

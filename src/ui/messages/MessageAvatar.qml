@@ -6,14 +6,14 @@ import Tolvane.Private
 Loader {
     id: avatar
 
-    /// "picture", "person", "ai" or "none"
-    required property string kind
+    /// An Avatar.Kind.
+    required property int kind
     property url picture
 
-    width: 32
-    height: 32
-    active: kind !== "none"
-    sourceComponent: kind === "person" ? person : other
+    width: Metrics.AvatarSize
+    height: Metrics.AvatarSize
+    active: kind !== Avatar.None
+    sourceComponent: kind === Avatar.Person ? person : other
 
     Component {
         id: person

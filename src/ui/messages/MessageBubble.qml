@@ -6,8 +6,7 @@ import Tolvane.Private
 Item {
     id: bubble
 
-    /// A FormattedText.
-    required property var content
+    required property formattedText content
     required property bool isCustomer
     /// All parts of a long text have the same width.
     required property bool isFirst
@@ -20,9 +19,9 @@ Item {
     signal linkActivated(string link)
     signal pressed()
 
-    width: isFirst && isLast ? Math.min(maximumWidth, Math.ceil(text.implicitWidth) + 32)
+    width: isFirst && isLast ? Math.min(maximumWidth, Math.ceil(text.implicitWidth) + 2 * Metrics.Padding)
                              : maximumWidth
-    height: Math.ceil(text.implicitHeight) + 32
+    height: Math.ceil(text.implicitHeight) + 2 * Metrics.Padding
 
     BubbleBackground {
         anchors.fill: parent
@@ -40,9 +39,9 @@ Item {
     Text {
         id: text
 
-        x: 16
-        y: 16
-        width: bubble.width - 32
+        x: Metrics.Padding
+        y: Metrics.Padding
+        width: bubble.width - 2 * Metrics.Padding
         // Links have the colour of the text, to be legible with any branding, and an underline.
         text: bubble.content.isRich ? "<style>a { color: " + bubble.tint + " }</style>"
                                       + bubble.content.text : bubble.content.text

@@ -8,13 +8,13 @@ Item {
     id: message
 
     required property bool isCustomer
-    /// "picture", "person", "ai" or "none"
-    required property string avatar
+    /// An Avatar.Kind.
+    required property int avatar
     required property url picture
-    /// A FormattedText.
-    required property var content
+    required property formattedText content
     required property string caption
-    required property var attachments
+    /// URLs.
+    required property list<string> attachments
     required property string description
     required property bool isFirst
     required property bool isLast
@@ -31,18 +31,18 @@ Item {
 
     function activate() {
         if (attachments.length > 0)
-            grid.item.open(0)
+            (grid.item as AttachmentsGrid).open(0)
         else if (content.link)
             linkActivated(content.link)
     }
 
-    // The width that all rows leave for the avatar, and on the other side as well.
-    readonly property real inset: 42
-    readonly property real topInset: isFirst ? 10 : 0
-    readonly property real bubbleTop: topInset + (grid.item ? grid.height + 10 : 0)
+    readonly property real topInset: isFirst ? Metrics.Spacing : 0
+    /// Leaves room for the avatar, and for as much on the other side.
+    readonly property real contentWidth: width - 2 * Metrics.Padding - Metrics.AvatarInset
+    readonly property real bubbleTop: topInset + (grid.item ? grid.height + Metrics.Spacing : 0)
     readonly property real bubbleBottom: bubbleTop + bubble.height
 
-    implicitHeight: isLast ? caption.y + caption.height + 10 + gap : bubbleBottom
+    implicitHeight: isLast ? caption.y + caption.height + Metrics.Spacing + gap : bubbleBottom
     Accessible.role: Accessible.ListItem
     Accessible.name: description
     Accessible.focusable: true
@@ -56,7 +56,7 @@ Item {
         y: message.topInset
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.margins: 16
+        anchors.margins: Metrics.Padding
         sourceComponent: message.attachments.length > 0 ? pictures : null
     }
 
@@ -73,9 +73,9 @@ Item {
 
     MessageAvatar {
         anchors.left: parent.left
-        anchors.leftMargin: 16
+        anchors.leftMargin: Metrics.Padding
         y: message.bubbleBottom - height
-        kind: message.isLast ? message.avatar : "none"
+        kind: message.isLast ? message.avatar : Avatar.None
         picture: message.picture
     }
 
@@ -84,10 +84,11 @@ Item {
 
         y: message.bubbleTop
         anchors.left: message.isCustomer ? undefined : parent.left
-        anchors.leftMargin: 16 + (message.avatar === "none" ? 0 : message.inset)
+        anchors.leftMargin: Metrics.Padding
+                            + (message.avatar === Avatar.None ? 0 : Metrics.AvatarInset)
         anchors.right: message.isCustomer ? parent.right : undefined
-        anchors.rightMargin: 16
-        maximumWidth: Math.min(message.width - 32 - message.inset, 600)
+        anchors.rightMargin: Metrics.Padding
+        maximumWidth: Math.min(message.contentWidth, 600)
         isCustomer: message.isCustomer
         isFirst: message.isFirst
         isLast: message.isLast
@@ -105,12 +106,12 @@ Item {
     MessageCaption {
         id: caption
 
-        y: message.bubbleBottom + 10
+        y: message.bubbleBottom + Metrics.Spacing
         anchors.left: message.isCustomer ? undefined : parent.left
         anchors.right: message.isCustomer ? parent.right : undefined
-        anchors.leftMargin: 16 + message.inset
-        anchors.rightMargin: 16
-        width: Math.min(implicitWidth, message.width - 32 - message.inset)
+        anchors.leftMargin: Metrics.Padding + Metrics.AvatarInset
+        anchors.rightMargin: Metrics.Padding
+        width: Math.min(implicitWidth, message.contentWidth)
         visible: message.isLast
         text: message.caption
     }

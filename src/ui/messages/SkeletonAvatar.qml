@@ -4,7 +4,7 @@ import Tolvane.Private
 
 // The placeholder of an avatar.
 SkeletonBox {
-    implicitWidth: 32
-    implicitHeight: 32
+    implicitWidth: Metrics.AvatarSize
+    implicitHeight: Metrics.AvatarSize
     radius: width / 2
 }

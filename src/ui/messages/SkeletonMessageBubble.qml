@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
@@ -11,16 +12,15 @@ Item {
 
     readonly property color background: isUser ? Theme.bubbleUserColor : Theme.bubbleAgentColor
     readonly property bool showsAvatar: hasAvatar && !isUser
-    readonly property var lines: isUser ? [200, 150] : [250, 180, 120]
+    readonly property list<int> lines: isUser ? [200, 150] : [250, 180, 120]
+    readonly property int lineHeight: 16
 
-    implicitHeight: bubble.height + 8 + box.height
+    implicitHeight: bubble.height + Metrics.SmallSpacing + box.height
     Accessible.ignored: true
 
     SkeletonAvatar {
         anchors.left: parent.left
         anchors.bottom: bubble.bottom
-        width: 32
-        height: 32
         visible: message.showsAvatar
         tint: Theme.bubbleAgentColor
     }
@@ -29,17 +29,18 @@ Item {
         id: bubble
 
         anchors.left: message.isUser ? undefined : parent.left
-        anchors.leftMargin: message.showsAvatar ? 42 : 0
+        anchors.leftMargin: message.showsAvatar ? Metrics.AvatarInset : 0
         anchors.right: message.isUser ? parent.right : undefined
-        width: Math.min(message.lines[0] + 32, message.width - anchors.leftMargin)
-        height: message.lines.length * 20 - 4 + 32
-        radius: 16
+        width: Math.min(message.lines[0] + 2 * Metrics.Padding, message.width - anchors.leftMargin)
+        height: message.lines.length * (message.lineHeight + Metrics.LineSpacing) - Metrics.LineSpacing
+                + 2 * Metrics.Padding
+        radius: Metrics.BubbleRadius
         color: Qt.alpha(message.background, 0.5)
 
         Column {
             anchors.fill: parent
-            anchors.margins: 16
-            spacing: 4
+            anchors.margins: Metrics.Padding
+            spacing: Metrics.LineSpacing
 
             Repeater {
                 model: message.lines
@@ -48,8 +49,8 @@ Item {
                     required property real modelData
 
                     anchors.left: parent.left
-                    width: Math.min(modelData, bubble.width - 32)
-                    height: 16
+                    width: Math.min(modelData, bubble.width - 2 * Metrics.Padding)
+                    height: message.lineHeight
                     tint: message.isUser ? Theme.fontUserBubbleColor : Theme.fontAgentBubbleColor
                 }
             }
@@ -63,10 +64,10 @@ Item {
         id: box
 
         anchors.left: message.isUser ? undefined : parent.left
-        anchors.leftMargin: message.hasAvatar ? 42 : 0
+        anchors.leftMargin: message.hasAvatar ? Metrics.AvatarInset : 0
         anchors.right: message.isUser ? parent.right : undefined
         anchors.top: bubble.bottom
-        anchors.topMargin: 8
+        anchors.topMargin: Metrics.SmallSpacing
         width: 100
         height: 12
         tint: Theme.fontBasicColor

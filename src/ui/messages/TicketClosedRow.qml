@@ -8,13 +8,13 @@ Item {
 
     readonly property bool leavesDownwards: true
 
-    implicitHeight: Math.max(label.implicitHeight, lock.height) + 20
+    implicitHeight: Math.max(label.implicitHeight, lock.height) + 2 * Metrics.Spacing
     Accessible.role: Accessible.ListItem
     Accessible.name: label.text
 
     Item {
         anchors.centerIn: parent
-        width: lock.width + 4 + label.width
+        width: lock.width + Metrics.LineSpacing + label.width
         height: label.height
 
         Icon {
@@ -32,8 +32,9 @@ Item {
             id: label
 
             anchors.left: lock.right
-            anchors.leftMargin: 4
-            width: Math.min(implicitWidth, row.width - 32 - lock.width - 4)
+            anchors.leftMargin: Metrics.LineSpacing
+            width: Math.min(implicitWidth, row.width - 2 * Metrics.Padding - lock.width
+                                           - Metrics.LineSpacing)
             text: Strings.string("ticket_closed")
             textFormat: Text.PlainText
             wrapMode: Text.Wrap

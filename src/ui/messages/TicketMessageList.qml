@@ -47,16 +47,16 @@ Item {
     }
 
     function scrollIntoView(item) {
-        const top = item.mapToItem(list, 0, 0).y - 16
-        const bottom = top + item.height + 32 - (height - bottomContentMargin)
+        const top = item.mapToItem(list, 0, 0).y - Metrics.Padding
+        const bottom = top + item.height + 2 * Metrics.Padding - (height - bottomContentMargin)
         if (top < 0)
-            rows.scrollBy(top, 150)
+            rows.scrollBy(top, Metrics.ShortDuration)
         else if (bottom > 0)
-            rows.scrollBy(bottom, 150)
+            rows.scrollBy(bottom, Metrics.ShortDuration)
     }
 
-    onTicketStateChanged: scrollToEnd(300)
-    onIsAITypingChanged: scrollToEnd(300)
+    onTicketStateChanged: scrollToEnd(Metrics.TransitionDuration)
+    onIsAITypingChanged: scrollToEnd(Metrics.TransitionDuration)
 
     activeFocusOnTab: true
     Accessible.role: Accessible.List
@@ -70,13 +70,13 @@ Item {
         else if (event.key === Qt.Key_Down)
             rows.step(1)
         else if (event.key === Qt.Key_PageUp)
-            rows.scrollBy(-page, 150)
+            rows.scrollBy(-page, Metrics.ShortDuration)
         else if (event.key === Qt.Key_PageDown)
-            rows.scrollBy(page, 150)
+            rows.scrollBy(page, Metrics.ShortDuration)
         else if (event.key === Qt.Key_Home)
-            rows.scrollToStart(300)
+            rows.scrollToStart(Metrics.TransitionDuration)
         else if (event.key === Qt.Key_End)
-            rows.scrollToEnd(300)
+            rows.scrollToEnd(Metrics.TransitionDuration)
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
             (rows.currentItem as MessageItem)?.activate()
         else if (event.matches(StandardKey.Copy))
@@ -99,7 +99,7 @@ Item {
         target: list.model
 
         function onMessagesChanged() {
-            list.scrollToEnd(300)
+            list.scrollToEnd(Metrics.TransitionDuration)
         }
         function onMessageArrived(description) {
             rows.announce(description)
@@ -133,7 +133,7 @@ Item {
             x: (flickable.width - width) / 2
             width: Math.min(flickable.width, Theme.columnWidth)
             height: flickable.height
-            topMargin: 10
+            topMargin: Metrics.Spacing
             bottomMargin: list.bottomContentMargin
             model: list.model
             kindRole: "kind"
@@ -145,7 +145,7 @@ Item {
                 id: message
 
                 onAttachmentOpened: imageUrl => list.attachmentOpened(imageUrl)
-                gap: 20
+                gap: Metrics.MessageSpacing
                 showsFocus: isCurrent && list.activeFocus
                 onLinkActivated: link => Qt.openUrlExternally(link)
                 onPressed: {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
@@ -9,7 +10,7 @@ Item {
     /// A MessageListModel, or null.
     property var preview: null
 
-    implicitHeight: rows.implicitHeight + 40
+    implicitHeight: rows.implicitHeight + 2 * Metrics.MessageSpacing
     Accessible.role: Accessible.StaticText
     Accessible.name: Strings.string("accessibility_loading")
 
@@ -17,9 +18,9 @@ Item {
         id: rows
 
         x: (skeleton.width - width) / 2
-        y: 20
+        y: Metrics.MessageSpacing
         width: Math.min(skeleton.width, Theme.columnWidth)
-        spacing: 20
+        spacing: Metrics.MessageSpacing
 
         Repeater {
             model: skeleton.preview
@@ -41,8 +42,8 @@ Item {
             SkeletonMessageBubble {
                 required property int index
 
-                x: 16
-                width: rows.width - 32
+                x: Metrics.Padding
+                width: rows.width - 2 * Metrics.Padding
                 isUser: index % 2 === 0
                 hasAvatar: !isUser
             }

@@ -19,7 +19,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT AttachmentsLayout : public QObject
     Q_OBJECT
     QML_ELEMENT
     /// The URLs of the pictures, as received.
-    Q_PROPERTY(QStringList attachments MEMBER attachments NOTIFY changed)
+    Q_PROPERTY(QList<QString> attachments MEMBER attachments NOTIFY changed)
     Q_PROPERTY(int total READ total NOTIFY changed)
     /// The maximum number of pictures that are shown.
     Q_PROPERTY(int maxGridSize MEMBER maxGridSize NOTIFY changed)

@@ -91,9 +91,9 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
     case isLastRole:
         return row.isLast;
     case kindRole:
-        return QStringList{messagerow::avatar(message.sender),
-                           formatted(row.text).isRich ? QStringLiteral("rich") : QString(),
-                           attachmentsOf(row).isEmpty() ? QString() : QStringLiteral("pictures")};
+        return QVariant::fromValue(QList<int>{messagerow::avatar(message.sender),
+                                              formatted(row.text).isRich,
+                                              !attachmentsOf(row).isEmpty()});
     default:
         return {};
     }

@@ -17,7 +17,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT MessageListModel final : public RecordListMo
 public:
     enum Role {
         isCustomerRole = Qt::UserRole + 1,
-        /// "picture", "person", "ai" or "none"
+        /// An Avatar::Kind.
         avatarRole,
         pictureRole,
         /// A FormattedText.

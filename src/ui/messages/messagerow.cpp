@@ -56,13 +56,13 @@ bool isCustomer(const MessageDto &message)
     return message.sender.type == words::customer;
 }
 
-QString avatar(const SenderDto &sender)
+Avatar::Kind avatar(const SenderDto &sender)
 {
     if (sender.type == words::aiAgent)
-        return QStringLiteral("ai");
+        return Avatar::AI;
     if (sender.type != words::humanAgent)
-        return QStringLiteral("none");
-    return sender.profilePicture ? QStringLiteral("picture") : QStringLiteral("person");
+        return Avatar::None;
+    return sender.profilePicture ? Avatar::Picture : Avatar::Person;
 }
 
 QString caption(const MessageDto &message)

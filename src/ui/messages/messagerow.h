@@ -3,6 +3,7 @@
 
 #include "backend/wire/records.h"
 #include "base/privateexport.h"
+#include "ui/images/avatar.h"
 
 #include <QtCore/QList>
 
@@ -28,8 +29,8 @@ QList<MessageRow> rowsOf(const QList<MessageDto> &messages);
 
 bool isCustomer(const MessageDto &message);
 
-/// "picture", "person", "ai" or "none"
-QString avatar(const SenderDto &sender);
+/// Avatar::None beside messages of the customer and of unknown senders.
+Avatar::Kind avatar(const SenderDto &sender);
 
 /// The message's age and its sender.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString caption(const MessageDto &message);

@@ -5,7 +5,7 @@ import Tolvane.Private
 // A header in the background, and a sheet with rounded corners that scrolls over it.
 //
 //     ParallaxScrollView {
-//         configuration: Parallax.configuration(Parallax.heights(240, 80), Parallax.heights(160, 60),
+//         configuration: Parallax.configuration(Parallax.heights(200, 90), Parallax.heights(120, 50),
 //                                               0.5, 1, 0.3, "navy", "white")
 //         header: HomeHeader { }
 //         content: EmptyState { }                     // one item, alone or above the rows

@@ -23,7 +23,7 @@ Item {
         y: sheet.contentTop
         width: parent.width
         height: sheet.height - y
-        corners: RoundedImage.TopLeft | RoundedImage.TopRight
+        corners: RoundedRectangle.TopLeft | RoundedRectangle.TopRight
         radius: sheet.layer.enabled ? 0 : Parallax.contentCornerRadius
         color: sheet.background
 

@@ -7,8 +7,8 @@ import Tolvane.Private
 FocusScope {
     id: page
 
-    /// A TolvaneDestination; never changes.
-    required property var destination
+    /// Never changes.
+    required property destination destination
     required property ScreenData screen
     required property bool isOnTop
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
@@ -20,7 +21,7 @@ FocusScope {
 
     Behavior on depth {
         NumberAnimation {
-            duration: 350
+            duration: Metrics.SlideDuration
             easing.type: Easing.OutCubic
         }
     }

@@ -28,12 +28,7 @@ FocusScope {
         }
     }
 
-    MouseArea {
-        anchors.fill: parent
-        hoverEnabled: true
-        acceptedButtons: Qt.AllButtons
-        onWheel: wheel => wheel.accepted = true
-    }
+    PointerBlocker { }
 
     TolvaneScreen {
         id: content
@@ -46,12 +41,8 @@ FocusScope {
     }
 
     // While the messenger leaves, its controls react to nothing any more.
-    MouseArea {
-        anchors.fill: parent
+    PointerBlocker {
         visible: presentation.isLeaving
-        hoverEnabled: true
-        acceptedButtons: Qt.AllButtons
-        onWheel: wheel => wheel.accepted = true
         onVisibleChanged: if (visible) forceActiveFocus()
         Keys.onPressed: event => event.accepted = true
     }
@@ -74,7 +65,7 @@ FocusScope {
 
         YAnimator {
             target: content
-            duration: 350
+            duration: Metrics.SlideDuration
             easing.type: Easing.OutCubic
         }
     }

@@ -8,7 +8,7 @@ Item {
 
     required property ImageShare share
 
-    implicitHeight: Math.max(64, texts.implicitHeight + 16)
+    implicitHeight: Math.max(64, texts.implicitHeight + 2 * Metrics.SmallPadding)
     Accessible.ignored: true
 
     ThumbnailAsyncImage {

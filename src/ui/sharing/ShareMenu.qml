@@ -35,7 +35,7 @@ FocusScope {
     Keys.onBacktabPressed: (save.activeFocus ? copy : save).forceActiveFocus()
 
     Behavior on opacity {
-        NumberAnimation { duration: 120; easing.type: Easing.InOutQuad }
+        EasedAnimation { duration: 120 }
     }
 
     MouseArea {
@@ -50,11 +50,12 @@ FocusScope {
 
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.rightMargin: 8
-        anchors.topMargin: 52
-        width: Math.min(260, parent.width - 16)
-        height: items.height + 16
-        radius: 14
+        anchors.rightMargin: Metrics.SmallPadding
+        // Below the button that opens it.
+        anchors.topMargin: Metrics.ButtonSize + 2 * Metrics.SmallPadding
+        width: Math.min(260, parent.width - 2 * Metrics.SmallPadding)
+        height: items.height + 2 * Metrics.SmallPadding
+        radius: Metrics.PanelRadius
         color: "#f2262629"
         border.color: "#33ffffff"
         Accessible.role: Accessible.PopupMenu
@@ -66,7 +67,7 @@ FocusScope {
         Column {
             id: items
 
-            y: 8
+            y: Metrics.SmallPadding
             width: parent.width
 
             ShareFile {

@@ -2,30 +2,25 @@
 import QtQuick
 import Tolvane.Private
 
-// An item of the share menu.
-Item {
+// An item of the share menu, which moves the focus itself.
+Pressable {
     id: item
 
     required property string text
 
-    signal clicked()
-
+    name: text
+    hoverEnabled: true
+    activeFocusOnTab: false
     implicitHeight: 44
     Accessible.role: Accessible.MenuItem
-    Accessible.name: text
-    Accessible.focusable: true
-    Accessible.onPressAction: clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
-    Keys.onSpacePressed: clicked()
 
     Rectangle {
         anchors.fill: parent
         anchors.leftMargin: 6
         anchors.rightMargin: 6
-        radius: 8
+        radius: Metrics.ItemRadius
         color: "white"
-        opacity: area.pressed ? 0.25 : item.activeFocus || area.containsMouse ? 0.12 : 0
+        opacity: item.isPressed ? 0.25 : item.activeFocus || item.isHovered ? 0.12 : 0
     }
 
     Text {
@@ -39,14 +34,5 @@ Item {
         color: "white"
         font.pixelSize: Theme.callout
         Accessible.ignored: true
-    }
-
-    MouseArea {
-        id: area
-
-        anchors.fill: parent
-        hoverEnabled: true
-        cursorShape: Qt.PointingHandCursor
-        onClicked: item.clicked()
     }
 }

@@ -8,17 +8,17 @@ RoundedRectangle {
 
     readonly property color tint: Qt.alpha(Theme.fontAgentBubbleColor, 0.6)
 
-    implicitHeight: lines.implicitHeight + 32
-    radius: 12
+    implicitHeight: lines.implicitHeight + 2 * Metrics.Padding
+    radius: Metrics.SkeletonRadius
     color: Qt.alpha(Theme.bubbleAgentColor, 0.4)
 
     Column {
         id: lines
 
-        x: 16
-        y: 16
-        width: parent.width - 32
-        spacing: 8
+        x: Metrics.Padding
+        y: Metrics.Padding
+        width: parent.width - 2 * Metrics.Padding
+        spacing: Metrics.SmallSpacing
 
         RedactedText {
             width: parent.width

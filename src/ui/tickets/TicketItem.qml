@@ -3,12 +3,14 @@ import QtQuick
 import Tolvane.Private
 
 // One conversation in the list: the other side's icon, the last message, its sender and its age.
-Item {
+// The keyboard reaches it by the arrow keys of the list.
+Pressable {
     id: item
 
     required property int index
     required property var preview
-    required property string icon
+    /// An Avatar.Kind.
+    required property int icon
     required property url picture
     required property string content
     required property string caption
@@ -17,13 +19,15 @@ Item {
 
     property bool isCurrent: false
 
-    signal clicked()
-
-    implicitHeight: row.height + 10
+    name: description
+    surface: row
+    focusRing.anchors.fill: row
+    focusRing.anchors.margins: 0
+    focusRing.tint: Theme.fontBasicColor
+    focusRing.isShown: isCurrent
+    implicitHeight: row.height + Metrics.Spacing
+    activeFocusOnTab: false
     Accessible.role: Accessible.ListItem
-    Accessible.name: description
-    Accessible.focusable: true
-    Accessible.onPressAction: clicked()
     // Hides a pooled row from screen readers.
     ListView.onPooled: visible = false
     ListView.onReused: visible = true
@@ -31,17 +35,17 @@ Item {
     RoundedRectangle {
         id: row
 
-        x: Theme.columnInset(item.width, 16)
+        x: Theme.columnInset(item.width, Metrics.Padding)
         width: parent.width - 2 * x
-        height: Math.max(32, texts.implicitHeight) + 32
-        radius: 8
+        height: Math.max(Metrics.AvatarSize, texts.implicitHeight) + 2 * Metrics.Padding
+        radius: Metrics.ItemRadius
         color: Theme.bubbleAgentColor
 
         TicketIcon {
             id: ticketIcon
 
             anchors.left: parent.left
-            anchors.leftMargin: 8
+            anchors.leftMargin: Metrics.SmallPadding
             anchors.verticalCenter: parent.verticalCenter
             kind: item.icon
             picture: item.picture
@@ -53,8 +57,8 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             anchors.left: ticketIcon.right
             anchors.right: unreadDot.left
-            anchors.margins: 10
-            spacing: 4
+            anchors.margins: Metrics.Spacing
+            spacing: Metrics.LineSpacing
 
             Text {
                 width: parent.width
@@ -86,7 +90,7 @@ Item {
 
             anchors.verticalCenter: parent.verticalCenter
             anchors.right: parent.right
-            anchors.rightMargin: 8
+            anchors.rightMargin: Metrics.SmallPadding
             width: 12
             height: 12
             radius: 6
@@ -95,17 +99,5 @@ Item {
             border.color: "white"
             visible: item.isUnread
         }
-
-        FocusRing {
-            anchors.margins: 0
-            tint: Theme.fontBasicColor
-            isShown: item.isCurrent
-        }
-    }
-
-    MouseArea {
-        anchors.fill: row
-        cursorShape: Qt.PointingHandCursor
-        onClicked: item.clicked()
     }
 }

@@ -5,11 +5,11 @@ import Tolvane.Private
 // The title above the rows, which stays in place while they scroll under it. It is as wide as the
 // rows, so that it does not cover the corners of the sheet.
 Item {
-    implicitHeight: title.implicitHeight + 18
+    implicitHeight: title.implicitHeight + Metrics.Spacing + Metrics.SmallSpacing
 
     Rectangle {
-        x: 16
-        width: parent.width - 32
+        x: Metrics.Padding
+        width: parent.width - 2 * Metrics.Padding
         height: parent.height
         color: Theme.chatBackgroundColor
     }
@@ -17,8 +17,8 @@ Item {
     Text {
         id: title
 
-        x: Theme.columnInset(parent.width, 16)
-        y: 10
+        x: Theme.columnInset(parent.width, Metrics.Padding)
+        y: Metrics.Spacing
         width: parent.width - 2 * x
         text: Strings.string("ticket_list_your_messages")
         textFormat: Text.PlainText

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
@@ -6,21 +7,21 @@ import Tolvane.Private
 Item {
     id: skeleton
 
-    implicitHeight: rows.implicitHeight + 10
+    implicitHeight: rows.implicitHeight + Metrics.Spacing
     Accessible.role: Accessible.StaticText
     Accessible.name: Strings.string("accessibility_loading")
 
     Column {
         id: rows
 
-        x: 20
-        y: 10
-        width: parent.width - 40
-        spacing: 8
+        x: Metrics.WidePadding
+        y: Metrics.Spacing
+        width: parent.width - 2 * Metrics.WidePadding
+        spacing: Metrics.SmallSpacing
 
         RedactedText {
             width: parent.width
-            height: implicitHeight + 8
+            height: implicitHeight + Metrics.SmallSpacing
             text: "Your conversations"
             font.pixelSize: Theme.footnote
             font.bold: true
@@ -33,7 +34,7 @@ Item {
 
             Item {
                 width: rows.width
-                height: row.height + 10
+                height: row.height + Metrics.Spacing
 
                 SkeletonTicketItem {
                     id: row

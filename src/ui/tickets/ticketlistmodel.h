@@ -16,7 +16,7 @@ public:
     enum Role {
         /// A TicketPreviewDto, for Destination.ticket().
         previewRole = Qt::UserRole + 1,
-        /// "closed", "ai", "picture" or "person"
+        /// An Avatar::Kind.
         iconRole,
         pictureRole,
         contentRole,

@@ -22,14 +22,14 @@ QString senderLabel(const SenderDto &sender)
 
 } // namespace
 
-QString icon(const TicketPreviewDto &ticket)
+Avatar::Kind icon(const TicketPreviewDto &ticket)
 {
     const SenderDto &sender = ticket.lastMessage.sender;
     if (ticket.state == words::closed)
-        return QStringLiteral("closed");
+        return Avatar::Closed;
     if (sender.type == words::aiAgent)
-        return QStringLiteral("ai");
-    return sender.profilePicture ? QStringLiteral("picture") : QStringLiteral("person");
+        return Avatar::AI;
+    return sender.profilePicture ? Avatar::Picture : Avatar::Person;
 }
 
 QString singleLine(const QString &text)

@@ -3,14 +3,15 @@
 
 #include "backend/wire/records.h"
 #include "base/privateexport.h"
+#include "ui/images/avatar.h"
 
 #include <QtCore/QString>
 
 /// The texts of a row of the ticket list. Main thread.
 namespace tolvane::ticketrow {
 
-/// The icon of a row: "closed", "ai", "picture" or "person".
-TOLVANE_VIEWS_AUTOTEST_EXPORT QString icon(const TicketPreviewDto &ticket);
+/// The icon for the other side; never Avatar::None.
+TOLVANE_VIEWS_AUTOTEST_EXPORT Avatar::Kind icon(const TicketPreviewDto &ticket);
 
 /// The beginning of the text as one line, with spaces instead of line breaks.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString singleLine(const QString &text);

@@ -8,35 +8,29 @@ ViewerControl {
 
     signal clicked()
 
-    Item {
+    Pressable {
         id: button
 
-        width: label.width + 24
-        height: 36
+        width: label.width + 2 * label.x
+        height: Metrics.ButtonSize
         focus: true
-        activeFocusOnTab: true
-        Accessible.role: Accessible.Button
-        Accessible.name: text.text
-        Accessible.focusable: true
-        Accessible.onPressAction: back.clicked()
-        Keys.onReturnPressed: back.clicked()
-        Keys.onEnterPressed: back.clicked()
-        Keys.onSpacePressed: back.clicked()
-
-        FocusRing { tint: "white"; radius: height / 2 }
+        name: text.text
+        focusRing.tint: "white"
+        focusRing.radius: focusRing.height / 2
+        onClicked: back.clicked()
 
         Row {
             id: label
 
             x: 12
             height: parent.height
-            spacing: 4
-            opacity: area.pressed ? 0.4 : 1
+            spacing: Metrics.LineSpacing
+            opacity: button.isPressed ? 0.4 : 1
 
             Icon {
                 anchors.verticalCenter: parent.verticalCenter
-                width: 18
-                height: 18
+                width: Metrics.IconSize
+                height: Metrics.IconSize
                 name: "chevron-left"
                 color: "white"
                 rotation: back.LayoutMirroring.enabled ? 180 : 0
@@ -51,14 +45,6 @@ ViewerControl {
                 font.pixelSize: Theme.body
                 Accessible.ignored: true
             }
-        }
-
-        MouseArea {
-            id: area
-
-            anchors.fill: parent
-            cursorShape: Qt.PointingHandCursor
-            onClicked: back.clicked()
         }
     }
 }

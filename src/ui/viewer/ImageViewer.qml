@@ -8,7 +8,7 @@ FocusScope {
 
     required property url imageUrl
     /// The MessageData in which the picture was selected; may be null.
-    property var messageData: null
+    property MessageData messageData: null
     property bool showControls: true
     readonly property alias imageState: zoom
 
@@ -43,12 +43,7 @@ FocusScope {
         anchors.fill: parent
         color: "black"
 
-        MouseArea {
-            anchors.fill: parent
-            acceptedButtons: Qt.AllButtons
-            hoverEnabled: true
-            onWheel: wheel => wheel.accepted = true
-        }
+        PointerBlocker { }
     }
 
     ZoomableImageView {
@@ -70,7 +65,7 @@ FocusScope {
 
         anchors.left: parent.left
         anchors.top: parent.top
-        anchors.margins: 8
+        anchors.margins: Metrics.SmallPadding
         showControls: viewer.showControls
         onClicked: viewer.goBack()
     }
@@ -80,7 +75,7 @@ FocusScope {
 
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 8
+        anchors.margins: Metrics.SmallPadding
         showControls: viewer.showControls
         loadedImage: picture.loadedImage
         onShareRequested: menu.isOpen = true

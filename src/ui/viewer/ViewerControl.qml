@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Tolvane.Private
 
 // A control over the picture, hidden together with the others. It has a dark background, as the
 // picture may be as white as the control.
@@ -16,7 +17,7 @@ FocusScope {
     visible: opacity > 0
 
     Behavior on opacity {
-        NumberAnimation { duration: 250; easing.type: Easing.InOutQuad }
+        EasedAnimation { duration: Metrics.FadeDuration }
     }
 
     // Keeps presses beside the button, or on a disabled button, from the picture.

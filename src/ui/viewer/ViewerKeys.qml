@@ -16,41 +16,58 @@ QtObject {
     readonly property real zoomStep: 1.25
     readonly property real panStep: 80
 
-    readonly property var actions: ({
-        [Qt.Key_Escape]: backRequested,
-        [Qt.Key_Back]: backRequested,
-        [Qt.Key_Space]: controlsToggled,
-        [Qt.Key_H]: controlsToggled,
-        [Qt.Key_Plus]: () => zoom(zoomStep),
-        [Qt.Key_Equal]: () => zoom(zoomStep),
-        [Qt.Key_Minus]: () => zoom(1 / zoomStep),
-        [Qt.Key_0]: () => imageState.reset(),
-    })
-
-    // An arrow key moves the view in its direction, and thus the picture the other way.
-    readonly property var panning: ({
-        [Qt.Key_Left]: Qt.point(panStep, 0),
-        [Qt.Key_Right]: Qt.point(-panStep, 0),
-        [Qt.Key_Up]: Qt.point(0, panStep),
-        [Qt.Key_Down]: Qt.point(0, -panStep),
-    })
-
-    function zoom(factor) {
-        imageState.pinchAnimated(factor)
-        imageState.pinchEnded()
+    function handleKey(event: KeyEvent) {
+        event.accepted = true
+        if (event.matches(StandardKey.Copy))
+            copyRequested()
+        else if (event.matches(StandardKey.Save))
+            saveRequested()
+        else
+            event.accepted = act(event.key)
     }
 
-    function handleKey(event) {
-        const action = event.matches(StandardKey.Copy) ? copyRequested
-                       : event.matches(StandardKey.Save) ? saveRequested
-                       : actions[event.key]
-        const direction = imageState.isZoomedIn ? panning[event.key] : undefined
-        if (action)
-            action()
-        else if (direction)
-            imageState.panAnimated(direction)
-        else
-            return
-        event.accepted = true
+    /// Returns whether the key has a meaning.
+    function act(key: int): bool {
+        switch (key) {
+        case Qt.Key_Escape:
+        case Qt.Key_Back:
+            backRequested()
+            return true
+        case Qt.Key_Space:
+        case Qt.Key_H:
+            controlsToggled()
+            return true
+        case Qt.Key_Plus:
+        case Qt.Key_Equal:
+            return zoom(zoomStep)
+        case Qt.Key_Minus:
+            return zoom(1 / zoomStep)
+        case Qt.Key_0:
+            imageState.reset()
+            return true
+        // An arrow key moves the view in its direction, and thus the picture the other way.
+        case Qt.Key_Left:
+            return pan(panStep, 0)
+        case Qt.Key_Right:
+            return pan(-panStep, 0)
+        case Qt.Key_Up:
+            return pan(0, panStep)
+        case Qt.Key_Down:
+            return pan(0, -panStep)
+        default:
+            return false
+        }
+    }
+
+    function zoom(factor: real): bool {
+        imageState.pinchAnimated(factor)
+        imageState.pinchEnded()
+        return true
+    }
+
+    function pan(x: real, y: real): bool {
+        if (imageState.isZoomedIn)
+            imageState.panAnimated(Qt.point(x, y))
+        return imageState.isZoomedIn
     }
 }

@@ -12,8 +12,8 @@ Rectangle {
         leave.restart()
     }
 
-    width: Math.min(label.implicitWidth + 32, parent.width - 32)
-    height: label.implicitHeight + 20
+    width: Math.min(label.implicitWidth + 2 * Metrics.Padding, parent.width - 2 * Metrics.Padding)
+    height: label.implicitHeight + 2 * Metrics.Spacing
     radius: Math.min(20, height / 2)
     color: "#f2262629"
     border.color: "#33ffffff"
@@ -23,14 +23,14 @@ Rectangle {
     Accessible.name: label.text
 
     Behavior on opacity {
-        NumberAnimation { duration: 250; easing.type: Easing.InOutQuad }
+        EasedAnimation { duration: Metrics.FadeDuration }
     }
 
     Text {
         id: label
 
         anchors.centerIn: parent
-        width: parent.width - 32
+        width: parent.width - 2 * Metrics.Padding
         horizontalAlignment: Text.AlignHCenter
         textFormat: Text.PlainText
         wrapMode: Text.Wrap

@@ -183,20 +183,22 @@ private Q_SLOTS:
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("picture");
-        QTest::addColumn<QString>("avatar");
+        QTest::addColumn<Avatar::Kind>("avatar");
         QTest::addColumn<QString>("label");
         const QString url = u"https://cdn.example/a.png"_s;
         const QString maya = u"\u2068Maya\u2069"_s;
         const QString support = u"ticket_support"_s;
-        QTest::newRow("customer") << words::customer << u"Eve"_s << url << u"none"_s << u"You"_s;
-        QTest::newRow("ai") << words::aiAgent << QString() << url << u"ai"_s << support;
-        QTest::newRow("human") << words::humanAgent << u"Maya"_s << QString() << u"person"_s
+        QTest::newRow("customer") << words::customer << u"Eve"_s << url << Avatar::None << u"You"_s;
+        QTest::newRow("ai") << words::aiAgent << QString() << url << Avatar::AI << support;
+        QTest::newRow("human") << words::humanAgent << u"Maya"_s << QString() << Avatar::Person
                                << maya;
-        QTest::newRow("picture") << words::humanAgent << u"Maya"_s << url << u"picture"_s << maya;
-        QTest::newRow("no name") << words::humanAgent << u" "_s << url << u"picture"_s << support;
-        QTest::newRow("unknown") << u"Customer"_s << u"Maya"_s << url << u"none"_s << maya;
+        QTest::newRow("picture") << words::humanAgent << u"Maya"_s << url << Avatar::Picture
+                                 << maya;
+        QTest::newRow("no name") << words::humanAgent << u" "_s << url << Avatar::Picture
+                                 << support;
+        QTest::newRow("unknown") << u"Customer"_s << u"Maya"_s << url << Avatar::None << maya;
         QTest::newRow("bidirectional override")
-            << words::humanAgent << u"\u202eMa\n\u2069ya"_s << QString() << u"person"_s
+            << words::humanAgent << u"\u202eMa\n\u2069ya"_s << QString() << Avatar::Person
             << u"\u2068Ma ya\u2069"_s;
     }
 
@@ -205,7 +207,7 @@ private Q_SLOTS:
         QFETCH(const QString, type);
         QFETCH(const QString, name);
         QFETCH(const QString, picture);
-        QFETCH(const QString, avatar);
+        QFETCH(const Avatar::Kind, avatar);
         QFETCH(const QString, label);
         const Fixture fixture;
         MessageDto message = makeMessage(u"m"_s, type);
@@ -217,7 +219,7 @@ private Q_SLOTS:
         MessageListModel model;
         model.setMessages({message});
         const QModelIndex row = model.index(0);
-        QCOMPARE(model.data(row, MessageListModel::avatarRole).toString(), avatar);
+        QCOMPARE(model.data(row, MessageListModel::avatarRole).value<Avatar::Kind>(), avatar);
         QCOMPARE(model.data(row, MessageListModel::isCustomerRole).toBool(), type == u"customer"_s);
         QCOMPARE(model.data(row, MessageListModel::captionRole).toString(),
                  u"timeago_now \u00b7 "_s + label);

@@ -124,22 +124,22 @@ private Q_SLOTS:
         QTest::addColumn<QString>("type");
         QTest::addColumn<QString>("picture");
         QTest::addColumn<QString>("state");
-        QTest::addColumn<QString>("icon");
+        QTest::addColumn<Avatar::Kind>("icon");
         QTest::addColumn<QString>("label");
         QTest::addColumn<bool>("isUnread");
         const QString url = u"https://cdn.example/a.png"_s;
-        QTest::newRow("ai") << u"ai agent"_s << url << u"open"_s << u"ai"_s << u"ai agent"_s
+        QTest::newRow("ai") << u"ai agent"_s << url << u"open"_s << Avatar::AI << u"ai agent"_s
                             << true;
         QTest::newRow("human with picture")
-            << u"human agent"_s << url << u"open"_s << u"picture"_s << u"Maya"_s << true;
-        QTest::newRow("human") << u"human agent"_s << QString() << u"open"_s << u"person"_s
+            << u"human agent"_s << url << u"open"_s << Avatar::Picture << u"Maya"_s << true;
+        QTest::newRow("human") << u"human agent"_s << QString() << u"open"_s << Avatar::Person
                                << u"Maya"_s << true;
-        QTest::newRow("customer") << u"customer"_s << QString() << u"open"_s << u"person"_s
+        QTest::newRow("customer") << u"customer"_s << QString() << u"open"_s << Avatar::Person
                                   << u"main_sender_customer_name"_s << false;
-        QTest::newRow("closed") << u"ai agent"_s << QString() << u"closed"_s << u"closed"_s
+        QTest::newRow("closed") << u"ai agent"_s << QString() << u"closed"_s << Avatar::Closed
                                 << u"ai agent"_s << true;
         QTest::newRow("case counts")
-            << u"AI agent"_s << QString() << u"Closed"_s << u"person"_s << u"AI agent"_s << true;
+            << u"AI agent"_s << QString() << u"Closed"_s << Avatar::Person << u"AI agent"_s << true;
     }
 
     void rowsDescribeTheirTicket()
@@ -147,7 +147,7 @@ private Q_SLOTS:
         QFETCH(const QString, type);
         QFETCH(const QString, picture);
         QFETCH(const QString, state);
-        QFETCH(const QString, icon);
+        QFETCH(const Avatar::Kind, icon);
         QFETCH(const QString, label);
         QFETCH(const bool, isUnread);
         Fixture fixture;
