@@ -272,10 +272,13 @@ private Q_SLOTS:
                     socket.write(request.target == "/a/b?q" ? moved : UrlSessionFixture::fine);
                 };
                 const UrlRequest request = fixture.request(u"/a/b?q"_s, method, "hello");
-                QCOMPARE(fixture.fetch(request).body, "fine");
-                QCOMPARE(fixture.server.requests.size(), 2);
+                const bool isSentAgain = method == "GET" || status < 307;
+                QCOMPARE(fixture.fetch(request).body, isSentAgain ? "fine" : "moved");
+                QCOMPARE(fixture.server.requests.size(), isSentAgain ? 2 : 1);
+                if (!isSentAgain)
+                    continue;
                 const ServedRequest &second = fixture.server.requests.constLast();
-                const bool isTheSame = method == "GET" || status >= 307;
+                const bool isTheSame = method == "GET";
                 QCOMPARE(second.target, "/c?d=%2B");
                 QCOMPARE(second.method, isTheSame ? method : "GET");
                 QCOMPARE(second.body, isTheSame ? "hello" : "");
@@ -334,7 +337,8 @@ private Q_SLOTS:
                                                         {"Content-Encoding: deflate"}));
             const UrlResponse response = fixture.fetch(fixture.request());
             const bool isTooLarge = mebibytes > 100;
-            QCOMPARE(response.status, isTooLarge ? UrlError::dataLengthExceedsMaximum : 200);
+            // Qt stops within the answer, and reports it as one that cannot be decompressed.
+            QCOMPARE(response.status, isTooLarge ? UrlError::badServerResponse : 200);
             QVERIFY(isTooLarge || response.body == body);
         }
         QVERIFY(fixture.stillWorks());

@@ -30,7 +30,7 @@ constexpr std::array errorCodes = {
     ErrorCode{QNetworkReply::ConnectionRefusedError, UrlError::cannotConnectToHost},
     ErrorCode{QNetworkReply::HostNotFoundError, UrlError::cannotFindHost},
     ErrorCode{QNetworkReply::TimeoutError, UrlError::timedOut},
-    // Only the idle timer aborts a transfer.
+    // Only the two timers abort a transfer.
     ErrorCode{QNetworkReply::OperationCanceledError, UrlError::timedOut},
     ErrorCode{QNetworkReply::SslHandshakeFailedError, UrlError::secureConnectionFailed},
     ErrorCode{QNetworkReply::TemporaryNetworkFailureError, UrlError::notConnectedToInternet},
@@ -98,8 +98,10 @@ bool canFollowRedirect(const UrlRequest &request, const QUrl &target)
 }
 
 /// Removes everything that would identify the customer: cookies, and credentials of the address.
+/// Refuses compression, which pictures have on their own.
 void makeAnonymous(QNetworkRequest &request)
 {
+    request.setRawHeader("Accept-Encoding", "identity");
     QUrl url = request.url();
     url.setUserInfo({});
     request.setUrl(url);
@@ -143,6 +145,9 @@ Transfer::Transfer(QNetworkAccessManager &manager, UrlRequest request,
     , m_request(std::move(request))
     , m_promise(std::move(promise))
 {
+    m_deadline.setSingleShot(true);
+    m_deadline.setInterval(m_request.responseTime);
+    connect(&m_deadline, &QTimer::timeout, this, [this] { m_reply->abort(); });
 }
 
 void Transfer::begin()
@@ -163,9 +168,11 @@ void Transfer::send()
     if (m_request.isAnonymous)
         makeAnonymous(request);
     request.setTransferTimeout(static_cast<int>(m_request.timeout.count()));
-    // readAvailable() also bounds compressed bodies. Qt's own check would refuse long conversations
-    // that compress well.
-    request.setDecompressedSafetyCheckThreshold(-1);
+    // Floods of HTTP/2 frames take any amount of memory in Qt's network thread.
+    request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
+    // Up to this size, Qt accepts any ratio of compression: long conversations compress well.
+    // Beyond it, Qt stops within an answer that expands more than readAvailable() would accept.
+    request.setDecompressedSafetyCheckThreshold(m_request.maximumBodySize);
 
     auto *body = new NonRewindableBody(m_request.body);
     m_body.clear();
@@ -176,6 +183,9 @@ void Transfer::send()
             [reply = m_reply] { reply->setReadBufferSize(readBufferSize); });
     connect(m_reply, &QNetworkReply::readyRead, this, &Transfer::readAvailable);
     connect(m_reply, &QNetworkReply::finished, this, &Transfer::finish);
+    // The time for the response begins when the request has been sent.
+    m_deadline.start();
+    connect(m_reply, &QNetworkReply::uploadProgress, &m_deadline, qOverload<>(&QTimer::start));
 }
 
 void Transfer::readAvailable()
@@ -195,6 +205,7 @@ void Transfer::readAvailable()
 
 void Transfer::finish()
 {
+    m_deadline.stop();
     m_reply->deleteLater();
     if (!m_tooLarge)
         readAvailable();
@@ -214,6 +225,9 @@ bool Transfer::followRedirect(int status)
     // The raw header, because the parsed one is empty for a relative address.
     const QUrl location = QUrl::fromEncoded(m_reply->rawHeader("Location"));
     if (!isRedirect || location.isEmpty() || m_redirects == maximumRedirects)
+        return false;
+    // Nobody knows whether the server has handled it: a message could arrive twice.
+    if (keepsMethod(status) && m_request.method != "GET")
         return false;
     const QUrl target = m_request.url.resolved(location);
     if (!target.isValid() || target.host().isEmpty() || !canFollowRedirect(m_request, target))

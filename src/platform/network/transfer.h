@@ -6,6 +6,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QPromise>
+#include <QtCore/QTimer>
 
 #include <memory>
 
@@ -38,6 +39,7 @@ private:
     QByteArray m_body;
     bool m_tooLarge = false;
     int m_redirects = 0;
+    QTimer m_deadline;
 };
 
 } // namespace tolvane

@@ -5,9 +5,8 @@
 #include "platform/async/eventloopthread.h"
 #include "platform/network/transfer.h"
 
+#include <QtCore/QPointer>
 #include <QtNetwork/QNetworkAccessManager>
-
-#include <array>
 
 namespace tolvane {
 
@@ -22,6 +21,26 @@ std::optional<QByteArray> UrlResponse::header(QByteArrayView name) const
 
 namespace {
 
+/// A thread with connections of its own.
+struct Lane
+{
+    explicit Lane(const QString &name)
+        : thread(name)
+    {
+    }
+
+    EventLoopThread thread;
+    QPointer<QNetworkAccessManager> manager;
+
+    void begin(UrlRequest request, std::shared_ptr<QPromise<UrlResponse>> promise)
+    {
+        // The thread ends with the application object, and starts again with the next one.
+        if (!manager)
+            manager = new QNetworkAccessManager(thread.context());
+        (new Transfer(*manager, std::move(request), std::move(promise)))->begin();
+    }
+};
+
 class NetworkSession final : public UrlSession
 {
 public:
@@ -30,11 +49,9 @@ public:
         auto promise = std::make_shared<QPromise<UrlResponse>>();
         promise->start();
         QFuture<UrlResponse> response = promise->future();
-        m_thread.post([this, promise, build = std::move(build)] {
+        m_backend.thread.post([this, promise, build = std::move(build)] {
             try {
-                UrlRequest request = build();
-                QNetworkAccessManager &accessManager = manager(request.isAnonymous);
-                (new Transfer(accessManager, std::move(request), promise))->begin();
+                begin(build(), promise);
             } catch (...) {
                 promise->setException(std::current_exception());
                 promise->finish();
@@ -44,17 +61,18 @@ public:
     }
 
 private:
-    QNetworkAccessManager &manager(bool isAnonymous)
+    void begin(UrlRequest request, std::shared_ptr<QPromise<UrlResponse>> promise)
     {
-        QPointer<QNetworkAccessManager> &manager = m_managers[isAnonymous ? 1 : 0];
-        // The thread ends with the application object, and starts again with the next one.
-        if (!manager)
-            manager = new QNetworkAccessManager(m_thread.context());
-        return *manager;
+        if (!request.isAnonymous)
+            return m_backend.begin(std::move(request), std::move(promise));
+        m_others.thread.post([this, request = std::move(request), promise = std::move(promise)] {
+            m_others.begin(request, promise);
+        });
     }
 
-    EventLoopThread m_thread{QStringLiteral("tolvane-network")};
-    std::array<QPointer<QNetworkAccessManager>, 2> m_managers;
+    // Destroyed last: the backend's thread posts to it.
+    Lane m_others{QStringLiteral("tolvane-downloads")};
+    Lane m_backend{QStringLiteral("tolvane-network")};
 };
 
 } // namespace

@@ -26,9 +26,11 @@ struct UrlRequest
     QByteArray body;
     /// The idle time after which the request times out.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
+    /// The time for the whole response, from the moment at which the request has been sent.
+    std::chrono::milliseconds responseTime = std::chrono::minutes(5);
     /// The request does not identify the customer: it has no cookies and no credentials from its
-    /// address. Therefore redirects may lead to other origins. Anonymous requests use separate
-    /// connections, so that slow downloads do not delay conversations.
+    /// address. Therefore redirects may lead to other origins. Anonymous requests use a separate
+    /// thread, so that downloads do not delay conversations, and accept no compression.
     bool isAnonymous = false;
     /// In bytes after decompression; the request fails with a longer body.
     qsizetype maximumBodySize = 104'857'600;
@@ -55,7 +57,8 @@ public:
 
     /// Builds the request off the caller's thread and sends it exactly once. Every answer with an
     /// HTTP status is a response. Because requests carry the API key, redirects are followed on the
-    /// same origin only, unless the request is anonymous; any other redirect is the response. Fails
+    /// same origin only, unless the request is anonymous, and a request with a body is never sent
+    /// again; any other redirect is the response. Fails
     /// with UrlError, or with the exception of `build`. Safe from any thread.
     virtual QFuture<UrlResponse> send(std::function<UrlRequest()> build) = 0;
 
@@ -66,7 +69,7 @@ public:
     }
 };
 
-/// Creates the network session, which has its own thread. Responses are held in memory completely.
+/// Creates the network session, which has its own threads. Responses are held in memory completely.
 TOLVANE_AUTOTEST_EXPORT std::unique_ptr<UrlSession> makeNetworkSession();
 
 } // namespace tolvane
