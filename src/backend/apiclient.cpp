@@ -2,35 +2,17 @@
 #include "backend/apiclient.h"
 
 #include "backend/apierror.h"
-#include "backend/configuration.h"
 #include "backend/persistentstore.h"
 #include "backend/requests.h"
 #include "backend/wire/json.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 
-#include <array>
+#include <algorithm>
 
 namespace tolvane {
 
 namespace {
-
-// Indexed by Tolvane::Environment.
-constexpr std::array defaultEndpoints = {
-    "https://api.tolvane.example/api",
-    "https://api.development.tolvane.example/api",
-    "https://api.alpha.tolvane.example/api",
-};
-
-Endpoint currentEndpoint()
-{
-    const Configuration &configuration = Configuration::shared();
-    const auto environment = static_cast<std::size_t>(configuration.environment());
-    return {platform()
-                .environmentVariable("TOLVANE_API_URL")
-                .value_or(QString::fromLatin1(defaultEndpoints.at(environment))),
-            configuration.apiKey().value_or(QString())};
-}
 
 /// The backend may assign a customer id with every answer, whatever its status.
 void storeCustomerId(const UrlResponse &response)
@@ -105,16 +87,21 @@ QCoro::Task<Result> perform(std::function<UrlRequest()> build, Result (*read)(co
     co_return co_await awaitFuture(answer);
 }
 
+/// Ids come from the backend. One that would address another path makes the address invalid.
 QString ticketPath(const QString &ticketId)
 {
-    return QStringLiteral("/ticket/") + ticketId;
+    const QStringList segments = ticketId.split(u'/');
+    const bool isElsewhere = std::ranges::any_of(segments, [](const QString &segment) {
+        return segment.isEmpty() || segment == u"." || segment == u"..";
+    });
+    return QStringLiteral("/ticket/") + (isElsewhere ? QStringLiteral("%") : ticketId);
 }
 
 } // namespace
 
 APIClient APIClient::live()
 {
-    const Endpoint endpoint = currentEndpoint();
+    const Endpoint endpoint = Endpoint::current();
     return {
         .getBranding =
             [endpoint](std::optional<QString> updatedAt) {

@@ -4,6 +4,8 @@
 #include "backend/wire/json.h"
 #include "platform/platform.h"
 
+#include <algorithm>
+
 namespace tolvane::persistentstore {
 
 namespace {
@@ -29,16 +31,25 @@ void writeText(const QString &key, const std::optional<QString> &value)
         domain->setText(key, value);
 }
 
+bool isCustomerId(const QString &id)
+{
+    constexpr qsizetype maximumLength = 128;
+    return !id.isEmpty() && id.size() <= maximumLength &&
+           std::ranges::all_of(id, [](QChar c) { return c > u' ' && c <= u'~'; });
+}
+
 } // namespace
 
 std::optional<QString> customerId()
 {
-    return readText(customerIdKey);
+    const std::optional<QString> id = readText(customerIdKey);
+    return id && isCustomerId(*id) ? id : std::nullopt;
 }
 
 void setCustomerId(const QString &id)
 {
-    writeText(customerIdKey, id);
+    if (isCustomerId(id))
+        writeText(customerIdKey, id);
 }
 
 std::optional<QString> customerOriginalId()

@@ -13,6 +13,8 @@
 /// no effect. Safe from any thread.
 namespace tolvane::persistentstore {
 
+/// 1 to 128 visible ASCII characters, which fit into a header. An entry with anything else reads as
+/// absent, and writing anything else has no effect: the customer keeps the id that works.
 TOLVANE_AUTOTEST_EXPORT std::optional<QString> customerId();
 TOLVANE_AUTOTEST_EXPORT void setCustomerId(const QString &id);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "backend/endpoint.h"
 #include "backend/wire/multipartbody.h"
 #include "backend/wire/records.h"
 #include "base/privateexport.h"
@@ -11,13 +12,6 @@
 #include <optional>
 
 namespace tolvane {
-
-/// The base URL of all requests, and the API key.
-struct Endpoint
-{
-    QString baseUrl;
-    QString apiKey;
-};
 
 /// A query item; with an absent value, only the name is written.
 using QueryItem = QPair<QString, std::optional<QString>>;

@@ -3,6 +3,7 @@
 #include "analytics/manager.h"
 #include "backend/apiclient.h"
 #include "backend/configuration.h"
+#include "backend/endpoint.h"
 #include "backend/persistentstore.h"
 #include "base/invokenoexcept.h"
 #include "base/ulid.h"
@@ -84,6 +85,10 @@ void start(const QString &key)
 {
     if (!Configuration::shared().setApiKeyOnce(key))
         return;
+    if (hasPlaceholderEndpoints()) {
+        Logger::shared().reportMisuse(QStringLiteral(
+            "This build of the library has no backend; set TOLVANE_PRODUCTION_API_URL in CMake"));
+    }
     ensureCustomerId();
     Logger::shared().log(LogLevel::info, QStringLiteral("SDK initialized"));
     TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Lifecycle::sdkInitialized,

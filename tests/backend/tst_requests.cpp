@@ -2,6 +2,7 @@
 #include "backend/apiclient.h"
 #include "backend/apierror.h"
 #include "backend/configuration.h"
+#include "backend/endpoint.h"
 #include "backend/persistentstore.h"
 #include "backend/wire/formitems.h"
 #include "platform/async/awaitfuture.h"
@@ -165,6 +166,8 @@ private Q_SLOTS:
             if (!type.isEmpty())
                 names.insert(1, "Content-Type");
             QCOMPARE(headerNames(request), names);
+            QCOMPARE(request.headers.constFirst().second, "application/json");
+            QCOMPARE(request.headers.at(names.size() - 2).second, "Bearer key");
             QCOMPARE(request.timeout, std::chrono::seconds(60));
         }
     }
@@ -180,6 +183,8 @@ private Q_SLOTS:
         QTest::newRow("a query is dropped")
             << base << u"a?x=1"_s << QByteArray("http://h/api/ticket/a");
         QTest::newRow("blank") << base << u"a b"_s << QByteArray();
+        QTest::newRow("empty") << base << u""_s << QByteArray();
+        QTest::newRow("another path") << base << u"../customer/update"_s << QByteArray();
         QTest::newRow("bad escape") << base << u"%zz"_s << QByteArray();
         QTest::newRow("bad base") << u"http://[oops"_s << u"a"_s << QByteArray();
     }
@@ -207,21 +212,30 @@ private Q_SLOTS:
     void environmentsHaveTheirEndpoints()
     {
         RequestFixture fixture;
-        fixture.environment.clear();
-        QSet<QString> hosts;
         using enum Tolvane::Environment;
-        for (const auto environment : {production, development, alpha}) {
+        const QList<std::pair<Tolvane::Environment, QString>> endpoints = {
+            {production, u"https://api.tolvane.example/api"_s},
+            {development, u"https://api.development.tolvane.example/api"_s},
+            {alpha, u"https://api.alpha.tolvane.example/api"_s}};
+        fixture.environment.insert(u"TOLVANE_API_URL"_s, {}); // Empty, which counts as not set.
+        for (const auto &[environment, url] : endpoints) {
             Configuration::shared().setEnvironment(environment);
             fixture.run(getTickets);
-            QCOMPARE(fixture.last().url.scheme(), u"https"_s);
-            QCOMPARE(fixture.last().url.path(), u"/api/tickets"_s);
+            QCOMPARE(fixture.last().url.toString(), url + u"/tickets"_s);
             QVERIFY(!headerNames(fixture.last()).contains("X-Tolvane-Customer"));
-            hosts += fixture.last().url.host();
         }
-        QCOMPARE(hosts.size(), 3);
         fixture.environment.insert(u"TOLVANE_API_URL"_s, u"http://own"_s); // Read for each request.
         fixture.run(getTickets);
         QCOMPARE(fixture.last().url.toString(), u"http://own/tickets"_s);
+    }
+
+    void releaseBuildsKeepTheKeyPrivate()
+    {
+        for (const char *url :
+             {"https://own", "http://127.0.0.1:1/api", "http://[::1]:1", "http://localhost/api"})
+            QVERIFY2(mayReplaceEndpoint(QUrl(QString::fromLatin1(url))), url);
+        for (const char *url : {"http://own", "http://127.0.0.1.own", "ftp://localhost", "own", ""})
+            QVERIFY2(!mayReplaceEndpoint(QUrl(QString::fromLatin1(url))), url);
     }
 
     void statusesAreClassified_data()
@@ -263,22 +277,34 @@ private Q_SLOTS:
         }
     }
 
-    void theResponseReplacesTheCustomerId()
+    void theResponseReplacesTheCustomerId_data()
     {
-        RequestFixture fixture;
-        fixture.response = {.status = 500, .headers = {{"x-tolvane-customer", "new"}}, .body = {}};
-        fixture.run(getTickets);
-        QCOMPARE(persistentstore::customerId(), u"new"_s);
-        fixture.run(getTickets);
-        QCOMPARE(fixture.last().headers.constLast().second, "new");
+        QTest::addColumn<QByteArray>("id");
+        QTest::addColumn<QString>("next");
+        QTest::newRow("another") << QByteArray("new") << u"new"_s;
+        QTest::newRow("as long as possible") << QByteArray(128, '~') << QString(128, u'~');
+        for (const QByteArray &illegal :
+             {QByteArray(), QByteArray(129, 'x'), QByteArray(90'000, 'x'), QByteArray("a, a"),
+              QByteArray("a\rb"), QByteArray("a\0b", 3), QByteArray("\xc3\xa4"), QByteArray(" ")})
+            QTest::addRow("%.9s...", illegal.toPercentEncoding().constData())
+                << illegal << u"old"_s;
     }
 
-    void largeResponsesAreDecoded()
+    void theResponseReplacesTheCustomerId()
     {
-        RequestFixture fixture;
-        const QList<MessageDto> messages(2000, makeMessage(u"m"_s));
-        fixture.response = answer(makeTicket(messages));
-        QVERIFY(!fixture.run([](auto client) { return getTicket(client, u"t1"_s); }));
+        QFETCH(const QByteArray, id);
+        QFETCH(const QString, next);
+        for (const int messages : {0, 2000}) { // Large responses are decoded elsewhere.
+            RequestFixture fixture;
+            persistentstore::setCustomerId(u"old"_s);
+            fixture.response = answer(makeTicket(QList<MessageDto>(messages, makeMessage(u"m"_s))));
+            fixture.response.headers = {{"x-tolvane-customer", id}};
+            QVERIFY(!fixture.run([](auto client) { return getTicket(client, u"t1"_s); }));
+            fixture.response.status = 500;
+            fixture.run(getTickets);
+            QCOMPARE(fixture.last().headers.constLast().second, next.toUtf8());
+            QCOMPARE(persistentstore::customerId(), next);
+        }
     }
 
     void formsAreEncoded()
