@@ -4,6 +4,8 @@
 #include "base/errors.h"
 #include "platform/platform.h"
 
+#include <algorithm>
+
 namespace tolvane {
 
 namespace {
@@ -21,12 +23,26 @@ const char *translationKey(int code)
     }
 }
 
+/// The text of a response for people: one paragraph of plain text. A page of HTML and a long body
+/// are for developers; only the kind of the failure remains of them.
+QString paragraph(const QString &text)
+{
+    constexpr qsizetype longestBody = 4096;
+    constexpr qsizetype longestParagraph = 200;
+    const qsizetype colon = text.indexOf(QLatin1String(": "));
+    const bool isMarkup = text.mid(colon + 2, longestBody).trimmed().startsWith(u'<');
+    if (colon >= 0 && (isMarkup || text.size() > longestBody))
+        return text.first(colon);
+    const QString line = text.first(std::min(text.size(), longestBody)).simplified();
+    return line.size() <= longestParagraph ? line : line.first(longestParagraph - 1) + u'…';
+}
+
 } // namespace
 
 QString errorText(const Error &error)
 {
     if (error.domain() != ErrorDomain::transport)
-        return error.localizedDescription();
+        return paragraph(error.localizedDescription());
     return platform().bundle->string(QString::fromLatin1(translationKey(error.code())));
 }
 
