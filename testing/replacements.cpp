@@ -54,6 +54,13 @@ public:
     {
         write(key, value);
     }
+    std::optional<QString> exchangeText(const QString &key, const std::optional<QString> &expected,
+                                        const QString &value) override
+    {
+        if (text(key) == expected)
+            setText(key, value);
+        return text(key);
+    }
 
 private:
     QString path(const QString &key) const { return m_name + QLatin1Char('/') + key; }

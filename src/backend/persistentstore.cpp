@@ -52,6 +52,17 @@ void setCustomerId(const QString &id)
         writeText(customerIdKey, id);
 }
 
+bool setFirstCustomerId(const QString &id)
+{
+    const auto domain = openDomain();
+    if (!domain)
+        return true;
+    const std::optional<QString> stored = domain->text(customerIdKey);
+    if (stored && isCustomerId(*stored))
+        return false;
+    return domain->exchangeText(customerIdKey, stored, id) == id;
+}
+
 std::optional<QString> customerOriginalId()
 {
     return readText(customerOriginalIdKey);

@@ -17,6 +17,9 @@ namespace tolvane::persistentstore {
 /// absent, and writing anything else has no effect: the customer keeps the id that works.
 TOLVANE_AUTOTEST_EXPORT std::optional<QString> customerId();
 TOLVANE_AUTOTEST_EXPORT void setCustomerId(const QString &id);
+/// Stores the id if there is none. Processes that do this at the same time agree on one id. Returns
+/// whether it is this one.
+TOLVANE_AUTOTEST_EXPORT bool setFirstCustomerId(const QString &id);
 
 /// The host's own id for the customer. Writing an absent value removes the entry.
 TOLVANE_AUTOTEST_EXPORT std::optional<QString> customerOriginalId();

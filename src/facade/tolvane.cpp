@@ -72,8 +72,8 @@ void ensureCustomerId()
     if (persistentstore::customerId())
         return;
     const QString id = ULID::generate(platform().clock->now()).description();
-    persistentstore::setCustomerId(id);
-    Logger::shared().log(LogLevel::info, QStringLiteral("New customer ID generated: ") + id);
+    if (persistentstore::setFirstCustomerId(id))
+        Logger::shared().log(LogLevel::info, QStringLiteral("New customer ID generated: ") + id);
 }
 
 QString textOrNil(const std::optional<QString> &text)

@@ -1,17 +1,27 @@
 // SPDX-License-Identifier: MIT
+#include "platform/system/folderlock.h"
 #include "platform/system/preferences.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QLockFile>
 #include <QtCore/QProcess>
+#include <QtCore/QRandomGenerator>
+#include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTextStream>
 #include <QtTest/QTest>
 
-#include <csignal>
+#include <cstdio>
+#include <functional>
+#include <map>
+#include <sys/stat.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -39,18 +49,43 @@ void writeFile(const QByteArray &bytes)
     QCOMPARE(out.write(bytes), bytes.size());
 }
 
-constexpr int writes = 25;
-
-/// Runs when a test starts this program again, as another process of the application: writes values
-/// on two threads at once, and kills the process after the last of them.
-int writeAndDie(const QString &writer)
+/// What this program does when a test starts it again, as another process of the application.
+int runAsChild(const QString &task, const QString &name)
 {
-    const auto write = [&writer](const QString &thread) {
-        for (int i = 0; i < writes; ++i)
-            open()->setText(writer + thread + QString::number(i), writer);
+    QTextStream out(stdout);
+    if (task == u"agree"_s) {
+        out << open()->exchangeText(key, std::nullopt, name).value();
+        return EXIT_SUCCESS;
+    }
+    // Writes on two threads until it is killed, and reports what it has written. (The main thread
+    // would not wait for the other processes.)
+    const auto write = [&name](const char *thread) {
+        for (int i = 0;; ++i) {
+            open()->setText(name + QString::fromLatin1(thread), QString::number(i));
+            std::printf("%s %d\n", thread, i);
+            std::fflush(stdout);
+        }
     };
-    std::jthread(write, u"a"_s), write(u"b"_s);
-    return std::raise(SIGKILL);
+    const std::jthread one(write, "a");
+    const std::jthread other(write, "b");
+    return EXIT_FAILURE;
+}
+
+std::unique_ptr<QProcess> startChild(const QString &task, const QString &name)
+{
+    auto process = std::make_unique<QProcess>();
+    process->start(QCoreApplication::applicationFilePath(), {u"child"_s, task, name});
+    return process;
+}
+
+/// Makes the folder look as an earlier version of the library left it when it was killed.
+void leaveStaleLock()
+{
+    QLockFile lock(file() + u".lock"_s);
+    QVERIFY(QDir().mkpath(folder()) && lock.lock());
+    QVERIFY(QFile::copy(file() + u".lock"_s, file() + u".kept"_s));
+    lock.unlock();
+    QVERIFY(QFile::rename(file() + u".kept"_s, file() + u".lock"_s));
 }
 
 } // namespace
@@ -117,24 +152,74 @@ private Q_SLOTS:
         QCOMPARE(QDir(folder()).entryList(QDir::Files | QDir::Hidden).size(), 1);
     }
 
+    /// Kills 200 processes at random moments while they write.
     void killedProcessesLoseNoWrites()
     {
-        const QStringList writers = {u"x"_s, u"y"_s, u"z"_s};
-        std::vector<std::unique_ptr<QProcess>> running;
-        for (const QString &writer : writers) {
-            running.push_back(std::make_unique<QProcess>());
-            running.back()->start(QCoreApplication::applicationFilePath(), {u"die"_s, writer});
-        }
-        for (const auto &process : running) {
-            QVERIFY(process->waitForFinished(60'000));
-            QCOMPARE(process->exitStatus(), QProcess::CrashExit);
-        }
-        for (const QString &writer : writers) {
-            for (int i = 0; i < writes; ++i) {
-                QCOMPARE(open()->text(writer + u'a' + QString::number(i)), writer);
-                QCOMPARE(open()->text(writer + u'b' + QString::number(i)), writer);
+        leaveStaleLock();
+        for (int round = 0; round < 50; ++round) {
+            std::map<QString, std::unique_ptr<QProcess>> running;
+            for (const QString &writer : {u"w"_s, u"x"_s, u"y"_s, u"z"_s})
+                running[writer] = startChild(u"write"_s, writer + QString::number(round));
+            for (const auto &[writer, process] : running)
+                QVERIFY(process->waitForReadyRead(60'000));
+            QThread::usleep(QRandomGenerator::global()->bounded(30'000));
+            for (const auto &[writer, process] : running) {
+                process->kill();
+                QVERIFY(process->waitForFinished(60'000));
+            }
+            for (const auto &[writer, process] : running) {
+                QElapsedTimer timer;
+                timer.start();
+                QMap<QByteArray, int> reported;
+                for (const QByteArray &line : process->readAllStandardOutput().split('\n')) {
+                    if (line.contains(' '))
+                        reported[line.first(1)] = line.sliced(2).toInt();
+                }
+                for (auto last = reported.cbegin(); last != reported.cend(); ++last) {
+                    const QString name = writer + QString::number(round);
+                    const auto stored = open()->text(name + QString::fromLatin1(last.key()));
+                    const QByteArray message = name.toUtf8() + last.key() + ": " +
+                                               QByteArray::number(*last) + " written, " +
+                                               stored.value_or(u"nothing"_s).toUtf8() + " found";
+                    QVERIFY2(stored && stored->toInt() >= *last, message.constData());
+                }
+                open()->setText(key, writer + QString::number(round));
+                QVERIFY2(timer.elapsed() < 50, qPrintable(QString::number(timer.elapsed())));
             }
         }
+    }
+
+    void startingProcessesAgreeOnOneText()
+    {
+        std::vector<std::unique_ptr<QProcess>> running;
+        for (int i = 0; i < 8; ++i)
+            running.push_back(startChild(u"agree"_s, QString::number(i)));
+        QSet<QByteArray> texts;
+        for (const auto &process : running) {
+            QVERIFY(process->waitForFinished(60'000));
+            texts += process->readAllStandardOutput();
+        }
+        QCOMPARE(texts, QSet{open()->text(key)->toUtf8()});
+    }
+
+    /// A process that has stopped while it holds the lock delays nobody.
+    void aHeldLockDelaysNobody()
+    {
+        const auto content = [] {
+            QFile ini(file());
+            return ini.open(QIODevice::ReadOnly) ? ini.readAll() : QByteArray();
+        };
+        open()->setText(key, u"old"_s);
+        std::optional<FolderLock> lock(std::in_place, folder());
+        QCOMPARE(lock->lock(1s), FolderLock::Result::locked);
+        QElapsedTimer timer;
+        timer.start();
+        open()->setText(key, u"new"_s);
+        QVERIFY(timer.elapsed() < 50);
+        QCOMPARE(open()->text(key), u"new"_s);
+        QVERIFY(!content().contains("new"));
+        lock.reset();
+        QTRY_VERIFY(content().contains("new"));
     }
 
     void damagedFilesReadAsEmpty_data()
@@ -157,31 +242,50 @@ private Q_SLOTS:
         QCOMPARE(open()->text(key), u"new"_s);
     }
 
-    void failedWritesAreNotKept()
+    void failedWritesAreKeptForTheProcess_data()
     {
-        const auto isLost = [] {
-            open()->setText(key, u"lost"_s);
-            return !open()->text(key);
-        };
-        QVERIFY(QDir().mkpath(file())); // A folder in place of the file.
-        QVERIFY(isLost());
-        QVERIFY(QDir(folder()).removeRecursively());
-        QFile inTheWay(folder()); // A file in place of the folder.
-        QVERIFY(inTheWay.open(QIODevice::WriteOnly) && isLost() && inTheWay.remove());
-        open()->setText(key, u"kept"_s);
-        QCOMPARE(open()->text(key), u"kept"_s);
+        using Obstacle = std::function<void()>;
+        QTest::addColumn<Obstacle>("obstacle");
+        QTest::newRow("a folder in place of the file")
+            << Obstacle([] { QVERIFY(QDir().mkpath(file())); });
+        QTest::newRow("a file in place of the folder") << Obstacle([] {
+            QFile inTheWay(folder());
+            QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        });
+        QTest::newRow("a pipe in place of the file") << Obstacle([] {
+            QVERIFY(QDir().mkpath(folder()));
+            QVERIFY(mkfifo(QFile::encodeName(file()).constData(), 0600) == 0);
+        });
+        QTest::newRow("a folder in place of the new file")
+            << Obstacle([] { QVERIFY(QDir().mkpath(file() + u".new"_s)); });
+    }
+
+    void failedWritesAreKeptForTheProcess()
+    {
+        QFETCH(const std::function<void()>, obstacle);
+        obstacle();
+        open()->setText(key, u"first"_s);
+        QCOMPARE(open()->text(key), u"first"_s);
+        if (!QFileInfo(file()).isFile()) { // A pipe has been replaced.
+            QFile::remove(folder());
+            QDir(folder()).removeRecursively();
+        }
+        open()->setText(u"other"_s, u"second"_s);
+        QSettings settings(file(), QSettings::IniFormat);
+        QCOMPARE(settings.value(key), u"first"_s);
+        QCOMPARE(settings.value("other"), u"second"_s);
     }
 };
 
 int main(int argc, char *argv[])
 {
-    const bool isChild = argc > 2 && QByteArrayView(argv[1]) == "die";
+    const bool isChild = argc > 3 && QByteArrayView(argv[1]) == "child";
     const QTemporaryDir home;
     if (!isChild) // Child processes share the test's folder.
         qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     const QCoreApplication app(argc, argv);
     if (isChild)
-        return writeAndDie(QString::fromLocal8Bit(argv[2]));
+        return runAsChild(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
     PreferencesTest test;
     return QTest::qExec(&test, argc, argv);
 }

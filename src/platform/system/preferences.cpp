@@ -1,36 +1,41 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system/preferences.h"
 
+#include "platform/system/settingsfile.h"
+
 #include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
 
 namespace tolvane {
 
 namespace {
 
+QVariant variantOf(const std::optional<QString> &text)
+{
+    return text ? QVariant(*text) : QVariant();
+}
+
+std::optional<QString> textOf(const QVariant &value)
+{
+    return value.typeId() == QMetaType::QString ? std::optional(value.toString()) : std::nullopt;
+}
+
 class FileDomain final : public PreferencesDomain
 {
 public:
     explicit FileDomain(const QString &path)
-        : m_settings(path, QSettings::IniFormat)
+        : m_file(SettingsFile::at(path))
     {
-        m_settings.setFallbacksEnabled(false);
     }
 
     std::optional<QString> text(const QString &key) const override
     {
-        const QVariant value = m_settings.value(key);
-        if (value.typeId() != QMetaType::QString)
-            return std::nullopt;
-        return value.toString();
+        return textOf(m_file.value(key));
     }
 
     std::optional<QByteArray> bytes(const QString &key) const override
     {
-        const QVariant value = m_settings.value(key);
+        const QVariant value = m_file.value(key);
         if (value.typeId() != QMetaType::QByteArray)
             return std::nullopt;
         return value.toByteArray();
@@ -38,42 +43,23 @@ public:
 
     void setText(const QString &key, const std::optional<QString> &value) override
     {
-        write(key, value ? QVariant(*value) : QVariant());
+        m_file.setValue(key, variantOf(value));
     }
 
     void setBytes(const QString &key, const std::optional<QByteArray> &value) override
     {
-        write(key, value ? QVariant(*value) : QVariant());
+        m_file.setValue(key, value ? QVariant(*value) : QVariant());
+    }
+
+    std::optional<QString> exchangeText(const QString &key, const std::optional<QString> &expected,
+                                        const QString &value) override
+    {
+        const QVariant now = m_file.value(key);
+        return textOf(now) == expected ? textOf(m_file.exchange(key, now, value)) : textOf(now);
     }
 
 private:
-    void write(const QString &key, const QVariant &value)
-    {
-        // Every answer of the backend contains the customer id, which rarely changes.
-        if (m_settings.value(key) == value)
-            return;
-        // QSettings would cache a value that it cannot write, and return it to later readers.
-        if (!ensureFile())
-            return;
-        if (value.isValid())
-            m_settings.setValue(key, value);
-        else
-            m_settings.remove(key);
-        m_settings.sync();
-    }
-
-    /// Creates the file with private permissions, which rewriting keeps; QSettings would make it
-    /// readable for everybody. False if the file cannot be created.
-    bool ensureFile() const
-    {
-        constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
-        QFile file(m_settings.fileName());
-        if (!file.setPermissions(ownerOnly))
-            QDir().mkpath(QFileInfo(file).path());
-        return file.open(QIODevice::ReadWrite, ownerOnly);
-    }
-
-    QSettings m_settings;
+    SettingsFile &m_file;
 };
 
 class FilePreferences final : public Preferences

@@ -25,9 +25,16 @@ public:
     virtual std::optional<QByteArray> bytes(const QString &key) const = 0;
 
     /// An absent value removes the key. When the call returns, the change survives the end of this
-    /// process.
+    /// process, unless another process holds the file for longer than the call may block, or the
+    /// file cannot be written; then the change counts in this process.
     virtual void setText(const QString &key, const std::optional<QString> &value) = 0;
     virtual void setBytes(const QString &key, const std::optional<QByteArray> &value) = 0;
+
+    /// Sets a text unless another process has changed it since it was `expected`. Returns the text
+    /// that counts.
+    virtual std::optional<QString> exchangeText(const QString &key,
+                                                const std::optional<QString> &expected,
+                                                const QString &value) = 0;
 };
 
 /// Opens a domain anew for each access. Safe from any thread and for several processes.

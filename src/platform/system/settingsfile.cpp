@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "platform/system/settingsfile.h"
+
+#include "base/mainthread.h"
+#include "platform/system/folderlock.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSettings>
+
+#include <filesystem>
+#include <map>
+#include <memory>
+
+namespace tolvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds patienceOfMainThread = 20ms;
+constexpr std::chrono::milliseconds patienceOfThreads = 1s;
+
+constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
+
+} // namespace
+
+SettingsFile &SettingsFile::at(const QString &path)
+{
+    static auto *mutex = new std::mutex;
+    static auto *files = new std::map<QString, std::unique_ptr<SettingsFile>>;
+    const std::scoped_lock lock(*mutex);
+    std::unique_ptr<SettingsFile> &file = (*files)[path];
+    if (!file)
+        file.reset(new SettingsFile(path));
+    return *file;
+}
+
+SettingsFile::SettingsFile(const QString &path)
+    : m_path(path)
+    , m_folder(QFileInfo(path).path())
+{
+}
+
+QVariant SettingsFile::value(const QString &key)
+{
+    const std::scoped_lock lock(m_mutex);
+    return current(key);
+}
+
+void SettingsFile::setValue(const QString &key, const QVariant &value)
+{
+    change(key, std::nullopt, value);
+}
+
+QVariant SettingsFile::exchange(const QString &key, const QVariant &expected, const QVariant &value)
+{
+    return change(key, expected, value);
+}
+
+SettingsFile::Stamp SettingsFile::stamp() const
+{
+    const QFileInfo info(m_path);
+    // Opening anything but a regular file may block for ever.
+    return info.isFile() ? Stamp{info.lastModified(), info.size()} : Stamp{};
+}
+
+void SettingsFile::read()
+{
+    const Stamp now = stamp();
+    if (now == m_stamp)
+        return;
+    m_values.clear();
+    m_stamp = now;
+    if (now == Stamp())
+        return;
+    QSettings settings(m_path, QSettings::IniFormat);
+    settings.setFallbacksEnabled(false);
+    const QStringList keys = settings.allKeys();
+    for (const QString &key : keys)
+        m_values.insert(key, settings.value(key));
+}
+
+QVariant SettingsFile::current(const QString &key)
+{
+    if (const auto pending = m_pending.constFind(key); pending != m_pending.cend())
+        return *pending;
+    read();
+    return m_values.value(key);
+}
+
+QVariant SettingsFile::change(const QString &key, const std::optional<QVariant> &expected,
+                              const QVariant &newValue)
+{
+    // Every answer of the backend contains the customer id, which rarely changes.
+    if (value(key) == newValue)
+        return newValue;
+    QDir().mkpath(m_folder);
+    FolderLock others(m_folder);
+    // Readers, such as the main thread, must not wait meanwhile.
+    const bool isBusy = others.lock(isMainThread() ? patienceOfMainThread : patienceOfThreads) ==
+                        FolderLock::Result::busy;
+    const std::scoped_lock lock(m_mutex);
+    if (const QVariant now = current(key); expected && now != *expected)
+        return now;
+    m_pending.insert(key, newValue);
+    if (isBusy)
+        writeLater();
+    else
+        writePending();
+    return newValue;
+}
+
+/// Needs the folder's lock. What cannot be written stays pending.
+void SettingsFile::writePending()
+{
+    read();
+    QVariantMap values = m_values;
+    for (auto pending = m_pending.cbegin(); pending != m_pending.cend(); ++pending) {
+        if (pending->isValid())
+            values.insert(pending.key(), *pending);
+        else
+            values.remove(pending.key());
+    }
+    if (!replaceWith(values))
+        return;
+    m_values = values;
+    m_stamp = stamp();
+    m_pending.clear();
+}
+
+bool SettingsFile::replaceWith(const QVariantMap &values) const
+{
+    if (QFileInfo(m_path).isDir())
+        return false;
+    const QString path = m_path + QStringLiteral(".new");
+    // A process may have been killed in the middle.
+    QFile::remove(path);
+    QFile::remove(path + QStringLiteral(".lock"));
+    if (QFile file(path); !file.open(QIODevice::ReadWrite | QIODevice::NewOnly, ownerOnly))
+        return false;
+    QSettings settings(path, QSettings::IniFormat);
+    settings.setFallbacksEnabled(false);
+    settings.clear();
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        settings.setValue(value.key(), *value);
+    settings.sync();
+    std::error_code error;
+    if (settings.status() == QSettings::NoError)
+        std::filesystem::rename(QFileInfo(path).filesystemFilePath(),
+                                QFileInfo(m_path).filesystemFilePath(), error);
+    return settings.status() == QSettings::NoError && !error;
+}
+
+void SettingsFile::writeLater()
+{
+    if (!std::exchange(m_isPosted, true))
+        m_thread.post([this] { writeNow(); });
+}
+
+void SettingsFile::writeNow()
+{
+    FolderLock others(m_folder);
+    const bool isBusy = others.lock(patienceOfThreads) == FolderLock::Result::busy;
+    const std::scoped_lock lock(m_mutex);
+    m_isPosted = false;
+    if (isBusy)
+        writeLater();
+    else if (!m_pending.isEmpty())
+        writePending();
+}
+
+} // namespace tolvane

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/async/eventloopthread.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QString>
+#include <QtCore/QVariantMap>
+
+#include <mutex>
+#include <optional>
+
+namespace tolvane {
+
+/// An INI file in the format of QSettings, shared with other processes. Unlike QSettings it never
+/// waits for a process that is gone, and replaces the file as a whole. Safe from any thread.
+class SettingsFile
+{
+public:
+    /// The instance of this process for a path, which is never destroyed.
+    static SettingsFile &at(const QString &path);
+
+    /// Invalid for a missing key.
+    QVariant value(const QString &key);
+
+    /// An invalid value removes the key. Blocks for some milliseconds at most: while another
+    /// process holds the lock, the write goes on on a thread, and what cannot be written is kept
+    /// until the process ends. Readers of this process see it at once.
+    void setValue(const QString &key, const QVariant &value);
+
+    /// Sets a value unless another process has changed it. Returns the value that counts.
+    QVariant exchange(const QString &key, const QVariant &expected, const QVariant &value);
+
+private:
+    /// Tells whether the file has changed.
+    struct Stamp
+    {
+        QDateTime time;
+        qint64 size = -1;
+        bool operator==(const Stamp &) const = default;
+    };
+
+    explicit SettingsFile(const QString &path);
+    Stamp stamp() const;
+    void read();
+    QVariant current(const QString &key);
+    QVariant change(const QString &key, const std::optional<QVariant> &expected,
+                    const QVariant &value);
+    void writePending();
+    bool replaceWith(const QVariantMap &values) const;
+    void writeLater();
+    void writeNow();
+
+    const QString m_path;
+    const QString m_folder;
+    std::mutex m_mutex;
+    /// What the file contained at m_stamp.
+    QVariantMap m_values;
+    Stamp m_stamp;
+    /// Not in the file yet. Invalid values are removals.
+    QVariantMap m_pending;
+    bool m_isPosted = false;
+    EventLoopThread m_thread{QStringLiteral("tolvane-settings")};
+};
+
+} // namespace tolvane
