@@ -86,6 +86,9 @@ private Q_SLOTS:
         QTest::newRow("plain") << message() << plain;
         QTest::newRow("unknown keys")
             << message(",'x':{'id':[null,{'y':1e300}]},'':true"_j) << plain;
+        QTest::newRow("unknown numbers beyond any range")
+            << message(",'x':[1e999,-99999999999999999999,18446744073709551616,'1e999\\'1e999']"_j)
+            << plain;
         QTest::newRow("nulls are absent") << message(",'attachments':null"_j) << plain;
         MessageDto with = plain;
         with.attachments = QList<QString>();
@@ -93,6 +96,12 @@ private Q_SLOTS:
         with.attachments = {u"a"_s, u"😀\n\"é"_s};
         QTest::newRow("escapes") << message(",'attachments':['a','\\ud83d\\ude00\\n\\'\\u00e9']"_j)
                                  << with;
+        QTest::newRow("halves of surrogate pairs")
+            << message(",'attachments':['a\\ud800','\\ud83d\\ude00\\udc00\\\\ud800']"_j)
+            << [with]() mutable {
+                   with.attachments = {u"a\uFFFD"_s, u"😀\uFFFD\\ud800"_s};
+                   return with;
+               }();
         QTest::newRow("the last of duplicate keys wins")
             << message(",'attachments':['a','😀\\n\\'é']"_j) << with;
         with = plain;
@@ -144,7 +153,11 @@ private Q_SLOTS:
         row("empty", "", dataCorrupted, QString());
         row("trailing", ticket("") + "{}", dataCorrupted, QString());
         row("invalid UTF-8", ticket(message(",\"x\":\"\xc3\x28\"")), dataCorrupted, QString());
-        row("lone surrogate", ticket(message(",'x':'\\ud800'"_j)), dataCorrupted, QString());
+        row("a known number beyond any range", without("'isRead':false"_j, "'isRead':1e999"_j),
+            typeMismatch, u"messages[1].isRead"_s);
+        row("an invalid number", ticket(message(",'x':[1e999,01]"_j)), dataCorrupted, QString());
+        row("an invalid escape", ticket(message(",'x':'\\ud800\\uzzzz'"_j)), dataCorrupted,
+            QString());
         row("malformed unknown value", ticket(message(",'x':[1,2}"_j)), dataCorrupted, QString());
         row("deep", nested(100'000), dataCorrupted, QString());
         row("deep unknown value", ticket(message(",\"x\":" + nested(100'000))), dataCorrupted,

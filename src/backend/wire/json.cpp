@@ -2,6 +2,7 @@
 #include "backend/wire/json.h"
 
 #include "backend/wire/jsonreader.h"
+#include "backend/wire/jsonrepair.h"
 #include "backend/wire/jsonwriter.h"
 
 #include <QtCore/QJsonDocument>
@@ -82,7 +83,12 @@ T decode(QByteArrayView bytes)
         throw DecodingError(DecodingError::dataCorrupted, {}, QStringLiteral("There is no data."));
     simdjson::dom::parser parser;
     Element root;
-    const auto error = parser.parse(bytes.data(), static_cast<std::size_t>(bytes.size())).get(root);
+    const auto parse = [&](QByteArrayView text) {
+        return parser.parse(text.data(), static_cast<std::size_t>(text.size())).get(root);
+    };
+    auto error = parse(bytes);
+    if (error == simdjson::STRING_ERROR || error == simdjson::NUMBER_ERROR)
+        error = parse(repaired(bytes));
     if (error) {
         throw DecodingError(DecodingError::dataCorrupted, {},
                             QStringLiteral("The data is not valid JSON. (%1)")

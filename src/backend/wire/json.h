@@ -15,7 +15,8 @@ namespace tolvane::json {
 
 /// Decodes a record, or a list of records, from UTF-8 JSON. Strict: required fields must be present
 /// with the right types, and the text must be one well-formed JSON value in valid UTF-8. Unknown
-/// keys are ignored. Throws DecodingError.
+/// keys are ignored, numbers beyond any range among them, and halves of surrogate pairs are
+/// replaced. Throws DecodingError.
 template <typename T>
 TOLVANE_AUTOTEST_EXPORT T decode(QByteArrayView bytes);
 
