@@ -23,10 +23,10 @@ QString readLine(const QString &path)
     return QString::fromUtf8(file.readLine(256)).trimmed();
 }
 
-/// The sysfs folder of the first battery that powers the machine; empty without one.
-QString batteryFolder()
+/// The folder of the first battery that powers the machine; empty without one.
+QString batteryFolder(const QString &sysfs)
 {
-    const QDir supplies(QStringLiteral("/sys/class/power_supply"));
+    const QDir supplies(sysfs + QStringLiteral("/class/power_supply"));
     for (const QString &name : supplies.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         QString folder = supplies.filePath(name);
         const bool isBattery =
@@ -47,15 +47,15 @@ struct BatteryWord
 constexpr std::array batteryWords = {
     BatteryWord{"Discharging", Device::BatteryState::unplugged},
     BatteryWord{"Charging", Device::BatteryState::charging},
-    BatteryWord{"Not charging", Device::BatteryState::full},
     BatteryWord{"Full", Device::BatteryState::full},
 };
 
 class SystemDevice final : public Device
 {
 public:
-    SystemDevice()
-        : m_model(readLine(QStringLiteral("/sys/devices/virtual/dmi/id/product_name")))
+    explicit SystemDevice(const QString &sysfs)
+        : m_sysfs(sysfs)
+        , m_model(readLine(sysfs + QStringLiteral("/devices/virtual/dmi/id/product_name")))
         , m_systemVersion(QSysInfo::productVersion())
     {
         if (m_model.isEmpty())
@@ -72,13 +72,13 @@ public:
     {
         bool isNumber = false;
         const int percent =
-            readLine(batteryFolder() + QStringLiteral("/capacity")).toInt(&isNumber);
+            readLine(batteryFolder(m_sysfs) + QStringLiteral("/capacity")).toInt(&isNumber);
         return isNumber ? static_cast<float>(percent) / 100.0F : -1.0F;
     }
 
     BatteryState batteryState() const override
     {
-        const QString word = readLine(batteryFolder() + QStringLiteral("/status"));
+        const QString word = readLine(batteryFolder(m_sysfs) + QStringLiteral("/status"));
         for (const BatteryWord &entry : batteryWords) {
             if (word == QLatin1String(entry.word))
                 return entry.state;
@@ -100,6 +100,7 @@ public:
     }
 
 private:
+    const QString m_sysfs;
     // Read for every analytics event, and constant while the process runs.
     QString m_model;
     QString m_systemVersion;
@@ -107,9 +108,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Device> makeSystemDevice()
+std::unique_ptr<Device> makeSystemDevice(const QString &sysfs)
 {
-    return std::make_unique<SystemDevice>();
+    return std::make_unique<SystemDevice>(sysfs);
 }
 
 } // namespace tolvane

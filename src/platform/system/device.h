@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <QtCore/QSize>
 #include <QtCore/QString>
 
@@ -31,7 +33,9 @@ public:
     virtual QString timeZoneIdentifier() const = 0;
 };
 
-/// The device that the process runs on. The size of the screen comes from the library of views.
-std::unique_ptr<Device> makeSystemDevice();
+/// The device that the process runs on. The size of the screen comes from the library of views,
+/// model and battery from the kernel's file system.
+TOLVANE_AUTOTEST_EXPORT std::unique_ptr<Device>
+makeSystemDevice(const QString &sysfs = QStringLiteral("/sys"));
 
 } // namespace tolvane
