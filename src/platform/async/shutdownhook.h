@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <functional>
 #include <memory>
 
@@ -18,7 +20,7 @@ using ShutdownHook = std::shared_ptr<void>;
 
 /// True while those functions run. A stopped service must not be started again by one that still
 /// runs. Safe from any thread.
-bool isShuttingDown();
+TOLVANE_PRIVATE_EXPORT bool isShuttingDown();
 
 /// Keeps work that was posted too late to run. Destroying it would break its promises, and resume
 /// coroutines that wait for them in a process that is ending. Safe from any thread.

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/decoding.h"
 
+#include "platform/async/shutdownhook.h"
+#include "ui/images/essentialparts.h"
+
 #include <QtCore/QBuffer>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QtEndian>
 #include <QtGui/QColorSpace>
 #include <QtGui/QImageReader>
@@ -67,7 +71,24 @@ QSize scaledBy(const QSize &size, double factor)
         .expandedTo(QSize(1, 1));
 }
 
-/// Reads one picture from bytes, which are not copied.
+/// Bytes that end early once a picture takes too long to decode, or the process ends.
+class TimedBuffer final : public QBuffer
+{
+public:
+    bool hasEnded() const { return m_deadline.hasExpired() || isShuttingDown(); }
+
+protected:
+    qint64 readData(char *data, qint64 size) override
+    {
+        return hasEnded() ? -1 : QBuffer::readData(data, size);
+    }
+
+private:
+    // The largest photo takes less than a second.
+    const QDeadlineTimer m_deadline{std::chrono::seconds(5)};
+};
+
+/// Reads one picture from bytes.
 class Reader
 {
 public:
@@ -76,7 +97,10 @@ public:
         const QByteArray format = formatOf(bytes);
         if (format.isEmpty())
             return;
-        m_buffer.setData(bytes);
+        const QByteArray parts = essentialParts(bytes, format);
+        if (parts.isEmpty())
+            return;
+        m_buffer.setData(parts);
         m_buffer.open(QIODevice::ReadOnly);
         m_reader.setAutoDetectImageFormat(false);
         m_reader.setFormat(format);
@@ -99,7 +123,7 @@ public:
     QImage read(double factor);
 
 private:
-    QBuffer m_buffer;
+    TimedBuffer m_buffer;
     QImageReader m_reader;
     QSize m_size;
     bool m_scalesWhileDecoding = false;
@@ -137,7 +161,7 @@ QImage Reader::read(double factor)
     if (factor < 1)
         m_reader.setScaledSize(scaledBy(m_size, factor));
     QImage image;
-    if (!m_reader.read(&image))
+    if (!m_reader.read(&image) || m_buffer.hasEnded())
         return {};
     return convertedForRendering(std::move(image));
 }
