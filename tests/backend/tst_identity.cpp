@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/logger.h"
-#include "base/base32.h"
 #include "base/decodingerror.h"
 #include "base/ulid.h"
 #include "testing/fixture.h"
@@ -16,7 +15,6 @@ class IdentityTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-
     void parses_data()
     {
         QTest::addColumn<QString>("text");

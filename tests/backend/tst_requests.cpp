@@ -201,14 +201,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.last().url.toEncoded(), address);
     }
 
-    void updatedAtIsPercentEncoded()
-    {
-        RequestFixture fixture;
-        fixture.run([](auto client) { return getBranding(client, u"2+2&a=%20 é"_s); });
-        QCOMPARE(fixture.last().url.query(QUrl::FullyEncoded),
-                 u"updatedAt=2%2B2%26a%3D%2520%20%C3%A9"_s);
-    }
-
     void environmentsHaveTheirEndpoints()
     {
         RequestFixture fixture;

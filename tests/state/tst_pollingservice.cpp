@@ -95,31 +95,20 @@ class PollingServiceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void endsAtTheFirstNewMessage_data()
-    {
-        QTest::addColumn<QString>("senderType");
-        QTest::addColumn<QString>("trace");
-        const QString byNotification =
-            u"Message received via notification, stopping polling for ticket: t1"_s;
-        QTest::newRow("AI") << words::aiAgent << byNotification;
-        QTest::newRow("human") << words::humanAgent << byNotification;
-        QTest::newRow("customer, by the loop's own broadcast") << words::customer << byNotification;
-    }
-
     void endsAtTheFirstNewMessage()
     {
-        QFETCH(const QString, senderType);
-        QFETCH(const QString, trace);
         PollingFixture fixture;
         fixture.start(1);
         QCOMPARE(fixture.polls(), 1);
         QVERIFY(fixture.broadcasts.isEmpty());
         QCOMPARE(fixture.active(), QStringList{ticketId});
 
-        fixture.messages += makeMessage(u"m2"_s, senderType);
+        fixture.messages += customer("m2"); // Whoever has written it.
         fixture.clock->advance(1s);
         QCOMPARE(fixture.broadcastIds(), QStringList{u"m2"_s});
-        QCOMPARE(fixture.lineCount(trace), 1);
+        QCOMPARE(fixture.lineCount(
+                     u"Message received via notification, stopping polling for ticket: t1"_s),
+                 1);
         QCOMPARE(fixture.active(), QStringList());
         fixture.clock->advance(10s);
         QCOMPARE(fixture.polls(), 2);
@@ -170,9 +159,14 @@ private Q_SLOTS:
         PollingFixture fixture;
         fixture.failing = failWithNetworkError;
         fixture.start(1);
+        fixture.clock->advance(2s);
+        fixture.failing = nullptr;
+        fixture.clock->advance(4s);
+        fixture.failing = failWithNetworkError; // The poll in between has reset the back-off.
+        fixture.delegate->events.clear();
         fixture.clock->advance(100s);
-        QCOMPARE(fixture.clock->requestedSleeps(), QList<double>({2, 4, 8, 16}));
-        QCOMPARE(fixture.polls(), 5);
+        QCOMPARE(fixture.clock->requestedSleeps(), QList<double>({2, 4, 1, 2, 4, 8, 16}));
+        QCOMPARE(fixture.polls(), 3 + 5);
         QCOMPARE(fixture.active(), QStringList());
         QCOMPARE(
             fixture.lineCount(u"Max consecutive errors reached for ticket t1, stopping polling"_s),
@@ -185,19 +179,6 @@ private Q_SLOTS:
                 counts += event.properties().value(u"consecutive_errors"_s).toInt();
         }
         QCOMPARE(counts, QList<int>({1, 2, 3, 4, 5}));
-    }
-
-    void aGoodPollRestartsTheBackOff()
-    {
-        PollingFixture fixture;
-        fixture.failing = failWithNetworkError;
-        fixture.start(1);
-        fixture.clock->advance(2s);
-        fixture.failing = nullptr;
-        fixture.clock->advance(4s);
-        fixture.failing = failWithNetworkError;
-        fixture.clock->advance(1s);
-        QCOMPARE(fixture.clock->requestedSleeps(), QList<double>({2, 4, 1, 2}));
     }
 
     void otherCancellationsAreRetriedAtOnce()
@@ -228,20 +209,17 @@ private Q_SLOTS:
         QCOMPARE(fixture.polls(), before + 5);
     }
 
-    void aStoppedLoopHasNoEffect_data()
-    {
-        QTest::addColumn<bool>("isFailing");
-        QTest::addColumn<bool>("isReplaced");
-        QTest::newRow("answer, no other loop") << false << false;
-        QTest::newRow("answer, replaced") << false << true;
-        QTest::newRow("failure, no other loop") << true << false;
-        QTest::newRow("failure, replaced") << true << true;
-    }
-
     void aStoppedLoopHasNoEffect()
     {
-        QFETCH(const bool, isFailing);
-        QFETCH(const bool, isReplaced);
+        for (const bool isFailing : {false, true}) {
+            for (const bool isReplaced : {false, true})
+                stopWhileARequestRuns(isFailing, isReplaced);
+        }
+    }
+
+private:
+    void stopWhileARequestRuns(bool isFailing, bool isReplaced)
+    {
         PollingFixture fixture;
         fixture.session->held = true;
         fixture.start(1);
@@ -268,6 +246,8 @@ private Q_SLOTS:
         fixture.clock->advance(1s);
         QCOMPARE(fixture.broadcastIds(), isReplaced ? QStringList{u"m3"_s} : QStringList());
     }
+
+private Q_SLOTS:
 
     void aBroadcastDoesNotStopTheNextLoop()
     {

@@ -56,7 +56,7 @@ private Q_SLOTS:
     void brandingIsStoredAppliedAndRevalidated()
     {
         SettingsFixture fixture;
-        const BrandingDto branding = makeBranding(u"2026-01-01+2"_s, u" #aabbcc\n"_s);
+        const BrandingDto branding = makeBranding(u"2026-01-01+2&a=%20 é"_s, u" #aabbcc\n"_s);
         fixture.session->handler = [&](const UrlRequest &) { return answer(branding); };
         fixture.fetch();
         QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
@@ -70,19 +70,31 @@ private Q_SLOTS:
         fixture.session->handler = notModified;
         ColorScheme::shared() = ColorScheme();
         fixture.fetch();
-        QCOMPARE(fixture.lastQuery(), u"updatedAt=2026-01-01%2B2"_s);
+        QCOMPARE(fixture.lastQuery(), u"updatedAt=2026-01-01%2B2%26a%3D%2520%20%C3%A9"_s);
         QCOMPARE(fixture.primary(), u"#aabbcc"_s); // The stored copy was applied.
+    }
+
+    void notModifiedWithoutACopyKeepsTheDefaults_data()
+    {
+        QTest::addColumn<QVariantMap>("stored");
+        QTest::newRow("nothing stored") << QVariantMap();
+        QTest::newRow("unreadable copy")
+            << QVariantMap{{u"com.tolvane.sdk/branding"_s, QByteArray("{\"primaryLight\":")}};
     }
 
     void notModifiedWithoutACopyKeepsTheDefaults()
     {
+        QFETCH(const QVariantMap, stored);
         SettingsFixture fixture;
+        *fixture.preferences->values = stored;
         fixture.session->handler = notModified;
         QVERIFY(!SdkData::shared()->settingsDidLoad());
         fixture.fetch();
+        QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
         QVERIFY(SdkData::shared()->settingsDidLoad());
         QCOMPARE(fixture.primary(), u"#ffffff"_s);
         QCOMPARE(ColorScheme::shared().logoLight, u""_s);
+        QCOMPARE(*fixture.preferences->values, stored);
     }
 
     void aFailureChangesNothing()
@@ -101,17 +113,6 @@ private Q_SLOTS:
         QCOMPARE(error.value(u"error_context"_s), u"fetchSettings"_s);
         QCOMPARE(error.value(u"error_code"_s), -1001);
         QCOMPARE(error.value(u"error_domain"_s), ErrorDomain::transport);
-    }
-
-    void anUnreadableCopyIsIgnored()
-    {
-        SettingsFixture fixture;
-        fixture.preferences->values->insert(u"com.tolvane.sdk/branding"_s,
-                                            QByteArray("{\"primaryLight\":"));
-        fixture.session->handler = notModified;
-        fixture.fetch();
-        QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
-        QVERIFY(fixture.preferences->values->contains(u"com.tolvane.sdk/branding"_s));
     }
 
     void openFollowsTheBroadcast_data()

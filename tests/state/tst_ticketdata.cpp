@@ -98,16 +98,6 @@ class TicketDataTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void stateBeforeAnyFetch()
-    {
-        const Fixture fixture;
-        TicketData store({});
-        QCOMPARE(store.state().current(), Case::loading);
-        store.setNewTicket(true);
-        QCOMPARE(store.state().current(), Case::empty);
-        QVERIFY(!store.ticketId());
-    }
-
     void fetchShowsThePreviewThenTheTicket()
     {
         TicketFixture fixture;
@@ -229,7 +219,12 @@ private Q_SLOTS:
     void createSendsOnceAndClears()
     {
         TicketFixture fixture{std::nullopt};
+        QCOMPARE(fixture.store->state().current(), Case::loading);
         fixture.store->setNewTicket(true);
+        QCOMPARE(fixture.store->state().current(), Case::empty);
+        QVERIFY(!fixture.store->ticketId() && fixture.store->isSendDisabled());
+        fixture.store->setAttachments({file("a.png")});
+        QVERIFY(!fixture.store->isSendDisabled());
         // A family, a flag and two letters: four characters as people count them.
         fixture.store->setMessage(u"👨‍👩‍👧‍👦🇩🇪ab"_s);
         fixture.store->setAttachments(
@@ -312,29 +307,6 @@ private Q_SLOTS:
         fixture.failing = false;
         send();
         QVERIFY(!fixture.store->sendError() && fixture.store->message().isEmpty());
-    }
-
-    void sendIsDisabled_data()
-    {
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<bool>("attachment");
-        QTest::addColumn<bool>("disabled");
-        QTest::newRow("nothing") << QString() << false << true;
-        QTest::newRow("white space counts") << u" "_s << false << false;
-        QTest::newRow("attachment alone") << QString() << true << false;
-    }
-
-    void sendIsDisabled()
-    {
-        QFETCH(const QString, message);
-        QFETCH(const bool, attachment);
-        QFETCH(const bool, disabled);
-        const Fixture fixture;
-        TicketData store({});
-        store.setMessage(message);
-        if (attachment)
-            store.setAttachments({file("a.png")});
-        QCOMPARE(store.isSendDisabled(), disabled);
     }
 
     void aiIsTyping_data()
