@@ -4,6 +4,7 @@
 #include "state/destination.h"
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
+#include "ui/markdown/inlinemarkdown.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
@@ -264,7 +265,7 @@ QStringList Screens::contentTexts()
     QStringList texts;
     for (const Line &line : lines) {
         texts += QString::fromUtf8(line.name);
-        texts += QString::fromUtf8(line.text).simplified();
+        texts += withoutMarkdown(QString::fromUtf8(line.text)).simplified();
         // The type's text on the wire.
         texts += QString::fromUtf8(line.type);
     }

@@ -3,6 +3,7 @@
 
 #include "platform/platform.h"
 #include "state/ticketdata.h"
+#include "ui/kit/isolatedtext.h"
 
 #include <algorithm>
 
@@ -19,7 +20,7 @@ QString title(const TicketData &ticketData)
             return each.sender.type != words::customer && each.sender.name;
         });
         if (last != messages.crend())
-            return *last->sender.name;
+            return isolatedText(*last->sender.name);
     }
     return bundle.string(QStringLiteral("ticket_support"));
 }

@@ -12,8 +12,8 @@ class TicketData;
 
 namespace ticketheader {
 
-/// The name of the last sender who has a name and is not the customer, else the name of the
-/// support. A new conversation has a title of its own.
+/// The name of the last sender who has a name and is not the customer, as one isolated line, else
+/// the name of the support. A new conversation has a title of its own.
 QString title(const TicketData &ticketData);
 
 /// Whether support is available. Without opening hours it is unavailable, and the text is the name

@@ -9,4 +9,8 @@ namespace tolvane {
 /// nor decides the direction of that text. Empty if nothing of the name is visible.
 QString isolatedText(const QString &name);
 
+/// The text with at most six combining marks in a row: more would be drawn over other rows, and
+/// take long to lay out. No script stacks as many.
+QString withoutMarkStacks(const QString &text);
+
 } // namespace tolvane

@@ -4,6 +4,7 @@
 #include "platform/platform.h"
 #include "state/timeago.h"
 #include "ui/kit/isolatedtext.h"
+#include "ui/markdown/inlinemarkdown.h"
 
 #include <QtCore/QStringList>
 
@@ -36,7 +37,7 @@ QString singleLine(const QString &text)
 {
     // The view shows only the beginning, but would lay out the whole text.
     constexpr qsizetype maximumLength = 500;
-    return text.first(qMin(text.size(), maximumLength)).simplified();
+    return withoutMarkdown(text.left(maximumLength)).simplified();
 }
 
 QString caption(const MessageDto &message)
@@ -52,7 +53,7 @@ bool isUnread(const MessageDto &message)
 
 QString description(const TicketPreviewDto &ticket)
 {
-    QStringList parts = {senderLabel(ticket.lastMessage.sender),
+    QStringList parts = {isolatedText(senderLabel(ticket.lastMessage.sender)),
                          singleLine(ticket.lastMessage.content),
                          timeAgoText(ticket.lastMessage.timestamp)};
     const Bundle &bundle = *platform().bundle;

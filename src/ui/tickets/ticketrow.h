@@ -13,7 +13,7 @@ namespace tolvane::ticketrow {
 /// The icon for the other side; never Avatar::None.
 TOLVANE_VIEWS_AUTOTEST_EXPORT Avatar::Kind icon(const TicketPreviewDto &ticket);
 
-/// The beginning of the text as one line, with spaces instead of line breaks.
+/// The beginning of the text as one line, without Markdown, with spaces instead of line breaks.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString singleLine(const QString &text);
 
 /// The sender and the age of the message.

@@ -325,6 +325,8 @@ private Q_SLOTS:
         };
         const auto always = hours("2020-01-01T23:59:00Z", week);
         const auto never = hours("2020-01-01T23:59:00Z", {u"monday"_s});
+        const QString isolatedNora = u"\u2068Nora\u2069"_s;
+        const MessageDto twoLines = makeNamedMessage(u"m6"_s, words::humanAgent, u"No\n\u202era"_s);
         const QString support = u"ticket_support"_s;
         const QString team = u"ticket_support_team"_s;
         const QString open = u"ticket_cs_available"_s;
@@ -335,12 +337,14 @@ private Q_SLOTS:
         QTest::newRow("not fetched") << true << false << none << always << support << team << false;
         QTest::newRow("no hours") << true << true << QList{customer} << QList<ScheduleDto>()
                                   << support << team << false;
-        QTest::newRow("open") << true << true << QList{nora, ai, customer} << always << u"Robo"_s
-                              << open << true;
-        QTest::newRow("closed") << true << true << QList{ai, nora} << never << u"Nora"_s << closed
-                                << false;
+        QTest::newRow("open") << true << true << QList{nora, ai, customer} << always
+                              << u"\u2068Robo\u2069"_s << open << true;
+        QTest::newRow("closed") << true << true << QList{ai, nora} << never << isolatedNora
+                                << closed << false;
         QTest::newRow("last without a name")
-            << true << true << QList{nora, nobody} << always << u"Nora"_s << open << true;
+            << true << true << QList{nora, nobody} << always << isolatedNora << open << true;
+        QTest::newRow("two lines")
+            << true << true << QList{twoLines} << always << u"\u2068No ra\u2069"_s << open << true;
         QTest::newRow("empty name")
             << true << true << QList{nora, blank} << always << QString() << open << true;
         QTest::newRow("nobody has a name")

@@ -153,7 +153,7 @@ private Q_SLOTS:
         Fixture fixture;
         TicketPreviewDto preview = makePreview();
         preview.state = state;
-        preview.lastMessage.content = u" one\n\ntwo\t three "_s;
+        preview.lastMessage.content = u" **one**\n\n[two](https://x.y)\t three "_s;
         preview.lastMessage.sender = {
             .id = u"s"_s, .name = u"Maya"_s, .profilePicture = {}, .type = type};
         if (!picture.isEmpty())
@@ -164,7 +164,8 @@ private Q_SLOTS:
         QCOMPARE(ticketrow::isUnread(preview.lastMessage), isUnread);
         QCOMPARE(ticketrow::singleLine(preview.lastMessage.content), u"one two three"_s);
         const QString description = ticketrow::description(preview);
-        QVERIFY(description.startsWith(label + u", one two three, timeago_now"_s));
+        QVERIFY(
+            description.startsWith(u"\u2068"_s + label + u"\u2069, one two three, timeago_now"_s));
         QCOMPARE(description.contains(u"accessibility_unread"_s), isUnread);
 
         preview.lastMessage.isRead = true;
