@@ -41,14 +41,10 @@ FocusScope {
             bottomContentMargin: view.covered
 
             Connections {
-                property bool wasShown: Keyboard.isShown
-
                 target: Keyboard
 
-                function onChanged() {
-                    if (Keyboard.isShown && !wasShown)
-                        list.keyboardShown()
-                    wasShown = Keyboard.isShown
+                function onAppeared() {
+                    list.keyboardShown()
                 }
             }
         }

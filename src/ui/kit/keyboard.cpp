@@ -5,6 +5,8 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
 
+#include <utility>
+
 namespace tolvane {
 
 namespace {
@@ -25,8 +27,16 @@ Keyboard::Keyboard(QObject *parent)
     : QObject(parent)
 {
     const QInputMethod *inputMethod = QGuiApplication::inputMethod();
-    connect(inputMethod, &QInputMethod::visibleChanged, this, &Keyboard::changed);
-    connect(inputMethod, &QInputMethod::keyboardRectangleChanged, this, &Keyboard::changed);
+    connect(inputMethod, &QInputMethod::visibleChanged, this, &Keyboard::update);
+    connect(inputMethod, &QInputMethod::keyboardRectangleChanged, this, &Keyboard::update);
+    m_wasShown = isShown();
+}
+
+void Keyboard::update()
+{
+    Q_EMIT changed();
+    if (!std::exchange(m_wasShown, isShown()) && m_wasShown)
+        Q_EMIT appeared();
 }
 
 bool Keyboard::isShown() const

@@ -28,6 +28,13 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /// It is shown now and was not before.
+    void appeared();
+
+private:
+    void update();
+
+    bool m_wasShown = false;
 };
 
 } // namespace tolvane
