@@ -15,6 +15,8 @@ FocusScope {
     required property string placeholder
     required property bool isDisabled
     required property real verticalPadding
+    /// The height up to which the owner makes the editor as high as its text.
+    required property real maximumHeight
 
     /// True also while the input method is composing the first text.
     readonly property bool hasContent: input.length > 0 || isComposing
@@ -45,13 +47,15 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
+        // While the editor is growing, the text stays where it is.
         function show(rectangle) {
+            const finalHeight = Math.max(height, Math.min(editor.textHeight, editor.maximumHeight))
             const top = rectangle.y - editor.verticalPadding
             const bottom = rectangle.y + rectangle.height + editor.verticalPadding
             if (contentY > top)
                 contentY = Math.max(0, top)
-            else if (contentY + height < bottom)
-                contentY = Math.max(0, bottom - height)
+            else if (contentY + finalHeight < bottom)
+                contentY = Math.max(0, bottom - finalHeight)
         }
         onHeightChanged: show(input.cursorRectangle)
 
@@ -134,5 +138,6 @@ FocusScope {
     ScrollIndicator {
         flickable: viewport
         orientation: Qt.Vertical
+        visible: editor.textHeight > editor.maximumHeight
     }
 }

@@ -114,6 +114,7 @@ FocusScope {
             placeholder: Strings.string("composer_placeholder")
             isDisabled: view.composer.isFetchingTicket
             verticalPadding: measures.editorVerticalPadding
+            maximumHeight: measures.editorMaxHeight
             onTextHeightChanged: measures.setTextHeight(textHeight)
             onEdited: text => view.composer.message = text
             onSubmitted: view.send()
