@@ -167,8 +167,12 @@ void AnchoredList::removeRows(int row, int count)
         auto &leaving = m_rows[std::size_t(at)];
         if (!leaving)
             continue;
+        // From where it was seen, which an inserted row may have changed before the next layout.
+        const double place = leaving->previousPosition
+                                 ? *leaving->previousPosition - leaving->shift()
+                                 : positionOf(m_firstRow + at);
         leaving->leave();
-        m_leaving.push_back({std::move(leaving), positionOf(m_firstRow + at)});
+        m_leaving.push_back({std::move(leaving), place});
     }
     m_rows.erase(m_rows.begin() + first, m_rows.begin() + last);
     m_firstRow -= std::clamp(m_firstRow - row, 0, count);
