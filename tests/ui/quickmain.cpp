@@ -41,13 +41,6 @@ public:
         return image;
     }
 
-    Q_INVOKABLE QVariant preview(const QString &id, const QString &lastText) const
-    {
-        TicketPreviewDto preview = makePreview(id);
-        preview.lastMessage.content = lastText;
-        return QVariant::fromValue(preview);
-    }
-
     /// An empty list of messages for setMessages().
     Q_INVOKABLE QAbstractItemModel *messageList() { return new MessageListModel; }
 
@@ -68,23 +61,6 @@ public:
             messages += message;
         }
         static_cast<MessageListModel *>(list)->setMessages(messages);
-    }
-
-    /// The actions that were reported to analytics since the last call.
-    Q_INVOKABLE QStringList actions()
-    {
-        QStringList actions;
-        for (const TolvaneAnalyticsEvent &event : std::exchange(fixture.delegate->events, {})) {
-            const QVariantMap properties = event.properties();
-            const auto text = [&](const char *key) {
-                return properties.value(QLatin1String(key)).toString();
-            };
-            actions += QStringList({text("action_type"), text("screen_name"), text("ticket_id"),
-                                    text("image_url")})
-                           .join(QLatin1Char(' '))
-                           .trimmed();
-        }
-        return actions;
     }
 
     ~Samples() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
