@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Responses of the backend: all decoders give the same record.
-#include "backend/wire/json.h"
+#include "state/colorscheme.h"
 #include "targets.h"
+#include "testing/samplerecords.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -9,6 +10,8 @@
 namespace tolvane::fuzz {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 template <typename Record>
 std::optional<Record> decoded(const QByteArray &bytes)
@@ -21,24 +24,15 @@ std::optional<Record> decoded(const QByteArray &bytes)
     }
 }
 
-QByteArray written(const TicketDto &ticket)
+template <typename Record>
+QByteArray written(const Record &record)
 {
-    return json::encode(ticket);
+    return json::encode(record);
 }
-QByteArray written(const BrandingDto &branding)
+template <typename Record>
+QByteArray written(const QList<Record> &list)
 {
-    return json::encode(branding);
-}
-QByteArray written(const MessageDto &message)
-{
-    return json::encode(message);
-}
-QByteArray written(const QList<TicketPreviewDto> &list)
-{
-    QByteArrayList items;
-    for (const TicketPreviewDto &preview : list)
-        items += json::encode(preview);
-    return '[' + items.join(',') + ']';
+    return test::encodeList(list);
 }
 
 /// A decoded record is the same after encoding and decoding.
@@ -66,9 +60,23 @@ void checkDictionaryRoundTrip(const QByteArray &bytes)
             "a record's dictionary decodes to the same record");
 }
 
+/// The colours of a branding come from its texts.
+void checkColor(const QByteArray &bytes)
+{
+    const QString text = QString::fromUtf8(bytes);
+    const Color color = Color::fromHex(text);
+    for (const double channel : {color.red, color.green, color.blue})
+        require(channel >= 0 && channel <= 1, "colour channels are between 0 and 1");
+    require(Color::fromHex(u" \t"_s + text + u"\r\n"_s) == color,
+            "surrounding white space is ignored");
+    if (!text.trimmed().startsWith(u'#'))
+        require(Color::fromHex(u'#' + text.trimmed()) == color, "a leading number sign is ignored");
+}
+
 constexpr std::array checks = {
-    checkJsonRoundTrip<TicketDto>, checkJsonRoundTrip<QList<TicketPreviewDto>>,
-    checkJsonRoundTrip<MessageDto>, checkJsonRoundTrip<BrandingDto>, checkDictionaryRoundTrip};
+    checkJsonRoundTrip<TicketDto>,  checkJsonRoundTrip<QList<TicketPreviewDto>>,
+    checkJsonRoundTrip<MessageDto>, checkJsonRoundTrip<BrandingDto>,
+    checkDictionaryRoundTrip,       checkColor};
 
 } // namespace
 

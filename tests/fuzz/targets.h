@@ -11,7 +11,6 @@ namespace tolvane::fuzz {
 void responses(Input input);
 void pushes(Input input);
 void markdown(Input input);
-void branding(Input input);
 void preferences(Input input);
 void multipart(Input input);
 void times(Input input);
@@ -24,13 +23,9 @@ struct Target
 };
 
 inline constexpr std::array targets = {
-    Target{"responses", responses},
-    Target{"pushes", pushes},
-    Target{"markdown", markdown},
-    Target{"branding", branding},
-    Target{"preferences", preferences},
-    Target{"multipart", multipart},
-    Target{"times", times},
+    Target{"responses", responses}, Target{"pushes", pushes},
+    Target{"markdown", markdown},   Target{"preferences", preferences},
+    Target{"multipart", multipart}, Target{"times", times},
     Target{"pictures", pictures},
 };
 
