@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/network/urlsession.h"
+
 #include <QtCore/QBuffer>
 #include <QtGui/QImage>
 
@@ -21,6 +23,19 @@ inline QByteArray encodedImage(const QImage &image, const char *format, int qual
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format, quality);
     return bytes;
+}
+
+/// A response with a PNG in one colour.
+inline UrlResponse pictureResponse(const QSize &size, const QColor &color = Qt::red)
+{
+    return {.status = 200, .headers = {}, .body = encodedImage(solidImage(size, color), "png")};
+}
+
+inline UrlRequest requestFor(const QUrl &url)
+{
+    UrlRequest request;
+    request.url = url;
+    return request;
 }
 
 /// Adds an orientation to a JPEG (Exif 2.3, tag 0x112).

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "base/errors.h"
 #include "testing/fixture.h"
+#include "testing/ui/createitem.h"
 #include "testing/ui/samples.h"
 #include "ui/images/asyncimage.h"
 #include "ui/images/imagecache.h"
 
-#include <QtQml/QQmlContext>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickView>
 #include <QtTest/QTest>
@@ -45,18 +45,6 @@ constexpr const char *page = R"(
 const QString whole = u"CachedAsyncImage"_s;
 const QString thumbnail = u"ThumbnailAsyncImage"_s;
 
-UrlResponse picture(const QColor &color)
-{
-    return {.status = 200, .headers = {}, .body = encodedImage(solidImage({40, 30}, color), "png")};
-}
-
-UrlRequest requestFor(const QUrl &url)
-{
-    UrlRequest request;
-    request.url = url;
-    return request;
-}
-
 /// A window with one view in it.
 struct AsyncImageFixture : Fixture
 {
@@ -65,16 +53,12 @@ struct AsyncImageFixture : Fixture
         session->handler = [this](const UrlRequest &request) -> UrlResponse {
             if (failing)
                 throw UrlError(UrlError::timedOut);
-            return picture(request.url == address ? Qt::red : Qt::blue);
+            return pictureResponse({40, 30}, request.url == address ? Qt::red : Qt::blue);
         };
         QString source = QString::fromLatin1(page).arg(type);
         if (type == thumbnail)
             source.replace(u"id: view"_s, u"id: view; thumbnailSize: Qt.size(20, 20)"_s);
-        component.setData(source.toUtf8(), QUrl());
-        root = qobject_cast<QQuickItem *>(
-            component.createWithInitialProperties({{u"url"_s, url}}, window.rootContext()));
-        if (!root)
-            qFatal("%s", qPrintable(component.errorString()));
+        root = createItem(*window.engine(), source.toUtf8(), {{u"url"_s, url}}).release();
         item = root->property("view").value<AsyncImage *>();
     }
 
@@ -90,7 +74,6 @@ struct AsyncImageFixture : Fixture
     QColor middle() { return window.grabWindow().pixelColor(100, 100); }
 
     QQuickView window;
-    QQmlComponent component{window.engine()};
     QQuickItem *root;
     AsyncImage *item;
     bool failing = false;
@@ -152,7 +135,7 @@ private Q_SLOTS:
         if (isDecoded)
             cache.insert(ImageCache::key(address), solidImage({40, 30}, Qt::red));
         else
-            cache.responses().store(picture(Qt::red), requestFor(address));
+            cache.responses().store(pictureResponse({40, 30}), requestFor(address));
         std::atomic<int> frames = 0;
         std::atomic<int> framesBeforeContent = 0;
         connect(
@@ -229,13 +212,11 @@ private Q_SLOTS:
     {
         AsyncImageFixture fixture;
         fixture.session->held = true;
-        QQmlComponent component(fixture.window.engine());
-        component.setData("import QtQuick\nimport Tolvane.Private\n"
-                          "Loader { sourceComponent: CachedAsyncImage {\n"
-                          "url: 'https://cdn.example/photo.png'; content: RoundedImage {} } }",
-                          {});
-        const std::unique_ptr<QQuickItem> loader(qobject_cast<QQuickItem *>(component.create()));
-        QVERIFY2(loader, qPrintable(component.errorString()));
+        const auto loader =
+            createItem(*fixture.window.engine(),
+                       "import QtQuick\nimport Tolvane.Private\n"
+                       "Loader { sourceComponent: CachedAsyncImage {\n"
+                       "url: 'https://cdn.example/photo.png'; content: RoundedImage {} } }");
         QVERIFY(fixture.show());
         loader->setParentItem(fixture.root);
         settle();

@@ -17,21 +17,9 @@ const QUrl address(u"https://cdn.example/a%20photo.png?x=1"_s);
 const QString key = ImageCache::key(address);
 const QSize fullSize(300, 200);
 
-UrlResponse pictureResponse(const QSize &size = fullSize)
-{
-    return {.status = 200, .headers = {}, .body = encodedImage(solidImage(size, Qt::red), "png")};
-}
-
 UrlResponse page()
 {
     return {.status = 404, .headers = {{"Content-Type", "image/png"}}, .body = "<html>Gone"};
-}
-
-UrlRequest requestFor(const QUrl &url)
-{
-    UrlRequest request;
-    request.url = url;
-    return request;
 }
 
 struct ImageLoadFixture : Fixture
@@ -60,7 +48,7 @@ struct ImageLoadFixture : Fixture
 
     qsizetype requestCount() const { return session->requests.size(); }
 
-    UrlResponse response = pictureResponse();
+    UrlResponse response = pictureResponse(fullSize);
     bool failing = false;
 };
 
@@ -141,7 +129,7 @@ private Q_SLOTS:
             QVERIFY(kept && kept->status == 404);
 
             // For another view, the page in the cache is a miss.
-            fixture.response = pictureResponse();
+            fixture.response = pictureResponse(fullSize);
             const auto other = fixture.view(thumbnail);
             fixture.appear(*other);
             settle();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "state/messagedata.h"
 #include "testing/fixture.h"
+#include "testing/ui/createitem.h"
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
 #include "ui/sharing/imageshare.h"
@@ -11,8 +12,6 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPointingDevice>
 #include <QtGui/QStyleHints>
-#include <QtQml/QQmlComponent>
-#include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickView>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -29,35 +28,22 @@ const QUrl address(u"https://cdn.example/photo.png"_s);
 constexpr QSize room(400, 300);
 constexpr QPoint middle(200, 150);
 
-UrlResponse picture()
-{
-    // As wide as the window, and half as high.
-    return {
-        .status = 200, .headers = {}, .body = encodedImage(solidImage({80, 30}, Qt::red), "png")};
-}
-
-UrlRequest requestFor(const QUrl &url)
-{
-    UrlRequest request;
-    request.url = url;
-    return request;
-}
+// As wide as the window, and half as high.
+const UrlResponse picture = pictureResponse({80, 30});
 
 /// A window with the viewer in it.
 struct ImageViewerFixture : Fixture
 {
     explicit ImageViewerFixture(bool isCached = true)
     {
-        session->handler = [](const UrlRequest &) { return picture(); };
+        session->handler = [](const UrlRequest &) { return picture; };
         if (isCached)
-            ImageCache::shared().responses().store(picture(), requestFor(address));
+            ImageCache::shared().responses().store(picture, requestFor(address));
         messages.setSelectedAttachment(address);
-        QQmlComponent component(window.engine());
-        component.setData("import Tolvane.Private\nImageViewer {}", QUrl());
-        viewer = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
-            {{u"imageUrl"_s, address}, {u"messageData"_s, QVariant::fromValue(&messages)}}));
-        if (!viewer)
-            qFatal("%s", qPrintable(component.errorString()));
+        viewer = createItem(
+                     *window.engine(), "import Tolvane.Private\nImageViewer {}",
+                     {{u"imageUrl"_s, address}, {u"messageData"_s, QVariant::fromValue(&messages)}})
+                     .release();
         state = viewer->property("imageState").value<ZoomController *>();
         share = viewer->findChild<ImageShare *>();
         window.setResizeMode(QQuickView::SizeRootObjectToView);
@@ -277,7 +263,6 @@ private Q_SLOTS:
     {
         QFETCH(const QList<int>, keys);
         ImageViewerFixture fixture;
-        QList<QUrl> selections;
         QSignalSpy left(fixture.viewer, SIGNAL(backRequested()));
         connect(&fixture.messages, &MessageData::selectedAttachmentChanged, this,
                 [&] { QCOMPARE(left.count(), 0); });
