@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The home screen, used by mouse, wheel and keyboard.
+#include "testing/ui/accessibletree.h"
 #include "testing/ui/messengerfixture.h"
-
-#include <QtGui/QAccessible>
-#include <QtGui/QWheelEvent>
+#include "testing/ui/uirobot.h"
 
 using namespace tolvane;
 using namespace tolvane::test;
@@ -27,76 +26,18 @@ struct HomeFixture : MessengerFixture
             return false;
         loadSettings();
         TolvaneViewController::presentInForeground();
-        settle();
-        return QTest::qWaitFor([this] { return find(u"text of last"_s); }) && waitForAnimations();
+        robot.find(QAccessible::ListItem, u"text of last"_s);
+        robot.waitForAnimations();
+        return true;
     }
 
-    bool hasSlidIn() const
+    qsizetype accessibleRows()
     {
-        const auto items = messenger()->childItems();
-        return std::ranges::none_of(items, [](const QQuickItem *item) { return item->y() > 0; });
+        return std::ranges::count(accessibleTree(host), QAccessible::ListItem,
+                                  &AccessibleNode::role);
     }
 
-    bool waitForAnimations()
-    {
-        // Long enough for a busy machine.
-        const bool isThere = QTest::qWaitFor([this] { return hasSlidIn(); }, 20'000);
-        QTest::qWait(450);
-        return isThere;
-    }
-
-    void drag(QPoint from, QPoint to)
-    {
-        QTest::mousePress(&host, Qt::LeftButton, {}, from);
-        for (int step = 1; step <= 10; ++step)
-            QTest::mouseMove(&host, from + (to - from) * step / 10, 16);
-        QTest::qWait(300); // Held, so that the release is no flick.
-        QTest::mouseRelease(&host, Qt::LeftButton, {}, to);
-    }
-
-    void turnWheel(int notches)
-    {
-        for (int notch = 0; notch < qAbs(notches); ++notch) {
-            const QPointF place(200, 500);
-            QWheelEvent event(place, host.mapToGlobal(place), {}, {0, notches > 0 ? 120 : -120},
-                              Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-            QCoreApplication::sendEvent(&host, &event);
-        }
-        QTest::qWait(20);
-    }
-
-    /// All visible accessible objects, in the order of screen readers.
-    static void collect(QAccessibleInterface *in, QList<QAccessibleInterface *> &all)
-    {
-        if (!in || in->state().invisible)
-            return;
-        all += in;
-        for (int index = 0; index < in->childCount(); ++index)
-            collect(in->child(index), all);
-    }
-    QList<QAccessibleInterface *> accessibleObjects()
-    {
-        QList<QAccessibleInterface *> all;
-        collect(QAccessible::queryAccessibleInterface(&host), all);
-        return all;
-    }
-    QStringList accessibleRows()
-    {
-        QStringList rows;
-        for (QAccessibleInterface *each : accessibleObjects()) {
-            if (each->role() == QAccessible::ListItem)
-                rows += each->text(QAccessible::Name);
-        }
-        return rows;
-    }
-    QRect placeOf(const QString &name)
-    {
-        for (QAccessibleInterface *each : accessibleObjects()) {
-            if (each->text(QAccessible::Name).startsWith(name))
-                return each->rect().translated(-host.position());
-        }
-        return {};
-    }
+    UiRobot robot{host};
 };
 
 } // namespace
@@ -108,88 +49,69 @@ class HomeTest final : public QObject
 private Q_SLOTS:
     void aPullReloads_data()
     {
+        QTest::addColumn<int>("count");
         QTest::addColumn<int>("pulled");
-        QTest::addColumn<int>("turned");
+        QTest::addColumn<QList<int>>("turns");
         QTest::addColumn<bool>("loads");
-        QTest::newRow("a long pull") << 260 << 0 << true;
-        QTest::newRow("a short pull") << 60 << 0 << false;
-        QTest::newRow("wheel turned up at the top") << 0 << 3 << true;
-        QTest::newRow("one notch") << 0 << 1 << false;
-        QTest::newRow("wheel turned down") << 0 << -4 << false;
+        using Turns = QList<int>;
+        QTest::newRow("a long pull") << 3 << 260 << Turns() << true;
+        QTest::newRow("a short pull") << 3 << 60 << Turns() << false;
+        QTest::newRow("wheel turned up at the top") << 3 << 0 << Turns{3} << true;
+        QTest::newRow("one notch") << 3 << 0 << Turns{1} << false;
+        QTest::newRow("wheel turned down") << 3 << 0 << Turns{-4} << false;
+        QTest::newRow("momentum that ends at the top") << 40 << 0 << Turns{-8, 25} << false;
     }
 
     void aPullReloads()
     {
+        QFETCH(const int, count);
         QFETCH(const int, pulled);
-        QFETCH(const int, turned);
+        QFETCH(const QList<int>, turns);
         QFETCH(const bool, loads);
-        HomeFixture fixture(3);
+        HomeFixture fixture(count);
         QVERIFY(fixture.open());
         const qsizetype before = fixture.listRequests();
-        if (pulled > 0)
-            fixture.drag({200, 300}, {200, 300 + pulled});
-        fixture.turnWheel(turned);
+        if (pulled > 0) {
+            fixture.robot.drag({200, 300}, {0, pulled});
+            QTest::qWait(300); // Held, so that the release is no flick.
+            fixture.robot.release();
+        }
+        for (const int turn : turns) {
+            fixture.robot.turnWheel(turn);
+            fixture.robot.waitForAnimations();
+        }
         settle();
         QCOMPARE(fixture.listRequests() > before, loads);
-        fixture.waitForAnimations();
+        fixture.robot.waitForAnimations();
     }
 
-    void momentumAtTheTopDoesNotReload()
-    {
-        HomeFixture fixture(40);
-        QVERIFY(fixture.open());
-        const qsizetype before = fixture.listRequests();
-        fixture.turnWheel(-8);
-        fixture.waitForAnimations();
-        fixture.turnWheel(25);
-        fixture.waitForAnimations();
-        QCOMPARE(fixture.listRequests(), before);
-    }
-
-    void theKeyboardWorks()
+    void keysOpenATicketAndReload()
     {
         HomeFixture fixture(3);
         QVERIFY(fixture.open());
-        QTest::keyClick(&fixture.host, Qt::Key_Down);
-        QTest::keyClick(&fixture.host, Qt::Key_Down);
-        QTest::keyClick(&fixture.host, Qt::Key_Return);
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+            fixture.robot.press(key);
         QCOMPARE(fixture.delegate->properties(u"user_action"_s).value(u"ticket_id"_s), u"t1"_s);
-        fixture.waitForAnimations();
-        QTest::keyClick(&fixture.host, Qt::Key_Escape);
-        fixture.waitForAnimations();
-
-        // The tab order: the list, the button for a new ticket, the close button.
-        QStringList reached;
-        for (int press = 0; press < 3; ++press) {
-            QTest::keyClick(&fixture.host, Qt::Key_Tab);
-            if (QAccessibleInterface *focused =
-                    QAccessible::queryAccessibleInterface(fixture.host.activeFocusItem()))
-                reached += focused->text(QAccessible::Name);
-        }
-        QVERIFY2(reached.contains(u"Send us a message"_s) &&
-                     reached.contains(u"accessibility_close"_s),
-                 qPrintable(reached.join(u'|')));
+        fixture.robot.waitForAnimations();
+        fixture.robot.press(Qt::Key_Escape);
+        fixture.robot.waitForAnimations();
+        fixture.isFailing = true;
+        fixture.robot.press(Qt::Key_F5);
+        QTRY_VERIFY(fixture.find(u"Something went wrong"_s));
+        QVERIFY(!fixture.find(u"text of last"_s));
     }
 
-    void controlsAndRowsHaveNames()
+    void aRemovedRowIsNotAccessible()
     {
         HomeFixture fixture(2);
         QVERIFY(fixture.open());
-        for (QAccessibleInterface *each : fixture.accessibleObjects()) {
-            const QString name = each->text(QAccessible::Name);
-            if (each->state().focusable || each->role() == QAccessible::Button)
-                QVERIFY2(!name.isEmpty(), each->object()->metaObject()->className());
-        }
-        QCOMPARE(fixture.accessibleRows().size(), 2);
-        QVERIFY(fixture.accessibleRows().constFirst().contains(u"text of last"_s));
-
-        // The removed row is not accessible, although its item may be reused.
+        QCOMPARE(fixture.accessibleRows(), 2);
         fixture.setTickets({u"t1"_s});
         fixture.clock->advance(std::chrono::seconds(5));
         platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
         settle();
-        fixture.waitForAnimations();
-        QCOMPARE(fixture.accessibleRows().size(), 1);
+        fixture.robot.waitForAnimations();
+        QCOMPARE(fixture.accessibleRows(), 1); // Its item may be reused.
     }
 
     void itIsMirrored()
@@ -197,7 +119,7 @@ private Q_SLOTS:
         HomeFixture fixture(1);
         fixture.bundle->direction = Qt::RightToLeft;
         QVERIFY(fixture.open());
-        QVERIFY(fixture.placeOf(u"accessibility_close"_s).left() < 30);
+        QVERIFY(fixture.robot.find(QAccessible::Button, u"accessibility_close"_s).left() < 30);
         QQuickItem *text = fixture.find(u"text of last"_s);
         QCOMPARE(text->mapRectToScene(text->boundingRect()).right(), 400 - 16 - 8 - 32 - 10.0);
     }
