@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system/userinterface.h"
 
-#include <tolvane/parallax.h>
-
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtTest/QTest>
@@ -19,14 +17,6 @@ private Q_SLOTS:
         QVERIFY(screenSize);
         QCOMPARE(screenSize(), QSizeF(QGuiApplication::primaryScreen()->size()));
         QVERIFY(!screenSize().isEmpty());
-    }
-
-    void hostsConfigureWhatTheViewsShow()
-    {
-        const tolvane::ParallaxHeightConfiguration heights(240, -1);
-        const tolvane::ParallaxConfiguration all(heights, heights, 0, 1, 2, Qt::blue, Qt::white);
-        QCOMPARE(all.portrait().collapsedHeight(), 0.0);
-        QCOMPARE(all.thresholdPercentage(), 1.0);
     }
 };
 
