@@ -6,12 +6,14 @@
 #include "ui/messages/messagelistmodel.h"
 #include "ui/messages/typingdots.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 #include <numbers>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
@@ -229,50 +231,25 @@ private Q_SLOTS:
 
     void markdownWithinALine_data()
     {
+        QTest::addColumn<QString>("source");
         QTest::addColumn<QString>("html");
-        const auto add = [](const char *source, const char *html) {
-            QTest::newRow(source) << QString::fromUtf8(html);
-        };
-        add("*a* _b_", "<i>a</i> <i>b</i>");
-        add("**a** __b__", "<b>a</b> <b>b</b>");
-        add("***a***", "<b><i>a</i></b>");
-        add("**a *b* c**", "<b>a </b><b><i>b</i></b><b> c</b>");
-        add("~~a~~ ~b~", "<s>a</s> ~b~");
-        add("`a *b* <c>`", "<code>a *b* &lt;c&gt;</code>");
-        add("`` a ` b ``", "<code>a ` b</code>");
-        add("snake_case_name", "snake_case_name");
-        add("2 * 3 * 4", "2 * 3 * 4");
-        add("*a _b* c_", "<i>a _b</i> c_");
-        add("\\*a\\*", "*a*");
-        add("[a *b*](https://x.y/?q=1&r=2 \"t\")",
-            "<a href=\"https://x.y/?q=1&amp;r=2\">a </a>"
-            "<a href=\"https://x.y/?q=1&amp;r=2\"><i>b</i></a>");
-        add("<mailto:a@b.c> <a@b.c>",
-            "<a href=\"mailto:a@b.c\">mailto:a@b.c</a> <a href=\"mailto:a@b.c\">a@b.c</a>");
-        add("See (https://x.y/a_b_c).",
-            "See (<a href=\"https://x.y/a_b_c\">https://x.y/a_b_c</a>).");
-        add("[[a](https://x.y)](https://z.y)",
-            "[<a href=\"https://x.y\">a</a>](<a href=\"https://z.y\">https://z.y</a>)");
-        // Not parsed as Markdown.
-        add("# a\n- b\n1. c\n> d\n    e\n---", "# a\n- b\n1. c\n> d\n    e\n---");
-        add("a\r\n\r\n  b", "a\n\n  b");
-        add("*a*\nb", "<i>a</i><br/>b");
-        add("*a* <img src=\"https://x\"> <b>",
-            "<i>a</i> &lt;img src=&quot;https://x&quot;&gt; &lt;b&gt;");
-        add("<script>a</script>", "<script>a</script>");
-        add("![a](x.png)", "![a](x.png)");
-        add("[a](javascript:b)", "[a](javascript:b)");
-        add("[a](file:///etc/passwd)", "[a](file:///etc/passwd)");
-        add("[a](https://x.y\" onclick=\"b)",
-            "[a](<a href=\"https://x.y\">https://x.y</a>&quot; onclick=&quot;b)");
-        add("[a]() [b] []( ", "[a]() [b] []( ");
-        add("", "");
+        QFile file(QStringLiteral(TOLVANE_SOURCES "/tests/ui/messages/inlinemarkdown.txt"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        for (const QString &line :
+             QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+            if (line.startsWith(u"% "_s))
+                continue;
+            QTest::newRow(qPrintable(line)) << line.section(u" → "_s, 0, 0).replace(u'⏎', u'\n')
+                                            << line.section(u" → "_s, 1).replace(u'⏎', u'\n');
+        }
     }
 
     void markdownWithinALine()
     {
+        QFETCH(const QString, source);
         QFETCH(const QString, html);
-        QCOMPARE(htmlOf(QString::fromUtf8(QTest::currentDataTag())), html);
+        QCOMPARE(htmlOf(source), html);
+        QCOMPARE(htmlOf(u"a\r\n"_s), u"a\n"_s);
     }
 
     void anyMarkdownIsParsedInTime()
@@ -293,55 +270,39 @@ private Q_SLOTS:
                 !withoutMarkdown(QString::fromLatin1(unit).repeated(maxChunkLength / 4)).isNull());
     }
 
-    void dotsFollowASineWave_data()
-    {
-        QTest::addColumn<int>("dot");
-        QTest::addColumn<double>("time");
-        QTest::addColumn<double>("sine");
-        QTest::newRow("begins in the middle") << 0 << 0.0 << 0.0;
-        QTest::newRow("top") << 0 << 0.25 << 1.0;
-        QTest::newRow("bottom") << 0 << 0.75 << -1.0;
-        QTest::newRow("a second later") << 0 << 800'000'000.25 << 1.0;
-        QTest::newRow("second dot") << 1 << 0.0 << std::numbers::sqrt3 / 2;
-        QTest::newRow("third dot") << 2 << 0.25 << -0.5;
-    }
-
     void dotsFollowASineWave()
     {
-        QFETCH(const int, dot);
-        QFETCH(const double, time);
-        QFETCH(const double, sine);
         const TypingDots dots;
         const auto isNear = [](double a, double b) { return std::abs(a - b) < 1e-5; };
-        QVERIFY(isNear(dots.offset(dot, time), -4 * sine));
-        QVERIFY(isNear(dots.scale(dot, time), 0.95 + 0.06 * (sine + 1)));
-        QVERIFY(isNear(dots.opacity(dot, time), 0.6 + 0.2 * (sine + 1)));
-        QCOMPARE(dots.height(), 16.0);
-    }
-
-    void picturesInAGrid_data()
-    {
-        QTest::addColumn<int>("total");
-        QTest::addColumn<QList<double>>("grid"); // shown, columns, rows, width, side, remaining
-        QTest::newRow("1") << 1 << QList<double>{1, 1, 1, 200, 200, 0};
-        QTest::newRow("2") << 2 << QList<double>{2, 2, 1, 250, 122, 0};
-        QTest::newRow("3") << 3 << QList<double>{3, 2, 2, 280, 138, 0};
-        QTest::newRow("4") << 4 << QList<double>{4, 2, 2, 280, 138, 0};
-        QTest::newRow("5") << 5 << QList<double>{4, 2, 2, 280, 138, 1};
-        QTest::newRow("10") << 10 << QList<double>{4, 2, 2, 280, 138, 6};
+        const std::tuple<int, double, double> cases[] = {{0, 0, 0},
+                                                         {0, 0.25, 1},
+                                                         {0, 0.75, -1},
+                                                         {0, 800'000'000.25, 1}, // Seconds later.
+                                                         {1, 0, std::numbers::sqrt3 / 2},
+                                                         {2, 0.25, -0.5}};
+        for (const auto &[dot, time, sine] : cases) {
+            QVERIFY(isNear(dots.offset(dot, time), -4 * sine));
+            QVERIFY(isNear(dots.scale(dot, time), 0.95 + 0.06 * (sine + 1)));
+            QVERIFY(isNear(dots.opacity(dot, time), 0.6 + 0.2 * (sine + 1)));
+        }
     }
 
     void picturesInAGrid()
     {
-        QFETCH(const int, total);
-        QFETCH(const QList<double>, grid);
-        AttachmentsLayout layout;
-        layout.attachments = QStringList(total, u"https://cdn.example/a.png"_s);
-        QCOMPARE(
-            (QList<double>{double(layout.count()), double(layout.columns()), double(layout.rows()),
-                           layout.maxWidth(), layout.cellSize(), double(layout.remaining(3))}),
-            grid);
-        QCOMPARE(layout.remaining(2), 0);
+        // Pictures in all, then: shown, columns, rows, width, side, remaining.
+        const QList<double> cases[] = {{1, 1, 1, 1, 200, 200, 0}, {2, 2, 2, 1, 250, 122, 0},
+                                       {3, 3, 2, 2, 280, 138, 0}, {4, 4, 2, 2, 280, 138, 0},
+                                       {5, 4, 2, 2, 280, 138, 1}, {10, 4, 2, 2, 280, 138, 6}};
+        for (const QList<double> &expected : cases) {
+            AttachmentsLayout layout;
+            const auto total = qsizetype(expected[0]);
+            layout.attachments = QStringList(total, u"https://cdn.example/a.png"_s);
+            QCOMPARE((QList<double>{double(total), double(layout.count()), double(layout.columns()),
+                                    double(layout.rows()), layout.maxWidth(), layout.cellSize(),
+                                    double(layout.remaining(3))}),
+                     expected);
+            QCOMPARE(layout.remaining(2), 0);
+        }
     }
 };
 
