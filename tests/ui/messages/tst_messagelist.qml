@@ -22,14 +22,6 @@ Rectangle {
         }
     }
 
-    Component {
-        id: skeletonComponent
-
-        TicketMessagesSkeletonView {
-            anchors.fill: parent
-        }
-    }
-
     TestCase {
         id: testCase
 
@@ -138,19 +130,15 @@ Rectangle {
         }
 
         function test_endsAtTheEndAfter_data() {
-            const longOne = {id: "long", content: "word ".repeat(900)}
             return [
                 {tag: "a message", change: () => show(shown.concat(message(101)))},
-                {tag: "a long one", change: () => show(shown.concat(longOne))},
                 {tag: "several at once", change: () => show(shown.concat(numbers(101, 150)))},
                 {tag: "another list", change: () => show(numbers(500, 700))},
                 {tag: "a shorter list", change: () => show(numbers(97, 99))},
                 {tag: "a change above", change: () => show([message(0)].concat(shown))},
                 {tag: "a changed text", change: () => show(shown.slice(0, -1).concat(
                         [Object.assign({}, shown[shown.length - 1], {content: "x ".repeat(700)})]))},
-                {tag: "typing", change: () => list.isAITyping = true},
-                {tag: "closed", change: () => list.ticketState = "closed"},
-                {tag: "both", change: () => { list.isAITyping = true; list.ticketState = "closed" }},
+                {tag: "typing and closed", change: () => { list.isAITyping = true; list.ticketState = "closed" }},
                 {tag: "an answer to typing", change: () => {
                     list.isAITyping = true
                     wait(400)
@@ -158,8 +146,6 @@ Rectangle {
                     list.isAITyping = false
                 }},
                 {tag: "a narrower window", change: () => window.width = 320},
-                {tag: "a wider window", change: () => window.width = 1000},
-                {tag: "a lower window", change: () => window.height = 300},
                 {tag: "a higher window", change: () => window.height = 900},
                 {tag: "a margin", change: () => list.bottomContentMargin = 120},
                 {tag: "the keyboard", change: () => { window.height = 320; list.keyboardShown() }},
@@ -187,7 +173,6 @@ Rectangle {
                 {tag: "a changed text", isMoved: true, change: () => show(
                         shown.slice(0, -1).concat({id: "m100", content: "new"}))},
                 {tag: "typing", isMoved: true, change: () => list.isAITyping = true},
-                {tag: "closed", isMoved: true, change: () => list.ticketState = "closed"},
                 {tag: "another state", isMoved: true, change: () => list.ticketState = "waiting"},
                 {tag: "the keyboard", isMoved: true, change: () => list.keyboardShown()},
             ]
@@ -266,16 +251,12 @@ Rectangle {
             verify(!list.flickable.atYEnd)
         }
 
-        function test_scrollsOverTime_data() {
-            return [{tag: "a message", change: () => show(shown.concat(message(101)))},
-                    {tag: "the keyboard", change: () => list.keyboardShown()}]
-        }
-        function test_scrollsOverTime(data) {
+        function test_scrollsOverTime() {
             open(numbers(1, 100))
             list.rows.scrollBy(-300, 0)
             list.rows.ensurePolished()
             const before = list.flickable.contentY
-            data.change()
+            list.keyboardShown()
             list.rows.ensurePolished()
             compare(list.flickable.contentY, before)
             verifyAtEnd()
@@ -376,11 +357,7 @@ Rectangle {
                 {tag: "one word", content: "x".repeat(100000)},
                 {tag: "zero width", content: "\u200b".repeat(100000)},
                 {tag: "joined", content: "a" + "\u200d".repeat(100000)},
-                {tag: "accents", content: "e" + "\u0301".repeat(100000)},
-                {tag: "bidirectional", content: "\u202e\u2066abc".repeat(20000)},
-                {tag: "emoji", content: "\ud83d\ude00".repeat(2000)},
                 {tag: "nested", content: "**_~~".repeat(20000) + "a" + "~~_**".repeat(20000)},
-                {tag: "brackets", content: "[".repeat(100000)},
                 {tag: "lines", content: "\n".repeat(100000)},
             ]
         }

@@ -118,45 +118,33 @@ Item {
 
         function test_dragged_data() {
             return [
-                {tag: "rows", from: [150, 500]},
-                {tag: "the header, through the transparent spacer", from: [50, 150]},
-                {tag: "the header's button", from: [270, 180]},
+                {tag: "rows", from: [150, 500], by: -110, changes: 1},
+                {tag: "the header, through the transparent spacer", from: [50, 150], by: -110, changes: 1},
+                {tag: "the header's button", from: [270, 180], by: -110, changes: 1},
+                {tag: "down", from: [150, 300], by: 150, changes: 0},
             ]
         }
         function test_dragged(data) {
             view.model = 100
             waitForRendering(view)
-            drag(data.from[0], data.from[1], -110)
-            verify(view.offset < -60 && view.offset >= -110, "moved to " + view.offset)
+            drag(data.from[0], data.from[1], data.by)
+            verify(data.by < 0 ? view.offset < -60 && view.offset >= data.by : view.offset > 20,
+                   "moved to " + view.offset)
             compare(view.headerItem.height, 240 + Math.max(-80, view.offset))
-            compare(states.count, 1)
-            compare(view.scrollState, ParallaxScroll.Collapsed)
-            mouseRelease(window, data.from[0], data.from[1] - 110)
+            compare(states.count, data.changes)
+            mouseRelease(window, data.from[0], data.from[1] + data.by)
             compare(window.tapped, 0)
+            if (data.by > 0)
+                tryCompare(view, "offset", 0)
         }
 
-        function test_pulledDown() {
+        function test_wheel() {
             view.model = 100
             waitForRendering(view)
-            drag(150, 300, 150)
-            verify(view.offset > 20, "moved to " + view.offset)
-            compare(view.headerItem.height, 240 + view.offset)
-            mouseRelease(window, 150, 450)
-            tryCompare(view, "offset", 0)
-            compare(states.count, 0)
-        }
-
-        function test_wheel_data() {
-            return [{tag: "rows", at: [150, 500]}, {tag: "header", at: [270, 180]}]
-        }
-        function test_wheel(data) {
-            view.model = 100
-            waitForRendering(view)
-            mouseWheel(window, data.at[0], data.at[1], 0, -240)
+            mouseWheel(window, 270, 180, 0, -240)
             tryCompare(view, "scrollState", ParallaxScroll.Collapsed)
             tryCompare(view.list, "moving", false)
-            mouseWheel(window, data.at[0], data.at[1], 0, 2400)
-            tryCompare(view, "scrollState", ParallaxScroll.Opened)
+            mouseWheel(window, 150, 500, 0, 2400)
             tryCompare(view, "offset", 0)
             compare(states.count, 2)
         }

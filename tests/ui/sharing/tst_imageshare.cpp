@@ -38,10 +38,8 @@ struct ImageShareFixture : Fixture
 
     static void keep(const QByteArray &bytes)
     {
-        UrlRequest request;
-        request.url = address;
         ImageCache::shared().responses().store({.status = 200, .headers = {}, .body = bytes},
-                                               request);
+                                               requestFor(address));
     }
 
     QQmlEngine engine;
@@ -126,6 +124,11 @@ private Q_SLOTS:
         QCOMPARE(read.size(), picture.size());
         QVERIFY(qGray(read.pixel(20, 15)) > 250); // On white.
         QCOMPARE(share.filename(), ImageFile::filenameAt(fixture.clock->now()));
+        const std::pair<qint64, QString> names[] = {{567, u"567"_s}, {500, u"5"_s}, {0, u"0"_s}};
+        for (const auto &[fraction, digits] : names)
+            QCOMPARE(
+                ImageFile::filenameAt(QDateTime::fromMSecsSinceEpoch(1718031234000 + fraction)),
+                u"image_1718031234.%1.jpg"_s.arg(digits));
 
         const int count = int(changes.count());
         const QByteArray data = share.file().data;
@@ -135,21 +138,6 @@ private Q_SLOTS:
         QCOMPARE(changes.count(), count);
         share.setImage({});
         QVERIFY(!share.isReady());
-    }
-
-    void filenames_data()
-    {
-        QTest::addColumn<qint64>("milliseconds");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("fraction") << Q_INT64_C(1718031234567) << u"image_1718031234.567.jpg"_s;
-        QTest::newRow("short fraction") << Q_INT64_C(1718031234500) << u"image_1718031234.5.jpg"_s;
-        QTest::newRow("whole") << Q_INT64_C(1718031234000) << u"image_1718031234.0.jpg"_s;
-    }
-
-    void filenames()
-    {
-        QFETCH(const qint64, milliseconds);
-        QTEST(ImageFile::filenameAt(QDateTime::fromMSecsSinceEpoch(milliseconds)), "name");
     }
 
     void savingReportsItsResult()
