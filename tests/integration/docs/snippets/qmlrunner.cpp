@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs QML files, and knows nothing of what they import.
+// Runs QML files. It does not link the modules that they import.
 #include <QtGui/QGuiApplication>
 #include <QtQml/QQmlApplicationEngine>
 
