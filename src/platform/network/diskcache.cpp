@@ -83,4 +83,10 @@ void DiskCache::write(const QUrl &url, const UrlResponse &response)
         m_cache.remove(url);
 }
 
+void DiskCache::remove(const QUrl &url)
+{
+    const std::scoped_lock lock(m_mutex);
+    m_cache.remove(url);
+}
+
 } // namespace tolvane

@@ -22,6 +22,7 @@ public:
     std::optional<UrlResponse> read(const QUrl &url, std::chrono::milliseconds timeout,
                                     qint64 maximumSize);
     void write(const QUrl &url, const UrlResponse &response);
+    void remove(const QUrl &url);
 
 private:
     std::timed_mutex m_mutex;

@@ -51,6 +51,15 @@ public:
         m_disk.write(request.url, response);
     }
 
+    void remove(const UrlRequest &request) override
+    {
+        {
+            const std::scoped_lock lock(m_mutex);
+            m_memory.remove(request.url);
+        }
+        m_disk.remove(request.url);
+    }
+
 private:
     std::optional<UrlResponse> memoryResponse(const QUrl &url)
     {

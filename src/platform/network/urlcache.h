@@ -44,6 +44,8 @@ public:
     /// Writes to the disk before it returns. A response that cannot be written stays in memory
     /// only.
     virtual void store(const UrlResponse &response, const UrlRequest &request) = 0;
+
+    virtual void remove(const UrlRequest &request) = 0;
 };
 
 /// The cache on QNetworkDiskCache.

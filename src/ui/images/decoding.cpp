@@ -75,6 +75,11 @@ QSize scaledBy(const QSize &size, double factor)
 class TimedBuffer final : public QBuffer
 {
 public:
+    explicit TimedBuffer(std::chrono::milliseconds limit)
+        : m_deadline(limit)
+    {
+    }
+
     bool hasEnded() const { return m_deadline.hasExpired() || isShuttingDown(); }
 
 protected:
@@ -84,15 +89,15 @@ protected:
     }
 
 private:
-    // The largest photo takes less than a second.
-    const QDeadlineTimer m_deadline{std::chrono::seconds(5)};
+    const QDeadlineTimer m_deadline;
 };
 
 /// Reads one picture from bytes.
 class Reader
 {
 public:
-    explicit Reader(const QByteArray &bytes)
+    explicit Reader(const QByteArray &bytes, std::chrono::milliseconds limit = maximumDecodingTime)
+        : m_buffer(limit)
     {
         const QByteArray format = formatOf(bytes);
         if (format.isEmpty())
@@ -194,9 +199,9 @@ bool isCheapToDecode(const QByteArray &bytes)
     return !size.isEmpty() && pixelCount(size) <= maximumCheapPixels;
 }
 
-QImage decoded(const QByteArray &bytes)
+QImage decoded(const QByteArray &bytes, std::chrono::milliseconds limit)
 {
-    Reader reader(bytes);
+    Reader reader(bytes, limit);
     return reader.read(reader.readableFactor());
 }
 

@@ -7,6 +7,8 @@
 #include <QtCore/QSize>
 #include <QtGui/QImage>
 
+#include <chrono>
+
 /// Decodes pictures from bytes that may come from anybody. Formats are PNG, JPEG, GIF (its first
 /// frame) and WebP, detected by their content. Orientation and colour profile are applied, and the
 /// result has a format that renderers use without conversion. All functions are thread-safe.
@@ -21,6 +23,9 @@ inline constexpr qint64 maximumPixels = 33'554'432;
 inline constexpr qint64 maximumCheapPixels = 2'097'152;
 inline constexpr qsizetype maximumCheapBytes = 4'194'304;
 
+/// The largest photo takes less than a second; decoding is given up after this time.
+inline constexpr std::chrono::milliseconds maximumDecodingTime{5000};
+
 /// The size that the bytes declare, without decoding them. Invalid if they are not a picture.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QSize declaredSize(const QByteArray &bytes);
 
@@ -29,7 +34,9 @@ TOLVANE_VIEWS_AUTOTEST_EXPORT bool isCheapToDecode(const QByteArray &bytes);
 
 /// Null if the bytes are not a picture, or one that is too large. A JPEG that is too large is
 /// decoded at a smaller size.
-TOLVANE_VIEWS_AUTOTEST_EXPORT QImage decoded(const QByteArray &bytes);
+/// @param limit decoding ends soon after this time, without a picture
+TOLVANE_VIEWS_AUTOTEST_EXPORT QImage decoded(const QByteArray &bytes,
+                                             std::chrono::milliseconds limit = maximumDecodingTime);
 
 /// The picture scaled down as by thumbnail(), without decoding it at full size if the format allows
 /// that. Null if the bytes are not a picture.
