@@ -16,13 +16,9 @@ Item {
             fillMode: RoundedImage.Fit
             radius: logo.radius
         }
-        placeholder: Item {
-            ProgressIndicator {
-                anchors.centerIn: parent
-                width: 16
-                height: 16
-                tint: Theme.accentColor
-            }
+        placeholder: ImagePlaceholder {
+            indicatorScale: 0.8
+            tint: Theme.accentColor
         }
     }
 

@@ -2,8 +2,21 @@
 import QtQuick
 import Tolvane.Private
 
-// The placeholder of an AsyncImage that sets none of its own.
+// Shown by an AsyncImage without a picture: a progress indicator, or a broken picture if the load
+// has failed. A press on the broken picture loads it again.
 Item {
+    id: placeholder
+
+    property color tint: Theme.primaryColor
+    property real indicatorScale: 1
+    property int brokenSize: Metrics.IconSize
+    /// Whether a press loads the picture again. The press reaches the items below as well.
+    property bool retriesOnPress: true
+
+    /// The AsyncImage.
+    readonly property var image: parent
+    readonly property bool hasFailed: image?.hasFailed ?? false
+
     implicitWidth: indicator.implicitWidth
     implicitHeight: indicator.implicitHeight
 
@@ -13,5 +26,22 @@ Item {
         anchors.centerIn: parent
         width: Math.min(implicitWidth, parent.width)
         height: Math.min(implicitHeight, parent.height)
+        scale: placeholder.indicatorScale
+        tint: placeholder.tint
+        visible: !placeholder.hasFailed
+    }
+
+    Icon {
+        anchors.centerIn: parent
+        width: Math.min(placeholder.brokenSize, parent.width)
+        height: width
+        name: "photo-broken"
+        color: placeholder.tint
+        visible: placeholder.hasFailed
+    }
+
+    TapHandler {
+        enabled: placeholder.hasFailed && placeholder.retriesOnPress
+        onTapped: placeholder.image.retry()
     }
 }

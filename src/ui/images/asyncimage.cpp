@@ -103,6 +103,12 @@ void AsyncImage::appear()
     m_load->start(window()->effectiveDevicePixelRatio());
 }
 
+void AsyncImage::retry()
+{
+    if (window())
+        m_load->retry(window()->effectiveDevicePixelRatio());
+}
+
 void AsyncImage::updateShownItem()
 {
     // An item that has never appeared shows nothing, not even the placeholder.

@@ -26,12 +26,13 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT AsyncImage : public QQuickItem
     Q_PROPERTY(QUrl url READ url WRITE setUrl NOTIFY urlChanged)
     /// Created with its property `image` set to the picture.
     Q_PROPERTY(QQmlComponent *content READ content WRITE setContent NOTIFY contentChanged)
-    /// A progress indicator by default.
+    /// By default a progress indicator, or a broken picture if the load has failed.
     Q_PROPERTY(
         QQmlComponent *placeholder READ placeholder WRITE setPlaceholder NOTIFY placeholderChanged)
     /// Null until the picture is loaded.
     Q_PROPERTY(QImage image READ image NOTIFY loadChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY loadChanged)
+    Q_PROPERTY(bool hasFailed READ hasFailed NOTIFY loadChanged)
     /// The shown item: content or placeholder.
     Q_PROPERTY(QQuickItem *item READ item NOTIFY itemChanged)
 
@@ -45,6 +46,9 @@ public:
     void setPlaceholder(QQmlComponent *placeholder);
     QImage image() const { return m_load->image(); }
     bool isLoading() const { return m_load->isLoading(); }
+    bool hasFailed() const { return m_load->hasFailed(); }
+    /// Loads a picture again that has failed.
+    Q_INVOKABLE void retry();
     QQuickItem *item() const { return m_item; }
 
 Q_SIGNALS:

@@ -6,12 +6,17 @@
 #include "ui/images/decoding.h"
 #include "ui/images/imagecache.h"
 
+#include <QtCore/QDeadlineTimer>
+
 namespace tolvane {
 
 namespace {
 
 // More than any photo has; a longer response is not worth its memory.
 constexpr qsizetype maximumDownload = 33'554'432;
+
+// What takes longer is decoded on the workers and does not show in the first frame.
+constexpr std::chrono::milliseconds firstFrameLimit(50);
 
 UrlRequest requestFor(const QUrl &url)
 {
@@ -85,7 +90,7 @@ private:
     Pictures fromCache(const UrlRequest &request) const
     {
         const auto cached = ImageCache::shared().responses().cachedResponse(request);
-        return cached ? fromBytes(cached->body) : Pictures();
+        return cached ? fromStored(request, cached->body) : Pictures();
     }
 
     void download(const UrlRequest &request,
@@ -104,7 +109,17 @@ private:
     Pictures fromResponse(const UrlRequest &request, const UrlResponse &response) const
     {
         ImageCache::shared().responses().store(response, request);
-        return fromBytes(response.body);
+        return fromStored(request, response.body);
+    }
+
+    /// A response that takes too long is not kept: it would take as long at each start.
+    Pictures fromStored(const UrlRequest &request, const QByteArray &body) const
+    {
+        const QDeadlineTimer limit(images::maximumDecodingTime);
+        Pictures pictures = fromBytes(body);
+        if (limit.hasExpired())
+            ImageCache::shared().responses().remove(request);
+        return pictures;
     }
 
     const QSize m_target;
@@ -115,6 +130,7 @@ ImageLoad::ImageLoad(const QUrl &url, std::optional<QSizeF> thumbnailSize)
     , m_key(ImageCache::key(url))
     , m_thumbnailSize(thumbnailSize)
     , m_isLoadable(tolvane::isLoadable(url))
+    , m_hasFailed(!m_isLoadable)
 {
 }
 
@@ -128,7 +144,7 @@ void ImageLoad::loadFromCaches()
         const auto cached = cache.responses().cachedResponse(m_request, UrlCache::Lookup::quick);
         if (!cached || !images::isCheapToDecode(cached->body))
             return;
-        image = images::decoded(cached->body);
+        image = images::decoded(cached->body, firstFrameLimit);
         if (image.isNull())
             return;
         cache.insert(m_key, image);
@@ -144,10 +160,19 @@ void ImageLoad::start(qreal scale)
     detach(load(m_thumbnailSize ? (*m_thumbnailSize * scale).toSize() : QSize()));
 }
 
+void ImageLoad::retry(qreal scale)
+{
+    if (!m_hasFailed)
+        return;
+    m_isLoading = false;
+    start(scale);
+}
+
 QCoro::Task<> ImageLoad::load(QSize target)
 {
     const auto self = shared_from_this();
     const DecodePlan plan(target);
+    m_hasFailed = false;
     setLoading(true);
 
     const QImage remembered = ImageCache::shared().image(m_key);
@@ -164,13 +189,16 @@ QCoro::Task<> ImageLoad::load(QSize target)
         QFuture<Pictures> obtained = plan.fetch(m_request);
         pictures = co_await awaitFuture(obtained);
     } catch (...) {
-        // The placeholder stays, and the failure is not shown. The view's next appearance tries
-        // again.
+        // The view's next appearance tries again.
+        m_hasFailed = true;
         setLoading(false);
         co_return;
     }
-    if (pictures.shown.isNull())
+    if (pictures.shown.isNull()) {
+        m_hasFailed = true;
+        Q_EMIT changed();
         co_return;
+    }
     if (!pictures.whole.isNull())
         ImageCache::shared().insert(m_key, pictures.whole);
     finish(pictures.shown);

@@ -30,8 +30,11 @@ public:
 
     /// Null until the picture is loaded.
     const QImage &image() const { return m_image; }
-    /// Stays true if the response is not a picture: another request would bring the same.
+    /// Stays true if the response is not a picture: an appearance of the view does not load it
+    /// again.
     bool isLoading() const { return m_isLoading; }
+    /// Whether the last attempt brought no picture; true for a URL that is never loaded.
+    bool hasFailed() const { return m_hasFailed; }
 
     /// Takes the full-size picture from the caches if it is available there without waiting.
     /// Thumbnails never are.
@@ -41,6 +44,10 @@ public:
     /// load is running.
     /// @param scale the device pixel ratio
     void start(qreal scale);
+
+    /// Loads a picture again that has failed.
+    /// @param scale the device pixel ratio
+    void retry(qreal scale);
 
 Q_SIGNALS:
     void changed();
@@ -64,6 +71,7 @@ private:
     const bool m_isLoadable;
     QImage m_image;
     bool m_isLoading = false;
+    bool m_hasFailed;
 };
 
 } // namespace tolvane

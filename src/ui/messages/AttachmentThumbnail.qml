@@ -16,8 +16,10 @@ Pressable {
     signal opened()
 
     function open() {
-        if (!isEmpty)
-            opened()
+        if (isEmpty)
+            return
+        picture.retry()
+        opened()
     }
 
     readonly property bool isEmpty: String(imageUrl).length === 0
@@ -30,6 +32,8 @@ Pressable {
     onClicked: open()
 
     ThumbnailAsyncImage {
+        id: picture
+
         anchors.fill: parent
         url: cell.imageUrl
         thumbnailSize: Qt.size(cell.width, cell.height)
@@ -38,13 +42,16 @@ Pressable {
             fillMode: RoundedImage.Fill
             radius: cell.cornerRadius
         }
-        placeholder: Rectangle {
-            radius: cell.cornerRadius
-            color: "#33808080"
+        placeholder: ImagePlaceholder {
+            tint: Theme.accentColor
+            brokenSize: Metrics.SmallNoticeIconSize
+            retriesOnPress: false
 
-            ProgressIndicator {
-                anchors.centerIn: parent
-                tint: Theme.accentColor
+            Rectangle {
+                z: -1
+                anchors.fill: parent
+                radius: cell.cornerRadius
+                color: "#33808080"
             }
         }
     }

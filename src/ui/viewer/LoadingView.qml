@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-import QtQuick
 import Tolvane.Private
 
 // Shown until the picture is loaded.
-Item {
-    ProgressIndicator {
-        anchors.centerIn: parent
-        tint: "white"
-        scale: 1.5
-    }
+ImagePlaceholder {
+    tint: "white"
+    indicatorScale: 1.5
+    retriesOnPress: false
+    brokenSize: Metrics.SmallNoticeIconSize
 }

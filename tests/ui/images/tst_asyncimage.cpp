@@ -194,6 +194,20 @@ private Q_SLOTS:
         QVERIFY(fixture.middle() != QColor(Qt::yellow));
     }
 
+    void aPressLoadsABrokenPictureAgain()
+    {
+        AsyncImageFixture fixture;
+        fixture.failing = true;
+        fixture.item->setPlaceholder(nullptr);
+        QVERIFY(fixture.show());
+        settle();
+        QVERIFY(fixture.item->hasFailed());
+        fixture.failing = false;
+        QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, {100, 100});
+        settle();
+        QVERIFY(!fixture.item->image().isNull());
+    }
+
     void brokenContentIsReported()
     {
         AsyncImageFixture fixture;

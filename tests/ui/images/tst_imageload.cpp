@@ -104,7 +104,7 @@ private Q_SLOTS:
         const auto view = fixture.view();
         fixture.appear(*view);
         settle();
-        QVERIFY(!view->isLoading() && view->image().isNull());
+        QVERIFY(!view->isLoading() && view->hasFailed() && view->image().isNull());
         fixture.failing = false;
         fixture.appear(*view);
         settle();
@@ -121,7 +121,7 @@ private Q_SLOTS:
             const auto view = fixture.view(thumbnail);
             fixture.appear(*view);
             settle();
-            QVERIFY(view->isLoading() && view->image().isNull());
+            QVERIFY(view->isLoading() && view->hasFailed() && view->image().isNull());
             fixture.appear(*view);
             settle();
             QCOMPARE(fixture.requestCount(), 1); // This view loads for the rest of its life.
@@ -135,6 +135,10 @@ private Q_SLOTS:
             settle();
             QVERIFY(!other->image().isNull());
             QCOMPARE(fixture.requestCount(), 2);
+
+            view->retry(1);
+            settle();
+            QVERIFY(!view->image().isNull() && !view->hasFailed());
         }
     }
 
