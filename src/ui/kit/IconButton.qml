@@ -11,6 +11,7 @@ Pressable {
     /// Whether the icon points in the reading direction, and is turned in right-to-left layouts.
     property bool mirrors: false
     property real iconSize: Metrics.IconSize
+    property real iconOpacity: enabled ? 1 : 0.3
 
     implicitWidth: Metrics.ButtonSize
     implicitHeight: Metrics.ButtonSize
@@ -22,7 +23,7 @@ Pressable {
         height: button.iconSize
         name: button.icon
         color: button.color
-        opacity: !button.enabled ? 0.3 : button.isPressed ? 0.4 : 1
+        opacity: button.isPressed ? 0.4 : button.iconOpacity
         rotation: button.mirrors && button.LayoutMirroring.enabled ? 180 : 0
     }
 }

@@ -17,7 +17,8 @@ ViewerControl {
         color: "white"
         name: Strings.string("accessibility_share")
         enabled: share.isReady
-        opacity: enabled ? 1 : 0.5
+        // Not by `enabled`, which changes at once as the controls fade out.
+        iconOpacity: share.isReady ? 1 : 0.5
         onClicked: actions.shareRequested()
     }
 
