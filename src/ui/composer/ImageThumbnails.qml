@@ -30,8 +30,10 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: Strings.string("accessibility_attach")
         onCountChanged: {
-            if (thumbnails.LayoutMirroring.enabled)
-                beginning.start()
+            place.showsNewest = count > place.previousCount
+            place.previousCount = count
+            if (place.showsNewest || thumbnails.LayoutMirroring.enabled)
+                place.start()
             if (count === 0 && activeFocus)
                 thumbnails.emptied()
         }
@@ -66,12 +68,20 @@ FocusScope {
             onRemoved: thumbnails.composer.removeAttachment(index)
         }
 
-        // A mirrored list does not follow its beginning when that moves.
+        // Shows the newest picture. A mirrored list does not follow its beginning when that moves.
         Timer {
-            id: beginning
+            id: place
+
+            property int previousCount: 0
+            property bool showsNewest: false
 
             interval: 0
-            onTriggered: list.positionViewAtBeginning()
+            onTriggered: {
+                if (showsNewest)
+                    list.positionViewAtEnd()
+                else
+                    list.positionViewAtBeginning()
+            }
         }
 
         // A vertical wheel scrolls the row too.
