@@ -54,8 +54,10 @@ void ImageShare::setSource(LoadedImage *source)
         m_source->disconnect(this);
     m_source = source;
     const auto take = [this, source] { setImage(source ? source->image() : QImage()); };
-    if (source)
+    if (source) {
         connect(source, &LoadedImage::imageChanged, this, take);
+        connect(source, &LoadedImage::urlChanged, this, &ImageShare::sourceChanged);
+    }
     take();
     Q_EMIT sourceChanged();
 }

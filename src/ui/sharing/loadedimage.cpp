@@ -6,6 +6,8 @@
 #include "ui/images/decoding.h"
 #include "ui/images/imagecache.h"
 
+#include <utility>
+
 namespace tolvane {
 
 namespace {
@@ -39,8 +41,28 @@ LoadedImage::~LoadedImage()
     m_stop.request_stop();
 }
 
+void LoadedImage::setUrl(const QUrl &url)
+{
+    if (m_url == url)
+        return;
+    m_url = url;
+    Q_EMIT urlChanged();
+    if (m_isComplete)
+        start();
+}
+
 void LoadedImage::componentComplete()
 {
+    m_isComplete = true;
+    start();
+}
+
+void LoadedImage::start()
+{
+    m_stop.request_stop();
+    m_stop = {};
+    if (!std::exchange(m_image, {}).isNull())
+        Q_EMIT imageChanged();
     detach(load(this, m_url, m_stop.get_token()));
 }
 
@@ -58,7 +80,7 @@ QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_
         QFuture<QImage> secondLook = findCachedImage(url);
         image = co_await awaitFuture(secondLook);
     }
-    if (!self || image.isNull())
+    if (!self || image.isNull() || stop.stop_requested())
         co_return;
     // Prefers the view's image if it has been decoded meanwhile: a large picture is kept once.
     const QImage shown = ImageCache::shared().image(ImageCache::key(url));

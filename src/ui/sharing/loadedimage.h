@@ -23,16 +23,18 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT LoadedImage : public QObject, public QQmlPar
     Q_OBJECT
     Q_INTERFACES(QQmlParserStatus)
     QML_ELEMENT
-    Q_PROPERTY(QUrl url MEMBER m_url REQUIRED)
+    Q_PROPERTY(QUrl url READ url WRITE setUrl NOTIFY urlChanged REQUIRED)
 
 public:
     using QObject::QObject;
     ~LoadedImage() override;
 
     const QUrl &url() const { return m_url; }
+    void setUrl(const QUrl &url);
     const QImage &image() const { return m_image; }
 
 Q_SIGNALS:
+    void urlChanged();
     void imageChanged();
 
 protected:
@@ -40,10 +42,12 @@ protected:
     void componentComplete() override;
 
 private:
+    void start();
     static QCoro::Task<> load(QPointer<LoadedImage> self, QUrl url, std::stop_token stop);
 
     QUrl m_url;
     QImage m_image;
+    bool m_isComplete = false;
     std::stop_source m_stop;
 };
 
