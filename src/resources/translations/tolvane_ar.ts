@@ -162,6 +162,21 @@
         <translation>أفلت الصور هنا</translation>
     </message>
     <message>
+        <source>composer_only_pictures</source>
+        <extracomment>Over the conversation for a few seconds: a file that the customer adds is not a picture.</extracomment>
+        <translation>يمكن إرسال الصور فقط</translation>
+    </message>
+    <message>
+        <source>accessibility_previous_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
+        <translation>الصورة السابقة</translation>
+    </message>
+    <message>
+        <source>accessibility_next_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture after this one.</extracomment>
+        <translation>الصورة التالية</translation>
+    </message>
+    <message>
         <source>accessibility_attach</source>
         <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
         <translation>إرفاق صور</translation>

@@ -146,6 +146,21 @@
         <translation>Bilder hier ablegen</translation>
     </message>
     <message>
+        <source>composer_only_pictures</source>
+        <extracomment>Over the conversation for a few seconds: a file that the customer adds is not a picture.</extracomment>
+        <translation>Es können nur Bilder gesendet werden</translation>
+    </message>
+    <message>
+        <source>accessibility_previous_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
+        <translation>Vorheriges Bild</translation>
+    </message>
+    <message>
+        <source>accessibility_next_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture after this one.</extracomment>
+        <translation>Nächstes Bild</translation>
+    </message>
+    <message>
         <source>accessibility_attach</source>
         <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
         <translation>Bilder anhängen</translation>

@@ -146,6 +146,21 @@
         <translation>Drop pictures here</translation>
     </message>
     <message>
+        <source>composer_only_pictures</source>
+        <extracomment>Over the conversation for a few seconds: a file that the customer adds is not a picture.</extracomment>
+        <translation>Only pictures can be sent</translation>
+    </message>
+    <message>
+        <source>accessibility_previous_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
+        <translation>Previous picture</translation>
+    </message>
+    <message>
+        <source>accessibility_next_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture after this one.</extracomment>
+        <translation>Next picture</translation>
+    </message>
+    <message>
         <source>accessibility_attach</source>
         <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
         <translation>Attach pictures</translation>

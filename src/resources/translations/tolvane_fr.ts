@@ -146,6 +146,21 @@
         <translation>Déposez les images ici</translation>
     </message>
     <message>
+        <source>composer_only_pictures</source>
+        <extracomment>Over the conversation for a few seconds: a file that the customer adds is not a picture.</extracomment>
+        <translation>Seules les images peuvent être envoyées</translation>
+    </message>
+    <message>
+        <source>accessibility_previous_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
+        <translation>Image précédente</translation>
+    </message>
+    <message>
+        <source>accessibility_next_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture after this one.</extracomment>
+        <translation>Image suivante</translation>
+    </message>
+    <message>
         <source>accessibility_attach</source>
         <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
         <translation>Joindre des images</translation>

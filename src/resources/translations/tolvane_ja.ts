@@ -142,6 +142,21 @@
         <translation>ここに画像をドロップ</translation>
     </message>
     <message>
+        <source>composer_only_pictures</source>
+        <extracomment>Over the conversation for a few seconds: a file that the customer adds is not a picture.</extracomment>
+        <translation>送信できるのは画像のみです</translation>
+    </message>
+    <message>
+        <source>accessibility_previous_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
+        <translation>前の画像</translation>
+    </message>
+    <message>
+        <source>accessibility_next_picture</source>
+        <extracomment>Read aloud: the button in the image viewer that shows the picture after this one.</extracomment>
+        <translation>次の画像</translation>
+    </message>
+    <message>
         <source>accessibility_attach</source>
         <extracomment>Read aloud: the button that lets the customer choose pictures to send along.</extracomment>
         <translation>画像を添付</translation>

@@ -33,6 +33,21 @@ FocusScope {
         composer.send()
     }
 
+    BriefNotice {
+        id: notice
+
+        z: 1
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.top
+        anchors.bottomMargin: Metrics.SmallPadding
+    }
+
+    Connections {
+        target: view.composer
+
+        function onRefused() { notice.showText(Strings.string("composer_only_pictures")) }
+    }
+
     ComposerLayout {
         id: measures
 

@@ -44,7 +44,7 @@ std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
         if (!clipboard.hasFormat(format))
             continue;
         const QByteArray bytes = clipboard.data(format);
-        if (!bytes.isEmpty())
+        if (!imagefiles::pictureType(bytes).isEmpty())
             return makeAttachment(format, bytes);
     }
     return std::nullopt;
@@ -105,19 +105,20 @@ bool ComposerData::canDrop(const QList<QUrl> &urls) const
 
 void ComposerData::drop(const QList<QUrl> &urls)
 {
-    addFiles(imagefiles::imageFilesIn(urls));
+    addFiles(imagefiles::filesIn(urls));
 }
 
 bool ComposerData::pasteImages()
 {
     const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
-    return clipboard && !isSendingMessage() && pasteFrom(*clipboard);
+    return clipboard && pasteFrom(*clipboard);
 }
 
 bool ComposerData::pasteFrom(const QMimeData &clipboard)
 {
-    if (canDrop(clipboard.urls())) {
-        drop(clipboard.urls());
+    // File managers copy the paths as a text, too.
+    if (const QList<QUrl> files = imagefiles::filesIn(clipboard.urls()); !files.isEmpty()) {
+        addFiles(files);
         return true;
     }
     // Applications often copy tables and formatted text together with a picture of them.
@@ -150,10 +151,13 @@ QCoro::Task<> ComposerData::add(QFuture<Attachment> read)
         Logger::shared().log(
             LogLevel::error,
             QStringLiteral("A picked file is not attached: it can't be read or is not a picture"));
-        co_return;
     }
     if (!self)
         co_return;
+    if (!attachment) {
+        Q_EMIT self->refused();
+        co_return;
+    }
     self->m_pending += *attachment;
     self->flushPending();
 }

@@ -50,14 +50,15 @@ public:
 
     /// Sends the message, unless sending is disabled.
     Q_INVOKABLE void send();
-    /// Attaches picked files. Skips unreadable files and files that are not pictures.
+    /// Attaches files. Refuses unreadable files and files that are not pictures.
     Q_INVOKABLE void addFiles(const QList<QUrl> &files);
     /// Whether a drop of these URLs would attach any of them.
     Q_INVOKABLE bool canDrop(const QList<QUrl> &urls) const;
-    /// Attaches the image files among the dropped URLs.
+    /// Attaches the files among the dropped URLs.
     Q_INVOKABLE void drop(const QList<QUrl> &urls);
-    /// Attaches the picture or the image files in the clipboard. False if it has neither, or if it
-    /// also has a text, which should be pasted instead of the picture.
+    /// Attaches the picture or the image files in the clipboard, and refuses files of other kinds.
+    /// False if it has neither, or if it also has a text, which should be pasted instead of the
+    /// picture.
     Q_INVOKABLE bool pasteImages();
     /// Removes the attachment of a row.
     Q_INVOKABLE void removeAttachment(int row);
@@ -68,6 +69,8 @@ Q_SIGNALS:
     void messageChanged();
     void busyChanged();
     void isSendDisabledChanged();
+    /// A file is not attached, because it is not a picture or cannot be read.
+    void refused();
 
 private:
     using Attachment = std::optional<AttachmentDto>;

@@ -36,7 +36,11 @@ QByteArray bytesOf(const QUrl &url)
     if (url.isLocalFile() && !QFileInfo(url.toLocalFile()).isFile())
         return {};
     QFile file(pathOf(url));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    // A film is not read whole to find that out.
+    constexpr qint64 headSize = 16'384;
+    if (!file.open(QIODevice::ReadOnly) || pictureType(file.peek(headSize)).isEmpty())
+        return {};
+    return file.readAll();
 }
 
 /// A name that is safe in the header of a multipart form's part, where nothing is escaped.
@@ -78,18 +82,26 @@ QList<QUrl> imageFilesIn(const QList<QUrl> &urls)
     return files;
 }
 
+QList<QUrl> filesIn(const QList<QUrl> &urls)
+{
+    QList<QUrl> files = urls;
+    files.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
+    return files;
+}
+
+QString pictureType(const QByteArray &bytes)
+{
+    const QString type = QMimeDatabase().mimeTypeForData(bytes).name();
+    return type.startsWith(QLatin1String("image/")) ? type : QString();
+}
+
 std::optional<AttachmentDto> read(const QUrl &file)
 {
     const QByteArray bytes = bytesOf(file);
-    if (bytes.isEmpty())
+    const QString type = pictureType(bytes);
+    if (type.isEmpty())
         return std::nullopt;
-    const QString fileName = file.fileName();
-    const QMimeType type = QMimeDatabase().mimeTypeForFileNameAndData(fileName, bytes);
-    if (!type.isDefault() && !type.name().startsWith(QLatin1String("image/")))
-        return std::nullopt;
-    return AttachmentDto{.name = nameOf(fileName, bytes),
-                         .mimeType = type.isDefault() ? QStringLiteral("image/png") : type.name(),
-                         .data = bytes};
+    return AttachmentDto{.name = nameOf(file.fileName(), bytes), .mimeType = type, .data = bytes};
 }
 
 } // namespace tolvane::imagefiles

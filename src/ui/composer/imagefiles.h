@@ -19,8 +19,14 @@ QStringList patterns();
 /// The URLs of local files that have the suffix of a picture. Does not access the files.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QList<QUrl> imageFilesIn(const QList<QUrl> &urls);
 
-/// The file as an attachment, its bytes unchanged. No value if the file can't be read, is empty or
-/// is known to be no picture. Blocks while it reads; safe from any thread.
+/// The URLs of local files of any kind.
+QList<QUrl> filesIn(const QList<QUrl> &urls);
+
+/// The type of a picture by its content; empty for any other content.
+QString pictureType(const QByteArray &bytes);
+
+/// The file as an attachment, its bytes unchanged. No value if the file can't be read or its
+/// content is not a picture, whatever its name. Blocks while it reads; safe from any thread.
 ///
 /// The attachment's name is the file's own name with a digest of its bytes. It identifies a file
 /// that is picked twice or found in two folders, and does not reveal where it was found.

@@ -90,7 +90,7 @@ FocusScope {
         onClosed: isOpen = false
     }
 
-    ViewerNotice {
+    BriefNotice {
         id: notice
 
         anchors.horizontalCenter: parent.horizontalCenter

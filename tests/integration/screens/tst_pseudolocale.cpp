@@ -269,7 +269,7 @@ private:
     static bool isOverlay(const QQuickItem *item)
     {
         for (const char *type : {"TicketListHeader_", "AttachmentDropArea_", "ShareMenu_",
-                                 "ViewerNotice_", "TicketBar_", "TolvaneHeader_"}) {
+                                 "BriefNotice_", "TicketBar_", "TolvaneHeader_"}) {
             if (ancestor(item, type))
                 return true;
         }

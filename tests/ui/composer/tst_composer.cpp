@@ -214,44 +214,53 @@ private Q_SLOTS:
     {
         QTest::addColumn<QStringList>("formats");
         QTest::addColumn<bool>("hasImage");
-        QTest::addColumn<bool>("hasFile");
+        QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QString>("message");
         QTest::addColumn<int>("attachments");
-        QTest::newRow("text") << QStringList{u"text/plain"_s} << false << false << u"text/plain"_s
+        const QByteArray none;
+        QTest::newRow("text") << QStringList{u"text/plain"_s} << false << none << u"text/plain"_s
                               << 0;
-        QTest::newRow("rich text") << QStringList{u"text/html"_s, u"text/plain"_s} << false << false
+        QTest::newRow("rich text") << QStringList{u"text/html"_s, u"text/plain"_s} << false << none
                                    << u"text/plain"_s << 0;
         QTest::newRow("table with its picture")
-            << QStringList{u"text/plain"_s} << true << false << u"text/plain"_s << 0;
-        QTest::newRow("picture") << QStringList{u"text/html"_s} << true << false << QString() << 1;
-        QTest::newRow("file") << QStringList{u"text/plain"_s} << false << true << QString() << 1;
+            << QStringList{u"text/plain"_s} << true << none << u"text/plain"_s << 0;
+        QTest::newRow("picture") << QStringList{u"text/html"_s} << true << none << QString() << 1;
+        QTest::newRow("file") << QStringList{u"text/plain"_s} << false
+                              << encodedImage(solidImage({3, 3}, Qt::red), "png") << QString() << 1;
+        QTest::newRow("file that is not a picture")
+            << QStringList{u"text/plain"_s} << false << "Dear all"_ba << QString() << 0;
     }
 
     void pasting()
     {
         QFETCH(const QStringList, formats);
         QFETCH(const bool, hasImage);
-        QFETCH(const bool, hasFile);
+        QFETCH(const QByteArray, file);
         QFETCH(const QString, message);
         QFETCH(const int, attachments);
         ComposerFixture fixture;
         QVERIFY(fixture.isReady());
         const QTemporaryDir folder;
         // Without escapes, such a name would end the headers of its part of the form.
-        const QString file = folder.filePath(u"a\"\r\nb.png"_s);
+        QFile written(folder.filePath(u"a\"\r\nb.png"_s));
+        QVERIFY(written.open(QIODevice::WriteOnly) && written.write(file) == file.size());
+        written.close();
+        const bool hasFile = !file.isEmpty();
         auto *clipboard = new QMimeData;
         for (const QString &format : formats)
             clipboard->setData(format, format.toUtf8());
         if (hasImage)
             clipboard->setImageData(solidImage({3, 3}, Qt::red));
-        if (hasFile && solidImage({3, 3}, Qt::red).save(file))
-            clipboard->setUrls({QUrl::fromLocalFile(file)});
+        if (hasFile)
+            clipboard->setUrls({QUrl::fromLocalFile(written.fileName())});
         QGuiApplication::clipboard()->setMimeData(clipboard);
         fixture.press(Qt::Key_V, Qt::ControlModifier);
         fixture.press(Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(fixture.store->message(), message + message);
         const QList<AttachmentDto> attached = fixture.store->attachments();
-        QCOMPARE(attached.size(), hasFile ? 1 : 2 * attachments); // The same file is attached once.
+        // The same file is attached once.
+        QCOMPARE(attached.size(), hasFile ? attachments : 2 * attachments);
+        QCOMPARE(fixture.find("BriefNotice")->isVisible(), hasFile && attached.isEmpty());
         if (!attached.isEmpty()) {
             QCOMPARE(attached[0].mimeType, u"image/png"_s);
             QCOMPARE(QImage::fromData(attached[0].data).size(), QSize(3, 3));

@@ -67,8 +67,9 @@ private Q_SLOTS:
         QTest::newRow("jpeg") << u"B.JPG"_s << encodedImage(solidImage({2, 2}, Qt::red), "jpg")
                               << u"image/jpeg"_s;
         QTest::newRow("by content") << u"photo"_s << png << u"image/png"_s;
-        QTest::newRow("unknown") << u"photo"_s << QByteArray::fromHex("00e101fe02")
-                                 << u"image/png"_s;
+        QTest::newRow("unknown") << u"photo"_s << QByteArray::fromHex("00e101fe02") << QString();
+        QTest::newRow("text under the name of a picture")
+            << u"a.png"_s << "Dear all"_ba << QString();
         QTest::newRow("text") << u"letter.txt"_s << "Dear all"_ba << QString();
         QTest::newRow("empty") << u"a.png"_s << ""_ba << QString();
     }

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Shows the result of sharing for a few seconds.
+// Shows the result of an action for a few seconds, over the content.
 Rectangle {
     id: notice
 
