@@ -49,8 +49,12 @@ void AttachmentListModel::setAttachments(const QList<AttachmentDto> &attachments
     removeMissing();
     qsizetype row = 0;
     for (const AttachmentDto &attachment : attachments) {
-        if (isPicture(attachment))
-            insertOrMove(attachment, row++);
+        if (contains(m_undecodable, attachment))
+            continue;
+        insertOrMove(attachment, row);
+        // Decoding may have ended at once, and removed the row.
+        if (!contains(m_undecodable, attachment))
+            ++row;
     }
 }
 
@@ -62,18 +66,6 @@ void AttachmentListModel::removeMissing()
         if (!contains(m_attachments, m_rows[row].attachment))
             remove(row);
     }
-}
-
-bool AttachmentListModel::isPicture(const AttachmentDto &attachment)
-{
-    if (indexOf(attachment) >= 0)
-        return true;
-    if (contains(m_undecodable, attachment))
-        return false;
-    const bool isClaimed = !images::declaredSize(attachment.data).isEmpty();
-    if (!isClaimed)
-        m_undecodable += attachment;
-    return isClaimed;
 }
 
 qsizetype AttachmentListModel::indexOf(const AttachmentDto &attachment) const

@@ -41,7 +41,6 @@ private:
     };
 
     void removeMissing();
-    bool isPicture(const AttachmentDto &attachment);
     qsizetype indexOf(const AttachmentDto &attachment) const;
     void remove(qsizetype row);
     void insertOrMove(const AttachmentDto &attachment, qsizetype row);
