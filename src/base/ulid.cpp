@@ -2,7 +2,6 @@
 #include "base/ulid.h"
 
 #include "base/base32.h"
-#include "base/decodingerror.h"
 
 #include <QtCore/QRandomGenerator>
 
@@ -52,16 +51,6 @@ std::optional<ULID> ULID::parse(const QString &text)
     Bytes bytes{};
     std::copy(decoded->begin() + leadingZeroBytes, decoded->end(), bytes.begin());
     return ULID(bytes);
-}
-
-ULID ULID::decode(const QString &text, const QString &codingPath)
-{
-    const std::optional<ULID> id = parse(text);
-    if (!id) {
-        throw DecodingError(DecodingError::dataCorrupted, codingPath,
-                            QStringLiteral("Attempted to decode ULID from invalid ULID string."));
-    }
-    return *id;
 }
 
 QString ULID::description() const

@@ -24,7 +24,7 @@ class TOLVANE_PRIVATE_EXPORT ULID
 public:
     using Bytes = std::array<std::uint8_t, 16>;
 
-    explicit ULID(const Bytes &bytes)
+    explicit ULID(const Bytes &bytes = {})
         : ulid(bytes)
     {
     }
@@ -36,9 +36,7 @@ public:
     /// character is above 7, its two excess bits are lost.
     static std::optional<ULID> parse(const QString &text);
 
-    /// As parse(), but throws DecodingError for an invalid text. The text is also the JSON form.
-    static ULID decode(const QString &text, const QString &codingPath);
-
+    /// Also the JSON form.
     QString description() const;
 
     const Bytes &bytes() const { return ulid; }

@@ -139,6 +139,7 @@ template TOLVANE_AUTOTEST_EXPORT TicketDto decode(QByteArrayView);
 template TOLVANE_AUTOTEST_EXPORT QList<TicketPreviewDto> decode(QByteArrayView);
 template TOLVANE_AUTOTEST_EXPORT MessageDto decode(QByteArrayView);
 template TOLVANE_AUTOTEST_EXPORT DeviceInfoDto decode(QByteArrayView);
+template TOLVANE_AUTOTEST_EXPORT ULID decode(QByteArrayView);
 
 template TOLVANE_AUTOTEST_EXPORT MessageDto decode(const QVariantMap &);
 template TOLVANE_AUTOTEST_EXPORT TicketPreviewDto decode(const QVariantMap &);
@@ -150,6 +151,7 @@ template TOLVANE_AUTOTEST_EXPORT QByteArray encode(const MessageDto &);
 template TOLVANE_AUTOTEST_EXPORT QByteArray encode(const CreateTicketDto &);
 template TOLVANE_AUTOTEST_EXPORT QByteArray encode(const UpdateCustomerDto &);
 template TOLVANE_AUTOTEST_EXPORT QByteArray encode(const UpdateDeviceDto &);
+template TOLVANE_AUTOTEST_EXPORT QByteArray encode(const ULID &);
 
 template TOLVANE_AUTOTEST_EXPORT QVariantMap dictionary(const MessageDto &);
 template TOLVANE_AUTOTEST_EXPORT QVariantMap dictionary(const TicketPreviewDto &);

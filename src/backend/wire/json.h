@@ -4,6 +4,7 @@
 #include "backend/wire/records.h"
 #include "base/decodingerror.h"
 #include "base/privateexport.h"
+#include "base/ulid.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QVariantMap>
@@ -13,9 +14,9 @@
 
 namespace tolvane::json {
 
-/// Decodes a record, or a list of records, from UTF-8 JSON. Strict: required fields must be present
-/// with the right types, and the text must be one well-formed JSON value in valid UTF-8. Unknown
-/// keys are ignored, numbers beyond any range among them, and halves of surrogate pairs are
+/// Decodes a record, a list of records or a ULID from UTF-8 JSON. Strict: required fields must be
+/// present with the right types, and the text must be one well-formed JSON value in valid UTF-8.
+/// Unknown keys are ignored, numbers beyond any range among them, and halves of surrogate pairs are
 /// replaced. Throws DecodingError.
 template <typename T>
 TOLVANE_AUTOTEST_EXPORT T decode(QByteArrayView bytes);
@@ -24,7 +25,7 @@ TOLVANE_AUTOTEST_EXPORT T decode(QByteArrayView bytes);
 template <typename T>
 TOLVANE_AUTOTEST_EXPORT T decode(const QVariantMap &dictionary);
 
-/// Encodes a record as compact JSON without absent optionals.
+/// Encodes a record, or a ULID, as compact JSON without absent optionals.
 template <typename T>
 TOLVANE_AUTOTEST_EXPORT QByteArray encode(const T &record);
 

@@ -63,4 +63,16 @@ void read(const Element &element, float &value, const CodingPath &path)
     value = static_cast<float>(number);
 }
 
+void read(const Element &element, ULID &id, const CodingPath &path)
+{
+    QString text;
+    read(element, text, path);
+    const std::optional<ULID> parsed = ULID::parse(text);
+    if (!parsed) {
+        throw DecodingError(DecodingError::dataCorrupted, path.text(),
+                            QStringLiteral("Attempted to decode ULID from invalid ULID string."));
+    }
+    id = *parsed;
+}
+
 } // namespace tolvane::json

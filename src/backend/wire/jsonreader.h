@@ -4,6 +4,7 @@
 #include "backend/wire/fields.h"
 #include "base/decodingerror.h"
 #include "base/privateexport.h"
+#include "base/ulid.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -50,6 +51,7 @@ TOLVANE_AUTOTEST_EXPORT void read(const Element &element, QString &value, const 
 TOLVANE_AUTOTEST_EXPORT void read(const Element &element, bool &value, const CodingPath &path);
 TOLVANE_AUTOTEST_EXPORT void read(const Element &element, int &value, const CodingPath &path);
 TOLVANE_AUTOTEST_EXPORT void read(const Element &element, float &value, const CodingPath &path);
+TOLVANE_AUTOTEST_EXPORT void read(const Element &element, ULID &id, const CodingPath &path);
 
 template <Record T>
 TOLVANE_AUTOTEST_EXPORT void read(const Element &element, T &record, const CodingPath &path);

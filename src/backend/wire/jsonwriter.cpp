@@ -72,4 +72,9 @@ void write(QByteArray &out, float number)
     out.append(digits.data(), result.ptr - digits.data());
 }
 
+void write(QByteArray &out, const ULID &id)
+{
+    write(out, id.description());
+}
+
 } // namespace tolvane::json

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backend/wire/fields.h"
+#include "base/ulid.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
@@ -16,6 +17,7 @@ void write(QByteArray &out, bool value);
 void write(QByteArray &out, int number);
 /// The shortest decimal that is parsed as the same 32-bit float; null for infinities and NaN.
 void write(QByteArray &out, float number);
+void write(QByteArray &out, const ULID &id);
 
 template <Record T>
 void write(QByteArray &out, const T &record);
