@@ -21,6 +21,7 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds patienceOfMainThread = 20ms;
 constexpr std::chrono::milliseconds patienceOfThreads = 1s;
+constexpr std::chrono::milliseconds patienceAtExit = 200ms;
 
 constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
 
@@ -130,6 +131,16 @@ void SettingsFile::writePending()
     m_pending.clear();
 }
 
+/// Two files of the same size and millisecond would look unchanged to other processes.
+void SettingsFile::settleStamp(const QString &newPath) const
+{
+    QFile file(newPath);
+    const QDateTime time = QFileInfo(newPath).lastModified();
+    const QDateTime earliest = QFileInfo(m_path).lastModified().addMSecs(1);
+    if (time < earliest && file.open(QIODevice::ReadWrite))
+        file.setFileTime(earliest, QFile::FileModificationTime);
+}
+
 bool SettingsFile::replaceWith(const QVariantMap &values) const
 {
     if (QFileInfo(m_path).isDir())
@@ -146,6 +157,7 @@ bool SettingsFile::replaceWith(const QVariantMap &values) const
     for (auto value = values.cbegin(); value != values.cend(); ++value)
         settings.setValue(value.key(), *value);
     settings.sync();
+    settleStamp(path);
     std::error_code error;
     if (settings.status() == QSettings::NoError)
         std::filesystem::rename(QFileInfo(path).filesystemFilePath(),
@@ -155,14 +167,17 @@ bool SettingsFile::replaceWith(const QVariantMap &values) const
 
 void SettingsFile::writeLater()
 {
-    if (!std::exchange(m_isPosted, true))
-        m_thread.post([this] { writeNow(); });
+    if (std::exchange(m_isPosted, true))
+        return;
+    // The thread may stop before it gets the lock.
+    m_shutdownHook = onShutdown([this] { writeNow(patienceAtExit); });
+    m_thread.post([this] { writeNow(patienceOfThreads); });
 }
 
-void SettingsFile::writeNow()
+void SettingsFile::writeNow(std::chrono::milliseconds patience)
 {
     FolderLock others(m_folder);
-    const bool isBusy = others.lock(patienceOfThreads) == FolderLock::Result::busy;
+    const bool isBusy = others.lock(patience) == FolderLock::Result::busy;
     const std::scoped_lock lock(m_mutex);
     m_isPosted = false;
     if (isBusy)

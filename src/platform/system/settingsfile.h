@@ -2,11 +2,13 @@
 #pragma once
 
 #include "platform/async/eventloopthread.h"
+#include "platform/async/shutdownhook.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QString>
 #include <QtCore/QVariantMap>
 
+#include <chrono>
 #include <mutex>
 #include <optional>
 
@@ -47,9 +49,10 @@ private:
     QVariant change(const QString &key, const std::optional<QVariant> &expected,
                     const QVariant &value);
     void writePending();
+    void settleStamp(const QString &newPath) const;
     bool replaceWith(const QVariantMap &values) const;
     void writeLater();
-    void writeNow();
+    void writeNow(std::chrono::milliseconds patience);
 
     const QString m_path;
     const QString m_folder;
@@ -60,6 +63,7 @@ private:
     /// Not in the file yet. Invalid values are removals.
     QVariantMap m_pending;
     bool m_isPosted = false;
+    ShutdownHook m_shutdownHook;
     EventLoopThread m_thread{QStringLiteral("tolvane-settings")};
 };
 
