@@ -3,8 +3,10 @@ import Tolvane.Private
 
 // Shown until the picture is loaded.
 ImagePlaceholder {
+    // Only a picture has a size.
+    implicitWidth: 0
+    implicitHeight: 0
     tint: "white"
     indicatorScale: 1.5
-    retriesOnPress: false
     brokenSize: Metrics.SmallNoticeIconSize
 }
