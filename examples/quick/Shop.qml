@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Window
+import Tolvane
 
 // A small shop that hosts the messenger.
 Window {
@@ -80,8 +81,6 @@ Window {
         anchors.bottom: parent.bottom
         anchors.margins: shop.margin
         focus: true
-        colors: shop.colors
-        onClicked: shop.support.open()
     }
 
     PushBanner {

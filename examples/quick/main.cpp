@@ -18,6 +18,7 @@ int main(int argc, char **argv)
     QGuiApplication::setApplicationVersion(u"1.4.0"_s);
 
     tolvane::Tolvane::initialize(u"demo-key"_s);
+    tolvane::Tolvane::refreshUnread(); // For the badge of the button.
     Support support;
     const auto pushes = Pushes::listen(QGuiApplication::arguments().value(1), support);
 

@@ -24,11 +24,6 @@ void Support::receivePush(const QVariantMap &payload)
     Q_EMIT pushReceived();
 }
 
-void Support::open()
-{
-    Tolvane::open();
-}
-
 void Support::openPush()
 {
     Tolvane::handlePushNotification(m_payload);

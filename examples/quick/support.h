@@ -4,7 +4,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QVariantMap>
 
-/// Connects the shop with the messenger: opens it, and shows its pushes as banners of the shop.
+/// Shows the pushes of the messenger as banners of the shop.
 class Support : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,6 @@ public:
     void receivePush(const QVariantMap &payload);
 
 public Q_SLOTS:
-    void open();
     /// The customer has tapped the banner.
     void openPush();
 

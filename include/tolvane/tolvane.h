@@ -6,6 +6,7 @@
 
 #include <tolvane/analytics.h>
 #include <tolvane/export.h>
+#include <tolvane/notifier.h>
 
 #include <QtCore/QByteArray>
 #include <QtCore/QFuture>
@@ -54,6 +55,7 @@ public:
         alpha        ///< for features that are not released yet
     };
 
+
     /// "production", "development" or "alpha".
     static QString rawValue(Environment environment);
     /// The environment with this name, case-sensitively; absent for any other text.
@@ -91,11 +93,16 @@ public:
     static QFuture<void> updateCustomer(const std::optional<QString> &email,
                                         const std::optional<QString> &originalCustomerId);
 
+
+
+
     /// Opens the messenger over the host's foreground window: the one with the focus, else the
     /// first visible one. Without a window, or without the library of views, it opens nothing. An
     /// open messenger stays as it is. Each call sends the event
     /// TolvaneAnalyticsEvent::Chat::opened.
     static void open();
+
+
 
     /// Closes the messenger, animated, as its close button does. No effect if it is not open. Not
     /// an action of the customer's, so it sends no "user_action" event.
@@ -104,6 +111,19 @@ public:
     /// True from the moment at which the messenger appears until its closing animation has ended.
     /// Main thread. Does not require initialize().
     static bool isOpen();
+
+    /// The number of conversations with an unread message. Known after the first refreshUnread() or
+    /// opening of the messenger, 0 before; updated by each list of conversations and each push that
+    /// arrives. The library does not poll for it. Main thread. Does not require initialize().
+    static int unreadCount();
+
+    /// Loads the list of conversations once, to update unreadCount(). A failure is logged and keeps
+    /// the count. No effect while a refresh is running.
+    static void refreshUnread();
+
+    /// The object with the library's signals, the same at each call and valid until the process
+    /// ends. Main thread. Does not require initialize().
+    static TolvaneNotifier *notifier();
 
     /// The version of the loaded library, "major.minor.patch". Safe from any thread.
     static QString version();

@@ -6,11 +6,13 @@
 #include "backend/endpoint.h"
 #include "backend/persistentstore.h"
 #include "base/invokenoexcept.h"
+#include "base/sharedinstance.h"
 #include "base/ulid.h"
 #include "facade/pushrouting.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/sdkdata.h"
+#include "state/unreadtickets.h"
 
 #include <tolvane/tolvane.h>
 #include <tolvane/version.h>
@@ -90,6 +92,7 @@ void start(const QString &key)
             "This build of the library has no backend; set TOLVANE_PRODUCTION_API_URL in CMake"));
     }
     ensureCustomerId();
+    UnreadTickets::shared(); // It observes the pushes from now on.
     Logger::shared().log(LogLevel::info, QStringLiteral("SDK initialized"));
     TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Lifecycle::sdkInitialized,
                                             {{Keys::actionType, QStringLiteral("lifecycle")}});
@@ -195,6 +198,8 @@ void Tolvane::open()
     });
 }
 
+}
+
 void Tolvane::close()
 {
     whenInitialized([] { platform().dismiss(); });
@@ -203,6 +208,23 @@ void Tolvane::close()
 bool Tolvane::isOpen()
 {
     return SdkData::shared()->isOpen();
+}
+
+int Tolvane::unreadCount()
+{
+    return UnreadTickets::shared()->count();
+}
+
+void Tolvane::refreshUnread()
+{
+    whenInitialized([] { detach(UnreadTickets::shared()->refresh()); });
+}
+
+TolvaneNotifier *Tolvane::notifier()
+{
+    return sharedInstance<TolvaneNotifier>(
+               [] { return std::shared_ptr<TolvaneNotifier>(new TolvaneNotifier); })
+        .get();
 }
 
 QString Tolvane::version()

@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/pollingservice.h"
+#include "state/unreadtickets.h"
 
 #include <algorithm>
 #include <array>
@@ -151,6 +152,8 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
         if (stop.stop_requested())
             throw UrlError(UrlError::cancelled);
         setTicket(std::move(fetched));
+        // Fetching has marked the messages as read.
+        UnreadTickets::shared()->markRead(m_ticket->id);
         isFetched = true;
         if (kind == Fetch::visible) {
             track(TolvaneAnalyticsEvent::Chat::ticketViewed,

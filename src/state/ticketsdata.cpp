@@ -6,6 +6,7 @@
 #include "backend/apiclient.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
+#include "state/unreadtickets.h"
 
 namespace tolvane {
 
@@ -49,6 +50,7 @@ QCoro::Task<> TicketsData::fetch(QString failurePhrase)
     try {
         const APIClient client = APIClient::live();
         Tickets tickets = co_await client.getTickets();
+        UnreadTickets::shared()->setTickets(tickets);
         setState(tickets.isEmpty() ? State::empty() : State::loaded(std::move(tickets)));
     } catch (...) {
         const ErrorPtr error = currentError();

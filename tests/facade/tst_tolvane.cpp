@@ -3,6 +3,7 @@
 #include "backend/persistentstore.h"
 #include "base/errors.h"
 #include "base/ulid.h"
+#include "platform/async/awaitfuture.h"
 #include "state/notifications.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
@@ -329,6 +330,59 @@ private Q_SLOTS:
                 events += Event::Chat::messageReceived;
             QCOMPARE(fixture.delegate->names(), events);
         }
+    }
+
+    void unreadConversationsAreCounted()
+    {
+        FacadeFixture fixture;
+        fixture.initialize();
+        QList<int> counts;
+        const QObject context;
+        QObject::connect(Tolvane::notifier(), &TolvaneNotifier::unreadCountChanged, &context,
+                         [&](int count) { counts += count; });
+        const auto deliver = [](const QString &ticketId, const QString &sender, bool isRead) {
+            MessageDto message = makeMessage(u"m"_s);
+            message.ticketId = ticketId;
+            message.sender.type = sender;
+            message.isRead = isRead;
+            Tolvane::handlePushNotification(
+                push({{u"message"_s, tolvane::json::dictionary(message)}}));
+            return Tolvane::unreadCount();
+        };
+        QCOMPARE(deliver(u"a"_s, words::humanAgent, false), 1);
+        QCOMPARE(deliver(u"b"_s, words::customer, false), 1); // The customer's own.
+        QCOMPARE(deliver(u"b"_s, words::aiAgent, false), 2);
+        QCOMPARE(deliver(u"b"_s, words::aiAgent, false), 2); // The same conversation.
+        QCOMPARE(deliver(u"b"_s, words::aiAgent, true), 1);  // Read on another device.
+
+        fixture.failing = true;
+        Tolvane::refreshUnread();
+        settle();
+        QCOMPARE(Tolvane::unreadCount(), 1);
+        TicketPreviewDto unread = makePreview(u"c"_s);
+        unread.lastMessage.sender.type = words::humanAgent;
+        unread.lastMessage.isRead = false;
+        TicketPreviewDto other = unread;
+        other.id = u"d"_s;
+        fixture.session->handler = [&](const UrlRequest &) {
+            return test::json(encodeList(QList{unread, other}));
+        };
+        fixture.forget();
+        Tolvane::refreshUnread();
+        Tolvane::refreshUnread(); // One request.
+        settle();
+        QCOMPARE(fixture.session->requests.size(), 1);
+        QCOMPARE(Tolvane::unreadCount(), 2);
+
+        TicketDto opened = makeTicket({});
+        opened.id = u"c"_s;
+        fixture.session->handler = [&](const UrlRequest &) {
+            return test::json(tolvane::json::encode(opened));
+        };
+        const auto ticket = std::make_shared<TicketData>(unread);
+        detach(ticket->fetchTicket());
+        settle();
+        QCOMPARE(counts, QList<int>({1, 2, 1, 2, 1}));
     }
 
     void anyPayloadIsHandled_data()

@@ -39,6 +39,7 @@ int main(int argc, char **argv)
     options.process(app);
 
     tolvane::Tolvane::initialize(u"demo-key"_s);
+    tolvane::Tolvane::refreshUnread();
     Support support;
     const auto pushes = Pushes::listen(options.value(pushesOption), support);
 

@@ -90,6 +90,11 @@
         <translation>إغلاق</translation>
     </message>
     <message>
+        <source>help_button</source>
+        <extracomment>On a button of the host that opens the messenger. Read aloud with the number of unread conversations after it.</extracomment>
+        <translation>مساعدة</translation>
+    </message>
+    <message>
         <source>accessibility_unread</source>
         <extracomment>Read aloud: the dot on a conversation with messages that the customer has not seen.</extracomment>
         <translation>غير مقروءة</translation>
@@ -160,6 +165,7 @@
         <source>composer_drop_hint</source>
         <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
         <translation>أفلت الصور هنا</translation>
+    </message>
     </message>
     <message>
         <source>composer_only_pictures</source>

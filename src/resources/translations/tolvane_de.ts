@@ -78,6 +78,11 @@
         <translation>Schließen</translation>
     </message>
     <message>
+        <source>help_button</source>
+        <extracomment>On a button of the host that opens the messenger. Read aloud with the number of unread conversations after it.</extracomment>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
         <source>accessibility_unread</source>
         <extracomment>Read aloud: the dot on a conversation with messages that the customer has not seen.</extracomment>
         <translation>Ungelesen</translation>
@@ -144,6 +149,7 @@
         <source>composer_drop_hint</source>
         <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
         <translation>Bilder hier ablegen</translation>
+    </message>
     </message>
     <message>
         <source>composer_only_pictures</source>

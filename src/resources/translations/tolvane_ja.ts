@@ -75,6 +75,11 @@
         <translation>閉じる</translation>
     </message>
     <message>
+        <source>help_button</source>
+        <extracomment>On a button of the host that opens the messenger. Read aloud with the number of unread conversations after it.</extracomment>
+        <translation>ヘルプ</translation>
+    </message>
+    <message>
         <source>accessibility_unread</source>
         <extracomment>Read aloud: the dot on a conversation with messages that the customer has not seen.</extracomment>
         <translation>未読</translation>
@@ -140,6 +145,7 @@
         <source>composer_drop_hint</source>
         <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
         <translation>ここに画像をドロップ</translation>
+    </message>
     </message>
     <message>
         <source>composer_only_pictures</source>

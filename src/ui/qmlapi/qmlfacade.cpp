@@ -104,6 +104,11 @@ void QmlFacade::open()
     Tolvane::open();
 }
 
+void QmlFacade::refreshUnread()
+{
+    Tolvane::refreshUnread();
+}
+
 void QmlFacade::close()
 {
     Tolvane::close();

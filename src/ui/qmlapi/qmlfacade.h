@@ -33,6 +33,8 @@ class QmlFacade : public QObject
     QML_SINGLETON
     /// True while the messenger is on screen.
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
+    /// The number of conversations with an unread message; see Tolvane::unreadCount().
+    Q_PROPERTY(int unreadCount READ unreadCount NOTIFY unreadCountChanged)
     /// The version of the library, "major.minor.patch".
     Q_PROPERTY(QString version READ version CONSTANT)
 
@@ -43,6 +45,7 @@ public:
         Alpha = static_cast<int>(Tolvane::Environment::alpha),
     };
     Q_ENUM(Environment)
+
 
     enum PresentationOptions : int {
         None = static_cast<int>(tolvane::PresentationOptions::none),
@@ -55,6 +58,7 @@ public:
     ~QmlFacade() override;
 
     bool isOpen() const { return m_isOpen; }
+    int unreadCount() const { return Tolvane::unreadCount(); }
     QString version() const { return Tolvane::version(); }
 
     Q_INVOKABLE void initialize(const QString &key);
@@ -66,6 +70,7 @@ public:
                                     const QVariant &originalCustomerId = {});
     Q_INVOKABLE void open();
     Q_INVOKABLE void close();
+    Q_INVOKABLE void refreshUnread();
     /// @param deviceToken the push service's token, as an ArrayBuffer of its raw bytes
     Q_INVOKABLE void setDeviceToken(const QByteArray &deviceToken);
     Q_INVOKABLE bool isTolvanePushNotification(const QVariantMap &payload) const;
@@ -75,6 +80,7 @@ public:
 
 Q_SIGNALS:
     void isOpenChanged();
+    void unreadCountChanged();
 
     /// Emitted for each analytics event. A delegate that was set in C++ is notified as well, and
     /// first.

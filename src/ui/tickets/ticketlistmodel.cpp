@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/tickets/ticketlistmodel.h"
 
+#include "state/unreadtickets.h"
 #include "ui/tickets/ticketrow.h"
 
 #include <QtCore/QUrl>
@@ -24,7 +25,7 @@ QVariant TicketListModel::data(const QModelIndex &index, int role) const
     case captionRole:
         return ticketrow::caption(ticket.lastMessage);
     case isUnreadRole:
-        return ticketrow::isUnread(ticket.lastMessage);
+        return isUnread(ticket.lastMessage);
     case descriptionRole:
         return ticketrow::description(ticket);
     case sectionRole:

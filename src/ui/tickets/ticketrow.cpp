@@ -3,6 +3,7 @@
 
 #include "platform/platform.h"
 #include "state/timeago.h"
+#include "state/unreadtickets.h"
 #include "ui/kit/isolatedtext.h"
 #include "ui/markdown/inlinemarkdown.h"
 
@@ -44,11 +45,6 @@ QString caption(const MessageDto &message)
 {
     return isolatedText(senderLabel(message.sender)) + QStringLiteral(" \u00b7 ") +
            timeAgoText(message.timestamp);
-}
-
-bool isUnread(const MessageDto &message)
-{
-    return !message.isRead && message.sender.type != words::customer;
 }
 
 QString description(const TicketPreviewDto &ticket)

@@ -19,9 +19,6 @@ TOLVANE_VIEWS_AUTOTEST_EXPORT QString singleLine(const QString &text);
 /// The sender and the age of the message.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString caption(const MessageDto &message);
 
-/// Always false for the customer's own messages.
-TOLVANE_VIEWS_AUTOTEST_EXPORT bool isUnread(const MessageDto &message);
-
 /// The whole row as one text, for screen readers.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString description(const TicketPreviewDto &ticket);
 

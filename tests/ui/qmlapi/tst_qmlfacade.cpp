@@ -143,6 +143,7 @@ private Q_SLOTS:
                                    "Tolvane.SoundAndBanner && Tolvane.SoundAndBanner === 18"_s
                                 << QVariant(true);
         QTest::newRow("version") << u"Tolvane.version"_s << QVariant(Tolvane::version());
+        QTest::newRow("unread") << u"Tolvane.unreadCount"_s << QVariant(0);
         QTest::newRow("closed") << u"Tolvane.close() || Tolvane.isOpen"_s << QVariant(false);
         QTest::newRow("nothing") << u"Tolvane.willPresentNotification({}) === Tolvane.None"_s
                                  << QVariant(true);
@@ -228,8 +229,8 @@ private Q_SLOTS:
         for (const char *type :
              {"ParallaxScrollView { configuration: Parallax.configuration(Parallax.heights(2, 1), "
               "Parallax.heights(2, 1), 0, 1, 0.5, 'red', 'red') }",
-              "LoadingStateView { loadingState: 'idle' }", "TolvaneEmptyContentView { }",
-              "TolvaneErrorContentView { errorText: 'None' }"})
+              "HelpButton { }", "LoadingStateView { loadingState: 'idle' }",
+              "TolvaneEmptyContentView { }", "TolvaneErrorContentView { errorText: 'None' }"})
             QTest::newRow(type) << QString::fromLatin1(type) << true;
         for (const char *type : {"IconButton { }", "Icon { }", "MessageBubble { }"})
             QTest::newRow(type) << QString::fromLatin1(type) << false;

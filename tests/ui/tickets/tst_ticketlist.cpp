@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "state/unreadtickets.h"
 #include "testing/samplerecords.h"
 #include "ui/tickets/ticketlistmodel.h"
 #include "ui/tickets/ticketrow.h"
@@ -161,7 +162,7 @@ private Q_SLOTS:
         QCOMPARE(ticketrow::icon(preview), icon);
         QCOMPARE(ticketrow::caption(preview.lastMessage),
                  u"\u2068"_s + label + u"\u2069 · timeago_now"_s);
-        QCOMPARE(ticketrow::isUnread(preview.lastMessage), isUnread);
+        QCOMPARE(tolvane::isUnread(preview.lastMessage), isUnread);
         QCOMPARE(ticketrow::singleLine(preview.lastMessage.content), u"one two three"_s);
         const QString description = ticketrow::description(preview);
         QVERIFY(
@@ -170,7 +171,7 @@ private Q_SLOTS:
 
         preview.lastMessage.isRead = true;
         preview.lastMessage.sender.name = std::nullopt;
-        QVERIFY(!ticketrow::isUnread(preview.lastMessage));
+        QVERIFY(!tolvane::isUnread(preview.lastMessage));
         if (type == words::humanAgent)
             QVERIFY(ticketrow::caption(preview.lastMessage).contains(type));
     }
