@@ -102,7 +102,17 @@ public:
     /// TolvaneAnalyticsEvent::Chat::opened.
     static void open();
 
+    /// Opens the messenger, or the open one, with this conversation. Back leads to the list. Sends
+    /// the same event as open().
+    /// @param id the conversation's id, for example `ticketId` of a push; an id that the backend
+    /// does not know shows an error
+    static void openConversation(const QString &id);
 
+    /// Opens the messenger, or the open one, with a new conversation. Back leads to the list. Sends
+    /// the same event as open().
+    /// @param text put into the composer, where the customer can change it; the library never sends
+    /// it by itself
+    static void openNewConversation(const QString &text = {});
 
     /// Closes the messenger, animated, as its close button does. No effect if it is not open. Not
     /// an action of the customer's, so it sends no "user_action" event.
@@ -144,8 +154,8 @@ public:
     /// @param payload the push's data, with lists as QVariantList and dictionaries as QVariantMap
     static PresentationOptions willPresentNotification(const QVariantMap &payload);
 
-    /// For the host's callback for a tapped push: opens the messenger if it is closed, and delivers
-    /// the content. Ignores payloads of other services.
+    /// For the host's callback for a tapped push: opens the messenger if it is closed, delivers the
+    /// content, and shows the conversation of the push. Ignores payloads of other services.
     /// @param payload as for willPresentNotification()
     static void handlePushNotification(const QVariantMap &payload);
 

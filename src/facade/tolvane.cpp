@@ -8,9 +8,11 @@
 #include "base/invokenoexcept.h"
 #include "base/sharedinstance.h"
 #include "base/ulid.h"
+#include "facade/conversations.h"
 #include "facade/pushrouting.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
+#include "state/conversationrequest.h"
 #include "state/sdkdata.h"
 #include "state/unreadtickets.h"
 
@@ -198,6 +200,14 @@ void Tolvane::open()
     });
 }
 
+void Tolvane::openConversation(const QString &id)
+{
+    whenInitialized([id] { conversations::open(id); });
+}
+
+void Tolvane::openNewConversation(const QString &text)
+{
+    whenInitialized([text] { conversations::openNew(text); });
 }
 
 void Tolvane::close()
@@ -256,7 +266,11 @@ PresentationOptions Tolvane::willPresentNotification(const QVariantMap &payload)
 
 void Tolvane::handlePushNotification(const QVariantMap &payload)
 {
-    whenInitialized([payload] { pushrouting::handle(payload); });
+    whenInitialized([payload] {
+        conversations::requestFor(payload);
+        pushrouting::handle(payload);
+        ConversationRequest::shared()->take(); // Left over if there is no window.
+    });
 }
 
 } // namespace tolvane

@@ -105,8 +105,10 @@ bool TicketData::isAITyping() const
 TicketData::State TicketData::state() const
 {
     if (m_isFetchingTicket) {
-        return m_preview ? State::loadingWithPreview(provisionalTicket(*m_preview))
-                         : State::loading();
+        // A conversation that the host opens by its id has a preview without a message.
+        return m_preview && !m_preview->lastMessage.id.isEmpty()
+                   ? State::loadingWithPreview(provisionalTicket(*m_preview))
+                   : State::loading();
     }
     if (m_fetchError)
         return State::error(m_fetchError);

@@ -148,6 +148,9 @@ private Q_SLOTS:
         QTest::addColumn<std::function<void()>>("call");
         using Call = std::function<void()>;
         QTest::newRow("open") << Call([] { Tolvane::open(); });
+        QTest::newRow("openConversation") << Call([] { Tolvane::openConversation(u"t"_s); });
+        QTest::newRow("openNewConversation") << Call([] { Tolvane::openNewConversation(); });
+        QTest::newRow("refreshUnread") << Call([] { Tolvane::refreshUnread(); });
         QTest::newRow("close") << Call([] { Tolvane::close(); });
         QTest::newRow("updateCustomer")
             << Call([] { QVERIFY(Tolvane::updateCustomer({}, u"id"_s).isFinished()); });

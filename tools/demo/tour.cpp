@@ -91,6 +91,9 @@ private:
             const QRect banner = m_robot.find(QAccessible::AlertMessage);
             saveScreenshot(u"banner"_s);
             m_robot.click(banner);
+            const QRect back = m_robot.find(QAccessible::Button, u"Back"_s);
+            saveScreenshot(u"tapped"_s);
+            m_robot.click(back);
         } else if (usesKeyboard) {
             m_robot.press(Qt::Key_Tab);
             m_robot.press(Qt::Key_Return);

@@ -15,6 +15,12 @@ FocusScope {
 
     property bool isComplete: false
 
+    /// Adds a text of the host to the draft.
+    function addText(text: string) {
+        const draft = conversation.composer.message
+        conversation.composer.message = draft.length > 0 ? draft + "\n" + text : text
+    }
+
     onIsOnTopChanged: {
         if (isOnTop && isComplete)
             conversation.appear()

@@ -19,6 +19,9 @@ ScreenData::ScreenData(QObject *parent)
         Q_EMIT settingsChanged();
     });
     startOnceSettingsLoaded();
+    connect(ConversationRequest::shared().get(), &ConversationRequest::requested, this,
+            &ScreenData::showRequestedConversation);
+    showRequestedConversation();
 }
 
 void ScreenData::setShown(bool isShown)
@@ -55,6 +58,21 @@ void ScreenData::startOnceSettingsLoaded()
         m_observations.push_back(platform().notificationCenter->observe(
             name, NotificationCenter::Delivery::mainThread, [this](const auto &) { reload(); }));
     load();
+}
+
+void ScreenData::showRequestedConversation()
+{
+    const auto request = ConversationRequest::shared()->take();
+    if (!request)
+        return;
+    const TolvaneDestination &wanted = request->destination;
+    // The page stays, with its draft, if the conversation is open already.
+    const bool isOpen = !m_navigation.isEmpty() &&
+                        m_navigation.path().constFirst().kind() == wanted.kind() &&
+                        m_navigation.path().constFirst().ticketId() == wanted.ticketId();
+    m_navigation.setPath({isOpen ? m_navigation.path().constFirst() : wanted});
+    m_newTicketText = request->text;
+    Q_EMIT newTicketTextChanged();
 }
 
 void ScreenData::syncFromStore()

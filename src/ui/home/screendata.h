@@ -3,6 +3,7 @@
 
 #include "base/privateexport.h"
 #include "platform/async/notificationcenter.h"
+#include "state/conversationrequest.h"
 #include "state/messagedata.h"
 #include "state/navigationdata.h"
 #include "state/ticketsdata.h"
@@ -12,6 +13,7 @@
 #include <QtQml/qqmlregistration.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace tolvane {
@@ -32,6 +34,8 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY ticketsChanged)
     Q_PROPERTY(QString errorText READ errorText NOTIFY ticketsChanged)
     Q_PROPERTY(QAbstractItemModel *tickets READ tickets CONSTANT)
+    /// A text of the host for the composer of the new conversation that is open; empty once taken.
+    Q_PROPERTY(QString newTicketText READ newTicketText NOTIFY newTicketTextChanged)
     Q_PROPERTY(tolvane::NavigationData *navigation READ navigation CONSTANT)
     Q_PROPERTY(tolvane::MessageData *attachmentSelection READ attachmentSelection CONSTANT)
 
@@ -45,6 +49,7 @@ public:
     bool isLoading() const { return m_ticketsData->state().isLoading(); }
     QString errorText() const;
     QAbstractItemModel *tickets() { return &m_tickets; }
+    QString newTicketText() const { return m_newTicketText; }
     NavigationData *navigation() { return &m_navigation; }
     MessageData *attachmentSelection() { return &m_attachmentSelection; }
 
@@ -52,6 +57,7 @@ public:
     Q_INVOKABLE void load();
     /// Refreshes the tickets without a loading state, as after returning to the list.
     Q_INVOKABLE void reload();
+    Q_INVOKABLE QString takeNewTicketText() { return std::exchange(m_newTicketText, {}); }
     /// Requests to close the messenger, as the close button does.
     Q_INVOKABLE void close() { Q_EMIT closeRequested(); }
     Q_INVOKABLE void didHide() { Q_EMIT hidden(); }
@@ -60,16 +66,19 @@ Q_SIGNALS:
     void settingsChanged();
     void ticketsChanged();
     void isShownChanged();
+    void newTicketTextChanged();
     void closeRequested();
     void hidden();
 
 private:
     void startOnceSettingsLoaded();
     void syncFromStore();
+    void showRequestedConversation();
 
     const std::shared_ptr<TicketsData> m_ticketsData = std::make_shared<TicketsData>();
     TicketListModel m_tickets;
     NavigationData m_navigation;
+    QString m_newTicketText;
     MessageData m_attachmentSelection;
     std::vector<NotificationCenter::Observation> m_observations;
     bool m_hasStarted = false;

@@ -17,6 +17,7 @@ FocusScope {
 
         anchors.fill: parent
         focus: true
+        onLoaded: page.applyText()
         Component.onCompleted: {
             if (page.destination.kind === "imageViewer")
                 setSource(Qt.resolvedUrl("../viewer/ImageViewer.qml"), {
@@ -32,6 +33,19 @@ FocusScope {
                     isOnTop: Qt.binding(() => page.isOnTop),
                     focus: true
                 })
+        }
+    }
+
+    function applyText() {
+        if (destination.kind === "newTicket" && screen.newTicketText.length > 0)
+            content.item.addText(screen.takeNewTicketText())
+    }
+
+    Connections {
+        target: page.screen
+
+        function onNewTicketTextChanged() {
+            page.applyText()
         }
     }
 

@@ -67,6 +67,7 @@ FocusScope {
     }
 
     onDepthChanged: syncWithNavigation()
+    Component.onCompleted: syncWithNavigation()
 
     Connections {
         target: stack.navigation

@@ -104,6 +104,16 @@ void QmlFacade::open()
     Tolvane::open();
 }
 
+void QmlFacade::openConversation(const QString &id)
+{
+    Tolvane::openConversation(id);
+}
+
+void QmlFacade::openNewConversation(const QString &text)
+{
+    Tolvane::openNewConversation(text);
+}
+
 void QmlFacade::refreshUnread()
 {
     Tolvane::refreshUnread();

@@ -69,6 +69,8 @@ public:
     Q_INVOKABLE void updateCustomer(const QVariant &email = {},
                                     const QVariant &originalCustomerId = {});
     Q_INVOKABLE void open();
+    Q_INVOKABLE void openConversation(const QString &id);
+    Q_INVOKABLE void openNewConversation(const QString &text = {});
     Q_INVOKABLE void close();
     Q_INVOKABLE void refreshUnread();
     /// @param deviceToken the push service's token, as an ArrayBuffer of its raw bytes

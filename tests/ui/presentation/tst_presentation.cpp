@@ -124,6 +124,64 @@ private Q_SLOTS:
         QVERIFY(other.contentItem()->childItems().isEmpty());
     }
 
+    void itOpensAConversationDirectly_data()
+    {
+        using Open = std::function<void()>;
+        QTest::addColumn<Open>("openIt");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("draft");
+        QTest::newRow("by its id")
+            << Open([] { Tolvane::openConversation(u"t9"_s); }) << u"ticket_support"_s << QString();
+        QTest::newRow("new, with a text")
+            << Open([] { Tolvane::openNewConversation(u"My order"_s); })
+            << u"ticket_new_discussion"_s << u"My order"_s;
+        QTest::newRow("of a push") << Open([] {
+            Tolvane::handlePushNotification(
+                {{u"source"_s, u"tolvane"_s},
+                 {u"message"_s, json::dictionary(makeMessage(u"m"_s))}});
+        }) << u"ticket_support"_s << QString();
+    }
+
+    void itOpensAConversationDirectly()
+    {
+        QFETCH(const std::function<void()>, openIt);
+        QFETCH(const QString, title);
+        QFETCH(const QString, draft);
+        MessengerFixture fixture;
+        openIt(); // There is no window, so it is forgotten.
+        QVERIFY(fixture.showHost());
+        open();
+        fixture.loadSettings();
+        QVERIFY(!fixture.find(title));
+        for (const bool isOpen : {true, false}) {
+            if (!isOpen) {
+                Tolvane::close();
+                QTRY_VERIFY(!fixture.messenger());
+            }
+            openIt();
+            openIt(); // Keeps the page.
+            QTRY_VERIFY(fixture.find(title));
+            if (!draft.isEmpty())
+                QTRY_VERIFY(fixture.find(draft + u'\n' + draft));
+            QVERIFY(std::ranges::none_of(fixture.session->requests, [](const UrlRequest &request) {
+                return request.method == "POST";
+            })); // Nothing is sent.
+            QTest::keyClick(&fixture.host, Qt::Key_Escape);
+            QTRY_VERIFY(!fixture.find(title) && fixture.find(u"main_subtitle"_s));
+        }
+    }
+
+        // The window becomes too small and large again, under an open conversation.
+        Tolvane::openNewConversation(u"My order"_s);
+        QTRY_VERIFY(fixture.find(u"My order"_s));
+        const QQuickItem *draft = fixture.find(u"My order"_s);
+        fixture.host.resize(400, 700);
+        QTRY_COMPARE(areaOf(), QRect(0, 0, 400, 700));
+        fixture.host.resize(window);
+        QTRY_COMPARE(areaOf(), area);
+        QCOMPARE(fixture.find(u"My order"_s), draft);
+    }
+
     void itClosesWithTheHostsWindow_data()
     {
         QTest::addColumn<bool>("isDestroyed");

@@ -106,6 +106,8 @@ private Q_SLOTS:
         };
         const QString updated = u"tolvane_customer_updated"_s;
         row("Tolvane.open()", u"tolvane_chat_opened"_s, {});
+        row("Tolvane.openConversation('t')", u"tolvane_chat_opened"_s, {});
+        row("Tolvane.openNewConversation()", u"tolvane_chat_opened"_s, {});
         row("Tolvane.updateCustomer('a@b.c', '7')", updated,
             R"({"email":"a@b.c","originalId":"7"})");
         row("Tolvane.updateCustomer(undefined, 7)", updated, R"({"originalId":"7"})");
