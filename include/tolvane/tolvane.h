@@ -55,6 +55,14 @@ public:
         alpha        ///< for features that are not released yet
     };
 
+    /// How the messenger is shown in the host's window.
+    enum class Presentation {
+        full, ///< over the whole window; the default
+        /// 400 pixels wide and up to 720 high, at the lower trailing corner of the window. The rest
+        /// of the window can be seen and used. In a window of less than 700 by 500 pixels the
+        /// messenger is over the whole window, for as long as that is so small.
+        panel
+    };
 
     /// "production", "development" or "alpha".
     static QString rawValue(Environment environment);
@@ -93,6 +101,10 @@ public:
     static QFuture<void> updateCustomer(const std::optional<QString> &email,
                                         const std::optional<QString> &originalCustomerId);
 
+    /// Sets how the messenger is shown, in all windows; an open messenger changes at once.
+    static void setPresentation(Presentation presentation);
+    /// Main thread. Does not require initialize().
+    static Presentation presentation();
 
 
 

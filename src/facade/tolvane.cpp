@@ -13,6 +13,7 @@
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "state/conversationrequest.h"
+#include "state/hostoptions.h"
 #include "state/sdkdata.h"
 #include "state/unreadtickets.h"
 
@@ -190,6 +191,16 @@ QFuture<void> Tolvane::updateCustomer(const std::optional<QString> &email,
     whenInitialized(
         [=] { detach(holdUntilDone(sendCustomer(email, originalCustomerId), promise)); });
     return future;
+}
+
+void Tolvane::setPresentation(Presentation presentation)
+{
+    onMainThread([presentation] { HostOptions::shared()->setPresentation(presentation); });
+}
+
+Tolvane::Presentation Tolvane::presentation()
+{
+    return HostOptions::shared()->presentation();
 }
 
 void Tolvane::open()

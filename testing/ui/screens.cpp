@@ -6,6 +6,8 @@
 #include "ui/images/imagecache.h"
 #include "ui/markdown/inlinemarkdown.h"
 
+#include <tolvane/tolvane.h>
+
 #include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -213,6 +215,8 @@ Screens::Screens(const Appearance &appearance)
     if (QQuickWindow::sceneGraphBackend() == u"software"_s)
         m_fastAnimations.emplace();
     appearance.apply();
+    Tolvane::setPresentation(appearance.isPanel ? Tolvane::Presentation::panel
+                                                : Tolvane::Presentation::full);
     bundle->speak(appearance.language);
     host.resize(appearance.size);
     listJson = sampleList();

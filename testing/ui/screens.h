@@ -21,6 +21,7 @@ struct Appearance
     bool isDark = false;
     /// A factor for the size of texts.
     double fontScale = 1;
+    bool isPanel = false;
 
     void apply() const;
 };

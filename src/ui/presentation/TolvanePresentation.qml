@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// Slides the messenger in over the content of the window, and out again. No input reaches the
-// content below.
+// Slides the messenger in over the content of the window, and out again: over the whole window, or as
+// a panel in a corner of it. No input reaches the content below the messenger.
 FocusScope {
     id: presentation
 
@@ -11,7 +11,19 @@ FocusScope {
     property bool wasShown: false
     readonly property bool isLeaving: wasShown && !screen.isShown
 
-    anchors.fill: parent
+    readonly property size windowSize: Qt.size(parent?.width ?? 0, parent?.height ?? 0)
+    readonly property rect area:
+        PanelRules.area(windowSize, ViewOptions.prefersPanel, Strings.isRightToLeft)
+    readonly property bool isPanel: ViewOptions.prefersPanel && PanelRules.hasRoom(windowSize)
+
+    // Of the panel's content; the software renderer has no effects to clip with.
+    readonly property int radius:
+        isPanel && GraphicsInfo.api !== GraphicsInfo.Software ? Metrics.PanelRadius : 0
+
+    x: area.x
+    y: area.y
+    width: area.width
+    height: area.height
     // Above the host's popups.
     z: 2000000
     focus: true
@@ -28,22 +40,63 @@ FocusScope {
         }
     }
 
+    /// The item of the host that gets the focus when it leaves the panel.
+    property Item hostItem: null
+
+    Component.onCompleted: hostItem = Window.activeFocusItem
+
+    function switchFocus() {
+        const focused = Window.activeFocusItem
+        if (activeFocus) {
+            (hostItem ?? Window.contentItem.nextItemInFocusChain()).forceActiveFocus(
+                Qt.TabFocusReason)
+        } else {
+            hostItem = focused
+            forceActiveFocus(Qt.TabFocusReason)
+        }
+    }
+
+    Shortcut {
+        sequences: ["F6", "Ctrl+Tab"]
+        enabled: presentation.isPanel && presentation.screen.isShown
+        onActivated: presentation.switchFocus()
+        onActivatedAmbiguously: presentation.switchFocus()
+    }
+
     PointerBlocker { }
 
-    TolvaneScreen {
+    FocusScope {
         id: content
 
         width: parent.width
         height: parent.height
-        y: parent.height
+        // Below the window.
+        y: presentation.windowSize.height - presentation.area.y
         focus: true
-        screen: presentation.screen
+
+        PanelFrame {
+            anchors.fill: parent
+            radius: presentation.radius
+            visible: presentation.isPanel
+        }
+        TolvaneScreen {
+            anchors.fill: parent
+            focus: true
+            clip: presentation.isPanel
+            screen: presentation.screen
+            layer.enabled: presentation.radius > 0
+            layer.effect: PanelClip { extent: presentation.radius }
+        }
     }
 
     // While the messenger leaves, its controls react to nothing any more.
     PointerBlocker {
         visible: presentation.isLeaving
-        onVisibleChanged: if (visible) forceActiveFocus()
+        // A panel does not take the focus from the host.
+        onVisibleChanged: {
+            if (visible && (presentation.activeFocus || !presentation.isPanel))
+                forceActiveFocus()
+        }
         Keys.onPressed: event => event.accepted = true
     }
 

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/presentation/messengerwindow.h"
 
+#include "platform/platform.h"
+#include "state/hostoptions.h"
+#include "ui/presentation/panelrules.h"
+
 #include <QtGui/QGuiApplication>
 
 namespace tolvane {
@@ -40,26 +44,57 @@ MessengerWindow::MessengerWindow(QWindow &host)
         return;
     m_ownWindow.reset(new QQuickWindow);
     m_window = m_ownWindow.get();
-    m_ownWindow->setTransientParent(&host);
+    m_ownWindow->setTitle(host.title());
+    m_ownWindow->setProperty("isMessenger", true);
+    if (HostOptions::shared()->presentation() == Tolvane::Presentation::panel)
+        placeInHost();
+    else
+        placeOverHost();
+}
+
+void MessengerWindow::placeOverHost()
+{
+    m_ownWindow->setTransientParent(m_host);
     m_ownWindow->setModality(Qt::WindowModal);
     m_ownWindow->setFlag(Qt::FramelessWindowHint);
-    m_ownWindow->setGeometry(host.geometry());
-    m_ownWindow->setTitle(host.title());
+    m_ownWindow->setGeometry(m_host->geometry());
     // It covers the host's window wherever that moves.
     for (const auto changed :
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
-        QObject::connect(&host, changed, m_ownWindow.get(),
-                         [&host, own = m_ownWindow.get()] { own->setGeometry(host.geometry()); });
+        QObject::connect(
+            m_host, changed, m_ownWindow.get(),
+            [&host = *m_host, own = m_ownWindow.get()] { own->setGeometry(host.geometry()); });
+}
+
+void MessengerWindow::placeInHost()
+{
+    const auto place = [&host = *m_host, own = m_ownWindow.get()] {
+        const bool prefersPanel =
+            HostOptions::shared()->presentation() == Tolvane::Presentation::panel;
+        const bool isRightToLeft = platform().bundle->layoutDirection() == Qt::RightToLeft;
+        own->setGeometry(PanelRules::area(host.size(), prefersPanel, isRightToLeft).toRect());
+    };
+    // The window manager knows nothing of a child.
+    m_ownWindow->setParent(m_host);
+    place();
+    for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
+        QObject::connect(m_host, changed, m_ownWindow.get(), place);
+    QObject::connect(HostOptions::shared().get(), &HostOptions::changed, m_ownWindow.get(), place);
 }
 
 void MessengerWindow::open()
 {
-    if (m_ownWindow)
-        m_ownWindow->show();
+    if (!m_ownWindow)
+        return;
+    m_ownWindow->show();
+    if (m_ownWindow->parent())
+        m_ownWindow->requestActivate();
 }
 
 void MessengerWindow::close()
 {
+    if (m_window.isNull())
+        (void)m_ownWindow.release(); // Destroyed with the host's window.
     if (m_ownWindow)
         m_ownWindow->hide();
     m_ownWindow.reset();

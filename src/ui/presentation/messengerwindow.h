@@ -9,7 +9,8 @@
 namespace tolvane {
 
 /// The window that shows the messenger: the host's window if that is a QQuickWindow, else a window
-/// of its own over the host's, modal to it. Main thread.
+/// of its own over the host's. That is modal to the host's window, or a child of it if the host
+/// prefers the panel. Main thread.
 class MessengerWindow
 {
 public:
@@ -33,6 +34,9 @@ private:
     {
         void operator()(QObject *object) const { object->deleteLater(); }
     };
+
+    void placeOverHost();
+    void placeInHost();
 
     QPointer<QWindow> m_host;
     QPointer<QQuickWindow> m_window;

@@ -94,10 +94,14 @@ bool TolvaneViewController::viewDidLoad()
     connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
             Qt::QueuedConnection);
     // The window may be closed or destroyed under the messenger, and the application may end.
-    connect(m_messengerWindow.window(), &QWindow::visibleChanged, this, [this](bool isVisible) {
-        if (!isVisible)
-            viewDidDisappear();
-    });
+    const auto closeWith = [this](const QWindow *window) {
+        connect(window, &QWindow::visibleChanged, this, [this](bool isVisible) {
+            if (!isVisible)
+                viewDidDisappear();
+        });
+    };
+    closeWith(m_messengerWindow.window());
+    closeWith(m_messengerWindow.host());
     connect(m_messengerWindow.window(), &QObject::destroyed, this,
             &TolvaneViewController::viewDidDisappear);
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this,
@@ -110,9 +114,11 @@ void TolvaneViewController::viewDidDisappear()
     if (!std::exchange(m_isOnScreen, false))
         return;
     current().clear();
+    // The customer may have moved from the panel to the host.
+    const bool hadFocus = m_view && m_view->hasFocus();
     delete m_view;
     m_messengerWindow.close();
-    if (m_previousFocusItem)
+    if (m_previousFocusItem && hadFocus)
         m_previousFocusItem->forceActiveFocus();
     postDidChangeState(false);
     deleteLater();

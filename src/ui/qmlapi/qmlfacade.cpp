@@ -2,6 +2,7 @@
 #include "ui/qmlapi/qmlfacade.h"
 
 #include "analytics/manager.h"
+#include "state/hostoptions.h"
 #include "state/sdkdata.h"
 
 #include <QtCore/QMetaEnum>
@@ -63,6 +64,10 @@ QmlFacade::QmlFacade(QObject *parent)
     , m_observer(std::make_shared<AnalyticsObserver>(this))
 {
     connect(SdkData::shared().get(), &SdkData::changed, this, &QmlFacade::updateIsOpen);
+    connect(HostOptions::shared().get(), &HostOptions::changed, this,
+            &QmlFacade::presentationChanged);
+    connect(Tolvane::notifier(), &TolvaneNotifier::unreadCountChanged, this,
+            &QmlFacade::unreadCountChanged);
     TolvaneAnalyticsManager::shared().addObserver(m_observer);
 }
 
@@ -97,6 +102,15 @@ void QmlFacade::enableLogging(bool enabled)
 void QmlFacade::updateCustomer(const QVariant &email, const QVariant &originalCustomerId)
 {
     Tolvane::updateCustomer(optionalText(email), optionalText(originalCustomerId));
+}
+
+void QmlFacade::setPresentation(Presentation presentation)
+{
+    if (!QMetaEnum::fromType<Presentation>().valueToKey(presentation)) {
+        qmlWarning(this) << "There is no presentation " << static_cast<int>(presentation);
+        return;
+    }
+    Tolvane::setPresentation(static_cast<Tolvane::Presentation>(presentation));
 }
 
 void QmlFacade::open()

@@ -35,6 +35,9 @@ class QmlFacade : public QObject
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
     /// The number of conversations with an unread message; see Tolvane::unreadCount().
     Q_PROPERTY(int unreadCount READ unreadCount NOTIFY unreadCountChanged)
+    /// How the messenger is shown: `Tolvane.Full` or `Tolvane.Panel`.
+    Q_PROPERTY(Presentation presentation READ presentation WRITE setPresentation NOTIFY
+                   presentationChanged)
     /// The version of the library, "major.minor.patch".
     Q_PROPERTY(QString version READ version CONSTANT)
 
@@ -46,6 +49,11 @@ public:
     };
     Q_ENUM(Environment)
 
+    enum Presentation : int {
+        Full = static_cast<int>(Tolvane::Presentation::full),
+        Panel = static_cast<int>(Tolvane::Presentation::panel),
+    };
+    Q_ENUM(Presentation)
 
     enum PresentationOptions : int {
         None = static_cast<int>(tolvane::PresentationOptions::none),
@@ -59,6 +67,8 @@ public:
 
     bool isOpen() const { return m_isOpen; }
     int unreadCount() const { return Tolvane::unreadCount(); }
+    Presentation presentation() const { return static_cast<Presentation>(Tolvane::presentation()); }
+    void setPresentation(Presentation presentation);
     QString version() const { return Tolvane::version(); }
 
     Q_INVOKABLE void initialize(const QString &key);
@@ -83,6 +93,7 @@ public:
 Q_SIGNALS:
     void isOpenChanged();
     void unreadCountChanged();
+    void presentationChanged();
 
     /// Emitted for each analytics event. A delegate that was set in C++ is notified as well, and
     /// first.

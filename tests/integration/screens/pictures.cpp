@@ -30,6 +30,12 @@ const QList<Appearance> &appearances()
          .language = u"de"_s,
          .fontScale = 2},
         {.name = u"desktop"_s, .size = {1400, 900}},
+        {.name = u"panel"_s, .size = {1000, 760}, .isPanel = true},
+        {.name = u"panel-arabic-dark"_s,
+         .size = {1000, 760},
+         .language = u"ar"_s,
+         .isDark = true,
+         .isPanel = true},
         {.name = u"wide-dark"_s, .size = {2560, 1440}, .isDark = true},
     };
     return appearances;

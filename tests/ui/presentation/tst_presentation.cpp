@@ -171,6 +171,18 @@ private Q_SLOTS:
         }
     }
 
+    void aPanelLeavesTheHostUsable_data()
+    {
+        QTest::addColumn<QSize>("window");
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QRect>("area");
+        QTest::newRow("high window") << QSize(1000, 900) << u"en"_s << QRect(584, 164, 400, 720);
+        QTest::newRow("smallest window") << QSize(700, 500) << u"en"_s << QRect(284, 16, 400, 468);
+        QTest::newRow("right to left") << QSize(1000, 900) << u"ar"_s << QRect(16, 164, 400, 720);
+        QTest::newRow("too narrow") << QSize(699, 900) << u"en"_s << QRect(0, 0, 699, 900);
+        QTest::newRow("too low") << QSize(900, 499) << u"en"_s << QRect(0, 0, 900, 499);
+    }
+
         // The window becomes too small and large again, under an open conversation.
         Tolvane::openNewConversation(u"My order"_s);
         QTRY_VERIFY(fixture.find(u"My order"_s));

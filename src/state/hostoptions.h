@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/privateexport.h"
+
+#include <tolvane/tolvane.h>
+
+#include <QtCore/QObject>
+
+#include <memory>
+#include <utility>
+
+namespace tolvane {
+
+/// What the host has chosen about the messenger's views. Main thread.
+class TOLVANE_PRIVATE_EXPORT HostOptions final : public QObject
+{
+    Q_OBJECT
+
+public:
+    static const std::shared_ptr<HostOptions> &shared();
+
+    Tolvane::Presentation presentation() const { return m_presentation; }
+    void setPresentation(Tolvane::Presentation presentation) { set(m_presentation, presentation); }
+
+    /// Whether the customer may attach a picture of the host's window.
+    bool isScreenshotEnabled() const { return m_isScreenshotEnabled; }
+    void setScreenshotEnabled(bool enabled) { set(m_isScreenshotEnabled, enabled); }
+
+    /// Whether Enter on a hardware keyboard sends the message.
+    bool enterSends() const { return m_enterSends; }
+    void setEnterSends(bool sends) { set(m_enterSends, sends); }
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    template <typename T>
+    void set(T &option, T value)
+    {
+        if (std::exchange(option, value) != value)
+            Q_EMIT changed();
+    }
+
+    Tolvane::Presentation m_presentation = Tolvane::Presentation::full;
+    bool m_isScreenshotEnabled = false;
+    bool m_enterSends = true;
+};
+
+} // namespace tolvane

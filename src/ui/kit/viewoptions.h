@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "state/hostoptions.h"
+
+#include <QtCore/QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace tolvane {
+
+/// The host's options, for QML. Main thread.
+class ViewOptions : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    Q_PROPERTY(bool prefersPanel READ prefersPanel NOTIFY changed)
+    Q_PROPERTY(bool isScreenshotEnabled READ isScreenshotEnabled NOTIFY changed)
+    Q_PROPERTY(bool enterSends READ enterSends NOTIFY changed)
+
+public:
+    explicit ViewOptions(QObject *parent = nullptr)
+        : QObject(parent)
+    {
+        connect(HostOptions::shared().get(), &HostOptions::changed, this, &ViewOptions::changed);
+    }
+
+    bool prefersPanel() const
+    {
+        return HostOptions::shared()->presentation() == Tolvane::Presentation::panel;
+    }
+    bool isScreenshotEnabled() const { return HostOptions::shared()->isScreenshotEnabled(); }
+    bool enterSends() const { return HostOptions::shared()->enterSends(); }
+
+Q_SIGNALS:
+    void changed();
+};
+
+} // namespace tolvane

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane.Private
+
+// The shadow and the outline of the panel: nested rings of decreasing opacity, a little lower than
+// the panel.
+Item {
+    id: frame
+
+    required property real radius
+
+    Repeater {
+        model: 14
+
+        Rectangle {
+            required property int index
+
+            anchors.fill: parent
+            anchors.topMargin: 4 - index
+            anchors.bottomMargin: -4 - index
+            anchors.leftMargin: -index
+            anchors.rightMargin: -index
+            radius: frame.radius + index
+            color: "transparent"
+            border.width: index === 0 ? 5 : 1
+            border.color: Qt.rgba(0, 0, 0, (14 - index) * 0.012)
+        }
+    }
+    Rectangle {
+        anchors.fill: parent
+        anchors.margins: -1
+        radius: frame.radius + 1
+        color: "transparent"
+        border.width: 1
+        border.color: Qt.alpha(Theme.isDark ? "white" : "black", 0.16)
+    }
+}
