@@ -106,6 +106,11 @@ public:
     /// Main thread. Does not require initialize().
     static Presentation presentation();
 
+    /// Whether the customer can attach a picture of the host's window, from the menu of the attach
+    /// button; off by default. The picture shows the window with which the messenger was opened,
+    /// without the messenger, and nothing else of the screen. The customer sees it and can remove
+    /// it before it is sent. Windows of Qt Quick and Qt Widgets only.
+    static void setScreenshotEnabled(bool enabled);
 
 
     /// Opens the messenger over the host's foreground window: the one with the focus, else the

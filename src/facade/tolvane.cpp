@@ -203,6 +203,11 @@ Tolvane::Presentation Tolvane::presentation()
     return HostOptions::shared()->presentation();
 }
 
+void Tolvane::setScreenshotEnabled(bool enabled)
+{
+    onMainThread([enabled] { HostOptions::shared()->setScreenshotEnabled(enabled); });
+}
+
 void Tolvane::open()
 {
     whenInitialized([] {

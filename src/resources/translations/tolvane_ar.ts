@@ -166,6 +166,16 @@
         <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
         <translation>أفلت الصور هنا</translation>
     </message>
+    <message>
+        <source>composer_attach_files</source>
+        <extracomment>In a menu for attachments: opens the system's dialog for files.</extracomment>
+        <translation>اختيار صور…</translation>
+    </message>
+    <message>
+        <source>composer_attach_window</source>
+        <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
+        <translation>إرفاق صورة لهذه النافذة</translation>
+    </message>
     </message>
     <message>
         <source>composer_only_pictures</source>

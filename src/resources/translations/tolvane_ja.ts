@@ -146,6 +146,16 @@
         <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
         <translation>ここに画像をドロップ</translation>
     </message>
+    <message>
+        <source>composer_attach_files</source>
+        <extracomment>In a menu for attachments: opens the system's dialog for files.</extracomment>
+        <translation>画像を選択…</translation>
+    </message>
+    <message>
+        <source>composer_attach_window</source>
+        <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
+        <translation>このウィンドウの画像を添付</translation>
+    </message>
     </message>
     <message>
         <source>composer_only_pictures</source>

@@ -150,6 +150,16 @@
         <extracomment>Over the conversation while pictures are dragged across it.</extracomment>
         <translation>Solte as imagens aqui</translation>
     </message>
+    <message>
+        <source>composer_attach_files</source>
+        <extracomment>In a menu for attachments: opens the system's dialog for files.</extracomment>
+        <translation>Escolher imagens…</translation>
+    </message>
+    <message>
+        <source>composer_attach_window</source>
+        <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
+        <translation>Anexar uma imagem desta janela</translation>
+    </message>
     </message>
     <message>
         <source>composer_only_pictures</source>

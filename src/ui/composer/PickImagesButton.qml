@@ -20,8 +20,28 @@ IconButton {
     name: Strings.string("accessibility_attach")
     enabled: !composer.isSendingMessage
     onClicked: {
+        if (ViewOptions.isScreenshotEnabled)
+            menu.openAt(button, 0, -button.height, [
+                {text: Strings.string("composer_attach_files"), isEnabled: true, run: openPicker},
+                {text: Strings.string("composer_attach_window"), isEnabled: true, run: attachWindow}
+            ])
+        else
+            openPicker()
+    }
+
+    function openPicker() {
         if (picker || createPicker())
             picker.open()
+    }
+
+    function attachWindow() {
+        composer.attachHostWindow(button)
+    }
+
+    PopupMenu {
+        id: menu
+
+        name: button.name
     }
 
     function createPicker() {

@@ -6,6 +6,7 @@
 #include "base/ulid.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
+#include "ui/composer/hostpicture.h"
 #include "ui/composer/imagefiles.h"
 
 #include <QtCore/QBuffer>
@@ -14,6 +15,7 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
+#include <QtQuick/QQuickItem>
 
 namespace tolvane {
 
@@ -132,10 +134,25 @@ bool ComposerData::pasteFrom(const QMimeData &clipboard)
     const auto image = clipboard.imageData().value<QImage>();
     if (image.isNull())
         return false;
+    addImage(image);
+    return true;
+}
+
+void ComposerData::addImage(const QImage &image)
+{
     detach(add(platform().workers->run([image]() -> Attachment {
         return makeAttachment(QStringLiteral("image/png"), encodedAsPng(image));
     })));
-    return true;
+}
+
+void ComposerData::attachHostWindow(QQuickItem *view)
+{
+    const QImage picture = view ? hostpicture::grab(*view) : QImage();
+    if (picture.isNull())
+        Logger::shared().log(LogLevel::error,
+                             QStringLiteral("Can't draw the host's window into a picture"));
+    else
+        addImage(picture);
 }
 
 QCoro::Task<> ComposerData::add(QFuture<Attachment> read)

@@ -15,6 +15,8 @@
 #include <optional>
 
 class QMimeData;
+class QImage;
+class QQuickItem;
 
 namespace tolvane {
 
@@ -60,6 +62,8 @@ public:
     /// False if it has neither, or if it also has a text, which should be pasted instead of the
     /// picture.
     Q_INVOKABLE bool pasteImages();
+    /// Attaches a picture of the host's window, if it can be drawn.
+    Q_INVOKABLE void attachHostWindow(QQuickItem *view);
     /// Removes the attachment of a row.
     Q_INVOKABLE void removeAttachment(int row);
     /// Logs that no picker can be opened on this system.
@@ -77,6 +81,7 @@ private:
 
     void updateIsSendDisabled();
     bool pasteFrom(const QMimeData &clipboard);
+    void addImage(const QImage &image);
     QCoro::Task<> add(QFuture<Attachment> read);
     void flushPending();
 

@@ -113,6 +113,11 @@ void QmlFacade::setPresentation(Presentation presentation)
     Tolvane::setPresentation(static_cast<Tolvane::Presentation>(presentation));
 }
 
+void QmlFacade::setScreenshotEnabled(bool enabled)
+{
+    Tolvane::setScreenshotEnabled(enabled);
+}
+
 void QmlFacade::open()
 {
     Tolvane::open();

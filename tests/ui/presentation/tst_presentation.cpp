@@ -3,6 +3,7 @@
 #include "state/notifications.h"
 #include "state/sdkdata.h"
 #include "testing/ui/messengerfixture.h"
+#include "ui/composer/hostpicture.h"
 #include "ui/presentation/viewcontroller.h"
 
 #include <tolvane/tolvane.h>
@@ -182,6 +183,40 @@ private Q_SLOTS:
         QTest::newRow("too narrow") << QSize(699, 900) << u"en"_s << QRect(0, 0, 699, 900);
         QTest::newRow("too low") << QSize(900, 499) << u"en"_s << QRect(0, 0, 900, 499);
     }
+
+    void aPanelLeavesTheHostUsable()
+    {
+        QFETCH(const QSize, window);
+        QFETCH(const QString, language);
+        QFETCH(const QRect, area);
+        MessengerFixture fixture;
+        fixture.bundle->direction = language == u"ar"_s ? Qt::RightToLeft : Qt::LeftToRight;
+        Tolvane::setPresentation(Tolvane::Presentation::panel);
+        fixture.host.resize(window);
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
+        open();
+        QTest::qWait(400);
+        const QQuickItem *messenger = fixture.messenger();
+        const auto areaOf = [&] {
+            return messenger->mapRectToScene(messenger->boundingRect()).toRect();
+        };
+        QCOMPARE(areaOf(), area);
+        QVERIFY(messenger->hasActiveFocus() && !fixture.field->hasActiveFocus());
+        const bool isPanel = area.size() != window;
+        for (const auto &[key, modifiers] :
+             {std::pair(Qt::Key_F6, Qt::NoModifier), std::pair(Qt::Key_Tab, Qt::ControlModifier)}) {
+            QTest::keyClick(&fixture.host, key, modifiers);
+            QCOMPARE(fixture.field->hasActiveFocus(), isPanel);
+            QTest::keyClick(&fixture.host, key, modifiers);
+            QVERIFY(messenger->hasActiveFocus());
+        }
+        const QColor outside = fixture.host.grabWindow().pixelColor(window.width() / 2, 5);
+        QCOMPARE(outside == QColor(Qt::blue), isPanel);
+        // The picture of the window is without the messenger.
+        const QImage picture = hostpicture::grab(*fixture.messenger());
+        QCOMPARE(picture.pixelColor(area.center()), QColor(Qt::blue));
+        QVERIFY(messenger->hasActiveFocus() && messenger->opacity() == 1);
 
         // The window becomes too small and large again, under an open conversation.
         Tolvane::openNewConversation(u"My order"_s);

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "ui/composer/hostpicture.h"
+
+#include <QtCore/QMetaObject>
+#include <QtGui/QPixmap>
+#include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
+
+namespace tolvane::hostpicture {
+
+namespace {
+
+/// Draws a scene that contains the messenger.
+QImage grabWithout(QQuickItem &view, QQuickWindow &window)
+{
+    QQuickItem *messenger = &view;
+    while (messenger->parentItem() && messenger->parentItem() != window.contentItem())
+        messenger = messenger->parentItem();
+    // A hidden item would lose the focus.
+    const double opacity = messenger->opacity();
+    messenger->setOpacity(0);
+    QImage picture = window.grabWindow();
+    messenger->setOpacity(opacity);
+    return picture;
+}
+
+/// The library does not link QtWidgets. The focus object of a window of widgets is a widget, and
+/// QWidget::grab() can be called by its name.
+QImage grabWidgets(const QWindow &window)
+{
+    QObject *widget = window.focusObject();
+    while (widget && widget->property("size").toSize() != window.size())
+        widget = widget->parent();
+    QPixmap picture;
+    if (!widget || !widget->isWidgetType() ||
+        !QMetaObject::invokeMethod(widget, "grab", Q_RETURN_ARG(QPixmap, picture)))
+        return {};
+    return picture.toImage();
+}
+
+} // namespace
+
+QImage grab(QQuickItem &view)
+{
+    QQuickWindow *shownIn = view.window();
+    if (!shownIn)
+        return {};
+    if (!shownIn->property("isMessenger").toBool())
+        return grabWithout(view, *shownIn);
+    const QWindow *host = shownIn->parent() ? shownIn->parent() : shownIn->transientParent();
+    return host ? grabWidgets(*host) : QImage();
+}
+
+} // namespace tolvane::hostpicture

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane.Private
+
+// An entry of a popup menu, which moves the focus itself.
+Pressable {
+    id: item
+
+    required property string text
+
+    name: text
+    hoverEnabled: true
+    activeFocusOnTab: false
+    implicitWidth: label.implicitWidth + 2 * Metrics.Padding + Metrics.SmallPadding
+    implicitHeight: label.implicitHeight + 2 * Metrics.SmallPadding
+    Accessible.role: Accessible.MenuItem
+
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: Metrics.SmallPadding / 2
+        anchors.rightMargin: Metrics.SmallPadding / 2
+        radius: Metrics.ItemRadius
+        color: Theme.isDark ? "white" : "black"
+        opacity: item.isPressed ? 0.2 : item.activeFocus || item.isHovered ? 0.1 : 0
+    }
+    Text {
+        id: label
+
+        anchors.fill: parent
+        anchors.leftMargin: Metrics.Padding
+        anchors.rightMargin: Metrics.Padding
+        verticalAlignment: Text.AlignVCenter
+        horizontalAlignment: Text.AlignLeft
+        text: item.text
+        textFormat: Text.PlainText
+        elide: Text.ElideRight
+        color: Theme.isDark ? "white" : "black"
+        opacity: item.enabled ? 1 : 0.4
+        font.pixelSize: Theme.footnote
+        Accessible.ignored: true
+    }
+}
