@@ -112,6 +112,10 @@ public:
     /// it before it is sent. Windows of Qt Quick and Qt Widgets only.
     static void setScreenshotEnabled(bool enabled);
 
+    /// Whether Enter on a hardware keyboard sends the message and Shift+Enter begins a new line,
+    /// which is the default, or Enter begins a new line and Ctrl+Enter sends. With an on-screen
+    /// keyboard, Enter always begins a new line.
+    static void setEnterSends(bool sends);
 
     /// Opens the messenger over the host's foreground window: the one with the focus, else the
     /// first visible one. Without a window, or without the library of views, it opens nothing. An

@@ -208,6 +208,11 @@ void Tolvane::setScreenshotEnabled(bool enabled)
     onMainThread([enabled] { HostOptions::shared()->setScreenshotEnabled(enabled); });
 }
 
+void Tolvane::setEnterSends(bool sends)
+{
+    onMainThread([sends] { HostOptions::shared()->setEnterSends(sends); });
+}
+
 void Tolvane::open()
 {
     whenInitialized([] {

@@ -176,6 +176,35 @@
         <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
         <translation>إرفاق صورة لهذه النافذة</translation>
     </message>
+    <message>
+        <source>edit_undo</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>تراجع</translation>
+    </message>
+    <message>
+        <source>edit_cut</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>قص</translation>
+    </message>
+    <message>
+        <source>edit_copy</source>
+        <extracomment>In context menus: copies text.</extracomment>
+        <translation>نسخ</translation>
+    </message>
+    <message>
+        <source>edit_paste</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>لصق</translation>
+    </message>
+    <message>
+        <source>edit_select_all</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>تحديد الكل</translation>
+    </message>
+    <message>
+        <source>accessibility_newest</source>
+        <extracomment>Read aloud, and a tooltip: a button that scrolls to the end of the conversation.</extracomment>
+        <translation>الانتقال إلى أحدث رسالة</translation>
     </message>
     <message>
         <source>composer_only_pictures</source>

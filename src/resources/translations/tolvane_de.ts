@@ -160,6 +160,35 @@
         <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
         <translation>Bild dieses Fensters anhängen</translation>
     </message>
+    <message>
+        <source>edit_undo</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>edit_cut</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>edit_copy</source>
+        <extracomment>In context menus: copies text.</extracomment>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>edit_paste</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>edit_select_all</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>accessibility_newest</source>
+        <extracomment>Read aloud, and a tooltip: a button that scrolls to the end of the conversation.</extracomment>
+        <translation>Zur neuesten Nachricht</translation>
     </message>
     <message>
         <source>composer_only_pictures</source>

@@ -160,6 +160,35 @@
         <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
         <translation>Joindre une image de cette fenêtre</translation>
     </message>
+    <message>
+        <source>edit_undo</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>edit_cut</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Couper</translation>
+    </message>
+    <message>
+        <source>edit_copy</source>
+        <extracomment>In context menus: copies text.</extracomment>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>edit_paste</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>edit_select_all</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>accessibility_newest</source>
+        <extracomment>Read aloud, and a tooltip: a button that scrolls to the end of the conversation.</extracomment>
+        <translation>Aller au message le plus récent</translation>
     </message>
     <message>
         <source>composer_only_pictures</source>

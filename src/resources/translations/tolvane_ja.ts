@@ -156,6 +156,35 @@
         <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
         <translation>このウィンドウの画像を添付</translation>
     </message>
+    <message>
+        <source>edit_undo</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>edit_cut</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>edit_copy</source>
+        <extracomment>In context menus: copies text.</extracomment>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>edit_paste</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>edit_select_all</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>accessibility_newest</source>
+        <extracomment>Read aloud, and a tooltip: a button that scrolls to the end of the conversation.</extracomment>
+        <translation>最新のメッセージへ移動</translation>
     </message>
     <message>
         <source>composer_only_pictures</source>

@@ -164,6 +164,35 @@
         <extracomment>In the same menu: attaches a picture of the application's window, without the messenger.</extracomment>
         <translation>Załącz obraz tego okna</translation>
     </message>
+    <message>
+        <source>edit_undo</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Cofnij</translation>
+    </message>
+    <message>
+        <source>edit_cut</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Wytnij</translation>
+    </message>
+    <message>
+        <source>edit_copy</source>
+        <extracomment>In context menus: copies text.</extracomment>
+        <translation>Kopiuj</translation>
+    </message>
+    <message>
+        <source>edit_paste</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Wklej</translation>
+    </message>
+    <message>
+        <source>edit_select_all</source>
+        <extracomment>In the context menu of the message editor.</extracomment>
+        <translation>Zaznacz wszystko</translation>
+    </message>
+    <message>
+        <source>accessibility_newest</source>
+        <extracomment>Read aloud, and a tooltip: a button that scrolls to the end of the conversation.</extracomment>
+        <translation>Przejdź do najnowszej wiadomości</translation>
     </message>
     <message>
         <source>composer_only_pictures</source>

@@ -28,6 +28,24 @@ FocusScope {
     /// Emitted before a paste. The owner handles the paste itself by setting `event.accepted`.
     signal pasteRequested(var event)
 
+    // Whether a press of Enter sends the message. An input method that composes gets all keys. An
+    // on-screen keyboard has no other key for a line break.
+    function submits(modifiers: int): bool {
+        if (modifiers & Qt.ControlModifier)
+            return true
+        return ViewOptions.enterSends && !isComposing && !Keyboard.isShown
+                && !(modifiers & (Qt.ShiftModifier | Qt.AltModifier | Qt.MetaModifier))
+    }
+
+    /// Inserts a text that was typed while another item had the focus.
+    function type(text: string) {
+        if (isDisabled)
+            return
+        input.forceActiveFocus()
+        input.remove(input.selectionStart, input.selectionEnd)
+        input.insert(input.cursorPosition, text)
+    }
+
     // Compares once per change, as the text may be long.
     onTextChanged: {
         if (input.text !== text)
@@ -97,7 +115,7 @@ FocusScope {
 
             Keys.onPressed: event => {
                 const isReturn = event.key === Qt.Key_Return || event.key === Qt.Key_Enter
-                if (isReturn && event.modifiers & Qt.ControlModifier) {
+                if (isReturn && editor.submits(event.modifiers)) {
                     event.accepted = true
                     editor.submitted()
                 } else if (event.matches(StandardKey.Paste)) {
@@ -108,6 +126,12 @@ FocusScope {
             Keys.onTabPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed:
                 nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+
+            TapHandler {
+                acceptedButtons: Qt.RightButton
+                gesturePolicy: TapHandler.WithinBounds
+                onTapped: point => menu.openFor(input, point.position)
+            }
 
             // A finger scrolls; only the mouse selects.
             PointHandler {
@@ -133,6 +157,13 @@ FocusScope {
         font.pixelSize: Theme.body
         visible: !editor.hasContent
         Accessible.ignored: true
+    }
+
+    EditMenu {
+        id: menu
+
+        name: editor.placeholder
+        onPasteRequested: event => editor.pasteRequested(event)
     }
 
     ScrollIndicator {

@@ -24,6 +24,7 @@ FocusScope {
         iconSize: Metrics.ComposerIconSize
         color: Theme.fontBasicColor
         name: Strings.string("accessibility_send")
+        shortcut: ViewOptions.enterSends ? "Enter" : "Ctrl+Enter"
         onClicked: button.clicked()
 
         // The plane points in the direction of writing.

@@ -25,6 +25,11 @@ FocusScope {
         editor.forceActiveFocus()
     }
 
+    /// Inserts a text that was typed elsewhere in the conversation.
+    function type(text: string) {
+        editor.type(text)
+    }
+
     function send() {
         TextEditHelper.commit()
         // Returns the focus for the next message; but a tap must not open the on-screen keyboard.

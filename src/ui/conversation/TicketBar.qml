@@ -27,6 +27,7 @@ Rectangle {
         mirrors: true
         color: Theme.accentColor
         name: Strings.hostString("Back")
+        shortcut: "Esc"
         onClicked: bar.backRequested()
     }
 

@@ -57,6 +57,30 @@ FocusScope {
         }
     }
 
+    /// Inserts a text that was typed anywhere in the conversation into the draft.
+    function type(text: string) {
+        composer.type(text)
+    }
+
+    // The ground of the composer, to the edges of the window.
+    Rectangle {
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        height: parent.height - composer.y
+        color: Theme.chatBackgroundColor
+
+        Rectangle {
+            anchors.bottom: parent.top
+            width: parent.width
+            height: Metrics.Padding
+            gradient: Gradient {
+                GradientStop { position: 0; color: Qt.alpha(Theme.chatBackgroundColor, 0) }
+                GradientStop { position: 1; color: Theme.chatBackgroundColor }
+            }
+        }
+    }
+
     TicketComposer {
         id: composer
 

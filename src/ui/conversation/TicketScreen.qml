@@ -30,6 +30,14 @@ FocusScope {
         conversation.appear()
     }
 
+    Keys.onPressed: event => {
+        // Control characters have shortcuts of their own.
+        const isText = event.text.length > 0 && event.text >= " " && event.text !== "\x7f"
+        if (isText && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))) {
+            view.type(event.text)
+            event.accepted = true
+        }
+    }
     Keys.onEscapePressed: navigation.goBack()
     Keys.onBackPressed: navigation.goBack()
 
@@ -57,6 +65,8 @@ FocusScope {
     }
 
     TicketContentView {
+        id: view
+
         anchors.top: bar.bottom
         anchors.bottom: parent.bottom
         width: parent.width

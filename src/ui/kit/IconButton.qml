@@ -12,10 +12,25 @@ Pressable {
     property bool mirrors: false
     property real iconSize: Metrics.IconSize
     property real iconOpacity: enabled ? 1 : 0.3
+    /// The keys that do the same, for the tooltip.
+    property string shortcut
 
     implicitWidth: Metrics.ButtonSize
     implicitHeight: Metrics.ButtonSize
     focusRing.tint: color
+    hoverEnabled: true
+
+    Rectangle {
+        anchors.fill: parent
+        radius: Metrics.ItemRadius
+        color: button.color
+        opacity: button.enabled && button.isHovered ? 0.12 : 0
+    }
+
+    ToolTip {
+        text: button.shortcut.length > 0 ? button.name + " (" + button.shortcut + ")" : button.name
+        isWanted: button.isHovered && !button.isPressed
+    }
 
     Icon {
         anchors.centerIn: parent

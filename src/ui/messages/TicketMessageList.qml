@@ -156,6 +156,15 @@ Item {
         }
     }
 
+    NewestButton {
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        anchors.rightMargin: Metrics.Padding
+        anchors.bottomMargin: list.bottomContentMargin
+        isWanted: rows.end - flickable.contentY > list.height / 2
+        onClicked: list.scrollToEnd(Metrics.TransitionDuration)
+    }
+
     Component {
         id: typing
 

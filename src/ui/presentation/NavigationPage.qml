@@ -12,6 +12,22 @@ FocusScope {
     required property ScreenData screen
     required property bool isOnTop
 
+    Keys.onPressed: event => {
+        const backwards = LayoutMirroring.enabled ? Qt.Key_Right : Qt.Key_Left
+        if (event.key === backwards && event.modifiers & Qt.AltModifier) {
+            screen.navigation.goBack()
+            event.accepted = true
+        }
+    }
+
+    // The mouse's back button; other buttons pass through.
+    MouseArea {
+        z: 1
+        anchors.fill: parent
+        acceptedButtons: Qt.BackButton
+        onClicked: page.screen.navigation.goBack()
+    }
+
     Loader {
         id: content
 

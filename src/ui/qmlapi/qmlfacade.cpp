@@ -118,6 +118,11 @@ void QmlFacade::setScreenshotEnabled(bool enabled)
     Tolvane::setScreenshotEnabled(enabled);
 }
 
+void QmlFacade::setEnterSends(bool sends)
+{
+    Tolvane::setEnterSends(sends);
+}
+
 void QmlFacade::open()
 {
     Tolvane::open();

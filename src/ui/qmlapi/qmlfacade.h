@@ -79,6 +79,7 @@ public:
     Q_INVOKABLE void updateCustomer(const QVariant &email = {},
                                     const QVariant &originalCustomerId = {});
     Q_INVOKABLE void setScreenshotEnabled(bool enabled);
+    Q_INVOKABLE void setEnterSends(bool sends);
     Q_INVOKABLE void open();
     Q_INVOKABLE void openConversation(const QString &id);
     Q_INVOKABLE void openNewConversation(const QString &text = {});

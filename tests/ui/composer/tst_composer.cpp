@@ -6,6 +6,8 @@
 #include "ui/composer/composerdata.h"
 #include "ui/presentation/viewsengine.h"
 
+#include <tolvane/tolvane.h>
+
 #include <QtCore/QMimeData>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QClipboard>
@@ -127,11 +129,11 @@ private Q_SLOTS:
         const double rest = fixture.item->implicitHeight();
         fixture.type(u" "_s);
         QVERIFY(!fixture.hasPlaceholder());
-        fixture.press(Qt::Key_Return);
+        fixture.press(Qt::Key_Return, Qt::ShiftModifier);
         QCOMPARE(fixture.store->message(), u" \n"_s);
         QTRY_VERIFY(fixture.item->implicitHeight() >= rest + 15); // The cursor's empty line counts.
         for (int i = 0; i < 20; ++i)
-            fixture.press(Qt::Key_Enter);
+            fixture.press(Qt::Key_Enter, Qt::ShiftModifier);
         QTRY_COMPARE(fixture.item->implicitHeight(), 220);
         const auto cursor = fixture.editor()->property("cursorRectangle").toRectF();
         const auto isInSight = [&] {
@@ -145,6 +147,39 @@ private Q_SLOTS:
         QTRY_VERIFY(isInSight());
         fixture.store->setMessage({});
         QTRY_COMPARE(fixture.item->implicitHeight(), rest);
+    }
+
+    void enterSendsOrBreaksTheLine_data()
+    {
+        QTest::addColumn<bool>("enterSends");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("preedit");
+        QTest::addColumn<bool>("isSent");
+        const Qt::KeyboardModifiers none;
+        QTest::newRow("Enter") << true << none << QString() << true;
+        QTest::newRow("Ctrl+Enter")
+            << true << Qt::KeyboardModifiers(Qt::ControlModifier) << QString() << true;
+        QTest::newRow("Shift+Enter")
+            << true << Qt::KeyboardModifiers(Qt::ShiftModifier) << QString() << false;
+        QTest::newRow("while composing") << true << none << u"に"_s << false;
+        QTest::newRow("as the host wants") << false << none << QString() << false;
+    }
+
+    void enterSendsOrBreaksTheLine()
+    {
+        QFETCH(const bool, enterSends);
+        QFETCH(const Qt::KeyboardModifiers, modifiers);
+        QFETCH(const QString, preedit);
+        QFETCH(const bool, isSent);
+        ComposerFixture fixture;
+        Tolvane::setEnterSends(enterSends);
+        QVERIFY(fixture.isReady());
+        fixture.type(u"hi"_s);
+        if (!preedit.isEmpty())
+            fixture.compose(preedit);
+        fixture.press(Qt::Key_Return, modifiers);
+        QCOMPARE(!fixture.session->requests.isEmpty(), isSent);
+        QCOMPARE(fixture.store->message().isEmpty(), isSent);
     }
 
     void onlyASuccessfulSendClearsTheText()

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane.Private
+
+// A text beside its parent while the mouse rests on that. Lies over the whole window, and catches no
+// events.
+Item {
+    id: tip
+
+    required property string text
+    required property bool isWanted
+
+    property bool isShown: false
+
+    function place() {
+        const item = anchorItem
+        const edge = item.mapToItem(null, item.width / 2, 0)
+        const below = item.mapToItem(null, 0, item.height).y + 6
+        box.x = Math.max(4, Math.min(edge.x - box.width / 2, item.Window.width - box.width - 4))
+        box.y = edge.y - box.height - 6 < 4 ? below : edge.y - box.height - 6
+    }
+
+    readonly property Item anchorItem: parent
+
+    onIsWantedChanged: if (!isWanted) isShown = false
+
+    Timer {
+        interval: 700
+        running: tip.isWanted && tip.text.length > 0
+        onTriggered: {
+            tip.isShown = true
+            tip.place()
+        }
+    }
+
+    Rectangle {
+        id: box
+
+        parent: tip.isShown ? tip.anchorItem.Window.contentItem : tip
+        z: 2000002
+        width: label.width + 16
+        height: label.height + 8
+        radius: 6
+        color: Theme.isDark ? "#f2f2f2" : "#262629"
+        visible: tip.isShown
+
+        Text {
+            id: label
+
+            anchors.centerIn: parent
+            width: Math.min(implicitWidth, 280)
+            text: tip.text
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            font.pixelSize: Theme.caption
+            color: Theme.isDark ? "#262629" : "#f2f2f2"
+            Accessible.ignored: true
+        }
+    }
+}
