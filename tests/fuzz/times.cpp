@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Timestamps and schedules: a timestamp's zone and the order of schedules do not matter.
-#include "state/supportavailability.h"
-#include "state/timeago.h"
+#include "state/times/supportavailability.h"
+#include "state/times/timeago.h"
 #include "targets.h"
 #include "testing/fixture.h"
 

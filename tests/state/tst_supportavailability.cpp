@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/supportavailability.h"
+#include "state/times/supportavailability.h"
 #include "testing/fixture.h"
 
 #include <QtTest/QTest>

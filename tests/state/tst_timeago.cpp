@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/timeago.h"
+#include "state/times/timeago.h"
 #include "testing/fixture.h"
 
 #include <QtTest/QTest>

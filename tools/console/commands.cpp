@@ -7,7 +7,7 @@
 #include "protocoljson.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
-#include "state/timeago.h"
+#include "state/times/timeago.h"
 
 #include <tolvane/tolvane.h>
 

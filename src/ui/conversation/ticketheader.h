@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/supportavailability.h"
+#include "state/times/supportavailability.h"
 
 #include <QtCore/QString>
 

@@ -4,8 +4,8 @@
 #include "base/privateexport.h"
 #include "platform/async/notificationcenter.h"
 #include "state/destination.h"
-#include "state/supportavailability.h"
 #include "state/ticketdata.h"
+#include "state/times/supportavailability.h"
 #include "ui/composer/composerdata.h"
 #include "ui/messages/messagelistmodel.h"
 

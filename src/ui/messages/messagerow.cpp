@@ -2,7 +2,7 @@
 #include "ui/messages/messagerow.h"
 
 #include "platform/platform.h"
-#include "state/timeago.h"
+#include "state/times/timeago.h"
 #include "ui/kit/isolatedtext.h"
 #include "ui/markdown/inlinemarkdown.h"
 #include "ui/messages/messagechunks.h"

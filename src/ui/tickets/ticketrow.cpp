@@ -2,7 +2,7 @@
 #include "ui/tickets/ticketrow.h"
 
 #include "platform/platform.h"
-#include "state/timeago.h"
+#include "state/times/timeago.h"
 #include "state/unreadtickets.h"
 #include "ui/kit/isolatedtext.h"
 #include "ui/markdown/inlinemarkdown.h"

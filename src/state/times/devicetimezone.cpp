@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/devicetimezone.h"
+#include "state/times/devicetimezone.h"
 
 #include "platform/platform.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "state/supportavailability.h"
+#include "state/times/supportavailability.h"
 
 #include "platform/platform.h"
-#include "state/devicetimezone.h"
+#include "state/times/devicetimezone.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
