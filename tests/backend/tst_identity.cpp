@@ -5,6 +5,7 @@
 #include "base/ulid.h"
 #include "testing/fixture.h"
 
+#include <QtCore/QLoggingCategory>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -94,6 +95,26 @@ private Q_SLOTS:
         fixture.log->disabledTypes.clear();
         logger.log(static_cast<LogLevel>(level), u"disabled by the host"_s);
         QCOMPARE(fixture.log->lines.size(), 1);
+    }
+
+    void linesGoToTheCategoryWithTheirLevel()
+    {
+        static QStringList written;
+        const auto sink = makeLoggingCategorySink(u"com.example"_s, u"sink"_s);
+        const QtMessageHandler before = qInstallMessageHandler(
+            [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+                written +=
+                    QString::number(type) + u' ' + QLatin1String(context.category) + u' ' + text;
+            });
+        for (const LogType type : {LogType::debug, LogType::info, LogType::error, LogType::fault})
+            sink->write(type, u"100 %s"_s);
+        qInstallMessageHandler(before);
+        QStringList expected;
+        for (const QtMsgType type : {QtDebugMsg, QtInfoMsg, QtWarningMsg, QtCriticalMsg})
+            expected += QString::number(type) + u" com.example.sink 100 %s"_s;
+        QCOMPARE(written, expected);
+        QLoggingCategory::setFilterRules(u"com.example.sink.info=false"_s);
+        QVERIFY(!sink->isEnabled(LogType::info) && sink->isEnabled(LogType::fault));
     }
 };
 

@@ -219,6 +219,28 @@ private Q_SLOTS:
         QCOMPARE(properties.value(u"has_original_id"_s), originalId.has_value());
     }
 
+    void eventsHaveTheIdsOfTheirMoment()
+    {
+        FacadeFixture fixture;
+        fixture.initialize();
+        const QVariantMap own = {{u"device_model"_s, 5}, {u"error_code"_s, 5}, {u"kept"_s, 5}};
+        auto &analytics = TolvaneAnalyticsManager::shared();
+        analytics.trackUserAction(u"tapped"_s, u"home"_s, own);
+        Tolvane::updateCustomer({}, u"7"_s);
+        settle();
+        analytics.trackError(u"now"_s, own, UrlError(UrlError::timedOut));
+        const auto &events = fixture.delegate->events;
+        QCOMPARE(events.constFirst().customerId(), persistentstore::customerId());
+        QVERIFY(!events.constFirst().originalCustomerId());
+        QCOMPARE(events.constLast().originalCustomerId(), u"7"_s);
+        // The library's own properties replace those of the caller.
+        QVariantMap properties = events.constFirst().properties();
+        properties.insert(events.constLast().properties());
+        QCOMPARE(properties.value(u"device_model"_s), u"Test Model"_s);
+        QCOMPARE(properties.value(u"error_code"_s), -1001);
+        QCOMPARE(properties.value(u"kept"_s), 5);
+    }
+
     void aFailedUpdateKeepsTheOriginalId()
     {
         FacadeFixture fixture;

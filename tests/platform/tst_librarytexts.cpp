@@ -132,6 +132,17 @@ private Q_SLOTS:
         QTEST(LibraryTexts(languages).text(u"%lld timeago_minutes"_s, count), "text");
     }
 
+    void versionAndBuildOfTheHost()
+    {
+        const auto bundle = makeApplicationBundle();
+        QVERIFY(!bundle->hostVersion() && !bundle->hostBuild());
+        QCoreApplication::setApplicationVersion(u"2.0"_s);
+        QCOMPARE(bundle->hostVersion(), u"2.0"_s);
+        QVERIFY(!bundle->hostBuild());
+        QCoreApplication::instance()->setProperty("applicationBuild", 417);
+        QCOMPARE(bundle->hostBuild(), u"417"_s);
+    }
+
     void hostAndLibraryTranslationsAreSeparate()
     {
         qputenv("LANGUAGE", "it:pl");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <QtCore/QString>
 
 #include <memory>
@@ -25,6 +27,7 @@ public:
 
 /// Writes to the Qt logging category `subsystem`.`category`. A fault is logged as critical, since a
 /// fatal message would abort the host.
-std::unique_ptr<LogSink> makeLoggingCategorySink(const QString &subsystem, const QString &category);
+TOLVANE_AUTOTEST_EXPORT std::unique_ptr<LogSink> makeLoggingCategorySink(const QString &subsystem,
+                                                                         const QString &category);
 
 } // namespace tolvane
