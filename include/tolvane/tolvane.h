@@ -95,9 +95,10 @@ public:
     /// not the backend can be reached; absent forgets the stored one
     /// @return finishes, never with an error, when the update has been sent or has failed, and at
     /// once before initialize(). It may be discarded. Blocking on it from the main thread
-    /// deadlocks. A future that is pending when the application ends never finishes, so that none
-    /// of the host's continuations run in a process that is being destroyed; do not wait for it
-    /// after QCoreApplication::exec() has returned.
+    /// deadlocks. A future that is pending when the application quits
+    /// (QCoreApplication::aboutToQuit()), or when the process exits, is cancelled: threads that
+    /// wait for it continue, and none of the host's continuations run in a process that is being
+    /// destroyed.
     static QFuture<void> updateCustomer(const std::optional<QString> &email,
                                         const std::optional<QString> &originalCustomerId);
 

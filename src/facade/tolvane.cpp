@@ -11,6 +11,7 @@
 #include "facade/conversations.h"
 #include "facade/pushrouting.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/async/shutdownhook.h"
 #include "platform/platform.h"
 #include "state/conversationrequest.h"
 #include "state/hostoptions.h"
@@ -21,6 +22,8 @@
 #include <tolvane/version.h>
 
 #include <array>
+#include <memory>
+#include <mutex>
 
 namespace tolvane {
 
@@ -125,18 +128,53 @@ QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> 
     }
 }
 
-/// A promise that finishes when its last owner is destroyed, whatever happened to the work.
-std::shared_ptr<QPromise<void>> makeSelfFinishingPromise()
+/// The promise of an update, which finishes with its last owner, whatever happened to the work. The
+/// work stays suspended when the application ends, and a thread of the host may wait for it, so the
+/// promise is cancelled then.
+class UpdatePromise
 {
-    std::shared_ptr<QPromise<void>> promise(new QPromise<void>, [](QPromise<void> *owned) {
-        owned->finish();
-        delete owned;
-    });
-    promise->start();
-    return promise;
-}
+public:
+    UpdatePromise()
+    {
+        m_state->promise.start();
+        const auto cancel = [state = m_state] { state->finish(true); };
+        m_shutdownHook = onShutdown(cancel);
+        if (const QCoreApplication *app = QCoreApplication::instance())
+            m_quitting = QObject::connect(app, &QCoreApplication::aboutToQuit, cancel);
+    }
+    UpdatePromise(const UpdatePromise &) = delete;
+    UpdatePromise &operator=(const UpdatePromise &) = delete;
+    ~UpdatePromise()
+    {
+        QObject::disconnect(m_quitting);
+        m_state->finish(false);
+    }
 
-QCoro::Task<> holdUntilDone(QCoro::Task<> task, std::shared_ptr<QPromise<void>> promise)
+    QFuture<void> future() const { return m_state->promise.future(); }
+
+private:
+    struct State
+    {
+        /// QPromise would run continuations again.
+        void finish(bool isCancelled)
+        {
+            std::call_once(once, [&] {
+                if (isCancelled)
+                    promise.future().cancel();
+                promise.finish();
+            });
+        }
+
+        QPromise<void> promise;
+        std::once_flag once;
+    };
+
+    const std::shared_ptr<State> m_state = std::make_shared<State>();
+    ShutdownHook m_shutdownHook;
+    QMetaObject::Connection m_quitting;
+};
+
+QCoro::Task<> holdUntilDone(QCoro::Task<> task, std::shared_ptr<UpdatePromise> promise)
 {
     const auto owner = std::move(promise);
     co_await task;
@@ -186,7 +224,7 @@ void Tolvane::setAnalyticsDelegate(const std::shared_ptr<TolvaneAnalyticsDelegat
 QFuture<void> Tolvane::updateCustomer(const std::optional<QString> &email,
                                       const std::optional<QString> &originalCustomerId)
 {
-    const auto promise = makeSelfFinishingPromise();
+    const auto promise = std::make_shared<UpdatePromise>();
     QFuture<void> future = promise->future();
     whenInitialized(
         [=] { detach(holdUntilDone(sendCustomer(email, originalCustomerId), promise)); });

@@ -9,6 +9,7 @@
 #include <QtCore/QThread>
 
 #include <cstdlib>
+#include <thread>
 
 using namespace tolvane;
 
@@ -29,17 +30,28 @@ QCoro::Task<> workAWhile()
     co_await awaitFuture(work);
 }
 
+/// A thread of the host that waits for an update. The process waits for the thread.
+std::jthread waitForUpdate()
+{
+    return std::jthread([] {
+        QFuture<void> done = Tolvane::updateCustomer({}, QStringLiteral("id"));
+        const QFuture<void> next = done.then([] { std::_Exit(EXIT_FAILURE); });
+        done.waitForFinished();
+    });
+}
+
 } // namespace
 
 /// Ends the process during the work that its first argument names. The second argument is "return"
 /// or "exit".
 int main(int argc, char **argv)
 {
+    static std::jthread waiting; // Joined at exit.
     QCoreApplication app(argc, argv);
     const QByteArray busy = argv[1];
     Tolvane::initialize(QStringLiteral("key")); // Its settings request is in flight too.
     if (busy == "request")
-        Tolvane::updateCustomer({}, QStringLiteral("id"));
+        waiting = waitForUpdate();
     else if (busy == "sleep")
         detach(sleepLong());
     else if (busy == "work")
@@ -52,5 +64,8 @@ int main(int argc, char **argv)
             std::exit(3);
         QCoreApplication::exit(3);
     });
-    return QCoreApplication::exec();
+    const int result = QCoreApplication::exec();
+    if (waiting.joinable())
+        waiting.join();
+    return result;
 }
