@@ -4,6 +4,7 @@
 #include <QtCore/QCoreApplication>
 
 #include <atomic>
+#include <cstdlib>
 #include <mutex>
 #include <vector>
 
@@ -48,10 +49,17 @@ void shutDownWithApplication()
     registry().isShuttingDown = false; // The process may create another application object.
 }
 
-// For processes that call exit() while the application object exists.
+/// For processes that call exit() while the application object exists.
+void shutDownAtExit()
+{
+    static std::atomic<bool> isDone = false;
+    if (!isDone.exchange(true))
+        shutDown();
+}
+
 struct AtExit
 {
-    ~AtExit() { shutDown(); }
+    ~AtExit() { shutDownAtExit(); }
 };
 
 } // namespace
@@ -66,6 +74,11 @@ ShutdownHook onShutdown(std::function<void()> stop)
     if (!std::exchange(registry().hooked, true))
         qAddPostRoutine(shutDownWithApplication);
     return function;
+}
+
+void shutDownBeforeLoadedLibraries()
+{
+    std::atexit(shutDownAtExit);
 }
 
 bool isShuttingDown()

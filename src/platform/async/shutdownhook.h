@@ -16,7 +16,11 @@ using ShutdownHook = std::shared_ptr<void>;
 /// The library's instances are never destroyed, but their threads must stop before the process
 /// destroys the objects that they use. Functions run in the reverse order of registration, on the
 /// thread that ends the process, and possibly more than once. Safe from any thread.
-[[nodiscard]] ShutdownHook onShutdown(std::function<void()> stop);
+[[nodiscard]] TOLVANE_PRIVATE_EXPORT ShutdownHook onShutdown(std::function<void()> stop);
+
+/// At exit, calls those functions before anything is destroyed that exists now. The graphics
+/// driver, for example, is loaded with the first window. Safe from any thread.
+TOLVANE_PRIVATE_EXPORT void shutDownBeforeLoadedLibraries();
 
 /// True while those functions run. A stopped service must not be started again by one that still
 /// runs. Safe from any thread.

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/presentation/messengerwindow.h"
 
+#include "base/mainthread.h"
 #include "platform/platform.h"
 #include "state/hostoptions.h"
 #include "ui/presentation/panelrules.h"
 
+#include <QtCore/QSignalBlocker>
 #include <QtGui/QGuiApplication>
 
 namespace tolvane {
@@ -22,6 +24,19 @@ QWindow *topLevel(QWindow *window)
     while (window && window->parent())
         window = window->parent();
     return window;
+}
+
+/// Stops the render thread, which draws animations until the process has ended. exit() would
+/// destroy what the thread uses.
+void stopRendering(QQuickWindow *window)
+{
+#ifndef Q_OS_WIN // The system has ended all other threads by then.
+    // The application object stops rendering itself.
+    if (!window || !isMainThread() || QCoreApplication::closingDown())
+        return;
+    const QSignalBlocker hostsHandlersMustNotRun(window);
+    window->hide();
+#endif
 }
 
 } // namespace
@@ -84,6 +99,13 @@ void MessengerWindow::placeInHost()
 
 void MessengerWindow::open()
 {
+    m_shutdownHook = onShutdown([window = m_window] { stopRendering(window); });
+    shutDownBeforeLoadedLibraries();
+    if (!m_window->isSceneGraphInitialized()) {
+        // The render thread loads the graphics driver until then.
+        QObject::connect(m_window, &QQuickWindow::sceneGraphInitialized, m_window,
+                         shutDownBeforeLoadedLibraries, Qt::DirectConnection);
+    }
     if (!m_ownWindow)
         return;
     m_ownWindow->show();
@@ -93,6 +115,7 @@ void MessengerWindow::open()
 
 void MessengerWindow::close()
 {
+    m_shutdownHook.reset();
     if (m_window.isNull())
         (void)m_ownWindow.release(); // Destroyed with the host's window.
     if (m_ownWindow)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/async/shutdownhook.h"
+
 #include <QtCore/QPointer>
 #include <QtQuick/QQuickWindow>
 
@@ -22,10 +24,13 @@ public:
     /// window.
     static QWindow *foregroundWindow();
 
+    /// The messenger's own window; null if the host's window shows it.
+    QQuickWindow *ownWindow() const { return m_ownWindow.get(); }
     /// Null once it is destroyed, with the host's window for instance.
     QQuickWindow *window() const { return m_window; }
     QWindow *host() const { return m_host; }
 
+    /// A process that ends with exit() while the messenger is open does not crash from then on.
     void open();
     void close();
 
@@ -41,6 +46,7 @@ private:
     QPointer<QWindow> m_host;
     QPointer<QQuickWindow> m_window;
     std::unique_ptr<QQuickWindow, DeleteLater> m_ownWindow;
+    ShutdownHook m_shutdownHook;
 };
 
 } // namespace tolvane

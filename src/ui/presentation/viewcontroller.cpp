@@ -104,9 +104,23 @@ bool TolvaneViewController::viewDidLoad()
     closeWith(m_messengerWindow.host());
     connect(m_messengerWindow.window(), &QObject::destroyed, this,
             &TolvaneViewController::viewDidDisappear);
+    if (QQuickWindow *own = m_messengerWindow.ownWindow()) {
+        // Without a receiver of this signal Qt would abort the host. Queued, since the slot deletes
+        // the window.
+        connect(own, &QQuickWindow::sceneGraphError, this, &TolvaneViewController::graphicsFailed,
+                Qt::QueuedConnection);
+    }
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this,
             &TolvaneViewController::viewDidDisappear);
     return true;
+}
+
+void TolvaneViewController::graphicsFailed(QQuickWindow::SceneGraphError /*error*/,
+                                           const QString &message)
+{
+    Logger::shared().log(LogLevel::error,
+                         QStringLiteral("The messenger cannot be drawn: ") + message);
+    viewDidDisappear();
 }
 
 void TolvaneViewController::viewDidDisappear()

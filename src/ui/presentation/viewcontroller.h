@@ -34,6 +34,7 @@ public:
 private:
     void presentOver(QWindow &window);
     bool viewDidLoad();
+    void graphicsFailed(QQuickWindow::SceneGraphError error, const QString &message);
     void viewDidDisappear();
     void closeTapped();
 

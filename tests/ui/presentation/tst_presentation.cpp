@@ -232,27 +232,37 @@ private Q_SLOTS:
     void itClosesWithTheHostsWindow_data()
     {
         QTest::addColumn<bool>("isDestroyed");
-        QTest::newRow("closed") << false;
-        QTest::newRow("destroyed") << true;
+        QTest::addColumn<bool>("isQuick");
+        QTest::newRow("closed") << false << true;
+        QTest::newRow("destroyed") << true << true;
+        QTest::newRow("closed, raster") << false << false;
+        QTest::newRow("destroyed, raster") << true << false;
     }
 
     void itClosesWithTheHostsWindow()
     {
         QFETCH(const bool, isDestroyed);
+        QFETCH(const bool, isQuick);
         MessengerFixture fixture;
-        auto window = std::make_unique<QQuickView>();
-        window->resize(300, 300);
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        open();
-        QCOMPARE(fixture.openStates(), QList<bool>{true});
-        if (isDestroyed)
-            window.reset();
-        else
-            window->close();
-        settle();
-        QCOMPARE(fixture.openStates(), QList<bool>({true, false}));
-        QVERIFY(!SdkData::shared()->isOpen());
+        for (int round = 0; round < 2; ++round) {
+            std::unique_ptr<QWindow> window;
+            if (isQuick)
+                window = std::make_unique<QQuickView>();
+            else
+                window = std::make_unique<QRasterWindow>();
+            window->resize(300, 300);
+            window->show();
+            QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+            open();
+            QVERIFY(Tolvane::isOpen());
+            if (isDestroyed)
+                window.reset();
+            else
+                window->close();
+            settle();
+            QVERIFY(!Tolvane::isOpen() && !SdkData::shared()->isOpen());
+        }
+        QCOMPARE(fixture.openStates(), QList<bool>({true, false, true, false}));
     }
 
     void otherHostsGetAModalWindow_data()
