@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Timestamps and schedules: a timestamp's zone and the order of schedules do not matter.
+#include "base/isodatetime.h"
 #include "state/times/supportavailability.h"
 #include "state/times/timeago.h"
 #include "targets.h"
@@ -21,7 +22,7 @@ void checkTimestamp(const QString &text)
     require(words.contains(u"timeago_"_s), "each timestamp has a text");
     if (words == invalid)
         return;
-    const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
+    const QDateTime moment = isoDateTime(text, IsoZone::BasicOffset);
     require(moment.isValid() && text.size() == 24, "a valid timestamp is a moment");
     for (const int offset : {-12 * 3600, 0, 5 * 3600 + 45 * 60}) {
         const QDateTime there = moment.toOffsetFromUtc(offset);

@@ -82,7 +82,8 @@ private Q_SLOTS:
         for (const char *unreadable :
              {"", "09:00", "2026-06-10", "2026-06-10T09:00:00", "2026-06-10T09:00Z",
               "2026-06-10T09:00:00.000Z", "2026-06-10 09:00:00Z", "2026-02-30T09:00:00Z",
-              "2026-06-10T25:00:00Z", "2026-06-10T09:00:00+2400", "2026-06-10T09:00:00Z "}) {
+              "2026-06-10T24:00:00Z", "2026-06-10T25:00:00Z", "2026-06-10T09:00:00+2400",
+              "2026-06-10T09:00:00Z "}) {
             const QString text = QString::fromUtf8(unreadable);
             const QString fine = u"2026-06-10T13:00:00Z"_s;
             row(qPrintable(u"start "_s + text), noon, {schedule(text, fine, week)}, closed);

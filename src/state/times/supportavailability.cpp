@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "state/times/supportavailability.h"
 
+#include "base/isodatetime.h"
 #include "platform/platform.h"
 #include "state/times/devicetimezone.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -30,12 +30,7 @@ bool isOn(const ScheduleDto &schedule, QDate date)
 /// The device's time of day at an ISO 8601 date-time, without seconds.
 std::optional<QTime> timeOfDay(const QString &text, const QTimeZone &zone)
 {
-    static const QRegularExpression format(QRegularExpression::anchoredPattern(
-        QStringLiteral("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}"
-                       "(Z|[+-]([01][0-9]|2[0-3]):?[0-5][0-9])")));
-    if (!format.match(text).hasMatch())
-        return std::nullopt;
-    const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
+    const QDateTime moment = isoDateTime(text, IsoZone::Any);
     if (!moment.isValid())
         return std::nullopt;
     const QTime time = moment.toTimeZone(zone).time();
@@ -46,7 +41,7 @@ std::optional<QTime> timeOfDay(const QString &text, const QTimeZone &zone)
 /// gap if it does not occur. QDateTime of Qt 6.4 is inconsistent in both cases.
 QDateTime fromLocalTime(QDate date, QTime time, const QTimeZone &zone)
 {
-    const QDateTime local(date, time, Qt::UTC);
+    const QDateTime local(date, time, QTimeZone::utc());
     const auto before = local.addSecs(-zone.offsetFromUtc(local.addSecs(-secondsPerDay)));
     const auto after = local.addSecs(-zone.offsetFromUtc(local.addSecs(secondsPerDay)));
     const auto isLocalTime = [&](const QDateTime &moment) {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "state/times/timeago.h"
 
+#include "base/isodatetime.h"
 #include "platform/platform.h"
 #include "state/times/devicetimezone.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -17,23 +17,6 @@ namespace {
 constexpr qint64 minute = 60;
 constexpr qint64 hour = 60 * minute;
 constexpr qint64 day = 24 * hour;
-
-/// The moment in UTC; invalid for any other format.
-QDateTime parsed(const QString &timestamp)
-{
-    // Qt's parser accepts more formats, which differ between versions.
-    static const QRegularExpression format(QRegularExpression::anchoredPattern(
-        QStringLiteral("([0-9]{4}-[0-9]{2}-[0-9]{2})T([0-9]{2}:[0-9]{2}:[0-9]{2})"
-                       "([+-])([01][0-9]|2[0-3])([0-5][0-9])")));
-    const auto match = format.match(timestamp);
-    const QDate date = QDate::fromString(match.captured(1), Qt::ISODate);
-    const QTime time = QTime::fromString(match.captured(2), QStringLiteral("HH:mm:ss"));
-    if (!date.isValid() || !time.isValid())
-        return {};
-    const qint64 offset = match.captured(4).toInt() * hour + match.captured(5).toInt() * minute;
-    const bool isAhead = match.captured(3) == QLatin1String("+");
-    return QDateTime(date, time, Qt::UTC).addSecs(isAhead ? -offset : offset);
-}
 
 /// The moment `days` later at the same time of day, or the end of the gap if that time does not
 /// occur, for which Qt 6.4's addDays() is wrong.
@@ -86,7 +69,7 @@ constexpr std::array rules = {
 QString timeAgoText(const QString &timestamp)
 {
     const Bundle &bundle = *platform().bundle;
-    const QDateTime start = parsed(timestamp);
+    const QDateTime start = isoDateTime(timestamp, IsoZone::BasicOffset);
     if (!start.isValid())
         return bundle.string(QStringLiteral("timeago_invalid"));
 
