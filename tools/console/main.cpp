@@ -2,6 +2,8 @@
 #include "interactivemode.h"
 #include "jsonmode.h"
 
+#include <tolvane/versionnumber.h>
+
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
 
@@ -13,7 +15,7 @@ int main(int argc, char **argv)
     QCoreApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Tolvane"));
     QCoreApplication::setApplicationName(QStringLiteral("tolvane-console"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("1.0.0"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(TOLVANE_VERSION_STR));
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
