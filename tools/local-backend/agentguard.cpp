@@ -40,31 +40,54 @@ bool isOneOf(std::string_view value, std::initializer_list<std::string_view> acc
     return std::find(accepted.begin(), accepted.end(), value) != accepted.end();
 }
 
+bool isLoopbackName(std::string_view name)
+{
+    return std::any_of(loopbackNames.begin(), loopbackNames.end(),
+                       [name](std::string_view own) { return equalIgnoringCase(name, own); });
+}
+
+bool isAddress(std::string_view name)
+{
+    return (name.starts_with('[') && name.ends_with(']')) ||
+           name.find_first_not_of("0123456789.") == name.npos;
+}
+
+bool isSameOrigin(const Request &request)
+{
+    const std::string own = "http://" + request.header("Host");
+    return isOneOf(request.header("Origin"), {"", own}) &&
+           isOneOf(request.header("Sec-Fetch-Site"), {"", "none", "same-origin"});
+}
+
 } // namespace
 
-void rejectRemoteRequests(const httplib::Request &request)
+void rejectRemoteRequests(const Request &request)
 {
-    if (!isLoopback(request.remote_addr))
+    if (!isLoopback(request.remoteAddress))
         throw HttpError(forbidden, "the agent page is available on the backend's machine only");
-    const std::string host = request.get_header_value("Host");
-    const auto isHost = [name = withoutPort(host)](std::string_view own) {
-        return equalIgnoringCase(name, own);
-    };
-    if (std::none_of(loopbackNames.begin(), loopbackNames.end(), isHost))
+    const std::string host = request.header("Host");
+    if (!isLoopbackName(withoutPort(host)))
         throw HttpError(forbidden,
                         "the Host of the agent page has to be localhost, 127.0.0.1 or [::1]");
 }
 
-void rejectCrossSiteRequests(const httplib::Request &request)
+void rejectCrossSiteRequests(const Request &request)
 {
-    const std::string own = "http://" + request.get_header_value("Host");
-    const bool isOwn =
-        isOneOf(request.get_header_value("Origin"), {"", own}) &&
-        isOneOf(request.get_header_value("Sec-Fetch-Site"), {"", "none", "same-origin"});
-    if (!isOwn)
+    if (!isSameOrigin(request))
         throw HttpError(forbidden, "cross-site requests are not allowed");
-    if (methodOf(request) != "GET" && !request.has_header(agentHeader))
+    if (methodOf(request) != "GET" && !request.hasHeader(agentHeader))
         throw HttpError(forbidden, std::string("the header ") + agentHeader + " is missing");
+}
+
+void rejectForeignPages(const Request &request, const std::string &host)
+{
+    const std::string header = request.header("Host");
+    const std::string_view name = withoutPort(header);
+    if (!isLoopbackName(name) && !isAddress(name) && !equalIgnoringCase(name, host))
+        throw HttpError(forbidden,
+                        "the Host has to be localhost, an address or the name in --host");
+    if (!isSameOrigin(request))
+        throw HttpError(forbidden, "cross-site requests are not allowed");
 }
 
 } // namespace tolvane::backend

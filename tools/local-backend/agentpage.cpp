@@ -46,21 +46,24 @@ constexpr std::array<PageFile, 11> files = {{
 void respondWithPage(const RequestContext &context)
 {
     if (methodOf(context.request) != "GET") {
-        context.response.set_header("Allow", "GET");
+        context.response.setHeader("Allow", "GET");
         throw HttpError(405, "the page supports GET only");
     }
     const std::string_view path = pathOf(context.request);
-    if (path == "/" || path == "/agent/")
-        return context.response.set_redirect(std::string(pagePath));
+    if (path == "/" || path == "/agent/") {
+        context.response.status = 302;
+        context.response.setHeader("Location", std::string(pagePath));
+        return;
+    }
     const auto file = std::find_if(files.begin(), files.end(),
                                    [path](const PageFile &known) { return known.path == path; });
     if (file == files.end())
         throw HttpError(404, "there is no such path");
-    context.response.set_header("Content-Security-Policy", policy);
-    context.response.set_header("Cross-Origin-Opener-Policy", "same-origin");
-    context.response.set_header("Cross-Origin-Resource-Policy", "same-origin");
-    context.response.set_header("Referrer-Policy", "no-referrer");
-    context.response.set_content(asset(file->asset), file->type);
+    context.response.setHeader("Content-Security-Policy", policy);
+    context.response.setHeader("Cross-Origin-Opener-Policy", "same-origin");
+    context.response.setHeader("Cross-Origin-Resource-Policy", "same-origin");
+    context.response.setHeader("Referrer-Policy", "no-referrer");
+    context.response.setContent(asset(file->asset), file->type);
 }
 
 } // namespace tolvane::backend

@@ -46,9 +46,9 @@ std::optional<bool> optionalBoolean(const QJsonObject &object, const char *key)
 
 } // namespace
 
-AgentMessage parseAgentMessage(const httplib::Request &request, const std::string &body)
+AgentMessage parseAgentMessage(const Request &request)
 {
-    Form form = parseForm(request, body);
+    Form form = parseForm(request);
     AgentMessage answer;
     answer.author = agentNamed(form.texts["as"], "as");
     if (answer.author == Author::Human)
@@ -59,9 +59,9 @@ AgentMessage parseAgentMessage(const httplib::Request &request, const std::strin
     return answer;
 }
 
-Upload parsePicture(const httplib::Request &request, const std::string &body)
+Upload parsePicture(const Request &request)
 {
-    Form form = parseForm(request, body);
+    Form form = parseForm(request);
     if (form.uploads.size() != 1 || form.uploads.front().bytes.empty())
         throw HttpError(400, "a picture is one file that is not empty");
     Upload &picture = form.uploads.front();

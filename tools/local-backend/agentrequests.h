@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "httpmessage.h"
 #include "records.h"
 
-#include <httplib.h>
 #include <string>
 
 namespace tolvane::backend {
 
 /// Parse multipart bodies. Throw an HttpError.
-AgentMessage parseAgentMessage(const httplib::Request &request, const std::string &body);
-Upload parsePicture(const httplib::Request &request, const std::string &body);
+AgentMessage parseAgentMessage(const Request &request);
+Upload parsePicture(const Request &request);
 
 /// Parse JSON bodies. Throw an HttpError.
 TicketChange parseTicketChange(const std::string &body);

@@ -66,13 +66,12 @@ const std::vector<AgentRoutes::Route> AgentRoutes::routes = {
     {"GET", "events", noBody, &AgentRoutes::getEvents},
 };
 
-AgentRoutes::AgentRoutes(Backend &backend, const HttpServer &server)
+AgentRoutes::AgentRoutes(Backend &backend)
     : m_backend(backend)
-    , m_server(server)
 {
 }
 
-bool AgentRoutes::handles(const httplib::Request &request)
+bool AgentRoutes::handles(const Request &request)
 {
     const std::string_view path = pathOf(request);
     return path == "/" || path == "/agent" || path.starts_with("/agent/");
@@ -81,14 +80,14 @@ bool AgentRoutes::handles(const httplib::Request &request)
 void AgentRoutes::dispatch(RequestContext &context) const
 {
     rejectRemoteRequests(context.request);
-    context.response.set_header("Cache-Control", "no-store");
-    context.response.set_header("X-Content-Type-Options", "nosniff");
+    context.response.setHeader("Cache-Control", "no-store");
+    context.response.setHeader("X-Content-Type-Options", "nosniff");
     context.path = componentsAfter(prefix, context.request);
     if (context.path.empty())
         return respondWithPage(context);
     rejectCrossSiteRequests(context.request);
     const Route &route = findRoute(routes, context);
-    if (context.body.size() > route.largestBody)
+    if (context.request.body.size() > route.largestBody)
         throw HttpError(413, "the body is too large");
     (this->*route.handler)(context);
 }
@@ -108,7 +107,7 @@ void AgentRoutes::getTicket(const RequestContext &context) const
 void AgentRoutes::changeTicket(const RequestContext &context) const
 {
     const std::string id = context.pathComponent(1);
-    const bool changed = m_backend.store.changeTicket(id, parseTicketChange(context.body));
+    const bool changed = m_backend.store.changeTicket(id, parseTicketChange(context.request.body));
     m_backend.replyScheduler.wake();
     context.respond(toJson(orNotFound(changed ? m_backend.store.agentTicket(id) : std::nullopt),
                            renderContext(context)));
@@ -116,7 +115,7 @@ void AgentRoutes::changeTicket(const RequestContext &context) const
 
 void AgentRoutes::postMessage(const RequestContext &context) const
 {
-    const AgentMessage answer = parseAgentMessage(context.request, context.body);
+    const AgentMessage answer = parseAgentMessage(context.request);
     const std::string path = answer.person ? answer.person->picture : std::string();
     if (const auto slash = path.find('/');
         !path.empty() && (slash == std::string::npos ||
@@ -128,7 +127,7 @@ void AgentRoutes::postMessage(const RequestContext &context) const
 
 void AgentRoutes::pushToDevice(const RequestContext &context) const
 {
-    const CustomPush push = parsePush(context.body);
+    const CustomPush push = parsePush(context.request.body);
     const std::string token =
         orNotFound(m_backend.store.agentTicket(context.pathComponent(1))).deviceToken;
     if (token.empty())
@@ -140,8 +139,7 @@ void AgentRoutes::pushToDevice(const RequestContext &context) const
 
 void AgentRoutes::addPicture(const RequestContext &context) const
 {
-    const std::string path =
-        m_backend.store.addPicture(parsePicture(context.request, context.body));
+    const std::string path = m_backend.store.addPicture(parsePicture(context.request));
     context.respond(toJson(std::map<std::string, std::string>{
         {"path", path}, {"url", attachmentUrl(path, renderContext(context))}}));
 }
@@ -163,20 +161,21 @@ void AgentRoutes::getSettings(const RequestContext &context) const
 void AgentRoutes::saveBranding(const RequestContext &context) const
 {
     m_backend.settings.save(orBadRequest("the branding", [&] {
-        return parseEditedBranding(context.body, renderContext(context).baseUrl);
+        return parseEditedBranding(context.request.body, renderContext(context).baseUrl);
     }));
     respondAfterSave(context);
 }
 
 void AgentRoutes::saveSchedules(const RequestContext &context) const
 {
-    m_backend.settings.save(orBadRequest("the list", [&] { return parseSchedules(context.body); }));
+    m_backend.settings.save(
+        orBadRequest("the list", [&] { return parseSchedules(context.request.body); }));
     respondAfterSave(context);
 }
 
 void AgentRoutes::saveAutomatic(const RequestContext &context) const
 {
-    m_backend.settings.saveAnswersAutomatically(parseAutomatic(context.body));
+    m_backend.settings.saveAnswersAutomatically(parseAutomatic(context.request.body));
     m_backend.replyScheduler.wake();
     respondAfterSave(context);
 }
@@ -190,15 +189,12 @@ void AgentRoutes::respondAfterSave(const RequestContext &context) const
 void AgentRoutes::getEvents(const RequestContext &context) const
 {
     const auto changes = std::make_shared<ChangeStream>(m_backend.changeNotifier);
-    respondWithEvents(
-        context, m_server, changes->semaphore(),
-        [this, changes, renderContext = renderContext(context)](httplib::DataSink &sink) {
-            for (const std::string &id : changes->take()) {
-                if (!write(sink, eventOf(id, renderContext)))
-                    return false;
-            }
-            return true;
-        });
+    respondWithEvents(context, changes, [this, changes, renderContext = renderContext(context)] {
+        std::string events;
+        for (const std::string &id : changes->take())
+            events += eventOf(id, renderContext);
+        return events;
+    });
 }
 
 std::string AgentRoutes::eventOf(const std::string &ticketId,
@@ -212,7 +208,7 @@ std::string AgentRoutes::eventOf(const std::string &ticketId,
 
 RenderContext AgentRoutes::renderContext(const RequestContext &context) const
 {
-    return {baseUrlFor(context.request.get_header_value("Host")),
+    return {baseUrlFor(context.request.header("Host")),
             m_backend.settings.current()->schedules.json};
 }
 

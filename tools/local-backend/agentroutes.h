@@ -10,16 +10,15 @@
 namespace tolvane::backend {
 
 struct Backend;
-class HttpServer;
 
 /// The agent page, on which people answer as agents, and its API. Needs no key, but is available on
 /// this machine only.
 class AgentRoutes
 {
 public:
-    AgentRoutes(Backend &backend, const HttpServer &server);
+    explicit AgentRoutes(Backend &backend);
 
-    static bool handles(const httplib::Request &request);
+    static bool handles(const Request &request);
     /// Throws an HttpError.
     void dispatch(RequestContext &context) const;
 
@@ -44,7 +43,6 @@ private:
     RenderContext renderContext(const RequestContext &context) const;
 
     Backend &m_backend;
-    const HttpServer &m_server;
 };
 
 } // namespace tolvane::backend

@@ -9,7 +9,7 @@ namespace tolvane::backend {
 
 namespace {
 
-// Each stream occupies a worker thread of the server, as push streams do.
+// Each stream occupies a connection of the server, as push streams do.
 constexpr std::size_t maxStreams = 16;
 
 } // namespace
@@ -19,7 +19,7 @@ void ChangeNotifier::notify(const std::string &ticketId)
     const std::lock_guard lock(m_mutex);
     for (ChangeStream *stream : m_streams) {
         stream->m_ticketIds.insert(ticketId);
-        stream->m_semaphore.release();
+        stream->m_wakeup.release();
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pollablesemaphore.h"
+#include "wakeup.h"
 
 #include <mutex>
 #include <set>
@@ -35,7 +35,7 @@ public:
     ChangeStream &operator=(const ChangeStream &) = delete;
     ~ChangeStream();
 
-    const PollableSemaphore &semaphore() const { return m_semaphore; }
+    const Wakeup &wakeup() const { return m_wakeup; }
     std::set<std::string> take();
 
 private:
@@ -43,7 +43,7 @@ private:
 
     ChangeNotifier &m_notifier;
     std::set<std::string> m_ticketIds;
-    PollableSemaphore m_semaphore;
+    Wakeup m_wakeup;
 };
 
 } // namespace tolvane::backend

@@ -19,8 +19,8 @@ struct Part
 
 /// Parses a multipart/form-data body. Throws an HttpError that describes the error.
 ///
-/// httplib's own parser rejects a body that ends with its closing delimiter, and quotation marks
-/// within file names. Clients send both.
+/// libmicrohttpd's post processor takes the first quotation mark within a file name for its end.
+/// Clients send names with quotation marks.
 std::vector<Part> parseMultipart(std::string_view contentType, std::string_view body);
 
 } // namespace tolvane::backend

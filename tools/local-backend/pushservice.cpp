@@ -14,7 +14,7 @@ constexpr std::size_t maxBacklog = 100;
 constexpr std::size_t maxDevices = 256;
 constexpr std::size_t maxPushSize = 16'384;
 
-// Each stream occupies a worker thread of the server; most of them must stay free for requests.
+// Each stream occupies a connection of the server; most of them must stay free for requests.
 constexpr std::size_t maxStreams = 32;
 
 std::size_t sizeOf(const Message &message)
@@ -55,7 +55,7 @@ bool PushService::send(const std::string &token, Push push)
     if (device.backlog.size() > maxBacklog)
         device.backlog.pop_front();
     for (const PushStream *stream : device.streams)
-        stream->m_semaphore.release();
+        stream->m_wakeup.release();
     return true;
 }
 

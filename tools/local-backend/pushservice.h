@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "pollablesemaphore.h"
 #include "records.h"
+#include "wakeup.h"
 
 #include <cstdint>
 #include <deque>
@@ -62,7 +62,7 @@ public:
     ~PushStream();
 
     /// Released once for each new push.
-    const PollableSemaphore &semaphore() const { return m_semaphore; }
+    const Wakeup &wakeup() const { return m_wakeup; }
     /// The first push that is not confirmed.
     std::optional<NumberedPush> next() const;
     void confirm(std::uint64_t number);
@@ -73,7 +73,7 @@ private:
     PushService &m_service;
     const std::string m_token;
     std::uint64_t m_last = 0;
-    PollableSemaphore m_semaphore;
+    Wakeup m_wakeup;
 };
 
 } // namespace tolvane::backend

@@ -35,10 +35,10 @@ std::string textOf(const Part &part)
 
 } // namespace
 
-Form parseForm(const httplib::Request &request, const std::string &body)
+Form parseForm(const Request &request)
 {
     Form form;
-    for (const Part &part : parseMultipart(request.get_header_value(bodyType), body)) {
+    for (const Part &part : parseMultipart(request.header("Content-Type"), request.body)) {
         if (!isUtf8(part.name) || !isUtf8(part.fileName))
             throw HttpError(400, "a part's name is not UTF-8");
         if (part.name == "attachments[]")
@@ -77,10 +77,10 @@ std::optional<std::string> optionalText(const QJsonObject &object, const char *k
     return value.toString().toStdString();
 }
 
-std::string customerIdOf(const httplib::Request &request)
+std::string customerIdOf(const Request &request)
 {
     constexpr std::size_t maxLength = 128;
-    std::string id = request.get_header_value(customerHeader);
+    std::string id = request.header(customerHeader);
     if (id.empty())
         return newId();
     if (id.size() > maxLength || !std::all_of(id.begin(), id.end(), isVisible))
@@ -89,7 +89,7 @@ std::string customerIdOf(const httplib::Request &request)
     return id;
 }
 
-std::optional<std::string> queryItem(const httplib::Request &request, std::string_view name)
+std::optional<std::string> queryItem(const Request &request, std::string_view name)
 {
     const std::string_view target = request.target;
     const auto start = target.find('?');
@@ -103,19 +103,19 @@ std::optional<std::string> queryItem(const httplib::Request &request, std::strin
     return std::nullopt;
 }
 
-std::optional<std::uint64_t> lastEventIdOf(const httplib::Request &request)
+std::optional<std::uint64_t> lastEventIdOf(const Request &request)
 {
-    const std::string text = request.get_header_value("Last-Event-ID");
+    const std::string text = request.header("Last-Event-ID");
     std::uint64_t number = 0;
     const char *const end = text.data() + text.size();
     const auto [parsed, error] = std::from_chars(text.data(), end, number);
     return error == std::errc() && parsed == end ? std::optional(number) : std::nullopt;
 }
 
-std::string hostOf(const httplib::Request &request, const std::string &fallback)
+std::string hostOf(const Request &request, const std::string &fallback)
 {
     constexpr std::size_t maxLength = 255;
-    const std::string host = request.get_header_value("Host");
+    const std::string host = request.header("Host");
     const bool isValid =
         !host.empty() && host.size() <= maxLength &&
         std::all_of(host.begin(), host.end(), [](unsigned char c) {
@@ -130,9 +130,9 @@ std::string baseUrlFor(const std::string &host)
     return "http://" + host + "/api";
 }
 
-NewTicket parseNewTicket(const httplib::Request &request, const std::string &body)
+NewTicket parseNewTicket(const Request &request)
 {
-    Form form = parseForm(request, body);
+    Form form = parseForm(request);
     NewTicket ticket;
     ticket.channel = form.texts["channel"];
     for (const std::string_view field : deviceFields) {
@@ -144,9 +144,9 @@ NewTicket parseNewTicket(const httplib::Request &request, const std::string &bod
     return ticket;
 }
 
-NewMessage parseNewMessage(const httplib::Request &request, const std::string &body)
+NewMessage parseNewMessage(const Request &request)
 {
-    return parseMessage(parseForm(request, body));
+    return parseMessage(parseForm(request));
 }
 
 CustomerUpdate parseCustomerUpdate(const std::string &body)

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "httpmessage.h"
 #include "records.h"
 
 #include <QtCore/QJsonObject>
 
-#include <httplib.h>
 #include <string>
 
 namespace tolvane::backend {
@@ -13,17 +13,17 @@ namespace tolvane::backend {
 inline constexpr const char *customerHeader = "X-Tolvane-Customer";
 
 /// The request's customer id, or a new one. Throws an HttpError for an invalid id.
-std::string customerIdOf(const httplib::Request &request);
+std::string customerIdOf(const Request &request);
 
 /// The decoded value of a query item, empty for an item without a value. Returns nullopt when there
 /// is no such item.
-std::optional<std::string> queryItem(const httplib::Request &request, std::string_view name);
+std::optional<std::string> queryItem(const Request &request, std::string_view name);
 
 /// The number in the Last-Event-ID header: the last push that the client has received.
-std::optional<std::uint64_t> lastEventIdOf(const httplib::Request &request);
+std::optional<std::uint64_t> lastEventIdOf(const Request &request);
 
 /// The Host header, or `fallback` when the header is missing or not valid in a URL.
-std::string hostOf(const httplib::Request &request, const std::string &fallback);
+std::string hostOf(const Request &request, const std::string &fallback);
 
 /// Returns "http://127.0.0.1:8787/api" for the host "127.0.0.1:8787".
 std::string baseUrlFor(const std::string &host);
@@ -36,10 +36,10 @@ struct Form
 };
 
 /// Parse multipart bodies. Throw an HttpError.
-Form parseForm(const httplib::Request &request, const std::string &body);
+Form parseForm(const Request &request);
 NewMessage parseMessage(Form form);
-NewTicket parseNewTicket(const httplib::Request &request, const std::string &body);
-NewMessage parseNewMessage(const httplib::Request &request, const std::string &body);
+NewTicket parseNewTicket(const Request &request);
+NewMessage parseNewMessage(const Request &request);
 
 /// Parse JSON bodies. Throw an HttpError.
 QJsonObject parseObject(const std::string &body);

@@ -21,22 +21,22 @@ std::string RequestContext::pathComponent(std::size_t index) const
 
 void RequestContext::respond(const std::string &json) const
 {
-    response.set_content(json, jsonType);
+    response.setContent(json, jsonType);
 }
 
-void setError(httplib::Response &response, int status, const std::string &reason)
+void setError(Response &response, int status, const std::string &reason)
 {
     response.status = status;
-    response.set_content(toJson(std::map<std::string, std::string>{{"error", reason}}), jsonType);
+    response.setContent(toJson(std::map<std::string, std::string>{{"error", reason}}), jsonType);
 }
 
-std::string_view pathOf(const httplib::Request &request)
+std::string_view pathOf(const Request &request)
 {
     const std::string_view target = request.target;
     return target.substr(0, target.find('?'));
 }
 
-Path componentsAfter(std::string_view prefix, const httplib::Request &request)
+Path componentsAfter(std::string_view prefix, const Request &request)
 {
     const std::string_view path = pathOf(request);
     return path.starts_with(prefix) ? split(path.substr(prefix.size()), '/') : Path();
@@ -51,7 +51,7 @@ bool matches(const Path &path, std::string_view pattern)
                       });
 }
 
-std::string_view methodOf(const httplib::Request &request)
+std::string_view methodOf(const Request &request)
 {
     return request.method == "HEAD" ? std::string_view("GET") : std::string_view(request.method);
 }

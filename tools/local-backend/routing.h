@@ -2,8 +2,8 @@
 #pragma once
 
 #include "errors.h"
+#include "httpmessage.h"
 
-#include <httplib.h>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,9 +16,8 @@ using Path = std::vector<std::string_view>;
 /// A request and its response, with the data that handlers need.
 struct RequestContext
 {
-    const httplib::Request &request;
-    httplib::Response &response;
-    const std::string &body;
+    const Request &request;
+    Response &response;
     Path path = {};
     std::string customer = {};
 
@@ -26,16 +25,16 @@ struct RequestContext
     void respond(const std::string &json) const;
 };
 
-void setError(httplib::Response &response, int status, const std::string &reason);
+void setError(Response &response, int status, const std::string &reason);
 
 /// The percent-encoded path of the URL, without the query.
-std::string_view pathOf(const httplib::Request &request);
+std::string_view pathOf(const Request &request);
 /// The components after the prefix; empty when the path does not begin with it.
-Path componentsAfter(std::string_view prefix, const httplib::Request &request);
+Path componentsAfter(std::string_view prefix, const Request &request);
 /// A "*" in a pattern matches any single component that is not empty.
 bool matches(const Path &path, std::string_view pattern);
-/// Returns GET for HEAD, because httplib drops the body of its response.
-std::string_view methodOf(const httplib::Request &request);
+/// Returns GET for HEAD, because the server drops the body of its response.
+std::string_view methodOf(const Request &request);
 
 /// The first route that matches the request. Routes have a `method` and a `pattern`. Throws a
 /// HttpError.
@@ -52,7 +51,7 @@ const auto &findRoute(const Routes &routes, const RequestContext &context)
     }
     if (allowed.empty())
         throw HttpError(404, "there is no such path");
-    context.response.set_header("Allow", allowed);
+    context.response.setHeader("Allow", allowed);
     throw HttpError(405, "the path does not support " + context.request.method);
 }
 

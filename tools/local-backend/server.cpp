@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "server.h"
 
+#include "agentguard.h"
 #include "errors.h"
 #include "eventstream.h"
 #include "requests.h"
@@ -45,9 +46,10 @@ const std::vector<Server::Route> Server::routes = {
 Server::Server(Setup setup, Backend &backend)
     : m_setup(std::move(setup))
     , m_backend(backend)
-    , m_agents(backend, m_http)
+    , m_http(m_setup.maxBody,
+             [this](const Request &request, Response &response) { handle(request, response); })
+    , m_agents(backend)
 {
-    installHandlers();
 }
 
 void Server::bind()
@@ -71,52 +73,14 @@ std::string Server::authority() const
     return (isV6 ? '[' + m_setup.host + ']' : m_setup.host) + ':' + std::to_string(m_port);
 }
 
-// Handles all requests itself, because httplib's routing matches with regular expressions and reads
-// bodies of any size into memory.
-void Server::installHandlers()
-{
-    constexpr const char *anyPath = R"([\s\S]*)";
-    const auto withoutBody = [this](const httplib::Request &request, httplib::Response &response) {
-        handle(request, response, {});
-    };
-    const auto withBody = [this](const httplib::Request &request, httplib::Response &response,
-                                 const httplib::ContentReader &reader) {
-        std::string body;
-        bool fits = true;
-        // The rest of a body that is too large is read and dropped: clients read the response only
-        // after they have sent the whole body.
-        const bool complete = reader([&](const char *data, std::size_t size) {
-            fits = fits && body.size() + size <= m_setup.maxBody;
-            if (fits)
-                body.append(data, size);
-            return true;
-        });
-        if (!complete)
-            setError(response, 400, "the body is incomplete");
-        else if (request.has_header(bodyEncoding))
-            setError(response, 415, "Content-Encoding is not supported");
-        else if (!fits)
-            setError(response, 413, "the body is too large");
-        else
-            handle(request, response, body);
-    };
-    m_http.Get(anyPath, withoutBody);
-    m_http.Options(anyPath, withoutBody);
-    m_http.Post(anyPath, withBody);
-    m_http.Put(anyPath, withBody);
-    m_http.Patch(anyPath, withBody);
-    m_http.Delete(anyPath, withBody);
-    m_http.set_error_handler([](const httplib::Request &, httplib::Response &response) {
-        if (response.body.empty())
-            setError(response, response.status, "the request is malformed");
-    });
-}
-
-void Server::handle(const httplib::Request &request, httplib::Response &response,
-                    const std::string &body) const
+void Server::handle(const Request &request, Response &response) const
 {
     try {
-        dispatch(request, response, body);
+        if (request.hasHeader("Content-Encoding"))
+            throw HttpError(415, "Content-Encoding is not supported");
+        if (request.isTooLarge)
+            throw HttpError(413, "the body is too large");
+        dispatch(request, response);
     } catch (const HttpError &error) {
         setError(response, error.status(), error.what());
     } catch (const std::exception &error) {
@@ -126,27 +90,27 @@ void Server::handle(const httplib::Request &request, httplib::Response &response
     }
 }
 
-void Server::dispatch(const httplib::Request &request, httplib::Response &response,
-                      const std::string &body) const
+void Server::dispatch(const Request &request, Response &response) const
 {
-    RequestContext context{request, response, body};
+    RequestContext context{request, response};
     if (AgentRoutes::handles(request))
         return m_agents.dispatch(context);
+    rejectForeignPages(request, m_setup.host);
     context.path = componentsAfter(prefix, request);
     const Route &route = findRoute(routes, context);
     if (route.access != Access::Public)
         authorise(request);
     if (route.access == Access::Customer) {
         context.customer = customerIdOf(request);
-        response.set_header(customerHeader, context.customer);
+        response.setHeader(customerHeader, context.customer);
     }
     (this->*route.handler)(context);
 }
 
-void Server::authorise(const httplib::Request &request) const
+void Server::authorise(const Request &request) const
 {
     constexpr std::string_view scheme = "Bearer ";
-    const std::string header = request.get_header_value("Authorization");
+    const std::string header = request.header("Authorization");
     const std::string_view value = header;
     const bool isBearer = equalIgnoringCase(value.substr(0, scheme.size()), scheme);
     const std::string_view key = isBearer ? trimmed(value.substr(scheme.size())) : "";
@@ -157,7 +121,7 @@ void Server::authorise(const httplib::Request &request) const
         throw HttpError(401, "the Authorization header has to contain a known bearer key");
 }
 
-RenderContext Server::renderContext(const httplib::Request &request) const
+RenderContext Server::renderContext(const Request &request) const
 {
     return {baseUrlFor(hostOf(request, authority())), m_backend.settings.current()->schedules.json};
 }
@@ -173,15 +137,15 @@ void Server::getSettings(RequestContext &context) const
 
 void Server::createTicket(RequestContext &context) const
 {
-    const Ticket ticket = m_backend.replyScheduler.createTicket(
-        context.customer, parseNewTicket(context.request, context.body));
+    const Ticket ticket =
+        m_backend.replyScheduler.createTicket(context.customer, parseNewTicket(context.request));
     context.respond(toJson(ticket, renderContext(context.request)));
 }
 
 void Server::postMessage(RequestContext &context) const
 {
     const std::optional<Message> message = m_backend.replyScheduler.addMessage(
-        context.customer, context.pathComponent(1), parseNewMessage(context.request, context.body));
+        context.customer, context.pathComponent(1), parseNewMessage(context.request));
     if (!message)
         throw HttpError(404, "there is no such ticket");
     context.respond(toJson(*message, renderContext(context.request)));
@@ -204,13 +168,13 @@ void Server::getTickets(RequestContext &context) const
 
 void Server::updateCustomer(RequestContext &context) const
 {
-    m_backend.store.updateCustomer(context.customer, parseCustomerUpdate(context.body));
+    m_backend.store.updateCustomer(context.customer, parseCustomerUpdate(context.request.body));
     context.response.status = 204;
 }
 
 void Server::updateDevice(RequestContext &context) const
 {
-    m_backend.store.updateCustomer(context.customer, parseDeviceUpdate(context.body));
+    m_backend.store.updateCustomer(context.customer, parseDeviceUpdate(context.request.body));
     context.response.status = 204;
 }
 
@@ -221,39 +185,38 @@ void Server::getAttachment(RequestContext &context) const
     if (!file)
         throw HttpError(404, "there is no such attachment");
     const std::string tag = '"' + hash + '"';
-    context.response.set_header("ETag", tag);
-    context.response.set_header("Cache-Control", immutable);
-    context.response.set_header("X-Content-Type-Options", "nosniff");
+    context.response.setHeader("ETag", tag);
+    context.response.setHeader("Cache-Control", immutable);
+    context.response.setHeader("X-Content-Type-Options", "nosniff");
     // An HTML page that a customer uploads must not run with this origin's access in a browser.
-    context.response.set_header("Content-Security-Policy", "sandbox; default-src 'none'");
-    const std::string known = context.request.get_header_value("If-None-Match");
+    context.response.setHeader("Content-Security-Policy", "sandbox; default-src 'none'");
+    const std::string known = context.request.header("If-None-Match");
     if (known == "*" || known.find(tag) != std::string::npos)
         context.response.status = 304;
     else
-        context.response.set_content(file->bytes, file->mimeType);
+        context.response.setContent(file->bytes, file->mimeType);
 }
 
 void Server::getPortrait(RequestContext &context) const
 {
-    context.response.set_content(m_backend.settings.current()->portrait, "image/png");
+    context.response.setContent(m_backend.settings.current()->portrait, "image/png");
 }
 
 void Server::getPushes(RequestContext &context) const
 {
     const auto pushes = std::make_shared<PushStream>(
         m_backend.pushService, context.pathComponent(1), lastEventIdOf(context.request));
-    respondWithEvents(
-        context, m_http, pushes->semaphore(),
-        [pushes, renderContext = renderContext(context.request)](httplib::DataSink &sink) {
-            while (const std::optional<NumberedPush> push = pushes->next()) {
-                const std::string event = "id: " + std::to_string(push->number) +
-                                          "\ndata: " + toJson(push->push, renderContext) + "\n\n";
-                if (!write(sink, event))
-                    return false;
-                pushes->confirm(push->number);
-            }
-            return true;
-        });
+    respondWithEvents(context, pushes,
+                      [pushes, renderContext = renderContext(context.request),
+                       sent = std::uint64_t(0)]() mutable {
+                          if (sent > 0)
+                              pushes->confirm(sent);
+                          const std::optional<NumberedPush> push = pushes->next();
+                          sent = push ? push->number : 0;
+                          return push ? "id: " + std::to_string(sent) +
+                                            "\ndata: " + toJson(push->push, renderContext) + "\n\n"
+                                      : std::string();
+                      });
 }
 
 } // namespace tolvane::backend

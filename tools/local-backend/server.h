@@ -42,13 +42,10 @@ private:
 
     /// Like "127.0.0.1:8787".
     std::string authority() const;
-    void installHandlers();
-    void handle(const httplib::Request &request, httplib::Response &response,
-                const std::string &body) const;
-    void dispatch(const httplib::Request &request, httplib::Response &response,
-                  const std::string &body) const;
-    void authorise(const httplib::Request &request) const;
-    RenderContext renderContext(const httplib::Request &request) const;
+    void handle(const Request &request, Response &response) const;
+    void dispatch(const Request &request, Response &response) const;
+    void authorise(const Request &request) const;
+    RenderContext renderContext(const Request &request) const;
 
     void getSettings(RequestContext &context) const;
     void createTicket(RequestContext &context) const;

@@ -10,6 +10,9 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QUrl>
 
+#include <httplib.h>
+#include <thread>
+
 using Headers = std::map<std::string, std::string>;
 
 /// The timeout in milliseconds for conditions, which is long enough for a busy machine.

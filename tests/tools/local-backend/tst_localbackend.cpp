@@ -4,6 +4,7 @@
 #include "runningbackend.h"
 
 #include <QtCore/QTemporaryDir>
+#include <QtNetwork/QTcpSocket>
 #include <QtTest/QTest>
 
 #include <future>
@@ -103,6 +104,23 @@ private Q_SLOTS:
         for (const char *path : {"ticket/", "nothing", "attachments/..%2F..%2Fetc/passwd"})
             check(404, "GET", path);
         check(405, "DELETE", "tickets");
+        for (const auto &[name, value] : std::map<std::string, std::string>{
+                 {"Host", "evil.example"}, {"Origin", "null"}, {"Sec-Fetch-Site", "cross-site"}})
+            check(403, "GET", "tickets", {}, {{name, value}});
+        check(200, "GET", "tickets", {}, {{"Host", "192.0.2.1:80"}});
+    }
+
+    void slowClientsBlockNobody()
+    {
+        std::array<QTcpSocket, 400> slow;
+        for (QTcpSocket &socket : slow) {
+            socket.connectToHost(u"127.0.0.1"_s, quint16(m_backend.port()));
+            QVERIFY(socket.waitForConnected(timeout) && socket.write("GET / HTTP/1.1\r\nA: ") > 0);
+            socket.flush();
+        }
+        const QDeadlineTimer soon(5'000);
+        QCOMPARE(Customer(m_backend.port()).get("/api/tickets").status, 200);
+        QVERIFY(!soon.hasExpired());
     }
 
     void newTicketIsComplete()
