@@ -39,6 +39,10 @@ install(FILES
   "${PROJECT_BINARY_DIR}/TolvaneSdkConfig.cmake"
   "${PROJECT_BINARY_DIR}/TolvaneSdkConfigVersion.cmake"
   DESTINATION "${package_dir}" COMPONENT dev)
+if(NOT BUILD_SHARED_LIBS)
+  install(FILES "${CMAKE_CURRENT_LIST_DIR}/FindTolvaneSimdjson.cmake"
+    DESTINATION "${package_dir}" COMPONENT dev)
+endif()
 
 # pkg-config files, for builds without CMake. A host of static libraries also links their dependencies.
 file(RELATIVE_PATH prefix_from_pc

@@ -5,6 +5,8 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
+#include <QtCore/QPromise>
+#include <QtCore/QTimeZone>
 
 #include <algorithm>
 
@@ -119,7 +121,7 @@ void FakeBundle::speak(const QString &language)
 QDateTime ManualClock::now() const
 {
     const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(m_now - Instant());
-    return QDateTime(QDate(2026, 3, 14), QTime(12, 0), Qt::UTC).addMSecs(passed.count());
+    return QDateTime(QDate(2026, 3, 14), QTime(12, 0), QTimeZone::utc()).addMSecs(passed.count());
 }
 
 QFuture<void> ManualClock::sleep(Duration duration, std::stop_token stop)

@@ -8,6 +8,8 @@
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 
+#include <QtCore/QPromise>
+
 #include <algorithm>
 
 namespace tolvane {

@@ -21,6 +21,8 @@
 #include <tolvane/tolvane.h>
 #include <tolvane/version.h>
 
+#include <QtCore/QPromise>
+
 #include <array>
 #include <memory>
 #include <mutex>

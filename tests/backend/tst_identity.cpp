@@ -6,6 +6,7 @@
 #include "testing/fixture.h"
 
 #include <QtCore/QLoggingCategory>
+#include <QtCore/QTimeZone>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -53,7 +54,7 @@ private Q_SLOTS:
     void sortsByTime()
     {
         const auto at = [](qint64 ms) {
-            return ULID::generate(QDateTime::fromMSecsSinceEpoch(ms, Qt::UTC));
+            return ULID::generate(QDateTime::fromMSecsSinceEpoch(ms, QTimeZone::utc()));
         };
         QCOMPARE(at(0).description().first(10), u"0000000000"_s);
         QCOMPARE(at((1LL << 48) - 1).description().first(10), u"7zzzzzzzzz"_s);

@@ -6,6 +6,7 @@
 #include "platform/network/transfer.h"
 
 #include <QtCore/QPointer>
+#include <QtCore/QPromise>
 #include <QtNetwork/QNetworkAccessManager>
 
 namespace tolvane {

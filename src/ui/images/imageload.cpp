@@ -7,6 +7,7 @@
 #include "ui/images/imagecache.h"
 
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QPromise>
 
 namespace tolvane {
 
