@@ -341,14 +341,22 @@ void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userI
         m_ticket->messages.append(*message);
         Q_EMIT ticketChanged();
     }
-    detach(refreshLater(message->ticketId));
+    // A burst of messages is followed by one fetch.
+    m_refresh.request_stop();
+    m_refresh = std::stop_source();
+    detach(refreshLater(message->ticketId, m_refresh.get_token()));
 }
 
-QCoro::Task<> TicketData::refreshLater(QString ticketId)
+QCoro::Task<> TicketData::refreshLater(QString ticketId, std::stop_token stop)
 {
     const auto self = shared_from_this();
-    co_await awaitFuture(platform().clock->sleep(std::chrono::seconds(1), {}));
-    co_await silentFetchTicket(ticketId);
+    try {
+        co_await awaitFuture(platform().clock->sleep(std::chrono::seconds(1), stop));
+    } catch (const CancellationError &) {
+        co_return;
+    }
+    if (!stop.stop_requested())
+        co_await silentFetchTicket(ticketId);
 }
 
 void TicketData::onStateUpdateNotification(const NotificationCenter::UserInfo &userInfo)

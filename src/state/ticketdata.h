@@ -90,7 +90,7 @@ private:
     enum class Fetch { visible, silent };
 
     QCoro::Task<> fetch(std::optional<QString> ticketId, Fetch kind, std::stop_token stop);
-    QCoro::Task<> refreshLater(QString ticketId);
+    QCoro::Task<> refreshLater(QString ticketId, std::stop_token stop);
     void beginFetching(Fetch kind);
     void setTicket(TicketDto ticket);
     bool hasMessage(const QString &id) const;
@@ -111,6 +111,7 @@ private:
     bool m_hasAttemptedFetch = false;
     ErrorPtr m_fetchError;
     ErrorPtr m_sendError;
+    std::stop_source m_refresh{std::nostopstate};
 };
 
 } // namespace tolvane

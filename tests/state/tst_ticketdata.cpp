@@ -351,11 +351,26 @@ private Q_SLOTS:
         QCOMPARE(properties.value(u"source"_s), u"ui_update"_s);
         QCOMPARE(properties.value(u"sender_type"_s), words::aiAgent);
         QCOMPARE(properties.value(u"is_duplicate"_s), false);
+        // A burst is followed by one fetch.
+        fixture.clock->advance(500ms);
+        for (int i = 0; i < 20; ++i)
+            fixture.notify(makeMessage(QString::number(i), words::aiAgent));
+        fixture.clock->advance(500ms);
         QCOMPARE(fixture.session->requests.size(), 1);
         fixture.fetched.messages += makeMessage(u"confirmed"_s);
-        fixture.clock->advance(1s);
+        fixture.clock->advance(5s);
         QCOMPARE(fixture.session->requests.size(), 2);
         QCOMPARE(fixture.messageIds(), QStringList({u"m1"_s, u"confirmed"_s}));
+    }
+
+    void aMessageBeforeTheTicketIsFetched()
+    {
+        TicketFixture fixture; // Only the preview is known.
+        fixture.notify(makeMessage(u"r"_s, words::aiAgent));
+        QVERIFY(!fixture.store->ticket());
+        QVERIFY(fixture.delegate->names().contains(Chat::messageReceived));
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.messageIds(), QStringList{u"m1"_s});
     }
 
     void equalMessagesKeepTheSameList()
