@@ -188,9 +188,9 @@ QCoro::Task<> PollingService::run(Task task)
         } catch (...) {
             failure = currentError();
         }
+        const Retry retry = recordFailure(task, failure);
         if (stop.stop_requested())
             co_return;
-        const Retry retry = recordFailure(task, failure);
         if (!retry) {
             endByFailures(task);
             co_return;
@@ -259,9 +259,13 @@ PollingService::Retry PollingService::recordFailure(const Task &task, const Erro
 {
     Logger::shared().log(LogLevel::error, QStringLiteral("Error polling ticket %1: %2")
                                               .arg(task->ticketId, error->localizedDescription()));
-    const int failures = ++task->consecutiveErrorCount;
-    task->lastErrorTime = platform().clock->monotonicNow();
-    trackFailure(task->ticketId, failures, error);
+    if (!task->stop.stop_requested()) {
+        ++task->consecutiveErrorCount;
+        task->lastErrorTime = platform().clock->monotonicNow();
+    }
+    const Task active = m_activePollingTasks.value(task->ticketId);
+    trackFailure(task->ticketId, active ? active->consecutiveErrorCount : 0, error);
+    const int failures = task->consecutiveErrorCount;
     return failures < maximumFailures ? Retry(failureDelay(failures)) : std::nullopt;
 }
 

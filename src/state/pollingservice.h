@@ -60,6 +60,7 @@ private:
     QCoro::Task<> run(Task task);
     QCoro::Task<bool> poll(Task task);
     QCoro::Task<> broadcast(Task task, QList<MessageDto> messages);
+    /// Reports a failed poll. Counts it, unless the loop's stop was requested.
     Retry recordFailure(const Task &task, const ErrorPtr &error);
     void endByTimeout(const Task &task);
     void endByFailures(const Task &task);

@@ -95,20 +95,35 @@ class PollingServiceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void endsAtTheFirstNewMessage_data()
+    {
+        QTest::addColumn<QString>("senderType");
+        QTest::addColumn<QString>("messageTicketId");
+        QTest::addColumn<QString>("trace");
+        QTest::newRow("broadcast, whoever has written it")
+            << words::customer << ticketId
+            << u"Message received via notification, stopping polling for ticket: t1"_s;
+        // No observer takes these for the ticket, so the loop itself has to end.
+        const QString byLoop = u"Stopping polling for ticket: t1"_s;
+        QTest::newRow("AI, by the sender") << words::aiAgent << u"t2"_s << byLoop;
+        QTest::newRow("human, by the sender") << words::humanAgent << u"t2"_s << byLoop;
+    }
+
     void endsAtTheFirstNewMessage()
     {
+        QFETCH(const QString, senderType);
+        QFETCH(const QString, messageTicketId);
+        QFETCH(const QString, trace);
         PollingFixture fixture;
         fixture.start(1);
         QCOMPARE(fixture.polls(), 1);
         QVERIFY(fixture.broadcasts.isEmpty());
         QCOMPARE(fixture.active(), QStringList{ticketId});
 
-        fixture.messages += customer("m2"); // Whoever has written it.
+        fixture.messages += makeMessage(u"m2"_s, senderType, messageTicketId);
         fixture.clock->advance(1s);
         QCOMPARE(fixture.broadcastIds(), QStringList{u"m2"_s});
-        QCOMPARE(fixture.lineCount(
-                     u"Message received via notification, stopping polling for ticket: t1"_s),
-                 1);
+        QCOMPARE(fixture.lineCount(trace), 1);
         QCOMPARE(fixture.active(), QStringList());
         fixture.clock->advance(10s);
         QCOMPARE(fixture.polls(), 2);
@@ -133,6 +148,21 @@ private Q_SLOTS:
         fixture.messages = {agent("a"), agent("b"), agent("c"), agent("d"), agent("e")};
         fixture.clock->advance(1s);
         QCOMPARE(fixture.broadcastIds(), QStringList({u"d"_s, u"e"_s}));
+    }
+
+    void broadcastMessagesAreNotRepeated()
+    {
+        PollingFixture fixture;
+        fixture.start(1);
+        // A customer's message of another ticket doesn't end the loop.
+        const MessageDto other = makeMessage(u"x"_s, words::customer, u"t2"_s);
+        fixture.messages += other;
+        fixture.clock->advance(1s);
+        fixture.messages = {customer("m1"), customer("inserted"), other};
+        fixture.clock->advance(1s);
+        QCOMPARE(fixture.broadcastIds(), QStringList{u"x"_s});
+        QCOMPARE(fixture.lineCount(u"Skipping 1 already processed messages for ticket: t1"_s), 1);
+        QCOMPARE(fixture.active(), QStringList{ticketId});
     }
 
     void timesOut()
@@ -173,6 +203,7 @@ private Q_SLOTS:
             1);
         QCOMPARE(fixture.delegate->names().count(TolvaneAnalyticsEvent::Errors::networkError), 5);
         QCOMPARE(fixture.delegate->events.constLast().name(), u"polling_max_errors_reached"_s);
+        QCOMPARE(fixture.delegate->events.constLast().properties().value(u"max_errors"_s), 5);
         QList<int> counts;
         for (const TolvaneAnalyticsEvent &event : std::as_const(fixture.delegate->events)) {
             if (event.name() == TolvaneAnalyticsEvent::Errors::networkError)
@@ -236,11 +267,16 @@ private:
         settle();
         fixture.session->release();
         QCOMPARE(fixture.broadcastIds(), QStringList());
-        QCOMPARE(fixture.delegate->names(), isReplaced ? restarted : restarted.first(2));
+        const QString networkError = TolvaneAnalyticsEvent::Errors::networkError;
+        QStringList names = fixture.delegate->names();
+        QCOMPARE(names.removeAll(networkError), isFailing ? 1 : 0);
+        QCOMPARE(names, isReplaced ? restarted : restarted.first(2));
+        QCOMPARE(
+            fixture.delegate->properties(networkError).value(u"consecutive_errors"_s, 0).toInt(),
+            0);
         QCOMPARE(fixture.active(), isReplaced ? QStringList{ticketId} : QStringList());
         QCOMPARE(fixture.clock->requestedSleeps(), isReplaced ? QList<double>{1} : QList<double>());
-        for (const QString &line :
-             {u"New messages"_s, u"Error polling"_s, u"Max consecutive errors"_s})
+        for (const QString &line : {u"New messages"_s, u"Max consecutive errors"_s})
             QCOMPARE(fixture.lineCount(line), 0);
         fixture.messages += agent("m3");
         fixture.clock->advance(1s);
