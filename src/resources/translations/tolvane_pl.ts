@@ -284,5 +284,25 @@
         <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>Serwer jest niedostępny.</translation>
     </message>
+    <message>
+        <source>error_retry</source>
+        <extracomment>A button that repeats what has failed.</extracomment>
+        <translation>Spróbuj ponownie</translation>
+    </message>
+    <message>
+        <source>composer_send_failed</source>
+        <extracomment>Above the message editor: the message could not be sent. %1 is the reason, a sentence.</extracomment>
+        <translation>Twoja wiadomość nie została wysłana. %1</translation>
+    </message>
+    <message>
+        <source>ticket_list_stale</source>
+        <extracomment>Above the list of conversations: the list could not be loaded again, and is shown as it was before.</extracomment>
+        <translation>Nieaktualne</translation>
+    </message>
+    <message>
+        <source>ticket_draft</source>
+        <extracomment>In the list, before the sender of the last message: the customer has begun a message and not sent it.</extracomment>
+        <translation>Wersja robocza</translation>
+    </message>
 </context>
 </TS>

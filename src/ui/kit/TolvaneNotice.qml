@@ -14,15 +14,22 @@ Item {
     property string detail
     property color detailColor
     property int detailSize: Theme.callout
+    /// The text of a button beneath the detail; no button if it is empty.
+    property string action
+    property bool isActionEnabled: true
     property int iconSize: Metrics.NoticeIconSize
     property int padding: 2 * Metrics.WidePadding
     property int spacing: Metrics.WidePadding
+    property int textSpacing: Metrics.SmallSpacing
     /// The visible height, in which the notice is centred.
     property real visibleHeight: height
+
+    signal actionRequested()
 
     /// True if the height is too small; margins and spacing are reduced then.
     readonly property bool isCompact:
         visibleHeight < iconSize + spacing + texts.implicitHeight + 2 * padding
+                         + (action.length > 0 ? button.implicitHeight + spacing : 0)
     readonly property real verticalPadding: isCompact ? Metrics.SmallPadding : padding
     // Large letters need the width.
     readonly property real horizontalPadding: titleSize > 28 ? Metrics.Padding : padding
@@ -50,7 +57,7 @@ Item {
             id: texts
 
             width: parent.width
-            spacing: Metrics.SmallSpacing
+            spacing: notice.isCompact ? Metrics.SmallSpacing : notice.textSpacing
 
             Text {
                 width: parent.width
@@ -76,6 +83,18 @@ Item {
                 font.pixelSize: notice.detailSize
                 Accessible.ignored: true
             }
+        }
+        TextButton {
+            id: button
+
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(implicitWidth, parent.width)
+            visible: notice.action.length > 0
+            enabled: notice.isActionEnabled
+            opacity: enabled ? 1 : 0.5
+            name: notice.action
+            color: notice.detailColor
+            onClicked: notice.actionRequested()
         }
     }
 }
