@@ -19,6 +19,7 @@ IconButton {
     color: Theme.fontBasicColor
     name: Strings.string("accessibility_attach")
     enabled: !composer.isSendingMessage
+    isDimmed: composer.isSendingMessage
     onClicked: {
         if (ViewOptions.isScreenshotEnabled)
             menu.openAt(button, 0, -button.height, [

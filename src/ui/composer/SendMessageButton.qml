@@ -20,6 +20,7 @@ FocusScope {
         focus: true
         visible: !button.composer.isSendingMessage
         enabled: !button.composer.isSendDisabled || button.isComposing
+        isDimmed: button.composer.isSendDisabled && !button.isComposing
         icon: "paperplane"
         iconSize: Metrics.ComposerIconSize
         color: Theme.fontBasicColor

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// A button with an icon, 36 by 36 pixels. Faded while disabled.
+// A button with an icon, 36 by 36 pixels.
 Pressable {
     id: button
 
@@ -11,9 +11,11 @@ Pressable {
     /// Whether the icon points in the reading direction, and is turned in right-to-left layouts.
     property bool mirrors: false
     property real iconSize: Metrics.IconSize
-    property real iconOpacity: enabled ? 1 : 0.3
     /// The keys that do the same, for the tooltip.
     property string shortcut
+    /// To be set while the button is disabled for a reason of its own, and not only with its page.
+    property bool isDimmed: false
+    property real iconOpacity: isDimmed ? 0.3 : 1
 
     implicitWidth: Metrics.ButtonSize
     implicitHeight: Metrics.ButtonSize
