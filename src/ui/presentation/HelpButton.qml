@@ -9,9 +9,11 @@ Pressable {
 
     property string text: Strings.string("help_button")
 
-    // Read again when the branding has arrived.
-    readonly property color fill: status.settingsDidLoad, Theme.accentColor
-    readonly property color textColor: status.settingsDidLoad, Theme.primaryColor
+    // Neutral until the branding has arrived.
+    readonly property color fill:
+        status.settingsDidLoad ? Theme.accentColor : Theme.isDark ? "white" : "#262629"
+    readonly property color textColor:
+        status.settingsDidLoad ? Theme.primaryColor : Theme.isDark ? "#262629" : "white"
 
     name: status.unreadCount > 0
           ? text + ", " + Strings.string("accessibility_unread") + ": " + badge.text : text
