@@ -10,6 +10,8 @@
 #include "testing/ui/createitem.h"
 #include "testing/waitfor.h"
 
+#include <QtCore/QTimer>
+
 #include <algorithm>
 #include <thread>
 

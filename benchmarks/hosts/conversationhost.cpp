@@ -16,6 +16,7 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QStringListModel>
+#include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QWheelEvent>
 

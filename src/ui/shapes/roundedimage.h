@@ -12,7 +12,8 @@ class RoundedImage : public tolvane::RoundedItem
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QImage image READ image WRITE setImage NOTIFY imageChanged)
-    Q_PROPERTY(FillMode fillMode READ fillMode WRITE setFillMode NOTIFY appearanceChanged)
+    Q_PROPERTY(tolvane::RoundedImage::FillMode fillMode READ fillMode WRITE setFillMode NOTIFY
+                   appearanceChanged)
     /// Draws the largest circle in the middle, whatever the radius.
     Q_PROPERTY(bool circle READ isCircle WRITE setCircle NOTIFY appearanceChanged)
 

@@ -9,6 +9,7 @@
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QSettings>
 #include <QtCore/QStandardPaths>
+#include <QtCore/QTimer>
 
 namespace tolvane::soak {
 

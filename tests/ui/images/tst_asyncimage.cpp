@@ -6,6 +6,7 @@
 #include "ui/images/asyncimage.h"
 #include "ui/images/imagecache.h"
 
+#include <QtCore/QPointer>
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickView>
 #include <QtTest/QTest>
