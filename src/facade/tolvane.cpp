@@ -328,6 +328,9 @@ PresentationOptions Tolvane::willPresentNotification(const QVariantMap &payload)
 void Tolvane::handlePushNotification(const QVariantMap &payload)
 {
     whenInitialized([payload] {
+        // A messenger that is sliding out comes back.
+        if (isTolvanePushNotification(payload) && isOpen())
+            platform().present();
         conversations::requestFor(payload);
         pushrouting::handle(payload);
         ConversationRequest::shared()->take(); // Left over if there is no window.

@@ -64,21 +64,24 @@ void SdkData::onStateChange(const NotificationCenter::UserInfo &userInfo)
 QCoro::Task<> SdkData::fetchSettings()
 {
     const auto self = shared_from_this();
+    m_isFetchingSettings = true;
+    Q_EMIT changed();
     try {
         const auto branding = co_await loadBranding();
         if (branding)
             ColorScheme::shared().update(*branding);
-        if (!m_settingsDidLoad) {
-            m_settingsDidLoad = true;
-            Q_EMIT changed();
-        }
+        m_settingsDidLoad = true;
+        m_settingsError = nullptr;
         TolvaneAnalyticsManager::shared().track(
             TolvaneAnalyticsEvent::Lifecycle::fetchedSettings,
             {{TolvaneAnalyticsEvent::PropertyKeys::actionType, QStringLiteral("lifecycle")}});
     } catch (...) {
+        m_settingsError = currentError();
         reportFailure(QStringLiteral("Error fetching styling: "), QStringLiteral("fetchSettings"),
-                      *currentError());
+                      *m_settingsError);
     }
+    m_isFetchingSettings = false;
+    Q_EMIT changed();
 }
 
 } // namespace tolvane

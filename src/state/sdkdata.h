@@ -4,6 +4,8 @@
 #include "base/privateexport.h"
 #include "platform/async/notificationcenter.h"
 
+#include <tolvane/error.h>
+
 #include <QCoroTask>
 #include <QtCore/QObject>
 
@@ -28,8 +30,11 @@ public:
     /// True while the messenger is on screen, according to the broadcast "didChangeState".
     bool isOpen() const { return m_isOpen; }
 
-    /// Loads the branding, stores it and applies it to the ColorScheme. A failure is reported and
-    /// changes nothing.
+    /// The failure of the last fetch; null if it succeeded or none has ended yet.
+    const ErrorPtr &settingsError() const { return m_settingsError; }
+    bool isFetchingSettings() const { return m_isFetchingSettings; }
+
+    /// Loads the branding, stores it and applies it to the ColorScheme. A failure is reported.
     QCoro::Task<> fetchSettings();
 
 Q_SIGNALS:
@@ -39,6 +44,8 @@ private:
     void onStateChange(const NotificationCenter::UserInfo &userInfo);
 
     bool m_settingsDidLoad = false;
+    bool m_isFetchingSettings = false;
+    ErrorPtr m_settingsError;
     bool m_isOpen = false;
     NotificationCenter::Observation m_stateObservation;
 };

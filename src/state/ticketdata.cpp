@@ -269,6 +269,14 @@ void TicketData::messageWasSent(const MessageDto &message)
     sendingSucceeded();
 }
 
+void TicketData::confirmSent(TicketDto ticket)
+{
+    setTicket(std::move(ticket));
+    m_newTicket = false;
+    PollingService::shared()->startPolling(m_ticket->id, m_ticket->messages.size());
+    sendingSucceeded();
+}
+
 void TicketData::sendingSucceeded()
 {
     const bool hadMessage = !std::exchange(m_message, {}).isEmpty();

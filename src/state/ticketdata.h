@@ -68,6 +68,10 @@ public:
     /// Sends a further message. Keeps the draft if that fails.
     QCoro::Task<> sendMessage();
 
+    /// The backend has stored the message that is in the draft, although sending it has failed:
+    /// ends the sending as a success, with the ticket that contains the message.
+    void confirmSent(TicketDto ticket);
+
     /// Calls the two handlers below for the broadcasts of these names, as long as the result
     /// exists.
     [[nodiscard]] NotificationCenter::Observation observe();

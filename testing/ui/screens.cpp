@@ -12,6 +12,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtCore/QMimeData>
+#include <QtCore/QTimeZone>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QPalette>
@@ -94,7 +95,7 @@ constexpr Line lines[] = {
 
 QString timestamp(int age)
 {
-    return QDateTime(QDate(2026, 3, 14), QTime(12, 0), Qt::UTC)
+    return QDateTime(QDate(2026, 3, 14), QTime(12, 0), QTimeZone::utc())
                .addSecs(-60 * age)
                .toString(u"yyyy-MM-ddTHH:mm:ss"_s) +
            u"+0000"_s;

@@ -4,6 +4,7 @@
 #include "backend/persistentstore.h"
 #include "base/decodingerror.h"
 #include "platform/async/awaitfuture.h"
+#include "recovery/messagesender.h"
 #include "state/sdkdata.h"
 #include "state/ticketdata.h"
 #include "state/ticketsdata.h"
@@ -216,6 +217,53 @@ private Q_SLOTS:
         QCOMPARE(questionsAtBackend(fixture), operation->sends ? 1 + isDuplicated : 0);
     }
 
+    void aLostResponseIsFound_data()
+    {
+        QTest::addColumn<bool>("creates");
+        QTest::addColumn<int>("pictures");
+        QTest::addColumn<bool>("searchFails");
+        for (const bool searchFails : {false, true}) {
+            const char *suffix = searchFails ? ", and the search fails" : "";
+            QTest::addRow("create%s", suffix) << true << 0 << searchFails;
+            QTest::addRow("create with a picture%s", suffix) << true << 1 << searchFails;
+            QTest::addRow("message%s", suffix) << false << 0 << searchFails;
+            QTest::addRow("message with a picture%s", suffix) << false << 1 << searchFails;
+        }
+    }
+
+    void aLostResponseIsFound()
+    {
+        QFETCH(const bool, creates);
+        QFETCH(const int, pictures);
+        QFETCH(const bool, searchFails);
+        FaultFixture fixture(m_backend);
+        if (!creates)
+            fixture.begin();
+        fixture.compose();
+        if (pictures == 0)
+            fixture.ticket->setAttachments({});
+        fixture.proxy.chooseFault = [wasLost = false, hasFailed = !searchFails](
+                                        const ServedRequest &request) mutable -> const Fault & {
+            if (request.method == "POST" && !std::exchange(wasLost, true))
+                return faults::resetAfterRequest;
+            if (request.method == "GET" && !std::exchange(hasFailed, true))
+                return faults::unavailable;
+            return faults::none;
+        };
+        const auto sender = std::make_shared<MessageSender>(fixture.ticket);
+        sender->setKnownTicketIds({});
+        ErrorPtr error;
+        fixture.run(send(sender, error));
+        QCOMPARE(FaultFixture::nameOf(error),
+                 searchFails ? u"NSURLErrorDomain -1005"_s : QString());
+        QCOMPARE(fixture.ticket->message(), searchFails ? question : QString());
+        if (searchFails) // The customer presses once more.
+            fixture.run(send(sender, error));
+        QVERIFY(!error && fixture.ticket->message().isEmpty());
+        QVERIFY(fixture.ticket->attachments().isEmpty() && !fixture.ticket->newTicket());
+        QCOMPARE(questionsAtBackend(fixture, pictures), 1);
+    }
+
     void answersArriveOutOfOrder()
     {
         FaultFixture fixture(m_backend);
@@ -284,8 +332,13 @@ private:
         });
     }
 
-    /// How often the backend has the question, each time with its picture.
-    static int questionsAtBackend(FaultFixture &fixture)
+    static QCoro::Task<> send(std::shared_ptr<MessageSender> sender, ErrorPtr &error)
+    {
+        error = co_await sender->send();
+    }
+
+    /// How often the backend has the question, each time with its pictures.
+    static int questionsAtBackend(FaultFixture &fixture, qsizetype pictures = 1)
     {
         int questions = 0;
         fixture.run(fixture.tickets->load());
@@ -297,7 +350,8 @@ private:
             fixture.run(ticket->fetchTicket());
             const QList<MessageDto> messages = ticket->ticket()->messages;
             for (const MessageDto &message : messages)
-                questions += message.content == question && message.attachments->size() == 1;
+                questions += message.content == question &&
+                             message.attachments.value_or(QStringList()).size() == pictures;
         }
         return questions;
     }

@@ -38,6 +38,8 @@ FocusScope {
         composer.send()
     }
 
+    readonly property bool hasFailed: composer.sendErrorText.length > 0
+
     BriefNotice {
         id: notice
 
@@ -56,7 +58,7 @@ FocusScope {
     ComposerLayout {
         id: measures
 
-        availableHeight: view.maximumHeight
+        availableHeight: view.maximumHeight - strip.y
         hasThumbnails: thumbnails.count > 0
     }
 
@@ -66,9 +68,19 @@ FocusScope {
         onTriggered: view.isAnimated = true
     }
 
+    RetryLine {
+        id: failure
+
+        width: view.width
+        visible: view.hasFailed
+        text: Strings.string("composer_send_failed").arg(view.composer.sendErrorText)
+        onRetryRequested: view.send()
+    }
+
     Item {
         id: strip
 
+        y: view.hasFailed ? failure.height + Metrics.SmallSpacing : 0
         // Extends to the edges of the window.
         x: -Metrics.Padding
         width: view.width + 2 * Metrics.Padding
@@ -94,7 +106,7 @@ FocusScope {
     Rectangle {
         id: bar
 
-        y: strip.height
+        y: strip.y + strip.height
         width: view.width
         height: editor.height + 2 * measures.editorVerticalPadding
         radius: measures.cornerRadius(editor.height)

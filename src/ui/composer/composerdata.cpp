@@ -6,8 +6,10 @@
 #include "base/ulid.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
+#include "recovery/messagesender.h"
 #include "ui/composer/hostpicture.h"
 #include "ui/composer/imagefiles.h"
+#include "ui/kit/errortext.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QMimeData>
@@ -57,6 +59,7 @@ std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
 ComposerData::ComposerData(std::shared_ptr<TicketData> store, QObject *parent)
     : QObject(parent)
     , m_store(std::move(store))
+    , m_sender(std::make_shared<MessageSender>(m_store))
     , m_isSendDisabled(m_store->isSendDisabled())
 {
     const TicketData *source = m_store.get();
@@ -67,13 +70,15 @@ ComposerData::ComposerData(std::shared_ptr<TicketData> store, QObject *parent)
     for (const auto change :
          {&TicketData::messageChanged, &TicketData::attachmentsChanged, &TicketData::busyChanged})
         connect(source, change, this, &ComposerData::updateIsSendDisabled);
+    for (const auto change : {&TicketData::messageChanged, &TicketData::attachmentsChanged})
+        connect(source, change, this, [this] { setSendError(nullptr); });
     connect(source, &TicketData::busyChanged, this, &ComposerData::flushPending);
     m_attachments.setAttachments(m_store->attachments());
 }
 
 void ComposerData::updateIsSendDisabled()
 {
-    const bool isDisabled = m_store->isSendDisabled();
+    const bool isDisabled = m_isSending || m_store->isSendDisabled();
     if (std::exchange(m_isSendDisabled, isDisabled) != isDisabled)
         Q_EMIT isSendDisabledChanged();
 }
@@ -91,7 +96,34 @@ void ComposerData::send()
         QStringLiteral("send_button_tapped"), QStringLiteral("ticket"),
         {{QStringLiteral("has_message"), !m_store->message().isEmpty()},
          {TolvaneAnalyticsEvent::PropertyKeys::attachmentCount, m_store->attachments().size()}});
-    detach(m_store->ticket() ? m_store->sendMessage() : m_store->createTicket());
+    detach(sendAndConfirm());
+}
+
+QCoro::Task<> ComposerData::sendAndConfirm()
+{
+    const QPointer self(this);
+    setSendError(nullptr);
+    setSending(true);
+    const ErrorPtr error = co_await m_sender->send();
+    if (!self)
+        co_return;
+    setSending(false);
+    setSendError(error);
+}
+
+void ComposerData::setSending(bool isSending)
+{
+    m_isSending = isSending;
+    updateIsSendDisabled();
+    Q_EMIT busyChanged();
+    flushPending();
+}
+
+void ComposerData::setSendError(const ErrorPtr &error)
+{
+    const QString text = error ? errorText(*error) : QString();
+    if (std::exchange(m_sendErrorText, text) != text)
+        Q_EMIT sendErrorTextChanged();
 }
 
 void ComposerData::addFiles(const QList<QUrl> &files)

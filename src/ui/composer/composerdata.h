@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/privateexport.h"
+#include "recovery/messagesender.h"
 #include "state/ticketdata.h"
 #include "ui/composer/attachmentlistmodel.h"
 
@@ -36,6 +37,9 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerData : public QObject
     Q_PROPERTY(bool isFetchingTicket READ isFetchingTicket NOTIFY busyChanged)
     Q_PROPERTY(bool isSendingMessage READ isSendingMessage NOTIFY busyChanged)
     Q_PROPERTY(bool isSendDisabled READ isSendDisabled NOTIFY isSendDisabledChanged)
+    /// Why the last message was not sent, in the customer's language. Empty after a success and
+    /// once the draft changes.
+    Q_PROPERTY(QString sendErrorText READ sendErrorText NOTIFY sendErrorTextChanged)
     /// File name patterns of pictures, for the filter of a picker: "*.png" and others.
     Q_PROPERTY(QStringList imagePatterns READ imagePatterns CONSTANT)
 
@@ -46,11 +50,16 @@ public:
     void setMessage(const QString &message) { m_store->setMessage(message); }
     QAbstractItemModel *attachments() { return &m_attachments; }
     bool isFetchingTicket() const { return m_store->isFetchingTicket(); }
-    bool isSendingMessage() const { return m_store->isSendingMessage(); }
+    bool isSendingMessage() const { return m_isSending || m_store->isSendingMessage(); }
     bool isSendDisabled() const { return m_isSendDisabled; }
     QStringList imagePatterns() const;
+    QString sendErrorText() const { return m_sendErrorText; }
 
-    /// Sends the message, unless sending is disabled.
+    /// See MessageSender::setKnownTicketIds().
+    Q_INVOKABLE void setKnownTicketIds(const QStringList &ids) { m_sender->setKnownTicketIds(ids); }
+
+    /// Sends the message, unless sending is disabled. If the response is lost, looks for the
+    /// message at the backend before it reports a failure.
     Q_INVOKABLE void send();
     /// Attaches files. Refuses unreadable files and files that are not pictures.
     Q_INVOKABLE void addFiles(const QList<QUrl> &files);
@@ -75,18 +84,25 @@ Q_SIGNALS:
     void isSendDisabledChanged();
     /// A file is not attached, because it is not a picture or cannot be read.
     void refused();
+    void sendErrorTextChanged();
 
 private:
     using Attachment = std::optional<AttachmentDto>;
 
     void updateIsSendDisabled();
+    QCoro::Task<> sendAndConfirm();
+    void setSending(bool isSending);
+    void setSendError(const ErrorPtr &error);
     bool pasteFrom(const QMimeData &clipboard);
     void addImage(const QImage &image);
     QCoro::Task<> add(QFuture<Attachment> read);
     void flushPending();
 
     const std::shared_ptr<TicketData> m_store;
+    const std::shared_ptr<MessageSender> m_sender;
+    bool m_isSending = false;
     bool m_isSendDisabled = true;
+    QString m_sendErrorText;
     AttachmentListModel m_attachments;
     QList<AttachmentDto> m_pending;
 };

@@ -54,6 +54,7 @@ FocusScope {
         error: TicketErrorContentView {
             visibleHeight: view.noticeHeight
             errorText: view.ticket.errorText
+            onActionRequested: view.ticket.appear()
         }
     }
 

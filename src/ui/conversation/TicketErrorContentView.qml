@@ -14,6 +14,8 @@ TolvaneNotice {
     iconSize: Metrics.SmallNoticeIconSize
     padding: 2 * Metrics.Padding
     spacing: Metrics.Padding
+    textSpacing: Metrics.Padding
+    action: Strings.string("error_retry")
     title: Strings.hostString("Something went wrong")
     titleColor: Theme.fontBasicColor
     titleSize: Theme.headline

@@ -27,6 +27,7 @@ Item {
             text: header.title
             textFormat: Text.PlainText
             horizontalAlignment: Text.AlignLeft
+            maximumLineCount: 1
             elide: Text.ElideRight
             color: Theme.accentColor
             // Limited, as the bar has a fixed height.

@@ -10,6 +10,8 @@ FocusScope {
     required property destination destination
     required property NavigationData navigation
     required property MessageData messageData
+    /// The ids of the tickets in the list; null if the list is not known.
+    property var knownTicketIds: null
     /// False while another screen covers this one.
     required property bool isOnTop
 
@@ -27,10 +29,17 @@ FocusScope {
     }
     Component.onCompleted: {
         isComplete = true
+        if (knownTicketIds)
+            conversation.composer.setKnownTicketIds(knownTicketIds)
         conversation.appear()
     }
 
     Keys.onPressed: event => {
+        if (event.matches(StandardKey.Refresh)) {
+            conversation.appear()
+            event.accepted = true
+            return
+        }
         // Control characters have shortcuts of their own.
         const isText = event.text.length > 0 && event.text >= " " && event.text !== "\x7f"
         if (isText && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier | Qt.MetaModifier))) {

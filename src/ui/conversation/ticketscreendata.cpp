@@ -2,11 +2,10 @@
 #include "ui/conversation/ticketscreendata.h"
 
 #include "platform/async/awaitfuture.h"
+#include "recovery/drafts.h"
 #include "state/loadingstatename.h"
 #include "ui/conversation/ticketheader.h"
 #include "ui/kit/loadingstatetexts.h"
-
-#include <QtCore/QPointer>
 
 namespace tolvane {
 
@@ -28,11 +27,12 @@ void TicketScreenData::setDestination(const TolvaneDestination &destination)
     const TicketPreviewDto *preview = destination.preview();
     m_ticketData = std::make_shared<TicketData>(preview ? std::optional(*preview) : std::nullopt);
     m_ticketData->setNewTicket(!preview);
+    Drafts::shared()->follow(*m_ticketData);
     m_composer.emplace(m_ticketData);
     const TicketData *source = m_ticketData.get();
     connect(source, &TicketData::ticketChanged, this, &TicketScreenData::updateTicket);
     connect(source, &TicketData::busyChanged, this, &TicketScreenData::updateState);
-    connect(source, &TicketData::errorsChanged, this, &TicketScreenData::updateState);
+    connect(source, &TicketData::errorsChanged, this, &TicketScreenData::updateErrors);
     m_observation = m_ticketData->observe();
     updateTicket();
     Q_EMIT destinationChanged();
@@ -45,23 +45,22 @@ QString TicketScreenData::ticketState() const
 
 void TicketScreenData::appear()
 {
-    if (m_hasLoaded)
-        detach(m_ticketData->silentFetchTicket({}, m_stopSource.get_token()));
-    else
-        detach(load());
+    const std::stop_token stop = m_stopSource.get_token();
+    detach(m_ticketData->ticket() ? m_ticketData->silentFetchTicket({}, stop)
+                                  : m_ticketData->fetchTicket({}, stop));
 }
 
-QCoro::Task<> TicketScreenData::load()
+void TicketScreenData::updateErrors()
 {
-    const QPointer self(this);
-    const auto store = m_ticketData;
-    co_await store->fetchTicket({}, m_stopSource.get_token());
-    if (self)
-        m_hasLoaded = true;
+    if (m_ticketData->fetchError())
+        m_backOff.failed();
+    updateState();
 }
 
 void TicketScreenData::updateTicket()
 {
+    if (!m_ticketData->fetchError())
+        m_backOff.succeeded();
     if (m_ticketData->ticket())
         m_messages.setMessages(m_ticketData->ticket()->messages);
     if (m_ticketData->preview())

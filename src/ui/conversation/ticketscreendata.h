@@ -3,13 +3,13 @@
 
 #include "base/privateexport.h"
 #include "platform/async/notificationcenter.h"
+#include "recovery/backoff.h"
 #include "state/destination.h"
 #include "state/ticketdata.h"
 #include "state/times/supportavailability.h"
 #include "ui/composer/composerdata.h"
 #include "ui/messages/messagelistmodel.h"
 
-#include <QCoroTask>
 #include <QtCore/QObject>
 #include <QtQml/qqmlregistration.h>
 
@@ -63,8 +63,9 @@ public:
     QAbstractItemModel *preview() { return &m_preview; }
     ComposerData *composer() { return m_composer ? &*m_composer : nullptr; }
 
-    /// To be called each time the screen appears. Fetches the ticket: with a loading state until
-    /// one fetch has finished, then silently.
+    /// To be called each time the screen appears, and to try again. Fetches the ticket: with a
+    /// loading state until one fetch has succeeded, then silently. After a failure it fetches
+    /// again by itself.
     Q_INVOKABLE void appear();
 
 Q_SIGNALS:
@@ -73,8 +74,8 @@ Q_SIGNALS:
     void destinationChanged();
 
 private:
-    QCoro::Task<> load();
     void updateTicket();
+    void updateErrors();
     void updateState();
 
     TolvaneDestination m_destination;
@@ -88,7 +89,7 @@ private:
     SupportAvailability m_availability;
     NotificationCenter::Observation m_observation;
     std::stop_source m_stopSource;
-    bool m_hasLoaded = false;
+    BackOff m_backOff{[this] { appear(); }};
 };
 
 } // namespace tolvane

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import QtQuick.Window
 import Tolvane.Private
 
 // The home screen: branded header, the customer's conversations, and the button for a new one.
@@ -17,6 +18,10 @@ FocusScope {
     /// The height at rest between the header and the button for a new ticket.
     readonly property real noticeHeight: newTicket.y - headerHeight + 2 * Metrics.FloatingMargin
 
+    /// Rows fade in and grow when the list appears.
+    property real appearance: 1
+    readonly property bool hasRows: screen.state === "loaded"
+
     /// How far the sheet has to be pulled down to load the list again.
     readonly property int refreshDistance: 70
 
@@ -25,6 +30,22 @@ FocusScope {
         if (isOnTop)
             appear()
     }
+    onHasRowsChanged: {
+        if (hasRows)
+            appearanceAnimation.restart()
+    }
+
+    NumberAnimation {
+        id: appearanceAnimation
+
+        target: home
+        property: "appearance"
+        from: 0
+        to: 1
+        duration: Metrics.TransitionDuration
+        easing.type: Easing.InOutQuad
+    }
+
     Component.onCompleted: {
         parallax.list.focus = true
         parallax.list.activeFocusOnTab = true
@@ -42,6 +63,16 @@ FocusScope {
             screen.load()
             event.accepted = true
         }
+    }
+
+    // The ages of the messages go on by the minute while they are visible.
+    Timer {
+        interval: 60000
+        repeat: true
+        running: home.visible && home.Window.visibility !== Window.Hidden
+                 && home.Window.visibility !== Window.Minimized
+        triggeredOnStart: true
+        onTriggered: home.screen.updateAges()
     }
 
     Connections {
@@ -83,7 +114,7 @@ FocusScope {
         reuseItems: true
         clipsCorners: false
         listName: Strings.string("ticket_list_your_messages")
-        model: home.screen.state === "loaded" ? home.screen.tickets : null
+        model: home.hasRows ? home.screen.tickets : null
 
         header: TolvaneHeader {
             isCollapsed: parallax.scrollState === ParallaxScroll.Collapsed
@@ -103,12 +134,25 @@ FocusScope {
                 width: parent.width - 2 * x
                 height: parent.height - Metrics.SmallPadding
                 loadingState: home.screen.state
-                content: Item { }
+                content: Item {
+                    implicitHeight: home.screen.isStale ? stale.implicitHeight : 0
+
+                    RetryLine {
+                        id: stale
+
+                        width: parent.width
+                        visible: home.screen.isStale
+                        text: Strings.string("ticket_list_stale")
+                        onRetryRequested: home.screen.load()
+                    }
+                }
                 loading: TolvaneListSkeletonView { }
                 empty: TolvaneEmptyContentView { visibleHeight: home.noticeHeight }
                 error: TolvaneErrorContentView {
                     visibleHeight: home.noticeHeight
                     errorText: home.screen.errorText
+                    action: Strings.string("error_retry")
+                    onActionRequested: home.screen.load()
                 }
                 transitions: ({
                     "loaded": {scale: 0.9},
@@ -125,6 +169,8 @@ FocusScope {
 
         delegate: TicketItem {
             width: parallax.width
+            opacity: home.appearance
+            scale: 0.9 + 0.1 * home.appearance
             isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
             onClicked: home.screen.navigation.navigate(Destination.ticket(preview))
         }

@@ -2,15 +2,22 @@
 import QtQuick
 import Tolvane.Private
 
-// The whole screen until the settings have arrived.
+// The whole screen until the settings have arrived. Once an attempt to load them has failed, it says
+// so in place of the skeleton.
 Rectangle {
-    id: screen
+    id: view
+
+    required property ScreenData screen
+
+    readonly property bool hasFailed: screen.settingsErrorText.length > 0
 
     color: Theme.primaryColor
+    Accessible.ignored: hasFailed
     Accessible.role: Accessible.StaticText
     Accessible.name: Strings.string("accessibility_loading")
 
     Column {
+        visible: !view.hasFailed
         // If there is not enough height, the lower end is cut off.
         y: Math.max(0, (parent.height - height) / 2)
         width: parent.width
@@ -24,5 +31,29 @@ Rectangle {
             x: Theme.columnInset(parent.width, 0)
             width: parent.width - 2 * x
         }
+    }
+
+    TolvaneNotice {
+        anchors.fill: parent
+        visible: view.hasFailed
+        icon: "warning"
+        iconColor: Theme.accentColor
+        title: Strings.hostString("Something went wrong")
+        titleColor: Theme.accentColor
+        detail: view.screen.settingsErrorText
+        detailColor: Theme.accentColor
+        action: Strings.string("error_retry")
+        isActionEnabled: !view.screen.isLoadingSettings
+        onActionRequested: view.screen.loadSettings()
+    }
+
+    IconButton {
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: Metrics.Padding
+        icon: "close"
+        color: Theme.accentColor
+        name: Strings.string("accessibility_close")
+        onClicked: view.screen.close()
     }
 }

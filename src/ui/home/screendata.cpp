@@ -3,9 +3,11 @@
 
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
+#include "recovery/drafts.h"
 #include "state/loadingstatename.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"
+#include "ui/kit/errortext.h"
 #include "ui/kit/loadingstatetexts.h"
 
 namespace tolvane {
@@ -14,14 +16,43 @@ ScreenData::ScreenData(QObject *parent)
     : QObject(parent)
 {
     connect(m_ticketsData.get(), &TicketsData::changed, this, &ScreenData::syncFromStore);
-    connect(SdkData::shared().get(), &SdkData::changed, this, [this] {
-        startOnceSettingsLoaded();
-        Q_EMIT settingsChanged();
-    });
+    connect(SdkData::shared().get(), &SdkData::changed, this, &ScreenData::syncFromSettings);
+    connect(Drafts::shared().get(), &Drafts::changed, &m_tickets, &TicketListModel::updateTexts);
     startOnceSettingsLoaded();
+    if (SdkData::shared()->settingsError())
+        loadSettings();
     connect(ConversationRequest::shared().get(), &ConversationRequest::requested, this,
             &ScreenData::showRequestedConversation);
     showRequestedConversation();
+}
+
+void ScreenData::syncFromSettings()
+{
+    startOnceSettingsLoaded();
+    const SdkData &settings = *SdkData::shared();
+    if (settings.settingsDidLoad())
+        m_settingsBackOff.succeeded();
+    else if (settings.settingsError() && !settings.isFetchingSettings())
+        m_settingsBackOff.failed();
+    Q_EMIT settingsChanged();
+}
+
+void ScreenData::loadSettings()
+{
+    const auto settings = SdkData::shared();
+    if (!settings->settingsDidLoad() && !settings->isFetchingSettings())
+        detach(settings->fetchSettings());
+}
+
+bool ScreenData::isLoadingSettings() const
+{
+    return SdkData::shared()->isFetchingSettings();
+}
+
+QString ScreenData::settingsErrorText() const
+{
+    const ErrorPtr &error = SdkData::shared()->settingsError();
+    return error && !settingsDidLoad() ? tolvane::errorText(*error) : QString();
 }
 
 void ScreenData::setShown(bool isShown)
@@ -37,9 +68,29 @@ bool ScreenData::settingsDidLoad() const
     return SdkData::shared()->settingsDidLoad();
 }
 
+bool ScreenData::isStale() const
+{
+    return m_ticketsData->state().failure() && m_tickets.rowCount() > 0;
+}
+
 QString ScreenData::state() const
 {
-    return caseName(m_ticketsData->state());
+    return isStale() ? QStringLiteral("loaded") : caseName(m_ticketsData->state());
+}
+
+bool ScreenData::isListKnown() const
+{
+    const TicketsData::State &state = m_ticketsData->state();
+    return state.value() || state.current() == TicketsData::State::Case::empty;
+}
+
+QStringList ScreenData::ticketIds() const
+{
+    QStringList ids;
+    const auto tickets = m_ticketsData->state().value();
+    for (const TicketPreviewDto &ticket : tickets.value_or(TicketsData::Tickets()))
+        ids += ticket.id;
+    return ids;
 }
 
 QString ScreenData::errorText() const
@@ -52,12 +103,19 @@ void ScreenData::startOnceSettingsLoaded()
     if (m_hasStarted || !settingsDidLoad())
         return;
     m_hasStarted = true;
+    load();
+    // Queued: the push that opens the messenger is broadcast right afterwards, and the list that is
+    // being requested contains it.
+    QMetaObject::invokeMethod(this, &ScreenData::observe, Qt::QueuedConnection);
+}
+
+void ScreenData::observe()
+{
     for (const QString &name :
          {notifications::didReceiveMessage, notifications::didReceiveStateUpdate,
           notifications::didSendMessage})
         m_observations.push_back(platform().notificationCenter->observe(
             name, NotificationCenter::Delivery::mainThread, [this](const auto &) { reload(); }));
-    load();
 }
 
 void ScreenData::showRequestedConversation()
@@ -80,6 +138,8 @@ void ScreenData::syncFromStore()
     // The rows are kept while a skeleton is shown, so that the list keeps its position.
     if (const auto tickets = m_ticketsData->state().value())
         m_tickets.setTickets(*tickets);
+    else if (m_ticketsData->state().current() == TicketsData::State::Case::empty)
+        m_tickets.setTickets({});
     Q_EMIT ticketsChanged();
 }
 

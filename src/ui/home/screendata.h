@@ -3,6 +3,7 @@
 
 #include "base/privateexport.h"
 #include "platform/async/notificationcenter.h"
+#include "recovery/backoff.h"
 #include "state/conversationrequest.h"
 #include "state/messagedata.h"
 #include "state/navigationdata.h"
@@ -26,16 +27,26 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("each presentation has its own")
     Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY settingsChanged)
+    /// Why the settings are missing, in the customer's language; empty if they are not, or if no
+    /// attempt to load them has failed. While it is not, further attempts are made.
+    Q_PROPERTY(QString settingsErrorText READ settingsErrorText NOTIFY settingsChanged)
+    Q_PROPERTY(bool isLoadingSettings READ isLoadingSettings NOTIFY settingsChanged)
     /// While true, the messenger slides in and stays. When false, it slides out and calls
     /// didHide().
     Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
     /// "idle", "loading", "loadingWithPreview", "loaded", "empty" or "error"
     Q_PROPERTY(QString state READ state NOTIFY ticketsChanged)
+    /// True if the rows are those of an earlier load, because the last one failed. The state is
+    /// "loaded" then.
+    Q_PROPERTY(bool isStale READ isStale NOTIFY ticketsChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY ticketsChanged)
     Q_PROPERTY(QString errorText READ errorText NOTIFY ticketsChanged)
     Q_PROPERTY(QAbstractItemModel *tickets READ tickets CONSTANT)
     /// A text of the host for the composer of the new conversation that is open; empty once taken.
     Q_PROPERTY(QString newTicketText READ newTicketText NOTIFY newTicketTextChanged)
+    /// Whether the last load has succeeded.
+    Q_PROPERTY(bool isListKnown READ isListKnown NOTIFY ticketsChanged)
+    Q_PROPERTY(QStringList ticketIds READ ticketIds NOTIFY ticketsChanged)
     Q_PROPERTY(tolvane::NavigationData *navigation READ navigation CONSTANT)
     Q_PROPERTY(tolvane::MessageData *attachmentSelection READ attachmentSelection CONSTANT)
 
@@ -45,6 +56,11 @@ public:
     bool isShown() const { return m_isShown; }
     void setShown(bool isShown);
     bool settingsDidLoad() const;
+    QString settingsErrorText() const;
+    bool isLoadingSettings() const;
+    bool isStale() const;
+    bool isListKnown() const;
+    QStringList ticketIds() const;
     QString state() const;
     bool isLoading() const { return m_ticketsData->state().isLoading(); }
     QString errorText() const;
@@ -58,6 +74,10 @@ public:
     /// Refreshes the tickets without a loading state, as after returning to the list.
     Q_INVOKABLE void reload();
     Q_INVOKABLE QString takeNewTicketText() { return std::exchange(m_newTicketText, {}); }
+    /// Loads the settings if they are missing.
+    Q_INVOKABLE void loadSettings();
+    /// Updates the ages of the messages.
+    Q_INVOKABLE void updateAges() { m_tickets.updateTexts(); }
     /// Requests to close the messenger, as the close button does.
     Q_INVOKABLE void close() { Q_EMIT closeRequested(); }
     Q_INVOKABLE void didHide() { Q_EMIT hidden(); }
@@ -72,11 +92,14 @@ Q_SIGNALS:
 
 private:
     void startOnceSettingsLoaded();
+    void syncFromSettings();
+    void observe();
     void syncFromStore();
     void showRequestedConversation();
 
     const std::shared_ptr<TicketsData> m_ticketsData = std::make_shared<TicketsData>();
     TicketListModel m_tickets;
+    BackOff m_settingsBackOff{[this] { loadSettings(); }};
     NavigationData m_navigation;
     QString m_newTicketText;
     MessageData m_attachmentSelection;

@@ -46,6 +46,7 @@ FocusScope {
                     destination: page.destination,
                     navigation: page.screen.navigation,
                     messageData: page.screen.attachmentSelection,
+                    knownTicketIds: page.screen.isListKnown ? page.screen.ticketIds : null,
                     isOnTop: Qt.binding(() => page.isOnTop),
                     focus: true
                 })

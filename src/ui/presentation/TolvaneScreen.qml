@@ -17,7 +17,10 @@ FocusScope {
     Component {
         id: waiting
 
-        TolvaneSkeletonView { focus: true }
+        TolvaneSkeletonView {
+            focus: true
+            screen: root.screen
+        }
     }
 
     Component {

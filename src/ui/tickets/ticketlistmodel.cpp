@@ -23,7 +23,7 @@ QVariant TicketListModel::data(const QModelIndex &index, int role) const
     case contentRole:
         return ticketrow::singleLine(ticket.lastMessage.content);
     case captionRole:
-        return ticketrow::caption(ticket.lastMessage);
+        return ticketrow::caption(ticket);
     case isUnreadRole:
         return isUnread(ticket.lastMessage);
     case descriptionRole:
@@ -33,6 +33,12 @@ QVariant TicketListModel::data(const QModelIndex &index, int role) const
     default:
         return {};
     }
+}
+
+void TicketListModel::updateTexts()
+{
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {captionRole, descriptionRole});
 }
 
 QHash<int, QByteArray> TicketListModel::roleNames() const

@@ -32,6 +32,9 @@ public:
 
     void setTickets(const TicketsData::Tickets &tickets) { replace(tickets); }
 
+    /// Updates the texts that change without the tickets: the age of a message, and the draft.
+    void updateTexts();
+
     QVariant data(const QModelIndex &index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 };

@@ -2,6 +2,7 @@
 #include "ui/tickets/ticketrow.h"
 
 #include "platform/platform.h"
+#include "recovery/drafts.h"
 #include "state/times/timeago.h"
 #include "state/unreadtickets.h"
 #include "ui/kit/isolatedtext.h"
@@ -20,6 +21,11 @@ QString senderLabel(const SenderDto &sender)
     if (sender.type == words::humanAgent && sender.name)
         return *sender.name;
     return sender.type;
+}
+
+QString draftText()
+{
+    return platform().bundle->string(QStringLiteral("ticket_draft"));
 }
 
 } // namespace
@@ -41,10 +47,13 @@ QString singleLine(const QString &text)
     return withoutMarkdown(text.left(maximumLength)).simplified();
 }
 
-QString caption(const MessageDto &message)
+QString caption(const TicketPreviewDto &ticket)
 {
-    return isolatedText(senderLabel(message.sender)) + QStringLiteral(" \u00b7 ") +
-           timeAgoText(message.timestamp);
+    const MessageDto &message = ticket.lastMessage;
+    QStringList parts = {isolatedText(senderLabel(message.sender)), timeAgoText(message.timestamp)};
+    if (Drafts::shared()->contains(ticket.id))
+        parts.prepend(draftText());
+    return parts.join(QStringLiteral(" \u00b7 "));
 }
 
 QString description(const TicketPreviewDto &ticket)
@@ -52,6 +61,8 @@ QString description(const TicketPreviewDto &ticket)
     QStringList parts = {isolatedText(senderLabel(ticket.lastMessage.sender)),
                          singleLine(ticket.lastMessage.content),
                          timeAgoText(ticket.lastMessage.timestamp)};
+    if (Drafts::shared()->contains(ticket.id))
+        parts.prepend(draftText());
     const Bundle &bundle = *platform().bundle;
     if (ticket.state == words::closed)
         parts += bundle.string(QStringLiteral("ticket_closed"));

@@ -16,8 +16,8 @@ TOLVANE_VIEWS_AUTOTEST_EXPORT Avatar::Kind icon(const TicketPreviewDto &ticket);
 /// The beginning of the text as one line, without Markdown, with spaces instead of line breaks.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString singleLine(const QString &text);
 
-/// The sender and the age of the message.
-TOLVANE_VIEWS_AUTOTEST_EXPORT QString caption(const MessageDto &message);
+/// The sender and the age of the message, after the word for a draft if there is one.
+TOLVANE_VIEWS_AUTOTEST_EXPORT QString caption(const TicketPreviewDto &ticket);
 
 /// The whole row as one text, for screen readers.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString description(const TicketPreviewDto &ticket);

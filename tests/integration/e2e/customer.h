@@ -44,7 +44,7 @@ public:
         window.requestActivate();
         Tolvane::initialize(u"key"_s);
         pushes = Pushes::listen(u"de71ce"_s, support);
-        support.open();
+        Tolvane::open();
     }
 
     void sees(QAccessible::Role role, const QString &name) { robot.find(role, name); }

@@ -228,7 +228,7 @@ private:
         m_browser->click(u"#agent-name"_s);
         m_browser->type(u"Nora Berg"_s);
         agentSays(u"Which lamp is it?"_s);
-        m_customer->sees(QAccessible::Heading, u"Nora Berg, Available now"_s);
+        m_customer->sees(QAccessible::Heading, u"\u2068Nora Berg\u2069, Available now"_s);
         m_browser->await(u"document.querySelector('#assignee').value === 'human agent'"_s);
         // This one arrives by push only: polling ended with the previous answer.
         agentSays(u"The one in your picture?"_s);

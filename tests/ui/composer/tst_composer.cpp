@@ -295,7 +295,7 @@ private Q_SLOTS:
         const QList<AttachmentDto> attached = fixture.store->attachments();
         // The same file is attached once.
         QCOMPARE(attached.size(), hasFile ? attachments : 2 * attachments);
-        QCOMPARE(fixture.find("BriefNotice")->isVisible(), hasFile && attached.isEmpty());
+        QTRY_COMPARE(fixture.find("BriefNotice")->isVisible(), hasFile && attached.isEmpty());
         if (!attached.isEmpty()) {
             QCOMPARE(attached[0].mimeType, u"image/png"_s);
             QCOMPARE(QImage::fromData(attached[0].data).size(), QSize(3, 3));

@@ -5,6 +5,7 @@
 #include "testing/ui/samples.h"
 #include "ui/conversation/ticketscreendata.h"
 #include "ui/images/imagecache.h"
+#include "ui/tickets/ticketrow.h"
 
 #include <QtTest/QSignalSpy>
 
@@ -405,6 +406,50 @@ private Q_SLOTS:
                      makeNamedMessage(u"m3"_s, words::humanAgent));
         fixture.clock->advance(1s);
         QCOMPARE(fixture.screen()->state(), u"error"_s);
+        fixture.isFailing = false;
+        fixture.clock->advance(2s); // It is fetched again by itself.
+        QCOMPARE(fixture.screen()->state(), u"loaded"_s);
+    }
+
+    void anUnsentMessageIsKept()
+    {
+        TicketScreenFixture fixture;
+        QStringList posts;
+        fixture.session->handler = [&, next = fixture.session->handler](const UrlRequest &request) {
+            if (request.method == "POST" && !fixture.isFailing) {
+                posts += request.url.path();
+                return answer(makeMessage(u"m3"_s));
+            }
+            return next(request);
+        };
+        fixture.isFailing = true;
+        const auto destination = TolvaneDestination::ticket(makePreview());
+        {
+            TicketScreenData screen;
+            screen.setDestination(destination);
+            screen.appear();
+            settle();
+            screen.composer()->setMessage(u"draft"_s);
+            screen.composer()->send();
+            settle();
+            QCOMPARE(screen.composer()->sendErrorText(), u"error_offline"_s);
+            screen.composer()->setMessage(u"draft!"_s);
+            QCOMPARE(screen.composer()->sendErrorText(), QString());
+        }
+        QVERIFY(ticketrow::caption(makePreview()).startsWith(u"ticket_draft"_s));
+        TicketScreenData other;
+        other.setDestination(TolvaneDestination::newTicket());
+        QCOMPARE(other.composer()->message(), QString());
+        TicketScreenData screen;
+        screen.setDestination(destination);
+        QCOMPARE(screen.composer()->message(), u"draft!"_s);
+        // The ticket was never loaded; still, no other conversation begins.
+        fixture.isFailing = false;
+        screen.composer()->send();
+        settle();
+        QVERIFY(posts.size() == 1 && !posts.constFirst().endsWith(u"create"_s));
+        QCOMPARE(screen.messages()->rowCount(), 3);
+        QVERIFY(!ticketrow::caption(makePreview()).startsWith(u"ticket_draft"_s));
     }
 
     void theComposerIsAlwaysVisible_data()

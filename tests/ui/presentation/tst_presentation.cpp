@@ -8,6 +8,7 @@
 
 #include <tolvane/tolvane.h>
 
+#include <QtCore/QPointer>
 #include <QtGui/QRasterWindow>
 #include <QtQuick/QQuickView>
 #include <QtTest/QTest>
@@ -59,6 +60,63 @@ private Q_SLOTS:
         platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
         settle();
         QCOMPARE(fixture.listRequests(), 2);
+    }
+
+    void missingSettingsAreFetchedAgain()
+    {
+        MessengerFixture fixture;
+        int failures = 3;
+        fixture.session->handler = [&, next = fixture.session->handler](const UrlRequest &request) {
+            if (request.url.path().endsWith(u"/settings"_s) && failures-- > 0)
+                throw UrlError(UrlError::notConnectedToInternet);
+            return next(request);
+        };
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
+        open();
+        settle();
+        QCOMPARE(failures, 1);
+        QTRY_VERIFY(fixture.find(u"error_offline"_s) && fixture.find(u"error_retry"_s));
+        fixture.clock->advance(std::chrono::seconds(2));
+        QCOMPARE(failures, 0);
+        QVERIFY(fixture.find(u"error_offline"_s));
+        fixture.clock->advance(std::chrono::seconds(4));
+        QTRY_VERIFY(fixture.find(u"main_subtitle"_s));
+    }
+
+    void aListStaysWhenALaterLoadFails()
+    {
+        MessengerFixture fixture;
+        fixture.setTickets({u"t1"_s});
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
+        open();
+        QTRY_VERIFY(fixture.find(u"text of last"_s));
+        for (const bool isFailing : {true, false}) {
+            fixture.isFailing = isFailing;
+            QTest::keyClick(&fixture.host, Qt::Key_F5);
+            settle();
+            QTRY_COMPARE(fixture.find(u"ticket_list_stale"_s) != nullptr, isFailing);
+            QTRY_VERIFY(fixture.find(u"text of last"_s));
+        }
+    }
+
+    void aTappedPushLoadsTheListOnce()
+    {
+        MessengerFixture fixture;
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
+        const QVariantMap push{{u"source"_s, u"tolvane"_s},
+                               {u"message"_s, QVariantMap{{u"id"_s, u"m"_s}}}};
+        Tolvane::handlePushNotification(push);
+        settle();
+        QCOMPARE(fixture.listRequests(), 1);
+        // Tapped while the messenger slides out.
+        Tolvane::close();
+        Tolvane::handlePushNotification(push);
+        QTest::qWait(400);
+        QVERIFY(fixture.messenger() && Tolvane::isOpen());
+        QCOMPARE(fixture.openStates(), QList<bool>({true, false, true}));
     }
 
     void closingRestoresTheHost_data()

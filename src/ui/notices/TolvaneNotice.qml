@@ -30,6 +30,10 @@ Item {
     readonly property bool isCompact:
         visibleHeight < iconSize + spacing + texts.implicitHeight + 2 * padding
                          + (action.length > 0 ? button.implicitHeight + spacing : 0)
+    /// A window that is too low even without the icon has no room for the button: there are a key
+    /// and a pull for the same, and what has failed is tried again by itself.
+    readonly property bool hasAction: action.length > 0 &&
+        visibleHeight >= texts.implicitHeight + button.implicitHeight + 3 * Metrics.SmallPadding
     readonly property real verticalPadding: isCompact ? Metrics.SmallPadding : padding
     // Large letters need the width.
     readonly property real horizontalPadding: titleSize > 28 ? Metrics.Padding : padding
@@ -48,6 +52,7 @@ Item {
 
         Icon {
             anchors.horizontalCenter: parent.horizontalCenter
+            visible: !notice.isCompact || notice.action.length === 0
             width: notice.isCompact ? 0.7 * notice.iconSize : notice.iconSize
             height: width
             name: notice.icon
@@ -89,7 +94,7 @@ Item {
 
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(implicitWidth, parent.width)
-            visible: notice.action.length > 0
+            visible: notice.hasAction
             enabled: notice.isActionEnabled
             opacity: enabled ? 1 : 0.5
             name: notice.action
