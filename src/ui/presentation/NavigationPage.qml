@@ -53,9 +53,12 @@ FocusScope {
         }
     }
 
+    /// A TicketScreen, whose type is loaded with the first page only.
+    readonly property var conversation: content.item
+
     function applyText() {
         if (destination.kind === "newTicket" && screen.newTicketText.length > 0)
-            content.item.addText(screen.takeNewTicketText())
+            conversation.addText(screen.takeNewTicketText())
     }
 
     Connections {
