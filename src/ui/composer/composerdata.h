@@ -11,13 +11,13 @@
 #include <QtCore/QObject>
 #include <QtCore/QUrl>
 #include <QtQml/qqmlregistration.h>
+#include <QtQuick/QQuickItem>
 
 #include <memory>
 #include <optional>
 
 class QMimeData;
 class QImage;
-class QQuickItem;
 
 namespace tolvane {
 
