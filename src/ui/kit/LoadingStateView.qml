@@ -36,7 +36,10 @@ Item {
     function componentFor(state: string): Component {
         switch (state) {
         case "loading": return loading
-        case "loadingWithPreview": return loadingWithPreview ?? loading
+        case "loadingWithPreview":
+            if (loadingWithPreview)
+                return loadingWithPreview
+            return loading
         case "loaded": return content
         case "empty": return empty
         case "error": return error

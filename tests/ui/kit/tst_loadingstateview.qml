@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtTest
+import Tolvane.Private
+
+TestCase {
+    id: testCase
+
+    name: "LoadingStateView"
+    when: windowShown
+    width: 100
+    height: 100
+
+    component Named: Item {
+        required property string text
+    }
+
+    Component {
+        id: component
+
+        LoadingStateView {
+            loadingState: "idle"
+            content: Named { text: "content" }
+            loading: Named { text: "loading" }
+            empty: Named { text: "empty" }
+            error: Named { text: "error" }
+        }
+    }
+
+    function pages(view) {
+        return Array.from({length: view.children.length}, (_, at) => view.children[at].item.text)
+    }
+
+    function test_states_data() {
+        return [{tag: "idle", shown: []},
+                {tag: "loading", shown: ["loading"]},
+                {tag: "loadingWithPreview", shown: ["loading"]},
+                {tag: "loaded", shown: ["content"]},
+                {tag: "empty", shown: ["empty"]},
+                {tag: "error", shown: ["error"]}]
+    }
+    function test_states(data) {
+        const view = createTemporaryObject(component, testCase, {loadingState: "error"})
+        view.loadingState = data.tag
+        // The previous view fades out beside its replacement.
+        compare(pages(view).sort(), ["error"].concat(data.tag === "error" ? [] : data.shown).sort())
+        tryVerify(() => view.children.length === data.shown.length)
+        compare(pages(view), data.shown)
+        if (view.current)
+            tryCompare(view.current, "opacity", 1)
+    }
+}
