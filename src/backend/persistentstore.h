@@ -17,8 +17,8 @@ namespace tolvane::persistentstore {
 /// absent, and writing anything else has no effect: the customer keeps the id that works.
 TOLVANE_AUTOTEST_EXPORT std::optional<QString> customerId();
 TOLVANE_AUTOTEST_EXPORT void setCustomerId(const QString &id);
-/// Stores the id if there is none. Processes that do this at the same time agree on one id. Returns
-/// whether it is this one.
+/// Stores the id unless an id is stored already. Processes that call this at the same time agree on
+/// one id. Returns whether this id is stored.
 TOLVANE_AUTOTEST_EXPORT bool setFirstCustomerId(const QString &id);
 
 /// The host's own id for the customer. Writing an absent value removes the entry.

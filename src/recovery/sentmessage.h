@@ -24,7 +24,7 @@ public:
     /// Whether the store's draft is this message.
     bool isDraftOf(const TicketData &store) const;
 
-    /// The ticket that has this message and did not have it before. Absent if there is none.
+    /// The ticket that has received this message since it was sent; absent if no ticket has.
     /// @throws if the backend cannot be asked
     QCoro::Task<std::optional<TicketDto>> findTicket() const;
 

@@ -6,8 +6,8 @@
 namespace tolvane::backend {
 
 /// Answers with server-sent events until the client disconnects or the server shuts down.
-/// `nextEvents` returns an empty text when there are none; it is called again after each release of
-/// the stream's wakeup.
+/// `nextEvents` returns an empty text while no event is waiting. The server calls it again after
+/// each release of the stream's wakeup.
 template <typename Stream>
 void respondWithEvents(const RequestContext &context, const std::shared_ptr<Stream> &stream,
                        std::function<std::string()> nextEvents)

@@ -44,8 +44,8 @@ struct Response
     int status = 200;
     std::map<std::string, std::string> headers;
     std::string body;
-    /// The next bytes of a response without an end; empty if there are none yet. A call means that
-    /// the client's connection has accepted the bytes of the previous one.
+    /// Returns the next bytes of a response without an end, or an empty text while no bytes are
+    /// waiting. A call means that the connection has accepted the bytes of the previous call.
     std::function<std::string()> nextEvents;
     /// Releasing it makes the server call nextEvents().
     std::shared_ptr<const Wakeup> wakeup;

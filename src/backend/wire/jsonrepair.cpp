@@ -15,7 +15,7 @@ constexpr const char *unacceptable = "[[]]";
 constexpr const char *replacementCharacter = "\\uFFFD";
 constexpr qsizetype escapeLength = 6; // \uXXXX
 
-/// The code unit of an escape at a position; 0 if there is none.
+/// The code unit of the escape that begins at a position; 0 if no escape begins there.
 ushort codeUnit(QByteArrayView json, qsizetype at)
 {
     if (at + escapeLength > json.size() || json[at] != '\\' || json[at + 1] != 'u')

@@ -122,7 +122,7 @@ FocusScope {
                     editor.pasteRequested(event)
                 }
             }
-            // A tab is of no use in a message, and no other key moves the focus out of the editor.
+            // Messages do not need tabs, and no other key moves the focus out of the editor.
             Keys.onTabPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed:
                 nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
