@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Responses of the backend: all decoders give the same record.
-#include "state/colorscheme.h"
 #include "targets.h"
 #include "testing/samplerecords.h"
 
@@ -60,23 +59,9 @@ void checkDictionaryRoundTrip(const QByteArray &bytes)
             "a record's dictionary decodes to the same record");
 }
 
-/// The colours of a branding come from its texts.
-void checkColor(const QByteArray &bytes)
-{
-    const QString text = QString::fromUtf8(bytes);
-    const Color color = Color::fromHex(text);
-    for (const double channel : {color.red, color.green, color.blue})
-        require(channel >= 0 && channel <= 1, "colour channels are between 0 and 1");
-    require(Color::fromHex(u" \t"_s + text + u"\r\n"_s) == color,
-            "surrounding white space is ignored");
-    if (!text.trimmed().startsWith(u'#'))
-        require(Color::fromHex(u'#' + text.trimmed()) == color, "a leading number sign is ignored");
-}
-
 constexpr std::array checks = {
-    checkJsonRoundTrip<TicketDto>,  checkJsonRoundTrip<QList<TicketPreviewDto>>,
-    checkJsonRoundTrip<MessageDto>, checkJsonRoundTrip<BrandingDto>,
-    checkDictionaryRoundTrip,       checkColor};
+    checkJsonRoundTrip<TicketDto>, checkJsonRoundTrip<QList<TicketPreviewDto>>,
+    checkJsonRoundTrip<MessageDto>, checkJsonRoundTrip<BrandingDto>, checkDictionaryRoundTrip};
 
 } // namespace
 

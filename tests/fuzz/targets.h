@@ -1,39 +1,49 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "input.h"
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
 
-#include <array>
+#include <cstdio>
+#include <cstdlib>
 
 /// Fuzz targets: code that reads untrusted bytes, with the properties that must hold for any bytes.
 namespace tolvane::fuzz {
 
-void responses(Input input);
-void pushes(Input input);
-void markdown(Input input);
-void preferences(Input input);
-void multipart(Input input);
-void times(Input input);
-void pictures(Input input);
-
-struct Target
+/// Untrusted bytes, consumed from the front.
+class Input
 {
-    const char *name;
-    void (*run)(Input input);
+public:
+    explicit Input(QByteArrayView bytes)
+        : m_rest(bytes)
+    {
+    }
+
+    /// The next byte; 0 after the end.
+    unsigned char byte()
+    {
+        const auto first = static_cast<unsigned char>(m_rest.isEmpty() ? 0 : m_rest.front());
+        m_rest = m_rest.sliced(m_rest.isEmpty() ? 0 : 1);
+        return first;
+    }
+
+    QByteArray rest() const { return m_rest.toByteArray(); }
+
+private:
+    QByteArrayView m_rest;
 };
 
-inline constexpr std::array targets = {
-    Target{"responses", responses}, Target{"pushes", pushes},
-    Target{"markdown", markdown},   Target{"preferences", preferences},
-    Target{"multipart", multipart}, Target{"times", times},
-    Target{"pictures", pictures},
-};
+/// Aborts the program when a property does not hold.
+inline void require(bool holds, const char *what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "Violated: %s\n", what);
+    std::abort();
+}
 
-/// Ends the program with a list of the targets when there is no such name.
-const Target &targetNamed(QByteArrayView name);
-
-/// Creates what the targets need: an application without windows, and temporary folders. Call it
-/// once, before any target.
-void prepare();
+void responses(Input input);
+void markdown(Input input);
+void pictures(Input input);
 
 } // namespace tolvane::fuzz
