@@ -44,15 +44,6 @@ inline QJsonDocument json(const httplib::Response &response)
     return QJsonDocument::fromJson(QByteArray::fromStdString(response.body));
 }
 
-/// The types of the senders of a ticket's messages by their first letters, oldest first.
-inline QString senders(const QJsonDocument &ticket)
-{
-    QString letters;
-    for (const QJsonValue message : ticket[QLatin1String("messages")].toArray())
-        letters += message[QLatin1String("sender")][QLatin1String("type")].toString().first(1);
-    return letters;
-}
-
 /// A backend in this process on a port that the system picks.
 struct RunningBackend : tolvane::backend::Backend
 {

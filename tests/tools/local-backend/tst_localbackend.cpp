@@ -1,17 +1,34 @@
 // SPDX-License-Identifier: MIT
-// The routes for customers, and the scripted agents behind them.
-#include "agent.h"
+// The routes for customers and for the agents' page, and the scripted agents behind them.
 #include "runningbackend.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtNetwork/QTcpSocket>
 #include <QtTest/QTest>
 
-#include <future>
-
 using namespace Qt::StringLiterals;
 using namespace std::literals;
 using namespace tolvane::backend;
+
+namespace {
+
+/// A client that sends requests like the agents' page.
+struct Agent : Customer
+{
+    explicit Agent(const RunningBackend &backend)
+        : Customer(backend.port())
+    {
+        headers = {{"X-Tolvane-Agent", "1"},
+                   {"Content-Type", "multipart/form-data; boundary=edge"},
+                   {"Host", "127.0.0.1:" + std::to_string(backend.port())}};
+    }
+    httplib::Response post(const std::string &path, const std::string &body)
+    {
+        return send("POST", "/agent/api/" + path, body);
+    }
+};
+
+} // namespace
 
 class LocalBackend : public QObject
 {
@@ -30,14 +47,6 @@ class LocalBackend : public QObject
     }
 
 private Q_SLOTS:
-    void settingsHandshake()
-    {
-        for (const char *query : {"", "?updatedAt", "?updatedAt=2025-01-15T09:30:00%2B0000"})
-            check(200, "GET", std::string("settings") + query);
-        check(304, "GET", "settings?updatedAt=2026-01-15T09%3A30%3A00%2B0000");
-        check(304, "GET", "settings?x&updatedAt=2026-01-15T09:30:00+0000");
-    }
-
     void keysAndIds()
     {
         for (const char *key : {"Bearer first%41", "bearer second"})
@@ -123,20 +132,6 @@ private Q_SLOTS:
         QVERIFY(!soon.hasExpired());
     }
 
-    void newTicketIsComplete()
-    {
-        Customer customer(m_backend.port());
-        QJsonObject ticket = json(customer.get(customer.open())).object();
-        QJsonObject message = ticket.take("messages"_L1)[0].toObject();
-        QCOMPARE(message["ticketId"_L1], ticket.take("id"_L1));
-        QCOMPARE(ticket.take("schedules"_L1)[0]["days"_L1].toArray().size(), 5);
-        QCOMPARE(ticket, (QJsonObject{{"state"_L1, "open"_L1}, {"assignee"_L1, "ai agent"_L1}}));
-        const QJsonValue sender = message["sender"_L1];
-        QCOMPARE(sender, (QJsonObject{{"id"_L1, "ada"_L1}, {"type"_L1, "customer"_L1}}));
-        const QString at = message["timestamp"_L1].toString();
-        QVERIFY(QDateTime::fromString(at, u"yyyy-MM-dd'T'HH:mm:ss'+0000'"_s).isValid());
-    }
-
     void attachments()
     {
         const std::vector<std::pair<QString, QString>> names = {
@@ -189,98 +184,79 @@ private Q_SLOTS:
         QCOMPARE(customer.client.socket(), socket);
     }
 
-    void textsAndOrderSurviveARestart()
+    void onlyThePageHasAccess()
     {
-        const QTemporaryDir folder;
-        const std::string database = folder.filePath(u"backend.sqlite"_s).toStdString();
-        std::optional<RunningBackend> backend(std::in_place, database);
-        Customer customer(backend->port());
-        const std::string path = customer.open();
-        customer.open();
-        QJsonArray tickets;
-        for (const std::string &text :
-             {"\u200D\U0001F469 \u05E9' OR 1=1; --"s, "\"a\0\x01\r\n\r\n--edg"s}) {
-            const QJsonObject message = json(customer.write(path, text)).object();
-            QCOMPARE(message["content"_L1].toString().toStdString(), text);
-            tickets = customer.tickets();
-            QCOMPARE(tickets[0]["lastMessage"_L1].toObject(), message);
-        }
-        backend.emplace(database);
-        QCOMPARE(Customer(backend->port()).tickets(), tickets);
-    }
-
-    void concurrentWritesAreKept()
-    {
-        Customer reader(m_backend.port());
-        const std::string path = reader.open();
-        std::vector<std::future<void>> running;
-        for (char writer = 'a'; writer < 'i'; ++writer) {
-            running.push_back(std::async(std::launch::async, [this, &path, writer] {
-                Customer customer(m_backend.port());
-                for (int i = 0; i < 25; ++i)
-                    customer.write(path, writer + std::to_string(i));
-            }));
-        }
-        running.clear();
-        std::map<QChar, int> next;
-        const QJsonArray messages = json(reader.get(path))["messages"_L1].toArray();
-        for (qsizetype i = 1; i < messages.size(); ++i) {
-            const QString text = messages[i]["content"_L1].toString();
-            QCOMPARE(text.mid(1).toInt(), next[text[0]]++);
-        }
-        QCOMPARE(messages.size(), 1 + 8 * 25);
-    }
-
-    void replyRules()
-    {
-        const auto check = [](const char *text, Effect effect, const char *part,
-                              Author assignee = Author::Ai, int attachments = 0) {
-            Turn turn{assignee, text, attachments, false, "Mon 09:00-18:00"};
-            const Answer answer = answerTo(turn);
-            QVERIFY2(answer.effect == effect && answer.text.find(part) != std::string::npos, text);
-            // A conversation in which the customer has written again is not closed.
-            turn.hasNewerMessage = true;
-            QVERIFY2(answerTo(turn).effect != Effect::Close, text);
+        Agent agent(m_backend);
+        const std::string own = "127.0.0.1:" + std::to_string(m_backend.port());
+        const auto check = [&](int status, const std::string &method, const Headers &headers) {
+            const auto response = agent.send(method, "/agent/api/settings", {}, headers);
+            const std::string header = headers.begin()->first + ": " + headers.begin()->second;
+            QVERIFY2(response.status == status, header.c_str());
         };
-        check("hi, i want my money back", Effect::None, "Hello! You can return");
-        check("When are you open?", Effect::None, "**Mon 09:00-18:00**");
-        check("\U0001F600", Effect::None, "Write **human**");
-        check("my PASSWORD", Effect::None, "I have your 3 attachments. Choose", Author::Ai, 3);
-        check("real-person, please", Effect::HandOver, "handing you over");
-        check("inhumane agents' agency", Effect::None, "I can tell you");
-        check("are you human?", Effect::None, "a person already", Author::Human);
-        check("Tsch\u00FCss", Effect::Close, "closing");
-        check("it is not solved", Effect::None, "I can tell you");
-        check("Thanks! And how do I get a refund?", Effect::None, "30 days");
+        for (const std::string &host : {own, "localhost:1"s, "LOCALHOST"s, "[::1]"s, "[::1]:80"s})
+            check(200, "GET", {{"Host", host}});
+        for (const char *host : {"evil.example", "127.0.0.1.evil.example:80", "localhost.:80",
+                                 "192.168.0.1", "[::1].evil.example"})
+            check(403, "GET", {{"Host", host}});
+        check(200, "GET", {{"Origin", "http://" + own}});
+        for (const char *origin : {"null", "http://evil.example", "http://127.0.0.1:1"})
+            check(403, "GET", {{"Origin", origin}});
+        check(403, "GET", {{"Sec-Fetch-Site", "same-site"}});
+        check(200, "GET", {{"X-Tolvane-Agent", ""}});
+        check(403, "POST", {{"X-Tolvane-Agent", ""}});
+        const auto page = agent.get("/agent");
+        QVERIFY(page.get_header_value("Content-Security-Policy").starts_with("default-src 'none'"));
     }
 
-    // All messages are stored before a scheduler starts, so that no reply comes between them. Then
-    // two backends on one file compete for the replies.
-    void pendingRepliesAreSentOnceAndInOrderAfterARestart()
+    void badRequestsOfThePage()
+    {
+        Agent agent(m_backend);
+        Customer customer(m_backend.port());
+        const std::string opened = customer.open();
+        const std::string ticket = "ticket" + opened.substr(opened.rfind('/'));
+        const std::string message = ticket + "/message";
+        const std::string big(70 << 10, 'x');
+        const FormPart human{"as", "human agent"};
+        const FormPart text{"message", "x"};
+        const std::vector<std::tuple<int, std::string, std::string>> cases = {
+            {404, "ticket/none", "{}"},
+            {400, ticket, R"({"state":"asleep"})"},
+            {400, ticket, "["},
+            {413, ticket, "{\"state\":\"" + big + "\"}"},
+            {400, message, multipart({{"as", "customer"}, text})},
+            {400, message, multipart({human, {"message", ""}})},
+            {400, message, multipart({human, text, {"name", big}})},
+            {400, message, multipart({human, text, {"picture", "a/b"}})},
+            {400, "pictures", multipart({{"attachments[]", "", "x.png"}})},
+            {413, "pictures", std::string(5 << 20, 'x')},
+            {409, ticket + "/push", "{}"},
+            {400, "branding", "{\"primaryLight\":\"#12345\"}"},
+            {400, "schedules", R"([{"id":"a","days":["Samstag"]}])"},
+            {404, "nothing", "{}"},
+        };
+        for (const auto &[status, path, body] : cases) {
+            const auto response = agent.post(path, body);
+            QVERIFY2(response.status == status, (path + body.substr(0, 80)).c_str());
+            QVERIFY2(json(response)["error"_L1].isString(), path.c_str());
+        }
+        QCOMPARE(json(customer.get(opened))["messages"_L1].toArray().size(), 1);
+    }
+
+    void olderDatabasesAreMigrated()
     {
         const QTemporaryDir folder;
         const std::string path = folder.filePath(u"backend.sqlite"_s).toStdString();
-        std::string id;
-        {
-            Store store(openDatabase(path));
-            id = store.createTicket("ada", {{}, {}, {"thanks", {}}}, 0).id;
-            for (const char *text : {"where is my parcel", "a human please", "still there"})
-                QVERIFY(store.addMessage("ada", id, {text, {}}, 0));
-        }
-        for (int start = 0; start < 2; ++start) {
-            Store store(openDatabase(path));
-            Store other(openDatabase(path));
-            const LiveSettings settings(store, {}, {});
-            const ReplyScheduler scheduler(store, settings, 0ms);
-            const ReplyScheduler otherScheduler(other, settings, 0ms);
-            const auto messages = [&] { return store.readTicket("ada", id)->messages; };
-            TRY_COMPARE(messages().size(), std::size_t(9));
-            QVERIFY(!store.sendDueReply([](const PendingReply &) { return ReplyOutcome{}; }));
-            QVERIFY(messages()[5].content.find("2 to 4 working days") != std::string::npos);
-            QVERIFY(messages()[6].content.find("handing you over") != std::string::npos);
-            QCOMPARE(messages()[8].content, introduction());
-            QVERIFY(store.readTicket("ada", id)->state == State::Open);
-        }
+        const std::string id =
+            Store(openDatabase(path)).createTicket("ada", {{}, {}, {"x", {}}}, 0).id;
+        Database(path).executeScript(
+            "ALTER TABLE tickets DROP COLUMN automatic;"
+            "ALTER TABLE messages DROP COLUMN person_name;"
+            "ALTER TABLE messages DROP COLUMN person_picture;"
+            "DROP TABLE pictures; DROP TABLE settings; PRAGMA user_version = 1");
+        Store store(openDatabase(path));
+        QVERIFY(store.agentConversation(id)->isAutomatic);
+        QVERIFY(store.addAnswer(id, {Author::Human, Person{"Zoe", {}}, {"y", {}}}));
+        QCOMPARE(store.readTicket("ada", id)->messages[1].person->name, "Zoe"s);
     }
 
 private:

@@ -57,6 +57,16 @@ private Q_SLOTS:
         check("--db", "neither a database nor JSON", "not a database");
         check("--branding", R"({"primaryLight":"orange"})", "primaryLight");
         check("--schedules", R"([{"id":"a","days":["Sat"],"startTime":"22:00"}])", "startTime");
+        for (const auto &[seed, named] : std::initializer_list<std::pair<QByteArray, const char *>>{
+                 {"{", "is not valid JSON"},
+                 {R"({"customer":"ada","colour":1})", "unknown field 'colour'"},
+                 {R"({"customer":"a b"})", "visible ASCII"},
+                 {R"({"customer":"ada","pictures":["none.png"]})", "'none.png' cannot be read"},
+                 {R"({"customer":"ada","people":{"bo":{}}})", "at people.bo.name: needs a string"},
+                 {R"({"customer":"ada","conversations":[{"state":"open","messages":[)"
+                  R"({"from":"ai","text":"x"}]}]})",
+                  "messages[0].minutesAgo: needs a number"}})
+            check("--db :memory: --seed", seed, named);
     }
 
     void servesUntilSignal()
