@@ -5,22 +5,12 @@
 
 namespace tolvane::test {
 
-namespace {
-
-Process::Options options(const QString &configFolder, const QString &url,
-                         QProcess::ProcessChannelMode channels)
-{
-    return {.environment = {{QStringLiteral("XDG_CONFIG_HOME"), configFolder},
-                            {QStringLiteral("TOLVANE_API_URL"), url},
-                            {QStringLiteral("LANGUAGE"), QStringLiteral("en")}},
-            .channels = channels};
-}
-
-} // namespace
-
 ConsoleProgram::ConsoleProgram(const QString &configFolder, const QString &url)
     : m_process(QStringLiteral(TOLVANE_CONSOLE), {QStringLiteral("--json")},
-                options(configFolder, url, QProcess::SeparateChannels))
+                {.environment = {{QStringLiteral("XDG_CONFIG_HOME"), configFolder},
+                                 {QStringLiteral("TOLVANE_API_URL"), url},
+                                 {QStringLiteral("LANGUAGE"), QStringLiteral("en")}},
+                 .channels = QProcess::SeparateChannels})
 {
 }
 
@@ -60,16 +50,6 @@ QJsonObject ConsoleProgram::awaitEvent(const QString &event, const QString &name
         return line.value(QLatin1String("event")).toString() == event &&
                line.value(QLatin1String("name")).toString() == name;
     });
-}
-
-std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QString &url,
-                                         const QByteArray &commands)
-{
-    Process process(QStringLiteral(TOLVANE_CONSOLE), {},
-                    options(configFolder, url, QProcess::MergedChannels));
-    process.write(commands);
-    const int status = process.waitForExit(3 * Process::timeout);
-    return {process.output(), status};
 }
 
 } // namespace tolvane::test

@@ -36,8 +36,4 @@ private:
     int m_lastId = 0;
 };
 
-/// Runs the commands in the interactive console. Returns its output and its exit code.
-std::pair<QByteArray, int> sessionOutput(const QString &configFolder, const QString &url,
-                                         const QByteArray &commands);
-
 } // namespace tolvane::test

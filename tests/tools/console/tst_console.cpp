@@ -127,58 +127,6 @@ private Q_SLOTS:
         QTEST(events, "events");
     }
 
-    void pushesReachTheHost()
-    {
-        const QTemporaryDir folder;
-        const BackendProgram backend(folder.path(), u"1"_s); // Replies after the leave below.
-        const auto [output, status] = sessionOutput(folder.path(), backend.url(), "push on\n");
-        QVERIFY(status == 1 && output.contains("not initialized"));
-        const auto [early, earlyStatus] =
-            sessionOutput(folder.path(), backend.url(), "init\npush on\ntap\n");
-        QVERIFY(earlyStatus == 1 && early.contains("No push has come"));
-        const auto [text, endStatus] = sessionOutput(
-            folder.path(), backend.url(),
-            "init\npush on\nnew\nsay a human, please\nwait push\nwait push\nsay my order\nleave\n"
-            "wait push\ntap\nlist\nopen 1\nsay thanks, bye\nwait push\nwait push\nwait closed\n"
-            "push off\n");
-        QCOMPARE(endStatus, 0);
-        qsizetype at = 0;
-        for (const char *next : {"push, sound: Maya Lindqvist: Hi, this is *Maya*.", "\u203A leave",
-                                 "push, sound and banner: Maya Lindqvist: I am asking the carrier",
-                                 "\u203A tap", "(the messenger would open here)", "\u203A open 1",
-                                 "push, sound: Maya Lindqvist: Glad that",
-                                 "push, sound: the conversation is closed"}) {
-            at = text.indexOf(next, at);
-            QVERIFY2(at >= 0, next + ("\n" + text));
-        }
-        // Once by push or by polling, and once when the conversation is opened again.
-        QCOMPARE(text.count("       Hi, this is *Maya*."), 2);
-    }
-
-    void composeIsAtomic()
-    {
-        const QTemporaryDir config;
-        ConsoleProgram console(config.path(), nowhere);
-        QCOMPARE(console.request(u"ticket.new"_s).value(ticket).toInt(), 1);
-        const QJsonObject attachment = {
-            {u"name"_s, u"a.png"_s}, {u"mimeType"_s, u"image/png"_s}, {u"base64"_s, u"AAEC"_s}};
-        const QString compose = u"ticket.compose"_s;
-        const QString files = u"attachments"_s;
-        QVERIFY(isOk(
-            console.request(compose, onTicket(1, {{u"message"_s, u"hello"_s},
-                                                  {files, QJsonArray{attachment, attachment}}}))));
-        for (const QJsonObject &bad : {QJsonObject{{u"path"_s, u"/no/such/file"_s}},
-                                       QJsonObject{{u"path"_s, u"/"_s}}, QJsonObject()}) {
-            const QJsonObject reply = console.request(
-                compose, onTicket(1, {{u"message"_s, u"lost"_s}, {files, QJsonArray{bad}}}));
-            QVERIFY(!isOk(reply) && !errorOf(reply).isEmpty());
-        }
-        const QJsonObject state = console.request(u"ticket.state"_s, onTicket(1));
-        QCOMPARE(state.value("message"_L1), u"hello"_s);
-        QCOMPARE(state.value("attachmentCount"_L1), 1);
-        QCOMPARE(state.value("state"_L1), u"empty"_s);
-    }
-
     void aConversationSurvivesARestart()
     {
         const QTemporaryDir folder;
