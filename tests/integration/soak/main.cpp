@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 // tolvane-soak [MINUTES]: runs an hour of use of a host with the messenger, in this many minutes.
 // Fails if the use of a resource grows.
-#include "fastclock.h"
 #include "platform/platform.h"
-#include "resourceusage.h"
-#include "rounds.h"
+#include "soak.h"
 #include "testing/timeoutsession.h"
-#include "writerprocess.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTemporaryDir>
@@ -21,6 +18,38 @@ using namespace tolvane::soak;
 namespace {
 
 constexpr double hour = 60;
+
+/// Runs another clock faster by a factor.
+class FastClock final : public Clock
+{
+public:
+    FastClock(std::unique_ptr<Clock> clock, int factor)
+        : m_clock(std::move(clock))
+        , m_factor(factor)
+        , m_begin(m_clock->now())
+        , m_monotonicBegin(m_clock->monotonicNow())
+    {
+    }
+
+    QDateTime now() const override
+    {
+        return m_begin.addMSecs(m_begin.msecsTo(m_clock->now()) * m_factor);
+    }
+    Instant monotonicNow() const override
+    {
+        return m_monotonicBegin + (m_clock->monotonicNow() - m_monotonicBegin) * m_factor;
+    }
+    QFuture<void> sleep(Duration duration, std::stop_token stop) override
+    {
+        return m_clock->sleep(duration / m_factor, std::move(stop));
+    }
+
+private:
+    std::unique_ptr<Clock> m_clock;
+    int m_factor;
+    QDateTime m_begin;
+    Instant m_monotonicBegin;
+};
 
 void speedUp(int factor)
 {
@@ -64,10 +93,6 @@ int main(int argc, char **argv)
 {
     const QByteArray argument = argc > 1 ? argv[1] : "3";
     QGuiApplication::setApplicationName(u"tolvane-soak"_s);
-    if (argument == "--writer") {
-        const QCoreApplication application(argc, argv);
-        return runWriter();
-    }
     const QGuiApplication application(argc, argv);
     const double minutes = argument.toDouble();
     if (minutes <= 0) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "resourceusage.h"
+#include "soak.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

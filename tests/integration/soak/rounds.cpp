@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "rounds.h"
-
+#include "soak.h"
 #include "state/sdkdata.h"
 #include "testing/ui/samples.h"
 #include "testing/waitfor.h"
-#include "writerprocess.h"
 
 #include <tolvane/tolvane.h>
 
@@ -60,7 +58,6 @@ void Rounds::begin()
     waitFor(u"the settings"_s, [this] {
         return m_events->count(TolvaneAnalyticsEvent::Lifecycle::fetchedSettings) > 0;
     });
-    m_customer = customerOnDisk();
 }
 
 void Rounds::run()
@@ -71,7 +68,6 @@ void Rounds::run()
                                   Step{"faults", &Rounds::injectFaults},
                                   Step{"no network", &Rounds::loseNetwork},
                                   Step{"no backend", &Rounds::loseBackend},
-                                  Step{"a process killed", &Rounds::killAnotherProcess},
                                   Step{"closing the window", &Rounds::closeWindow},
                                   Step{"idle", &Rounds::becomeIdle}};
     ++m_round;
@@ -90,13 +86,6 @@ void Rounds::runStep(const Step &step)
         throw std::runtime_error(std::string(step.name) + ": " + error.what() +
                                  (isSaved ? "; see " + picture.toStdString() : ""));
     }
-}
-
-void Rounds::killAnotherProcess()
-{
-    killWriter();
-    if (m_customer.isEmpty() || customerOnDisk() != m_customer)
-        throw std::runtime_error("the customer has changed");
 }
 
 void Rounds::showWindow()

@@ -8,6 +8,7 @@
 #include <tolvane/analytics.h>
 
 #include <QtCore/QHash>
+#include <QtCore/QList>
 #include <QtQuick/QQuickView>
 
 #include <memory>
@@ -15,6 +16,32 @@
 #include <random>
 
 namespace tolvane::soak {
+
+/// The resources of this process at one moment. Sizes are in kibibytes.
+struct ResourceUsage
+{
+    /// Allocated and not freed.
+    qint64 heap = 0;
+    /// Pages in memory that no other process shares.
+    qint64 privateMemory = 0;
+    /// All pages in memory.
+    qint64 residentMemory = 0;
+    qint64 openFiles = 0;
+    qint64 threads = 0;
+
+    /// Measures after the allocator has returned its unused pages.
+    static ResourceUsage now();
+};
+
+/// The minimum number of samples for hasGrown().
+inline constexpr qsizetype minimumSamples = 8;
+
+/// Prints a line of a table; a header precedes the first round.
+void print(const ResourceUsage &usage, int round, double minute);
+
+/// Compares the samples of the end with those after the warm-up, by the medians of a third of them
+/// each, and prints the result. Returns whether any resource has grown beyond its tolerance.
+bool hasGrown(const QList<ResourceUsage> &samples);
 
 /// Counts the analytics events.
 class EventCounter final : public TolvaneAnalyticsDelegate
@@ -58,7 +85,6 @@ private:
     void injectFaults();
     void loseNetwork();
     void loseBackend();
-    void killAnotherProcess();
     void closeWindow();
     void becomeIdle();
 
@@ -77,7 +103,6 @@ private:
     std::unique_ptr<QQuickView> m_window;
     std::optional<test::UiRobot> m_robot;
     std::mt19937 m_random;
-    QString m_customer;
     int m_round = 0;
     int m_textCount = 0;
 };
