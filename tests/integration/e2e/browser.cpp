@@ -127,48 +127,15 @@ QJsonValue Browser::await(const QString &expression)
     return value;
 }
 
-void Browser::mouse(const QString &type, const QJsonObject &at)
-{
-    QJsonObject event = at;
-    event.insert(u"type"_s, type);
-    event.insert(u"button"_s, u"left"_s);
-    event.insert(u"clickCount"_s, 1);
-    call(u"Input.dispatchMouseEvent"_s, event);
-}
-
 void Browser::click(const QString &selector)
 {
-    static const QString script = uR"((() => {
-        const element = document.querySelector(%1);
-        if (!element || element.disabled) return null;
-        element.scrollIntoView({block: 'nearest'});
-        const box = element.getBoundingClientRect();
-        const at = {x: box.x + box.width / 2, y: box.y + box.height / 2};
-        return element.contains(document.elementFromPoint(at.x, at.y)) ? at : null;
-    })())"_s;
-    const QJsonObject at = await(script.arg(quoted(selector))).toObject();
-    mouse(u"mousePressed"_s, at);
-    mouse(u"mouseReleased"_s, at);
+    await(u"(element => element && !element.disabled && (element.focus(), element.click(), true))"
+          "(document.querySelector(%1))"_s.arg(quoted(selector)));
 }
 
 void Browser::type(const QString &text)
 {
     call(u"Input.insertText"_s, {{u"text"_s, text}});
-}
-
-void Browser::pressIn(const QString &selector, char letter)
-{
-    await(u"document.querySelector(%1)?.focus() ?? true"_s.arg(quoted(selector)));
-    const QChar key = QLatin1Char(letter);
-    const QJsonObject event{{u"key"_s, QString(key)},
-                            {u"text"_s, QString(key)},
-                            {u"code"_s, u"Key"_s + key.toUpper()},
-                            {u"windowsVirtualKeyCode"_s, key.toUpper().unicode()}};
-    for (const QString &type : {u"keyDown"_s, u"keyUp"_s}) {
-        QJsonObject step = event;
-        step.insert(u"type"_s, type);
-        call(u"Input.dispatchKeyEvent"_s, step);
-    }
 }
 
 void Browser::choose(const QString &fileInput, const QStringList &files)

@@ -25,11 +25,9 @@ public:
     void open(const QUrl &page);
     /// Waits until a JavaScript expression is truthy, and returns its value.
     QJsonValue await(const QString &expression);
-    /// Waits until the element exists, is enabled and is not covered, and clicks it.
+    /// Waits until the element exists and is enabled, and clicks it.
     void click(const QString &selector);
     void type(const QString &text);
-    /// Focuses the element and presses the key of a letter.
-    void pressIn(const QString &selector, char letter);
     void choose(const QString &fileInput, const QStringList &files);
 
 private:
@@ -37,7 +35,6 @@ private:
     void connectTo(const QString &portFile);
     QJsonObject call(const QString &method, const QJsonObject &parameters = {});
     QJsonValue evaluate(const QString &expression);
-    void mouse(const QString &type, const QJsonObject &at);
 
     QProcess m_process;
     QWebSocket m_socket;
