@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Every screen as screen readers and keyboard users get it.
-#include "testing/ui/accessibilitybus.h"
 #include "testing/ui/accessibletree.h"
 #include "testing/ui/screens.h"
 
 #include <QtCore/QMetaEnum>
 #include <QtCore/QSet>
-#include <QtQml/QQmlComponent>
-#include <QtQml/QQmlEngine>
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
@@ -72,10 +69,12 @@ struct KeyboardFixture : Screens
         QTest::keyClick(&host, Qt::Key(key), modifiers);
         // An element outside the window is scrolled into it first.
         AccessibleNode focus;
+        int equal = 0;
         std::ignore = QTest::qWaitFor(
             [&] {
                 const QRect before = std::exchange(focus, focused()).rect;
-                return focus.id != 0 && focus.rect == before && isInWindow(focus);
+                equal = focus.rect == before ? equal + 1 : 0;
+                return focus.id != 0 && equal > 2 && isInWindow(focus);
             },
             1000);
         return focus;
@@ -123,50 +122,9 @@ class AccessibilityTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        // Qt resolves names and roles of QML items when the first is asked for: too early unless
-        // QML has been loaded.
-        QQuickView window;
-        QQmlComponent component(window.engine());
-        component.setData("import QtQuick\nItem { Accessible.name: 'item' }", {});
-        const std::unique_ptr<QObject> item(component.create());
-        QVERIFY2(item, qPrintable(component.errorString()));
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QVERIFY2(m_bus.error().isEmpty(), qPrintable(m_bus.error()));
-    }
-
     void cleanup() { Appearance().apply(); }
 
-    void theBusHasTheSameElements()
-    {
-        const KeyboardFixture fixture(Appearance{}, u"conversation"_s);
-        QStringList names;
-        for (const AccessibleNode &node : fixture.all)
-            names += node.name;
-        QVERIFY(names.size() > 10);
-        QCOMPARE(m_bus.names(), names);
-    }
-
-    void everyControlHasRoleAndName_data() { Screens::addRows(); }
-
-    void everyControlHasRoleAndName()
-    {
-        QFETCH(const QString, screen);
-        const KeyboardFixture fixture(Appearance{}, screen);
-        QStringList faults;
-        qsizetype named = 0;
-        for (const AccessibleNode &node : fixture.all) {
-            named += hasRoleAndName(node);
-            if (fixture.isInWindow(node) && isControl(node) && !hasRoleAndName(node))
-                faults += described(node);
-        }
-        QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n')));
-        QVERIFY2(named > 1, "no element has a name");
-    }
-
-    void everyControlIsReached_data()
+    void everyControlIsNamedAndReached_data()
     {
         QTest::addColumn<QString>("screen");
         QTest::addColumn<QString>("language");
@@ -180,7 +138,7 @@ private Q_SLOTS:
             row(screen, "ar");
     }
 
-    void everyControlIsReached()
+    void everyControlIsNamedAndReached()
     {
         QFETCH(const QString, screen);
         QFETCH(const QString, language);
@@ -206,7 +164,10 @@ private Q_SLOTS:
         // Qt 6.4 does not report that an element is disabled, as all are until the conversation
         // has loaded.
         const bool isLoading = screen == u"conversation-loading"_s;
+        QVERIFY(std::ranges::count_if(fixture.all, hasRoleAndName) > 1);
         for (const AccessibleNode &node : reachable(fixture)) {
+            if (!hasRoleAndName(node))
+                faults += u"without role or name: "_s + described(node);
             if (!isLoading && !isReached(fixture, node))
                 faults += u"not reached: "_s + described(node);
         }
@@ -279,8 +240,6 @@ private:
                 return false;
         }
     }
-
-    AccessibilityBus m_bus;
 };
 
 QTEST_MAIN(AccessibilityTest)
