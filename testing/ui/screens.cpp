@@ -40,8 +40,6 @@ QByteArray photo()
         painter.drawEllipse(QPoint(640, 250), 80, 80);
         painter.setBrush(QColor(0x35594b));
         painter.drawEllipse(QPoint(250, 700), 500, 300);
-        painter.setBrush(QColor(0x24423a));
-        painter.drawEllipse(QPoint(750, 760), 500, 300);
         painter.end();
         return encodedImage(image, "png");
     }();
@@ -176,29 +174,116 @@ void Appearance::apply() const
 
 std::span<const Screens::Screen> Screens::all()
 {
+    using S = Screens;
     static constexpr Screen screens[] = {
-        {"home-skeleton", &Screens::homeSkeleton},
-        {"home-loading", &Screens::homeLoading},
-        {"home-list", &Screens::homeList},
-        {"home-current", &Screens::homeCurrent},
-        {"home-collapsed", &Screens::homeCollapsed},
-        {"home-empty", &Screens::homeEmpty},
-        {"home-error", &Screens::homeError},
-        {"conversation-loading", &Screens::conversationLoading},
-        {"conversation", &Screens::conversation},
-        {"conversation-beginning", &Screens::conversationBeginning},
-        {"conversation-typing", &Screens::conversationTyping},
-        {"conversation-closed", &Screens::conversationClosed},
-        {"conversation-error", &Screens::conversationError},
-        {"conversation-new", &Screens::conversationNew},
-        {"conversation-hovered", &Screens::conversationHovered},
-        {"composer-text", &Screens::composerText},
-        {"composer-attachments", &Screens::composerAttachments},
-        {"composer-sending", &Screens::composerSending},
-        {"viewer-loading", &Screens::viewerLoading},
-        {"viewer", &Screens::viewer},
-        {"viewer-menu", &Screens::viewerMenu},
-        {"viewer-notice", &Screens::viewerNotice},
+        {"home-skeleton", [](S &) { TolvaneViewController::presentInForeground(); }},
+        {"home-loading",
+         [](S &s) {
+             s.loadSettings();
+             s.session->held = true;
+             TolvaneViewController::presentInForeground();
+         }},
+        {"home-list", [](S &s) { s.open(); }},
+        {"home-current",
+         [](S &s) {
+             s.open();
+             QTest::keyClick(&s.host, Qt::Key_Down);
+             QTest::keyClick(&s.host, Qt::Key_Down);
+         }},
+        {"home-collapsed",
+         [](S &s) {
+             s.open();
+             QQuickItem *list = s.lastVisible("QQuickListView");
+             list->setProperty("contentY", list->property("contentY").toReal() + 190);
+         }},
+        {"home-empty",
+         [](S &s) {
+             s.listJson = "[]";
+             s.open();
+         }},
+        {"home-error",
+         [](S &s) {
+             s.isFailing = true;
+             s.open();
+         }},
+        {"conversation-loading",
+         [](S &s) {
+             s.open();
+             s.session->held = true;
+             s.goTo(TolvaneDestination::ticket(s.preview(4)));
+         }},
+        {"conversation", [](S &s) { s.openTicket(); }},
+        {"conversation-beginning",
+         [](S &s) {
+             s.openTicket();
+             s.lastVisible("TicketMessageList_")->forceActiveFocus(Qt::TabFocusReason);
+             QTest::keyClick(&s.host, Qt::Key_Home);
+         }},
+        {"conversation-typing",
+         [](S &s) {
+             s.m_ticket.assignee = words::aiAgent;
+             s.openTicket();
+         }},
+        {"conversation-closed",
+         [](S &s) {
+             s.m_ticket.state = words::closed;
+             s.m_ticket.assignee = words::aiAgent;
+             s.openTicket();
+         }},
+        {"conversation-error",
+         [](S &s) {
+             s.open();
+             s.isFailing = true;
+             s.goTo(TolvaneDestination::ticket(makePreview()));
+         }},
+        {"conversation-new",
+         [](S &s) {
+             s.open();
+             s.goTo(TolvaneDestination::newTicket());
+         }},
+        {"conversation-hovered",
+         [](S &s) {
+             s.openTicket();
+             QMimeData files;
+             files.setUrls({QUrl::fromLocalFile(u"/pictures/one.png"_s)});
+             QDragEnterEvent event({100, 200}, Qt::CopyAction, &files, Qt::LeftButton, {});
+             QCoreApplication::sendEvent(&s.host, &event);
+             s.waitForAnimations();
+         }},
+        {"composer-text",
+         [](S &s) {
+             s.openTicket();
+             s.composer().setMessage(
+                 u"First of all, thank you.\n\n"_s +
+                 u"Now there is one thing more that I would like to ask. "_s.repeated(12));
+         }},
+        {"composer-attachments", [](S &s) { s.attachPictures(); }},
+        {"composer-sending",
+         [](S &s) {
+             s.openTicket();
+             s.composer().setMessage(u"On its way"_s);
+             s.session->held = true;
+             s.composer().send();
+         }},
+        {"viewer-loading",
+         [](S &s) {
+             s.m_hasPictures = false;
+             s.openPicture();
+         }},
+        {"viewer", [](S &s) { s.openPicture(); }},
+        {"viewer-menu",
+         [](S &s) {
+             s.openPicture();
+             const QQuickItem *share = s.lastVisible("ImageActions_");
+             QTest::mouseClick(&s.host, Qt::LeftButton, {},
+                               share->mapRectToScene(share->boundingRect()).center().toPoint());
+         }},
+        {"viewer-notice",
+         [](S &s) {
+             s.openPicture();
+             QTest::qWait(600);
+             QTest::keyClick(&s.host, Qt::Key_C, Qt::ControlModifier);
+         }},
     };
     return screens;
 }
@@ -251,7 +336,7 @@ void Screens::show(const Screen &screen)
 {
     if (!showHost())
         qFatal("The host has no window");
-    (this->*screen.open)();
+    screen.open(*this);
     waitForAnimations();
 }
 
@@ -329,12 +414,22 @@ void Screens::open()
     waitForAnimations();
 }
 
+TicketPreviewDto Screens::preview(int message) const
+{
+    TicketPreviewDto preview = makePreview();
+    preview.lastMessage = m_ticket.messages.at(message);
+    return preview;
+}
+
+void Screens::goTo(const TolvaneDestination &page)
+{
+    screen().navigation()->navigate(page);
+}
+
 void Screens::openTicket()
 {
     open();
-    TicketPreviewDto preview = makePreview();
-    preview.lastMessage = m_ticket.messages.constFirst();
-    screen().navigation()->navigate(TolvaneDestination::ticket(preview));
+    goTo(TolvaneDestination::ticket(preview(0)));
     waitForAnimations();
 }
 
@@ -349,114 +444,7 @@ void Screens::openPicture()
     waitForAnimations();
 }
 
-void Screens::homeSkeleton()
-{
-    TolvaneViewController::presentInForeground();
-}
-
-void Screens::homeLoading()
-{
-    loadSettings();
-    session->held = true;
-    TolvaneViewController::presentInForeground();
-}
-
-void Screens::homeList()
-{
-    open();
-}
-
-void Screens::homeCurrent()
-{
-    open();
-    QTest::keyClick(&host, Qt::Key_Down);
-    QTest::keyClick(&host, Qt::Key_Down);
-}
-
-void Screens::homeCollapsed()
-{
-    open();
-    QQuickItem *list = lastVisible("QQuickListView");
-    list->setProperty("contentY", list->property("contentY").toReal() + 190);
-}
-
-void Screens::homeEmpty()
-{
-    listJson = "[]";
-    open();
-}
-
-void Screens::homeError()
-{
-    isFailing = true;
-    open();
-}
-
-void Screens::conversationLoading()
-{
-    open();
-    session->held = true;
-    TicketPreviewDto preview = makePreview();
-    preview.lastMessage = m_ticket.messages.at(4);
-    screen().navigation()->navigate(TolvaneDestination::ticket(preview));
-}
-
-void Screens::conversation()
-{
-    openTicket();
-}
-
-void Screens::conversationBeginning()
-{
-    openTicket();
-    lastVisible("TicketMessageList_")->forceActiveFocus(Qt::TabFocusReason);
-    QTest::keyClick(&host, Qt::Key_Home);
-}
-
-void Screens::conversationTyping()
-{
-    m_ticket.assignee = words::aiAgent;
-    openTicket();
-}
-
-void Screens::conversationClosed()
-{
-    m_ticket.state = words::closed;
-    m_ticket.assignee = words::aiAgent;
-    openTicket();
-}
-
-void Screens::conversationError()
-{
-    open();
-    isFailing = true;
-    screen().navigation()->navigate(TolvaneDestination::ticket(makePreview()));
-}
-
-void Screens::conversationNew()
-{
-    open();
-    screen().navigation()->navigate(TolvaneDestination::newTicket());
-}
-
-void Screens::conversationHovered()
-{
-    openTicket();
-    QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(u"/pictures/one.png"_s)});
-    QDragEnterEvent event({100, 200}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&host, &event);
-    waitForAnimations();
-}
-
-void Screens::composerText()
-{
-    openTicket();
-    composer().setMessage(u"First of all, thank you.\n\n"_s +
-                          u"Now there is one thing more that I would like to ask. "_s.repeated(12));
-}
-
-void Screens::composerAttachments()
+void Screens::attachPictures()
 {
     openTicket();
     QTemporaryDir folder;
@@ -469,40 +457,6 @@ void Screens::composerAttachments()
     composer().addFiles(files);
     settle();
     waitForAnimations();
-}
-
-void Screens::composerSending()
-{
-    openTicket();
-    composer().setMessage(u"On its way"_s);
-    session->held = true;
-    composer().send();
-}
-
-void Screens::viewerLoading()
-{
-    m_hasPictures = false;
-    openPicture();
-}
-
-void Screens::viewer()
-{
-    openPicture();
-}
-
-void Screens::viewerMenu()
-{
-    openPicture();
-    const QQuickItem *share = lastVisible("ImageActions_");
-    QTest::mouseClick(&host, Qt::LeftButton, {},
-                      share->mapRectToScene(share->boundingRect()).center().toPoint());
-}
-
-void Screens::viewerNotice()
-{
-    openPicture();
-    QTest::qWait(600);
-    QTest::keyClick(&host, Qt::Key_C, Qt::ControlModifier);
 }
 
 } // namespace tolvane::test

@@ -35,7 +35,7 @@ public:
     {
         const char *name;
         /// Goes to the screen; the messenger is closed before.
-        void (Screens::*open)();
+        void (*open)(Screens &screens);
     };
 
     static std::span<const Screen> all();
@@ -67,28 +67,9 @@ private:
     void openTicket();
     void openPicture();
 
-    void homeSkeleton();
-    void homeLoading();
-    void homeList();
-    void homeCurrent();
-    void homeCollapsed();
-    void homeEmpty();
-    void homeError();
-    void conversationLoading();
-    void conversation();
-    void conversationBeginning();
-    void conversationTyping();
-    void conversationClosed();
-    void conversationError();
-    void conversationNew();
-    void conversationHovered();
-    void composerText();
-    void composerAttachments();
-    void composerSending();
-    void viewerLoading();
-    void viewer();
-    void viewerMenu();
-    void viewerNotice();
+    void attachPictures();
+    TicketPreviewDto preview(int message) const;
+    void goTo(const TolvaneDestination &page);
 
     /// Not with OpenGL, whose render loops have drivers of their own.
     std::optional<FastAnimations> m_fastAnimations;
