@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "state/messagedata.h"
 #include "state/navigationdata.h"
 #include "testing/samplerecords.h"
 
-#include <QtCore/QSet>
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -18,20 +15,6 @@ class NavigationTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void destinationsDifferByTheirPayload()
-    {
-        TicketPreviewDto read = makePreview();
-        read.lastMessage.isRead = true;
-        const QList<Destination> different = {
-            Destination::newTicket(),
-            Destination::ticket(makePreview()),
-            Destination::ticket(read),
-            Destination::imageViewer(QUrl(u"https://cdn.example/a"_s)),
-            Destination::imageViewer({}),
-        };
-        QCOMPARE(QSet<Destination>(different.begin(), different.end()).size(), different.size());
-        QCOMPARE(qHash(Destination::ticket(read), 7), qHash(different[2], 7));
-    }
 
     void stepsAreReportedBeforeThePathChanges_data()
     {
@@ -74,15 +57,6 @@ private Q_SLOTS:
         QCOMPARE(actions.size(), 3);
         navigation.setPath({});
         QCOMPARE(actions.size(), 4);
-    }
-
-    void anEqualSelectionChangesNothing()
-    {
-        MessageData messages;
-        const QSignalSpy changes(&messages, &MessageData::selectedAttachmentChanged);
-        for (const char *address : {"https://cdn.example/a.png", "https://cdn.example/a.png", ""})
-            messages.setSelectedAttachment(QUrl(QString::fromLatin1(address)));
-        QCOMPARE(changes.count(), 2);
     }
 };
 

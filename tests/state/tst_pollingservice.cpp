@@ -326,21 +326,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.active().isEmpty(), stops);
         QCOMPARE(fixture.clock->sleeperCount(), stops ? 0 : 1);
     }
-
-    void ticketsArePolledSideBySide()
-    {
-        PollingFixture fixture;
-        fixture.session->handler = [&](const UrlRequest &request) {
-            if (request.url.path().endsWith("t2"_L1))
-                failWithNetworkError();
-            return answer(makeTicket(fixture.messages));
-        };
-        fixture.start(1);
-        fixture.polling->startPolling(u"t2"_s, 1);
-        fixture.clock->advance(60s);
-        QCOMPARE(fixture.active(), QStringList{ticketId});
-        QCOMPARE(fixture.polls(), 61 + 5);
-    }
 };
 
 QTEST_GUILESS_MAIN(PollingServiceTest)

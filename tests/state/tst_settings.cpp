@@ -3,7 +3,6 @@
 #include "base/errors.h"
 #include "platform/async/awaitfuture.h"
 #include "state/colorscheme.h"
-#include "state/notifications.h"
 #include "state/sdkdata.h"
 #include "testing/samplerecords.h"
 
@@ -113,29 +112,6 @@ private Q_SLOTS:
         QCOMPARE(error.value(u"error_context"_s), u"fetchSettings"_s);
         QCOMPARE(error.value(u"error_code"_s), -1001);
         QCOMPARE(error.value(u"error_domain"_s), ErrorDomain::transport);
-    }
-
-    void openFollowsTheBroadcast_data()
-    {
-        QTest::addColumn<NotificationCenter::UserInfo>("userInfo");
-        QTest::addColumn<bool>("isOpen");
-        using Info = NotificationCenter::UserInfo;
-        const QString open = u"open"_s;
-        QTest::newRow("true") << Info(QVariantMap{{open, true}}) << true;
-        QTest::newRow("false") << Info(QVariantMap{{open, false}}) << false;
-        QTest::newRow("not a Boolean") << Info(QVariantMap{{open, 1}}) << false;
-        QTest::newRow("no entry") << Info(QVariantMap()) << false;
-        QTest::newRow("no dictionary") << Info() << false;
-    }
-
-    void openFollowsTheBroadcast()
-    {
-        QFETCH(const NotificationCenter::UserInfo, userInfo);
-        QFETCH(const bool, isOpen);
-        const SettingsFixture fixture;
-        const auto settings = SdkData::shared();
-        platform().notificationCenter->post(notifications::didChangeState, userInfo);
-        QCOMPARE(settings->isOpen(), isOpen);
     }
 
     void hexTexts_data()

@@ -6,10 +6,7 @@
 #include "state/ticketdata.h"
 #include "testing/samplerecords.h"
 
-#include <QtCore/QMetaMethod>
 #include <QtTest/QTest>
-
-#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
@@ -67,30 +64,6 @@ struct TicketFixture : Fixture
     std::shared_ptr<TicketData> store;
 };
 
-using Operation = std::function<void(TicketFixture &)>;
-
-/// The names of the signals that the store emits, in order.
-struct SignalLog
-{
-    explicit SignalLog(const TicketData &store)
-    {
-        const auto log = [&](auto signal) {
-            const QString name = QString::fromLatin1(QMetaMethod::fromSignal(signal).name());
-            QObject::connect(&store, signal, &m_lifetime, [this, name] { names += name; });
-        };
-        log(&TicketData::ticketChanged);
-        log(&TicketData::messageChanged);
-        log(&TicketData::attachmentsChanged);
-        log(&TicketData::busyChanged);
-        log(&TicketData::errorsChanged);
-    }
-
-    QStringList names;
-
-private:
-    QObject m_lifetime;
-};
-
 } // namespace
 
 class TicketDataTest : public QObject
@@ -116,104 +89,25 @@ private Q_SLOTS:
         QCOMPARE(viewed.value(u"ticket_id"_s), u"t1"_s);
     }
 
-    void fetchWithoutAnIdChangesNothing()
-    {
-        TicketFixture fixture{std::nullopt};
-        const SignalLog changes(*fixture.store);
-        fixture.run(fixture.store->fetchTicket());
-        fixture.run(fixture.store->sendMessage());
-        fixture.run(fixture.store->createTicket());
-        QVERIFY(changes.names.isEmpty() && fixture.session->requests.isEmpty());
-        QVERIFY(!fixture.store->hasAttemptedFetch());
-    }
-
-    void signalsNameWhatChanged_data()
-    {
-        QTest::addColumn<Operation>("operation");
-        QTest::addColumn<QStringList>("expected");
-        const QString ticket = u"ticketChanged"_s;
-        const QString message = u"messageChanged"_s;
-        const QString attachments = u"attachmentsChanged"_s;
-        const QString busy = u"busyChanged"_s;
-        const QString errors = u"errorsChanged"_s;
-        const auto add = [](const char *name, Operation operation, const QStringList &expected) {
-            QTest::newRow(name) << std::move(operation) << expected;
-        };
-        using Fixture = TicketFixture;
-        add("text", [](Fixture &f) { f.store->setMessage(u"another"_s); }, {message});
-        add("equal text", [](Fixture &f) { f.store->setMessage(u"draft"_s); }, {});
-        add("attachment", [](Fixture &f) { f.store->setAttachments({file("b.png")}); },
-            {attachments});
-        add("equal attachments",
-            [](Fixture &f) {
-                f.store->setAttachments({file("a.png"), file("a.png")});
-            },
-            {});
-        add("new ticket", [](Fixture &f) { f.store->setNewTicket(true); }, {ticket});
-        add("visible fetch", [](Fixture &f) { f.run(f.store->fetchTicket()); },
-            {busy, ticket, busy});
-        add("silent fetch", [](Fixture &f) { f.run(f.store->silentFetchTicket()); }, {ticket});
-        add("failing and repeated fetch",
-            [](Fixture &f) {
-                f.failing = true;
-                f.run(f.store->fetchTicket());
-                f.failing = false;
-                f.run(f.store->silentFetchTicket());
-            },
-            {busy, errors, busy, errors, ticket});
-        add("failing and repeated send",
-            [](Fixture &f) {
-                f.failing = true;
-                f.run(f.store->sendMessage());
-                f.failing = false;
-                f.run(f.store->sendMessage());
-            },
-            {busy, errors, busy, errors, busy, ticket, message, attachments, busy});
-        add("message", [](Fixture &f) { f.notify(makeMessage(u"r"_s, words::aiAgent)); }, {ticket});
-        add("known message", [](Fixture &f) { f.notify(makeMessage(u"m1"_s)); }, {});
-        add("state",
-            [](Fixture &f) { f.store->onStateUpdateNotification(userInfo(makePreview())); },
-            {ticket});
-    }
-
-    void signalsNameWhatChanged()
-    {
-        QFETCH(const Operation, operation);
-        QFETCH(const QStringList, expected);
-        TicketFixture fixture;
-        fixture.run(fixture.store->fetchTicket());
-        fixture.store->setMessage(u"draft"_s);
-        fixture.store->setAttachments({file("a.png")});
-        const SignalLog changes(*fixture.store);
-        operation(fixture);
-        QCOMPARE(changes.names, expected);
-    }
-
-    void aFailedFetchKeepsTheTicketUnderneath_data()
-    {
-        QTest::addColumn<bool>("silent");
-        QTest::newRow("visible") << false;
-        QTest::newRow("silent") << true;
-    }
-
     void aFailedFetchKeepsTheTicketUnderneath()
     {
-        QFETCH(const bool, silent);
-        TicketFixture fixture;
-        fixture.run(fixture.store->fetchTicket());
-        fixture.delegate->events.clear();
-        fixture.failing = true;
-        fixture.run(silent ? fixture.store->silentFetchTicket() : fixture.store->fetchTicket());
-        QCOMPARE(fixture.store->state().current(), Case::error);
-        QVERIFY(fixture.store->ticket() && !fixture.store->isFetchingTicket());
-        QVERIFY(fixture.log->lines.constLast().contains(
-                    "Error fetching ticket: Server error: down"_L1) == silent);
-        QCOMPARE(fixture.delegate->names(),
-                 silent ? QStringList() : QStringList{u"tolvane_api_error"_s});
-        fixture.failing = false;
-        fixture.run(fixture.store->silentFetchTicket());
-        QCOMPARE(fixture.store->state().current(), Case::loaded);
-        QVERIFY(!fixture.delegate->names().contains(Chat::ticketViewed));
+        for (const bool silent : {false, true}) {
+            TicketFixture fixture;
+            fixture.run(fixture.store->fetchTicket());
+            fixture.delegate->events.clear();
+            fixture.failing = true;
+            fixture.run(silent ? fixture.store->silentFetchTicket() : fixture.store->fetchTicket());
+            QCOMPARE(fixture.store->state().current(), Case::error);
+            QVERIFY(fixture.store->ticket() && !fixture.store->isFetchingTicket());
+            QVERIFY(fixture.log->lines.constLast().contains(
+                        "Error fetching ticket: Server error: down"_L1) == silent);
+            QCOMPARE(fixture.delegate->names(),
+                     silent ? QStringList() : QStringList{u"tolvane_api_error"_s});
+            fixture.failing = false;
+            fixture.run(fixture.store->silentFetchTicket());
+            QCOMPARE(fixture.store->state().current(), Case::loaded);
+            QVERIFY(!fixture.delegate->names().contains(Chat::ticketViewed));
+        }
     }
 
     void createSendsOnceAndClears()
@@ -274,67 +168,50 @@ private Q_SLOTS:
         QCOMPARE(fixture.delegate->properties(u"polling_started"_s).value(u"message_count"_s), 2);
     }
 
-    void aFailedSendCanBeRepeated_data()
-    {
-        QTest::addColumn<bool>("create");
-        QTest::addColumn<QString>("context");
-        QTest::newRow("create") << true << u"createTicket"_s;
-        QTest::newRow("send") << false << u"sendMessage"_s;
-    }
-
     void aFailedSendCanBeRepeated()
     {
-        QFETCH(const bool, create);
-        QFETCH(const QString, context);
-        TicketFixture fixture;
-        if (!create)
-            fixture.run(fixture.store->fetchTicket());
-        fixture.store->setNewTicket(create);
-        fixture.store->setMessage(u" "_s);
-        fixture.store->setAttachments({file("a.png")});
-        const auto send = [&] {
-            fixture.run(create ? fixture.store->createTicket() : fixture.store->sendMessage());
-        };
-        fixture.failing = true;
-        send();
-        QCOMPARE(fixture.store->message(), u" "_s);
-        QCOMPARE(fixture.store->attachments(), QList{file("a.png")});
-        QVERIFY(fixture.store->sendError() && !fixture.store->isSendDisabled());
-        QCOMPARE(fixture.store->newTicket(), create);
-        QVERIFY(fixture.broadcasts.isEmpty());
-        QCOMPARE(fixture.delegate->events.constLast().properties().value(u"error_context"_s),
-                 context);
-        fixture.failing = false;
-        send();
-        QVERIFY(!fixture.store->sendError() && fixture.store->message().isEmpty());
-    }
-
-    void aiIsTyping_data()
-    {
-        QTest::addColumn<QString>("assignee");
-        QTest::addColumn<QStringList>("senders");
-        QTest::addColumn<bool>("typing");
-        QTest::newRow("customer spoke") << words::aiAgent << QStringList{words::customer} << true;
-        QTest::newRow("agent spoke")
-            << words::aiAgent << QStringList{words::customer, words::aiAgent} << false;
-        QTest::newRow("human has it") << words::humanAgent << QStringList{words::customer} << false;
-        QTest::newRow("case counts") << u"AI agent"_s << QStringList{words::customer} << false;
-        QTest::newRow("no messages") << words::aiAgent << QStringList() << false;
+        for (const bool create : {true, false}) {
+            TicketFixture fixture;
+            if (!create)
+                fixture.run(fixture.store->fetchTicket());
+            fixture.store->setNewTicket(create);
+            fixture.store->setMessage(u" "_s);
+            fixture.store->setAttachments({file("a.png")});
+            const auto send = [&] {
+                fixture.run(create ? fixture.store->createTicket() : fixture.store->sendMessage());
+            };
+            fixture.failing = true;
+            send();
+            QCOMPARE(fixture.store->message(), u" "_s);
+            QCOMPARE(fixture.store->attachments(), QList{file("a.png")});
+            QVERIFY(fixture.store->sendError() && !fixture.store->isSendDisabled());
+            QCOMPARE(fixture.store->newTicket(), create);
+            QVERIFY(fixture.broadcasts.isEmpty());
+            QCOMPARE(fixture.delegate->events.constLast().properties().value(u"error_context"_s),
+                     create ? u"createTicket"_s : u"sendMessage"_s);
+            fixture.failing = false;
+            send();
+            QVERIFY(!fixture.store->sendError() && fixture.store->message().isEmpty());
+        }
     }
 
     void aiIsTyping()
     {
-        QFETCH(const QString, assignee);
-        QFETCH(const QStringList, senders);
-        QFETCH(const bool, typing);
-        TicketFixture fixture;
-        fixture.fetched.assignee = assignee;
-        fixture.fetched.messages.clear();
-        for (const QString &sender : senders)
-            fixture.fetched.messages += makeMessage(u"m"_s, sender);
-        QVERIFY(!fixture.store->isAITyping());
-        fixture.run(fixture.store->fetchTicket());
-        QCOMPARE(fixture.store->isAITyping(), typing);
+        const std::tuple<QString, QStringList, bool> cases[] = {
+            {words::aiAgent, {words::customer}, true},
+            {words::aiAgent, {words::customer, words::aiAgent}, false},
+            {words::humanAgent, {words::customer}, false},
+            {u"AI agent"_s, {words::customer}, false}, // Case counts.
+            {words::aiAgent, {}, false}};
+        for (const auto &[assignee, senders, isTyping] : cases) {
+            TicketFixture fixture;
+            fixture.fetched.assignee = assignee;
+            fixture.fetched.messages.clear();
+            for (const QString &sender : senders)
+                fixture.fetched.messages += makeMessage(u"m"_s, sender);
+            fixture.run(fixture.store->fetchTicket());
+            QCOMPARE(fixture.store->isAITyping(), isTyping);
+        }
     }
 
     void aNotifiedMessageArrivesOnceAndIsConfirmed()
@@ -371,20 +248,6 @@ private Q_SLOTS:
         QVERIFY(fixture.delegate->names().contains(Chat::messageReceived));
         fixture.clock->advance(1s);
         QCOMPARE(fixture.messageIds(), QStringList{u"m1"_s});
-    }
-
-    void equalMessagesKeepTheSameList()
-    {
-        TicketFixture fixture;
-        fixture.run(fixture.store->fetchTicket());
-        const auto *known = fixture.store->ticket()->messages.constData();
-        fixture.fetched.state = u"closed"_s;
-        fixture.run(fixture.store->silentFetchTicket());
-        QCOMPARE(fixture.store->ticket()->messages.constData(), known);
-        QCOMPARE(fixture.store->ticket()->state, u"closed"_s);
-        fixture.fetched.messages[0].isRead = true;
-        fixture.run(fixture.store->silentFetchTicket());
-        QVERIFY(fixture.store->ticket()->messages.constFirst().isRead);
     }
 
     void foreignNotificationsAreIgnored()

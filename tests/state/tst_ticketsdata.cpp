@@ -150,19 +150,6 @@ private Q_SLOTS:
         fixture.session->release();
         QCOMPARE(fixture.cases, QList<Case>({Case::loading, Case::loaded, Case::loaded}));
     }
-
-    void aDeferredRefreshKeepsItsStoreAlive()
-    {
-        TicketListFixture fixture;
-        fixture.run(fixture.store->reload());
-        fixture.run(fixture.store->reload());
-        const std::weak_ptr<TicketsData> store = fixture.store;
-        fixture.store.reset();
-        QVERIFY(!store.expired());
-        fixture.clock->advance(1s);
-        QCOMPARE(fixture.requestCount(), 2);
-        QVERIFY(store.expired());
-    }
 };
 
 QTEST_GUILESS_MAIN(TicketsDataTest)

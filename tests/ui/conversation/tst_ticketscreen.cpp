@@ -7,8 +7,6 @@
 #include "ui/images/imagecache.h"
 #include "ui/tickets/ticketrow.h"
 
-#include <QtTest/QSignalSpy>
-
 using namespace tolvane;
 using namespace tolvane::test;
 using namespace std::chrono_literals;
@@ -166,113 +164,6 @@ private Q_SLOTS:
         QCOMPARE(states, QStringList());
         QCOMPARE(fixture.screen()->composer()->message(), u"draft"_s);
         QCOMPARE(fixture.views(), 1);
-    }
-
-    void aKeyChangesTheDraftOnly()
-    {
-        TicketScreenFixture fixture;
-        TicketScreenData screen;
-        screen.setDestination(TolvaneDestination::ticket(makePreview()));
-        screen.appear();
-        settle();
-        ComposerData &composer = *screen.composer();
-        composer.setMessage(u"h"_s);
-        const QSignalSpy states(&screen, &TicketScreenData::stateChanged);
-        const QSignalSpy tickets(&screen, &TicketScreenData::ticketChanged);
-        const QSignalSpy busy(&composer, &ComposerData::busyChanged);
-        const QSignalSpy buttons(&composer, &ComposerData::isSendDisabledChanged);
-        const QSignalSpy messages(&composer, &ComposerData::messageChanged);
-        // Each text of the header and each parsed schedule looks up a text.
-        int lookups = 0;
-        fixture.bundle->dress = [&lookups](const QString &text) {
-            ++lookups;
-            return text;
-        };
-        composer.setMessage(u"hi"_s);
-        QCOMPARE(lookups, 0);
-        QCOMPARE(states.count() + tickets.count() + busy.count() + buttons.count(), 0);
-        QCOMPARE(messages.count(), 1);
-        composer.setMessage({});
-        QCOMPARE(buttons.count(), 1);
-    }
-
-    void leavingEarlyCountsAsNoView()
-    {
-        TicketScreenFixture fixture;
-        QVERIFY(fixture.open());
-        QTRY_COMPARE(fixture.views(), 1);
-        QTest::keyClick(&fixture.host, Qt::Key_Escape);
-        QTRY_VERIFY(!fixture.screen());
-        fixture.session->held = true;
-        QVERIFY(fixture.tap([&] { return fixture.find(u"text of last"_s); }));
-        QTRY_VERIFY(fixture.screen());
-        QTest::keyClick(&fixture.host, Qt::Key_Escape);
-        QTRY_VERIFY(!fixture.screen());
-        fixture.session->held = false;
-        fixture.session->release();
-        settle();
-        QCOMPARE(fixture.fetches(), 2);
-        QCOMPARE(fixture.views(), 1);
-        QVERIFY(fixture.log->lines.join(u'\n').contains(u"Error fetching ticket: "_s));
-    }
-
-    void messagesArrive_data()
-    {
-        QTest::addColumn<MessageDto>("message");
-        QTest::addColumn<bool>("isShown");
-        QTest::addColumn<bool>("isFetchedAgain");
-        QTest::newRow("new") << makeNamedMessage(u"m3"_s, words::aiAgent) << true << true;
-        QTest::newRow("known") << makeNamedMessage(u"m2"_s, words::humanAgent) << false << false;
-        QTest::newRow("of another ticket")
-            << makeMessage(u"m3"_s, words::aiAgent, u"t2"_s) << false << false;
-    }
-
-    void messagesArrive()
-    {
-        QFETCH(const MessageDto, message);
-        QFETCH(const bool, isShown);
-        QFETCH(const bool, isFetchedAgain);
-        TicketScreenFixture fixture;
-        QVERIFY(fixture.open());
-        QTRY_VERIFY(fixture.screen());
-        QTRY_COMPARE(fixture.screen()->state(), u"loaded"_s);
-        fixture.clock->advance(5s);
-        const qsizetype listRequests = fixture.listRequests();
-        fixture.push(notifications::didReceiveMessage, message);
-        const int rows = isShown ? 3 : 2;
-        QCOMPARE(fixture.screen()->messages()->rowCount(), rows);
-        QCOMPARE(fixture.listRequests(), listRequests + 1);
-        if (isShown)
-            fixture.ticket.messages += message;
-        fixture.clock->advance(1s);
-        QCOMPARE(fixture.fetches(), isFetchedAgain ? 2 : 1);
-        QCOMPARE(fixture.screen()->messages()->rowCount(), rows);
-        QCOMPARE(fixture.screen()->state(), u"loaded"_s);
-    }
-
-    void statesArrive()
-    {
-        TicketScreenFixture fixture;
-        fixture.session->held = true;
-        TicketScreenData screen;
-        screen.setDestination(TolvaneDestination::ticket(makePreview()));
-        screen.appear();
-        TicketPreviewDto update = makePreview();
-        update.lastMessage = makeMessage(u"later"_s);
-        update.state = words::closed;
-        fixture.push(notifications::didReceiveStateUpdate, update);
-        const QAbstractItemModel &preview = *screen.preview();
-        QVERIFY(preview.index(0, 0)
-                    .data(MessageListModel::descriptionRole)
-                    .toString()
-                    .contains(u"text of later"_s));
-        fixture.session->release();
-        settle();
-        QCOMPARE(screen.ticketState(), u"open"_s);
-        fixture.push(notifications::didReceiveStateUpdate, makePreview(u"t2"_s));
-        fixture.push(notifications::didReceiveStateUpdate, update);
-        QCOMPARE(screen.ticketState(), words::closed);
-        QCOMPARE(screen.state(), u"loaded"_s);
     }
 
     void aNewConversation()
@@ -450,43 +341,6 @@ private Q_SLOTS:
         QVERIFY(posts.size() == 1 && !posts.constFirst().endsWith(u"create"_s));
         QCOMPARE(screen.messages()->rowCount(), 3);
         QVERIFY(!ticketrow::caption(makePreview()).startsWith(u"ticket_draft"_s));
-    }
-
-    void theComposerIsAlwaysVisible_data()
-    {
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<QString>("ticketState");
-        QTest::addColumn<bool>("isWritable");
-        QTest::newRow("loading") << u"loadingWithPreview"_s << QString() << false;
-        QTest::newRow("error") << u"error"_s << QString() << true;
-        QTest::newRow("open") << u"loaded"_s << u"open"_s << true;
-        QTest::newRow("closed") << u"loaded"_s << words::closed << true;
-    }
-
-    void theComposerIsAlwaysVisible()
-    {
-        QFETCH(const QString, state);
-        QFETCH(const QString, ticketState);
-        QFETCH(const bool, isWritable);
-        TicketScreenFixture fixture;
-        fixture.isFailing = state == u"error"_s;
-        fixture.ticket.state = ticketState;
-        QVERIFY(fixture.showHost());
-        fixture.loadSettings();
-        TolvaneViewController::presentInForeground();
-        QTRY_VERIFY(fixture.find(u"text of last"_s));
-        fixture.session->held = state.startsWith(u"loading"_s);
-        QVERIFY(fixture.tap([&] { return fixture.find(u"text of last"_s); }));
-        QTRY_VERIFY(fixture.screen());
-        QTRY_COMPARE(fixture.screen()->state(), state);
-        QQuickItem *composer = fixture.ofType("TicketComposer");
-        QVERIFY(composer && composer->isVisible() && composer->isEnabled());
-        QTRY_COMPARE(composer->mapToScene({0, composer->height()}).y(), 700 - 16.0);
-        QTRY_COMPARE(composer->mapToScene({}).x(), 16.0);
-        QTRY_VERIFY(composer->hasActiveFocus() || !isWritable);
-        fixture.type(u"hi"_s);
-        QCOMPARE(fixture.screen()->composer()->message(), isWritable ? u"hi"_s : QString());
-        fixture.session->release();
     }
 };
 
