@@ -30,17 +30,6 @@ public:
         return image;
     }
 
-    /// A checkerboard whose squares are single pixels.
-    Q_INVOKABLE QImage checkerboard(int side) const
-    {
-        QImage image(side, side, QImage::Format_RGB32);
-        for (int y = 0; y < side; ++y) {
-            for (int x = 0; x < side; ++x)
-                image.setPixel(x, y, (x + y) % 2 ? qRgb(255, 255, 255) : qRgb(0, 0, 0));
-        }
-        return image;
-    }
-
     /// An empty list of messages for setMessages().
     Q_INVOKABLE QAbstractItemModel *messageList() { return new MessageListModel; }
 

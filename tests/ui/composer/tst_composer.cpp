@@ -214,19 +214,6 @@ private Q_SLOTS:
         QVERIFY(fixture.store->ticket() && fixture.composer.isSendDisabled());
     }
 
-    void preeditTextIsNotInTheMessage()
-    {
-        ComposerFixture fixture;
-        QVERIFY(fixture.isReady());
-        fixture.compose(u"にほ"_s);
-        QVERIFY(!fixture.hasPlaceholder());
-        QCOMPARE(fixture.store->message(), QString());
-        fixture.press(Qt::Key_Return, Qt::ControlModifier);
-        QVERIFY(fixture.session->requests.isEmpty());
-        fixture.compose({}, u"日本👨‍👩‍👧"_s);
-        QCOMPARE(fixture.store->message(), u"日本👨‍👩‍👧"_s);
-    }
-
     void aDisabledEditorKeepsItsText()
     {
         ComposerFixture fixture;
@@ -302,18 +289,6 @@ private Q_SLOTS:
             QCOMPARE(attached[0].name.size(), 26);
             QCOMPARE(attached[0].name.startsWith(u"a___b-"_s), hasFile);
         }
-    }
-
-    void aHugePasteIsKept()
-    {
-        ComposerFixture fixture;
-        QVERIFY(fixture.isReady());
-        const QString huge = u"All work and no play.\n"_s.repeated(10'000);
-        QGuiApplication::clipboard()->setText(huge);
-        fixture.press(Qt::Key_V, Qt::ControlModifier);
-        QCOMPARE(fixture.store->message(), huge);
-        QVERIFY(fixture.editor()->flags() & QQuickItem::ItemObservesViewport);
-        QTRY_COMPARE(fixture.item->implicitHeight(), 220);
     }
 
     void theStripShowsDecodablePictures()

@@ -174,27 +174,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.session->requests.size(), 2);
     }
 
-    void contentAndViewShareTheirSize()
-    {
-        AsyncImageFixture fixture;
-        fixture.item->resetWidth();
-        fixture.item->resetHeight();
-        QVERIFY(fixture.show());
-        settle();
-        QCOMPARE(fixture.item->size(), QSizeF(40, 30));
-        fixture.item->setSize({50, 60});
-        QCOMPARE(fixture.item->item()->size(), QSizeF(50, 60));
-    }
-
-    void thereIsADefaultPlaceholder()
-    {
-        AsyncImageFixture fixture(whole, QUrl());
-        fixture.item->setPlaceholder(nullptr);
-        QVERIFY(fixture.show());
-        QVERIFY(fixture.item->item()->implicitWidth() > 0);
-        QVERIFY(fixture.middle() != QColor(Qt::yellow));
-    }
-
     void aPressLoadsABrokenPictureAgain()
     {
         AsyncImageFixture fixture;
@@ -207,18 +186,6 @@ private Q_SLOTS:
         QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, {100, 100});
         settle();
         QVERIFY(!fixture.item->image().isNull());
-    }
-
-    void brokenContentIsReported()
-    {
-        AsyncImageFixture fixture;
-        QQmlComponent broken(fixture.window.engine());
-        broken.setData("import QtQuick; Item { unknown: 1 }", QUrl());
-        fixture.root->setProperty("content", QVariant::fromValue(&broken));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"cannot make the item"_s));
-        QVERIFY(fixture.show());
-        settle();
-        QVERIFY(!fixture.item->isLoading());
     }
 
     /// A loader deletes its item's context at once, and the item in the next turn of the event

@@ -165,24 +165,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.requestCount(), 1);
     }
 
-    void photosBecomeThumbnailsWithoutFillingTheCache()
-    {
-        ImageLoadFixture fixture;
-        fixture.response = pictureResponse({2400, 1600});
-        const auto view = fixture.view(QSizeF(50, 50));
-        fixture.appear(*view, 2);
-        settle();
-        QCOMPARE(view->image().size(), QSize(150, 100));
-        QVERIFY(ImageCache::shared().image(key).isNull());
-
-        ImageCache::shared().insert(key, solidImage({2400, 1600}, Qt::blue));
-        const auto other = fixture.view(QSizeF(50, 50));
-        fixture.appear(*other, 1);
-        settle();
-        QCOMPARE(other->image().pixelColor(1, 1), QColor(Qt::blue)); // Made of the cached picture.
-        QCOMPARE(fixture.requestCount(), 1);
-    }
-
     void aViewMayBeDestroyedWhileLoading()
     {
         ImageLoadFixture fixture;
@@ -195,19 +177,6 @@ private Q_SLOTS:
         fixture.session->release();
         QVERIFY(watched.expired());
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
-    }
-
-    void viewsLoadIndependently()
-    {
-        ImageLoadFixture fixture;
-        fixture.session->held = true;
-        const auto first = fixture.view();
-        const auto second = fixture.view();
-        fixture.appear(*first);
-        fixture.appear(*second);
-        fixture.session->release();
-        QCOMPARE(fixture.requestCount(), 2);
-        QVERIFY(!first->image().isNull() && !second->image().isNull());
     }
 
     void unsafeAddressesAreNeverLoaded_data()
@@ -253,22 +222,6 @@ private Q_SLOTS:
         QVERIFY(!cache.image(u"large1"_s).isNull() && !cache.image(u"large2"_s).isNull());
         cache.insert(u"larger"_s, QImage(4000, 4000, QImage::Format_RGB32));
         QVERIFY(cache.image(u"larger"_s).isNull() && !cache.image(u"large2"_s).isNull());
-    }
-
-    void evictedPicturesAreDecodedAgain()
-    {
-        ImageLoadFixture fixture;
-        const auto first = fixture.view();
-        fixture.appear(*first);
-        settle();
-        for (int i = 0; i < 100; ++i)
-            ImageCache::shared().insert(QString::number(i), solidImage({1, 1}, Qt::red));
-        QVERIFY(ImageCache::shared().image(key).isNull());
-        const auto second = fixture.view();
-        fixture.appear(*second);
-        QCOMPARE(second->image().size(), fullSize);
-        QVERIFY(!ImageCache::shared().image(key).isNull());
-        QCOMPARE(fixture.requestCount(), 1);
     }
 };
 

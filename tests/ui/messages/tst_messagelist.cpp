@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "testing/samplerecords.h"
 #include "ui/markdown/inlinemarkdown.h"
-#include "ui/messages/attachmentslayout.h"
 #include "ui/messages/messagechunks.h"
 #include "ui/messages/messagelistmodel.h"
-#include "ui/messages/typingdots.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
-
-#include <numbers>
-#include <tuple>
 
 using namespace Qt::StringLiterals;
 using namespace tolvane;
@@ -268,41 +263,6 @@ private Q_SLOTS:
              {"*", "**a", "a*", "[", "](", "<", "`a``", "[a](", "_a_ ", "((", "h"})
             QVERIFY(
                 !withoutMarkdown(QString::fromLatin1(unit).repeated(maxChunkLength / 4)).isNull());
-    }
-
-    void dotsFollowASineWave()
-    {
-        const TypingDots dots;
-        const auto isNear = [](double a, double b) { return std::abs(a - b) < 1e-5; };
-        const std::tuple<int, double, double> cases[] = {{0, 0, 0},
-                                                         {0, 0.25, 1},
-                                                         {0, 0.75, -1},
-                                                         {0, 800'000'000.25, 1}, // Seconds later.
-                                                         {1, 0, std::numbers::sqrt3 / 2},
-                                                         {2, 0.25, -0.5}};
-        for (const auto &[dot, time, sine] : cases) {
-            QVERIFY(isNear(dots.offset(dot, time), -4 * sine));
-            QVERIFY(isNear(dots.scale(dot, time), 0.95 + 0.06 * (sine + 1)));
-            QVERIFY(isNear(dots.opacity(dot, time), 0.6 + 0.2 * (sine + 1)));
-        }
-    }
-
-    void picturesInAGrid()
-    {
-        // Pictures in all, then: shown, columns, rows, width, side, remaining.
-        const QList<double> cases[] = {{1, 1, 1, 1, 200, 200, 0}, {2, 2, 2, 1, 250, 122, 0},
-                                       {3, 3, 2, 2, 280, 138, 0}, {4, 4, 2, 2, 280, 138, 0},
-                                       {5, 4, 2, 2, 280, 138, 1}, {10, 4, 2, 2, 280, 138, 6}};
-        for (const QList<double> &expected : cases) {
-            AttachmentsLayout layout;
-            const auto total = qsizetype(expected[0]);
-            layout.attachments = QStringList(total, u"https://cdn.example/a.png"_s);
-            QCOMPARE((QList<double>{double(total), double(layout.count()), double(layout.columns()),
-                                    double(layout.rows()), layout.maxWidth(), layout.cellSize(),
-                                    double(layout.remaining(3))}),
-                     expected);
-            QCOMPARE(layout.remaining(2), 0);
-        }
     }
 };
 

@@ -83,12 +83,6 @@ Rectangle {
             return list.rows.children.length
         }
 
-        // The rows in use, without pooled ones.
-        function visibleRowCount() {
-            return Array.from({length: rowItemCount()}, (_, at) => list.rows.children[at])
-                        .filter(row => row.visible).length
-        }
-
         function verifyNoGaps() {
             list.rows.ensurePolished()
             const rows = []
@@ -117,16 +111,6 @@ Rectangle {
             wait(400)
             compare(list.rows.itemAt(0).y, 10)
             verify(gapAtEnd() > 0)
-        }
-
-        function test_noMessages() {
-            open([])
-            compare(visibleRowCount(), 0)
-            list.keyboardShown()
-            show(numbers(1, 20))
-            verifyAtEnd()
-            show([])
-            tryVerify(() => visibleRowCount() === 0)
         }
 
         function test_endsAtTheEndAfter_data() {
@@ -249,33 +233,6 @@ Rectangle {
             }
             verifyNoGaps()
             verify(!list.flickable.atYEnd)
-        }
-
-        function test_scrollsOverTime() {
-            open(numbers(1, 100))
-            list.rows.scrollBy(-300, 0)
-            list.rows.ensurePolished()
-            const before = list.flickable.contentY
-            list.keyboardShown()
-            list.rows.ensurePolished()
-            compare(list.flickable.contentY, before)
-            verifyAtEnd()
-        }
-
-        function test_rowChangesAreAnimated() {
-            open(numbers(1, 3))
-            show(shown.concat(message(6)))
-            list.rows.ensurePolished()
-            const row = lastRow()
-            compare(row.opacity, 0)
-            compare(row.y, list.rows.itemAt(2).y + list.rows.itemAt(2).height + row.height)
-            tryCompare(row, "opacity", 1)
-            verifyNoGaps()
-            show(shown.slice(0, 3))
-            wait(150)
-            verify(row.opacity < 1 && row.opacity > 0)
-            verify(row.y < list.rows.itemAt(2).y + list.rows.itemAt(2).height)
-            tryVerify(() => rowItemCount() === 3)
         }
 
         function test_newMessageDuringADrag() {

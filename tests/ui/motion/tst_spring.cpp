@@ -1,34 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "testing/manualframes.h"
-#include "ui/motion/spring.h"
 #include "ui/motion/springvalue.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
-#include <cmath>
 #include <limits>
 
 using namespace tolvane;
 
 namespace {
-
-/// Integrates the equation of motion in small steps.
-Spring::Motion stepped(const Spring &spring, double seconds, Spring::Motion motion)
-{
-    constexpr int steps = 200'000;
-    const double step = seconds / steps;
-    const auto force = [&](double displacement, double velocity) {
-        return -spring.stiffness() * displacement - spring.damping() * velocity;
-    };
-    for (int i = 0; i < steps; ++i) {
-        const double before = force(motion.displacement, motion.velocity);
-        const double middle = motion.velocity + step / 2 * before;
-        motion.displacement += step * middle;
-        motion.velocity = middle + step / 2 * force(motion.displacement, middle);
-    }
-    return motion;
-}
 
 /// Runs the animation to its end, for at most 10 seconds. Returns the greatest value.
 double passAll(test::ManualFrames &frames, const SpringValue &value)
@@ -48,40 +29,6 @@ class SpringTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void motionsFollowTheEquation_data()
-    {
-        QTest::addColumn<double>("response");
-        QTest::addColumn<double>("fraction");
-        QTest::addColumn<double>("displacement");
-        QTest::addColumn<double>("velocity");
-        QTest::newRow("underdamped") << 0.35 << 0.75 << 1.0 << 0.0;
-        QTest::newRow("underdamped, pushed") << 0.35 << 0.75 << -120.0 << 900.0;
-        QTest::newRow("weakly damped") << 0.5 << 0.05 << 1.0 << 0.0;
-        QTest::newRow("nearly critical") << 0.35 << 0.9999999 << 1.0 << 3.0;
-        QTest::newRow("critical") << 0.35 << 1.0 << 1.0 << -20.0;
-        QTest::newRow("overdamped") << 0.35 << 2.5 << 1.0 << 0.0;
-        QTest::newRow("overdamped, pushed") << 0.7 << 1.2 << 0.0 << 50.0;
-    }
-
-    void motionsFollowTheEquation()
-    {
-        QFETCH(const double, response);
-        QFETCH(const double, fraction);
-        QFETCH(const double, displacement);
-        QFETCH(const double, velocity);
-        const Spring spring{.response = response, .dampingFraction = fraction};
-        const Spring::Motion start{.displacement = displacement, .velocity = velocity};
-        const double scale = spring.amplitude(start);
-        for (const double seconds : {0.0, 0.016, 0.1, 0.35, 1.0}) {
-            const Spring::Motion exact = spring.after(seconds, start);
-            const Spring::Motion expected = stepped(spring, seconds, start);
-            const Spring::Motion error{.displacement = exact.displacement - expected.displacement,
-                                       .velocity = exact.velocity - expected.velocity};
-            QVERIFY2(spring.amplitude(error) < 1e-3 * scale, qPrintable(QString::number(seconds)));
-        }
-        const Spring::Motion late = spring.after(1e6, start);
-        QVERIFY(std::abs(late.displacement) < 1e-9 && std::abs(late.velocity) < 1e-9);
-    }
 
     void aValueReachesItsTargetAndStops()
     {

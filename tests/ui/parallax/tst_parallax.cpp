@@ -44,40 +44,23 @@ class ParallaxTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void configurationsAreKeptWithinTheirLimits_data()
-    {
-        QTest::addColumn<double>("given");
-        QTest::addColumn<double>("height");
-        QTest::addColumn<double>("part");
-        QTest::addColumn<double>("stretch");
-
-        QTest::newRow("within") << 0.5 << 0.5 << 0.5 << 1.0;
-        QTest::newRow("zero") << 0.0 << 0.0 << 0.0 << 1.0;
-        QTest::newRow("negative") << -3.0 << 0.0 << 0.0 << 1.0;
-        QTest::newRow("large") << 7.5 << 7.5 << 1.0 << 7.5;
-        QTest::newRow("not a number") << notANumber << 0.0 << 0.0 << 1.0;
-        QTest::newRow("infinite") << infinity << infinity << 1.0 << infinity;
-    }
-
     void configurationsAreKeptWithinTheirLimits()
     {
-        QFETCH(double, given);
-        QFETCH(double, height);
-        QFETCH(double, part);
-        QFETCH(double, stretch);
-
-        const ParallaxHeightConfiguration opened(given, 1);
-        const ParallaxHeightConfiguration collapsed(1, given);
-        QCOMPARE(opened.openedHeight(), height);
-        QCOMPARE(collapsed.collapsedHeight(), height);
-        const ParallaxConfiguration all(opened, collapsed, given, given, given, Qt::red, Qt::green);
-        QCOMPARE(all.portrait(), opened);
-        QCOMPARE(all.landscape(), collapsed);
-        QCOMPARE(all.parallaxFactor(), part);
-        QCOMPARE(all.stretchFactor(), stretch);
-        QCOMPARE(all.thresholdPercentage(), part);
-        QCOMPARE(all.headerBackground(), QColor(Qt::red));
-        QCOMPARE(all.contentBackground(), QColor(Qt::green));
+        // Given, then: as a height, as a part, as the stretch.
+        const QList<double> cases[] = {{0.5, 0.5, 0.5, 1},
+                                       {-3, 0, 0, 1},
+                                       {7.5, 7.5, 1, 7.5},
+                                       {notANumber, 0, 0, 1},
+                                       {infinity, infinity, 1, infinity}};
+        for (const QList<double> &each : cases) {
+            const ParallaxConfiguration all({each[0], 1}, {1, each[0]}, each[0], each[0], each[0],
+                                            Qt::red, Qt::green);
+            QCOMPARE(all.portrait().openedHeight(), each[1]);
+            QCOMPARE(all.landscape().collapsedHeight(), each[1]);
+            QCOMPARE(all.parallaxFactor(), each[2]);
+            QCOMPARE(all.thresholdPercentage(), each[2]);
+            QCOMPARE(all.stretchFactor(), each[3]);
+        }
     }
 
     void statesFollowTheOffsets_data()
@@ -118,72 +101,6 @@ private Q_SLOTS:
 
         ParallaxRules rules(configured({opened, 80}, threshold));
         QCOMPARE(statesAfter(rules, offsets), states);
-    }
-
-    void heights_data()
-    {
-        QTest::addColumn<double>("viewHeight");
-        QTest::addColumn<bool>("isLandscape");
-        QTest::addColumn<double>("offset");
-        QTest::addColumn<QList<double>>("heights"); // Header, sheet, top of the content.
-
-        const auto row = [](const char *tag, double viewHeight, bool isLandscape, double offset,
-                            const QList<double> &heights) {
-            QTest::newRow(tag) << viewHeight << isLandscape << offset << heights;
-        };
-        row("at rest", 700, false, 0, {240, 620, 220});
-        row("pulled down", 700, false, 30, {270, 620, 250});
-        row("pulled far down", 700, false, 5000, {5240, 620, 5220});
-        row("on the way", 700, false, -50, {190, 620, 170});
-        row("the header is at its least", 700, false, -80, {160, 620, 140});
-        row("the content has arrived", 700, false, -140, {160, 620, 80});
-        row("further down", 700, false, -900, {160, 620, 80});
-        row("not a number", 700, false, notANumber, {240, 620, 220});
-        row("landscape", 300, true, 0, {160, 240, 140});
-        row("landscape, moved up", 300, true, -80, {100, 240, 60});
-        row("lower than the header", 50, false, 0, {240, 0, 220});
-        row("no height", notANumber, false, 0, {240, 0, 220});
-    }
-
-    void heights()
-    {
-        QFETCH(double, viewHeight);
-        QFETCH(bool, isLandscape);
-        QFETCH(double, offset);
-        QFETCH(QList<double>, heights);
-
-        ParallaxRules rules(configured());
-        QCOMPARE(rules.viewHeight(), 300.0);
-        rules.setViewHeight(viewHeight);
-        rules.setLandscape(isLandscape);
-        rules.setScrollOffset(offset);
-        QCOMPARE((QList{rules.headerHeight(), rules.sheetHeight(), rules.contentTop()}), heights);
-    }
-
-    void rotationChangesOnlyHeights()
-    {
-        ParallaxRules rules(configured());
-        QCOMPARE(statesAfter(rules, {-40}), u"o"_s);
-        rules.setLandscape(true); // Half of the range now.
-        QCOMPARE(rules.state(), ParallaxScrollState::opened);
-        QCOMPARE(rules.headerHeight(), 120.0);
-        QCOMPARE(rules.scrollRange(), 80.0);
-        // Steps are still counted from 40 of 140 pixels.
-        QCOMPARE(statesAfter(rules, {-26, -27}), u"oC"_s);
-        rules.setLandscape(false);
-        rules.setConfiguration(configured({440, 80}));
-        QCOMPARE(rules.state(), ParallaxScrollState::collapsed);
-        QCOMPARE(rules.headerHeight(), 413.0);
-    }
-
-    void withoutARangeThereIsNoSpacer()
-    {
-        ParallaxRules rules(configured({90, 80}));
-        QCOMPARE(rules.scrollRange(), -10.0);
-        QCOMPARE(rules.spacerHeight(), 0.0);
-        rules.setScrollOffset(-15);
-        QCOMPARE(rules.contentTop(), 80.0);
-        QCOMPARE(rules.headerHeight(), 75.0);
     }
 };
 

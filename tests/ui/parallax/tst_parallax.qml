@@ -82,11 +82,6 @@ Item {
                 mouseMove(window, x, y + distance * step / 10, 20)
         }
 
-        function colorsAt(places) {
-            const shot = grabImage(window)
-            return places.map(([x, y]) => String(shot.pixel(x, y)))
-        }
-
         function test_theHeaderCanAlwaysBeCovered_data() {
             return [
                 {tag: "nothing", model: 0, content: null, end: -140},
@@ -181,32 +176,6 @@ Item {
             compare(view.offset, -140 - 70 - 5000 * 50)
             view.list.positionViewAtBeginning()
             compare(view.offset, 0)
-        }
-
-        function test_seen_data() {
-            const isSoftware = view.GraphicsInfo.api === GraphicsInfo.Software
-            const background = "#ffffff", header = "#ff0000", rows = "#0000ff", note = "#00ff00"
-            return [
-                {tag: "at rest", model: 20, offset: 0, at: [[150, 215], [150, 225], [150, 300]],
-                 saw: [header, note, rows]},
-                {tag: "rows have passed", model: 20, offset: -300,
-                 at: [[150, 75], [150, 85], [150, 595]], saw: [header, rows, rows]},
-                {tag: "the corners at rest", model: 20, offset: 0, at: [[2, 222], [297, 222]],
-                 saw: isSoftware ? [note, note] : [header, header]},
-                {tag: "the corners of rows", model: 20, offset: -300,
-                 at: [[2, 82], [297, 82], [2, 597]],
-                 saw: isSoftware ? [rows, rows, rows] : [header, header, background]},
-                {tag: "the background", model: 0, offset: 0,
-                 at: [[2, 222], [297, 222], [150, 222], [150, 598]],
-                 saw: [header, header, background, background]},
-            ]
-        }
-        function test_seen(data) {
-            view.content = data.model ? note : null
-            view.model = data.model
-            waitForRendering(view)
-            view.list.contentY = view.list.originY - data.offset
-            compare(colorsAt(data.at), data.saw)
         }
     }
 }

@@ -86,21 +86,6 @@ Rectangle {
             compare(seen([[12, 12], [107, 12], [12, 107], [107, 107]]), "rgby")
         }
 
-        function test_cornersAreSmooth() {
-            picture.radius = 30
-            const shot = grabImage(backdrop)
-            const shades = new Set()
-            for (let x = 0; x < 30; ++x)
-                shades.add(String(shot.pixel(x, 3)))
-            verify(shades.size > 2) // Not only the picture's and the backdrop's.
-        }
-
-        function test_aRadiusIsAtMostHalfTheShorterSide() {
-            picture.radius = 1000
-            picture.fillMode = RoundedImage.Fit
-            compare(seen([[2, 35], [62, 35], [30, 45]]), ".gr")
-        }
-
         function test_circle_data() {
             const outside = [[16, 16], [103, 16], [16, 103], [103, 103]]
             return [
@@ -117,28 +102,6 @@ Rectangle {
             picture.fillMode = data.mode
             compare(seen(data.at), data.saw)
             compare(seen([[50, 50], [70, 50], [50, 70], [70, 70]]), "rgby")
-        }
-
-        function test_shrunkPicturesAreSmooth() {
-            picture.image = Samples.checkerboard(1100)
-            const shot = grabImage(backdrop)
-            for (let i = 10; i < 110; ++i) {
-                const level = shot.red(i, (i * 7) % 100 + 10)
-                verify(level > 100 && level < 155, "a level of " + level)
-            }
-        }
-
-        function test_changesShow() {
-            picture.image = tall
-            compare(seen([[30, 30]]), "r")
-            picture.image = Samples.quarters(4, 4)
-            compare(seen([[30, 30], [90, 90]]), "ry")
-            picture.image = Samples.quarters(0, 0)
-            compare(seen([[30, 30], [90, 90]]), "..")
-            compare(picture.implicitWidth, 0)
-            picture.image = wide
-            compare(picture.implicitWidth, 400)
-            compare(seen([[30, 30], [90, 90]]), "ry")
         }
     }
 }

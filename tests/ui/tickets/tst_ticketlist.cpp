@@ -92,20 +92,6 @@ private Q_SLOTS:
         QCOMPARE(recorder.letters, steps);
     }
 
-    void onlyTheChangedRowIsSignalled()
-    {
-        TicketListModel model;
-        Tickets tickets;
-        for (int i = 0; i < 1000; ++i)
-            tickets += makePreview(QString::number(i));
-        model.setTickets(tickets);
-        const SignalRecorder recorder(model);
-        tickets[500].lastMessage.content = u"news"_s;
-        model.setTickets(tickets);
-        QCOMPARE(recorder.letters, "c");
-        QCOMPARE(model.data(model.index(500), TicketListModel::contentRole), u"news"_s);
-    }
-
     void anyListReplacesAnyOther()
     {
         QRandomGenerator random(3);

@@ -65,19 +65,6 @@ struct ImageViewerFixture : Fixture
                           modifiers, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&window, &event);
     }
-    /// A trackpad's pinch, by steps.
-    void pinch(const QList<double> &steps)
-    {
-        const auto send = [this](Qt::NativeGestureType type, double value) {
-            QNativeGestureEvent event(type, trackpad.get(), 2, middle, middle,
-                                      window.mapToGlobal(middle), value, {}, 1);
-            QCoreApplication::sendEvent(&window, &event);
-        };
-        send(Qt::BeginNativeGesture, 0);
-        for (const double step : steps)
-            send(Qt::ZoomNativeGesture, step);
-        send(Qt::EndNativeGesture, 0);
-    }
     QColor colorAt(QPoint place) { return window.grabWindow().pixelColor(place); }
 
     MessageData messages;
@@ -87,8 +74,6 @@ struct ImageViewerFixture : Fixture
     ImageShare *share;
     std::unique_ptr<QPointingDevice> screen{
         QTest::createTouchDevice(QInputDevice::DeviceType::TouchScreen)};
-    std::unique_ptr<QPointingDevice> trackpad{
-        QTest::createTouchDevice(QInputDevice::DeviceType::TouchPad)};
 };
 
 } // namespace
@@ -149,18 +134,6 @@ private Q_SLOTS:
         fingers.release(0, QPoint(40, 150)).commit();
         QTRY_VERIFY(!fixture.state->isDragging());
         QVERIFY(fixture.hasControls());
-    }
-
-    void aPinchOnATrackpad()
-    {
-        ImageViewerFixture fixture;
-        fixture.pinch({0.25, 0.2});
-        QCOMPARE(fixture.state->scale(), 1.5);
-        fixture.pinch({1.0});
-        QCOMPARE(fixture.state->scale(), 3.0);
-        fixture.pinch({-0.9});
-        QCOMPARE(fixture.state->scale(), 1.0);
-        QTRY_COMPARE(fixture.state->shownScale(), 1.0);
     }
 
     void thePointerDragsAZoomedPicture()
