@@ -213,17 +213,6 @@ private Q_SLOTS:
         const QJsonObject schemas = contract[u"components"_s][u"schemas"_s].toObject();
         QTEST(keysOf(schemas[QLatin1String(QTest::currentDataTag())].toObject()), "keys");
     }
-
-    void absentAndEmptyHashDifferently()
-    {
-        SenderDto absent{.id = {}, .name = {}, .profilePicture = {}, .type = {}};
-        SenderDto empty = absent;
-        empty.name = QString();
-        QVERIFY(absent != empty && qHash(absent, 0) != qHash(empty, 0));
-        const AttachmentDto one{u"a"_s, u"b"_s, "1"};
-        const AttachmentDto other{u"a"_s, u"b"_s, "2"};
-        QCOMPARE((QSet<AttachmentDto>{one, other, one}.size()), 2);
-    }
 };
 
 QTEST_GUILESS_MAIN(JsonTest)

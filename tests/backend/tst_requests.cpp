@@ -4,7 +4,6 @@
 #include "backend/configuration.h"
 #include "backend/endpoint.h"
 #include "backend/persistentstore.h"
-#include "backend/wire/formitems.h"
 #include "platform/async/awaitfuture.h"
 #include "testing/samplerecords.h"
 
@@ -14,36 +13,6 @@
 using namespace Qt::StringLiterals;
 using namespace tolvane;
 using namespace tolvane::test;
-
-/// Records with every kind of field, not in alphabetical order.
-struct Leaf
-{
-    QString k;
-};
-struct Branch
-{
-    QList<Leaf> y;
-    std::optional<QString> x;
-};
-struct NestedRecord
-{
-    Branch b;
-    QString a;
-    bool flag = false;
-    float Z = 0;
-    float lost = 0;
-};
-
-template <>
-inline constexpr auto tolvane::fieldsOf<Leaf> = std::tuple{field("k", &Leaf::k)};
-template <>
-inline constexpr auto tolvane::fieldsOf<Branch> =
-    std::tuple{field("y", &Branch::y), field("x", &Branch::x)};
-template <>
-inline constexpr auto tolvane::fieldsOf<NestedRecord> =
-    std::tuple{field("b", &NestedRecord::b), field("a", &NestedRecord::a),
-               field("flag", &NestedRecord::flag), field("Z", &NestedRecord::Z),
-               field("lost", &NestedRecord::lost)};
 
 namespace {
 
@@ -343,20 +312,6 @@ private Q_SLOTS:
                       "deviceInfo[screenHeight]=844", "deviceInfo[screenWidth]=390",
                       "deviceInfo[timezone]=Europe/Vienna", "message=hi", "attachments[]",
                       "attachments[]"}));
-    }
-
-    void recordsBecomeFormItems()
-    {
-        const NestedRecord record{.b = {.y = {{.k = u"1"_s}, {.k = u"2"_s}}, .x = {}},
-                                  .a = u""_s,
-                                  .flag = true,
-                                  .Z = 1e-7F,
-                                  .lost = std::numeric_limits<float>::infinity()};
-        QStringList texts;
-        for (const FormItem &item : formItems(QString(), record))
-            texts += item.first + u'=' + item.second;
-        QCOMPARE(texts, QStringList({u"Z=0.0000001"_s, u"a="_s, u"b[y][0][k]=1"_s,
-                                     u"b[y][1][k]=2"_s, u"flag=1"_s}));
     }
 };
 

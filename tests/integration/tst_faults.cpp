@@ -264,27 +264,6 @@ private Q_SLOTS:
         QCOMPARE(questionsAtBackend(fixture, pictures), 1);
     }
 
-    void answersArriveOutOfOrder()
-    {
-        FaultFixture fixture(m_backend);
-        fixture.begin();
-        failTheNext(fixture, operations[2], faults::delayed);
-        QStringList order;
-        const auto note = [&order](const QString &name) {
-            return [&order, name] { order += name; };
-        };
-        connect(fixture.ticket.get(), &TicketData::busyChanged, this, [&] {
-            if (!fixture.ticket->isFetchingTicket())
-                order += u"ticket"_s;
-        });
-        connect(fixture.tickets.get(), &TicketsData::changed, this, note(u"tickets"_s));
-        detach(fixture.ticket->fetchTicket());
-        fixture.run(fixture.tickets->silentReload());
-        QTRY_COMPARE(order, QStringList({u"tickets"_s, u"ticket"_s}));
-        QCOMPARE(fixture.ticket->state().value()->messages.size(), 1);
-        QCOMPARE(fixture.tickets->state().value()->constFirst().id, fixture.ticket->ticketId());
-    }
-
     void theBackendRestarts()
     {
         QTemporaryDir folder;

@@ -88,37 +88,6 @@ private Q_SLOTS:
         QCOMPARE(dropped, 0);
     }
 
-    void userInfoConvertsOnlyOnce()
-    {
-        static int conversions = 0;
-        conversions = 0;
-        const auto pushed =
-            UserInfo::fromDictionary<int>({{u"n"_s, 7}}, [](const QVariantMap &dictionary) {
-                ++conversions;
-                return dictionary.value(u"n"_s).toInt();
-            });
-        const auto invalid = UserInfo::fromDictionary<int>({}, [](const QVariantMap &) -> int {
-            ++conversions;
-            throw CancellationError();
-        });
-        const auto typed = UserInfo::fromRecord<int>(7, [](const int &n) {
-            ++conversions;
-            return QVariantMap{{u"n"_s, n}};
-        });
-        QCOMPARE(*typed.record<int>(), 7);
-        QCOMPARE(pushed.dictionary(), QVariantMap({{u"n"_s, 7}}));
-        QCOMPARE(conversions, 0);
-        for (int reading = 1; reading <= 2; ++reading) {
-            const UserInfo copy = pushed;
-            QCOMPARE(*copy.record<int>(), 7);
-            QVERIFY(!copy.record<QString>());
-            QVERIFY(!invalid.record<int>());
-            QCOMPARE(typed.dictionary(), QVariantMap({{u"n"_s, 7}}));
-        }
-        QCOMPARE(conversions, 3);
-        QVERIFY(!UserInfo().dictionary() && !UserInfo().record<int>());
-    }
-
     void executorsReturnResults()
     {
         EventLoopThread serial(u"serial"_s);

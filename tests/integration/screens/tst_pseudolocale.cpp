@@ -156,43 +156,6 @@ private Q_SLOTS:
         QCOMPARE(m_hostKeys, listed);
     }
 
-    void faultsAreFound_data()
-    {
-        QTest::addColumn<QByteArray>("qml");
-        QTest::addColumn<QString>("fault");
-        QTest::newRow("no fault") << QByteArray("text: '⟦short⟧'; width: 100") << QString();
-        QTest::newRow("elided") << QByteArray("text: '⟦much longer than that⟧'; width: 50; "
-                                              "elide: Text.ElideRight")
-                                << QString();
-        QTest::newRow("not translated")
-            << QByteArray("text: 'short'; width: 100") << u"not translated"_s;
-        QTest::newRow("beyond its item")
-            << QByteArray("text: '⟦much longer than that⟧'; width: 50") << u"too wide"_s;
-        QTest::newRow("too high") << QByteArray("text: '⟦a⟧'; width: 50; height: 4")
-                                  << u"too high"_s;
-        QTest::newRow("truncated")
-            << QByteArray("text: '⟦a b c d⟧'; width: 30; wrapMode: Text.Wrap; "
-                          "maximumLineCount: 1")
-            << u"cut without an ellipsis"_s;
-        QTest::newRow("outside") << QByteArray("text: '⟦short⟧'; x: 380") << u"out of the window"_s;
-    }
-
-    void faultsAreFound()
-    {
-        QFETCH(const QByteArray, qml);
-        QFETCH(const QString, fault);
-        QQuickView window;
-        QQmlComponent component(window.engine());
-        component.setData("import QtQuick\nItem { Text { " + qml + " } }", {});
-        const std::unique_ptr<QObject> root(component.create());
-        QVERIFY2(root, qPrintable(component.errorString()));
-        QList<VisibleText> shown;
-        collect(qobject_cast<QQuickItem *>(root.get()), shown);
-        const QStringList faults = faultsOf(shown, {0, 0, 400, 400});
-        QCOMPARE(faults.size(), fault.isEmpty() ? 0 : 1);
-        QVERIFY(fault.isEmpty() || faults.constFirst().contains(fault));
-    }
-
 private:
     /// Of all screens shown so far.
     QSet<QString> m_hostKeys;
