@@ -6,7 +6,7 @@ import Tolvane.Private
 Item {
     id: message
 
-    implicitHeight: caption.y + caption.implicitHeight + Metrics.Spacing
+    implicitHeight: caption.y + caption.height + Metrics.Spacing
     Accessible.role: Accessible.ListItem
     Accessible.name: caption.text
 
@@ -41,7 +41,7 @@ Item {
         y: bubble.y + bubble.height + Metrics.Spacing
         anchors.left: parent.left
         anchors.leftMargin: Metrics.Padding + Metrics.AvatarInset
-        width: Math.min(implicitWidth, message.width - 2 * Metrics.Padding - Metrics.AvatarInset)
+        width: message.width - 2 * Metrics.Padding - Metrics.AvatarInset
         text: Strings.string("ticket_ai_is_typing")
     }
 }

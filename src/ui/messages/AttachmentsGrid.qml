@@ -24,6 +24,7 @@ Item {
     // Cells of a row that is not full are on that side as well.
     readonly property bool isRight: isCustomer !== LayoutMirroring.enabled
 
+    implicitWidth: layout.columns * (layout.cellSize + spacing) - spacing
     implicitHeight: layout.rows * (layout.cellSize + spacing) - spacing
 
     AttachmentsLayout {

@@ -19,9 +19,9 @@ Item {
     signal linkActivated(string link)
     signal pressed()
 
-    width: isFirst && isLast ? Math.min(maximumWidth, Math.ceil(text.implicitWidth) + 2 * Metrics.Padding)
-                             : maximumWidth
-    height: Math.ceil(text.implicitHeight) + 2 * Metrics.Padding
+    // The text is laid out once, with all the width there is; its widest line is the bubble's.
+    width: isFirst && isLast ? Math.ceil(text.contentWidth) + 2 * Metrics.Padding : maximumWidth
+    height: Math.ceil(text.contentHeight) + 2 * Metrics.Padding
 
     BubbleBackground {
         anchors.fill: parent
@@ -39,9 +39,10 @@ Item {
     Text {
         id: text
 
-        x: Metrics.Padding
+        x: effectiveHorizontalAlignment === Text.AlignRight ? bubble.width - width - Metrics.Padding
+                                                            : Metrics.Padding
         y: Metrics.Padding
-        width: bubble.width - 2 * Metrics.Padding
+        width: bubble.maximumWidth - 2 * Metrics.Padding
         // Links have the colour of the text, to be legible with any branding, and an underline.
         text: bubble.content.isRich ? "<style>a { color: " + bubble.tint + " }</style>"
                                       + bubble.content.text : bubble.content.text

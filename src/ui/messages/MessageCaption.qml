@@ -4,6 +4,7 @@ import Tolvane.Private
 
 // The line below a bubble.
 Text {
+    horizontalAlignment: Text.AlignLeft
     textFormat: Text.PlainText
     wrapMode: Text.Wrap
     color: Theme.fontBasicColor

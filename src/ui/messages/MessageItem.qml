@@ -39,8 +39,12 @@ Item {
     readonly property real topInset: isFirst ? Metrics.Spacing : 0
     /// Leaves room for the avatar, and for as much on the other side.
     readonly property real contentWidth: width - 2 * Metrics.Padding - Metrics.AvatarInset
+    /// Pictures without a text have no bubble; the avatar is beside them.
+    readonly property bool hasBubble: attachments.length === 0 || content.text.trim().length > 0
+    readonly property real avatarInset: avatar === Avatar.None ? 0 : Metrics.AvatarInset
     readonly property real bubbleTop: topInset + (grid.item ? grid.height + Metrics.Spacing : 0)
-    readonly property real bubbleBottom: bubbleTop + bubble.height
+    readonly property real bubbleBottom: hasBubble ? bubbleTop + bubble.height
+                                                   : topInset + grid.height
 
     implicitHeight: isLast ? caption.y + caption.height + Metrics.Spacing + gap : bubbleBottom
     Accessible.role: Accessible.ListItem
@@ -54,9 +58,10 @@ Item {
         id: grid
 
         y: message.topInset
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.margins: Metrics.Padding
+        anchors.left: message.isCustomer ? undefined : parent.left
+        anchors.leftMargin: Metrics.Padding + (message.hasBubble ? 0 : message.avatarInset)
+        anchors.right: message.isCustomer ? parent.right : undefined
+        anchors.rightMargin: Metrics.Padding
         sourceComponent: message.attachments.length > 0 ? pictures : null
     }
 
@@ -84,8 +89,7 @@ Item {
 
         y: message.bubbleTop
         anchors.left: message.isCustomer ? undefined : parent.left
-        anchors.leftMargin: Metrics.Padding
-                            + (message.avatar === Avatar.None ? 0 : Metrics.AvatarInset)
+        anchors.leftMargin: Metrics.Padding + message.avatarInset
         anchors.right: message.isCustomer ? parent.right : undefined
         anchors.rightMargin: Metrics.Padding
         maximumWidth: Math.min(message.contentWidth, 600)
@@ -94,24 +98,26 @@ Item {
         isLast: message.isLast
         content: message.content
         onLinkActivated: link => message.linkActivated(link)
+        visible: message.hasBubble
         onPressed: message.pressed()
+    }
 
-        FocusRing {
-            anchors.margins: -4
-            tint: Theme.fontBasicColor
-            isShown: message.showsFocus
-        }
+    FocusRing {
+        anchors.fill: message.hasBubble ? bubble : grid
+        anchors.margins: -4
+        tint: Theme.fontBasicColor
+        isShown: message.showsFocus
     }
 
     MessageCaption {
         id: caption
 
         y: message.bubbleBottom + Metrics.Spacing
-        anchors.left: message.isCustomer ? undefined : parent.left
-        anchors.right: message.isCustomer ? parent.right : undefined
+        anchors.left: parent.left
+        anchors.right: parent.right
         anchors.leftMargin: Metrics.Padding + Metrics.AvatarInset
         anchors.rightMargin: Metrics.Padding
-        width: Math.min(implicitWidth, message.contentWidth)
+        horizontalAlignment: message.isCustomer ? Text.AlignRight : Text.AlignLeft
         visible: message.isLast
         text: message.caption
     }

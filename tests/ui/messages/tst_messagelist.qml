@@ -300,6 +300,7 @@ Rectangle {
             compare(cells.map(cell => cell.width), [138, 138, 138, 138])
             const right = cells[1].mapToItem(window, cells[1].width, 0).x
             compare(right, 360 - 16)
+            verify(!lastRow().bubble.visible)
             data.open(cells[3])
             compare(String(openedUrl), "http://127.0.0.1:9/d")
         }
@@ -333,6 +334,14 @@ Rectangle {
             }
             list.keyboardShown()
             verifyAtEnd()
+        }
+
+        function test_bubblesAreAsWideAsTheirWidestLine() {
+            window.height = 900
+            open(["abcd", "abcd\nd", "`abcd`", "`abcd`\nd", "ابجد", "ابجد\nد"].map(
+                     (content, at) => ({id: "m" + at, type: at % 4 ? "ai agent" : "customer", content})))
+            for (const row of [0, 2, 4])
+                compare(list.rows.itemAt(row + 1).bubble.width, list.rows.itemAt(row).bubble.width)
         }
 
         function test_links() {
