@@ -282,6 +282,11 @@
         <translation>تعذّر الحفظ: %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>الملف «%1» موجود بالفعل. هل تريد استبداله؟</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>لا يوجد اتصال بالإنترنت.</translation>

@@ -266,6 +266,11 @@
         <translation>Sichern nicht möglich: %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>„%1“ ist bereits vorhanden. Möchten Sie die Datei ersetzen?</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>Es besteht keine Verbindung zum Internet.</translation>

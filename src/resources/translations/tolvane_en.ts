@@ -266,6 +266,11 @@
         <translation>Could not be saved: %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>“%1” already exists. Do you want to replace it?</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>There is no connection to the internet.</translation>

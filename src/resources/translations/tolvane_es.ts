@@ -266,6 +266,11 @@
         <translation>No se pudo guardar: %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>«%1» ya existe. ¿Quieres reemplazarlo?</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>No hay conexión a internet.</translation>

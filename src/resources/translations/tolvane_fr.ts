@@ -266,6 +266,11 @@
         <translation>Enregistrement impossible : %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>« %1 » existe déjà. Voulez-vous le remplacer ?</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>Il n’y a pas de connexion à Internet.</translation>

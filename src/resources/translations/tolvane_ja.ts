@@ -262,6 +262,11 @@
         <translation>保存できませんでした：%1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>「%1」はすでに存在します。置き換えますか？</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>インターネットに接続されていません。</translation>

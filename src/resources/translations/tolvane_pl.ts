@@ -270,6 +270,11 @@
         <translation>Nie udało się zapisać: %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>Plik „%1” już istnieje. Czy chcesz go zastąpić?</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>Brak połączenia z internetem.</translation>

@@ -266,6 +266,11 @@
         <translation>Não foi possível salvar: %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>“%1” já existe. Deseja substituí-lo?</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>Não há conexão à internet.</translation>

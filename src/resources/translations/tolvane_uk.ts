@@ -270,6 +270,11 @@
         <translation>Не вдалося зберегти: %1</translation>
     </message>
     <message>
+        <source>viewer_replace</source>
+        <extracomment>Question before the picture replaces another file. %1 is the name of the file.</extracomment>
+        <translation>«%1» вже існує. Замінити файл?</translation>
+    </message>
+    <message>
         <source>error_offline</source>
         <extracomment>Beneath "Something went wrong": the device has no network.</extracomment>
         <translation>Немає з’єднання з інтернетом.</translation>

@@ -7,10 +7,7 @@ IconButton {
     id: button
 
     required property ComposerData composer
-    /// A component with a signal `picked(files)`, a function `open()` and `patterns` to filter by.
-    /// Created on the first press: its module loads slowly, and not every host ships it.
     property url pickerSource: Qt.resolvedUrl("ImagePicker.qml")
-    property var picker: null
 
     implicitWidth: Metrics.ComposerButtonSize
     implicitHeight: Metrics.ComposerButtonSize
@@ -31,8 +28,7 @@ IconButton {
     }
 
     function openPicker() {
-        if (picker || createPicker())
-            picker.open()
+        picker.open({patterns: composer.imagePatterns})
     }
 
     function attachWindow() {
@@ -45,17 +41,16 @@ IconButton {
         name: button.name
     }
 
-    function createPicker() {
-        const component = Qt.createComponent(pickerSource)
-        if (component.status === Component.Ready)
-            picker = component.createObject(button, {patterns: composer.imagePatterns})
-        if (!picker)
-            composer.logPickerError(component.errorString())
-        return picker
+    LazyDialog {
+        id: picker
+
+        owner: button
+        source: button.pickerSource
+        onFailed: reason => button.composer.logPickerError(reason)
     }
 
     Connections {
-        target: button.picker
+        target: picker.dialog
         ignoreUnknownSignals: true
 
         function onPicked(files) {

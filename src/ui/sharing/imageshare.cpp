@@ -4,10 +4,10 @@
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "platform/system/files.h"
+#include "ui/dialogs/picturesfolder.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QMimeData>
-#include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QClipboard>
 #include <QtGui/QDrag>
@@ -36,12 +36,6 @@ QString dragFolder()
     if (!folder)
         folder = new Folder(qGuiApp);
     return folder->directory.isValid() ? folder->directory.path() : QString();
-}
-
-QString picturesFolder()
-{
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
-    return folder.isEmpty() ? QDir::homePath() : folder;
 }
 
 } // namespace

@@ -29,7 +29,7 @@ FocusScope {
 
     function save() {
         const share = actions.share
-        if (share.isReady && !dialog.open(Window.window, share.suggestedUrl))
+        if (share.isReady && !saving.open({selectedFile: share.suggestedUrl}))
             share.saveToPictures()
     }
 
@@ -98,10 +98,18 @@ FocusScope {
         anchors.bottomMargin: 24
     }
 
-    SaveDialog {
-        id: dialog
+    LazyDialog {
+        id: saving
 
-        onAccepted: place => actions.share.save(place)
+        owner: viewer
+        source: Qt.resolvedUrl("../dialogs/SavePictureDialog.qml")
+    }
+
+    Connections {
+        target: saving.dialog
+        ignoreUnknownSignals: true
+
+        function onChosen(place) { actions.share.save(place) }
     }
 
     Connections {

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+// Creates a PictureDialog when it is first opened: its module loads slowly, and not every host ships
+// it.
+QtObject {
+    id: lazy
+
+    required property Item owner
+    required property url source
+    property var dialog: null
+
+    /// No dialog can be created.
+    signal failed(string reason)
+
+    /// Opens the dialog with these properties. False if there is none.
+    function open(properties: var): bool {
+        if (dialog)
+            Object.assign(dialog, properties)
+        else
+            create(properties)
+        if (!dialog)
+            return false
+        dialog.ask()
+        return true
+    }
+
+    function create(properties: var) {
+        const component = Qt.createComponent(source)
+        if (component.status === Component.Ready)
+            dialog = component.createObject(owner, Object.assign({owner: owner}, properties))
+        if (!dialog)
+            failed(component.errorString())
+    }
+}

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "ui/dialogs/dialoglayer.h"
+
+#include "ui/dialogs/picturesfolder.h"
+
+#include <QtCore/QFileInfo>
+#include <QtQuick/QQuickItem>
+
+#include <algorithm>
+
+namespace tolvane {
+
+namespace {
+
+/// Above the messenger and its menus.
+constexpr double raisedZ = 2000002;
+
+bool isDialog(const QObject *object)
+{
+    return object && object->inherits("QQuickDialog");
+}
+
+QQuickWindow *windowOf(const QObject *dialog)
+{
+    return dialog
+               ? qobject_cast<QQuickWindow *>(dialog->property("parentWindow").value<QWindow *>())
+               : nullptr;
+}
+
+/// The item above the content of the window that has its popups; null if it has had none so far.
+QQuickItem *overlayOf(const QQuickWindow &window)
+{
+    const QList<QQuickItem *> items = window.contentItem()->childItems();
+    const auto overlay = std::ranges::find_if(
+        items, [](const QQuickItem *item) { return item->inherits("QQuickOverlay"); });
+    return overlay == items.end() ? nullptr : *overlay;
+}
+
+/// The popup that an item of the overlay belongs to, if it is an open dialog.
+QObject *openDialogIn(const QQuickItem &overlay)
+{
+    const QList<QQuickItem *> items = overlay.childItems();
+    const auto dialog = std::find_if(items.rbegin(), items.rend(), [](const QQuickItem *item) {
+        return item->isVisible() && isDialog(item->parent());
+    });
+    return dialog == items.rend() ? nullptr : (*dialog)->parent();
+}
+
+} // namespace
+
+QUrl DialogLayer::picturesFolder()
+{
+    const QString folder = tolvane::picturesFolder();
+    return QFileInfo::exists(folder) ? QUrl::fromLocalFile(folder) : QUrl();
+}
+
+void DialogLayer::open(QObject *dialog)
+{
+    const QQuickWindow *window = windowOf(dialog);
+    m_dialog = dialog;
+    m_focusItem = window ? window->activeFocusItem() : nullptr;
+    m_asksToReplace = true;
+    connect(dialog, SIGNAL(visibleChanged()), this, SLOT(followDialog()), Qt::UniqueConnection);
+    QMetaObject::invokeMethod(dialog, "open");
+}
+
+void DialogLayer::followDialog()
+{
+    if (m_dialog && m_dialog->property("visible").toBool())
+        raise();
+    else
+        lower();
+}
+
+void DialogLayer::raise()
+{
+    const QQuickWindow *window = windowOf(m_dialog);
+    QQuickItem *overlay = window ? overlayOf(*window) : nullptr;
+    m_popup = overlay ? openDialogIn(*overlay) : nullptr;
+    if (!m_popup)
+        return;
+    m_overlay = overlay;
+    m_overlayZ = overlay->z();
+    overlay->setZ(raisedZ);
+    m_popup->setProperty("modal", true);
+    // Newer versions of Qt ask with a dialog inside the dialog.
+    m_asksToReplace = std::ranges::any_of(m_popup->findChildren<QObject *>(), isDialog);
+    connect(overlay, &QQuickItem::widthChanged, this, &DialogLayer::fitPopup);
+    connect(overlay, &QQuickItem::heightChanged, this, &DialogLayer::fitPopup);
+    fitPopup();
+}
+
+void DialogLayer::fitPopup()
+{
+    if (!m_popup || !m_overlay)
+        return;
+    const auto fit = [this](const char *size, const char *implicitSize, double most) {
+        m_popup->setProperty(size, std::min(m_popup->property(implicitSize).toDouble(), most));
+    };
+    fit("width", "implicitWidth", m_overlay->width());
+    fit("height", "implicitHeight", m_overlay->height());
+}
+
+void DialogLayer::lower()
+{
+    if (m_overlay) {
+        m_overlay->disconnect(this);
+        m_overlay->setZ(m_overlayZ);
+    }
+    m_overlay.clear();
+    m_popup.clear();
+    if (m_focusItem)
+        m_focusItem->forceActiveFocus();
+    m_focusItem.clear();
+}
+
+bool DialogLayer::replacesUnasked(const QUrl &file) const
+{
+    return !m_asksToReplace && QFileInfo::exists(file.toLocalFile());
+}
+
+} // namespace tolvane
