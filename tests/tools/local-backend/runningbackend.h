@@ -17,7 +17,6 @@ using Headers = std::map<std::string, std::string>;
 
 /// The timeout in milliseconds for conditions, which is long enough for a busy machine.
 inline constexpr int timeout = 60'000;
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, timeout)
 
 struct FormPart
 {
@@ -49,9 +48,8 @@ struct RunningBackend : tolvane::backend::Backend
 {
     explicit RunningBackend(const std::string &database = tolvane::backend::inMemory,
                             std::chrono::milliseconds replyDelay = std::chrono::hours(1),
-                            const std::vector<std::string> &keys = {},
-                            const std::string &branding = {})
-        : Backend(tolvane::backend::openDatabase(database), replyDelay, branding)
+                            const std::vector<std::string> &keys = {})
+        : Backend(tolvane::backend::openDatabase(database), replyDelay, {})
         , server({"127.0.0.1", 0, keys, 1 << 20}, *this)
     {
         server.bind();
