@@ -39,49 +39,27 @@ class ConsoleTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyLineIsAnswered_data()
-    {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QJsonValue>("id");
-        QTest::addColumn<QString>("error");
-        const auto row = [](const char *name, const QByteArray &line, const QJsonValue &id,
-                            const char *error) {
-            QTest::newRow(name) << line << id << QString::fromLatin1(error);
-        };
-        row("not JSON", "garbage", {}, "The line is not a JSON object");
-        row("not an object", "[1]", {}, "The line is not a JSON object");
-        row("empty", "", {}, "The line is not a JSON object");
-        row("no command", R"({"id":"a"})", u"a"_s, "Unknown command: \"\"");
-        row("unreadable id", R"({"id":[],"cmd":"x"})", {}, "Unknown command: \"x\"");
-        row("missing argument", R"({"id":7,"cmd":"initialize"})", 7, "Argument \"key\" is missing");
-        row("wrong type", R"({"id":7,"cmd":"setOpen","open":"yes"})", 7,
-            "Argument \"open\" must be true or false");
-        row("unknown environment", R"({"id":7,"cmd":"setEnvironment","environment":"moon"})", 7,
-            "There is no environment \"moon\"");
-        row("before initialize", R"({"id":7,"cmd":"open"})", 7, "Tolvane is not initialized");
-        row("unknown ticket", R"({"id":7,"cmd":"ticket.open","ticketId":"x"})", 7,
-            "The list has no ticket \"x\"");
-        row("unknown handle", R"({"id":7,"cmd":"ticket.state","ticket":3})", 7,
-            "There is no open ticket 3");
-        row("valid command", R"({"id":7,"cmd":"polling"})", 7, "");
-    }
-
     void everyLineIsAnswered()
     {
-        QFETCH(const QByteArray, line);
-        QFETCH(const QJsonValue, id);
-        QFETCH(const QString, error);
         const QTemporaryDir config;
         ConsoleProgram console(config.path(), nowhere);
-        console.send(line);
-        const QJsonObject reply =
-            console.await([](const QJsonObject &) { return true; }); // There is no other output.
-        QCOMPARE(reply.value("reply"_L1), id);
-        QCOMPARE(isOk(reply), error.isEmpty());
-        QCOMPARE(errorOf(reply), error);
-        QVERIFY(isOk(console.request(u"settings"_s))); // The session continues.
-        const QJsonObject age = console.request(u"timeAgo"_s, {{u"timestamp"_s, u"long ago"_s}});
-        QCOMPARE(age.value("text"_L1), u"Unknown time"_s);
+        const std::tuple<QByteArray, QJsonValue, QString> cases[] = {
+            {"garbage", {}, u"The line is not a JSON object"_s},
+            {"", {}, u"The line is not a JSON object"_s},
+            {R"({"id":[],"cmd":"x"})", {}, u"Unknown command: \"x\""_s},
+            {R"({"id":7,"cmd":"initialize"})", 7, u"Argument \"key\" is missing"_s},
+            {R"({"id":7,"cmd":"setOpen","open":"yes"})", 7,
+             u"Argument \"open\" must be true or false"_s},
+            {R"({"id":7,"cmd":"open"})", 7, u"Tolvane is not initialized"_s},
+            {R"({"id":7,"cmd":"ticket.state","ticket":3})", 7, u"There is no open ticket 3"_s},
+            {R"({"id":7,"cmd":"polling"})", 7, {}}};
+        for (const auto &[line, id, error] : cases) {
+            console.send(line);
+            const QJsonObject reply = console.await([](const QJsonObject &) { return true; });
+            QCOMPARE(reply.value("reply"_L1), id);
+            QCOMPARE(isOk(reply), error.isEmpty());
+            QCOMPARE(errorOf(reply), error);
+        }
         QCOMPARE(console.end(), 0);
         QCOMPARE(console.errors(), QByteArray());
     }
