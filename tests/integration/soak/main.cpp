@@ -2,7 +2,8 @@
 // tolvane-soak [MINUTES]: runs an hour of use of a host with the messenger, in this many minutes.
 // Fails if the use of a resource grows.
 #include "platform/platform.h"
-#include "soak.h"
+#include "resourceusage.h"
+#include "rounds.h"
 #include "testing/timeoutsession.h"
 
 #include <QtCore/QElapsedTimer>
@@ -76,8 +77,10 @@ int runFor(double minutes)
     const auto minutesPassed = [&time] { return double(time.elapsed()) / 60'000; };
     while (minutesPassed() < minutes || samples.size() < minimumSamples) {
         rounds.run();
-        samples += ResourceUsage::now();
-        print(samples.constLast(), int(samples.size()), minutesPassed() * hour / minutes);
+        samples += resourceUsage();
+        std::printf("round %lld, minute %.1f: %lld KiB\n", samples.size(),
+                    minutesPassed() * hour / minutes, samples.constLast().front());
+        std::fflush(stdout);
     }
     const bool isLeaking = hasGrown(samples);
     const EventCounter &events = rounds.events();

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "soak.h"
+#include "resourceusage.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <malloc.h>
 
@@ -13,10 +12,38 @@ namespace tolvane::soak {
 
 namespace {
 
+/// Allocated and not freed, in kibibytes.
+qint64 heap()
+{
+    malloc_trim(0);
+    const auto info = mallinfo2();
+    return static_cast<qint64>((info.uordblks + info.hblkhd) / 1024);
+}
+
+/// The pages in memory that no other process shares, in kibibytes.
+qint64 privateMemory()
+{
+    QFile file(QStringLiteral("/proc/self/smaps_rollup"));
+    qint64 sum = 0;
+    for (const QByteArray &line :
+         file.open(QIODevice::ReadOnly) ? file.readAll().split('\n') : QByteArrayList()) {
+        if (line.startsWith("Private_"))
+            sum += line.simplified().split(' ').at(1).toLongLong();
+    }
+    return sum;
+}
+
+qint64 countIn(const char *folder)
+{
+    return QDir(QString::fromLatin1(folder))
+        .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+        .size();
+}
+
 struct Resource
 {
     const char *name;
-    qint64 ResourceUsage::*usage;
+    qint64 (*measure)();
     /// The tolerance: a part of the usage, plus an amount.
     int percent;
     qint64 amount;
@@ -24,70 +51,29 @@ struct Resource
 
 // The caches of decoded pictures grow by about a kibibyte for each picture; an hour does not reach
 // their limits. Allocators keep pages.
-constexpr std::array resources = {
-    Resource{"heap, KiB", &ResourceUsage::heap, 1, 256},
-    Resource{"private memory, KiB", &ResourceUsage::privateMemory, 3, 2048},
-    Resource{"resident memory, KiB", &ResourceUsage::residentMemory, 3, 2048},
-    Resource{"open files", &ResourceUsage::openFiles, 0, 2},
-    Resource{"threads", &ResourceUsage::threads, 0, 2},
+constexpr Resource resources[] = {
+    {"heap, KiB", heap, 1, 256},
+    {"private memory, KiB", privateMemory, 3, 2048},
+    {"open files", [] { return countIn("/proc/self/fd"); }, 0, 2},
+    {"threads", [] { return countIn("/proc/self/task"); }, 0, 2},
 };
 
-QByteArray contentOf(const char *path)
-{
-    QFile file(QString::fromLatin1(path));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The sum of the numbers in the lines that begin with the name.
-qint64 sumOf(const QByteArray &lines, const QByteArray &name)
-{
-    qint64 sum = 0;
-    for (const QByteArray &line : lines.split('\n')) {
-        if (line.startsWith(name))
-            sum +=
-                line.mid(line.indexOf(':') + 1).simplified().split(' ').constFirst().toLongLong();
-    }
-    return sum;
-}
-
-qsizetype countIn(const char *folder)
-{
-    return QDir(QString::fromLatin1(folder))
-        .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-        .size();
-}
-
-qint64 median(const QList<ResourceUsage> &samples, qint64 ResourceUsage::*usage)
+qint64 median(const QList<ResourceUsage> &samples, std::size_t resource)
 {
     QList<qint64> values;
     for (const ResourceUsage &sample : samples)
-        values += sample.*usage;
+        values += sample.at(resource);
     std::ranges::sort(values);
     return values.at(values.size() / 2);
 }
 
 } // namespace
 
-ResourceUsage ResourceUsage::now()
+ResourceUsage resourceUsage()
 {
-    malloc_trim(0);
-    const auto info = mallinfo2();
-    const QByteArray pages = contentOf("/proc/self/smaps_rollup");
-    return {.heap = static_cast<qint64>((info.uordblks + info.hblkhd) / 1024),
-            .privateMemory = sumOf(pages, "Private_"),
-            .residentMemory = sumOf(pages, "Rss"),
-            .openFiles = countIn("/proc/self/fd"),
-            .threads = countIn("/proc/self/task")};
-}
-
-void print(const ResourceUsage &usage, int round, double minute)
-{
-    if (round == 1)
-        std::printf("%6s %8s %10s %10s %10s %6s %8s\n", "round", "minute", "heap", "private",
-                    "resident", "files", "threads");
-    std::printf("%6d %8.1f %10lld %10lld %10lld %6lld %8lld\n", round, minute, usage.heap,
-                usage.privateMemory, usage.residentMemory, usage.openFiles, usage.threads);
-    std::fflush(stdout);
+    ResourceUsage usage;
+    std::ranges::transform(resources, usage.begin(), [](auto &each) { return each.measure(); });
+    return usage;
 }
 
 bool hasGrown(const QList<ResourceUsage> &samples)
@@ -96,12 +82,12 @@ bool hasGrown(const QList<ResourceUsage> &samples)
     const qsizetype third = warm.size() / 3;
     bool hasGrown = false;
     std::printf("\n%-22s %12s %12s %12s\n", "", "warm", "at the end", "limit");
-    for (const Resource &resource : resources) {
-        const qint64 early = median(warm.first(third), resource.usage);
-        const qint64 late = median(warm.last(third), resource.usage);
-        const qint64 limit = early + early * resource.percent / 100 + resource.amount;
+    for (std::size_t i = 0; i < std::size(resources); ++i) {
+        const qint64 early = median(warm.first(third), i);
+        const qint64 late = median(warm.last(third), i);
+        const qint64 limit = early + early * resources[i].percent / 100 + resources[i].amount;
         hasGrown = hasGrown || late > limit;
-        std::printf("%-22s %12lld %12lld %12lld%s\n", resource.name, early, late, limit,
+        std::printf("%-22s %12lld %12lld %12lld%s\n", resources[i].name, early, late, limit,
                     late > limit ? "  GROWS" : "");
     }
     return hasGrown;
