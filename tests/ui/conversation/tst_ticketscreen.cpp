@@ -3,6 +3,7 @@
 #include "analytics/logger.h"
 #include "testing/ui/messengerfixture.h"
 #include "testing/ui/samples.h"
+#include "testing/ui/uirobot.h"
 #include "ui/conversation/ticketscreendata.h"
 #include "ui/images/imagecache.h"
 #include "ui/tickets/ticketrow.h"
@@ -36,9 +37,7 @@ struct TicketScreenFixture : MessengerFixture
             if (path.endsWith(u"/tickets"_s))
                 return test::json(listJson);
             if (request.url == QUrl(photo))
-                return {.status = 200,
-                        .headers = {},
-                        .body = encodedImage(solidImage({9, 9}, Qt::red), "png")};
+                return pictureResponse({9, 9});
             if (isFailing)
                 throw UrlError(UrlError::notConnectedToInternet);
             return answer(ticket);
@@ -46,37 +45,20 @@ struct TicketScreenFixture : MessengerFixture
         setTickets({u"t1"_s});
     }
 
-    /// Opens the messenger and clicks the button or row with that text.
-    bool open(const QString &text = u"text of last"_s)
+    /// Opens the messenger and clicks the row or button.
+    void open(QAccessible::Role role = QAccessible::ListItem,
+              const QString &name = u"text of last"_s)
     {
-        if (!showHost())
-            return false;
+        QVERIFY(showHost());
         loadSettings();
         TolvaneViewController::presentInForeground();
-        return tap([this, text] { return find(text); });
+        click(role, name);
     }
 
-    bool tap(const std::function<QQuickItem *()> &target)
+    void click(QAccessible::Role role, const QString &name)
     {
-        QQuickItem *item = nullptr;
-        QPointF place;
-        const auto isAtRest = [&] {
-            item = target();
-            const QPointF before = place;
-            place = item ? item->mapToScene(item->boundingRect().center()) : QPointF();
-            return item && place == before && host.contentItem()->contains(place);
-        };
-        if (!QTest::qWaitFor(isAtRest))
-            return false;
-        QTest::mouseClick(&host, Qt::LeftButton, {}, place.toPoint());
+        robot.click(robot.find(role, name));
         settle();
-        return true;
-    }
-
-    void type(const QString &text)
-    {
-        for (const QChar character : text)
-            QTest::keyClick(&host, character.toLatin1());
     }
 
     static QQuickItem *ofType(QQuickItem *in, const char *type)
@@ -116,6 +98,7 @@ struct TicketScreenFixture : MessengerFixture
         settle();
     }
 
+    UiRobot robot{host};
     TicketDto ticket = makeTicket(
         {makeNamedMessage(u"m1"_s, words::customer), makeNamedMessage(u"m2"_s, words::humanAgent)});
 };
@@ -130,11 +113,11 @@ private Q_SLOTS:
     void onlyTheFirstFetchShows()
     {
         TicketScreenFixture fixture;
-        QVERIFY(fixture.open(u"Send us a message"_s)); // Loads the list, but no ticket.
+        fixture.open(QAccessible::Button, u"Send us a message"_s); // Loads the list, but no ticket.
         QTest::keyClick(&fixture.host, Qt::Key_Escape);
         QTRY_VERIFY(!fixture.screen());
         fixture.session->held = true;
-        QVERIFY(fixture.tap([&] { return fixture.find(u"text of last"_s); }));
+        fixture.click(QAccessible::ListItem, u"text of last"_s);
         QTRY_VERIFY(fixture.screen());
         QCOMPARE(fixture.screen()->state(), u"loadingWithPreview"_s);
         QVERIFY(fixture.ofType("TicketMessagesSkeletonView"));
@@ -147,12 +130,12 @@ private Q_SLOTS:
         QCOMPARE(fixture.views(), 1);
 
         // The screen and its draft are kept under the viewer.
-        fixture.type(u"draft"_s);
+        fixture.robot.type(u"draft"_s);
         QStringList states;
         connect(fixture.screen(), &TicketScreenData::stateChanged, fixture.screen(),
                 [&] { states += fixture.screen()->state(); });
         for (int round = 1; round <= 2; ++round) { // The same picture, twice.
-            QVERIFY(fixture.tap([&] { return fixture.ofType("AttachmentThumbnail"); }));
+            fixture.click(QAccessible::Button, u"accessibility_attachment"_s);
             QTRY_VERIFY(fixture.hasViewer());
             QCOMPARE(fixture.fetches(), round);
             QTest::keyClick(&fixture.host, Qt::Key_Escape);
@@ -169,7 +152,7 @@ private Q_SLOTS:
     void aNewConversation()
     {
         TicketScreenFixture fixture;
-        QVERIFY(fixture.open(u"Send us a message"_s));
+        fixture.open(QAccessible::Button, u"Send us a message"_s);
         QTRY_VERIFY(fixture.screen());
         QCOMPARE(fixture.screen()->state(), u"empty"_s);
         QCOMPARE(fixture.fetches(), 0);
@@ -180,7 +163,7 @@ private Q_SLOTS:
         fixture.host.resize(400, 420);
         QTRY_VERIFY(hint->mapToScene({0, hint->height()}).y() <= composer->mapToScene({}).y());
 
-        fixture.type(u"hello"_s);
+        fixture.robot.type(u"hello"_s);
         QTest::keyClick(&fixture.host, Qt::Key_Return, Qt::ControlModifier);
         settle();
         QCOMPARE(fixture.screen()->state(), u"loaded"_s);
@@ -276,7 +259,7 @@ private Q_SLOTS:
     {
         TicketScreenFixture fixture;
         fixture.isFailing = true;
-        QVERIFY(fixture.open());
+        fixture.open();
         QTRY_VERIFY(fixture.screen());
         QTRY_COMPARE(fixture.screen()->state(), u"error"_s);
         QTRY_VERIFY(fixture.find(u"Something went wrong"_s));
