@@ -132,50 +132,5 @@ Item {
             if (data.by > 0)
                 tryCompare(view, "offset", 0)
         }
-
-        function test_wheel() {
-            view.model = 100
-            waitForRendering(view)
-            mouseWheel(window, 270, 180, 0, -240)
-            tryCompare(view, "scrollState", ParallaxScroll.Collapsed)
-            tryCompare(view.list, "moving", false)
-            mouseWheel(window, 150, 500, 0, 2400)
-            tryCompare(view, "offset", 0)
-            compare(states.count, 2)
-        }
-
-        function test_presses_data() {
-            return [
-                {tag: "the header's button", at: [270, 180], offset: 0, pressed: 1, tapped: 0},
-                {tag: "beside it", at: [50, 180], offset: 0, pressed: 0, tapped: 0},
-                {tag: "a row", at: [150, 400], offset: 0, pressed: 0, tapped: 1},
-                {tag: "a row that covers the button", at: [270, 110], offset: -140, pressed: 0,
-                 tapped: 1},
-                {tag: "rows that are out of sight", at: [150, 50], offset: -400, pressed: 0,
-                 tapped: 0},
-                {tag: "the background, over the button", at: [270, 110], offset: -140, pressed: 0,
-                 tapped: 0, model: 0},
-            ]
-        }
-        function test_presses(data) {
-            view.model = data.model ?? 100
-            view.list.contentY = view.list.originY - data.offset
-            waitForRendering(view)
-            mouseClick(window, data.at[0], data.at[1])
-            compare([window.pressed, window.tapped], [data.pressed, data.tapped])
-        }
-
-        function test_rowsAreCreatedAsNeeded() {
-            window.made = 0
-            view.content = note
-            view.model = 10000
-            waitForRendering(view)
-            view.list.positionViewAtIndex(5000, ListView.Beginning)
-            waitForRendering(view)
-            verify(window.made < 100, window.made + " rows")
-            compare(view.offset, -140 - 70 - 5000 * 50)
-            view.list.positionViewAtBeginning()
-            compare(view.offset, 0)
-        }
     }
 }
