@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/async/shutdownhook.h"
 
-#include <QtCore/QCoreApplication>
+#include "base/mainthread.h"
 
 #include <atomic>
-#include <cstdlib>
 #include <mutex>
 #include <vector>
 
@@ -62,11 +61,20 @@ struct AtExit
     ~AtExit() { shutDownAtExit(); }
 };
 
+/// exit() destroys the objects of its own thread before all static ones. Other threads create
+/// static objects at any time, and use them: the render thread does for each new kind of shader.
+void shutDownBeforeStaticObjects()
+{
+    thread_local const AtExit atExit;
+}
+
 } // namespace
 
 ShutdownHook onShutdown(std::function<void()> stop)
 {
     static const AtExit atExit;
+    if (isMainThread())
+        shutDownBeforeStaticObjects();
     auto function = std::make_shared<std::function<void()>>(std::move(stop));
     const std::scoped_lock lock(registry().mutex);
     std::erase_if(registry().functions, [](const auto &entry) { return entry.expired(); });
@@ -74,11 +82,6 @@ ShutdownHook onShutdown(std::function<void()> stop)
     if (!std::exchange(registry().hooked, true))
         qAddPostRoutine(shutDownWithApplication);
     return function;
-}
-
-void shutDownBeforeLoadedLibraries()
-{
-    std::atexit(shutDownAtExit);
 }
 
 bool isShuttingDown()

@@ -14,13 +14,10 @@ using ShutdownHook = std::shared_ptr<void>;
 /// Calls `stop` when the application object is destroyed, or at exit if it never is.
 ///
 /// The library's instances are never destroyed, but their threads must stop before the process
-/// destroys the objects that they use. Functions run in the reverse order of registration, on the
-/// thread that ends the process, and possibly more than once. Safe from any thread.
+/// destroys the objects that they use: exit() on the main thread calls them before it destroys any
+/// static object, if one was registered there. Functions run in the reverse order of registration,
+/// on the thread that ends the process, and possibly more than once. Safe from any thread.
 [[nodiscard]] TOLVANE_PRIVATE_EXPORT ShutdownHook onShutdown(std::function<void()> stop);
-
-/// At exit, calls those functions before anything is destroyed that exists now. The graphics
-/// driver, for example, is loaded with the first window. Safe from any thread.
-TOLVANE_PRIVATE_EXPORT void shutDownBeforeLoadedLibraries();
 
 /// True while those functions run. A stopped service must not be started again by one that still
 /// runs. Safe from any thread.

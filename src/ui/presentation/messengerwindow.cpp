@@ -100,12 +100,6 @@ void MessengerWindow::placeInHost()
 void MessengerWindow::open()
 {
     m_shutdownHook = onShutdown([window = m_window] { stopRendering(window); });
-    shutDownBeforeLoadedLibraries();
-    if (!m_window->isSceneGraphInitialized()) {
-        // The render thread loads the graphics driver until then.
-        QObject::connect(m_window, &QQuickWindow::sceneGraphInitialized, m_window,
-                         shutDownBeforeLoadedLibraries, Qt::DirectConnection);
-    }
     if (!m_ownWindow)
         return;
     m_ownWindow->show();
