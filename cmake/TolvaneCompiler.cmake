@@ -48,6 +48,11 @@ if(TOLVANE_BUILD_FUZZERS)
   add_compile_options(-fsanitize=fuzzer-no-link -fno-sanitize=function)
 endif()
 
+# Programs share precompiled headers with libraries. GCC 14 accepts them with the same flags only.
+if(TOLVANE_PRECOMPILE_HEADERS)
+  set(CMAKE_CXX_COMPILE_OPTIONS_PIE ${CMAKE_CXX_COMPILE_OPTIONS_PIC})
+endif()
+
 # tolvane_precompile(TARGET HEADER...): precompiles headers that most files of the target include.
 # Optimised builds leave this off, and so check that each file includes what it uses.
 function(tolvane_precompile target)
