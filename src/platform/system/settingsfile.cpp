@@ -23,6 +23,12 @@ constexpr std::chrono::milliseconds patienceOfMainThread = 20ms;
 constexpr std::chrono::milliseconds patienceOfThreads = 1s;
 constexpr std::chrono::milliseconds patienceAtExit = 200ms;
 
+/// How long a call may wait for other processes.
+std::chrono::milliseconds patience()
+{
+    return isMainThread() ? patienceOfMainThread : patienceOfThreads;
+}
+
 constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
 
 } // namespace
@@ -46,8 +52,15 @@ SettingsFile::SettingsFile(const QString &path)
 
 QVariant SettingsFile::value(const QString &key)
 {
+    if (const std::scoped_lock lock(m_mutex); m_pending.contains(key) || stamp() == m_stamp)
+        return known(key);
+    FolderLock others(m_folder);
+    const bool isBusy = others.lock(patience()) == FolderLock::Result::busy;
     const std::scoped_lock lock(m_mutex);
-    return current(key);
+    // What was read before is a moment old only.
+    if (!isBusy || m_stamp == Stamp())
+        read();
+    return known(key);
 }
 
 void SettingsFile::setValue(const QString &key, const QVariant &value)
@@ -67,6 +80,8 @@ SettingsFile::Stamp SettingsFile::stamp() const
     return info.isFile() ? Stamp{info.lastModified(), info.size()} : Stamp{};
 }
 
+/// Needs the folder's lock: if the file is replaced meanwhile, QSettings may take the old content
+/// for that of the new file, and keep it.
 void SettingsFile::read()
 {
     const Stamp now = stamp();
@@ -83,12 +98,10 @@ void SettingsFile::read()
         m_values.insert(key, settings.value(key));
 }
 
-QVariant SettingsFile::current(const QString &key)
+QVariant SettingsFile::known(const QString &key) const
 {
-    if (const auto pending = m_pending.constFind(key); pending != m_pending.cend())
-        return *pending;
-    read();
-    return m_values.value(key);
+    const auto pending = m_pending.constFind(key);
+    return pending != m_pending.cend() ? *pending : m_values.value(key);
 }
 
 QVariant SettingsFile::change(const QString &key, const std::optional<QVariant> &expected,
@@ -100,10 +113,11 @@ QVariant SettingsFile::change(const QString &key, const std::optional<QVariant> 
     QDir().mkpath(m_folder);
     FolderLock others(m_folder);
     // Readers, such as the main thread, must not wait meanwhile.
-    const bool isBusy = others.lock(isMainThread() ? patienceOfMainThread : patienceOfThreads) ==
-                        FolderLock::Result::busy;
+    const bool isBusy = others.lock(patience()) == FolderLock::Result::busy;
     const std::scoped_lock lock(m_mutex);
-    if (const QVariant now = current(key); expected && now != *expected)
+    if (!isBusy)
+        read();
+    if (const QVariant now = known(key); expected && now != *expected)
         return now;
     m_pending.insert(key, newValue);
     if (isBusy)

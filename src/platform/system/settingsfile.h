@@ -22,7 +22,7 @@ public:
     /// The instance of this process for a path, which is never destroyed.
     static SettingsFile &at(const QString &path);
 
-    /// Invalid for a missing key.
+    /// Invalid for a missing key. Blocks as setValue() does, if the file has changed.
     QVariant value(const QString &key);
 
     /// An invalid value removes the key. Blocks for some milliseconds at most: while another
@@ -45,7 +45,7 @@ private:
     explicit SettingsFile(const QString &path);
     Stamp stamp() const;
     void read();
-    QVariant current(const QString &key);
+    QVariant known(const QString &key) const;
     QVariant change(const QString &key, const std::optional<QVariant> &expected,
                     const QVariant &value);
     void writePending();
