@@ -4,16 +4,19 @@
 #include "base/privateexport.h"
 
 #include <QtCore/QObject>
+#include <QtCore/QStringList>
 #include <QtCore/QUrl>
 
 namespace tolvane {
 
-/// The attachment that the customer has chosen to view. Main thread.
+/// The attachment that the customer is viewing, and all attachments of its message. Main thread.
 class TOLVANE_PRIVATE_EXPORT MessageData : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QUrl selectedAttachment READ selectedAttachment WRITE setSelectedAttachment NOTIFY
                    selectedAttachmentChanged)
+    /// URLs as received, of the message with the last selection; to be set before it.
+    Q_PROPERTY(QStringList attachments MEMBER attachments NOTIFY attachmentsChanged)
 
 public:
     using QObject::QObject;
@@ -23,8 +26,11 @@ public:
     /// An equal address has no effect.
     void setSelectedAttachment(const QUrl &url);
 
+    QStringList attachments;
+
 Q_SIGNALS:
     void selectedAttachmentChanged();
+    void attachmentsChanged();
 
 private:
     QUrl m_selectedAttachment;

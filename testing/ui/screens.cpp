@@ -270,7 +270,12 @@ std::span<const Screens::Screen> Screens::all()
              s.m_hasPictures = false;
              s.openPicture();
          }},
-        {"viewer", [](S &s) { s.openPicture(); }},
+        {"viewer",
+         [](S &s) {
+             s.openPicture();
+             QTest::keyClick(&s.host, Qt::Key_Home); // Shows the buttons.
+             s.waitForAnimations();
+         }},
         {"viewer-menu",
          [](S &s) {
              s.openPicture();
@@ -440,6 +445,7 @@ void Screens::openPicture()
     if (m_hasPictures)
         ImageCache::shared().responses().store(respond(request), request);
     openTicket();
+    screen().attachmentSelection()->attachments = {request.url.toString(), cdn + u"photo2-1"_s};
     screen().attachmentSelection()->setSelectedAttachment(request.url);
     waitForAnimations();
 }

@@ -17,7 +17,7 @@ FocusScope {
 
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
-    signal attachmentOpened(url imageUrl)
+    signal attachmentOpened(url imageUrl, var attachments)
 
     LoadingStateView {
         id: stateView
@@ -37,7 +37,7 @@ FocusScope {
             model: view.ticket.messages
             isAITyping: view.ticket.isAITyping
             ticketState: view.ticket.ticketState
-            onAttachmentOpened: imageUrl => view.attachmentOpened(imageUrl)
+            onAttachmentOpened: (imageUrl, attachments) => view.attachmentOpened(imageUrl, attachments)
             bottomContentMargin: view.covered
 
             Connections {

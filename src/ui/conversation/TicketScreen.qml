@@ -61,7 +61,8 @@ FocusScope {
 
         function onSelectedAttachmentChanged() {
             const url = screen.messageData.selectedAttachment
-            if (String(url).length > 0)
+            // The viewer, on top of this screen, selects the pictures that it shows.
+            if (screen.isOnTop && String(url).length > 0)
                 screen.navigation.navigate(Destination.imageViewer(url))
         }
     }
@@ -81,7 +82,10 @@ FocusScope {
         width: parent.width
         focus: true
         ticket: conversation
-        onAttachmentOpened: imageUrl => screen.messageData.selectedAttachment = imageUrl
+        onAttachmentOpened: (imageUrl, attachments) => {
+            screen.messageData.attachments = attachments
+            screen.messageData.selectedAttachment = imageUrl
+        }
         keyboardHeight: keyboard.height
     }
 

@@ -10,6 +10,7 @@ Pressable {
     required property color color
     /// Whether the icon points in the reading direction, and is turned in right-to-left layouts.
     property bool mirrors: false
+    property bool isFlipped: mirrors && LayoutMirroring.enabled
     property real iconSize: Metrics.IconSize
     /// The keys that do the same, for the tooltip.
     property string shortcut
@@ -41,6 +42,6 @@ Pressable {
         name: button.icon
         color: button.color
         opacity: button.isPressed ? 0.4 : button.iconOpacity
-        rotation: button.mirrors && button.LayoutMirroring.enabled ? 180 : 0
+        rotation: button.isFlipped ? 180 : 0
     }
 }

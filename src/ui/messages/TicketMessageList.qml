@@ -19,7 +19,7 @@ Item {
     readonly property alias rows: rows
     readonly property alias flickable: flickable
 
-    signal attachmentOpened(url imageUrl)
+    signal attachmentOpened(url imageUrl, var attachments)
 
     /// To be called when the on-screen keyboard has appeared.
     function keyboardShown() {
@@ -144,7 +144,7 @@ Item {
             delegate: MessageItem {
                 id: message
 
-                onAttachmentOpened: imageUrl => list.attachmentOpened(imageUrl)
+                onAttachmentOpened: imageUrl => list.attachmentOpened(imageUrl, message.attachments)
                 gap: Metrics.MessageSpacing
                 showsFocus: isCurrent && list.activeFocus
                 onLinkActivated: link => Qt.openUrlExternally(link)

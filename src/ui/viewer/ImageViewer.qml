@@ -2,15 +2,19 @@
 import QtQuick
 import Tolvane.Private
 
-// Shows one attachment in the whole window on black, with zoom and a share menu.
+// Shows the attachments of a message, one at a time, in the whole window on black, with zoom and a
+// share menu.
 FocusScope {
     id: viewer
 
+    /// The picture to begin with.
     required property url imageUrl
-    /// The MessageData in which the picture was selected; may be null.
+    /// The MessageData in which the picture was selected, with all of its message; may be null.
     property MessageData messageData: null
     property bool showControls: true
     readonly property alias imageState: zoom
+    property bool usesKeys: false
+    readonly property bool showsSteps: showControls && (pointer.hovered || usesKeys)
 
     signal backRequested()
 
@@ -27,10 +31,26 @@ FocusScope {
             picture.forceActiveFocus()
     }
 
+    function pictureStepped() {
+        zoom.resetAtOnce()
+        if (messageData)
+            messageData.selectedAttachment = pictures.url
+        // A button that has the focus may have gone.
+        if (!pictures.canStep(1) || !pictures.canStep(-1))
+            picture.forceActiveFocus()
+    }
+
     function save() {
         const share = actions.share
         if (share.isReady && !saving.open({selectedFile: share.suggestedUrl}))
             share.saveToPictures()
+    }
+
+    PictureSequence {
+        id: pictures
+
+        attachments: viewer.messageData?.attachments ?? []
+        first: viewer.imageUrl
     }
 
     ZoomController {
@@ -46,18 +66,42 @@ FocusScope {
         PointerBlocker { }
     }
 
+    PictureSlide {
+        id: slide
+
+        anchors.fill: parent
+        pictures: pictures
+        onStepped: viewer.pictureStepped()
+    }
+
     ZoomableImageView {
         id: picture
 
         anchors.fill: parent
         focus: true
-        imageUrl: viewer.imageUrl
+        imageUrl: pictures.url
         imageState: zoom
+        slideOffset: slide.offset
+        name: pictures.count === 1 ? Strings.string("accessibility_picture")
+              : Strings.string("accessibility_attachment").replace("%1", pictures.index + 1)
+                                                          .replace("%2", pictures.count)
         onTapped: viewer.toggleControls()
+        onSwiped: distance => slide.follow(distance)
+        onSwipeEnded: slide.release()
         // The first Tab only shows hidden controls.
         Keys.enabled: !viewer.showControls
         Keys.onTabPressed: viewer.showControls = true
         Keys.onBacktabPressed: viewer.showControls = true
+    }
+
+    PictureNumber {
+        id: number
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.margins: Metrics.SmallPadding
+        showControls: viewer.showControls && pictures.count > 1
+        pictures: pictures
     }
 
     BackButton {
@@ -81,6 +125,31 @@ FocusScope {
         onShareRequested: menu.isOpen = true
     }
 
+    // The buttons at the sides would cover the picture on a touchscreen, where nobody needs them.
+    HoverHandler {
+        id: pointer
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+    }
+
+    StepButton {
+        anchors.left: parent.left
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.margins: Metrics.SmallPadding
+        showControls: viewer.showsSteps && pictures.canStep(-1)
+        isNext: false
+        onClicked: slide.step(-1)
+    }
+
+    StepButton {
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.margins: Metrics.SmallPadding
+        showControls: viewer.showsSteps && pictures.canStep(1)
+        isNext: true
+        onClicked: slide.step(1)
+    }
+
     ShareMenu {
         id: menu
 
@@ -94,8 +163,8 @@ FocusScope {
         id: notice
 
         anchors.horizontalCenter: parent.horizontalCenter
-        anchors.bottom: parent.bottom
-        anchors.bottomMargin: 24
+        anchors.bottom: number.top
+        anchors.bottomMargin: Metrics.SmallPadding
     }
 
     LazyDialog {
@@ -124,11 +193,17 @@ FocusScope {
         id: keys
 
         imageState: zoom
+        pictures: pictures
+        isMirrored: viewer.LayoutMirroring.enabled
+        onStepRequested: by => slide.step(by)
         onBackRequested: viewer.goBack()
         onControlsToggled: viewer.toggleControls()
         onCopyRequested: actions.share.copy()
         onSaveRequested: viewer.save()
     }
 
-    Keys.onPressed: event => keys.handleKey(event)
+    Keys.onPressed: event => {
+        usesKeys = true
+        keys.handleKey(event)
+    }
 }

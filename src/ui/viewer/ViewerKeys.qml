@@ -7,11 +7,15 @@ QtObject {
     id: keys
 
     required property ZoomController imageState
+    required property PictureSequence pictures
+    required property bool isMirrored
 
     signal backRequested()
     signal controlsToggled()
     signal copyRequested()
     signal saveRequested()
+    /// Another picture is wanted: the next one, or `by` pictures further on.
+    signal stepRequested(int by)
 
     readonly property real zoomStep: 1.25
     readonly property real panStep: 80
@@ -45,11 +49,19 @@ QtObject {
         case Qt.Key_0:
             imageState.reset()
             return true
+        case Qt.Key_PageUp:
+            return step(-1)
+        case Qt.Key_PageDown:
+            return step(1)
+        case Qt.Key_Home:
+            return step(-pictures.index)
+        case Qt.Key_End:
+            return step(pictures.count - 1 - pictures.index)
         // An arrow key moves the view in its direction, and thus the picture the other way.
         case Qt.Key_Left:
-            return pan(panStep, 0)
+            return pan(panStep, 0) || step(isMirrored ? 1 : -1)
         case Qt.Key_Right:
-            return pan(-panStep, 0)
+            return pan(-panStep, 0) || step(isMirrored ? -1 : 1)
         case Qt.Key_Up:
             return pan(0, panStep)
         case Qt.Key_Down:
@@ -63,6 +75,12 @@ QtObject {
         imageState.pinchAnimated(factor)
         imageState.pinchEnded()
         return true
+    }
+
+    function step(by: int): bool {
+        if (pictures.canStep(by))
+            stepRequested(by)
+        return pictures.count > 1
     }
 
     function pan(x: real, y: real): bool {

@@ -9,6 +9,10 @@ Item {
     required property ZoomController imageState
 
     signal tapped()
+    /// A drag of a picture that is not zoomed in, which pans nothing: its distance so far, and its
+    /// end.
+    signal swiped(real distance)
+    signal swipeEnded()
 
     PinchHandler {
         id: pinch
@@ -32,20 +36,29 @@ Item {
         // The finger that remains after a pinch drags on from where it is: the handler has not
         // received its press.
         property bool continuesPinch: false
+        property bool isSwipe: false
         property point start
 
         target: null
         dragThreshold: gestures.imageState.minDragDistance
         onCentroidChanged: {
-            if (active)
-                gestures.dragTo(Qt.point(centroid.position.x - start.x,
-                                         centroid.position.y - start.y))
+            if (!active)
+                return
+            const distance = Qt.point(centroid.position.x - start.x, centroid.position.y - start.y)
+            if (isSwipe)
+                gestures.swiped(distance.x)
+            else
+                gestures.dragTo(distance)
         }
         onActiveChanged: {
-            if (active)
+            if (active) {
                 start = continuesPinch ? centroid.position : centroid.pressPosition
-            else
+                isSwipe = !continuesPinch && !gestures.imageState.isZoomedIn
+            } else if (isSwipe) {
+                gestures.swipeEnded()
+            } else {
                 gestures.imageState.dragEnded()
+            }
         }
     }
 

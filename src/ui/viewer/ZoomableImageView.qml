@@ -8,15 +8,21 @@ Item {
 
     required property url imageUrl
     required property ZoomController imageState
+    /// For screen readers.
+    required property string name
     readonly property alias loadedImage: loaded
+    /// The distance from its place, while one picture replaces another.
+    property real slideOffset: 0
     readonly property bool hasPicture: picture.implicitWidth > 0
 
     signal tapped()
+    signal swiped(real distance)
+    signal swipeEnded()
 
     clip: true
     activeFocusOnTab: true
     Accessible.role: Accessible.Graphic
-    Accessible.name: Strings.string("accessibility_picture")
+    Accessible.name: name
     Accessible.focusable: true
     Accessible.onPressAction: tapped()
 
@@ -45,7 +51,7 @@ Item {
         content: RoundedImage { fillMode: RoundedImage.Fit }
         scale: view.hasPicture ? view.imageState.shownScale / detail : 1
         transform: Translate {
-            x: view.imageState.shownOffset.x
+            x: view.imageState.shownOffset.x + view.slideOffset
             y: view.imageState.shownOffset.y
         }
     }
@@ -55,5 +61,7 @@ Item {
         enabled: view.hasPicture
         imageState: view.imageState
         onTapped: view.tapped()
+        onSwiped: distance => view.swiped(distance)
+        onSwipeEnded: view.swipeEnded()
     }
 }

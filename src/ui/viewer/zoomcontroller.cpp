@@ -70,6 +70,11 @@ void ZoomController::reset()
     change(Motion::animated, [](ImageState &state) { state.reset(); });
 }
 
+void ZoomController::resetAtOnce()
+{
+    change(Motion::immediate, [](ImageState &state) { state = {}; });
+}
+
 void ZoomController::applyDrag(Motion motion, const QPointF &translation)
 {
     if (m_state.isDragging)

@@ -50,6 +50,8 @@ public:
     Q_INVOKABLE void dragEnded();
     Q_INVOKABLE void doubleTapped();
     Q_INVOKABLE void reset();
+    /// Without an animation, for another picture.
+    Q_INVOKABLE void resetAtOnce();
 
     /// For input that is not a finger gesture: pinchAnimated() animates one step of a pinch, until
     /// pinchEnded(); pan() and panAnimated() are whole drags, applied immediately or animated. Such

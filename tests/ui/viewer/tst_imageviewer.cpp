@@ -34,14 +34,20 @@ const UrlResponse picture = pictureResponse({80, 30});
 /// A window with the viewer in it.
 struct ImageViewerFixture : Fixture
 {
-    explicit ImageViewerFixture(bool isCached = true)
+    explicit ImageViewerFixture(bool isCached = true, bool isRightToLeft = false)
     {
+        messages.attachments = {address.toString(), u"http://:no"_s, u"https://cdn.example/2"_s,
+                                u"https://cdn.example/3"_s};
         session->handler = [](const UrlRequest &) { return picture; };
         if (isCached)
             ImageCache::shared().responses().store(picture, requestFor(address));
         messages.setSelectedAttachment(address);
         viewer = createItem(
-                     *window.engine(), "import Tolvane.Private\nImageViewer {}",
+                     *window.engine(),
+                     "import QtQuick\nimport Tolvane.Private\nImageViewer { "
+                     "LayoutMirroring.childrenInherit: "
+                     "true; LayoutMirroring.enabled: " +
+                         QVariant(isRightToLeft).toByteArray() + "}",
                      {{u"imageUrl"_s, address}, {u"messageData"_s, QVariant::fromValue(&messages)}})
                      .release();
         state = viewer->property("imageState").value<ZoomController *>();
@@ -64,6 +70,13 @@ struct ImageViewerFixture : Fixture
         QWheelEvent event(middle, window.mapToGlobal(middle), {}, {0, degrees * 8}, Qt::NoButton,
                           modifiers, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&window, &event);
+    }
+    void drag(QPoint by)
+    {
+        QTest::mousePress(&window, Qt::LeftButton, {}, middle);
+        for (int step = 1; step <= 10; ++step)
+            QTest::mouseMove(&window, middle + by * step / 10);
+        QTest::mouseRelease(&window, Qt::LeftButton, {}, middle + by);
     }
     QColor colorAt(QPoint place) { return window.grabWindow().pixelColor(place); }
 
@@ -139,20 +152,14 @@ private Q_SLOTS:
     void thePointerDragsAZoomedPicture()
     {
         ImageViewerFixture fixture;
-        const auto drag = [&](QPoint by) {
-            QTest::mousePress(&fixture.window, Qt::LeftButton, {}, middle);
-            for (int step = 1; step <= 10; ++step)
-                QTest::mouseMove(&fixture.window, middle + by * step / 10);
-            QTest::mouseRelease(&fixture.window, Qt::LeftButton, {}, middle + by);
-        };
-        drag({60, 20});
+        fixture.drag({60, 20});
         QCOMPARE(fixture.state->offset(), QPointF());
         fixture.state->doubleTapped();
-        drag({60, 20});
+        fixture.drag({60, 20});
         QCOMPARE(fixture.state->offset(), QPointF(60, 20));
-        drag({-20, 0});
+        fixture.drag({-20, 0});
         QCOMPARE(fixture.state->offset(), QPointF(40, 20));
-        drag({8, 0}); // Below the threshold of a drag.
+        fixture.drag({8, 0}); // Below the threshold of a drag.
         QCOMPARE(fixture.state->offset(), QPointF(40, 20));
     }
 
@@ -198,11 +205,45 @@ private Q_SLOTS:
         QCOMPARE(fixture.state->offset(), QPointF());
     }
 
+    void allPicturesOfTheMessage_data()
+    {
+        QTest::addColumn<bool>("isRightToLeft");
+        QTest::addColumn<QKeySequence>("keys");
+        QTest::addColumn<int>("swipe");
+        QTest::addColumn<QString>("shown");
+        const QString first = address.path();
+        QTest::newRow("next") << false << QKeySequence(Qt::Key_Right) << 0 << u"/2"_s;
+        QTest::newRow("start") << false << QKeySequence(Qt::Key_Left) << 0 << first;
+        QTest::newRow("mirrored") << true << QKeySequence(Qt::Key_Left) << 0 << u"/2"_s;
+        QTest::newRow("zoomed") << false << QKeySequence(Qt::Key_Plus, Qt::Key_Right) << 0 << first;
+        QTest::newRow("end") << false << QKeySequence(Qt::Key_End, Qt::Key_Right) << 0 << u"/3"_s;
+        QTest::newRow("button") << false
+                                << QKeySequence(Qt::Key_Home, Qt::Key_Backtab, Qt::Key_Return) << 0
+                                << u"/2"_s;
+        QTest::newRow("swipe") << false << QKeySequence() << -150 << u"/2"_s;
+        QTest::newRow("mirrored swipe") << true << QKeySequence() << 150 << u"/2"_s;
+        QTest::newRow("short swipe") << false << QKeySequence() << -40 << first;
+    }
+
+    void allPicturesOfTheMessage()
+    {
+        QFETCH(const bool, isRightToLeft);
+        QFETCH(const QKeySequence, keys);
+        QFETCH(const int, swipe);
+        ImageViewerFixture fixture(true, isRightToLeft);
+        if (swipe != 0)
+            fixture.drag({swipe, 0});
+        for (int i = 0; i < keys.count(); ++i) {
+            fixture.press(keys[i]);
+            QTest::qWait(50); // The first key shows the buttons.
+        }
+        QTEST(fixture.share->url().path(), "shown");
+        QCOMPARE(fixture.messages.selectedAttachment(), fixture.share->url());
+    }
+
     void keys()
     {
         ImageViewerFixture fixture;
-        fixture.press(Qt::Key_Right);
-        QCOMPARE(fixture.state->offset(), QPointF());
         fixture.press(QKeySequence(Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus));
         QCOMPARE(fixture.state->scale(), 1.953125);
         fixture.press(QKeySequence(Qt::Key_Right, Qt::Key_Down));
