@@ -237,6 +237,11 @@
         <translation>共有</translation>
     </message>
     <message>
+        <source>picture_open</source>
+        <extracomment>In the context menu of a picture in a message: shows it in the whole window.</extracomment>
+        <translation>開く</translation>
+    </message>
+    <message>
         <source>viewer_save</source>
         <extracomment>Choice in a menu: opens a dialog to save the picture as a file.</extracomment>
         <translation>画像を保存…</translation>

@@ -241,6 +241,11 @@
         <translation>Compartilhar</translation>
     </message>
     <message>
+        <source>picture_open</source>
+        <extracomment>In the context menu of a picture in a message: shows it in the whole window.</extracomment>
+        <translation>Abrir</translation>
+    </message>
+    <message>
         <source>viewer_save</source>
         <extracomment>Choice in a menu: opens a dialog to save the picture as a file.</extracomment>
         <translation>Salvar imagem…</translation>

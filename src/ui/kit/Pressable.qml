@@ -14,10 +14,13 @@ Item {
     readonly property alias isHovered: area.containsMouse
     readonly property alias isPressed: area.pressed
     readonly property alias focusRing: ring
+    property bool hasMenu: false
 
     /// Emitted before clicked() if a pointer has pressed the item.
     signal tapped()
     signal clicked()
+    /// The context menu is wanted, if there is one: by a right click or by key.
+    signal menuRequested(point position)
 
     activeFocusOnTab: enabled
     Accessible.role: Accessible.Button
@@ -27,6 +30,12 @@ Item {
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
     Keys.onSpacePressed: clicked()
+    Keys.onPressed: event => {
+        if (!hasMenu || !Keyboard.opensMenu(event.key, event.modifiers))
+            return
+        event.accepted = true
+        menuRequested(Qt.point(width / 2, height / 2))
+    }
 
     FocusRing {
         id: ring
@@ -39,7 +48,12 @@ Item {
 
         anchors.fill: pressable.surface
         cursorShape: Qt.PointingHandCursor
-        onClicked: {
+        acceptedButtons: pressable.hasMenu ? Qt.LeftButton | Qt.RightButton : Qt.LeftButton
+        onClicked: mouse => {
+            if (mouse.button === Qt.RightButton) {
+                pressable.menuRequested(Qt.point(mouse.x, mouse.y))
+                return
+            }
             pressable.tapped()
             pressable.clicked()
         }

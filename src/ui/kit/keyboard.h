@@ -6,7 +6,7 @@
 
 namespace tolvane {
 
-/// The on-screen keyboard, for QML. Main thread.
+/// The on-screen keyboard, and the keys with a meaning of the system, for QML. Main thread.
 class Keyboard : public QObject
 {
     Q_OBJECT
@@ -25,6 +25,11 @@ public:
 
     /// Hides it until the customer next taps into a text field.
     Q_INVOKABLE void hide();
+    /// Whether a key with these modifiers opens a context menu.
+    Q_INVOKABLE static bool opensMenu(int key, int modifiers)
+    {
+        return key == Qt::Key_Menu || (key == Qt::Key_F10 && modifiers == Qt::ShiftModifier);
+    }
 
 Q_SIGNALS:
     void changed();

@@ -13,6 +13,8 @@ Pressable {
     required property int remainingCount
     required property int totalCount
 
+    readonly property bool isLoaded: !picture.isLoading && !picture.hasFailed
+
     signal opened()
 
     function open() {
@@ -27,6 +29,7 @@ Pressable {
     visible: !isEmpty
     name: Strings.string("accessibility_attachment").replace("%1", index + 1)
                                                     .replace("%2", totalCount)
+    hasMenu: true
     focusRing.radius: cornerRadius + 2
     focusRing.tint: Theme.fontBasicColor
     onClicked: open()

@@ -16,6 +16,7 @@ Item {
 
     signal pressed()
     signal opened(url imageUrl)
+    signal menuRequested(AttachmentThumbnail cell, point position)
 
     function open(index) {
         (cells.itemAt(index) as AttachmentThumbnail).open()
@@ -37,6 +38,8 @@ Item {
         model: layout.count
 
         AttachmentThumbnail {
+            id: cell
+
             readonly property int row: Math.floor(index / layout.columns)
             readonly property int column: index % layout.columns
             // The number of cells between this one and the side.
@@ -56,6 +59,7 @@ Item {
             totalCount: layout.total
             onTapped: grid.pressed()
             onOpened: grid.opened(imageUrl)
+            onMenuRequested: position => grid.menuRequested(cell, position)
         }
     }
 }

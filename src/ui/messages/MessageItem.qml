@@ -26,6 +26,7 @@ Item {
     readonly property alias bubble: bubble
 
     signal attachmentOpened(url imageUrl)
+    signal pictureMenuRequested(AttachmentThumbnail cell, point position)
     signal linkActivated(string link)
     signal pressed()
 
@@ -72,6 +73,7 @@ Item {
             attachments: message.attachments
             isCustomer: message.isCustomer
             onOpened: imageUrl => message.attachmentOpened(imageUrl)
+            onMenuRequested: (cell, position) => message.pictureMenuRequested(cell, position)
             onPressed: message.pressed()
         }
     }

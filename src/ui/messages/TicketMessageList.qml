@@ -145,6 +145,7 @@ Item {
                 id: message
 
                 onAttachmentOpened: imageUrl => list.attachmentOpened(imageUrl, message.attachments)
+                onPictureMenuRequested: (cell, position) => list.openPictureMenu(cell, position)
                 gap: Metrics.MessageSpacing
                 showsFocus: isCurrent && list.activeFocus
                 onLinkActivated: link => Qt.openUrlExternally(link)
@@ -154,6 +155,21 @@ Item {
                 }
             }
         }
+    }
+
+    function openPictureMenu(cell: AttachmentThumbnail, position: point) {
+        pictureMenu.active = true
+        const menu = pictureMenu.item as PictureMenu
+        menu.openFor(cell, cell.imageUrl, cell.isLoaded, position, cell.open)
+    }
+
+    Loader {
+        id: pictureMenu
+
+        anchors.fill: parent
+        anchors.bottomMargin: list.bottomContentMargin
+        active: false
+        sourceComponent: PictureMenu { }
     }
 
     NewestButton {

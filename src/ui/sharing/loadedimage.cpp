@@ -63,7 +63,8 @@ void LoadedImage::start()
     m_stop = {};
     if (!std::exchange(m_image, {}).isNull())
         Q_EMIT imageChanged();
-    detach(load(this, m_url, m_stop.get_token()));
+    if (!m_url.isEmpty())
+        detach(load(this, m_url, m_stop.get_token()));
 }
 
 QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_token stop)

@@ -40,12 +40,6 @@ FocusScope {
             picture.forceActiveFocus()
     }
 
-    function save() {
-        const share = actions.share
-        if (share.isReady && !saving.open({selectedFile: share.suggestedUrl}))
-            share.saveToPictures()
-    }
-
     PictureSequence {
         id: pictures
 
@@ -155,7 +149,7 @@ FocusScope {
 
         anchors.fill: parent
         share: actions.share
-        onSaveRequested: viewer.save()
+        onSaveRequested: saver.save()
         onClosed: isOpen = false
     }
 
@@ -167,26 +161,11 @@ FocusScope {
         anchors.bottomMargin: Metrics.SmallPadding
     }
 
-    LazyDialog {
-        id: saving
+    PictureSaver {
+        id: saver
 
-        owner: viewer
-        source: Qt.resolvedUrl("../dialogs/SavePictureDialog.qml")
-    }
-
-    Connections {
-        target: saving.dialog
-        ignoreUnknownSignals: true
-
-        function onChosen(place) { actions.share.save(place) }
-    }
-
-    Connections {
-        target: actions.share
-
-        function onSaved(place) { notice.showText(Strings.string("viewer_saved").arg(place)) }
-        function onFailed(reason) { notice.showText(Strings.string("viewer_save_failed").arg(reason)) }
-        function onCopied() { notice.showText(Strings.string("viewer_copied")) }
+        share: actions.share
+        onReported: text => notice.showText(text)
     }
 
     ViewerKeys {
@@ -199,7 +178,7 @@ FocusScope {
         onBackRequested: viewer.goBack()
         onControlsToggled: viewer.toggleControls()
         onCopyRequested: actions.share.copy()
-        onSaveRequested: viewer.save()
+        onSaveRequested: saver.save()
     }
 
     Keys.onPressed: event => {

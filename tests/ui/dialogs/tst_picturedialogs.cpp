@@ -56,13 +56,17 @@ struct DialogFixture : Fixture
     bool click(const QString &text)
     {
         QQuickItem *item = nullptr;
+        QPointF place;
+        QPointF before(-1, -1);
         if (!QTest::qWaitFor([&] {
                 item = MessengerFixture::find(window.contentItem(), text);
-                return item && item->width() > 0;
+                if (item)
+                    place = item->mapToScene(QPointF(item->width(), item->height()) / 2);
+                QTest::qWait(50); // Until it does not move any more.
+                return item && std::exchange(before, place) == place;
             }))
             return false;
-        QTest::mouseClick(&window, Qt::LeftButton, {},
-                          item->mapToScene(QPointF(item->width(), item->height()) / 2).toPoint());
+        QTest::mouseClick(&window, Qt::LeftButton, {}, place.toPoint());
         return true;
     }
 

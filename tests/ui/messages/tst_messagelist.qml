@@ -289,7 +289,12 @@ Rectangle {
 
         function test_picturesAreOpened_data() {
             return [{tag: "clicked", open: cell => mouseClick(cell)},
-                    {tag: "by keyboard", open: cell => { cell.forceActiveFocus(); keyClick(Qt.Key_Space) }}]
+                    {tag: "by keyboard", open: cell => { cell.forceActiveFocus(); keyClick(Qt.Key_Space) }},
+                    {tag: "by a right click", open: cell => { mouseClick(cell, 9, 9, Qt.RightButton)
+                                                              keyClick(Qt.Key_Return) }},
+                    {tag: "by the menu key", open: cell => { cell.forceActiveFocus()
+                                                             keyClick(Qt.Key_Menu)
+                                                             keyClick(Qt.Key_Return) }}]
         }
         function test_picturesAreOpened(data) {
             const addresses = ["a", "b", "", "d", "e"].map(name => name && "http://127.0.0.1:9/" + name)
