@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "testing/fixture.h"
 
-#include "analytics/logger.h"
 #include "analytics/manager.h"
 #include "backend/configuration.h"
 #include "base/errors.h"
 #include "base/sharedinstance.h"
+#include "platform/logger.h"
 #include "state/pollingservice.h"
 
 namespace tolvane::test {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/manager.h"
 
-#include "analytics/logger.h"
 #include "backend/configuration.h"
 #include "backend/persistentstore.h"
 #include "backend/wire/json.h"
 #include "base/invokenoexcept.h"
 #include "base/sharedinstance.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 
 namespace tolvane {

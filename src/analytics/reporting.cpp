@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/reporting.h"
 
-#include "analytics/logger.h"
 #include "analytics/manager.h"
+#include "platform/logger.h"
 
 namespace tolvane {
 

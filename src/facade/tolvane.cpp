@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "analytics/logger.h"
 #include "analytics/manager.h"
 #include "backend/apiclient.h"
 #include "backend/configuration.h"
@@ -12,6 +11,7 @@
 #include "facade/pushrouting.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/async/shutdownhook.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 #include "state/conversationrequest.h"
 #include "state/hostoptions.h"

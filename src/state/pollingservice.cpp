@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "state/pollingservice.h"
 
-#include "analytics/logger.h"
 #include "analytics/manager.h"
 #include "backend/apiclient.h"
 #include "backend/wire/json.h"
 #include "base/sharedinstance.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 

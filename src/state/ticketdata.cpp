@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "state/ticketdata.h"
 
-#include "analytics/logger.h"
 #include "analytics/manager.h"
 #include "analytics/reporting.h"
 #include "backend/apiclient.h"
 #include "base/errors.h"
 #include "base/textlength.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/pollingservice.h"

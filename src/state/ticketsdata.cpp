@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "state/ticketsdata.h"
 
-#include "analytics/logger.h"
 #include "analytics/reporting.h"
 #include "backend/apiclient.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 #include "state/unreadtickets.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "analytics/logger.h"
 #include "backend/wire/json.h"
 #include "base/decodingerror.h"
 #include "base/ulid.h"
+#include "platform/logger.h"
 #include "testing/fixture.h"
 
 #include <QtCore/QLoggingCategory>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/composer/composerdata.h"
 
-#include "analytics/logger.h"
 #include "analytics/manager.h"
 #include "base/ulid.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 #include "recovery/messagesender.h"
 #include "ui/composer/hostpicture.h"

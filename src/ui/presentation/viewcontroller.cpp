@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/presentation/viewcontroller.h"
 
-#include "analytics/logger.h"
 #include "analytics/manager.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "ui/home/screendata.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "analytics/logger.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/logger.h"
 #include "platform/system/files.h"
 #include "testing/samplerecords.h"
 #include "testing/ui/samples.h"

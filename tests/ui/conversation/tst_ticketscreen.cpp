@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A conversation's screen within the messenger, used by mouse and keyboard.
-#include "analytics/logger.h"
+#include "platform/logger.h"
 #include "testing/ui/messengerfixture.h"
 #include "testing/ui/samples.h"
 #include "testing/ui/uirobot.h"

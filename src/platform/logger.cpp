@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "analytics/logger.h"
+#include "platform/logger.h"
 
 #include "base/sharedinstance.h"
 #include "platform/platform.h"
