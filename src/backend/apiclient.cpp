@@ -2,15 +2,15 @@
 #include "backend/apiclient.h"
 
 #include "backend/apierror.h"
+#include "backend/configuration.h"
 #include "backend/persistentstore.h"
 #include "backend/requests.h"
 #include "backend/wire/json.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/logger.h"
 #include "platform/platform.h"
 
 #include <QtCore/QPromise>
-
-#include <algorithm>
 
 namespace tolvane {
 
@@ -19,8 +19,20 @@ namespace {
 /// The backend may assign a customer id with every answer, whatever its status.
 void storeCustomerId(const UrlResponse &response)
 {
-    if (const std::optional<QByteArray> id = response.header("X-Tolvane-Customer"))
-        persistentstore::setCustomerId(QString::fromUtf8(*id));
+    const std::optional<QByteArray> id = response.header("X-Tolvane-Customer");
+    if (id && !persistentstore::setCustomerId(QString::fromUtf8(*id))) {
+        Logger::shared().log(LogLevel::warning,
+                             QStringLiteral("The backend sent a customer id that cannot be used"));
+    }
+}
+
+/// Texts of errors are shown, logged and sent to analytics; a server may quote its request in them.
+QByteArray withoutKey(QByteArray body)
+{
+    // A shorter key is no secret, and a word that errors contain anyway.
+    constexpr qsizetype shortestKey = 8;
+    const QByteArray key = Configuration::shared().apiKey().value_or(QString()).toUtf8();
+    return key.size() < shortestKey ? body : body.replace(key, "***");
 }
 
 void throwUnlessSuccess(const UrlResponse &response)
@@ -28,9 +40,9 @@ void throwUnlessSuccess(const UrlResponse &response)
     if (response.status >= 200 && response.status <= 299)
         return;
     if (response.status >= 400 && response.status <= 499)
-        throw APIError(APIError::clientError, response.body);
+        throw APIError(APIError::clientError, withoutKey(response.body));
     if (response.status >= 500 && response.status <= 599)
-        throw APIError(APIError::serverError, response.body);
+        throw APIError(APIError::serverError, withoutKey(response.body));
     throw APIError(APIError::unknownError);
 }
 
@@ -89,14 +101,15 @@ QCoro::Task<Result> perform(std::function<UrlRequest()> build, Result (*read)(co
     co_return co_await awaitFuture(answer);
 }
 
-/// Ids come from the backend. One that would address another path makes the address invalid.
+/// Ids come from the backend and go into the path unchanged, apart from characters that an address
+/// cannot have. One that would address another path makes the address invalid.
 QString ticketPath(const QString &ticketId)
 {
-    const QStringList segments = ticketId.split(u'/');
-    const bool isElsewhere = std::ranges::any_of(segments, [](const QString &segment) {
-        return segment.isEmpty() || segment == u"." || segment == u"..";
-    });
-    return QStringLiteral("/ticket/") + (isElsewhere ? QStringLiteral("%") : ticketId);
+    const QByteArray id = encodedSegment(ticketId);
+    const QByteArray decoded = QByteArray::fromPercentEncoding(id).trimmed();
+    const bool isElsewhere = decoded.isEmpty() || decoded == "." || decoded == "..";
+    return QStringLiteral("/ticket/") +
+           (isElsewhere ? QStringLiteral("%") : QString::fromLatin1(id));
 }
 
 } // namespace

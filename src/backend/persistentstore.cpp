@@ -46,10 +46,12 @@ std::optional<QString> customerId()
     return id && isCustomerId(*id) ? id : std::nullopt;
 }
 
-void setCustomerId(const QString &id)
+bool setCustomerId(const QString &id)
 {
-    if (isCustomerId(id))
-        writeText(customerIdKey, id);
+    if (!isCustomerId(id))
+        return false;
+    writeText(customerIdKey, id);
+    return true;
 }
 
 bool setFirstCustomerId(const QString &id)

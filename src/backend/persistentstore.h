@@ -14,9 +14,9 @@
 namespace tolvane::persistentstore {
 
 /// 1 to 128 visible ASCII characters, which fit into a header. An entry with anything else reads as
-/// absent, and writing anything else has no effect: the customer keeps the id that works.
+/// absent, and writing anything else returns false: the customer keeps the id that works.
 TOLVANE_AUTOTEST_EXPORT std::optional<QString> customerId();
-TOLVANE_AUTOTEST_EXPORT void setCustomerId(const QString &id);
+TOLVANE_AUTOTEST_EXPORT bool setCustomerId(const QString &id);
 /// Stores the id unless an id is stored already. Processes that call this at the same time agree on
 /// one id. Returns whether this id is stored.
 TOLVANE_AUTOTEST_EXPORT bool setFirstCustomerId(const QString &id);

@@ -3,6 +3,7 @@
 
 #include "backend/persistentstore.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QUuid>
 
 namespace tolvane {
@@ -63,6 +64,14 @@ void appendAttachments(MultipartBody &form, const QList<AttachmentDto> &attachme
 }
 
 } // namespace
+
+QByteArray encodedSegment(const QString &text)
+{
+    // RFC 3986, 3.3. Escapes in the text stay as they are.
+    static const QRegularExpression encodedEscape(QStringLiteral("%25(?=[0-9A-Fa-f]{2})"));
+    const QByteArray encoded = QUrl::toPercentEncoding(text, "!$&'()*+,;=:@");
+    return QString::fromLatin1(encoded).replace(encodedEscape, QStringLiteral("%")).toLatin1();
+}
 
 UrlRequest getRequest(const Endpoint &endpoint, const QString &path, const QList<QueryItem> &query)
 {

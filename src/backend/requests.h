@@ -16,6 +16,9 @@ namespace tolvane {
 /// A query item; with an absent value, only the name is written.
 using QueryItem = QPair<QString, std::optional<QString>>;
 
+/// A text as one segment of a path.
+QByteArray encodedSegment(const QString &text);
+
 // These functions build a request for a path below the endpoint, with the stored customer id. The
 // session rejects an invalid URL. Safe from any thread.
 

@@ -75,7 +75,7 @@ struct RequestFixture : Fixture
 {
     RequestFixture()
     {
-        setKey();
+        setKey(u"secret-key"_s);
         environment.insert(u"TOLVANE_API_URL"_s, u"http://h/api"_s);
         session->handler = [this](const UrlRequest &) { return response; };
     }
@@ -136,7 +136,7 @@ private Q_SLOTS:
                 names.insert(1, "Content-Type");
             QCOMPARE(headerNames(request), names);
             QCOMPARE(request.headers.constFirst().second, "application/json");
-            QCOMPARE(request.headers.at(names.size() - 2).second, "Bearer key");
+            QCOMPARE(request.headers.at(names.size() - 2).second, "Bearer secret-key");
             QCOMPARE(request.timeout, std::chrono::seconds(60));
         }
     }
@@ -147,14 +147,15 @@ private Q_SLOTS:
         QTest::addColumn<QString>("id");
         QTest::addColumn<QByteArray>("address"); // Empty when none can be made.
         const QString base = u"http://h/api"_s;
-        QTest::newRow("escapes are kept")
-            << base << u"a%2Fb"_s << QByteArray("http://h/api/ticket/a%2Fb");
-        QTest::newRow("a query is dropped")
-            << base << u"a?x=1"_s << QByteArray("http://h/api/ticket/a");
-        QTest::newRow("blank") << base << u"a b"_s << QByteArray();
-        QTest::newRow("empty") << base << u""_s << QByteArray();
-        QTest::newRow("another path") << base << u"../customer/update"_s << QByteArray();
-        QTest::newRow("bad escape") << base << u"%zz"_s << QByteArray();
+        const auto row = [base](const QString &id, const char *address) {
+            QTest::addRow("id %s", qPrintable(id)) << base << id << QByteArray(address);
+        };
+        row(u"a%2Fb:@!~_"_s, "http://h/api/ticket/a%2Fb:@!~_");
+        row(u"a?x=1#b"_s, "http://h/api/ticket/a%3Fx=1%23b");
+        row(u"a b\n%zz"_s, "http://h/api/ticket/a%20b%0A%25zz");
+        row(u"../customer/update"_s, "http://h/api/ticket/..%2Fcustomer%2Fupdate");
+        for (const QString &id : {u""_s, u" \t"_s, u"."_s, u".."_s, u"%2e."_s})
+            row(id, "");
         QTest::newRow("bad base") << u"http://[oops"_s << u"a"_s << QByteArray();
     }
 
@@ -205,6 +206,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("body");
         QTest::addColumn<QString>("text"); // The error text of operations that have a result.
         QTest::newRow("404") << 404 << QByteArray("<h1>é</h1>") << u"Client error: <h1>é</h1>"_s;
+        QTest::newRow("401 with the key")
+            << 401 << QByteArray("no secret-key!") << u"Client error: no ***!"_s;
         QTest::newRow("400, empty") << 400 << QByteArray() << u"Client error: "_s;
         QTest::newRow("500, invalid UTF-8")
             << 500 << QByteArray("\xff") << u"Server error: No response"_s;
@@ -265,6 +268,7 @@ private Q_SLOTS:
             fixture.run(getTickets);
             QCOMPARE(fixture.last().headers.constLast().second, next.toUtf8());
             QCOMPARE(persistentstore::customerId(), next);
+            QCOMPARE(fixture.log->lines.size(), next == u"old"_s ? 2 : 0); // One for each response.
         }
     }
 
