@@ -56,17 +56,18 @@ RawServer::Connection::Connection(QSslSocket &s, const std::atomic<bool> &stoppe
 
 bool RawServer::Connection::write(QByteArrayView bytes) const
 {
+    const auto canWrite = [this] {
+        return !isStopped && socket.state() == QAbstractSocket::ConnectedState;
+    };
     socket.write(bytes.data(), bytes.size());
-    while (socket.bytesToWrite() > 0 || socket.encryptedBytesToWrite() > 0) {
-        if (isStopped || socket.state() != QAbstractSocket::ConnectedState)
-            return false;
+    while (canWrite() && (socket.bytesToWrite() > 0 || socket.encryptedBytesToWrite() > 0))
         socket.waitForBytesWritten(patience);
-    }
-    return true;
+    return canWrite();
 }
 
-RawServer::RawServer(std::function<void(const Connection &)> answer)
-    : m_answer(std::move(answer))
+RawServer::RawServer(const QString &scheme, std::function<void(const Connection &)> answer)
+    : m_scheme(scheme)
+    , m_answer(std::move(answer))
 {
     trustCertificate();
     std::promise<QString> url;
@@ -83,7 +84,8 @@ RawServer::RawServer(std::function<void(const Connection &)> answer)
         };
         Listener listener;
         listener.listen(QHostAddress::LocalHost);
-        url.set_value(QStringLiteral("https://127.0.0.1:%1/").arg(listener.serverPort()));
+        url.set_value(
+            QStringLiteral("%1://127.0.0.1:%2/").arg(m_scheme).arg(listener.serverPort()));
         while (!m_isStopped) {
             if (listener.waitForNewConnection(patience))
                 serve(std::exchange(listener.accepted, -1));
@@ -102,9 +104,11 @@ void RawServer::serve(qintptr descriptor)
 {
     QSslSocket socket;
     socket.setSocketDescriptor(descriptor);
-    socket.setLocalCertificate(QSslCertificate(certificate));
-    socket.setPrivateKey(QSslKey(key, QSsl::Ec));
-    socket.startServerEncryption();
+    if (m_scheme == QLatin1String("https")) {
+        socket.setLocalCertificate(QSslCertificate(certificate));
+        socket.setPrivateKey(QSslKey(key, QSsl::Ec));
+        socket.startServerEncryption();
+    }
     QByteArray head;
     while (!m_isStopped && socket.state() == QAbstractSocket::ConnectedState) {
         if (socket.waitForReadyRead(patience))

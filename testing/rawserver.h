@@ -11,9 +11,9 @@
 
 namespace tolvane::test {
 
-/// An HTTPS server on loopback that writes as fast as the other side reads, on a thread of its own.
-/// It serves one connection at a time. The certificate is trusted in the process from the first
-/// server on.
+/// An HTTP or HTTPS server on loopback that writes as fast as the other side reads, on a thread of
+/// its own. It serves one connection at a time. The certificate is trusted in the process from the
+/// first server on.
 class RawServer
 {
 public:
@@ -32,7 +32,7 @@ public:
     };
 
     /// `answer` runs on the server's thread, after the head of the first request.
-    explicit RawServer(std::function<void(const Connection &)> answer);
+    RawServer(const QString &scheme, std::function<void(const Connection &)> answer);
     ~RawServer();
     RawServer(const RawServer &) = delete;
     RawServer &operator=(const RawServer &) = delete;
@@ -42,7 +42,8 @@ public:
 private:
     void serve(qintptr socket);
 
-    std::function<void(const Connection &)> m_answer;
+    const QString m_scheme;
+    const std::function<void(const Connection &)> m_answer;
     QString m_url;
     std::atomic<bool> m_isStopped = false;
     std::thread m_thread;

@@ -16,7 +16,7 @@ struct Endpoint
 
     /// The endpoint of the configured environment. The variable TOLVANE_API_URL of the process
     /// replaces its URL, see mayReplaceEndpoint(). Safe from any thread.
-    static Endpoint current();
+    TOLVANE_PRIVATE_EXPORT static Endpoint current();
 };
 
 /// Whether a release build sends the API key to this address: https, or loopback. Whoever can set a

@@ -29,6 +29,22 @@ void repeat(const Connection &connection, const QByteArray &text, int repetition
     }
 }
 
+/// Writes a compressed body of zeros: some bytes, and then a unit that expands to megabytes.
+void compressed(const Connection &connection, const char *encoding, const char *start,
+                const QByteArray &unit)
+{
+    connection.write("HTTP/1.1 200 OK\r\nContent-Encoding: " + QByteArray(encoding) +
+                     "\r\nConnection: close\r\n\r\n" + QByteArray::fromHex(start));
+    repeat(connection, unit, 16);
+}
+
+/// A flushed block of deflate, a mebibyte of zeros.
+QByteArray deflated()
+{
+    return QByteArray::fromHex("ecc13101000000c2a0f54f6d085fa0") + QByteArray(1016, '\0') +
+           QByteArray::fromHex("3e030000ffff");
+}
+
 constexpr const char *chunkedHead = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
 
 double processorSeconds()
@@ -70,14 +86,25 @@ class HostileServersTest : public QObject
 private Q_SLOTS:
     void answersAreBounded_data()
     {
+        QTest::addColumn<QString>("scheme");
         QTest::addColumn<Answer>("answer");
         QTest::addColumn<QByteArray>("result");
         const auto row = [](const char *name, const char *result, Answer answer) {
-            QTest::newRow(name) << answer << QByteArray(result);
+            QTest::newRow(name) << u"https"_s << answer << QByteArray(result);
         };
-        row("one header without end", "-1001", [](const Connection &connection) {
+        const Answer endlessHeader = [](const Connection &connection) {
             connection.write("HTTP/1.1 200 OK\r\nX: ");
             repeat(connection, "x");
+        };
+        row("one header without end", "-1001", endlessHeader);
+        QTest::newRow("without encryption") << u"http"_s << endlessHeader << QByteArray("-1001");
+        row("a header of 1 MB", "-1011", [](const Connection &connection) {
+            connection.write("HTTP/1.1 200 OK\r\nX-Tolvane-Customer: " + QByteArray(1 << 20, 'x') +
+                             "\r\nContent-Length: 0\r\n\r\n");
+        });
+        row("1,001 headers", "-1011", [](const Connection &connection) {
+            connection.write("HTTP/1.1 200 OK\r\n" + QByteArray("X: y\r\n").repeated(1001) +
+                             "Content-Length: 0\r\n\r\n");
         });
         row("headers without end", "-1001", [](const Connection &connection) {
             connection.write("HTTP/1.1 200 OK\r\n");
@@ -108,6 +135,16 @@ private Q_SLOTS:
             connection.write(chunkedHead);
             repeat(connection, "10000\r\n" + QByteArray(0x10000, 'x') + "\r\n", 16);
         });
+        row("gzip without end", "-1011", [](const Connection &connection) {
+            compressed(connection, "gzip", "1f8b0800000000000003", deflated());
+        });
+        row("deflate without end", "-1011", [](const Connection &connection) {
+            compressed(connection, "deflate", "789c", deflated());
+        });
+        row("brotli without end", "-1011", [](const Connection &connection) {
+            compressed(connection, "br", "cfffff7f002400e2b14072efff0d",
+                       QByteArray::fromHex("fcffff074002200e0b40f7fedf00"));
+        });
         row("a body that drips", "-1001", [](const Connection &connection) {
             connection.write("HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n");
             while (connection.write("x"))
@@ -119,13 +156,14 @@ private Q_SLOTS:
     /// it does not delay the end of the process.
     void answersAreBounded()
     {
+        QFETCH(const QString, scheme);
         QFETCH(const Answer, answer);
         QFETCH(const QByteArray, result);
         ScriptedServer good;
         good.handler = [](const ServedRequest &, QTcpSocket &socket) {
             socket.write(ScriptedServer::response(200, "fine"));
         };
-        const RawServer hostile(answer);
+        const RawServer hostile(scheme, answer);
         std::unique_ptr<UrlSession> session = makeNetworkSession();
         QCOMPARE(fetch(*session, hostile.url()), result);
         QCOMPARE(fetch(*session, good.url()), "fine");
@@ -140,6 +178,16 @@ private Q_SLOTS:
         timer.start();
         session.reset();
         QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void certificatesMustFit()
+    {
+        const RawServer server(u"https"_s, [](const Connection &connection) {
+            connection.write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nfine");
+        });
+        std::unique_ptr<UrlSession> session = makeNetworkSession();
+        QCOMPARE(fetch(*session, server.url()), "fine");
+        QCOMPARE(fetch(*session, server.url().replace("127.0.0.1"_L1, "localhost"_L1)), "-1200");
     }
 };
 

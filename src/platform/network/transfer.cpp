@@ -4,6 +4,7 @@
 #include "platform/network/nonrewindablebody.h"
 
 #include <QtNetwork/QNetworkAccessManager>
+#include <QtNetwork/QNetworkProxyFactory>
 #include <QtNetwork/QNetworkReply>
 #include <QtNetwork/QNetworkRequest>
 
@@ -18,6 +19,9 @@ constexpr qsizetype mebibyte = 1'048'576;
 // sender would fill the memory before the size of the body is checked.
 constexpr qsizetype readBufferSize = mebibyte;
 constexpr int maximumRedirects = 16;
+// Servers accept some kilobytes of headers in requests, and send less.
+constexpr qsizetype maximumHeaders = 1000;
+constexpr qsizetype maximumHeadSize = 262'144;
 
 struct ErrorCode
 {
@@ -30,7 +34,7 @@ constexpr std::array errorCodes = {
     ErrorCode{QNetworkReply::ConnectionRefusedError, UrlError::cannotConnectToHost},
     ErrorCode{QNetworkReply::HostNotFoundError, UrlError::cannotFindHost},
     ErrorCode{QNetworkReply::TimeoutError, UrlError::timedOut},
-    // Only the two timers abort a transfer.
+    // The network stack's own timer aborts, too.
     ErrorCode{QNetworkReply::OperationCanceledError, UrlError::timedOut},
     ErrorCode{QNetworkReply::SslHandshakeFailedError, UrlError::secureConnectionFailed},
     ErrorCode{QNetworkReply::TemporaryNetworkFailureError, UrlError::notConnectedToInternet},
@@ -111,6 +115,23 @@ void makeAnonymous(QNetworkRequest &request)
         request.setAttribute(attribute, QNetworkRequest::Manual);
 }
 
+bool isHeadTooLarge(const QNetworkReply &reply)
+{
+    const auto &headers = reply.rawHeaderPairs();
+    qsizetype size = 0;
+    for (const auto &[name, value] : headers)
+        size += name.size() + value.size();
+    // The network stack drops all headers of a head beyond its own limits, which vary with Qt.
+    return headers.isEmpty() || headers.size() > maximumHeaders || size > maximumHeadSize;
+}
+
+/// Whether the name of a host is resolved elsewhere.
+bool usesProxy(const QUrl &url)
+{
+    const auto proxies = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url));
+    return proxies.value(0).type() != QNetworkProxy::NoProxy;
+}
+
 bool isHeaderText(const QByteArray &text)
 {
     return std::none_of(text.begin(), text.end(),
@@ -146,8 +167,7 @@ Transfer::Transfer(QNetworkAccessManager &manager, UrlRequest request,
     , m_promise(std::move(promise))
 {
     m_deadline.setSingleShot(true);
-    m_deadline.setInterval(m_request.responseTime);
-    connect(&m_deadline, &QTimer::timeout, this, [this] { m_reply->abort(); });
+    connect(&m_deadline, &QTimer::timeout, this, [this] { abort(UrlError::timedOut); });
 }
 
 void Transfer::begin()
@@ -155,7 +175,32 @@ void Transfer::begin()
     if (const auto error = validationError(m_request))
         fail(*error);
     else
-        send();
+        checkAddress();
+}
+
+void Transfer::checkAddress()
+{
+    if (m_request.backend.isEmpty())
+        return send();
+    findAddresses(m_request.url.host(), this, [this](const Addresses &addresses) {
+        if (addresses.isEmpty() && !usesProxy(m_request.url))
+            fail(UrlError(UrlError::cannotFindHost));
+        else if (mayReach(addresses, {}))
+            send();
+        else
+            checkNeighbour(addresses);
+    });
+}
+
+void Transfer::checkNeighbour(const Addresses &target)
+{
+    findAddresses(m_request.backend.host(), this, [this, target](const Addresses &backend) {
+        if (mayReach(target, backend))
+            send();
+        else
+            fail(UrlError(UrlError::cannotConnectToHost,
+                          QStringLiteral("the address is in a private network")));
+    });
 }
 
 void Transfer::send()
@@ -178,14 +223,21 @@ void Transfer::send()
     m_body.clear();
     m_reply = m_manager.sendCustomRequest(request, m_request.method, body);
     body->setParent(m_reply);
-    // Setting it earlier has no effect.
-    connect(m_reply, &QNetworkReply::metaDataChanged, m_reply,
-            [reply = m_reply] { reply->setReadBufferSize(readBufferSize); });
+    connect(m_reply, &QNetworkReply::metaDataChanged, this, &Transfer::readHead);
     connect(m_reply, &QNetworkReply::readyRead, this, &Transfer::readAvailable);
     connect(m_reply, &QNetworkReply::finished, this, &Transfer::finish);
-    // The time for the response begins when the request has been sent.
-    m_deadline.start();
+    // The time for the head begins when the request has been sent.
+    m_deadline.start(m_request.headTime);
     connect(m_reply, &QNetworkReply::uploadProgress, &m_deadline, qOverload<>(&QTimer::start));
+}
+
+void Transfer::readHead()
+{
+    m_deadline.start(m_request.responseTime);
+    // Setting it earlier has no effect.
+    m_reply->setReadBufferSize(readBufferSize);
+    if (isHeadTooLarge(*m_reply))
+        abort(UrlError::badServerResponse);
 }
 
 void Transfer::readAvailable()
@@ -198,19 +250,24 @@ void Transfer::readAvailable()
             break;
         m_body += part;
     }
-    m_tooLarge = m_body.size() > m_request.maximumBodySize;
-    if (m_tooLarge)
-        m_reply->abort();
+    if (m_body.size() > m_request.maximumBodySize)
+        abort(UrlError::dataLengthExceedsMaximum);
+}
+
+void Transfer::abort(UrlError::Code failure)
+{
+    m_failure = failure;
+    m_reply->abort(); // Emits finished().
 }
 
 void Transfer::finish()
 {
     m_deadline.stop();
     m_reply->deleteLater();
-    if (!m_tooLarge)
+    if (!m_failure)
         readAvailable();
-    if (m_tooLarge)
-        return fail(UrlError(UrlError::dataLengthExceedsMaximum));
+    if (m_failure)
+        return fail(UrlError(*m_failure));
     const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (!isHttpAnswer(m_reply->error(), status))
         return fail(transportError(*m_reply));
@@ -241,7 +298,7 @@ bool Transfer::followRedirect(int status)
         m_request.headers.removeIf(
             [](const auto &header) { return header.first == "Content-Type"; });
     }
-    send();
+    checkAddress();
     return true;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/errors.h"
+#include "platform/network/addresspolicy.h"
 #include "platform/network/urlsession.h"
 
 #include <QtCore/QObject>
@@ -9,6 +10,7 @@
 #include <QtCore/QTimer>
 
 #include <memory>
+#include <optional>
 
 class QNetworkAccessManager;
 class QNetworkReply;
@@ -25,10 +27,14 @@ public:
     void begin();
 
 private:
+    void checkAddress();
+    void checkNeighbour(const Addresses &target);
     void send();
+    void readHead();
     void readAvailable();
     void finish();
     bool followRedirect(int status);
+    void abort(UrlError::Code failure);
     void succeed(int status);
     void fail(const UrlError &error);
 
@@ -37,7 +43,8 @@ private:
     std::shared_ptr<QPromise<UrlResponse>> m_promise;
     QNetworkReply *m_reply = nullptr;
     QByteArray m_body;
-    bool m_tooLarge = false;
+    /// Why the transfer is aborted; else the network stack's error counts.
+    std::optional<UrlError::Code> m_failure;
     int m_redirects = 0;
     QTimer m_deadline;
 };

@@ -3,6 +3,7 @@
 
 #include "base/errors.h"
 #include "platform/async/eventloopthread.h"
+#include "platform/network/bufferedsockets.h"
 #include "platform/network/transfer.h"
 
 #include <QtCore/QPointer>
@@ -18,6 +19,14 @@ std::optional<QByteArray> UrlResponse::header(QByteArrayView name) const
             return value;
     }
     return std::nullopt;
+}
+
+qsizetype UrlResponse::size() const
+{
+    qsizetype size = body.size();
+    for (const auto &[key, value] : headers)
+        size += key.size() + value.size();
+    return size;
 }
 
 namespace {
@@ -36,8 +45,10 @@ struct Lane
     void begin(UrlRequest request, std::shared_ptr<QPromise<UrlResponse>> promise)
     {
         // The thread ends with the application object, and starts again with the next one.
-        if (!manager)
+        if (!manager) {
             manager = new QNetworkAccessManager(thread.context());
+            manager->setProxyFactory(new BufferedSockets);
+        }
         (new Transfer(*manager, std::move(request), std::move(promise)))->begin();
     }
 };

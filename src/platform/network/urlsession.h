@@ -26,12 +26,18 @@ struct UrlRequest
     QByteArray body;
     /// The idle time after which the request times out.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
-    /// The time for the whole response, from the moment at which the request has been sent.
+    /// The time until the head of the response has arrived, once the request has been sent. The
+    /// network stack does not tell how long the head is, and keeps all of it in memory.
+    std::chrono::milliseconds headTime = std::chrono::seconds(60);
+    /// The time for the body of the response.
     std::chrono::milliseconds responseTime = std::chrono::minutes(5);
     /// The request does not identify the customer: it has no cookies and no credentials from its
     /// address. Therefore redirects may lead to other origins. Anonymous requests use a separate
     /// thread, so that downloads do not delay conversations, and accept no compression.
     bool isAnonymous = false;
+    /// The backend of an anonymous request for an address from a message: the request, and each of
+    /// its redirects, reaches only what mayReach() allows. Without it, all addresses are reached.
+    QUrl backend = {};
     /// In bytes after decompression; the request fails with a longer body.
     qsizetype maximumBodySize = 104'857'600;
 };
@@ -44,6 +50,9 @@ struct TOLVANE_AUTOTEST_EXPORT UrlResponse
 
     /// The value of a header. Its name is compared case-insensitively.
     std::optional<QByteArray> header(QByteArrayView name) const;
+
+    /// Of headers and body, in bytes.
+    qsizetype size() const;
 };
 
 /// Sends requests and receives their responses.

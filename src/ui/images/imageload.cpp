@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/images/imageload.h"
 
+#include "backend/endpoint.h"
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"
 #include "ui/images/decoding.h"
@@ -16,6 +17,9 @@ namespace {
 // More than any photo has; a longer response is not worth its memory.
 constexpr qsizetype maximumDownload = 33'554'432;
 
+// Any host may be named in a message, and the head of a response has no bound but time.
+constexpr std::chrono::seconds maximumHeadTime(20);
+
 // What takes longer is decoded on the workers and does not show in the first frame.
 constexpr std::chrono::milliseconds firstFrameLimit(50);
 
@@ -24,6 +28,8 @@ UrlRequest requestFor(const QUrl &url)
     UrlRequest request;
     request.url = url;
     request.isAnonymous = true;
+    request.backend = QUrl(Endpoint::current().baseUrl);
+    request.headTime = maximumHeadTime;
     request.maximumBodySize = maximumDownload;
     return request;
 }

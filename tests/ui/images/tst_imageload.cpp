@@ -77,6 +77,7 @@ private Q_SLOTS:
         QCOMPARE(request.method, "GET");
         QVERIFY(request.headers.isEmpty() && request.isAnonymous);
         QCOMPARE(request.timeout, std::chrono::seconds(60));
+        QCOMPARE(request.backend, QUrl(u"https://api.tolvane.example/api"_s));
 
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
         const auto kept = ImageCache::shared().responses().cachedResponse(requestFor(address));
