@@ -3,7 +3,10 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
+#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
+
+#include <map>
 
 namespace tolvane {
 
@@ -15,6 +18,13 @@ constexpr auto digestAttribute = QNetworkRequest::User;
 QByteArray digestOf(const QByteArray &body)
 {
     return QCryptographicHash::hash(body, QCryptographicHash::Sha1);
+}
+
+/// File systems allocate blocks of this size.
+qint64 sizeOnDisk(qint64 size)
+{
+    constexpr qint64 block = 4096;
+    return (size + block - 1) / block * block;
 }
 
 QNetworkCacheMetaData metaDataOf(const QUrl &url, const UrlResponse &response)
@@ -35,6 +45,32 @@ bool makePrivateFolder(const QString &path)
 }
 
 } // namespace
+
+void FolderCache::makeRoom(qint64 size)
+{
+    const qint64 needed = sizeOnDisk(size);
+    if (m_used > maximumCacheSize() - needed)
+        m_used = removeOldest(maximumCacheSize() / 10 * 9 - needed);
+    m_used += needed;
+}
+
+/// Returns how much is left.
+qint64 FolderCache::removeOldest(qint64 limit)
+{
+    std::multimap<QDateTime, QFileInfo> files;
+    qint64 used = 0;
+    QDirIterator each(cacheDirectory(), QDir::Files, QDirIterator::Subdirectories);
+    while (each.hasNext()) {
+        const QFileInfo file(each.next());
+        used += sizeOnDisk(file.size());
+        files.emplace(file.lastModified(), file);
+    }
+    for (auto oldest = files.cbegin(); oldest != files.cend() && used > limit; ++oldest) {
+        if (QFile::remove(oldest->second.filePath()))
+            used -= sizeOnDisk(oldest->second.size());
+    }
+    return used;
+}
 
 DiskCache::DiskCache(const QString &folder, qint64 capacity)
 {
@@ -70,10 +106,14 @@ std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::millise
 
 void DiskCache::write(const QUrl &url, const UrlResponse &response)
 {
-    if (m_cache.cacheDirectory().isEmpty() || response.body.size() > m_cache.maximumCacheSize())
+    // The address and the attributes take less.
+    constexpr qint64 overhead = 1024;
+    const qint64 size = response.size() + overhead;
+    if (m_cache.cacheDirectory().isEmpty() || size > m_cache.maximumCacheSize())
         return;
     const QNetworkCacheMetaData metaData = metaDataOf(url, response);
     const std::scoped_lock lock(m_mutex);
+    m_cache.makeRoom(size);
     QIODevice *device = m_cache.prepare(metaData);
     if (!device)
         return;

@@ -6,9 +6,28 @@
 #include <QtNetwork/QNetworkDiskCache>
 
 #include <chrono>
+#include <limits>
 #include <mutex>
 
 namespace tolvane {
+
+/// Counts what its files take on disk rather than their sizes: thousands of small pictures would
+/// take many times the capacity.
+class FolderCache final : public QNetworkDiskCache
+{
+public:
+    /// Call it before writing a file: removes the oldest ones if it would not fit.
+    void makeRoom(qint64 size);
+
+protected:
+    qint64 expire() override { return m_used; }
+
+private:
+    qint64 removeOldest(qint64 limit);
+
+    /// Unknown at first. Other processes may use the folder, too; each overflow measures anew.
+    qint64 m_used = std::numeric_limits<qint64>::max();
+};
 
 /// The URL cache on disk. Damaged and foreign files are treated as absent and removed. Safe from
 /// any thread.
@@ -26,7 +45,7 @@ public:
 
 private:
     std::timed_mutex m_mutex;
-    QNetworkDiskCache m_cache;
+    FolderCache m_cache;
 };
 
 } // namespace tolvane

@@ -71,7 +71,7 @@ private:
     void storeInMemory(const QUrl &url, const UrlResponse &response)
     {
         const std::scoped_lock lock(m_mutex);
-        m_memory.insert(url, response, response.body.size());
+        m_memory.insert(url, response, response.size());
     }
 
     std::mutex m_mutex;

@@ -19,8 +19,9 @@ class UrlCache
 public:
     struct Settings
     {
-        /// In bytes; only bodies count.
+        /// In bytes, of headers and bodies.
         qint64 memoryCapacity = 0;
+        /// In bytes that files take on disk.
         qint64 diskCapacity = 0;
         /// A folder, below the application's cache folder unless it is absolute.
         QString diskPath;
