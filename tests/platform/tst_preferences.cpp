@@ -13,9 +13,11 @@
 #include <QtCore/QTextStream>
 #include <QtTest/QTest>
 
+#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <map>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 
@@ -76,6 +78,14 @@ std::unique_ptr<QProcess> startChild(const QString &task, const QString &name)
     auto process = std::make_unique<QProcess>();
     process->start(QCoreApplication::applicationFilePath(), {u"child"_s, task, name});
     return process;
+}
+
+/// Limits the size of files; without room the disk looks full to this process.
+void limitFiles(rlim_t size)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{size, RLIM_INFINITY};
+    setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 /// Makes the folder look as an earlier version of the library left it when it was killed.
@@ -253,6 +263,13 @@ private Q_SLOTS:
         });
         QTest::newRow("a folder in place of the new file")
             << Obstacle([] { QVERIFY(QDir().mkpath(file() + u".new"_s)); });
+        QTest::newRow("a full disk") << Obstacle([] { limitFiles(0); });
+        QTest::newRow("a read-only folder") << Obstacle([] { // For all users but root.
+            QVERIFY(QDir().mkpath(folder()));
+            QVERIFY(QFile::setPermissions(folder(), QFile::ReadOwner | QFile::ExeOwner));
+        });
+        QTest::newRow("a link to nowhere") << Obstacle(
+            [] { QVERIFY(QDir().mkpath(folder()) && QFile::link(u"/none/file"_s, file())); });
     }
 
     void failedWritesAreKeptForTheProcess()
@@ -261,6 +278,7 @@ private Q_SLOTS:
         obstacle();
         open()->setText(key, u"first"_s);
         QCOMPARE(open()->text(key), u"first"_s);
+        limitFiles(RLIM_INFINITY);
         if (!QFileInfo(file()).isFile()) { // A pipe has been replaced.
             QFile::remove(folder());
             QDir(folder()).removeRecursively();

@@ -149,6 +149,23 @@ private Q_SLOTS:
             << wideGamutPng(QColor(200, 100, 100)) << QSize(4, 4) << QColor(215, 94, 96);
 
         const QColor none;
+        const QByteArray png = encodedImage(solidImage({3, 2}, red), "png");
+        const QByteArray webp = encodedImage(solidImage({9, 9}, red), "webp");
+        const QList<QPair<const char *, QByteArray>> liars = {
+            {"a PNG of 65,000 x 65,000",
+             QByteArray::fromHex("89504e470d0a1a0a0000000d494844520000fde80000fde8"
+                                 "0806000000a257d90a") +
+                 png.sliced(33)},
+            {"a GIF of 65,000 x 65,000",
+             dataFile("animated.gif").replace(6, 4, "\xe8\xfd\xe8\xfd")},
+            {"a WebP of 65,000 x 65,000",
+             QByteArray::fromHex("52494646ffffff0057454250565038580a00000000000000"
+                                 "e7fd00e7fd00") +
+                 webp.sliced(12)},
+            {"a PNG as a JPEG", "\xff\xd8\xff" + png},
+            {"a JPEG as a GIF", "GIF89a" + jpeg}};
+        for (const auto &[name, bytes] : liars)
+            QTest::newRow(name) << bytes << QSize() << none;
         QTest::newRow("empty") << QByteArray() << QSize() << none;
         QTest::newRow("HTML") << QByteArray("<!doctype html><p>404") << QSize() << none;
         QTest::newRow("svg") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='9' "
