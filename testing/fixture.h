@@ -19,7 +19,7 @@ public:
     Fixture &operator=(const Fixture &) = delete;
 
     /// Sets the API key like a host, but without loading the settings.
-    void setKey(const QString &key = QStringLiteral("key"));
+    void setKey(const QString &key = QStringLiteral("secret-key"));
 
     ManualClock *clock;
     MemoryPreferences *preferences;

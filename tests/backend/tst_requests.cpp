@@ -75,7 +75,7 @@ struct RequestFixture : Fixture
 {
     RequestFixture()
     {
-        setKey(u"secret-key"_s);
+        setKey();
         environment.insert(u"TOLVANE_API_URL"_s, u"http://h/api"_s);
         session->handler = [this](const UrlRequest &) { return response; };
     }

@@ -24,7 +24,9 @@ MessageDto customer(const char *id)
 
 MessageDto agent(const char *id, const QString &type = words::aiAgent)
 {
-    return makeMessage(QString::fromLatin1(id), type);
+    MessageDto message = makeMessage(QString::fromLatin1(id), type);
+    message.sender.name = u"name of "_s + type;
+    return message;
 }
 
 /// A backend whose ticket is `messages`, or that throws while `failing` is set.
