@@ -285,6 +285,25 @@ private Q_SLOTS:
         QCOMPARE(fixture.screen()->state(), u"loaded"_s);
     }
 
+    void errorsOfServersAreOneParagraph()
+    {
+        TicketScreenFixture fixture;
+        UrlResponse failure = {.status = 500, .headers = {}, .body = {}};
+        fixture.session->handler = [&](const UrlRequest &) { return failure; };
+        for (const auto &[body, text] : QList<QPair<QByteArray, QString>>{
+                 {"not\n\n now", u"Server error: not now"_s},
+                 {" <html>Bad gateway", u"Server error"_s},
+                 {QByteArray(300, 'x'), u"Server error: "_s + QString(185, u'x') + u'…'},
+                 {QByteArray(5000, 'x'), u"Server error"_s}}) {
+            failure.body = body;
+            TicketScreenData screen;
+            screen.setDestination(TolvaneDestination::ticket(makePreview()));
+            screen.appear();
+            settle();
+            QCOMPARE(screen.errorText(), text);
+        }
+    }
+
     void anUnsentMessageIsKept()
     {
         TicketScreenFixture fixture;
