@@ -32,6 +32,7 @@ struct MessengerFixture : Fixture
         host.resize(400, 700);
         host.setColor(Qt::blue);
         field = new QQuickItem(host.contentItem());
+        field->setActiveFocusOnTab(true);
     }
 
     bool showHost()

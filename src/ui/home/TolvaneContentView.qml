@@ -75,6 +75,18 @@ FocusScope {
         onTriggered: home.screen.updateAges()
     }
 
+    // The ring of the focus is on a visible row at once.
+    TabFocus {
+        item: parallax.list
+        onEntered: {
+            const list = parallax.list
+            if (list.currentIndex < 0)
+                list.currentIndex = Math.max(0, list.indexAt(list.width / 2, list.contentY))
+            else
+                list.positionViewAtIndex(list.currentIndex, ListView.Contain)
+        }
+    }
+
     Connections {
         target: parallax.list
 
@@ -96,6 +108,19 @@ FocusScope {
         parent: parallax.list
         isAtTop: parallax.list.atYBeginning
         onPulled: home.screen.load()
+    }
+
+    // Not in the header, which belongs to the list: a list that is a focus scope with further tab stops
+    // would not be one itself.
+    IconButton {
+        z: 1
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: Metrics.Padding
+        icon: "close"
+        color: Theme.accentColor
+        name: Strings.string("accessibility_close")
+        onClicked: home.screen.close()
     }
 
     ParallaxScrollView {
@@ -120,7 +145,6 @@ FocusScope {
             isCollapsed: parallax.scrollState === ParallaxScroll.Collapsed
             isLandscape: parallax.isLandscape
             pullProgress: parallax.offset / home.refreshDistance
-            onCloseRequested: home.screen.close()
         }
 
         content: Item {

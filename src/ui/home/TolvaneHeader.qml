@@ -2,9 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// The branded part of the home screen: logo, greeting and the button that closes the messenger. It
-// has two layouts, and changes from one to the other as the list is scrolled. The heights are
-// fixed, so each layout limits its text size.
+// The branded part of the home screen: logo and greeting. It has two layouts, and changes from one
+// to the other as the list is scrolled. The heights are fixed, so each layout limits its text size.
 Rectangle {
     id: header
 
@@ -12,8 +11,6 @@ Rectangle {
     property bool isLandscape: false
     /// How far the sheet is pulled down: from 1 on, releasing it loads the list again.
     property real pullProgress: 0
-
-    signal closeRequested()
 
     color: Theme.primaryColor
 
@@ -58,15 +55,5 @@ Rectangle {
         visible: header.pullProgress > 0
         opacity: Math.min(1, header.pullProgress)
         tint: Theme.accentColor
-    }
-
-    IconButton {
-        anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.margins: Metrics.Padding
-        icon: "close"
-        color: Theme.accentColor
-        name: Strings.string("accessibility_close")
-        onClicked: header.closeRequested()
     }
 }

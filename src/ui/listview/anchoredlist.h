@@ -86,6 +86,8 @@ public:
     /// Makes the next row (1) or the one before (-1) the current one and scrolls to it. If the
     /// current row extends beyond the viewport, scrolls within that row first.
     Q_INVOKABLE void step(int direction);
+    /// Scrolls to the current row; without one, makes the last visible row the current one.
+    Q_INVOKABLE void showCurrentRow();
     /// The item of a row, trailing rows included; null while the row is not visible.
     Q_INVOKABLE QQuickItem *itemAt(int row) const;
     /// The row of an item; -1 for an item that does not belong to a row.

@@ -289,4 +289,19 @@ void AnchoredList::step(int direction)
     polish();
 }
 
+void AnchoredList::showCurrentRow()
+{
+    if (modelCount() == 0 || m_layoutCount == 0)
+        return;
+    const double top = finalContentY();
+    const double bottom = top + height() - m_bottomMargin;
+    if (m_currentIndex < 0)
+        setCurrentIndex(
+            std::clamp(m_offsets.rowAt(bottom - 1 - positionOf(0)), 0, modelCount() - 1));
+    const bool isAbove = positionOf(m_currentIndex + 1) <= top;
+    if (isAbove || positionOf(m_currentIndex) >= bottom)
+        m_scrollAnimation.setTarget(ScrollAnimation::Kind::currentRow, 150, isAbove ? -1 : 1);
+    polish();
+}
+
 } // namespace tolvane

@@ -58,6 +58,11 @@ Item {
     onTicketStateChanged: scrollToEnd(Metrics.TransitionDuration)
     onIsAITypingChanged: scrollToEnd(Metrics.TransitionDuration)
 
+    TabFocus {
+        item: list
+        onEntered: rows.showCurrentRow()
+    }
+
     activeFocusOnTab: true
     Accessible.role: Accessible.List
     Accessible.name: Strings.string("ticket_list_your_messages")

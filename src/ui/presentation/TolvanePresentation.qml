@@ -65,6 +65,15 @@ FocusScope {
 
     PointerBlocker { }
 
+    // Tab does not lead to the host's controls below; from a panel it does.
+    FocusFence {
+        id: firstFence
+
+        otherEnd: lastFence
+        isFirst: true
+        activeFocusOnTab: !presentation.isPanel
+    }
+
     FocusScope {
         id: content
 
@@ -87,6 +96,14 @@ FocusScope {
             layer.enabled: presentation.radius > 0
             layer.effect: PanelClip { extent: presentation.radius }
         }
+    }
+
+    FocusFence {
+        id: lastFence
+
+        otherEnd: firstFence
+        isFirst: false
+        activeFocusOnTab: !presentation.isPanel
     }
 
     // While the messenger leaves, its controls react to nothing any more.

@@ -195,6 +195,8 @@ private:
         const auto before = [&](const AccessibleNode &a, const AccessibleNode &b) {
             return isBefore(a, b, isRightToLeft);
         };
+        // A list passes the focus on to its current row, wherever that is.
+        stops.removeIf([](const auto &stop) { return stop.role == QAccessible::ListItem; });
         std::ranges::rotate(stops, std::ranges::min_element(stops, before));
         QStringList faults;
         for (qsizetype index = 1; index < stops.size(); ++index) {
