@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/markdown/inlinemarkdown.h"
 
+#include "ui/markdown/emoji.h"
 #include "ui/markdown/inlineparser.h"
 
 #include <array>
@@ -26,9 +27,9 @@ QString enclosed(const QString &element, const QString &attributes, const QStrin
     return QStringLiteral("<%1%2>%3</%1>").arg(element, attributes, html);
 }
 
-QString html(const InlineSpan &span)
+QString html(const InlineSpan &span, const QString &emojiFamily)
 {
-    QString html = span.text.toHtmlEscaped();
+    QString html = withEmojiFont(span.text.toHtmlEscaped(), emojiFamily);
     html.replace(u'\n', QStringLiteral("<br/>"));
     for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
         if (span.styles & element->style)
@@ -66,16 +67,18 @@ QString textOf(const InlineSpans &spans)
 
 } // namespace
 
-FormattedText inlineMarkdown(const QString &source)
+FormattedText inlineMarkdown(const QString &source, const QString &emojiFamily)
 {
     const InlineSpans spans = joined(parseInline(source));
     FormattedText result;
     QString body;
     for (const InlineSpan &span : spans) {
-        result.isRich = result.isRich || span.styles != 0 || !span.link.isEmpty();
+        const QString part = html(span, emojiFamily);
+        result.isRich =
+            result.isRich || span.styles != 0 || !span.link.isEmpty() || part.contains(u"<span");
         if (result.link.isEmpty())
             result.link = span.link;
-        body += html(span);
+        body += part;
     }
     result.text = result.isRich ? enclosed(QStringLiteral("div"),
                                            QStringLiteral(" style=\"white-space:pre-wrap\""), body)

@@ -31,9 +31,11 @@ public:
 /// Converts inline Markdown: emphasis, strong, strikethrough, code and links. Everything else,
 /// blocks, images and HTML included, stays as it was written, with its line breaks and spaces. The
 /// HTML consists of escaped text and six elements, b, i, s, code, br and a, in one div; links are
-/// https, http and mailto only; it has nothing that could be fetched. The time may be quadratic in
+/// https, http and mailto only; it has nothing that could be fetched. With a family of a font for
+/// emoji, these are in spans with that font. The time may be quadratic in
 /// the length: this is meant for chunks of a few thousand characters.
-TOLVANE_VIEWS_AUTOTEST_EXPORT FormattedText inlineMarkdown(const QString &source);
+TOLVANE_VIEWS_AUTOTEST_EXPORT FormattedText inlineMarkdown(const QString &source,
+                                                           const QString &emojiFamily = {});
 
 /// The text without any formatting, for screen readers.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QString withoutMarkdown(const QString &source);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/messages/messagelistmodel.h"
 
+#include "ui/markdown/emoji.h"
+
 #include <QtCore/QUrl>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
@@ -103,7 +105,7 @@ const FormattedText &MessageListModel::formatted(const QString &source) const
 {
     if (m_formattedSource != source) {
         m_formattedSource = source;
-        m_formatted = inlineMarkdown(source);
+        m_formatted = inlineMarkdown(source, emojiFamily());
     }
     return m_formatted;
 }

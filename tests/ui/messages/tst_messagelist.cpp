@@ -36,7 +36,7 @@ QStringList textsIn(const MessageListModel &model)
 /// The HTML without its enclosing block.
 QString htmlOf(const QString &source)
 {
-    const FormattedText styled = inlineMarkdown(source);
+    const FormattedText styled = inlineMarkdown(source, u"E"_s);
     QString text = styled.text;
     if (styled.isRich)
         text.remove(u"<div style=\"white-space:pre-wrap\">"_s).remove(u"</div>"_s);
