@@ -52,6 +52,8 @@ Item {
             text: tip.text
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
+            maximumLineCount: 6
+            elide: Text.ElideRight
             font.pixelSize: Theme.caption
             color: Theme.isDark ? "#262629" : "#f2f2f2"
             Accessible.ignored: true

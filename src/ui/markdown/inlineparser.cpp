@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/markdown/inlineparser.h"
 
+#include "ui/markdown/linktext.h"
+
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringView>
 #include <QtCore/QUrl>
+#include <QtCore/QUrlQuery>
 
 #include <algorithm>
 #include <optional>
@@ -232,8 +235,12 @@ private:
             return false;
         applyEmphasis(m_spans, bracket.span + 1);
         m_spans.remove(bracket.span);
-        for (qsizetype span = bracket.span; span < m_spans.size(); ++span)
+        QString text;
+        for (qsizetype span = bracket.span; span < m_spans.size(); ++span) {
             m_spans[span].link = link;
+            text += m_spans.at(span).text;
+        }
+        m_spans += {.text = linkAddition(text, link), .link = link};
         // Links do not nest.
         m_brackets.clear();
         m_isTextLast = false;
@@ -251,6 +258,22 @@ private:
 
 } // namespace
 
+namespace {
+
+/// A mail program could attach a file of the customer's.
+QUrl withoutAttachments(QUrl url)
+{
+    QUrlQuery query(url);
+    for (const auto &[name, value] : query.queryItems()) {
+        if (name.startsWith(u"attach", Qt::CaseInsensitive))
+            query.removeAllQueryItems(name);
+    }
+    url.setQuery(query.isEmpty() ? QString() : query.query(QUrl::FullyEncoded));
+    return url;
+}
+
+} // namespace
+
 QString allowedLink(const QString &address)
 {
     const QUrl url(address, QUrl::StrictMode);
@@ -259,7 +282,7 @@ QString allowedLink(const QString &address)
     const bool isMail = scheme == QLatin1String("mailto");
     if (!url.isValid() || !((isWeb && !url.host().isEmpty()) || (isMail && !url.path().isEmpty())))
         return {};
-    return QString::fromLatin1(url.toEncoded());
+    return QString::fromLatin1((isMail ? withoutAttachments(url) : url).toEncoded());
 }
 
 InlineSpans parseInline(const QString &source)

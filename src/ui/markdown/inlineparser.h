@@ -33,7 +33,8 @@ InlineSpans parseInline(const QString &source);
 /// rules; unmatched delimiters stay as text.
 void applyEmphasis(InlineSpans &spans, qsizetype first);
 
-/// The percent-encoded URL of a link; empty unless it is a valid one for https, http or mailto.
+/// The percent-encoded URL of a link, without attachments to a mail; empty unless it is a valid one
+/// for https, http or mailto.
 QString allowedLink(const QString &address);
 
 } // namespace tolvane::markdown

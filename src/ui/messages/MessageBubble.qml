@@ -20,8 +20,8 @@ Item {
     signal pressed()
 
     // The text is laid out once, with all the width there is; its widest line is the bubble's.
-    width: isFirst && isLast ? Math.ceil(text.contentWidth) + 2 * Metrics.Padding : maximumWidth
-    height: Math.ceil(text.contentHeight) + 2 * Metrics.Padding
+    width: isFirst && isLast ? Math.ceil(label.contentWidth) + 2 * Metrics.Padding : maximumWidth
+    height: Math.ceil(label.contentHeight) + 2 * Metrics.Padding
 
     BubbleBackground {
         anchors.fill: parent
@@ -37,7 +37,7 @@ Item {
     }
 
     Text {
-        id: text
+        id: label
 
         x: effectiveHorizontalAlignment === Text.AlignRight ? bubble.width - width - Metrics.Padding
                                                             : Metrics.Padding
@@ -53,8 +53,18 @@ Item {
         Accessible.ignored: true
         onLinkActivated: link => bubble.linkActivated(link)
 
+        // Shows where a link leads before it is opened.
+        Loader {
+            anchors.fill: parent
+            active: label.hoveredLink.length > 0
+            sourceComponent: ToolTip {
+                text: label.hoveredLink
+                isWanted: true
+            }
+        }
+
         HoverHandler {
-            enabled: text.hoveredLink.length > 0
+            enabled: label.hoveredLink.length > 0
             cursorShape: Qt.PointingHandCursor
         }
     }

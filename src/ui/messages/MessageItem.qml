@@ -50,6 +50,7 @@ Item {
     implicitHeight: isLast ? caption.y + caption.height + Metrics.Spacing + gap : bubbleBottom
     Accessible.role: Accessible.ListItem
     Accessible.name: description
+    Accessible.description: content.link
     Accessible.focusable: true
     Accessible.focused: showsFocus
     Accessible.ignored: !isFirst
