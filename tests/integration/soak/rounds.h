@@ -182,7 +182,8 @@ private:
     void openPush()
     {
         Tolvane::handlePushNotification(pushOf(m_round));
-        m_robot->find(QAccessible::Button, u"Send us a message"_s);
+        m_robot->find(QAccessible::EditableText); // The conversation of the push.
+        back();
         close();
     }
 
