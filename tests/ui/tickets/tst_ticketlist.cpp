@@ -58,38 +58,23 @@ class TicketListTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aNewListTakesTheFewestSteps_data()
-    {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<QByteArray>("steps");
-        const auto add = [](const char *before, const char *after, const char *steps) {
-            QTest::addRow("%s to %s", before, after)
-                << QString::fromLatin1(before) << QString::fromLatin1(after) << QByteArray(steps);
-        };
-        add("abc", "abc", "");
-        add("", "abc", "iii");
-        add("abc", "", "rrr");
-        add("abc", "xabc", "i");
-        add("abcd", "dabc", "m"); // The ticket with a new message moves to the top.
-        add("abcd", "acd", "r");
-        add("abc", "xyz", "rrriii");
-        add("abc", "cxa", "rmi");
-        add("aab", "aba", "m");
-    }
-
     void aNewListTakesTheFewestSteps()
     {
-        QFETCH(const QString, before);
-        QFETCH(const QString, after);
-        QFETCH(const QByteArray, steps);
-        TicketListModel model;
-        const QAbstractItemModelTester tester(&model);
-        model.setTickets(ticketsOf(before));
-        const SignalRecorder recorder(model);
-        model.setTickets(ticketsOf(after));
-        QCOMPARE(idsIn(model), after);
-        QCOMPARE(recorder.letters, steps);
+        const std::tuple<QString, QString, QByteArray> cases[] =
+            {{u"abc"_s, u"abc"_s, ""},    {{}, u"abc"_s, "iii"},
+             {u"abc"_s, {}, "rrr"},       {u"abc"_s, u"xabc"_s, "i"},
+             {u"abcd"_s, u"dabc"_s, "m"}, // The ticket with a new message moves to the top.
+             {u"abcd"_s, u"acd"_s, "r"},  {u"abc"_s, u"xyz"_s, "rrriii"},
+             {u"abc"_s, u"cxa"_s, "rmi"}, {u"aab"_s, u"aba"_s, "m"}};
+        for (const auto &[before, after, steps] : cases) {
+            TicketListModel model;
+            const QAbstractItemModelTester tester(&model);
+            model.setTickets(ticketsOf(before));
+            const SignalRecorder recorder(model);
+            model.setTickets(ticketsOf(after));
+            QCOMPARE(idsIn(model), after);
+            QCOMPARE(recorder.letters, steps);
+        }
     }
 
     void anyListReplacesAnyOther()
