@@ -29,17 +29,10 @@ const QString cdn = u"https://cdn.example/"_s;
 QByteArray photo()
 {
     static const QByteArray bytes = [] {
-        QImage image(900, 600, QImage::Format_RGB32);
+        QImage image = solidImage({900, 600}, QColor(0x8fc7e8));
         QPainter painter(&image);
-        QLinearGradient sky(0, 0, 0, 600);
-        sky.setColorAt(0, QColor(0x8fc7e8));
-        sky.setColorAt(0.7, QColor(0xfdf3df));
-        painter.fillRect(image.rect(), sky);
-        painter.setPen(Qt::NoPen);
         painter.setBrush(QColor(0xf2b33d));
         painter.drawEllipse(QPoint(640, 250), 80, 80);
-        painter.setBrush(QColor(0x35594b));
-        painter.drawEllipse(QPoint(250, 700), 500, 300);
         painter.end();
         return encodedImage(image, "png");
     }();
