@@ -50,9 +50,7 @@ class LibraryTextsTest : public QObject
 private Q_SLOTS:
     void theGuideListsTheKeys()
     {
-        QStringList listed;
-        for (const test::Document::Row &row : test::Document(u"translating.md"_s).rows(u"keys"_s))
-            listed += test::Document::words(row.value(0));
+        QStringList listed = test::wordsInTables(u"translating.md"_s, u"keys"_s);
         listed.sort();
         QStringList keys = contents(fileOf(u"en"_s), u"source"_s);
         keys.sort();
