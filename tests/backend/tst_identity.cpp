@@ -66,38 +66,34 @@ private Q_SLOTS:
         }
     }
 
-    void logLinesAreFormatted_data()
-    {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QString>("word");
-        QTest::addColumn<int>("type");
-        QTest::newRow("debug") << 0 << u"DEBUG"_s << int(LogType::debug);
-        QTest::newRow("info") << 1 << u"INFO"_s << int(LogType::info);
-        QTest::newRow("warning") << 2 << u"WARNING"_s << int(LogType::error);
-        QTest::newRow("error") << 3 << u"ERROR"_s << int(LogType::error);
-        QTest::newRow("critical") << 4 << u"CRITICAL"_s << int(LogType::fault);
-    }
-
     void logLinesAreFormatted()
     {
-        QFETCH(const int, level);
-        QFETCH(const QString, word);
-        QFETCH(const int, type);
+        formatLine(LogLevel(0), u"DEBUG"_s, LogType::debug);
+        formatLine(LogLevel(1), u"INFO"_s, LogType::info);
+        formatLine(LogLevel(2), u"WARNING"_s, LogType::error);
+        formatLine(LogLevel(3), u"ERROR"_s, LogType::error);
+        formatLine(LogLevel(4), u"CRITICAL"_s, LogType::fault);
+    }
+
+private:
+    void formatLine(LogLevel level, const QString &word, LogType type)
+    {
         Fixture fixture;
         Logger &logger = Logger::shared();
-        logger.log(static_cast<LogLevel>(level), u"100 %s %1 %n"_s);
+        logger.log(level, u"100 %s %1 %n"_s);
         const QString time = fixture.clock->now().toLocalTime().toString(u"HH:mm:ss"_s);
         QCOMPARE(fixture.log->lines,
                  QStringList{u"[Tolvane] [%1] [%2.000] "_s.arg(word, time) + u"100 %s %1 %n"_s});
-        QCOMPARE(int(fixture.log->types.constFirst()), type);
-        fixture.log->disabledTypes = {static_cast<LogType>(type)};
-        logger.log(static_cast<LogLevel>(level), u"disabled by the platform"_s);
+        QCOMPARE(fixture.log->types.constFirst(), type);
+        fixture.log->disabledTypes = {type};
+        logger.log(level, u"disabled by the platform"_s);
         logger.setEnabled(false);
         fixture.log->disabledTypes.clear();
-        logger.log(static_cast<LogLevel>(level), u"disabled by the host"_s);
+        logger.log(level, u"disabled by the host"_s);
         QCOMPARE(fixture.log->lines.size(), 1);
     }
 
+private Q_SLOTS:
     void linesGoToTheCategoryWithTheirLevel()
     {
         static QStringList written;

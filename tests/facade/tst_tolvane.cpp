@@ -373,11 +373,12 @@ private Q_SLOTS:
         QCOMPARE(Tolvane::unreadCount(), 1);
         TicketPreviewDto unread = makePreview(u"c"_s);
         unread.lastMessage.sender.type = words::humanAgent;
-        unread.lastMessage.isRead = false;
         TicketPreviewDto other = unread;
         other.id = u"d"_s;
-        fixture.session->handler = [&](const UrlRequest &) {
-            return test::json(encodeList(QList{unread, other}));
+        fixture.session->handler = [&](const UrlRequest &request) {
+            return request.url.path().endsWith(u"/tickets"_s)
+                       ? test::json(encodeList(QList{unread, other}))
+                       : answer(makeTicket({}, u"c"_s));
         };
         fixture.forget();
         Tolvane::refreshUnread();
@@ -385,12 +386,6 @@ private Q_SLOTS:
         settle();
         QCOMPARE(fixture.session->requests.size(), 1);
         QCOMPARE(Tolvane::unreadCount(), 2);
-
-        TicketDto opened = makeTicket({});
-        opened.id = u"c"_s;
-        fixture.session->handler = [&](const UrlRequest &) {
-            return test::json(tolvane::json::encode(opened));
-        };
         const auto ticket = std::make_shared<TicketData>(unread);
         detach(ticket->fetchTicket());
         settle();

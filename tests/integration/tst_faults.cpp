@@ -217,25 +217,19 @@ private Q_SLOTS:
         QCOMPARE(questionsAtBackend(fixture), operation->sends ? 1 + isDuplicated : 0);
     }
 
-    void aLostResponseIsFound_data()
+    void aLostResponseIsFound()
     {
-        QTest::addColumn<bool>("creates");
-        QTest::addColumn<int>("pictures");
-        QTest::addColumn<bool>("searchFails");
         for (const bool searchFails : {false, true}) {
-            const char *suffix = searchFails ? ", and the search fails" : "";
-            QTest::addRow("create%s", suffix) << true << 0 << searchFails;
-            QTest::addRow("create with a picture%s", suffix) << true << 1 << searchFails;
-            QTest::addRow("message%s", suffix) << false << 0 << searchFails;
-            QTest::addRow("message with a picture%s", suffix) << false << 1 << searchFails;
+            for (const bool creates : {true, false}) {
+                for (const int pictures : {0, 1})
+                    loseTheResponse(creates, pictures, searchFails);
+            }
         }
     }
 
-    void aLostResponseIsFound()
+private:
+    void loseTheResponse(bool creates, int pictures, bool searchFails)
     {
-        QFETCH(const bool, creates);
-        QFETCH(const int, pictures);
-        QFETCH(const bool, searchFails);
         FaultFixture fixture(m_backend);
         if (!creates)
             fixture.begin();
@@ -264,6 +258,7 @@ private Q_SLOTS:
         QCOMPARE(questionsAtBackend(fixture, pictures), 1);
     }
 
+private Q_SLOTS:
     void theBackendRestarts()
     {
         QTemporaryDir folder;

@@ -26,31 +26,20 @@ class DeviceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theBatteryIsTheMachines_data()
-    {
-        QTest::addColumn<QByteArray>("status");
-        QTest::addColumn<QByteArray>("capacity");
-        QTest::addColumn<State>("state");
-        QTest::addColumn<float>("level");
-        QTest::newRow("discharging") << "Discharging"_ba
-                                     << "83"_ba << State::unplugged << 0.83F;
-        QTest::newRow("charging") << "Charging"_ba
-                                  << "0"_ba << State::charging << 0.0F;
-        QTest::newRow("full") << "Full"_ba
-                              << "100"_ba << State::full << 1.0F;
-        QTest::newRow("plugged in, limited") << "Not charging"_ba
-                                             << "80"_ba << State::unknown << 0.8F;
-        QTest::newRow("unknown") << "Unknown"_ba
-                                 << "much"_ba << State::unknown << -1.0F;
-        QTest::newRow("no battery") << QByteArray() << QByteArray() << State::unknown << -1.0F;
-    }
-
     void theBatteryIsTheMachines()
     {
-        QFETCH(const QByteArray, status);
-        QFETCH(const QByteArray, capacity);
-        QFETCH(const State, state);
-        QFETCH(const float, level);
+        checkBattery("Discharging", "83", State::unplugged, 0.83F);
+        checkBattery("Charging", "0", State::charging, 0.0F);
+        checkBattery("Full", "100", State::full, 1.0F);
+        checkBattery("Not charging", "80", State::unknown, 0.8F); // Plugged in, and limited.
+        checkBattery("Unknown", "much", State::unknown, -1.0F);
+        checkBattery({}, {}, State::unknown, -1.0F); // There is none.
+    }
+
+private:
+    static void checkBattery(const QByteArray &status, const QByteArray &capacity, State state,
+                             float level)
+    {
         const QTemporaryDir sysfs;
         const auto write = [&sysfs](const char *file, const QByteArray &line) {
             writeLine(sysfs.filePath(QString::fromLatin1(file)), line);

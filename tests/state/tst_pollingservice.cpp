@@ -97,25 +97,20 @@ class PollingServiceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void endsAtTheFirstNewMessage_data()
-    {
-        QTest::addColumn<QString>("senderType");
-        QTest::addColumn<QString>("messageTicketId");
-        QTest::addColumn<QString>("trace");
-        QTest::newRow("broadcast, whoever has written it")
-            << words::customer << ticketId
-            << u"Message received via notification, stopping polling for ticket: t1"_s;
-        // No observer takes these for the ticket, so the loop itself has to end.
-        const QString byLoop = u"Stopping polling for ticket: t1"_s;
-        QTest::newRow("AI, by the sender") << words::aiAgent << u"t2"_s << byLoop;
-        QTest::newRow("human, by the sender") << words::humanAgent << u"t2"_s << byLoop;
-    }
-
     void endsAtTheFirstNewMessage()
     {
-        QFETCH(const QString, senderType);
-        QFETCH(const QString, messageTicketId);
-        QFETCH(const QString, trace);
+        // A broadcast ends it, whoever has written the message.
+        endAtANewMessage(words::customer, ticketId,
+                         u"Message received via notification, stopping polling for ticket: t1"_s);
+        // No observer takes these for the ticket, so the loop itself has to end.
+        for (const QString &sender : {words::aiAgent, words::humanAgent})
+            endAtANewMessage(sender, u"t2"_s, u"Stopping polling for ticket: t1"_s);
+    }
+
+private:
+    void endAtANewMessage(const QString &senderType, const QString &messageTicketId,
+                          const QString &trace)
+    {
         PollingFixture fixture;
         fixture.start(1);
         QCOMPARE(fixture.polls(), 1);
@@ -136,6 +131,7 @@ private Q_SLOTS:
         QCOMPARE(stopped.value(u"reason"_s), u"manual_stop"_s);
     }
 
+private Q_SLOTS:
     void onlyTheTailIsNew()
     {
         PollingFixture fixture;
@@ -305,28 +301,22 @@ private Q_SLOTS:
         QCOMPARE(fixture.broadcastIds(), QStringList({u"m2"_s, u"m3"_s}));
     }
 
-    void stopsOnABroadcastFromElsewhere_data()
-    {
-        QTest::addColumn<NotificationCenter::UserInfo>("userInfo");
-        QTest::addColumn<bool>("stops");
-        using Info = NotificationCenter::UserInfo;
-        QTest::newRow("its ticket") << userInfo(agent("push")) << true;
-        QTest::newRow("another ticket")
-            << userInfo(makeMessage(u"x"_s, words::aiAgent, u"t2"_s)) << false;
-        QTest::newRow("not a message") << Info(QVariantMap{{u"id"_s, 7}}) << false;
-        QTest::newRow("no dictionary") << Info() << false;
-    }
-
     void stopsOnABroadcastFromElsewhere()
     {
-        QFETCH(const NotificationCenter::UserInfo, userInfo);
-        QFETCH(const bool, stops);
-        PollingFixture fixture;
-        fixture.start(1);
-        platform().notificationCenter->post(notifications::didReceiveMessage, userInfo);
-        settle();
-        QCOMPARE(fixture.active().isEmpty(), stops);
-        QCOMPARE(fixture.clock->sleeperCount(), stops ? 0 : 1);
+        using Info = NotificationCenter::UserInfo;
+        const std::pair<Info, bool> cases[] = {
+            {userInfo(agent("push")), true},
+            {userInfo(makeMessage(u"x"_s, words::aiAgent, u"t2"_s)), false},
+            {Info(QVariantMap{{u"id"_s, 7}}), false},
+            {Info(), false}};
+        for (const auto &[info, stops] : cases) {
+            PollingFixture fixture;
+            fixture.start(1);
+            platform().notificationCenter->post(notifications::didReceiveMessage, info);
+            settle();
+            QCOMPARE(fixture.active().isEmpty(), stops);
+            QCOMPARE(fixture.clock->sleeperCount(), stops ? 0 : 1);
+        }
     }
 };
 

@@ -178,15 +178,8 @@ private Q_SLOTS:
         QCOMPARE(fixture.screen()->ticketState(), u"open"_s);
     }
 
-    void theHeader_data()
+    void theHeader()
     {
-        QTest::addColumn<bool>("isKnown");
-        QTest::addColumn<bool>("isFetched");
-        QTest::addColumn<QList<MessageDto>>("messages");
-        QTest::addColumn<QList<ScheduleDto>>("schedules");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("subtitle");
-        QTest::addColumn<bool>("isAvailable");
         const MessageDto customer = makeNamedMessage(u"m1"_s, words::customer, u"Ada"_s);
         const MessageDto nora = makeNamedMessage(u"m2"_s, words::humanAgent, u"Nora"_s);
         const MessageDto ai = makeNamedMessage(u"m3"_s, words::aiAgent, u"Robo"_s);
@@ -206,53 +199,46 @@ private Q_SLOTS:
         const QString team = u"ticket_support_team"_s;
         const QString open = u"ticket_cs_available"_s;
         const QString closed = u"ticket_cs_not_available"_s;
-        const QList<MessageDto> none;
-        QTest::newRow("new") << false << true << QList{customer, nora} << always
-                             << u"ticket_new_discussion"_s << QString() << false;
-        QTest::newRow("not fetched") << true << false << none << always << support << team << false;
-        QTest::newRow("no hours") << true << true << QList{customer} << QList<ScheduleDto>()
-                                  << support << team << false;
-        QTest::newRow("open") << true << true << QList{nora, ai, customer} << always
-                              << u"\u2068Robo\u2069"_s << open << true;
-        QTest::newRow("closed") << true << true << QList{ai, nora} << never << isolatedNora
-                                << closed << false;
-        QTest::newRow("last without a name")
-            << true << true << QList{nora, nobody} << always << isolatedNora << open << true;
-        QTest::newRow("two lines")
-            << true << true << QList{twoLines} << always << u"\u2068No ra\u2069"_s << open << true;
-        QTest::newRow("empty name")
-            << true << true << QList{nora, blank} << always << QString() << open << true;
-        QTest::newRow("nobody has a name")
-            << true << true << QList{customer, nobody} << always << support << open << true;
-        QTest::newRow("no messages") << true << true << none << never << support << closed << false;
-    }
-
-    void theHeader()
-    {
-        QFETCH(const bool, isKnown);
-        QFETCH(const bool, isFetched);
-        QFETCH(const QList<MessageDto>, messages);
-        QFETCH(const QList<ScheduleDto>, schedules);
-        QFETCH(const QString, title);
-        QFETCH(const QString, subtitle);
-        QFETCH(const bool, isAvailable);
-        TicketScreenFixture fixture;
-        fixture.device->timeZone = u"UTC"_s;
-        fixture.ticket.messages = messages;
-        fixture.ticket.schedules = schedules;
-        TicketScreenData screen;
-        screen.setDestination(isKnown ? TolvaneDestination::ticket(makePreview())
-                                      : TolvaneDestination::newTicket());
-        if (isFetched && isKnown)
-            screen.appear();
-        screen.composer()->setMessage(u"hello"_s);
-        if (!isKnown)
-            screen.composer()->send();
-        settle();
-        QCOMPARE(screen.messages()->rowCount() > 0, isFetched && !messages.isEmpty());
-        QCOMPARE(screen.title(), title);
-        QCOMPARE(screen.subtitle(), subtitle);
-        QCOMPARE(screen.isSupportAvailable(), isAvailable);
+        struct Case
+        {
+            bool isKnown;
+            bool isFetched;
+            QList<MessageDto> messages;
+            QList<ScheduleDto> schedules;
+            QString title;
+            QString subtitle;
+            bool isAvailable;
+        };
+        const Case cases[] = {
+            {false, true, {customer, nora}, always, u"ticket_new_discussion"_s, {}, false},
+            {true, false, {}, always, support, team, false},
+            {true, true, {customer}, {}, support, team, false},
+            {true, true, {nora, ai, customer}, always, u"\u2068Robo\u2069"_s, open, true},
+            {true, true, {ai, nora}, never, isolatedNora, closed, false},
+            {true, true, {nora, nobody}, always, isolatedNora, open, true},
+            {true, true, {twoLines}, always, u"\u2068No ra\u2069"_s, open, true},
+            {true, true, {nora, blank}, always, {}, open, true},
+            {true, true, {customer, nobody}, always, support, open, true},
+            {true, true, {}, never, support, closed, false}};
+        for (const Case &each : cases) {
+            TicketScreenFixture fixture;
+            fixture.device->timeZone = u"UTC"_s;
+            fixture.ticket.messages = each.messages;
+            fixture.ticket.schedules = each.schedules;
+            TicketScreenData screen;
+            screen.setDestination(each.isKnown ? TolvaneDestination::ticket(makePreview())
+                                               : TolvaneDestination::newTicket());
+            if (each.isFetched && each.isKnown)
+                screen.appear();
+            screen.composer()->setMessage(u"hello"_s);
+            if (!each.isKnown)
+                screen.composer()->send();
+            settle();
+            QCOMPARE(screen.messages()->rowCount() > 0, each.isFetched && !each.messages.isEmpty());
+            QCOMPARE(screen.title(), each.title);
+            QCOMPARE(screen.subtitle(), each.subtitle);
+            QCOMPARE(screen.isSupportAvailable(), each.isAvailable);
+        }
     }
 
     void aFailureShowsUntilALaterFetch()

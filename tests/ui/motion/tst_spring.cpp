@@ -64,25 +64,6 @@ private Q_SLOTS:
         QCOMPARE(value.value(), -50.0);
     }
 
-    void jumpsAreImmediate()
-    {
-        test::ManualFrames frames;
-        SpringValue value;
-        value.jumpTo(7);
-        QCOMPARE(value.value(), 7.0);
-        value.setTarget(100);
-        frames.pass(50);
-        value.jumpTo(100);
-        QCOMPARE(value.value(), 100.0);
-        QVERIFY(!value.isRunning());
-
-        value.setResponse(0);
-        value.setTarget(3);
-        frames.pass(1);
-        QCOMPARE(value.value(), 3.0);
-        QVERIFY(!value.isRunning());
-    }
-
     void nonFiniteValuesAreIgnored()
     {
         SpringValue value;
