@@ -46,10 +46,9 @@ inline QJsonDocument json(const httplib::Response &response)
 /// A backend in this process on a port that the system picks.
 struct RunningBackend : tolvane::backend::Backend
 {
-    explicit RunningBackend(const std::string &database = tolvane::backend::inMemory,
-                            std::chrono::milliseconds replyDelay = std::chrono::hours(1),
-                            const std::vector<std::string> &keys = {})
-        : Backend(tolvane::backend::openDatabase(database), replyDelay, {})
+    explicit RunningBackend(const std::vector<std::string> &keys = {})
+        : Backend(tolvane::backend::openDatabase(tolvane::backend::inMemory), std::chrono::hours(1),
+                  {})
         , server({"127.0.0.1", 0, keys, 1 << 20}, *this)
     {
         server.bind();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The routes for customers and for the agents' page, and the scripted agents behind them.
+// The routes for customers and for the agents' page; the program's command line and its end.
 #include "runningbackend.h"
+#include "testing/process.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtNetwork/QTcpSocket>
@@ -9,26 +10,7 @@
 using namespace Qt::StringLiterals;
 using namespace std::literals;
 using namespace tolvane::backend;
-
-namespace {
-
-/// A client that sends requests like the agents' page.
-struct Agent : Customer
-{
-    explicit Agent(const RunningBackend &backend)
-        : Customer(backend.port())
-    {
-        headers = {{"X-Tolvane-Agent", "1"},
-                   {"Content-Type", "multipart/form-data; boundary=edge"},
-                   {"Host", "127.0.0.1:" + std::to_string(backend.port())}};
-    }
-    httplib::Response post(const std::string &path, const std::string &body)
-    {
-        return send("POST", "/agent/api/" + path, body);
-    }
-};
-
-} // namespace
+using tolvane::test::Process;
 
 class LocalBackend : public QObject
 {
@@ -44,6 +26,17 @@ class LocalBackend : public QObject
         QVERIFY2(response.body.empty() == (status == 204 || status == 304), what.c_str());
         QVERIFY2(json(response)["error"_L1].isString() == (status >= 400), what.c_str());
         QCOMPARE(customer.tickets().size(), status == 200 && method == "POST" ? 1 : 0);
+    }
+
+    void checkRejected(const QString &arguments, const QByteArray &named)
+    {
+        Process process(m_program,
+                        QString(arguments).replace("DIR"_L1, m_folder.path()).split(u' '),
+                        {.channels = QProcess::SeparateChannels});
+        const bool isRejected = process.waitForExit() == 2 && process.output().isEmpty();
+        const QByteArray line = process.errors();
+        const bool isOurs = line.startsWith("tolvane-backend: ") && line.contains(named);
+        QVERIFY2(isRejected && isOurs && line.indexOf('\n') == line.size() - 1, line);
     }
 
 private Q_SLOTS:
@@ -99,7 +92,6 @@ private Q_SLOTS:
              {std::string(), field + "\r\n--", "--c" + field + "\r\n--c--"})
             check(400, "POST", "ticket/create", body);
         check(400, "POST", "ticket/create", multipart({{"channel", "sdk"}}));
-        check(400, "POST", "ticket/create", multipart({{"message", ""}}));
         check(400, "POST", "ticket/create", multipart({{"message", "\xC3"}}));
         check(400, "POST", "ticket/create", multipart({{"message", "a"}, {"message", "b"}}));
         const FormPart badName{"attachments[]", "x", "\xFF"};
@@ -152,25 +144,23 @@ private Q_SLOTS:
         const auto created = customer.send("POST", "/api/ticket/create", multipart(parts));
         const QJsonArray urls = json(created)["messages"_L1][0]["attachments"_L1].toArray();
         QCOMPARE(urls.size(), qsizetype(names.size()));
-        std::string path;
+        const Headers nobody = {{"Authorization", ""}, {"X-Tolvane-Customer", ""}};
         for (std::size_t i = 0; i < names.size(); ++i) {
             const QUrl url(urls[qsizetype(i)].toString(), QUrl::StrictMode);
-            QCOMPARE(url.port(), m_backend.port());
             QCOMPARE(url.path(QUrl::FullyDecoded).section(u'/', 4), names[i].second);
-            path = url.path(QUrl::FullyEncoded).toStdString();
-            QCOMPARE(customer.get(path).body, bytes);
+            const std::string path = url.path(QUrl::FullyEncoded).toStdString();
+            const httplib::Response file = customer.send("GET", path, {}, nobody);
+            QCOMPARE(file.body, bytes);
+            QCOMPARE(file.get_header_value("Content-Type"), std::string("image/png"));
+            QCOMPARE(file.get_header_value("X-Content-Type-Options"), std::string("nosniff"));
         }
-        const Headers nobody = {{"Authorization", ""}, {"X-Tolvane-Customer", ""}};
-        const httplib::Response file = customer.send("GET", path, {}, nobody);
-        QCOMPARE(file.get_header_value("Content-Type"), std::string("image/png"));
-        QCOMPARE(file.get_header_value("X-Content-Type-Options"), std::string("nosniff"));
-        QCOMPARE(customer.get(path + "x").status, 404);
     }
 
     void onlyThePageHasAccess()
     {
-        Agent agent(m_backend);
+        Customer agent(m_backend.port());
         const std::string own = "127.0.0.1:" + std::to_string(m_backend.port());
+        agent.headers = {{"X-Tolvane-Agent", "1"}, {"Host", own}};
         const auto check = [&](int status, const std::string &method, const Headers &headers) {
             const auto response = agent.send(method, "/agent/api/settings", {}, headers);
             const std::string header = headers.begin()->first + ": " + headers.begin()->second;
@@ -191,60 +181,76 @@ private Q_SLOTS:
         QVERIFY(page.get_header_value("Content-Security-Policy").starts_with("default-src 'none'"));
     }
 
-    void badRequestsOfThePage()
+    void badFlags()
     {
-        Agent agent(m_backend);
-        Customer customer(m_backend.port());
-        const std::string opened = customer.open();
-        const std::string ticket = "ticket" + opened.substr(opened.rfind('/'));
-        const std::string message = ticket + "/message";
-        const std::string big(70 << 10, 'x');
-        const FormPart human{"as", "human agent"};
-        const FormPart text{"message", "x"};
-        const std::vector<std::tuple<int, std::string, std::string>> cases = {
-            {404, "ticket/none", "{}"},
-            {400, ticket, R"({"state":"asleep"})"},
-            {400, ticket, "["},
-            {413, ticket, "{\"state\":\"" + big + "\"}"},
-            {400, message, multipart({{"as", "customer"}, text})},
-            {400, message, multipart({human, {"message", ""}})},
-            {400, message, multipart({human, text, {"name", big}})},
-            {400, message, multipart({human, text, {"picture", "a/b"}})},
-            {400, "pictures", multipart({{"attachments[]", "", "x.png"}})},
-            {413, "pictures", std::string(5 << 20, 'x')},
-            {409, ticket + "/push", "{}"},
-            {400, "branding", "{\"primaryLight\":\"#12345\"}"},
-            {400, "schedules", R"([{"id":"a","days":["Samstag"]}])"},
-            {404, "nothing", "{}"},
-        };
-        for (const auto &[status, path, body] : cases) {
-            const auto response = agent.post(path, body);
-            QVERIFY2(response.status == status, (path + body.substr(0, 80)).c_str());
-            QVERIFY2(json(response)["error"_L1].isString(), path.c_str());
+        const RunningBackend other;
+        for (const char *arguments :
+             {"--colour blue", "stray", "--port x", "--port 65536", "--port 80.5", "--port",
+              "--reply-delay -1", "--reply-delay nan", "--max-body 0", "--key=", "--db DIR",
+              "--db DIR/none/", "--branding DIR/none", "--host 192.0.2.1 --db :memory:"}) {
+            const QString text = QLatin1String(arguments);
+            checkRejected(text, text.section(u' ', 0, 0).remove("--"_L1).remove(u'=').toUtf8());
         }
-        QCOMPARE(json(customer.get(opened))["messages"_L1].toArray().size(), 1);
+        checkRejected(u"--db :memory: --port %1"_s.arg(other.port()), "--port");
     }
 
-    void olderDatabasesAreMigrated()
+    void badFiles()
     {
-        const QTemporaryDir folder;
-        const std::string path = folder.filePath(u"backend.sqlite"_s).toStdString();
-        const std::string id =
-            Store(openDatabase(path)).createTicket("ada", {{}, {}, {"x", {}}}, 0).id;
-        Database(path).executeScript(
-            "ALTER TABLE tickets DROP COLUMN automatic;"
-            "ALTER TABLE messages DROP COLUMN person_name;"
-            "ALTER TABLE messages DROP COLUMN person_picture;"
-            "DROP TABLE pictures; DROP TABLE settings; PRAGMA user_version = 1");
-        Store store(openDatabase(path));
-        QVERIFY(store.agentConversation(id)->isAutomatic);
-        QVERIFY(store.addAnswer(id, {Author::Human, Person{"Zoe", {}}, {"y", {}}}));
-        QCOMPARE(store.readTicket("ada", id)->messages[1].person->name, "Zoe"s);
+        using tolvane::backend::Database;
+        const std::string folder = m_folder.path().toStdString();
+        Database(folder + "/foreign").executeScript("CREATE TABLE recipes (name)");
+        Database(folder + "/newer")
+            .executeScript("PRAGMA application_id = 0x544F4C56; PRAGMA user_version = 9");
+        checkRejected(u"--db DIR/foreign"_s, "another program's");
+        checkRejected(u"--db DIR/newer"_s, "newer");
+        const auto check = [this](const char *flag, const QByteArray &content, const char *named) {
+            QFile file(m_folder.filePath(u"file"_s));
+            QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+            file.close();
+            checkRejected(QLatin1String(flag) + " DIR/file"_L1, named);
+            QVERIFY(file.open(QIODevice::ReadOnly) && file.readAll() == content);
+        };
+        check("--db", "neither a database nor JSON", "not a database");
+        check("--branding", R"({"primaryLight":"orange"})", "primaryLight");
+        check("--schedules", R"([{"id":"a","days":["Sat"],"startTime":"22:00"}])", "startTime");
+        for (const auto &[seed, named] : std::initializer_list<std::pair<QByteArray, const char *>>{
+                 {"{", "is not valid JSON"},
+                 {R"({"customer":"ada","colour":1})", "unknown field 'colour'"},
+                 {R"({"customer":"a b"})", "visible ASCII"},
+                 {R"({"customer":"ada","pictures":["none.png"]})", "'none.png' cannot be read"},
+                 {R"({"customer":"ada","people":{"bo":{}}})", "at people.bo.name: needs a string"},
+                 {R"({"customer":"ada","conversations":[{"state":"open","messages":[)"
+                  R"({"from":"ai","text":"x"}]}]})",
+                  "messages[0].minutesAgo: needs a number"}})
+            check("--db :memory: --seed", seed, named);
+    }
+
+    void servesUntilSignal()
+    {
+        const QString database = m_folder.filePath(u"data/backend.sqlite"_s);
+        Process process(m_program, {u"--port"_s, u"0"_s, u"--db"_s, database},
+                        {.channels = QProcess::SeparateChannels});
+        const QString line = QString::fromUtf8(process.readLine());
+        QVERIFY(line.startsWith("listening on http://127.0.0.1:"_L1) && line.endsWith("/api"_L1));
+
+        Customer customer(QUrl(line.section(u' ', 2)).port());
+        QCOMPARE(customer.get(customer.open()).status, 200);
+        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther;
+        QVERIFY(QFile::exists(database) && !(QFile::permissions(database) & others));
+
+        // An idle connection ends by itself after ten seconds.
+        const QDeadlineTimer idle(9'000);
+        process.terminate();
+        QCOMPARE(process.waitForExit(), 0);
+        QVERIFY2(!idle.hasExpired(), "the open connection delayed the end");
+        QCOMPARE(process.output() + process.errors(), QByteArray());
     }
 
 private:
-    const RunningBackend m_backend{inMemory, 1h, {"first%41", "second"}};
+    const RunningBackend m_backend{{"first%41", "second"}};
     int m_customers = 0;
+    const QString m_program = QStringLiteral(TOLVANE_BACKEND_PROGRAM);
+    const QTemporaryDir m_folder;
 };
 
 QTEST_GUILESS_MAIN(LocalBackend)
