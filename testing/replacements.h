@@ -6,7 +6,6 @@
 
 #include <tolvane/analytics.h>
 
-#include <QtCore/QSet>
 #include <QtCore/QStringList>
 
 #include <functional>
@@ -112,13 +111,7 @@ struct FakeBundle final : Bundle
         return dressed(texts ? texts->text(key, count)
                              : QString::number(count) + QLatin1Char(' ') + key);
     }
-    QString hostString(const QString &key) const override
-    {
-        hostKeys += key;
-        return dressed(key);
-    }
-    /// The keys of the host's texts that were looked up.
-    mutable QSet<QString> hostKeys;
+    QString hostString(const QString &key) const override { return dressed(key); }
     Qt::LayoutDirection layoutDirection() const override { return direction; }
 
     /// Replaces the keys with the texts of a language, and uses its layout direction.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system/bundle.h"
 #include "platform/system/librarytexts.h"
-#include "testing/document.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -48,14 +47,6 @@ class LibraryTextsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theGuideListsTheKeys()
-    {
-        QStringList listed = test::wordsInTables(u"translating.md"_s, u"keys"_s);
-        listed.sort();
-        QStringList keys = contents(fileOf(u"en"_s), u"source"_s);
-        keys.sort();
-        QCOMPARE(listed, keys);
-    }
 
     void everyLanguageIsComplete_data()
     {

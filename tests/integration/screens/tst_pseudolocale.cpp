@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every screen in a pseudo-locale, whose texts are long and marked: finds texts that are not
 // translated or do not have enough room. Nothing may log a warning.
-#include "testing/document.h"
 #include "testing/ui/screens.h"
 
 #include <QtCore/QRegularExpression>
@@ -149,23 +148,9 @@ private Q_SLOTS:
         }
         QVERIFY2(faults.isEmpty(), qPrintable(u'\n' + faults.join(u'\n')));
         QVERIFY(brightness() < light || screen.startsWith(u"viewer"_s));
-        m_hostKeys += screens.bundle->hostKeys;
-        ++m_screenCount;
-    }
-
-    void theGuideListsTheHostsTexts()
-    {
-        if (m_screenCount < qsizetype(Screens::all().size()))
-            QSKIP("Some screens were not shown");
-        const QStringList listed = wordsInTables(u"host-guide.md"_s, u"text"_s);
-        QCOMPARE(m_hostKeys, QSet<QString>(listed.begin(), listed.end()));
     }
 
 private:
-    /// Of all screens shown so far.
-    QSet<QString> m_hostKeys;
-    qsizetype m_screenCount = 0;
-
     static QStringList faultsOf(const QList<VisibleText> &shown, const QRectF &window)
     {
         QStringList faults;
