@@ -259,28 +259,6 @@ private:
     }
 
 private Q_SLOTS:
-    void theBackendRestarts()
-    {
-        QTemporaryDir folder;
-        auto backend = std::make_unique<BackendProgram>(folder.path(), u"3600"_s);
-        FaultFixture fixture(*backend);
-        fixture.begin();
-        backend->kill();
-        fixture.compose();
-        fixture.run(fixture.ticket->sendMessage());
-        QCOMPARE(FaultFixture::nameOf(fixture.ticket->sendError()), u"NSURLErrorDomain -1005"_s);
-        fixture.environment[u"TOLVANE_API_URL"_s] = backend->url(); // No proxy: nobody listens.
-        fixture.run(fixture.ticket->sendMessage());
-        QCOMPARE(FaultFixture::nameOf(fixture.ticket->sendError()), u"NSURLErrorDomain -1004"_s);
-        QCOMPARE(fixture.ticket->message(), question);
-
-        backend.reset();
-        backend = std::make_unique<BackendProgram>(folder.path(), u"3600"_s);
-        fixture.environment[u"TOLVANE_API_URL"_s] = backend->url();
-        fixture.run(fixture.ticket->sendMessage());
-        QVERIFY(!fixture.ticket->sendError());
-        QCOMPARE(questionsAtBackend(fixture), 1);
-    }
 
 private:
     static bool isOf(const Operation &operation, const ServedRequest &request)
