@@ -169,32 +169,21 @@ private Q_SLOTS:
         }
     }
 
-    void updateCustomer_data()
-    {
-        QTest::addColumn<std::optional<QString>>("email");
-        QTest::addColumn<std::optional<QString>>("originalId");
-        QTest::addColumn<QString>("line");
-        QTest::addColumn<QByteArray>("body");
-        using Text = std::optional<QString>;
-        QTest::newRow("both") << Text(u"a@b.c"_s) << Text(u"7"_s)
-                              << "Customer updated: a@b.c 7 mine"
-                              << QByteArray(R"({"email":"a@b.c","originalId":"7"})");
-        QTest::newRow("empty is not absent")
-            << Text(QString()) << Text() << "Customer updated:  nil mine"
-            << QByteArray(R"({"email":""})");
-        QTest::newRow("neither") << Text() << Text() << "Customer updated: nil nil mine"
-                                 << QByteArray("{}");
-        QTest::newRow("percent signs stay")
-            << Text(u"%2%1"_s) << Text(u"%3"_s) << "Customer updated: %2%1 %3 mine"
-            << QByteArray(R"({"email":"%2%1","originalId":"%3"})");
-    }
-
     void updateCustomer()
     {
-        QFETCH(const std::optional<QString>, email);
-        QFETCH(const std::optional<QString>, originalId);
-        QFETCH(const QString, line);
-        QFETCH(const QByteArray, body);
+        update(u"a@b.c"_s, u"7"_s, u"Customer updated: a@b.c 7 mine"_s,
+               R"({"email":"a@b.c","originalId":"7"})");
+        update(QString(), {}, u"Customer updated:  nil mine"_s, R"({"email":""})"); // Not absent.
+        update({}, {}, u"Customer updated: nil nil mine"_s, "{}");
+        update(u"%2%1"_s, u"%3"_s, u"Customer updated: %2%1 %3 mine"_s,
+               R"({"email":"%2%1","originalId":"%3"})");
+    }
+
+private:
+    static void update(const std::optional<QString> &email,
+                       const std::optional<QString> &originalId, const QString &line,
+                       const QByteArray &body)
+    {
         FacadeFixture fixture;
         persistentstore::setCustomerId(u"mine"_s);
         persistentstore::setCustomerOriginalId(u"before"_s);
@@ -212,6 +201,7 @@ private Q_SLOTS:
         QCOMPARE(properties.value(u"has_original_id"_s), originalId.has_value());
     }
 
+private Q_SLOTS:
     void eventsHaveTheIdsOfTheirMoment()
     {
         FacadeFixture fixture;
@@ -288,33 +278,23 @@ private Q_SLOTS:
         }
     }
 
-    void pushesAreRouted_data()
-    {
-        QTest::addColumn<QVariantMap>("content");
-        QTest::addColumn<QString>("broadcast");
-        QTest::addColumn<QVariantMap>("userInfo");
-        QTest::addColumn<bool>("isCounted");
-        const QString message = u"message"_s;
-        const QString preview = u"ticketPreview"_s;
-        const QVariantMap bare = {{u"id"_s, u"m"_s}};
-        QTest::newRow("message") << QVariantMap{{message, messageContent}, {preview, bare}}
-                                 << notifications::didReceiveMessage << messageContent << true;
-        QTest::newRow("message without a ticket id")
-            << QVariantMap{{message, bare}} << notifications::didReceiveMessage << bare << false;
-        QTest::newRow("state") << QVariantMap{{preview, bare}}
-                               << notifications::didReceiveStateUpdate << bare << false;
-        QTest::newRow("message of another type falls through")
-            << QVariantMap{{message, 5}, {preview, bare}} << notifications::didReceiveStateUpdate
-            << bare << false;
-        QTest::newRow("neither") << QVariantMap() << QString() << QVariantMap() << false;
-    }
-
     void pushesAreRouted()
     {
-        QFETCH(const QVariantMap, content);
-        QFETCH(const QString, broadcast);
-        QFETCH(const QVariantMap, userInfo);
-        QFETCH(const bool, isCounted);
+        const QString message = u"message"_s;
+        const QString preview = u"ticketPreview"_s;
+        const QVariantMap bare = {{u"id"_s, u"m"_s}}; // Without a ticket's id.
+        route({{message, messageContent}, {preview, bare}}, notifications::didReceiveMessage,
+              messageContent, true);
+        route({{message, bare}}, notifications::didReceiveMessage, bare, false);
+        route({{preview, bare}}, notifications::didReceiveStateUpdate, bare, false);
+        route({{message, 5}, {preview, bare}}, notifications::didReceiveStateUpdate, bare, false);
+        route({}, {}, {}, false);
+    }
+
+private:
+    static void route(const QVariantMap &content, const QString &broadcast,
+                      const QVariantMap &userInfo, bool isCounted)
+    {
         for (const bool isOpen : {false, true}) {
             FacadeFixture fixture;
             fixture.initialize();
@@ -344,6 +324,7 @@ private Q_SLOTS:
         }
     }
 
+private Q_SLOTS:
     void unreadConversationsAreCounted()
     {
         FacadeFixture fixture;

@@ -80,10 +80,7 @@ struct FullDisk
     rlimit before{};
 };
 
-using Damage = void (*)(QFile &);
-
 } // namespace
-Q_DECLARE_METATYPE(Damage)
 
 class UrlCacheTest final : public QObject
 {
@@ -148,34 +145,22 @@ private Q_SLOTS:
         QVERIFY(!inMemory->cachedResponse(request(u"large head"_s)));
     }
 
-    void damagedEntriesAreMisses_data()
+    void damagedEntriesAreMisses()
     {
-        QTest::addColumn<Damage>("damage");
-        const auto add = [](const char *name, Damage damage) { QTest::newRow(name) << damage; };
-        add("empty", [](QFile &file) { file.resize(0); });
-        add("truncated", [](QFile &file) { file.resize(file.size() - 1); });
-        add("truncated header", [](QFile &file) { file.resize(40); });
-        add("changed byte", [](QFile &file) {
-            file.seek(file.size() - 5);
-            file.write("X");
-        });
-        add("trailing bytes", [](QFile &file) {
-            file.seek(file.size());
-            file.write("tail");
-        });
-        add("other format", [](QFile &file) {
-            file.resize(0);
-            file.write(QByteArray(5000, 'f'));
-        });
-        add("garbage after a valid start", [](QFile &file) {
-            file.seek(12);
-            file.write(QByteArray::fromHex("ffffffff").repeated(50));
+        damageBy([](QFile &file) { file.resize(0); });
+        damageBy([](QFile &file) { file.resize(file.size() - 1); });
+        damageBy([](QFile &file) { file.resize(40); });
+        damageBy([](QFile &file) { file.seek(file.size() - 5) && file.write("X"); });
+        damageBy([](QFile &file) { file.seek(file.size()) && file.write("tail"); });
+        damageBy([](QFile &file) { file.resize(0) && file.write(QByteArray(5000, 'f')); });
+        damageBy([](QFile &file) { // Garbage after a valid start.
+            file.seek(12) && file.write(QByteArray::fromHex("ffffffff").repeated(50));
         });
     }
 
-    void damagedEntriesAreMisses()
+private:
+    static void damageBy(void (*damage)(QFile &file))
     {
-        QFETCH(const Damage, damage);
         const UrlCacheFixture fixture;
         fixture.cache()->store(response("the picture's bytes"), request());
         QFile file(fixture.files().constFirst());
@@ -189,6 +174,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.cache()->cachedResponse(request())->body, "anew");
     }
 
+private Q_SLOTS:
     void memoryWorksWithoutADisk_data()
     {
         QTest::addColumn<bool>("isFull");

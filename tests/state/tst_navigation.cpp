@@ -16,30 +16,23 @@ class NavigationTest final : public QObject
 
 private Q_SLOTS:
 
-    void stepsAreReportedBeforeThePathChanges_data()
-    {
-        QTest::addColumn<Destination>("to");
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("action");
-        const QUrl picture(u"https://cdn.example/a b.png"_s);
-        QTest::newRow("ticket") << Destination::ticket(makePreview(u"t7"_s)) << u"ticket"_s
-                                << u"navigate_to_ticket chat_list t7 "_s;
-        QTest::newRow("picture") << Destination::imageViewer(picture) << u"imageViewer"_s
-                                 << u"navigate_to_image_viewer ticket  %1"_s.arg(
-                                        QString::fromLatin1(picture.toEncoded()));
-        QTest::newRow("new ticket") << Destination::newTicket() << u"newTicket"_s
-                                    << u"navigate_to_new_ticket chat_list  "_s;
-    }
-
     void stepsAreReportedBeforeThePathChanges()
     {
-        QFETCH(const Destination, to);
-        QFETCH(const QString, kind);
-        QFETCH(const QString, action);
+        const QUrl picture(u"https://cdn.example/a b.png"_s);
+        step(Destination::ticket(makePreview(u"t7"_s)), u"ticket"_s,
+             u"navigate_to_ticket chat_list t7 "_s);
+        step(Destination::imageViewer(picture), u"imageViewer"_s,
+             u"navigate_to_image_viewer ticket  "_s + QString::fromLatin1(picture.toEncoded()));
+        step(Destination::newTicket(), u"newTicket"_s, u"navigate_to_new_ticket chat_list  "_s);
+    }
+
+private:
+    static void step(const Destination &to, const QString &kind, const QString &action)
+    {
         const Fixture fixture;
         NavigationData navigation;
         QStringList actions;
-        connect(&navigation, &NavigationData::pathChanged, this, [&] {
+        connect(&navigation, &NavigationData::pathChanged, &navigation, [&] {
             const QVariantMap event = fixture.delegate->properties(u"user_action"_s);
             QStringList values;
             for (const char *key : {"action_type", "screen_name", "ticket_id", "image_url"})

@@ -76,28 +76,19 @@ private Q_SLOTS:
         QCOMPARE(fixture.skipCount(), 0);
     }
 
-    void outcomes_data()
-    {
-        QTest::addColumn<bool>("silent");
-        QTest::addColumn<bool>("failing");
-        QTest::addColumn<QList<Case>>("cases");
-        QTest::addColumn<QString>("line");
-        const QList<Case> loading = {Case::loading};
-        QTest::newRow("load, empty") << false << false << loading + QList{Case::empty} << QString();
-        QTest::newRow("load, failure") << false << true << loading + QList{Case::error}
-                                       << "Error fetching tickets: Client error: no";
-        QTest::newRow("refresh, empty") << true << false << QList{Case::empty} << QString();
-        QTest::newRow("refresh, failure")
-            << true << true << QList{Case::error}
-            << "Error fetching tickets in silent reload: Client error: no";
-    }
-
     void outcomes()
     {
-        QFETCH(const bool, silent);
-        QFETCH(const bool, failing);
-        QFETCH(const QList<Case>, cases);
-        QFETCH(const QString, line);
+        load(false, false, {Case::loading, Case::empty}, {});
+        load(false, true, {Case::loading, Case::error},
+             u"Error fetching tickets: Client error: no"_s);
+        load(true, false, {Case::empty}, {});
+        load(true, true, {Case::error},
+             u"Error fetching tickets in silent reload: Client error: no"_s);
+    }
+
+private:
+    static void load(bool silent, bool failing, const QList<Case> &cases, const QString &line)
+    {
         TicketListFixture fixture;
         fixture.rows_.clear();
         fixture.failing = failing;
@@ -109,6 +100,7 @@ private Q_SLOTS:
         QVERIFY(!fixture.store->lastValue());
     }
 
+private Q_SLOTS:
     void aBurstEndsWithOneRefreshASecondLater()
     {
         TicketListFixture fixture;

@@ -150,28 +150,19 @@ private Q_SLOTS:
         QTRY_COMPARE(fixture.item->implicitHeight(), rest);
     }
 
-    void enterSendsOrBreaksTheLine_data()
-    {
-        QTest::addColumn<bool>("enterSends");
-        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-        QTest::addColumn<QString>("preedit");
-        QTest::addColumn<bool>("isSent");
-        const Qt::KeyboardModifiers none;
-        QTest::newRow("Enter") << true << none << QString() << true;
-        QTest::newRow("Ctrl+Enter")
-            << true << Qt::KeyboardModifiers(Qt::ControlModifier) << QString() << true;
-        QTest::newRow("Shift+Enter")
-            << true << Qt::KeyboardModifiers(Qt::ShiftModifier) << QString() << false;
-        QTest::newRow("while composing") << true << none << u"に"_s << false;
-        QTest::newRow("as the host wants") << false << none << QString() << false;
-    }
-
     void enterSendsOrBreaksTheLine()
     {
-        QFETCH(const bool, enterSends);
-        QFETCH(const Qt::KeyboardModifiers, modifiers);
-        QFETCH(const QString, preedit);
-        QFETCH(const bool, isSent);
+        pressEnter(true, Qt::NoModifier, {}, true);
+        pressEnter(true, Qt::ControlModifier, {}, true);
+        pressEnter(true, Qt::ShiftModifier, {}, false);
+        pressEnter(true, Qt::NoModifier, u"に"_s, false); // While composing.
+        pressEnter(false, Qt::NoModifier, {}, false);
+    }
+
+private:
+    static void pressEnter(bool enterSends, Qt::KeyboardModifiers modifiers, const QString &preedit,
+                           bool isSent)
+    {
         ComposerFixture fixture;
         Tolvane::setEnterSends(enterSends);
         QVERIFY(fixture.isReady());
@@ -183,6 +174,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.store->message().isEmpty(), isSent);
     }
 
+private Q_SLOTS:
     void onlyASuccessfulSendClearsTheText()
     {
         ComposerFixture fixture;
@@ -233,34 +225,22 @@ private Q_SLOTS:
         QVERIFY(fixture.store->message() != u"drafty"_s);
     }
 
-    void pasting_data()
-    {
-        QTest::addColumn<QStringList>("formats");
-        QTest::addColumn<bool>("hasImage");
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("message");
-        QTest::addColumn<int>("attachments");
-        const QByteArray none;
-        QTest::newRow("text") << QStringList{u"text/plain"_s} << false << none << u"text/plain"_s
-                              << 0;
-        QTest::newRow("rich text") << QStringList{u"text/html"_s, u"text/plain"_s} << false << none
-                                   << u"text/plain"_s << 0;
-        QTest::newRow("table with its picture")
-            << QStringList{u"text/plain"_s} << true << none << u"text/plain"_s << 0;
-        QTest::newRow("picture") << QStringList{u"text/html"_s} << true << none << QString() << 1;
-        QTest::newRow("file") << QStringList{u"text/plain"_s} << false
-                              << encodedImage(solidImage({3, 3}, Qt::red), "png") << QString() << 1;
-        QTest::newRow("file that is not a picture")
-            << QStringList{u"text/plain"_s} << false << "Dear all"_ba << QString() << 0;
-    }
-
     void pasting()
     {
-        QFETCH(const QStringList, formats);
-        QFETCH(const bool, hasImage);
-        QFETCH(const QByteArray, file);
-        QFETCH(const QString, message);
-        QFETCH(const int, attachments);
+        const QString text = u"text/plain"_s;
+        const QString html = u"text/html"_s;
+        paste({text}, false, {}, text, 0);
+        paste({html, text}, false, {}, text, 0);
+        paste({text}, true, {}, text, 0); // A table with its picture.
+        paste({html}, true, {}, {}, 1);
+        paste({text}, false, encodedImage(solidImage({3, 3}, Qt::red), "png"), {}, 1);
+        paste({text}, false, "Dear all", {}, 0); // A file that is not a picture.
+    }
+
+private:
+    static void paste(const QStringList &formats, bool hasImage, const QByteArray &file,
+                      const QString &message, int attachments)
+    {
         ComposerFixture fixture;
         QVERIFY(fixture.isReady());
         const QTemporaryDir folder;
@@ -292,6 +272,7 @@ private Q_SLOTS:
         }
     }
 
+private Q_SLOTS:
     void theStripShowsDecodablePictures()
     {
         ComposerFixture fixture;

@@ -57,28 +57,23 @@ private Q_SLOTS:
             QCOMPARE(ComposerRules().fit(available, hasThumbnails), room);
     }
 
-    void filesBecomeAttachments_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("mimeType"); // Empty: the file is rejected.
-        const QByteArray png = encodedImage(solidImage({2, 2}, Qt::red), "png");
-        QTest::newRow("png") << u"a.png"_s << png << u"image/png"_s;
-        QTest::newRow("jpeg") << u"B.JPG"_s << encodedImage(solidImage({2, 2}, Qt::red), "jpg")
-                              << u"image/jpeg"_s;
-        QTest::newRow("by content") << u"photo"_s << png << u"image/png"_s;
-        QTest::newRow("unknown") << u"photo"_s << QByteArray::fromHex("00e101fe02") << QString();
-        QTest::newRow("text under the name of a picture")
-            << u"a.png"_s << "Dear all"_ba << QString();
-        QTest::newRow("text") << u"letter.txt"_s << "Dear all"_ba << QString();
-        QTest::newRow("empty") << u"a.png"_s << ""_ba << QString();
-    }
-
     void filesBecomeAttachments()
     {
-        QFETCH(const QString, name);
-        QFETCH(const QByteArray, bytes);
-        QFETCH(const QString, mimeType);
+        const QByteArray png = encodedImage(solidImage({2, 2}, Qt::red), "png");
+        const QByteArray jpeg = encodedImage(solidImage({2, 2}, Qt::red), "jpg");
+        readFile(u"a.png"_s, png, u"image/png"_s);
+        readFile(u"B.JPG"_s, jpeg, u"image/jpeg"_s);
+        readFile(u"photo"_s, png, u"image/png"_s); // By its content.
+        readFile(u"photo"_s, QByteArray::fromHex("00e101fe02"), {});
+        readFile(u"a.png"_s, "Dear all", {});
+        readFile(u"letter.txt"_s, "Dear all", {});
+        readFile(u"a.png"_s, "", {});
+    }
+
+private:
+    /// Without a type, the file is rejected.
+    static void readFile(const QString &name, const QByteArray &bytes, const QString &mimeType)
+    {
         const QTemporaryDir one;
         const QTemporaryDir other;
         QList<std::optional<AttachmentDto>> read;

@@ -230,28 +230,21 @@ private Q_SLOTS:
         }
     }
 
-    void thumbnailsFillTheirTarget_data()
-    {
-        QTest::addColumn<QSize>("picture");
-        QTest::addColumn<QSize>("target");
-        QTest::addColumn<QSize>("thumbnail");
-        QTest::newRow("wide") << QSize(800, 400) << QSize(100, 100) << QSize(200, 100);
-        QTest::newRow("tall") << QSize(300, 600) << QSize(100, 50) << QSize(100, 200);
-        QTest::newRow("never larger") << QSize(80, 40) << QSize(100, 100) << QSize(80, 40);
-        QTest::newRow("very long") << QSize(2000, 20) << QSize(10, 10) << QSize(200, 2);
-        QTest::newRow("no target") << QSize(80, 40) << QSize(0, 100) << QSize(80, 40);
-    }
-
     void thumbnailsFillTheirTarget()
     {
-        QFETCH(const QSize, picture);
-        QFETCH(const QSize, target);
-        QFETCH(const QSize, thumbnail);
-        const QImage image = solidImage(picture, Qt::darkCyan);
-        QCOMPARE(images::thumbnail(image, target).size(), thumbnail);
-        for (const char *format : {"png", "jpeg"})
-            QCOMPARE(images::decodedThumbnail(encodedImage(image, format), target).size(),
-                     thumbnail);
+        const std::tuple<QSize, QSize, QSize> cases[] = {
+            {{800, 400}, {100, 100}, {200, 100}}, // Wide.
+            {{300, 600}, {100, 50}, {100, 200}},  // Tall.
+            {{80, 40}, {100, 100}, {80, 40}},     // Never larger.
+            {{2000, 20}, {10, 10}, {200, 2}},     // Very long.
+            {{80, 40}, {0, 100}, {80, 40}}};      // No target.
+        for (const auto &[picture, target, thumbnail] : cases) {
+            const QImage image = solidImage(picture, Qt::darkCyan);
+            QCOMPARE(images::thumbnail(image, target).size(), thumbnail);
+            for (const char *format : {"png", "jpeg"})
+                QCOMPARE(images::decodedThumbnail(encodedImage(image, format), target).size(),
+                         thumbnail);
+        }
     }
 
     void largeJpegsAreScaledDown()

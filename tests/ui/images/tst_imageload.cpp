@@ -180,26 +180,20 @@ private Q_SLOTS:
         QCOMPARE(ImageCache::shared().image(key).size(), fullSize);
     }
 
-    void unsafeAddressesAreNeverLoaded_data()
+    void unsafeAddressesAreNeverLoaded()
     {
-        QTest::addColumn<QUrl>("url");
         for (const char *text :
              {"", "photo.png", "/etc/passwd", "//cdn.example/a.png", "file:///etc/passwd",
               "data:image/png;base64,iVBORw0KGgo=", "qrc:/a.png", "ftp://cdn.example/a.png",
-              "https://", "https:///a.png", "http://[half", "javascript:alert(1)"})
-            QTest::newRow(text) << QUrl(QString::fromLatin1(text));
-    }
-
-    void unsafeAddressesAreNeverLoaded()
-    {
-        QFETCH(const QUrl, url);
-        for (const auto thumbnail : {std::optional<QSizeF>(), std::optional(QSizeF(10, 10))}) {
-            ImageLoadFixture fixture;
-            const auto view = fixture.view(thumbnail, url);
-            fixture.appear(*view);
-            settle();
-            QVERIFY(!view->isLoading() && view->image().isNull());
-            QCOMPARE(fixture.requestCount(), 0);
+              "https://", "https:///a.png", "http://[half", "javascript:alert(1)"}) {
+            for (const auto thumbnail : {std::optional<QSizeF>(), std::optional(QSizeF(10, 10))}) {
+                ImageLoadFixture fixture;
+                const auto view = fixture.view(thumbnail, QUrl(QString::fromLatin1(text)));
+                fixture.appear(*view);
+                settle();
+                QVERIFY2(!view->isLoading() && view->image().isNull(), text);
+                QVERIFY2(fixture.requestCount() == 0, text);
+            }
         }
     }
 

@@ -31,12 +31,6 @@ class PresentationTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void withoutAWindowNothingHappens()
-    {
-        MessengerFixture fixture;
-        open();
-        QVERIFY(!fixture.messenger() && fixture.openStates().isEmpty());
-    }
 
     void itWaitsForTheSettingsAndShowsTheList()
     {
@@ -84,23 +78,6 @@ private Q_SLOTS:
         QTRY_VERIFY(fixture.find(u"main_subtitle"_s));
     }
 
-    void aListStaysWhenALaterLoadFails()
-    {
-        MessengerFixture fixture;
-        fixture.setTickets({u"t1"_s});
-        QVERIFY(fixture.showHost());
-        fixture.loadSettings();
-        open();
-        QTRY_VERIFY(fixture.find(u"text of last"_s));
-        for (const bool isFailing : {true, false}) {
-            fixture.isFailing = isFailing;
-            QTest::keyClick(&fixture.host, Qt::Key_F5);
-            settle();
-            QTRY_COMPARE(fixture.find(u"ticket_list_stale"_s) != nullptr, isFailing);
-            QTRY_VERIFY(fixture.find(u"text of last"_s));
-        }
-    }
-
     void aTappedPushLoadsTheListOnce()
     {
         MessengerFixture fixture;
@@ -119,28 +96,21 @@ private Q_SLOTS:
         QCOMPARE(fixture.openStates(), QList<bool>({true, false, true}));
     }
 
-    void closingRestoresTheHost_data()
-    {
-        using Close = std::function<void(MessengerFixture &)>;
-        QTest::addColumn<Close>("close");
-        QTest::addColumn<int>("taps");
-        const auto key = [](Qt::Key pressed) {
-            return
-                [pressed](MessengerFixture &fixture) { QTest::keyClick(&fixture.host, pressed); };
-        };
-        QTest::newRow("Escape") << Close(key(Qt::Key_Escape)) << 1;
-        QTest::newRow("back key") << Close(key(Qt::Key_Back)) << 1;
-        QTest::newRow("button") << Close([](MessengerFixture &fixture) {
-            QTest::mouseClick(&fixture.host, Qt::LeftButton, {},
-                              QPoint(fixture.host.width() - 34, 34));
-        }) << 1;
-        QTest::newRow("host") << Close([](MessengerFixture &) { Tolvane::close(); }) << 0;
-    }
-
     void closingRestoresTheHost()
     {
-        QFETCH(const std::function<void(MessengerFixture &)>, close);
-        QFETCH(const int, taps);
+        closeBy([](QQuickView &host) { QTest::keyClick(&host, Qt::Key_Escape); }, 1);
+        closeBy([](QQuickView &host) { QTest::keyClick(&host, Qt::Key_Back); }, 1);
+        closeBy(
+            [](QQuickView &host) {
+                QTest::mouseClick(&host, Qt::LeftButton, {}, QPoint(host.width() - 34, 34));
+            },
+            1);
+        closeBy([](QQuickView &) { Tolvane::close(); }, 0);
+    }
+
+private:
+    static void closeBy(const std::function<void(QQuickView &)> &close, int taps)
+    {
         MessengerFixture fixture;
         QVERIFY(fixture.showHost());
         fixture.loadSettings();
@@ -153,8 +123,8 @@ private Q_SLOTS:
             settle();
             QTest::qWait(400);
             QVERIFY(Tolvane::isOpen());
-            close(fixture);
-            close(fixture); // It is closing already,
+            close(fixture.host);
+            close(fixture.host); // It is closing already,
             QTest::mouseClick(&fixture.host, Qt::LeftButton, {}, QPoint(195, 760)); // and inert.
             QVERIFY(Tolvane::isOpen());
             QTRY_VERIFY(!fixture.messenger());
@@ -170,6 +140,7 @@ private Q_SLOTS:
         }
     }
 
+private Q_SLOTS:
     void itTakesTheFocusedWindow()
     {
         MessengerFixture fixture;
@@ -183,29 +154,24 @@ private Q_SLOTS:
         QVERIFY(other.contentItem()->childItems().isEmpty());
     }
 
-    void itOpensAConversationDirectly_data()
-    {
-        using Open = std::function<void()>;
-        QTest::addColumn<Open>("openIt");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("draft");
-        QTest::newRow("by its id")
-            << Open([] { Tolvane::openConversation(u"t9"_s); }) << u"ticket_support"_s << QString();
-        QTest::newRow("new, with a text")
-            << Open([] { Tolvane::openNewConversation(u"My order"_s); })
-            << u"ticket_new_discussion"_s << u"My order"_s;
-        QTest::newRow("of a push") << Open([] {
-            Tolvane::handlePushNotification(
-                {{u"source"_s, u"tolvane"_s},
-                 {u"message"_s, json::dictionary(makeMessage(u"m"_s))}});
-        }) << u"ticket_support"_s << QString();
-    }
-
     void itOpensAConversationDirectly()
     {
-        QFETCH(const std::function<void()>, openIt);
-        QFETCH(const QString, title);
-        QFETCH(const QString, draft);
+        openDirectly([] { Tolvane::openConversation(u"t9"_s); }, u"ticket_support"_s, {});
+        openDirectly([] { Tolvane::openNewConversation(u"My order"_s); },
+                     u"ticket_new_discussion"_s, u"My order"_s);
+        const QVariantMap message = json::dictionary(makeMessage(u"m"_s));
+        openDirectly(
+            [message] {
+                Tolvane::handlePushNotification(
+                    {{u"source"_s, u"tolvane"_s}, {u"message"_s, message}});
+            },
+            u"ticket_support"_s, {});
+    }
+
+private:
+    static void openDirectly(const std::function<void()> &openIt, const QString &title,
+                             const QString &draft)
+    {
         MessengerFixture fixture;
         openIt(); // There is no window, so it is forgotten.
         QVERIFY(fixture.showHost());
@@ -230,25 +196,21 @@ private Q_SLOTS:
         }
     }
 
-    void aPanelLeavesTheHostUsable_data()
-    {
-        QTest::addColumn<QSize>("window");
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<QRect>("area");
-        QTest::newRow("high window") << QSize(1000, 900) << u"en"_s << QRect(584, 164, 400, 720);
-        QTest::newRow("smallest window") << QSize(700, 500) << u"en"_s << QRect(284, 16, 400, 468);
-        QTest::newRow("right to left") << QSize(1000, 900) << u"ar"_s << QRect(16, 164, 400, 720);
-        QTest::newRow("too narrow") << QSize(699, 900) << u"en"_s << QRect(0, 0, 699, 900);
-        QTest::newRow("too low") << QSize(900, 499) << u"en"_s << QRect(0, 0, 900, 499);
-    }
-
+private Q_SLOTS:
     void aPanelLeavesTheHostUsable()
     {
-        QFETCH(const QSize, window);
-        QFETCH(const QString, language);
-        QFETCH(const QRect, area);
+        showPanel({1000, 900}, Qt::LeftToRight, {584, 164, 400, 720});
+        showPanel({700, 500}, Qt::LeftToRight, {284, 16, 400, 468}); // The smallest window.
+        showPanel({1000, 900}, Qt::RightToLeft, {16, 164, 400, 720});
+        showPanel({699, 900}, Qt::LeftToRight, {0, 0, 699, 900}); // Too narrow.
+        showPanel({900, 499}, Qt::LeftToRight, {0, 0, 900, 499}); // Too low.
+    }
+
+private:
+    static void showPanel(const QSize &window, Qt::LayoutDirection direction, const QRect &area)
+    {
         MessengerFixture fixture;
-        fixture.bundle->direction = language == u"ar"_s ? Qt::RightToLeft : Qt::LeftToRight;
+        fixture.bundle->direction = direction;
         Tolvane::setPresentation(Tolvane::Presentation::panel);
         fixture.host.resize(window);
         QVERIFY(fixture.showHost());
@@ -287,20 +249,18 @@ private Q_SLOTS:
         QCOMPARE(fixture.find(u"My order"_s), draft);
     }
 
-    void itClosesWithTheHostsWindow_data()
-    {
-        QTest::addColumn<bool>("isDestroyed");
-        QTest::addColumn<bool>("isQuick");
-        QTest::newRow("closed") << false << true;
-        QTest::newRow("destroyed") << true << true;
-        QTest::newRow("closed, raster") << false << false;
-        QTest::newRow("destroyed, raster") << true << false;
-    }
-
+private Q_SLOTS:
     void itClosesWithTheHostsWindow()
     {
-        QFETCH(const bool, isDestroyed);
-        QFETCH(const bool, isQuick);
+        for (const bool isDestroyed : {false, true}) {
+            for (const bool isQuick : {true, false})
+                endTheWindow(isDestroyed, isQuick);
+        }
+    }
+
+private:
+    static void endTheWindow(bool isDestroyed, bool isQuick)
+    {
         MessengerFixture fixture;
         for (int round = 0; round < 2; ++round) {
             std::unique_ptr<QWindow> window;
@@ -323,16 +283,16 @@ private Q_SLOTS:
         QCOMPARE(fixture.openStates(), QList<bool>({true, false, true, false}));
     }
 
-    void otherHostsGetAModalWindow_data()
-    {
-        QTest::addColumn<bool>("isClosedByTheSystem");
-        QTest::newRow("by the customer") << false;
-        QTest::newRow("by the window manager") << true;
-    }
-
+private Q_SLOTS:
     void otherHostsGetAModalWindow()
     {
-        QFETCH(const bool, isClosedByTheSystem);
+        for (const bool isClosedByTheSystem : {false, true})
+            openOverARasterWindow(isClosedByTheSystem);
+    }
+
+private:
+    static void openOverARasterWindow(bool isClosedByTheSystem)
+    {
         MessengerFixture fixture;
         QRasterWindow window;
         window.resize(360, 500);

@@ -91,37 +91,23 @@ private Q_SLOTS:
         }
     }
 
-    void rowsDescribeTheirTicket_data()
-    {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<QString>("picture");
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<Avatar::Kind>("icon");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<bool>("isUnread");
-        const QString url = u"https://cdn.example/a.png"_s;
-        QTest::newRow("ai") << u"ai agent"_s << url << u"open"_s << Avatar::AI << u"ai agent"_s
-                            << true;
-        QTest::newRow("human with picture")
-            << u"human agent"_s << url << u"open"_s << Avatar::Picture << u"Maya"_s << true;
-        QTest::newRow("human") << u"human agent"_s << QString() << u"open"_s << Avatar::Person
-                               << u"Maya"_s << true;
-        QTest::newRow("customer") << u"customer"_s << QString() << u"open"_s << Avatar::Person
-                                  << u"main_sender_customer_name"_s << false;
-        QTest::newRow("closed") << u"ai agent"_s << QString() << u"closed"_s << Avatar::Closed
-                                << u"ai agent"_s << true;
-        QTest::newRow("case counts")
-            << u"AI agent"_s << QString() << u"Closed"_s << Avatar::Person << u"AI agent"_s << true;
-    }
-
     void rowsDescribeTheirTicket()
     {
-        QFETCH(const QString, type);
-        QFETCH(const QString, picture);
-        QFETCH(const QString, state);
-        QFETCH(const Avatar::Kind, icon);
-        QFETCH(const QString, label);
-        QFETCH(const bool, isUnread);
+        const QString url = u"https://cdn.example/a.png"_s;
+        const QString open = u"open"_s;
+        describe(words::aiAgent, url, open, Avatar::AI, words::aiAgent);
+        describe(words::humanAgent, url, open, Avatar::Picture, u"Maya"_s);
+        describe(words::humanAgent, {}, open, Avatar::Person, u"Maya"_s);
+        describe(words::customer, {}, open, Avatar::Person, u"main_sender_customer_name"_s);
+        describe(words::aiAgent, {}, words::closed, Avatar::Closed, words::aiAgent);
+        describe(u"AI agent"_s, {}, u"Closed"_s, Avatar::Person, u"AI agent"_s); // Case counts.
+    }
+
+private:
+    static void describe(const QString &type, const QString &picture, const QString &state,
+                         Avatar::Kind icon, const QString &label)
+    {
+        const bool isUnread = type != words::customer;
         Fixture fixture;
         TicketPreviewDto preview = makePreview();
         preview.state = state;
