@@ -116,22 +116,19 @@ private Q_SLOTS:
         QVERIFY(!ranOn.contains(QThread::currentThread()));
     }
 
-    void sleepsEnd_data()
-    {
-        QTest::addColumn<int>("stopped"); // When the stop is requested: see the rows.
-        QTest::addColumn<bool>("elsewhere");
-        QTest::newRow("never") << 0 << false;
-        QTest::newRow("before") << 1 << false;
-        QTest::newRow("during") << 2 << false;
-        QTest::newRow("during, from another thread") << 2 << true;
-        QTest::newRow("after") << 3 << false;
-        QTest::newRow("after, from another thread") << 3 << true;
-    }
-
     void sleepsEnd()
     {
-        QFETCH(const int, stopped);
-        QFETCH(const bool, elsewhere);
+        for (const bool elsewhere : {false, true}) {
+            for (const int stopped : {0, 1, 2, 3})
+                sleepAndStop(stopped, elsewhere);
+        }
+    }
+
+private:
+    /// @param stopped when the stop is requested: never, before, during or after the sleep
+    /// @param elsewhere whether another thread requests it
+    static void sleepAndStop(int stopped, bool elsewhere)
+    {
         const auto clock = makeSystemClock();
         std::stop_source source;
         const auto stop = [&] {
@@ -156,6 +153,7 @@ private Q_SLOTS:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
+private Q_SLOTS:
     void stopsRaceWithTheEndOfSleeps()
     {
         const auto clock = makeSystemClock();

@@ -135,24 +135,19 @@ private Q_SLOTS:
         QCOMPARE(steps, 0);
     }
 
-    void rowsMoveAndFade_data()
-    {
-        QTest::addColumn<QByteArray>("motion");
-        QTest::addColumn<double>("startShift");
-        QTest::addColumn<double>("startOpacity");
-        QTest::addColumn<double>("endShift");
-        QTest::addColumn<double>("endOpacity");
-        QTest::newRow("enters from below") << QByteArray("enter") << 40.0 << 0.0 << 0.0 << 1.0;
-        QTest::newRow("is displaced") << QByteArray("displace") << -75.0 << 1.0 << 0.0 << 1.0;
-        QTest::newRow("leaves upwards") << QByteArray("leave") << 0.0 << 1.0 << -40.0 << 0.0;
-        QTest::newRow("leaves downwards") << QByteArray("leaveDown") << 0.0 << 1.0 << 40.0 << 0.0;
-    }
-
     void rowsMoveAndFade()
     {
-        QFETCH(const QByteArray, motion);
-        QFETCH(const double, startShift);
-        QFETCH(const double, startOpacity);
+        // The shift and the opacity at the beginning and at the end.
+        move("enter", 40, 0, 0, 1);
+        move("displace", -75, 1, 0, 1);
+        move("leave", 0, 1, -40, 0);
+        move("leaveDown", 0, 1, 40, 0);
+    }
+
+private:
+    static void move(const QByteArray &motion, double startShift, double startOpacity,
+                     double endShift, double endOpacity)
+    {
         ManualFrames frames;
         RowFixture fixture;
         ListRow &row = *fixture.row;
@@ -173,11 +168,12 @@ private Q_SLOTS:
         QCOMPARE(fixture.pointer->y(), 300 + row.shift());
         frames.pass(200);
         QVERIFY(!row.isMoving());
-        QTEST(row.shift(), "endShift");
-        QTEST(fixture.pointer->opacity(), "endOpacity");
+        QCOMPARE(row.shift(), endShift);
+        QCOMPARE(fixture.pointer->opacity(), endOpacity);
         QVERIFY(fixture.steps >= 3);
     }
 
+private Q_SLOTS:
     void aReleasedItemIsNotAnimated()
     {
         ManualFrames frames;
