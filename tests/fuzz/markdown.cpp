@@ -69,9 +69,10 @@ void markdown(Input input)
     require(plain.size() <= source.size(), "the plain text is no longer than the source");
     require(styled.isRich ? textIn(styled.text) == plain : styled.text == plain,
             "rich and plain text agree");
-    require(styled.isRich || styled.link.isEmpty(), "only rich text has a link");
+    require(styled.isRich || styled.links.isEmpty(), "only rich text has a link");
     // Each character may have all styles and a link, and be escaped.
-    require(styled.text.size() <= 100 + 60 * source.size() + 6 * source.size() * styled.link.size(),
+    require(styled.text.size() <=
+                100 + 60 * source.size() + 6 * source.size() * styled.links.join(u' ').size(),
             "the size of the HTML is bounded");
 }
 

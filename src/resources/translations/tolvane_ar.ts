@@ -257,6 +257,21 @@
         <translation>مشاركة</translation>
     </message>
     <message>
+        <source>message_copy</source>
+        <extracomment>In the context menu of a message: copies the whole text of the message.</extracomment>
+        <translation>نسخ الرسالة</translation>
+    </message>
+    <message>
+        <source>message_open_link</source>
+        <extracomment>In the context menu of a message: opens a link. Its address follows after a colon if the message has several.</extracomment>
+        <translation>فتح الرابط</translation>
+    </message>
+    <message>
+        <source>message_copy_link</source>
+        <extracomment>In the context menu of a message: copies the address of a link.</extracomment>
+        <translation>نسخ الرابط</translation>
+    </message>
+    <message>
         <source>picture_open</source>
         <extracomment>In the context menu of a picture in a message: shows it in the whole window.</extracomment>
         <translation>فتح</translation>

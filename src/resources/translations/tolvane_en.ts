@@ -241,6 +241,21 @@
         <translation>Share</translation>
     </message>
     <message>
+        <source>message_copy</source>
+        <extracomment>In the context menu of a message: copies the whole text of the message.</extracomment>
+        <translation>Copy message</translation>
+    </message>
+    <message>
+        <source>message_open_link</source>
+        <extracomment>In the context menu of a message: opens a link. Its address follows after a colon if the message has several.</extracomment>
+        <translation>Open link</translation>
+    </message>
+    <message>
+        <source>message_copy_link</source>
+        <extracomment>In the context menu of a message: copies the address of a link.</extracomment>
+        <translation>Copy link</translation>
+    </message>
+    <message>
         <source>picture_open</source>
         <extracomment>In the context menu of a picture in a message: shows it in the whole window.</extracomment>
         <translation>Open</translation>

@@ -241,6 +241,21 @@
         <translation>Partager</translation>
     </message>
     <message>
+        <source>message_copy</source>
+        <extracomment>In the context menu of a message: copies the whole text of the message.</extracomment>
+        <translation>Copier le message</translation>
+    </message>
+    <message>
+        <source>message_open_link</source>
+        <extracomment>In the context menu of a message: opens a link. Its address follows after a colon if the message has several.</extracomment>
+        <translation>Ouvrir le lien</translation>
+    </message>
+    <message>
+        <source>message_copy_link</source>
+        <extracomment>In the context menu of a message: copies the address of a link.</extracomment>
+        <translation>Copier le lien</translation>
+    </message>
+    <message>
         <source>picture_open</source>
         <extracomment>In the context menu of a picture in a message: shows it in the whole window.</extracomment>
         <translation>Ouvrir</translation>

@@ -237,6 +237,21 @@
         <translation>共有</translation>
     </message>
     <message>
+        <source>message_copy</source>
+        <extracomment>In the context menu of a message: copies the whole text of the message.</extracomment>
+        <translation>メッセージをコピー</translation>
+    </message>
+    <message>
+        <source>message_open_link</source>
+        <extracomment>In the context menu of a message: opens a link. Its address follows after a colon if the message has several.</extracomment>
+        <translation>リンクを開く</translation>
+    </message>
+    <message>
+        <source>message_copy_link</source>
+        <extracomment>In the context menu of a message: copies the address of a link.</extracomment>
+        <translation>リンクをコピー</translation>
+    </message>
+    <message>
         <source>picture_open</source>
         <extracomment>In the context menu of a picture in a message: shows it in the whole window.</extracomment>
         <translation>開く</translation>

@@ -245,6 +245,21 @@
         <translation>Поділитися</translation>
     </message>
     <message>
+        <source>message_copy</source>
+        <extracomment>In the context menu of a message: copies the whole text of the message.</extracomment>
+        <translation>Копіювати повідомлення</translation>
+    </message>
+    <message>
+        <source>message_open_link</source>
+        <extracomment>In the context menu of a message: opens a link. Its address follows after a colon if the message has several.</extracomment>
+        <translation>Відкрити посилання</translation>
+    </message>
+    <message>
+        <source>message_copy_link</source>
+        <extracomment>In the context menu of a message: copies the address of a link.</extracomment>
+        <translation>Копіювати посилання</translation>
+    </message>
+    <message>
         <source>picture_open</source>
         <extracomment>In the context menu of a picture in a message: shows it in the whole window.</extracomment>
         <translation>Відкрити</translation>

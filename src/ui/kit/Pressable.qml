@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Tolvane.Private
 
 // An item to press: by pointer, by Return, Enter or Space while it has the focus, or by assistive
 // technology. Has no look but the ring that shows the focus; without a tint, the ring is invisible.

@@ -76,8 +76,8 @@ FormattedText inlineMarkdown(const QString &source, const QString &emojiFamily)
         const QString part = html(span, emojiFamily);
         result.isRich =
             result.isRich || span.styles != 0 || !span.link.isEmpty() || part.contains(u"<span");
-        if (result.link.isEmpty())
-            result.link = span.link;
+        if (!span.link.isEmpty() && !result.links.contains(span.link))
+            result.links += span.link;
         body += part;
     }
     result.text = result.isRich ? enclosed(QStringLiteral("div"),

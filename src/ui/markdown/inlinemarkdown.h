@@ -5,6 +5,7 @@
 
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtQml/qqmlregistration.h>
 
 namespace tolvane {
@@ -17,13 +18,13 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT FormattedText
     Q_PROPERTY(QString text MEMBER text)
     /// Whether `text` is HTML; otherwise it is plain text.
     Q_PROPERTY(bool isRich MEMBER isRich)
-    /// The address of the first link, if there is one.
-    Q_PROPERTY(QString link MEMBER link)
+    /// The addresses of all links, in their order, each once.
+    Q_PROPERTY(QStringList links MEMBER links)
 
 public:
     QString text;
     bool isRich = false;
-    QString link;
+    QStringList links;
 
     bool operator==(const FormattedText &) const = default;
 };

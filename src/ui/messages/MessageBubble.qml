@@ -16,7 +16,15 @@ Item {
     readonly property color tint: isCustomer ? Theme.fontUserBubbleColor
                                              : Theme.fontAgentBubbleColor
 
+    /// The address of the link at a position of the bubble; empty without one.
+    function linkAt(position: point): string {
+        return label.linkAt(position.x - label.x, position.y - label.y)
+    }
+
     signal linkActivated(string link)
+    signal menuRequested(point position)
+    /// The mouse has entered the text or left it.
+    signal hovered(Text text, bool isHovered)
     signal pressed()
 
     // The text is laid out once, with all the width there is; its widest line is the bubble's.
@@ -33,12 +41,25 @@ Item {
 
     TapHandler {
         acceptedButtons: Qt.LeftButton | Qt.RightButton
-        onTapped: bubble.pressed()
+        onTapped: (eventPoint, button) => {
+            if (button === Qt.RightButton)
+                bubble.menuRequested(eventPoint.position)
+            else
+                bubble.pressed()
+        }
+    }
+
+    HoverHandler {
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        cursorShape: label.hoveredLink.length > 0 ? Qt.PointingHandCursor : Qt.IBeamCursor
+        onHoveredChanged: bubble.hovered(label, hovered)
     }
 
     Text {
         id: label
 
+        // Above the selection.
+        z: 1
         x: effectiveHorizontalAlignment === Text.AlignRight ? bubble.width - width - Metrics.Padding
                                                             : Metrics.Padding
         y: Metrics.Padding
@@ -61,11 +82,6 @@ Item {
                 text: label.hoveredLink
                 isWanted: true
             }
-        }
-
-        HoverHandler {
-            enabled: label.hoveredLink.length > 0
-            cursorShape: Qt.PointingHandCursor
         }
     }
 }

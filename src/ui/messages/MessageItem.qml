@@ -28,13 +28,22 @@ Item {
     signal attachmentOpened(url imageUrl)
     signal pictureMenuRequested(AttachmentThumbnail cell, point position)
     signal linkActivated(string link)
+    signal menuRequested(point position)
+    signal textHovered(Text text, bool isHovered)
     signal pressed()
 
     function activate() {
         if (attachments.length > 0)
             (grid.item as AttachmentsGrid).open(0)
-        else if (content.link)
-            linkActivated(content.link)
+        else if (content.links.length === 1)
+            linkActivated(content.links[0])
+        else if (content.links.length > 1)
+            openMenu()
+    }
+
+    /// Opens the context menu in the middle of the text.
+    function openMenu() {
+        menuRequested(Qt.point(bubble.width / 2, bubble.height / 2))
     }
 
     readonly property real topInset: isFirst ? Metrics.Spacing : 0
@@ -50,7 +59,7 @@ Item {
     implicitHeight: isLast ? caption.y + caption.height + Metrics.Spacing + gap : bubbleBottom
     Accessible.role: Accessible.ListItem
     Accessible.name: description
-    Accessible.description: content.link
+    Accessible.description: content.links.join(", ")
     Accessible.focusable: true
     Accessible.focused: showsFocus
     Accessible.ignored: !isFirst
@@ -101,6 +110,8 @@ Item {
         isLast: message.isLast
         content: message.content
         onLinkActivated: link => message.linkActivated(link)
+        onMenuRequested: position => message.menuRequested(position)
+        onHovered: (text, isHovered) => message.textHovered(text, isHovered)
         visible: message.hasBubble
         onPressed: message.pressed()
     }

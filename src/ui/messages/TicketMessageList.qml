@@ -84,8 +84,12 @@ Item {
             rows.scrollToEnd(Metrics.TransitionDuration)
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
             (rows.currentItem as MessageItem)?.activate()
+        else if (event.matches(StandardKey.Copy) && !textSelection.isEmpty)
+            textSelection.copy()
         else if (event.matches(StandardKey.Copy))
             list.model.copy(rows.currentIndex)
+        else if (Keyboard.opensMenu(event.key, event.modifiers))
+            (rows.currentItem as MessageItem)?.openMenu()
         else
             event.accepted = false
     }
@@ -150,6 +154,8 @@ Item {
                 id: message
 
                 onAttachmentOpened: imageUrl => list.attachmentOpened(imageUrl, message.attachments)
+                onTextHovered: (text, isHovered) => textSelection.hover(text, isHovered)
+                onMenuRequested: position => list.openTextMenu(message, position)
                 onPictureMenuRequested: (cell, position) => list.openPictureMenu(cell, position)
                 gap: Metrics.MessageSpacing
                 showsFocus: isCurrent && list.activeFocus
@@ -159,6 +165,32 @@ Item {
                     list.forceActiveFocus(Qt.MouseFocusReason)
                 }
             }
+        }
+    }
+
+    TextSelection {
+        id: textSelection
+
+        // The keys for copying reach the list.
+        onStarted: list.forceActiveFocus(Qt.MouseFocusReason)
+    }
+
+    function openTextMenu(message: MessageItem, position: point) {
+        textMenu.active = true
+        const link = message.bubble.linkAt(position)
+        const menu = textMenu.item as TextMenu
+        menu.openFor(message.bubble, position, link.length > 0 ? [link] : message.content.links,
+                     () => list.model.copy(rows.indexOf(message)))
+    }
+
+    Loader {
+        id: textMenu
+
+        active: false
+        sourceComponent: TextMenu {
+            name: list.Accessible.name
+            selection: textSelection
+            onLinkOpened: link => Qt.openUrlExternally(link)
         }
     }
 

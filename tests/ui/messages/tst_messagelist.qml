@@ -293,6 +293,7 @@ Rectangle {
                                                               keyClick(Qt.Key_Return) }},
                     {tag: "by the menu key", open: cell => { cell.forceActiveFocus()
                                                              keyClick(Qt.Key_Menu)
+                                                             verify(!cell.activeFocus)
                                                              keyClick(Qt.Key_Return) }}]
         }
         function test_picturesAreOpened(data) {
@@ -348,15 +349,64 @@ Rectangle {
                 compare(list.rows.itemAt(row + 1).bubble.width, list.rows.itemAt(row).bubble.width)
         }
 
-        function test_links() {
-            open([{id: "m", type: "ai agent", content: "[here](https://x.y/z)"}])
-            Samples.openedLinks()
-            mouseClick(lastRow().bubble, 24, 24)
-            compare(Samples.openedLinks(), ["https://x.y/z"])
+        function keys(keys) {
             list.forceActiveFocus()
-            keyClick(Qt.Key_Up)
-            keyClick(Qt.Key_Return)
-            compare(Samples.openedLinks(), ["https://x.y/z"])
+            for (const key of [Qt.Key_Up].concat(keys))
+                keyClick(key)
+        }
+
+        function test_links_data() {
+            const one = "[here](https://x.y/z)"
+            const two = one + " [there](https://x.y/2)"
+            return [{tag: "clicked", content: one, opened: "https://x.y/z",
+                     open: bubble => mouseClick(bubble, 24, 24)},
+                    {tag: "by key", content: one, opened: "https://x.y/z",
+                     open: () => keys([Qt.Key_Return])},
+                    {tag: "one of two", content: two, opened: "https://x.y/2",
+                     open: () => keys([Qt.Key_Return, Qt.Key_Down, Qt.Key_Down, Qt.Key_Return])},
+                    {tag: "by right click", content: two, opened: "https://x.y/z",
+                     open: bubble => { mouseClick(bubble, 24, 24, Qt.RightButton)
+                                       keyClick(Qt.Key_Down); keyClick(Qt.Key_Return) }}]
+        }
+        function test_links(data) {
+            open([{id: "m", type: "ai agent", content: data.content}])
+            Samples.openedLinks()
+            data.open(lastRow().bubble)
+            compare(Samples.openedLinks(), [data.opened])
+        }
+
+        TextEdit {
+            id: clipboard
+
+            function read() {
+                clear()
+                paste()
+                return text
+            }
+        }
+
+        function test_textIsSelected_data() {
+            return [{tag: "plain", content: "one two\nthree"}, {tag: "rich", content: "`one` two\n*three*"}]
+        }
+        function test_textIsSelected(data) {
+            open([{id: "l", type: "ai agent", content: "below"},
+                  {id: "m", type: "ai agent", content: data.content}])
+            const bubble = lastRow().bubble
+            mouseMove(bubble, 20, 24)
+            mouseDoubleClickSequence(bubble, 20, 24)
+            keyClick(Qt.Key_C, Qt.ControlModifier)
+            compare(clipboard.read(), "one")
+            mousePress(bubble, 16, 24)
+            for (let step = 1; step < 9; ++step)
+                mouseMove(bubble, 16 + step * (bubble.width - 24) / 8, 24 + step * (bubble.height - 44) / 8)
+            mouseRelease(bubble, bubble.width - 8, bubble.height - 20)
+            // The selection stays while the pointer is elsewhere.
+            mouseMove(list.rows.itemAt(0).bubble, 20, 24)
+            keyClick(Qt.Key_C, Qt.ControlModifier)
+            compare(clipboard.read(), "one two\nthree")
+            mouseMove(bubble, 20, 24)
+            mouseClick(bubble, 20, 24)
+            tryVerify(() => findAll(list.rows, item => item instanceof SelectableText).length === 1)
         }
 
         function test_sides_data() {
