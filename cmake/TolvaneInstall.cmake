@@ -11,8 +11,14 @@ set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/TolvaneSdk")
 set_target_properties(TolvaneCore PROPERTIES EXPORT_NAME Core INSTALL_RPATH "")
 set_target_properties(TolvaneSdk PROPERTIES EXPORT_NAME Sdk INSTALL_RPATH "$ORIGIN")
 
+set(parts Core Sdk)
+if(TARGET TolvaneWidgets)
+  set_target_properties(TolvaneWidgets PROPERTIES EXPORT_NAME Widgets INSTALL_RPATH "$ORIGIN")
+  list(APPEND parts Widgets)
+endif()
+
 # Each library has an export set of its own, so that a host of the core does not need Qt Quick.
-foreach(part Core Sdk)
+foreach(part IN LISTS parts)
   string(TOLOWER "${part}" component)
   install(TARGETS Tolvane${part}
     EXPORT Tolvane${part}Targets
@@ -54,7 +60,8 @@ else()
   set(core_private "")
   set(static_flag " -DTOLVANE_STATIC")
 endif()
-foreach(part core sdk)
+foreach(part IN LISTS parts)
+  string(TOLOWER "${part}" part)
   configure_file("${CMAKE_CURRENT_LIST_DIR}/tolvane-${part}.pc.in" tolvane-${part}.pc @ONLY)
   install(FILES "${CMAKE_CURRENT_BINARY_DIR}/tolvane-${part}.pc"
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT dev)

@@ -16,7 +16,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 
-set(CPACK_COMPONENTS_ALL core sdk qml dev)
+set(CPACK_COMPONENTS_ALL core sdk widgets qml dev)
 set(same "(= ${PROJECT_VERSION})")
 set(core libtolvanecore${PROJECT_VERSION_MAJOR})
 set(sdk libtolvanesdk${PROJECT_VERSION_MAJOR})
@@ -34,6 +34,12 @@ set(CPACK_DEBIAN_SDK_PACKAGE_RECOMMENDS
 qml6-module-qtquick-layouts, qml6-module-qt-labs-folderlistmodel")
 set(CPACK_COMPONENT_SDK_DESCRIPTION "Customer-support messenger for Qt applications")
 
+set(widgets libtolvanewidgets${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_WIDGETS_PACKAGE_NAME ${widgets})
+set(CPACK_DEBIAN_WIDGETS_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_WIDGETS_PACKAGE_DEPENDS "${sdk} ${same}")
+set(CPACK_COMPONENT_WIDGETS_DESCRIPTION "Widget of the customer-support messenger")
+
 set(CPACK_DEBIAN_QML_PACKAGE_NAME qml6-module-tolvane)
 set(CPACK_DEBIAN_QML_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_QML_PACKAGE_DEPENDS "${sdk} ${same}")
@@ -43,7 +49,7 @@ set(CPACK_DEBIAN_DEV_PACKAGE_NAME libtolvanesdk-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS
-  "${core} ${same}, ${sdk} ${same}, qt6-base-dev (>= 6.4), qt6-declarative-dev (>= 6.4)")
+  "${core} ${same}, ${sdk} ${same}, ${widgets} ${same}, qt6-base-dev (>= 6.4), qt6-declarative-dev (>= 6.4)")
 set(CPACK_COMPONENT_DEV_DESCRIPTION "Headers and build files of the customer-support messenger")
 
 include(CPack)

@@ -2,8 +2,9 @@
 #pragma once
 
 /// @file
-/// Links a host with the library of views. `tolvane/tolvane.h` includes it in hosts that link
-/// `Tolvane::Sdk`; a host that uses the messenger from QML only must include it itself.
+/// Links a host with the library of views, and embeds them. `tolvane/tolvane.h` includes it in
+/// hosts that link `Tolvane::Sdk`; a host that uses the messenger from QML only must include it
+/// itself.
 
 #include <tolvane/export.h>
 
@@ -12,7 +13,15 @@
 /// @return true
 extern "C" TOLVANE_VIEWS_EXPORT bool TolvaneSdkViews();
 
+QT_BEGIN_NAMESPACE
+class QQuickItem;
+QT_END_NAMESPACE
+
 namespace tolvane {
+
+/// Creates the item `Messenger` of the QML module `Tolvane`, for hosts that place it in C++. The
+/// caller owns it. Main thread.
+[[nodiscard]] TOLVANE_VIEWS_EXPORT QQuickItem *createMessengerItem();
 
 /// Linkers drop a library without references, and most hosts refer to the core only. This is the
 /// reference.

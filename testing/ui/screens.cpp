@@ -169,12 +169,12 @@ std::span<const Screens::Screen> Screens::all()
 {
     using S = Screens;
     static constexpr Screen screens[] = {
-        {"home-skeleton", [](S &) { TolvaneViewController::presentInForeground(); }},
+        {"home-skeleton", [](S &) { TolvaneViewController::present(); }},
         {"home-loading",
          [](S &s) {
              s.loadSettings();
              s.session->held = true;
-             TolvaneViewController::presentInForeground();
+             TolvaneViewController::present();
          }},
         {"home-list", [](S &s) { s.open(); }},
         {"home-current",
@@ -405,7 +405,7 @@ void Screens::waitForFrames(int count)
 void Screens::open()
 {
     loadSettings();
-    TolvaneViewController::presentInForeground();
+    TolvaneViewController::present();
     waitForAnimations();
     if (!QTest::qWaitFor([this] { return !screen().isLoading(); }))
         qFatal("The list was not loaded");

@@ -117,6 +117,7 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.margins: Metrics.Padding
+        visible: !home.screen.isEmbedded
         icon: "close"
         color: Theme.accentColor
         name: Strings.string("accessibility_close")

@@ -51,6 +51,7 @@ Rectangle {
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.margins: Metrics.Padding
+        visible: !view.screen.isEmbedded
         icon: "close"
         color: Theme.accentColor
         name: Strings.string("accessibility_close")

@@ -31,6 +31,8 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
     /// attempt to load them has failed. While it is not, further attempts are made.
     Q_PROPERTY(QString settingsErrorText READ settingsErrorText NOTIFY settingsChanged)
     Q_PROPERTY(bool isLoadingSettings READ isLoadingSettings NOTIFY settingsChanged)
+    /// True in an item of the host, which decides when the messenger is closed.
+    Q_PROPERTY(bool isEmbedded READ isEmbedded CONSTANT)
     /// While true, the messenger slides in and stays. When false, it slides out and calls
     /// didHide().
     Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
@@ -53,6 +55,9 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
 public:
     explicit ScreenData(QObject *parent = nullptr);
 
+    bool isEmbedded() const { return m_isEmbedded; }
+    /// Call it before the views are created.
+    void setEmbedded(bool isEmbedded) { m_isEmbedded = isEmbedded; }
     bool isShown() const { return m_isShown; }
     void setShown(bool isShown);
     bool settingsDidLoad() const;
@@ -105,6 +110,7 @@ private:
     MessageData m_attachmentSelection;
     std::vector<NotificationCenter::Observation> m_observations;
     bool m_hasStarted = false;
+    bool m_isEmbedded = false;
     bool m_isShown = false;
 };
 

@@ -3,7 +3,8 @@ import QtQuick
 import Tolvane.Private
 
 // Slides the messenger in over the content of the window, and out again: over the whole window, or as
-// a panel in a corner of it. No input reaches the content below the messenger.
+// a panel in a corner of it. No input reaches the content below the messenger. In an item of the host
+// it fills that, and does not slide.
 FocusScope {
     id: presentation
 
@@ -13,8 +14,9 @@ FocusScope {
 
     readonly property size windowSize: Qt.size(parent?.width ?? 0, parent?.height ?? 0)
     readonly property rect area:
-        PanelRules.area(windowSize, ViewOptions.prefersPanel, Strings.isRightToLeft)
-    readonly property bool isPanel: ViewOptions.prefersPanel && PanelRules.hasRoom(windowSize)
+        PanelRules.area(windowSize, prefersPanel, Strings.isRightToLeft)
+    readonly property bool prefersPanel: ViewOptions.prefersPanel && !screen.isEmbedded
+    readonly property bool isPanel: prefersPanel && PanelRules.hasRoom(windowSize)
 
     // Of the panel's content; the software renderer has no effects to clip with.
     readonly property int radius:
@@ -29,8 +31,15 @@ FocusScope {
     focus: true
     LayoutMirroring.enabled: Strings.isRightToLeft
     LayoutMirroring.childrenInherit: true
-    Keys.onEscapePressed: screen.close()
-    Keys.onBackPressed: screen.close()
+    // In an item of the host, these keys are the host's.
+    Keys.onEscapePressed: event => closeWith(event)
+    Keys.onBackPressed: event => closeWith(event)
+
+    function closeWith(event) {
+        event.accepted = !screen.isEmbedded
+        if (event.accepted)
+            screen.close()
+    }
 
     Connections {
         target: presentation.screen
@@ -65,13 +74,13 @@ FocusScope {
 
     PointerBlocker { }
 
-    // Tab does not lead to the host's controls below; from a panel it does.
+    // Tab does not lead to the host's controls below; from a panel and from an item of the host it does.
     FocusFence {
         id: firstFence
 
         otherEnd: lastFence
         isFirst: true
-        activeFocusOnTab: !presentation.isPanel
+        activeFocusOnTab: !presentation.isPanel && !presentation.screen.isEmbedded
     }
 
     FocusScope {
@@ -80,7 +89,7 @@ FocusScope {
         width: parent.width
         height: parent.height
         // Below the window.
-        y: presentation.windowSize.height - presentation.area.y
+        y: presentation.screen.isEmbedded ? 0 : presentation.windowSize.height - presentation.area.y
         focus: true
 
         PanelFrame {
@@ -103,7 +112,7 @@ FocusScope {
 
         otherEnd: firstFence
         isFirst: false
-        activeFocusOnTab: !presentation.isPanel
+        activeFocusOnTab: !presentation.isPanel && !presentation.screen.isEmbedded
     }
 
     // While the messenger leaves, its controls react to nothing any more.
@@ -128,6 +137,7 @@ FocusScope {
     }
 
     transitions: Transition {
+        enabled: !presentation.screen.isEmbedded
         onRunningChanged: {
             if (!running && !presentation.screen.isShown)
                 presentation.screen.didHide()

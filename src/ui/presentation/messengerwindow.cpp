@@ -4,10 +4,12 @@
 #include "base/mainthread.h"
 #include "platform/platform.h"
 #include "state/hostoptions.h"
+#include "ui/kit/metrics.h"
 #include "ui/presentation/panelrules.h"
 
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QPainterPath>
 
 namespace tolvane {
 
@@ -24,6 +26,14 @@ QWindow *topLevel(QWindow *window)
     while (window && window->parent())
         window = window->parent();
     return window;
+}
+
+/// The shape of the panel.
+QRegion roundedRegion(const QSize &size)
+{
+    QPainterPath path;
+    path.addRoundedRect(QRect(QPoint(), size), Metrics::PanelRadius, Metrics::PanelRadius);
+    return QRegion(path.toFillPolygon().toPolygon());
 }
 
 /// Stops the render thread, which draws animations until the process has ended. exit() would
@@ -87,7 +97,9 @@ void MessengerWindow::placeInHost()
         const bool prefersPanel =
             HostOptions::shared()->presentation() == Tolvane::Presentation::panel;
         const bool isRightToLeft = platform().bundle->layoutDirection() == Qt::RightToLeft;
-        own->setGeometry(PanelRules::area(host.size(), prefersPanel, isRightToLeft).toRect());
+        const QRect area = PanelRules::area(host.size(), prefersPanel, isRightToLeft).toRect();
+        own->setGeometry(area);
+        own->setMask(area.size() == host.size() ? QRegion() : roundedRegion(area.size()));
     };
     // The window manager knows nothing of a child.
     m_ownWindow->setParent(m_host);

@@ -28,6 +28,13 @@ QPointer<TolvaneViewController> &current()
     return controller;
 }
 
+/// Visible items of the host that the messenger may be shown in.
+std::vector<QQuickItem *> &places()
+{
+    static std::vector<QQuickItem *> items;
+    return items;
+}
+
 } // namespace
 
 TolvaneViewController::TolvaneViewController() = default;
@@ -37,48 +44,83 @@ TolvaneViewController::~TolvaneViewController()
     delete m_view;
 }
 
-void TolvaneViewController::presentInForeground()
+void TolvaneViewController::present()
 {
     if (current() && current()->m_data->isShown())
         return;
     // A messenger that is still sliding out is removed at once.
     if (current())
         current()->viewDidDisappear();
-    if (QWindow *window = MessengerWindow::foregroundWindow())
-        (new TolvaneViewController)->presentOver(*window);
+    QQuickItem *place = places().empty() ? nullptr : places().front();
+    if (QWindow *window = place ? place->window() : MessengerWindow::foregroundWindow())
+        (new TolvaneViewController)->presentIn(*window, place);
 }
 
 void TolvaneViewController::dismiss()
 {
-    if (current())
-        current()->m_data->setShown(false);
+    if (!current())
+        return;
+    current()->m_data->setShown(false);
+    if (current()->m_place)
+        current()->m_data->didHide(); // It does not slide out.
 }
 
-void TolvaneViewController::presentOver(QWindow &window)
+bool TolvaneViewController::addPlace(QQuickItem &item)
 {
+    places().push_back(&item);
+    if (places().size() > 1) {
+        Logger::shared().log(LogLevel::warning,
+                             QStringLiteral("Another item shows the messenger; this one is empty"));
+        return false;
+    }
+    if (current())
+        current()->viewDidDisappear();
+    return true;
+}
+
+void TolvaneViewController::removePlace(QQuickItem &item)
+{
+    const bool wasShown = isShownIn(item);
+    std::erase(places(), &item);
+    if (!wasShown)
+        return;
+    current()->viewDidDisappear();
+    if (!places().empty())
+        QMetaObject::invokeMethod(qGuiApp, &TolvaneViewController::present, Qt::QueuedConnection);
+}
+
+bool TolvaneViewController::isShownIn(const QQuickItem &item)
+{
+    return current() && current()->m_place == &item;
+}
+
+void TolvaneViewController::presentIn(QWindow &window, QQuickItem *place)
+{
+    m_place = place;
     m_messengerWindow = MessengerWindow(window);
     m_previousFocusItem = m_messengerWindow.window()->activeFocusItem();
-    if (!viewDidLoad()) {
+    if (!viewDidLoad(place ? place : m_messengerWindow.window()->contentItem())) {
         deleteLater();
         return;
     }
     current() = this;
     m_messengerWindow.open();
-    m_view->forceActiveFocus();
+    if (!place)
+        m_view->forceActiveFocus();
     m_isOnScreen = true;
     m_data->setShown(true);
     // Last, since an observer may close the messenger again.
     postDidChangeState(true);
 }
 
-bool TolvaneViewController::viewDidLoad()
+bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
 {
     m_data = std::make_unique<ScreenData>();
+    m_data->setEmbedded(m_place);
     const QUrl file(QStringLiteral(
         "qrc:/qt-project.org/imports/Tolvane/Private/presentation/TolvanePresentation.qml"));
     QQmlComponent component(&viewsEngine(), file);
     if (component.isReady()) {
-        QQuickItem *parent = m_messengerWindow.window()->contentItem();
         m_view = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
             {{QStringLiteral("screen"), QVariant::fromValue(m_data.get())},
              {QStringLiteral("parent"), QVariant::fromValue(parent)}}));
@@ -100,10 +142,13 @@ bool TolvaneViewController::viewDidLoad()
                 viewDidDisappear();
         });
     };
-    closeWith(m_messengerWindow.window());
-    closeWith(m_messengerWindow.host());
-    connect(m_messengerWindow.window(), &QObject::destroyed, this,
-            &TolvaneViewController::viewDidDisappear);
+    // An item of the host is removed as a place then. A dock that floats gets another window.
+    if (!m_place) {
+        closeWith(m_messengerWindow.window());
+        closeWith(m_messengerWindow.host());
+        connect(m_messengerWindow.window(), &QObject::destroyed, this,
+                &TolvaneViewController::viewDidDisappear);
+    }
     if (QQuickWindow *own = m_messengerWindow.ownWindow()) {
         // Without a receiver of this signal Qt would abort the host. Queued, since the slot deletes
         // the window.
@@ -132,7 +177,7 @@ void TolvaneViewController::viewDidDisappear()
     const bool hadFocus = m_view && m_view->hasFocus();
     delete m_view;
     m_messengerWindow.close();
-    if (m_previousFocusItem && hadFocus)
+    if (m_previousFocusItem && hadFocus && !m_place)
         m_previousFocusItem->forceActiveFocus();
     postDidChangeState(false);
     deleteLater();
@@ -140,8 +185,8 @@ void TolvaneViewController::viewDidDisappear()
 
 void TolvaneViewController::closeTapped()
 {
-    if (!m_data->isShown())
-        return; // It is closing already.
+    if (!m_data->isShown() || m_place)
+        return; // It is closing already, or the host closes it.
     TolvaneAnalyticsManager::shared().trackUserAction(
         QStringLiteral("close_button_tapped"), QStringLiteral("chat"),
         {{QStringLiteral("close_method"), QStringLiteral("button")}});

@@ -14,9 +14,9 @@ namespace tolvane {
 
 class ScreenData;
 
-/// Shows the messenger in a window, and notifies the rest of the library when it opens and when it
-/// closes, whether its close button, the window or the application closes it. Owns itself while it
-/// is on screen. Main thread.
+/// Shows the messenger in a window or in an item of the host, and notifies the rest of the library
+/// when it opens and when it closes, whether its close button, the window or the application closes
+/// it. Owns itself while it is on screen. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT TolvaneViewController final : public QObject
 {
     Q_OBJECT
@@ -25,20 +25,28 @@ public:
     TolvaneViewController();
     ~TolvaneViewController() override;
 
-    /// Shows the messenger over the host's foreground window, if there is one. Does nothing if the
-    /// messenger is shown already.
-    static void presentInForeground();
+    /// Shows the messenger in the host's item for it, or else over the host's foreground window, if
+    /// there is one. Does nothing if the messenger is shown already.
+    static void present();
     /// Closes the messenger, animated. Does nothing if it is closed or closing.
     static void dismiss();
 
+    /// From now on the messenger is shown in this item, until it is removed. False if another item
+    /// was added before, which shows it; the log says so.
+    static bool addPlace(QQuickItem &item);
+    /// Closes the messenger if this item shows it. The next item shows it then.
+    static void removePlace(QQuickItem &item);
+    static bool isShownIn(const QQuickItem &item);
+
 private:
-    void presentOver(QWindow &window);
-    bool viewDidLoad();
+    void presentIn(QWindow &window, QQuickItem *place);
+    bool viewDidLoad(QQuickItem *parent);
     void graphicsFailed(QQuickWindow::SceneGraphError error, const QString &message);
     void viewDidDisappear();
     void closeTapped();
 
     MessengerWindow m_messengerWindow;
+    QPointer<QQuickItem> m_place;
     QPointer<QQuickItem> m_previousFocusItem;
     std::unique_ptr<ScreenData> m_data;
     QPointer<QQuickItem> m_view;

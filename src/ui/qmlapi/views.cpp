@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system/userinterface.h"
 #include "ui/presentation/viewcontroller.h"
+#include "ui/qmlapi/messengeritem.h"
 
 #include <tolvane/views.h>
 
@@ -39,13 +40,18 @@ QSizeF screenSize()
 
 } // namespace
 
+QQuickItem *createMessengerItem()
+{
+    return new MessengerItem;
+}
+
 } // namespace tolvane
 
 // Called by the header `tolvane/views.h` when the library is loaded.
 bool TolvaneSdkViews()
 {
     linkModules();
-    tolvane::registerUserInterface({.present = tolvane::TolvaneViewController::presentInForeground,
+    tolvane::registerUserInterface({.present = tolvane::TolvaneViewController::present,
                                     .dismiss = tolvane::TolvaneViewController::dismiss,
                                     .screenSize = tolvane::screenSize});
     return true;

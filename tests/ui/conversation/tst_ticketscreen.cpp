@@ -51,7 +51,7 @@ struct TicketScreenFixture : MessengerFixture
     {
         QVERIFY(showHost());
         loadSettings();
-        TolvaneViewController::presentInForeground();
+        TolvaneViewController::present();
         click(role, name);
     }
 

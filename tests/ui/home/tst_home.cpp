@@ -25,7 +25,7 @@ struct HomeFixture : MessengerFixture
         if (!showHost())
             return false;
         loadSettings();
-        TolvaneViewController::presentInForeground();
+        TolvaneViewController::present();
         robot.find(QAccessible::ListItem, u"text of last"_s);
         robot.waitForAnimations();
         return true;

@@ -21,7 +21,7 @@ namespace {
 
 void open()
 {
-    TolvaneViewController::presentInForeground();
+    TolvaneViewController::present();
 }
 
 } // namespace

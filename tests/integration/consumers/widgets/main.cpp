@@ -1,4 +1,4 @@
-#include <tolvane/tolvane.h>
+#include <tolvane/messengerwidget.h>
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
@@ -25,6 +25,8 @@ int main(int argc, char **argv)
     Tolvane::initialize(QStringLiteral("key"));
     QObject::connect(&help, &QPushButton::clicked, [] { Tolvane::open(); });
     help.show();
+    // In a tab that is not shown.
+    tolvane::MessengerWidget messenger;
 
     QTimer::singleShot(100, &help, [&help] {
         help.click();

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "testing/ui/messengerfixture.h"
+
+#include <tolvane/messengerwidget.h>
+#include <tolvane/views.h>
+
+#include <QtQuickWidgets/QQuickWidget>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMainWindow>
+
+using namespace tolvane;
+using namespace tolvane::test;
+
+namespace {
+
+/// Two places for the messenger: items in the fixture's window, or widgets in one of their own.
+struct Places
+{
+    explicit Places(MessengerFixture &fixture)
+    {
+        QFETCH_GLOBAL(const bool, areWidgets);
+        for (QQuickItem *&item : items) {
+            if (!areWidgets) {
+                item = createMessengerItem();
+                item->setParentItem(fixture.host.contentItem());
+                item->setSize({300, 500});
+                continue;
+            }
+            auto *widget = new MessengerWidget(&window);
+            widget->resize(300, 500);
+            item = widget->findChild<QQuickWidget *>()->rootObject();
+            widgets.push_back(widget);
+        }
+        setVisible(1, false);
+        if (areWidgets)
+            window.show();
+    }
+    ~Places() { destroy(); }
+
+    void setVisible(std::size_t index, bool isVisible)
+    {
+        if (widgets.empty())
+            items.at(index)->setVisible(isVisible);
+        else
+            widgets.at(index)->setVisible(isVisible);
+    }
+
+    void destroy()
+    {
+        if (widgets.empty())
+            qDeleteAll(items);
+        qDeleteAll(std::exchange(widgets, {}));
+        items = {};
+    }
+
+    bool showsMessenger(std::size_t index) const
+    {
+        return MessengerFixture::find(items.at(index), u"main_subtitle"_s);
+    }
+
+    QMainWindow window;
+    std::array<QQuickItem *, 2> items;
+    std::vector<MessengerWidget *> widgets;
+};
+
+} // namespace
+
+class EmbeddingTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase_data()
+    {
+        QTest::addColumn<bool>("areWidgets");
+        QTest::addRow("items") << false;
+        QTest::addRow("widgets") << true;
+    }
+
+    void theMessengerIsOpenWhileItsPlaceIsVisible()
+    {
+        MessengerFixture fixture;
+        QVERIFY(fixture.showHost());
+        Places places(fixture);
+        fixture.loadSettings();
+        QTRY_VERIFY(places.showsMessenger(0));
+        QVERIFY(!fixture.messenger());
+        QQuickWindow *window = places.items[0]->window();
+        window->contentItem()->forceActiveFocus();
+        places.items[0]->forceActiveFocus();
+        QTest::keyClick(window, Qt::Key_Escape);
+        settle();
+        QVERIFY(places.showsMessenger(0));
+        places.setVisible(0, false);
+        QTRY_COMPARE(fixture.openStates(), (QList<bool>{true, false}));
+        places.setVisible(0, true);
+        QTRY_VERIFY(places.showsMessenger(0));
+        Tolvane::close();
+        QTRY_VERIFY(!places.showsMessenger(0) && !Tolvane::isOpen());
+        Tolvane::open();
+        QTRY_VERIFY(places.showsMessenger(0));
+        places.destroy();
+        QVERIFY(!Tolvane::isOpen());
+    }
+
+    void theSecondPlaceWaitsForTheFirst()
+    {
+        MessengerFixture fixture;
+        QVERIFY(fixture.showHost());
+        fixture.loadSettings();
+        TolvaneViewController::present();
+        QTRY_VERIFY(fixture.find(u"main_subtitle"_s));
+        Places places(fixture); // Takes the messenger from the window.
+        QTRY_VERIFY(places.showsMessenger(0) && !fixture.messenger());
+        places.setVisible(1, true);
+        QTRY_VERIFY(fixture.log->lines.constLast().endsWith(
+            u"Another item shows the messenger; this one is empty"_s));
+        QVERIFY(places.showsMessenger(0) && !places.showsMessenger(1));
+        places.setVisible(0, false);
+        QTRY_VERIFY(places.showsMessenger(1));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    EmbeddingTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_embedding.moc"
