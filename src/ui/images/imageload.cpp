@@ -18,7 +18,7 @@ namespace {
 constexpr qsizetype maximumDownload = 33'554'432;
 
 // Any host may be named in a message, and the head of a response has no bound but time.
-constexpr std::chrono::seconds maximumHeadTime(20);
+constexpr std::chrono::seconds maximumHeadTime(10);
 
 // What takes longer is decoded on the workers and does not show in the first frame.
 constexpr std::chrono::milliseconds firstFrameLimit(50);
