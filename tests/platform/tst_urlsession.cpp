@@ -182,17 +182,15 @@ private Q_SLOTS:
 
     void requestsAreNeverRepeated_data()
     {
-        QTest::addColumn<QByteArray>("method");
         QTest::addColumn<QByteArray>("body");
-        QTest::newRow("GET") << QByteArray("GET") << QByteArray();
-        QTest::newRow("POST") << QByteArray("POST") << QByteArray("hello");
-        QTest::newRow("long POST") << QByteArray("POST") << QByteArray(300'000, 'x');
+        for (const qsizetype size : {0, 5, 300'000})
+            QTest::addRow("%lld bytes", qint64(size)) << QByteArray(size, 'x');
     }
 
     void requestsAreNeverRepeated()
     {
-        QFETCH(const QByteArray, method);
         QFETCH(const QByteArray, body);
+        const QByteArray method = body.isEmpty() ? "GET" : "POST";
         for (const char *way : {"reset", "closed", "reset half-way", "reset, kept alive",
                                 "closed, kept alive", "reset half-way, kept alive"}) {
             const QByteArrayView view(way);
