@@ -17,10 +17,12 @@ void Support::receivePush(const QVariantMap &payload)
     const QVariantMap ticket = payload.value(u"ticketPreview"_s).toMap();
     const QVariantMap message =
         (ticket.isEmpty() ? payload.value(u"message"_s) : ticket.value(u"lastMessage"_s)).toMap();
-    static const QRegularExpression markdown(u"[*`~]"_s);
+    static const QRegularExpression link(u"\\[([^\\]]*)\\]\\([^)]*\\)"_s);
+    static const QRegularExpression marks(u"[*`~]|\\b__|__\\b"_s);
     m_payload = payload;
     m_title = message.value(u"sender"_s).toMap().value(u"name"_s, u"Support"_s).toString();
-    m_text = message.value(u"content"_s).toString().remove(markdown).simplified().left(200);
+    const QString content = message.value(u"content"_s).toString().left(2000);
+    m_text = QString(content).replace(link, u"\\1"_s).remove(marks).simplified().left(200);
     Q_EMIT pushReceived();
 }
 
