@@ -64,6 +64,9 @@ Item {
             Row {
                 id: firstLine
 
+                // A column does not mirror positions.
+                anchors.left: parent.left
+
                 Text {
                     id: greeting
 
@@ -88,6 +91,7 @@ Item {
                 }
             }
             Text {
+                anchors.left: parent.left
                 width: Math.min(implicitWidth, layout.availableTextWidth)
                 text: Strings.string("main_subtitle")
                 textFormat: Text.PlainText

@@ -15,6 +15,9 @@ Pressable {
 
     name: title
     focusRing.tint: Theme.fontBasicColor
+    // With a gap: the branding may give the button the colour of the texts.
+    focusRing.anchors.margins: -5
+    focusRing.radius: Metrics.ItemRadius + 5
     implicitHeight: label.implicitHeight + 2 * Metrics.Spacing
     scale: scaleSpring.value
     Accessible.description: subtitle
