@@ -15,6 +15,9 @@ FocusScope {
     /// The height that the composer leaves for a notice.
     readonly property real noticeHeight: stateView.height - covered + Metrics.Padding
 
+    /// How far a conversation that failed has to be pulled down to load it again.
+    readonly property int refreshDistance: 70
+
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
 
     signal attachmentOpened(url imageUrl, var attachments)
@@ -51,10 +54,29 @@ FocusScope {
         loading: TicketMessagesSkeletonView { }
         loadingWithPreview: TicketMessagesSkeletonView { preview: view.ticket.preview }
         empty: TicketEmptyContentView { visibleHeight: view.noticeHeight }
-        error: TicketErrorContentView {
-            visibleHeight: view.noticeHeight
-            errorText: view.ticket.errorText
-            onActionRequested: view.ticket.appear()
+        error: Flickable {
+            contentHeight: Math.max(height, notice.implicitHeight)
+            boundsBehavior: Flickable.DragOverBounds
+            // Released after a full pull.
+            onDraggingChanged: {
+                if (!dragging && contentY < -view.refreshDistance)
+                    view.ticket.appear()
+            }
+
+            WheelPullToRefresh {
+                isAtTop: true
+                onPulled: view.ticket.appear()
+            }
+
+            TicketErrorContentView {
+                id: notice
+
+                width: parent.width
+                height: parent.height
+                visibleHeight: view.noticeHeight
+                errorText: view.ticket.errorText
+                onActionRequested: view.ticket.appear()
+            }
         }
     }
 
