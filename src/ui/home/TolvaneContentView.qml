@@ -18,9 +18,20 @@ FocusScope {
     /// The height at rest between the header and the button for a new ticket.
     readonly property real noticeHeight: newTicket.y - headerHeight + 2 * Metrics.FloatingMargin
 
-    /// Rows fade in and grow when the list appears.
-    property real appearance: 1
+    /// Rows fade in and grow when the list appears, and fade out where they are when it leaves.
+    property real appearance: 0
     readonly property bool hasRows: screen.state === "loaded"
+    property bool showsRows: false
+    /// The height of the content above the rows, now and when the rows were last present.
+    readonly property real contentHeight: parallax.contentItem?.implicitHeight ?? 0
+    property real contentHeightWithRows: 0
+    /// How far a taller view above them has moved the rows that are leaving.
+    readonly property real displacement: {
+        if (hasRows || !showsRows)
+            return 0
+        const growth = contentHeight - contentHeightWithRows
+        return -parallax.offset <= parallax.list.headerItem.height - growth ? growth : 0
+    }
 
     /// How far the sheet has to be pulled down to load the list again.
     readonly property int refreshDistance: 70
@@ -30,9 +41,16 @@ FocusScope {
         if (isOnTop)
             appear()
     }
-    onHasRowsChanged: {
+    onHasRowsChanged: animateRows()
+    onContentHeightChanged: {
         if (hasRows)
-            appearanceAnimation.restart()
+            contentHeightWithRows = contentHeight
+    }
+
+    function animateRows() {
+        showsRows = showsRows || hasRows
+        appearanceAnimation.to = hasRows ? 1 : 0
+        appearanceAnimation.restart()
     }
 
     NumberAnimation {
@@ -40,13 +58,13 @@ FocusScope {
 
         target: home
         property: "appearance"
-        from: 0
-        to: 1
         duration: Metrics.TransitionDuration
         easing.type: Easing.InOutQuad
+        onFinished: home.showsRows = home.hasRows
     }
 
     Component.onCompleted: {
+        animateRows()
         parallax.list.focus = true
         parallax.list.activeFocusOnTab = true
         appear()
@@ -140,7 +158,7 @@ FocusScope {
         reuseItems: true
         clipsCorners: false
         listName: Strings.string("ticket_list_your_messages")
-        model: home.hasRows ? home.screen.tickets : null
+        model: home.showsRows ? home.screen.tickets : null
 
         header: TolvaneHeader {
             isCollapsed: parallax.scrollState === ParallaxScroll.Collapsed
@@ -189,13 +207,19 @@ FocusScope {
         }
 
         section.property: "section"
-        section.delegate: TicketListHeader { width: parallax.width }
+        section.delegate: TicketListHeader {
+            width: parallax.width
+            opacity: home.appearance
+            transform: Translate { y: -home.displacement }
+        }
         section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
 
         delegate: TicketItem {
             width: parallax.width
             opacity: home.appearance
-            scale: 0.9 + 0.1 * home.appearance
+            scale: home.hasRows ? 0.9 + 0.1 * home.appearance : 1
+            enabled: home.hasRows
+            transform: Translate { y: -home.displacement }
             isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
             onClicked: home.screen.navigation.navigate(Destination.ticket(preview))
         }
