@@ -225,6 +225,12 @@ FocusScope {
         }
     }
 
+    ScrollIndicator {
+        flickable: parallax.list
+        orientation: Qt.Vertical
+        isScrollBar: true
+    }
+
     NewTicketArea {
         id: newTicket
 

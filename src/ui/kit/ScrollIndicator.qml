@@ -3,12 +3,14 @@ import QtQuick
 import Tolvane.Private
 
 // Shows which part of a Flickable is visible, at its lower or trailing edge. Hidden while all of it
-// is visible.
+// is visible. As a vertical scroll bar it appears while the content moves or the mouse is on it, and the
+// mouse can drag it.
 Rectangle {
     id: mark
 
     required property Flickable flickable
     required property int orientation
+    property bool isScrollBar: false
 
     readonly property bool isVertical: orientation === Qt.Vertical
     readonly property real room: isVertical ? flickable.height : flickable.width
@@ -27,6 +29,53 @@ Rectangle {
     height: isVertical ? length : 3
     radius: 1.5
     color: Theme.fontBasicColor
-    opacity: 0.3
+    opacity: !isScrollBar || flickable.moving || hideDelay.running || area.item?.isUsed ? 0.3 : 0
     visible: ratio < 1
+
+    Behavior on opacity {
+        enabled: mark.isScrollBar
+
+        NumberAnimation { duration: Metrics.FadeDuration }
+    }
+
+    Timer {
+        id: hideDelay
+
+        interval: 800
+    }
+
+    Connections {
+        target: mark.flickable
+        enabled: mark.isScrollBar
+
+        function onMovingChanged() { hideDelay.restart() }
+    }
+
+    Loader {
+        id: area
+
+        active: mark.isScrollBar
+        anchors.fill: parent
+        anchors.margins: -6
+        sourceComponent: MouseArea {
+            readonly property bool isUsed: containsMouse || pressed
+            property real grabbedAt
+
+            hoverEnabled: true
+            preventStealing: true
+            // A finger scrolls the content itself.
+            onPressed: mouse => {
+                mouse.accepted = mouse.source === Qt.MouseEventNotSynthesized
+                grabbedAt = mouse.y
+            }
+            onPositionChanged: mouse => {
+                if (!pressed)
+                    return
+                const hidden = mark.room / mark.ratio - mark.room
+                const moved = (mouse.y - grabbedAt) / (mark.room - mark.length)
+                const next = Math.max(0, Math.min(1 - mark.ratio, mark.position + moved * (1 - mark.ratio)))
+                mark.flickable.contentY += (next - mark.position) / (1 - mark.ratio) * hidden
+            }
+        }
+    }
 }

@@ -101,6 +101,16 @@ private Q_SLOTS:
         }
     }
 
+    void theMouseDragsTheScrollBar()
+    {
+        HomeFixture fixture(40);
+        QVERIFY(fixture.open());
+        fixture.robot.drag({398, 90}, {0, 300});
+        fixture.robot.release();
+        fixture.robot.waitForAnimations();
+        QVERIFY(fixture.robot.find(QAccessible::Heading).top() < 100);
+    }
+
     void aRemovedRowIsNotAccessible()
     {
         HomeFixture fixture(2);
