@@ -7,6 +7,7 @@ Item {
     id: area
 
     required property bool isPresent
+    required property bool hasDraft
     /// The distance to the lower edge of the window.
     property real bottomInset
 
@@ -33,7 +34,8 @@ Item {
         x: Theme.columnInset(parent.width, 0)
         width: parent.width - 2 * x
         title: "Send us a message"
-        subtitle: "We typically reply in a few minutes."
+        subtitle: (area.hasDraft ? Strings.string("ticket_draft") + " · " : "")
+                  + "We typically reply in a few minutes."
         onClicked: area.clicked()
 
         Behavior on y {

@@ -240,6 +240,7 @@ FocusScope {
         anchors.margins: Metrics.FloatingMargin
         bottomInset: Metrics.FloatingMargin
         isPresent: !home.screen.isLoading
+        hasDraft: home.screen.hasNewTicketDraft
         onClicked: home.screen.navigation.navigate(Destination.newTicket())
     }
 }

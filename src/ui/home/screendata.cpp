@@ -18,6 +18,7 @@ ScreenData::ScreenData(QObject *parent)
     connect(m_ticketsData.get(), &TicketsData::changed, this, &ScreenData::syncFromStore);
     connect(SdkData::shared().get(), &SdkData::changed, this, &ScreenData::syncFromSettings);
     connect(Drafts::shared().get(), &Drafts::changed, &m_tickets, &TicketListModel::updateTexts);
+    connect(Drafts::shared().get(), &Drafts::changed, this, &ScreenData::draftsChanged);
     startOnceSettingsLoaded();
     if (SdkData::shared()->settingsError())
         loadSettings();
@@ -76,6 +77,11 @@ bool ScreenData::isStale() const
 QString ScreenData::state() const
 {
     return isStale() ? QStringLiteral("loaded") : caseName(m_ticketsData->state());
+}
+
+bool ScreenData::hasNewTicketDraft() const
+{
+    return Drafts::shared()->contains({});
 }
 
 bool ScreenData::isListKnown() const

@@ -42,6 +42,8 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
     /// "loaded" then.
     Q_PROPERTY(bool isStale READ isStale NOTIFY ticketsChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY ticketsChanged)
+    /// Whether there is a draft of a new conversation.
+    Q_PROPERTY(bool hasNewTicketDraft READ hasNewTicketDraft NOTIFY draftsChanged)
     Q_PROPERTY(QString errorText READ errorText NOTIFY ticketsChanged)
     Q_PROPERTY(QAbstractItemModel *tickets READ tickets CONSTANT)
     /// A text of the host for the composer of the new conversation that is open; empty once taken.
@@ -69,6 +71,7 @@ public:
     QString state() const;
     bool isLoading() const { return m_ticketsData->state().isLoading(); }
     QString errorText() const;
+    bool hasNewTicketDraft() const;
     QAbstractItemModel *tickets() { return &m_tickets; }
     QString newTicketText() const { return m_newTicketText; }
     NavigationData *navigation() { return &m_navigation; }
@@ -90,6 +93,7 @@ public:
 Q_SIGNALS:
     void settingsChanged();
     void ticketsChanged();
+    void draftsChanged();
     void isShownChanged();
     void newTicketTextChanged();
     void closeRequested();
