@@ -107,21 +107,18 @@ class PreferencesTest : public QObject
 private Q_SLOTS:
     void init() { QDir(folder()).removeRecursively(); }
 
-    void valuesRoundTrip_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("empty") << u""_s;
-        QTest::newRow("unicode") << u"Žluťoučký кот 👨‍👩‍👧‍👦 \u2028"_s;
-        QTest::newRow("control") << QString::fromLatin1("a\0\x01\t\r\n\x7f\x1b", 8);
-        QTest::newRow("file syntax") << u"a=b;c, d # [x] \"q\" \\x41 %20 "_s;
-        QTest::newRow("serialized bytes") << u"@ByteArray(x)"_s;
-        QTest::newRow("serialized invalid value") << u"@Invalid()"_s;
-        QTest::newRow("long") << QString(300'000, u'x');
-    }
-
     void valuesRoundTrip()
     {
-        QFETCH(const QString, text);
+        for (const QString &text :
+             {u""_s, u"Žluťoučký кот 👨‍👩‍👧‍👦 \u2028"_s,
+              QString::fromLatin1("a\0\x01\t\r\n\x7f\x1b", 8), u"a=b;c, d # [x] \"q\" \\x41 %20 "_s,
+              u"@ByteArray(x)"_s, u"@Invalid()"_s, QString(300'000, u'x')})
+            writeAndRead(text);
+    }
+
+private:
+    static void writeAndRead(const QString &text)
+    {
         const QByteArray bytes = "\xff\x80" + text.toUtf8(); // Not UTF-8, and kept as it is.
         open()->setText(key, text);
         QCOMPARE(open()->text(key), text);
@@ -135,6 +132,7 @@ private Q_SLOTS:
         QVERIFY(!open()->bytes(key));
     }
 
+private Q_SLOTS:
     void onlyChangesAreWritten()
     {
         open()->setText(key, std::nullopt);
@@ -227,24 +225,19 @@ private Q_SLOTS:
         QTRY_VERIFY(content().contains("new"));
     }
 
-    void damagedFilesReadAsEmpty_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("binary") << QByteArray("\0\xff\x80=\n[\0]\\x\n%%%\r\n=\x01\xfe", 20);
-        QTest::newRow("cut value") << QByteArray("[General]\nbranding=\"@ByteArray(abc");
-        QTest::newRow("cut key") << QByteArray("[General]\ncustomer.i");
-        QTest::newRow("other types")
-            << QByteArray("[General]\ncustomer.id=a, b\nbranding=@Size(1 2)");
-        QTest::newRow("noise") << QByteArray(100'000, '\xa5');
-    }
-
     void damagedFilesReadAsEmpty()
     {
-        QFETCH(const QByteArray, content);
-        writeFile(content);
-        QVERIFY(!open()->text(key) && !open()->bytes(u"branding"_s));
-        open()->setText(key, u"new"_s);
-        QCOMPARE(open()->text(key), u"new"_s);
+        for (const QByteArray &content :
+             {QByteArray("\0\xff\x80=\n[\0]\\x\n%%%\r\n=\x01\xfe", 20),
+              QByteArray("[General]\nbranding=\"@ByteArray(abc"),
+              QByteArray("[General]\ncustomer.i"),
+              QByteArray("[General]\ncustomer.id=a, b\nbranding=@Size(1 2)"),
+              QByteArray(100'000, '\xa5')}) {
+            writeFile(content);
+            QVERIFY(!open()->text(key) && !open()->bytes(u"branding"_s));
+            open()->setText(key, u"new"_s);
+            QCOMPARE(open()->text(key), u"new"_s);
+        }
     }
 
     void failedWritesAreKeptForTheProcess_data()
