@@ -4,12 +4,13 @@
 #include "platform/async/shutdownhook.h"
 #include "ui/images/essentialparts.h"
 
-#include <QtCore/QBuffer>
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QIODevice>
 #include <QtCore/QtEndian>
 #include <QtGui/QColorSpace>
 #include <QtGui/QImageReader>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
@@ -71,25 +72,49 @@ QSize scaledBy(const QSize &size, double factor)
         .expandedTo(QSize(1, 1));
 }
 
-/// Bytes that end early once a picture takes too long to decode, or the process ends.
-class TimedBuffer final : public QBuffer
+/// Bytes that end early once a picture takes too long to decode, or the process ends. (Not a
+/// QBuffer, whose bytes the JPEG decoder takes without reading them from the device.)
+class TimedBytes final : public QIODevice
 {
 public:
-    explicit TimedBuffer(std::chrono::milliseconds limit)
+    explicit TimedBytes(std::chrono::milliseconds limit)
         : m_deadline(limit)
     {
     }
 
+    /// @param step the most that is read between two looks at the clock
+    void setBytes(const QByteArray &bytes, qint64 step)
+    {
+        m_bytes = bytes;
+        m_step = step;
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
     bool hasEnded() const { return m_deadline.hasExpired() || isShuttingDown(); }
 
-protected:
-    qint64 readData(char *data, qint64 size) override
+    qint64 size() const override { return m_bytes.size(); }
+    bool seek(qint64 position) override
     {
-        return hasEnded() ? -1 : QBuffer::readData(data, size);
+        m_at = std::clamp<qint64>(position, 0, size());
+        return QIODevice::seek(position);
     }
+
+protected:
+    qint64 readData(char *data, qint64 maximum) override
+    {
+        const qint64 count = std::min({maximum, m_step, size() - m_at});
+        if (count <= 0 || hasEnded())
+            return -1;
+        std::copy_n(m_bytes.constData() + m_at, count, data);
+        m_at += count;
+        return count;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
 
 private:
     const QDeadlineTimer m_deadline;
+    QByteArray m_bytes;
+    qint64 m_step = 0;
+    qint64 m_at = 0;
 };
 
 /// Reads one picture from bytes.
@@ -97,7 +122,7 @@ class Reader
 {
 public:
     explicit Reader(const QByteArray &bytes, std::chrono::milliseconds limit = maximumDecodingTime)
-        : m_buffer(limit)
+        : m_bytes(limit)
     {
         const QByteArray format = formatOf(bytes);
         if (format.isEmpty())
@@ -105,11 +130,12 @@ public:
         const QByteArray parts = essentialParts(bytes, format);
         if (parts.isEmpty())
             return;
-        m_buffer.setData(parts);
-        m_buffer.open(QIODevice::ReadOnly);
+        // A scan of some bytes makes the decoder go through all pixels.
+        constexpr qint64 stepOfScans = 64;
+        m_bytes.setBytes(parts, format == "jpeg" ? stepOfScans : parts.size());
         m_reader.setAutoDetectImageFormat(false);
         m_reader.setFormat(format);
-        m_reader.setDevice(&m_buffer);
+        m_reader.setDevice(&m_bytes);
         m_reader.setAutoTransform(true);
         m_scalesWhileDecoding = format == "jpeg";
         m_size = m_reader.size();
@@ -128,7 +154,7 @@ public:
     QImage read(double factor);
 
 private:
-    TimedBuffer m_buffer;
+    TimedBytes m_bytes;
     QImageReader m_reader;
     QSize m_size;
     bool m_scalesWhileDecoding = false;
@@ -166,7 +192,7 @@ QImage Reader::read(double factor)
     if (factor < 1)
         m_reader.setScaledSize(scaledBy(m_size, factor));
     QImage image;
-    if (!m_reader.read(&image) || m_buffer.hasEnded())
+    if (!m_reader.read(&image) || m_bytes.hasEnded())
         return {};
     return convertedForRendering(std::move(image));
 }
