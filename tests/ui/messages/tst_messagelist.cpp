@@ -149,10 +149,10 @@ private Q_SLOTS:
     {
         // Words, joined emoji, accents, nothing but combining marks, zero width, half a surrogate
         // pair.
-        for (const QString &unit :
-             {u"abcdefg"_s, u"some words "_s, u"a line of text\n"_s,
-              u"\U0001F468\u200D\U0001F469\u200D\U0001F467"_s, u"e\u0301\u0302\u0303\u0304"_s,
-              u"\u0301"_s, u"\u200b"_s, QString(QChar(0xd83d))}) {
+        for (const QString &unit : {u"abcdefg"_s, u"some words "_s, u"a line of text\n"_s,
+                                    u"\U0001F468\u200D\U0001F469\u200D\U0001F467\u200D\U0001F466"_s,
+                                    u"e\u0301\u0302\u0303\u0304\u0305"_s, u"\u0301"_s, u"\u200b"_s,
+                                    QString(QChar(0xd83d))}) {
             const QString text = unit.repeated(20'000 / unit.size());
             const QStringList parts = splitIntoChunks(text);
             QCOMPARE(parts.join(unit.endsWith(u'\n') ? u"\n"_s : QString()), text);
