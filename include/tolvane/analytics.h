@@ -84,8 +84,8 @@ public:
         static const QString appVersion;         ///< "app_version", for hosts; never sent
     };
 
-    /// Constructs an event, for hosts that test their delegate. Each parameter is the value of the
-    /// function with its name.
+    /// Constructs an event, for hosts that test their delegate. Each parameter is the result of the
+    /// function of the same name.
     TolvaneAnalyticsEvent(QString name, QVariantMap properties, QDateTime timestamp,
                           QString sdkVersion, std::optional<QString> customerId,
                           std::optional<QString> originalCustomerId, QString environment);

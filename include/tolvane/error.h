@@ -26,7 +26,7 @@ namespace tolvane {
 /// |                              | -1200 no secure connection                                |
 /// | "TolvaneSdk.APIError"        | the HTTP status: 0 for 4xx, 1 for 5xx, 2 for any other    |
 /// | "TolvaneSdk.DecodingError"   | a response that is 1 malformed JSON, 2 of another type,   |
-/// |                              | 3 without a required key, 4 null where a value must be    |
+/// |                              | 3 without a required key, 4 null for a required value     |
 /// | "TolvaneSdk.FileError"       | a file cannot be written: a QFileDevice::FileError        |
 /// | "TolvaneSdk.Cancellation"    | 1: the operation was cancelled                            |
 /// | "TolvaneSdk.UnexpectedError" | 1: any other failure, for example lack of memory          |

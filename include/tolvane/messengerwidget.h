@@ -29,9 +29,9 @@ namespace tolvane {
 ///
 /// The messenger is open while the widget is visible, from Tolvane::initialize() on. It has no
 /// close button, and leaves Escape on its home screen to the host. Tolvane::close() empties the
-/// widget, Tolvane::open() fills it again. While a widget is visible, the messenger is shown in no
-/// other way; of several widgets the first one shows it, and the log reports the others. Main
-/// thread.
+/// widget, Tolvane::open() fills it again. While a widget is visible, the messenger appears nowhere
+/// else. Of several visible widgets the first one shows the messenger; a log line reports each of
+/// the others. Main thread.
 class TOLVANE_WIDGETS_EXPORT MessengerWidget : public QWidget
 {
     Q_OBJECT

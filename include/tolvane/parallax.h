@@ -13,7 +13,7 @@ namespace tolvane {
 /// Whether the header behind the scrolling sheet is visible or covered.
 enum class ParallaxScrollState {
     opened = 0,   ///< the header is shown
-    collapsed = 1 ///< the sheet lies over it
+    collapsed = 1 ///< the sheet covers it
 };
 
 /// The visible height of the header above the sheet, in device-independent pixels, for one
@@ -21,13 +21,13 @@ enum class ParallaxScrollState {
 class TOLVANE_VIEWS_EXPORT ParallaxHeightConfiguration
 {
 public:
-    /// @param openedHeight with the sheet at rest, in device-independent pixels
-    /// @param collapsedHeight with the sheet moved up, in device-independent pixels
+    /// @param openedHeight the height while the sheet is at rest, in device-independent pixels
+    /// @param collapsedHeight the height while the sheet is moved up, in device-independent pixels
     ParallaxHeightConfiguration(double openedHeight, double collapsedHeight);
 
-    /// With the sheet at rest, in device-independent pixels.
+    /// The height while the sheet is at rest, in device-independent pixels.
     double openedHeight() const { return m_openedHeight; }
-    /// With the sheet moved up, in device-independent pixels.
+    /// The height while the sheet is moved up, in device-independent pixels.
     double collapsedHeight() const { return m_collapsedHeight; }
 
     /// Compares both heights, exactly.
@@ -62,18 +62,18 @@ public:
     const ParallaxHeightConfiguration &portrait() const { return m_portrait; }
     /// Heights in landscape orientation.
     const ParallaxHeightConfiguration &landscape() const { return m_landscape; }
-    /// Within 0 to 1.
+    /// From 0 to 1.
     double parallaxFactor() const { return m_parallaxFactor; }
     /// 1 or more.
     double stretchFactor() const { return m_stretchFactor; }
-    /// Within 0 to 1.
+    /// From 0 to 1.
     double thresholdPercentage() const { return m_thresholdPercentage; }
-    /// Behind the header.
+    /// The colour behind the header.
     const QColor &headerBackground() const { return m_headerBackground; }
-    /// Behind the content of the sheet.
+    /// The colour behind the content of the sheet.
     const QColor &contentBackground() const { return m_contentBackground; }
 
-    /// Compares all parts, exactly.
+    /// Compares all members exactly.
     bool operator==(const ParallaxConfiguration &) const = default;
 
 private:

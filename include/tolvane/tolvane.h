@@ -59,8 +59,8 @@ public:
     enum class Presentation {
         full, ///< over the whole window; the default
         /// 400 pixels wide and up to 720 high, at the lower trailing corner of the window. The rest
-        /// of the window can be seen and used. In a window of less than 700 by 500 pixels the
-        /// messenger is over the whole window, for as long as that is so small.
+        /// of the window stays visible and usable. While the window is smaller than 700 by 500
+        /// pixels, the messenger covers all of it.
         panel
     };
 
@@ -92,7 +92,7 @@ public:
     ///
     /// @param email the customer's address, or absent
     /// @param originalCustomerId the host's own id of the customer, kept on the device whether or
-    /// not the backend can be reached; absent forgets the stored one
+    /// not the backend can be reached; if absent, the stored one is removed
     /// @return finishes, never with an error, when the update has been sent or has failed, and at
     /// once before initialize(). It may be discarded. Blocking on it from the main thread
     /// deadlocks. A future that is pending when the application quits
@@ -144,9 +144,9 @@ public:
     /// Main thread. Does not require initialize().
     static bool isOpen();
 
-    /// The number of conversations with an unread message. Known after the first refreshUnread() or
-    /// opening of the messenger, 0 before; updated by each list of conversations and each push that
-    /// arrives. The library does not poll for it. Main thread. Does not require initialize().
+    /// The number of conversations with an unread message; 0 until refreshUnread() or the messenger
+    /// has loaded the list of conversations. Each later list and each push updates it. The library
+    /// does not poll for it. Main thread. Does not require initialize().
     static int unreadCount();
 
     /// Loads the list of conversations once, to update unreadCount(). A failure is logged and keeps

@@ -23,8 +23,8 @@ namespace tolvane {
 /// caller owns it. Main thread.
 [[nodiscard]] TOLVANE_VIEWS_EXPORT QQuickItem *createMessengerItem();
 
-/// Linkers drop a library without references, and most hosts refer to the core only. This is the
-/// reference.
+/// Refers to the library of views: linkers drop a library without references, and most hosts refer
+/// to the core only.
 inline const bool viewsAreLinked = TolvaneSdkViews();
 
 } // namespace tolvane

@@ -61,7 +61,7 @@ std::vector<TolvaneAnalyticsManager::Receiver> TolvaneAnalyticsManager::receiver
 
 void TolvaneAnalyticsManager::track(const QString &name, QVariantMap properties)
 {
-    // Keeps the receivers alive: one may drop itself during a call.
+    // Keeps the receivers alive: one may destroy itself during a call.
     const auto receivers = this->receivers();
     const bool isLogged = Logger::shared().isEnabled();
     // Creating an event reads the disk, which is pointless without a receiver.

@@ -16,7 +16,7 @@ namespace tolvane {
 
 namespace {
 
-/// The backend may assign a customer id with every answer, whatever its status.
+/// The backend may assign a customer id with every response, whatever its status.
 void storeCustomerId(const UrlResponse &response)
 {
     const std::optional<QByteArray> id = response.header("X-Tolvane-Customer");
@@ -29,7 +29,7 @@ void storeCustomerId(const UrlResponse &response)
 /// Texts of errors are shown, logged and sent to analytics; a server may quote its request in them.
 QByteArray withoutKey(QByteArray body)
 {
-    // A shorter key is no secret, and a word that errors contain anyway.
+    // A shorter key is not a secret, and may be a word of other error texts.
     constexpr qsizetype shortestKey = 8;
     const QByteArray key = Configuration::shared().apiKey().value_or(QString()).toUtf8();
     return key.size() < shortestKey ? body : body.replace(key, "***");
@@ -60,7 +60,7 @@ std::optional<BrandingDto> readBranding(const UrlResponse &response)
     return readRecord<BrandingDto>(response);
 }
 
-/// Answers up to this size are decoded on the network thread: a thread switch would take longer.
+/// Responses up to this size are decoded on the network thread: a thread switch would take longer.
 constexpr qsizetype smallBody = 32'768;
 
 bool isSmall(const QFuture<UrlResponse> &received)
@@ -68,14 +68,14 @@ bool isSmall(const QFuture<UrlResponse> &received)
     return received.resultCount() == 0 || received.resultAt(0).body.size() <= smallBody;
 }
 
-/// Decodes an answer when it arrives; a large one on the workers, so that it does not delay other
-/// answers.
+/// Decodes a response when it arrives; a large one on the workers, so that it does not delay other
+/// responses.
 template <typename Result>
-QFuture<Result> readAnswer(QFuture<UrlResponse> sent, Result (*read)(const UrlResponse &))
+QFuture<Result> readResponse(QFuture<UrlResponse> sent, Result (*read)(const UrlResponse &))
 {
     auto promise = std::make_shared<QPromise<Result>>();
     promise->start();
-    QFuture<Result> answer = promise->future();
+    QFuture<Result> decoded = promise->future();
     sent.then(QtFuture::Launch::Sync, [promise, read](const QFuture<UrlResponse> &received) {
         const auto finish = [promise, read, received] {
             setPromiseFrom(*promise, [&] {
@@ -89,16 +89,16 @@ QFuture<Result> readAnswer(QFuture<UrlResponse> sent, Result (*read)(const UrlRe
         else
             platform().workers->post(finish);
     });
-    return answer;
+    return decoded;
 }
 
-/// Sends one request and decodes its answer, both off the caller's thread.
+/// Sends one request and decodes its response, both off the caller's thread.
 template <typename Result>
 QCoro::Task<Result> perform(std::function<UrlRequest()> build, Result (*read)(const UrlResponse &))
 {
     QFuture<UrlResponse> sent = platform().urlSession->send(std::move(build));
-    QFuture<Result> answer = readAnswer(sent, read);
-    co_return co_await awaitFuture(answer);
+    QFuture<Result> decoded = readResponse(sent, read);
+    co_return co_await awaitFuture(decoded);
 }
 
 /// Ids come from the backend and go into the path unchanged, apart from characters that an address

@@ -12,10 +12,10 @@ namespace tolvane {
 
 /// The seven operations of the backend, as callables.
 ///
-/// All are asynchronous: they build and send requests and decode answers off the caller's thread,
+/// All are asynchronous: they build and send requests and decode responses off the caller's thread,
 /// and resume the caller on its own thread. They fail with APIError for an HTTP failure, UrlError
-/// for a transport failure and DecodingError for an invalid answer. They do not retry. They have no
-/// state and may run concurrently.
+/// for a transport failure and DecodingError for an invalid response. They do not retry. They have
+/// no state and may run concurrently.
 struct TOLVANE_AUTOTEST_EXPORT APIClient
 {
     /// The argument is the `updatedAt` of the cached branding. The result is absent if the cached

@@ -23,7 +23,7 @@ struct Endpoint
 /// variable of the host's process must not be able to read the key on the network.
 TOLVANE_AUTOTEST_EXPORT bool mayReplaceEndpoint(const QUrl &url);
 
-/// Whether this build has the endpoints of the examples, where no backend is.
+/// Whether this build still has the placeholder endpoints, at which there is no backend.
 bool hasPlaceholderEndpoints();
 
 } // namespace tolvane

@@ -17,13 +17,13 @@ constexpr std::array codeTexts = {
     CodeText{UrlError::cancelled, "The request was cancelled."},
     CodeText{UrlError::badURL, "The address is not valid."},
     CodeText{UrlError::timedOut, "The request timed out."},
-    CodeText{UrlError::unsupportedURL, "The kind of address is not supported."},
+    CodeText{UrlError::unsupportedURL, "The scheme of the address is not supported."},
     CodeText{UrlError::cannotFindHost, "The server could not be found."},
     CodeText{UrlError::cannotConnectToHost, "The server could not be reached."},
     CodeText{UrlError::networkConnectionLost, "The network connection was lost."},
     CodeText{UrlError::notConnectedToInternet, "There is no connection to the internet."},
-    CodeText{UrlError::badServerResponse, "The server did not answer in HTTP."},
-    CodeText{UrlError::dataLengthExceedsMaximum, "The answer is too large."},
+    CodeText{UrlError::badServerResponse, "The response is not valid HTTP."},
+    CodeText{UrlError::dataLengthExceedsMaximum, "The response is too large."},
     CodeText{UrlError::secureConnectionFailed, "A secure connection could not be made."},
 };
 

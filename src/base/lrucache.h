@@ -70,7 +70,7 @@ private:
 
     const Limits m_limits;
     qint64 m_cost = 0;
-    std::list<Entry> m_entries; // Last used first.
+    std::list<Entry> m_entries; // Most recently used first.
     QHash<Key, typename std::list<Entry>::iterator> m_index;
 };
 

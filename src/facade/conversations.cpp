@@ -29,7 +29,7 @@ std::optional<Record> recordAt(const QVariantMap &push, const QString &key)
     }
 }
 
-/// As far as the push contains it.
+/// The preview of the push's conversation, as far as the push contains it.
 std::optional<TicketPreviewDto> previewOf(const QVariantMap &push)
 {
     if (const auto message = recordAt<MessageDto>(push, QStringLiteral("message")))

@@ -20,7 +20,7 @@ public:
     struct Request
     {
         TolvaneDestination destination;
-        /// For the composer of a new conversation.
+        /// The text for the composer of a new conversation.
         QString text;
     };
 
@@ -28,7 +28,7 @@ public:
 
     /// An open messenger takes the request at once. A closed one takes it when it opens.
     void set(const Request &request);
-    /// The request, which is absent afterwards.
+    /// Returns the request and clears it.
     std::optional<Request> take() { return std::exchange(m_request, std::nullopt); }
 
 Q_SIGNALS:

@@ -15,7 +15,7 @@ class TOLVANE_PRIVATE_EXPORT MessageData : public QObject
     Q_OBJECT
     Q_PROPERTY(QUrl selectedAttachment READ selectedAttachment WRITE setSelectedAttachment NOTIFY
                    selectedAttachmentChanged)
-    /// URLs as received, of the message with the last selection; to be set before it.
+    /// The URLs of the selected attachment's message, as received. Set them before the selection.
     Q_PROPERTY(QStringList attachments MEMBER attachments NOTIFY attachmentsChanged)
 
 public:

@@ -3,13 +3,13 @@
 
 #include <QtCore/QString>
 
-/// The names of the broadcasts between independent parts of the library. Their user info has a
-/// dictionary; observers of a record read the record.
+/// The names of the broadcasts between independent parts of the library. Their user info contains a
+/// dictionary, and a record where one is named below.
 namespace tolvane::notifications {
 
-/// A message arrived, by push or by polling. A MessageDto.
+/// A message arrived, by push or by polling. Record: a MessageDto.
 inline const QString didReceiveMessage = QStringLiteral("didReceiveMessage");
-/// A ticket changed. A TicketPreviewDto.
+/// A ticket changed. Record: a TicketPreviewDto.
 inline const QString didReceiveStateUpdate = QStringLiteral("didReceiveStateUpdate");
 /// The messenger was opened or closed; the entry "open" has the new state.
 inline const QString didChangeState = QStringLiteral("didChangeState");

@@ -204,7 +204,7 @@ QCoro::Task<> PollingService::run(Task task)
 }
 
 /// Fetches the ticket once and broadcasts new messages. True if the loop is over: they contain the
-/// awaited answer, or its stop was requested meanwhile.
+/// awaited reply, or its stop was requested meanwhile.
 QCoro::Task<bool> PollingService::poll(Task task)
 {
     const APIClient client = APIClient::live();

@@ -20,7 +20,7 @@ namespace tolvane {
 
 class Executor;
 
-/// Polls tickets for the answer to the customer's message, since pushes are unreliable.
+/// Polls tickets for the reply to the customer's message, since pushes are unreliable.
 ///
 /// One loop per ticket fetches it every second and broadcasts new messages as "didReceiveMessage".
 /// It ends at the first such broadcast for the ticket, whoever posts it, after 120 seconds, or

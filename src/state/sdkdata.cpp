@@ -32,8 +32,8 @@ QCoro::Task<std::optional<BrandingDto>> loadBranding()
         updatedAt = stored->updatedAt;
     const APIClient client = APIClient::live();
     const auto received = co_await client.getBranding(updatedAt);
-    auto kept = workers.run([received] { return storeAndReload(received); });
-    co_return co_await awaitFuture(kept);
+    auto current = workers.run([received] { return storeAndReload(received); });
+    co_return co_await awaitFuture(current);
 }
 
 } // namespace

@@ -30,7 +30,7 @@ public:
     /// True while the messenger is on screen, according to the broadcast "didChangeState".
     bool isOpen() const { return m_isOpen; }
 
-    /// The failure of the last fetch; null if it succeeded or none has ended yet.
+    /// The failure of the last fetch; null if it succeeded or no fetch has ended yet.
     const ErrorPtr &settingsError() const { return m_settingsError; }
     bool isFetchingSettings() const { return m_isFetchingSettings; }
 

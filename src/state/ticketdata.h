@@ -58,7 +58,7 @@ public:
     State state() const;
 
     /// Fetches the given ticket, or else ticketId(), with a loading state. No effect without an id.
-    /// If a stop was requested, it fails as a cancelled request, whatever the backend answers.
+    /// If a stop was requested, it fails as a cancelled request, whatever the response is.
     QCoro::Task<> fetchTicket(std::optional<QString> ticketId = {}, std::stop_token stop = {});
     /// Fetches without a loading state. A failure changes the state, however.
     QCoro::Task<> silentFetchTicket(std::optional<QString> ticketId = {},

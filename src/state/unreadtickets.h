@@ -14,7 +14,7 @@
 
 namespace tolvane {
 
-/// Whether the customer has not read this message of somebody else.
+/// Whether this is another sender's message that the customer has not read.
 TOLVANE_PRIVATE_EXPORT bool isUnread(const MessageDto &message);
 
 /// Counts the tickets whose last message is unread, according to the lists and broadcasts that
@@ -36,7 +36,7 @@ public:
     /// have no effect.
     QCoro::Task<> refresh();
 
-    /// A list has arrived; it replaces what was known.
+    /// A list has arrived; it replaces all known tickets.
     void setTickets(const QList<TicketPreviewDto> &tickets);
     /// The customer has seen all messages of the ticket.
     void markRead(const QString &ticketId);

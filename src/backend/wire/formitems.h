@@ -16,8 +16,8 @@ namespace tolvane {
 /// The name and the value of a text part of a form.
 using FormItem = QPair<QString, QString>;
 
-// The items of a value: none for an absent one, and numbers as plain decimals, as JSON would have
-// them.
+// The items of a value. An absent value has no items. Numbers are plain decimals, with the digits
+// that they have in JSON.
 
 inline QList<FormItem> formItems(const QString &name, const QString &text)
 {

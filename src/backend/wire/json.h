@@ -16,7 +16,7 @@ namespace tolvane::json {
 
 /// Decodes a record, a list of records or a ULID from UTF-8 JSON. Strict: required fields must be
 /// present with the right types, and the text must be one well-formed JSON value in valid UTF-8.
-/// Unknown keys are ignored, numbers beyond any range among them, and halves of surrogate pairs are
+/// Unknown keys are ignored, even if their numbers are beyond any range, and lone surrogates are
 /// replaced. Throws DecodingError.
 template <typename T>
 TOLVANE_AUTOTEST_EXPORT T decode(QByteArrayView bytes);

@@ -9,17 +9,17 @@ QString CodingPath::text() const
 {
     if (!m_parent)
         return {};
-    const QString around = m_parent->text();
+    const QString parent = m_parent->text();
     if (m_index >= 0)
-        return QStringLiteral("%1[%2]").arg(around).arg(m_index);
+        return QStringLiteral("%1[%2]").arg(parent).arg(m_index);
     const QString key = QString::fromUtf8(m_key.data(), static_cast<qsizetype>(m_key.size()));
-    return around.isEmpty() ? key : around + QLatin1Char('.') + key;
+    return parent.isEmpty() ? key : parent + QLatin1Char('.') + key;
 }
 
-void throwMismatch(const CodingPath &path, const char *wanted)
+void throwMismatch(const CodingPath &path, const char *expected)
 {
     throw DecodingError(DecodingError::typeMismatch, path.text(),
-                        QStringLiteral("expected %1.").arg(QLatin1String(wanted)));
+                        QStringLiteral("expected %1.").arg(QLatin1String(expected)));
 }
 
 void throwMissing(const CodingPath &path)

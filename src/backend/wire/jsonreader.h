@@ -32,7 +32,7 @@ public:
     {
     }
 
-    /// Such as "messages[3].sender.type".
+    /// The path as text, such as "messages[3].sender.type".
     QString text() const;
 
 private:
@@ -41,7 +41,7 @@ private:
     qsizetype m_index = -1;
 };
 
-[[noreturn]] void throwMismatch(const CodingPath &path, const char *wanted);
+[[noreturn]] void throwMismatch(const CodingPath &path, const char *expected);
 [[noreturn]] void throwMissing(const CodingPath &path);
 [[noreturn]] void throwNull(const CodingPath &path);
 

@@ -5,10 +5,10 @@
 
 namespace tolvane::json {
 
-/// Returns the text without what JSON allows and the parser does not: a half of a surrogate pair
-/// that stands alone becomes U+FFFD, and a number beyond the range of numbers becomes a value that
-/// no field accepts. Therefore one such value does not make a whole response unreadable. Anything
-/// else stays as it is, valid or not.
+/// Replaces two things that JSON allows but the parser rejects: a lone surrogate becomes U+FFFD,
+/// and a number beyond the parser's range becomes a value that no field accepts. Without this, one
+/// such value would make a whole response unreadable. The rest of the text does not change, even if
+/// it is invalid.
 QByteArray repaired(QByteArrayView json);
 
 } // namespace tolvane::json
