@@ -12,9 +12,9 @@ Pressable {
     property bool mirrors: false
     property bool isFlipped: mirrors && LayoutMirroring.enabled
     property real iconSize: Metrics.IconSize
-    /// The keys that do the same, for the tooltip.
+    /// The keyboard shortcut with the same effect, for the tooltip.
     property string shortcut
-    /// To be set while the button is disabled for a reason of its own, and not only with its page.
+    /// Set it while the button itself is disabled, as opposed to its whole page.
     property bool isDimmed: false
     property real iconOpacity: isDimmed ? 0.3 : 1
 

@@ -3,11 +3,11 @@ import QtQuick
 import Tolvane.Private
 
 // An item to press: by pointer, by Return, Enter or Space while it has the focus, or by assistive
-// technology. Has no look but the ring that shows the focus; without a tint, the ring is invisible.
+// technology. It draws the focus ring only, which is invisible without a tint.
 Item {
     id: pressable
 
-    /// What a press does, for screen readers.
+    /// The action of a press, for screen readers.
     required property string name
     /// The part that a pointer can press.
     property Item surface: pressable
@@ -20,7 +20,7 @@ Item {
     /// Emitted before clicked() if a pointer has pressed the item.
     signal tapped()
     signal clicked()
-    /// The context menu is wanted, if there is one: by a right click or by key.
+    /// Emitted, if `hasMenu` is true, when a right click or a key asks for the context menu.
     signal menuRequested(point position)
 
     activeFocusOnTab: enabled

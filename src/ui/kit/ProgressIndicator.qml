@@ -16,7 +16,7 @@ Item {
     Icon {
         id: wheel
 
-        // In steps of one spoke: a turn of less would not be visible.
+        // Turns in steps of one spoke: smaller steps would not be visible.
         property int step
 
         anchors.centerIn: parent

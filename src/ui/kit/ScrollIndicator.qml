@@ -63,7 +63,7 @@ Rectangle {
 
             hoverEnabled: true
             preventStealing: true
-            // A finger scrolls the content itself.
+            // A finger drags the content instead.
             onPressed: mouse => {
                 mouse.accepted = mouse.source === Qt.MouseEventNotSynthesized
                 grabbedAt = mouse.y

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// A text beside its parent while the mouse rests on that. Lies over the whole window, and catches no
-// events.
+// A text beside its parent, shown while the mouse rests on the parent. It is above all other items of
+// the window, and takes no events.
 Item {
     id: tip
 

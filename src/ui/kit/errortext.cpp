@@ -23,8 +23,8 @@ const char *translationKey(int code)
     }
 }
 
-/// The text of a response for people: one paragraph of plain text. A page of HTML and a long body
-/// are for developers; only the kind of the failure remains of them.
+/// The text of an error for people: one paragraph of plain text. If the text quotes a page of HTML
+/// or a long body, which are for developers, only the kind of the failure in front of it remains.
 QString paragraph(const QString &text)
 {
     constexpr qsizetype longestBody = 4096;

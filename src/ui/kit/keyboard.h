@@ -6,7 +6,7 @@
 
 namespace tolvane {
 
-/// The on-screen keyboard, and the keys with a meaning of the system, for QML. Main thread.
+/// The on-screen keyboard, and the keys with a system-wide meaning, for QML. Main thread.
 class Keyboard : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
 
 Q_SIGNALS:
     void changed();
-    /// It is shown now and was not before.
+    /// The keyboard was hidden and is now shown.
     void appeared();
 
 private:

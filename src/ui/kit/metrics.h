@@ -7,7 +7,7 @@
 namespace tolvane {
 
 /// Lengths and durations that several views share. They are enumerators, which compiled QML
-/// contains as numbers: reading one takes no object and no lookup.
+/// contains as numbers: reading one needs no object and no lookup.
 class Metrics : public QObject
 {
     Q_OBJECT
@@ -19,12 +19,12 @@ public:
     enum Length {
         /// Between the edges of a view and its content.
         Padding = 16,
-        /// The same in views with little room.
+        /// As Padding, in views with little room.
         SmallPadding = 8,
-        /// The same for the skeletons of the home screen and for wide buttons.
+        /// As Padding, for the skeletons of the home screen and for wide buttons.
         WidePadding = 20,
 
-        /// Between the lines of a text and between the parts of one thing.
+        /// Between the lines of a text, and between parts that belong together.
         LineSpacing = 4,
         /// Between the parts of an item, and between rows of different kinds.
         SmallSpacing = 8,
@@ -33,11 +33,11 @@ public:
         /// Between messages.
         MessageSpacing = 20,
 
-        /// The shape of rows, buttons and the ring of the focus.
+        /// The radius of rows, buttons and the focus ring.
         ItemRadius = 8,
         PictureRadius = 10,
         SkeletonRadius = 12,
-        /// Of what lies over other content: a menu, or the hint while files are dragged.
+        /// The radius of items above other content: a menu, or the hint while files are dragged.
         PanelRadius = 14,
         BubbleRadius = 16,
 
@@ -47,17 +47,17 @@ public:
 
         ButtonSize = 36,
         IconSize = 18,
-        /// Of the buttons of the composer.
+        /// The size of the composer's buttons.
         ComposerButtonSize = 40,
         ComposerIconSize = 20,
 
-        /// Of the button for a new ticket, from the edges of the window.
+        /// From the button for a new ticket to the edges of the window.
         FloatingMargin = 6,
         NoticeIconSize = 60,
-        /// In a conversation.
+        /// The same size in a conversation.
         SmallNoticeIconSize = 48,
 
-        /// The header of the home screen, in upright and in low windows.
+        /// The header of the home screen, in portrait and in landscape windows.
         HeaderHeight = 240,
         CollapsedHeaderHeight = 80,
         LandscapeHeaderHeight = 160,
@@ -69,7 +69,7 @@ public:
     enum Duration {
         /// A small change, such as scrolling by one row.
         ShortDuration = 150,
-        /// Something fades in or out over the content.
+        /// An item fades in or out over the content.
         FadeDuration = 250,
         /// A view replaces another, or a list scrolls to an end.
         TransitionDuration = 300,

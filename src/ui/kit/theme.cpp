@@ -66,8 +66,8 @@ double textScale(int pixelSize)
     constexpr double defaultPixelSize = 13;
     constexpr double scalingThreshold = 1.4;
     constexpr double maximumScale = 2;
-    const double wanted = pixelSize / defaultPixelSize;
-    return wanted > scalingThreshold ? std::min(wanted, maximumScale) : 1;
+    const double scale = pixelSize / defaultPixelSize;
+    return scale > scalingThreshold ? std::min(scale, maximumScale) : 1;
 }
 
 } // namespace tolvane

@@ -167,12 +167,12 @@ void AnchoredList::removeRows(int row, int count)
         auto &leaving = m_rows[std::size_t(at)];
         if (!leaving)
             continue;
-        // From where it was seen, which an inserted row may have changed before the next layout.
-        const double place = leaving->previousPosition
-                                 ? *leaving->previousPosition - leaving->shift()
-                                 : positionOf(m_firstRow + at);
+        // Starts at its last visible position: an insertion may have moved it since that layout.
+        const double position = leaving->previousPosition
+                                    ? *leaving->previousPosition - leaving->shift()
+                                    : positionOf(m_firstRow + at);
         leaving->leave();
-        m_leaving.push_back({std::move(leaving), place});
+        m_leaving.push_back({std::move(leaving), position});
     }
     m_rows.erase(m_rows.begin() + first, m_rows.begin() + last);
     m_firstRow -= std::clamp(m_firstRow - row, 0, count);
@@ -325,13 +325,13 @@ void AnchoredList::recycleRow(std::unique_ptr<ListRow> dropped)
     m_pooledItems.push_back({.kind = dropped->kind, .item = std::move(item)});
     if (m_pooledItems.size() <= maxPooledItems)
         return;
-    // Discards an item whose kind the pool has more of, else the item that has been unused for the
-    // longest: the rarest kinds, with pictures, are the most expensive to create.
-    const auto hasTwin = [this](const PooledItem &each) {
+    // Discards an item of a kind that the pool contains twice, else the least recently used item:
+    // the rarest kinds, with pictures, are the most expensive to create.
+    const auto isDuplicate = [this](const PooledItem &each) {
         return std::ranges::count(m_pooledItems, each.kind, &PooledItem::kind) > 1;
     };
-    const auto twin = std::ranges::find_if(m_pooledItems, hasTwin);
-    m_pooledItems.erase(twin == m_pooledItems.end() ? m_pooledItems.begin() : twin);
+    const auto duplicate = std::ranges::find_if(m_pooledItems, isDuplicate);
+    m_pooledItems.erase(duplicate == m_pooledItems.end() ? m_pooledItems.begin() : duplicate);
 }
 
 QVariantMap AnchoredList::roleValues(int row, const QList<int> &roles) const

@@ -27,7 +27,7 @@ namespace tolvane {
 /// the positions here, `start` and `end` included, have no fixed origin.
 ///
 /// The list opens at its end. If it is at the end, it stays there while rows change their heights.
-/// Inserted and removed rows do not scroll it: scrollToEnd() is to be called for that.
+/// Inserted and removed rows do not scroll it: call scrollToEnd() for that.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT AnchoredList : public QQuickItem
 {
     Q_OBJECT
@@ -131,13 +131,13 @@ private:
     void chooseAnchor(double top);
     void fillViewport(double top, double below);
     void recycleRowsOutside(int first, int last);
-    double nextContentY(double place) const;
+    double nextContentY(double contentY) const;
     double targetContentY() const;
     double finalContentY() const;
     void beginScroll();
     void layoutRows();
     void animateRowChanges();
-    void publishLayout(double place);
+    void publishLayout(double contentY);
 
     // Items of rows.
     std::unique_ptr<ListRow> &rowSlot(int row);
@@ -165,7 +165,7 @@ private:
     /// For each row, the number of the first layout after its insertion; -1 for initial rows.
     std::vector<int> m_insertionLayouts;
     int m_layoutCount = 0;
-    /// The row whose position is fixed; the number of rows stands for the end of the last one.
+    /// The row whose position is fixed; the number of rows means the end of the last row.
     int m_anchorRow = 0;
     double m_anchorPosition = 0;
 
@@ -182,7 +182,7 @@ private:
     struct LeavingRow
     {
         std::unique_ptr<ListRow> row;
-        double place;
+        double position;
     };
     std::vector<LeavingRow> m_leaving;
 

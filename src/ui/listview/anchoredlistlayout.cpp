@@ -92,24 +92,24 @@ double AnchoredList::targetContentY() const
         return minContentY();
     if (m_scrollAnimation.kind() == ScrollAnimation::Kind::end)
         return maxContentY();
-    double place = m_scrollAnimation.place();
+    double position = m_scrollAnimation.position();
     if (m_scrollAnimation.kind() == ScrollAnimation::Kind::currentRow) {
         // Just far enough to show the row; if it is higher than the viewport, its nearer edge.
         const int row = std::max(0, m_currentIndex);
-        const auto [least, most] =
+        const auto [lowest, highest] =
             std::minmax({positionOf(row), positionOf(row + 1) + m_bottomMargin - height()});
-        place = place < 0 ? most : least;
+        position = position < 0 ? highest : lowest;
     }
-    return std::clamp(place, minContentY(), maxContentY());
+    return std::clamp(position, minContentY(), maxContentY());
 }
 
-double AnchoredList::nextContentY(double place) const
+double AnchoredList::nextContentY(double contentY) const
 {
     if (m_scrollAnimation.isActive())
         return targetContentY() - m_scrollAnimation.distance();
     if (m_isMoving)
-        return place;
-    return m_isAtEnd ? maxContentY() : std::clamp(place, minContentY(), maxContentY());
+        return contentY;
+    return m_isAtEnd ? maxContentY() : std::clamp(contentY, minContentY(), maxContentY());
 }
 
 void AnchoredList::chooseAnchor(double top)
@@ -168,37 +168,37 @@ void AnchoredList::beginScroll()
     // New rows are measured before the distance to them is.
     fillViewport(m_contentY, height());
     // A long distance is not animated in full: nobody could read the rows created for it.
-    const double most = 2 * height();
-    m_scrollAnimation.begin(std::clamp(targetContentY() - m_contentY, -most, most));
+    const double longest = 2 * height();
+    m_scrollAnimation.begin(std::clamp(targetContentY() - m_contentY, -longest, longest));
 }
 
 void AnchoredList::layoutRows()
 {
     const QScopedValueRollback settling(m_isLayingOut, true);
     beginScroll();
-    double place = m_contentY;
+    double contentY = m_contentY;
     // Rows that become visible differ from their estimated heights, which moves the ends.
     for (int round = 0; round < 10; ++round) {
-        const double wanted = nextContentY(place);
-        if (round > 0 && wanted == place)
+        const double next = nextContentY(contentY);
+        if (round > 0 && next == contentY)
             break;
-        place = wanted;
-        chooseAnchor(place);
-        fillViewport(place, m_scrollAnimation.isActive() ? height() : 0);
+        contentY = next;
+        chooseAnchor(contentY);
+        fillViewport(contentY, m_scrollAnimation.isActive() ? height() : 0);
     }
     if (m_scrollAnimation.isFinished())
         m_scrollAnimation.stop();
     if (!m_scrollAnimation.isActive() && !m_isMoving)
-        m_isAtEnd = place >= maxContentY() - 0.5;
+        m_isAtEnd = contentY >= maxContentY() - 0.5;
     animateRowChanges();
     for (std::size_t at = 0; at < m_rows.size(); ++at) {
         if (m_rows[at])
-            m_rows[at]->place(positionOf(m_firstRow + int(at)) - place);
+            m_rows[at]->place(positionOf(m_firstRow + int(at)) - contentY);
     }
     std::erase_if(m_leaving, [](const LeavingRow &leaving) { return !leaving.row->isMoving(); });
     for (const LeavingRow &leaving : m_leaving)
-        leaving.row->place(leaving.place - place);
-    publishLayout(place);
+        leaving.row->place(leaving.position - contentY);
+    publishLayout(contentY);
 }
 
 void AnchoredList::animateRowChanges()
@@ -218,10 +218,10 @@ void AnchoredList::animateRowChanges()
     ++m_layoutCount;
 }
 
-void AnchoredList::publishLayout(double place)
+void AnchoredList::publishLayout(double contentY)
 {
-    const bool hasMoved = m_contentY != place;
-    m_contentY = place;
+    const bool hasMoved = m_contentY != contentY;
+    m_contentY = contentY;
     if (m_start != minContentY() || m_end != maxContentY()) {
         m_start = minContentY();
         m_end = maxContentY();
@@ -253,7 +253,8 @@ void AnchoredList::scrollToStart(int duration)
 
 void AnchoredList::scrollBy(double distance, int duration)
 {
-    m_scrollAnimation.setTarget(ScrollAnimation::Kind::place, duration, finalContentY() + distance);
+    m_scrollAnimation.setTarget(ScrollAnimation::Kind::position, duration,
+                                finalContentY() + distance);
     polish();
 }
 
@@ -285,7 +286,7 @@ void AnchoredList::step(int direction)
     if (end > bottom || begin < top)
         m_scrollAnimation.setTarget(ScrollAnimation::Kind::currentRow, 150, direction);
     else if (m_scrollAnimation.isActive())
-        m_scrollAnimation.setTarget(ScrollAnimation::Kind::place, 150, top);
+        m_scrollAnimation.setTarget(ScrollAnimation::Kind::position, 150, top);
     polish();
 }
 

@@ -44,7 +44,7 @@ public:
     double shift() const { return m_shift; }
 
     void enter();
-    /// Animates from another place to the position.
+    /// Animates from another position to the current one.
     void displace(double from);
     /// Animates upwards, unless `leavesDownwards` of the item is true.
     void leave();

@@ -12,11 +12,11 @@ ScrollAnimation::ScrollAnimation(std::function<void()> moved)
     QObject::connect(&m_animation, &QVariantAnimation::finished, &m_animation, moved);
 }
 
-void ScrollAnimation::setTarget(Kind kind, int duration, double place)
+void ScrollAnimation::setTarget(Kind kind, int duration, double position)
 {
     stop();
     m_kind = kind;
-    m_place = place;
+    m_position = position;
     m_animation.setDuration(duration);
     m_isActive = true;
 }

@@ -18,17 +18,17 @@ struct Basis
 
 Basis basisAt(double seconds, double frequency, double dampingFraction)
 {
-    // This near to critical damping, the difference is lost to rounding.
+    // This close to critical damping, rounding would dominate the difference.
     constexpr double nearlyCritical = 1e-6;
     const double decay = dampingFraction * frequency;
     if (std::abs(dampingFraction - 1) < nearlyCritical) {
-        const double left = std::exp(-decay * seconds);
-        return {left, left * seconds};
+        const double decayed = std::exp(-decay * seconds);
+        return {decayed, decayed * seconds};
     }
     const double split = frequency * std::sqrt(std::abs(1 - dampingFraction * dampingFraction));
     if (dampingFraction < 1) {
-        const double left = std::exp(-decay * seconds);
-        return {left * std::cos(split * seconds), left * std::sin(split * seconds) / split};
+        const double decayed = std::exp(-decay * seconds);
+        return {decayed * std::cos(split * seconds), decayed * std::sin(split * seconds) / split};
     }
     // Without hyperbolic functions, which overflow long before these exponentials do.
     const double slow = std::exp((split - decay) * seconds);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double minimumDampingFraction = 0.05;
 
-/// The part of the initial amplitude that is too small to see: a tenth of a pixel in a thousand.
+/// The part of the initial amplitude that is too small to see: 0.1 of 1000 pixels.
 constexpr double invisibleFraction = 0.0001;
 
 } // namespace
@@ -30,11 +30,11 @@ void SpringValue::setTarget(double target)
     }
     // Computed before the target changes, since displacements are relative to the target.
     const Spring::Motion now = motion();
-    const double place = m_target + now.displacement;
+    const double value = m_target + now.displacement;
     if (!replaceTarget(target))
         return;
     m_runningSpring = m_spring;
-    m_start = {.displacement = place - m_target, .velocity = now.velocity};
+    m_start = {.displacement = value - m_target, .velocity = now.velocity};
     m_frameTicker.stop();
     m_frameTicker.start();
     Q_EMIT targetChanged();
@@ -67,10 +67,10 @@ void SpringValue::setResponse(double response)
 
 void SpringValue::setDampingFraction(double fraction)
 {
-    const double kept = std::max(minimumDampingFraction, fraction);
-    if (kept == m_spring.dampingFraction)
+    const double bounded = std::max(minimumDampingFraction, fraction);
+    if (bounded == m_spring.dampingFraction)
         return;
-    m_spring.dampingFraction = kept;
+    m_spring.dampingFraction = bounded;
     Q_EMIT springChanged();
 }
 

@@ -41,7 +41,7 @@ Item {
     /// Set to false if the content does not reach into the sheet's corners: rendering is cheaper
     /// then.
     property bool clipsCorners: true
-    /// What the rows are, for screen readers.
+    /// The accessible name of the list, for screen readers.
     property string listName
     /// The space below the last row or the content.
     property real bottomContentMargin
@@ -52,7 +52,7 @@ Item {
     readonly property alias offset: rules.offset
     readonly property alias headerItem: header.item
     readonly property alias contentItem: content.item
-    /// For the other properties of a list, such as its position and its count.
+    /// Gives access to the other properties of the list, such as its position and its count.
     readonly property alias list: list
 
     onMinimumHeightChanged: list.updateHeights()

@@ -8,9 +8,9 @@ namespace tolvane {
 namespace {
 
 /// The comparison is false for NaN, too.
-double atLeast(double least, double value)
+double atLeast(double minimum, double value)
 {
-    return value > least ? value : least;
+    return value > minimum ? value : minimum;
 }
 
 double clampedToUnit(double value)

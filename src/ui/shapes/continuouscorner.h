@@ -7,7 +7,7 @@
 
 namespace tolvane {
 
-/// The rounded corner of everything the library draws. Its curvature increases gradually, where
+/// The rounded corner of everything the library draws. Its curvature increases gradually, whereas
 /// that of an arc begins abruptly.
 ///
 /// It begins half a radius further from the corner than an arc of that radius, and meets the arc in
@@ -16,7 +16,7 @@ namespace tolvane {
 /// circle.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT ContinuousCorner
 {
-    /// The length that it takes of either side.
+    /// The length of either side that the curve replaces.
     qreal extent = 0;
     /// n
     qreal exponent = 2;

@@ -123,9 +123,9 @@ private Q_SLOTS:
         QVERIFY(steps > 10);
 
         // Another target before the end starts anew; stopping leaves no distance to scroll.
-        animation.setTarget(ScrollAnimation::Kind::place, 200, 1234);
+        animation.setTarget(ScrollAnimation::Kind::position, 200, 1234);
         QVERIFY(animation.isActive() && !animation.isFinished());
-        QCOMPARE(animation.place(), 1234.0);
+        QCOMPARE(animation.position(), 1234.0);
         animation.begin(-50);
         frames.pass(10);
         animation.stop();
