@@ -7,8 +7,8 @@
 
 namespace tolvane::test {
 
-/// Runs all animations and QML timers ten times as fast. Only the software renderer leaves the
-/// driver to others; with OpenGL it has no effect.
+/// Runs all animations and QML timers ten times as fast. With OpenGL it has no effect, because
+/// those render loops install animation drivers of their own.
 class FastAnimations final : public QAnimationDriver
 {
 public:

@@ -21,26 +21,26 @@ void writeInPieces(QTcpSocket &host, const QByteArray &rest)
                            [&host, rest, size] { writeInPieces(host, rest.mid(size)); });
 }
 
-void writeWithBody(QTcpSocket &host, const QByteArray &answer, const QByteArray &body)
+void writeWithBody(QTcpSocket &host, const QByteArray &response, const QByteArray &body)
 {
-    const int status = answer.split(' ').value(1).toInt();
+    const int status = response.split(' ').value(1).toInt();
     host.write(ScriptedServer::response(status, body, {"Content-Type: application/json"}));
 }
 
-QByteArray bodyOf(const QByteArray &answer)
+QByteArray bodyOf(const QByteArray &response)
 {
-    return answer.mid(answer.indexOf("\r\n\r\n") + 4);
+    return response.mid(response.indexOf("\r\n\r\n") + 4);
 }
 
-void writeHalf(QTcpSocket &host, const QByteArray &answer)
+void writeHalf(QTcpSocket &host, const QByteArray &response)
 {
-    host.write(answer.left(answer.size() - bodyOf(answer).size() / 2));
+    host.write(response.left(response.size() - bodyOf(response).size() / 2));
 }
 
 /// Removes the header that would close the connection to the host.
-QByteArray keptAlive(QByteArray answer)
+QByteArray keptAlive(QByteArray response)
 {
-    return answer.replace("Connection: close\r\n", "");
+    return response.replace("Connection: close\r\n", "");
 }
 
 QByteArray serialized(const ServedRequest &request)
@@ -58,23 +58,23 @@ QByteArray serialized(const ServedRequest &request)
 namespace faults {
 
 const Fault none = {"none", true,
-                    [](QTcpSocket &host, const QByteArray &answer) { host.write(answer); }};
+                    [](QTcpSocket &host, const QByteArray &response) { host.write(response); }};
 const Fault reset = {"reset", false,
                      [](QTcpSocket &host, const QByteArray &) { ScriptedServer::reset(host); }};
 const Fault resetAfterRequest = {"reset after request", true, reset.respond};
-const Fault truncated = {"truncated", true, [](QTcpSocket &host, const QByteArray &answer) {
-                             writeHalf(host, answer);
+const Fault truncated = {"truncated", true, [](QTcpSocket &host, const QByteArray &response) {
+                             writeHalf(host, response);
                              host.disconnectFromHost();
                          }};
 const Fault stalled = {"stalled", false, [](QTcpSocket &, const QByteArray &) {}};
 const Fault stalledMidBody = {"stalled mid-body", true, writeHalf};
 const Fault trickled = {"trickled", true, writeInPieces};
-const Fault duplicated = {"duplicated", true, [](QTcpSocket &host, const QByteArray &answer) {
-                              host.write(answer + answer);
+const Fault duplicated = {"duplicated", true, [](QTcpSocket &host, const QByteArray &response) {
+                              host.write(response + response);
                           }};
-const Fault delayed = {"delayed", true, [](QTcpSocket &host, const QByteArray &answer) {
+const Fault delayed = {"delayed", true, [](QTcpSocket &host, const QByteArray &response) {
                            QTimer::singleShot(700ms, &host,
-                                              [&host, answer] { host.write(answer); });
+                                              [&host, response] { host.write(response); });
                        }};
 const Fault unavailable = {"unavailable", false, [](QTcpSocket &host, const QByteArray &) {
                                host.write(ScriptedServer::response(503, "busy"));
@@ -86,11 +86,11 @@ const Fault notHttp = {"not HTTP", false, [](QTcpSocket &host, const QByteArray 
                            host.write("* OK IMAP4rev1 ready\r\n\r\n");
                            host.disconnectFromHost();
                        }};
-const Fault invalidJson = {"invalid JSON", true, [](QTcpSocket &host, const QByteArray &answer) {
-                               writeWithBody(host, answer, bodyOf(answer).replace(':', '\0'));
+const Fault invalidJson = {"invalid JSON", true, [](QTcpSocket &host, const QByteArray &response) {
+                               writeWithBody(host, response, bodyOf(response).replace(':', '\0'));
                            }};
-const Fault nullBody = {"null body", true, [](QTcpSocket &host, const QByteArray &answer) {
-                            writeWithBody(host, answer, "null");
+const Fault nullBody = {"null body", true, [](QTcpSocket &host, const QByteArray &response) {
+                            writeWithBody(host, response, "null");
                         }};
 
 const std::array<const Fault *, 13> all = {

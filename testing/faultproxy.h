@@ -11,34 +11,34 @@ namespace tolvane::test {
 struct Fault
 {
     const char *name;
-    /// Whether the request reaches the backend. Otherwise `respond` gets an empty answer.
+    /// Whether the request reaches the backend. Otherwise `respond` gets an empty response.
     bool reachesBackend;
-    /// Writes to the host in place of the backend's complete answer.
-    void (*respond)(QTcpSocket &host, const QByteArray &answer);
+    /// Writes to the host in place of the backend's complete response.
+    void (*respond)(QTcpSocket &host, const QByteArray &response);
 };
 
 namespace faults {
 
 extern const Fault none;
-/// The connection breaks before the backend gets the request, after it has answered, or in the
-/// middle of the answer.
+/// The connection breaks before the backend gets the request, after it has responded, or in the
+/// middle of the response.
 extern const Fault reset;
 extern const Fault resetAfterRequest;
 extern const Fault truncated;
 /// The host gets no more data, on an open connection: from the start, or in the middle of the
-/// answer.
+/// response.
 extern const Fault stalled;
 extern const Fault stalledMidBody;
-/// The answer arrives in small pieces, 25 ms apart.
+/// The response arrives in small pieces, 25 ms apart.
 extern const Fault trickled;
-/// The answer arrives twice on one connection.
+/// The response arrives twice on one connection.
 extern const Fault duplicated;
-/// The answer arrives 700 ms late, after the answers to later requests.
+/// The response arrives 700 ms late, after the responses to later requests.
 extern const Fault delayed;
-/// A gateway answers in place of the backend: before, or after the backend has handled the request.
+/// A gateway responds in place of the backend: before or after the backend handles the request.
 extern const Fault unavailable;
 extern const Fault badGateway;
-/// The answer is not HTTP, not JSON, or JSON of another type.
+/// The response is not HTTP, not JSON, or JSON of another type.
 extern const Fault notHttp;
 extern const Fault invalidJson;
 extern const Fault nullBody;
@@ -48,7 +48,7 @@ extern const std::array<const Fault *, 13> all;
 
 } // namespace faults
 
-/// A proxy on loopback between a host and a backend. It forwards complete requests and answers, or
+/// A proxy on loopback between a host and a backend. Forwards complete requests and responses, or
 /// applies a fault to them.
 class FaultProxy
 {

@@ -33,7 +33,7 @@ Kc8UzswLp6M369Nc0Msj063wVk4=
 -----END CERTIFICATE-----
 )";
 
-constexpr int patience = 100; // ms, between looks at the end of the server
+constexpr int pollInterval = 100; // ms, between checks whether the server has to stop
 
 void trustCertificate()
 {
@@ -61,13 +61,13 @@ bool RawServer::Connection::write(QByteArrayView bytes) const
     };
     socket.write(bytes.data(), bytes.size());
     while (canWrite() && (socket.bytesToWrite() > 0 || socket.encryptedBytesToWrite() > 0))
-        socket.waitForBytesWritten(patience);
+        socket.waitForBytesWritten(pollInterval);
     return canWrite();
 }
 
-RawServer::RawServer(const QString &scheme, std::function<void(const Connection &)> answer)
+RawServer::RawServer(const QString &scheme, std::function<void(const Connection &)> respond)
     : m_scheme(scheme)
-    , m_answer(std::move(answer))
+    , m_respond(std::move(respond))
 {
     trustCertificate();
     std::promise<QString> url;
@@ -87,7 +87,7 @@ RawServer::RawServer(const QString &scheme, std::function<void(const Connection 
         url.set_value(
             QStringLiteral("%1://127.0.0.1:%2/").arg(m_scheme).arg(listener.serverPort()));
         while (!m_isStopped) {
-            if (listener.waitForNewConnection(patience))
+            if (listener.waitForNewConnection(pollInterval))
                 serve(std::exchange(listener.accepted, -1));
         }
     });
@@ -111,10 +111,10 @@ void RawServer::serve(qintptr descriptor)
     }
     QByteArray head;
     while (!m_isStopped && socket.state() == QAbstractSocket::ConnectedState) {
-        if (socket.waitForReadyRead(patience))
+        if (socket.waitForReadyRead(pollInterval))
             head += socket.readAll();
         if (head.contains("\r\n\r\n"))
-            return m_answer(Connection(socket, m_isStopped));
+            return m_respond(Connection(socket, m_isStopped));
     }
 }
 

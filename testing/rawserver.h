@@ -31,8 +31,8 @@ public:
         Connection(QSslSocket &s, const std::atomic<bool> &stopped);
     };
 
-    /// `answer` runs on the server's thread, after the head of the first request.
-    RawServer(const QString &scheme, std::function<void(const Connection &)> answer);
+    /// `respond` runs on the server's thread, after the head of the first request.
+    RawServer(const QString &scheme, std::function<void(const Connection &)> respond);
     ~RawServer();
     RawServer(const RawServer &) = delete;
     RawServer &operator=(const RawServer &) = delete;
@@ -43,7 +43,7 @@ private:
     void serve(qintptr socket);
 
     const QString m_scheme;
-    const std::function<void(const Connection &)> m_answer;
+    const std::function<void(const Connection &)> m_respond;
     QString m_url;
     std::atomic<bool> m_isStopped = false;
     std::thread m_thread;

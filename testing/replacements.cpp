@@ -176,7 +176,7 @@ QFuture<UrlResponse> ScriptedSession::send(std::function<UrlRequest()> build)
     requests.append(request);
     auto promise = std::make_shared<QPromise<UrlResponse>>();
     promise->start();
-    auto answer = [this, promise, request] {
+    auto respond = [this, promise, request] {
         try {
             promise->addResult(handler(request));
         } catch (...) {
@@ -185,17 +185,17 @@ QFuture<UrlResponse> ScriptedSession::send(std::function<UrlRequest()> build)
         promise->finish();
     };
     if (held)
-        m_pending.push_back(answer);
+        m_pending.push_back(respond);
     else
-        platform().mainThread->post(answer);
+        platform().mainThread->post(respond);
     return promise->future();
 }
 
 void ScriptedSession::release()
 {
     held = false;
-    for (const auto &answer : std::exchange(m_pending, {}))
-        answer();
+    for (const auto &respond : std::exchange(m_pending, {}))
+        respond();
     settle();
 }
 

@@ -23,7 +23,7 @@ struct ServedRequest
     QByteArray header(const QByteArray &name) const;
 };
 
-/// An HTTP/1.1 server on loopback that sends exactly what a test chooses, invalid answers included.
+/// An HTTP/1.1 server on loopback that sends the bytes that a test chooses, valid HTTP or not.
 class ScriptedServer final : public QTcpServer
 {
 public:

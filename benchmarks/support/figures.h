@@ -12,7 +12,7 @@ namespace tolvane::bench {
 struct Figure
 {
     double value;
-    /// How far the measurements lie apart, relative to the value.
+    /// The spread of the measurements, relative to the value.
     double spread;
 };
 

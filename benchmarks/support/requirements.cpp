@@ -41,12 +41,12 @@ const Requirement requirements[] = {
     {"main thread's share of a thumbnail in 1,000", "ms", 0.3, "thumbnail on main thread", nullptr,
      "fifty of them in one frame at 60 Hz"},
     {"memory for 1,000 thumbnails scrolled through", "MiB", 110, "thumbnails' memory", nullptr,
-     "the limit of the cache, and what decodes"},
+     "the limit of the cache, plus pictures being decoded"},
     {"10,000 pushes handled", "ms", 200, "tenThousandPushes", nullptr,
      "a fiftieth of a millisecond each, on the main thread"},
     {"10,000 pushes / 1,000 pushes", "ms", 12, "tenThousandPushes", "thousandPushes", nullptr},
     {"initialize with views", "ms", 1, "initialize with views", nullptr,
-     "a host's start must not notice it"},
+     "it must not delay a host's start"},
     {"first open to its frame / a plain interface's", "ms", 3, "first open", "first plain view",
      nullptr},
     {"later open to its frame / a plain interface's", "ms", 2, "later open", "later plain view",
@@ -56,11 +56,11 @@ const Requirement requirements[] = {
     {"rows rebuilt for one of 1,000 that changed", "rows", 0, "rebuilt rows", nullptr, "a count"},
     {"slowest frame of flings / of a plain list's", "ms", 2, "frame", "plain frame", nullptr},
     {"memory that a presentation adds", "MiB", 15, "presentation's memory", nullptr,
-     "what a host pays; see the row with a baseline"},
+     "the cost for a host; the next row has a baseline"},
     {"memory that a presentation adds / a plain interface's", "MiB", 2, "presentation's memory",
      "plain view's memory", nullptr},
     {"memory that stays after closing it", "MiB", 15, "memory after closing", nullptr,
-     "what a host pays on"},
+     "the cost that remains for a host"},
     {"memory that each of 200 presentations leaves", "KiB", 4, "KiB left by one presentation",
      nullptr, "the precision of the allocator's count"},
     {"first frame of 10,000 messages / of 20", "ms", 2, "first frame with 10000 messages",
@@ -197,7 +197,7 @@ bool writePage(const std::vector<Outcome> &outcomes, const QString &renderer,
         "`./run bench --page docs/performance.md` has written this page. A limit applies to the "
         "ratio of two figures of\none run, because machines differ; a limit without a baseline "
         "has a reason. Times and counts are the least of\nseveral measurements, memory is the "
-        "median. The spread says how far the measurements lie apart.\n\n");
+        "median. The spread shows how much the measurements differ.\n\n");
     page += QStringLiteral("Measured on: %1.\n\n").arg(machine(renderer));
     page += QStringLiteral("| What | Result | At most | | Spread | Reason for a limit without "
                            "baseline |\n|---|---|---|---|---|---|\n");

@@ -23,14 +23,14 @@ struct Requirement
     const char *reason;
 };
 
-/// How one run stands to one requirement.
+/// The result of one run for one requirement.
 struct Outcome
 {
     Requirement requirement;
     Figure subject;
     /// NaN for a limit without a baseline.
     Figure baseline;
-    /// What the limit applies to.
+    /// The figure that is compared with the limit: the ratio, or else the subject.
     Figure result;
 
     bool isMet() const { return result.value <= requirement.limit; } // False for NaN.

@@ -150,7 +150,7 @@ void Conversation::showTicket()
         Q_EMIT closed();
     }
     if (isAnswer)
-        Q_EMIT answered();
+        Q_EMIT replied();
 }
 
 } // namespace tolvane::console

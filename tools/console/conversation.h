@@ -33,8 +33,8 @@ public:
     bool isClosed() const;
 
 Q_SIGNALS:
-    /// Somebody other than the customer has written.
-    void answered();
+    /// A message of another sender than the customer has arrived.
+    void replied();
     void closed();
 
 private:

@@ -109,7 +109,7 @@ std::span<const InteractiveMode::Command> InteractiveMode::commands()
         Command{"say", "TEXT", "sends a message with its attachments", true, &Mode::say},
         Command{"attach", "PATH", "adds a file to the next message", true, &Mode::attach},
         Command{"refresh", "", "fetches the conversation", true, &Mode::refresh},
-        Command{"wait", "[closed|push]", "for an answer, the closing or the next push", true,
+        Command{"wait", "[closed|push]", "waits for a reply, the closing or the next push", true,
                 &Mode::wait},
         Command{"push", "on|off", "pushes from the local backend", true, &Mode::push},
         Command{"tap", "", "taps the last push", true, &Mode::tap},
@@ -140,9 +140,9 @@ void InteractiveMode::enter(int handle)
 {
     close();
     m_handle = handle;
-    m_answered = false;
+    m_hasReply = false;
     m_conversation = std::make_unique<Conversation>(m_terminal, m_host.ticket(handle));
-    QObject::connect(m_conversation.get(), &Conversation::answered, [this] { m_answered = true; });
+    QObject::connect(m_conversation.get(), &Conversation::replied, [this] { m_hasReply = true; });
     Host::setOpen(true);
 }
 
@@ -233,7 +233,7 @@ QCoro::Task<> InteractiveMode::say(QString text)
     ticket.setMessage(text);
     if (ticket.isSendDisabled())
         throw CommandError(QStringLiteral("There is nothing to send"));
-    m_answered = false;
+    m_hasReply = false;
     if (ticket.ticket())
         co_await ticket.sendMessage();
     else
@@ -260,16 +260,16 @@ std::span<const InteractiveMode::WaitCondition> InteractiveMode::waitConditions(
 {
     using Mode = InteractiveMode;
     static constexpr std::array table = {
-        WaitCondition{"", &Mode::hasAnswer},
+        WaitCondition{"", &Mode::hasReply},
         WaitCondition{"closed", &Mode::isConversationClosed},
         WaitCondition{"push", &Mode::consumePush},
     };
     return table;
 }
 
-bool InteractiveMode::hasAnswer()
+bool InteractiveMode::hasReply()
 {
-    return m_answered;
+    return m_hasReply;
 }
 
 bool InteractiveMode::isConversationClosed()
@@ -284,14 +284,15 @@ bool InteractiveMode::consumePush()
 
 QCoro::Task<> InteractiveMode::wait(QString what)
 {
-    const auto wanted = std::ranges::find_if(waitConditions(), [&what](const WaitCondition &entry) {
-        return what == QLatin1String(entry.name);
-    });
-    if (wanted == waitConditions().end())
+    const auto condition =
+        std::ranges::find_if(waitConditions(), [&what](const WaitCondition &entry) {
+            return what == QLatin1String(entry.name);
+        });
+    if (condition == waitConditions().end())
         throw CommandError(QStringLiteral("Expected \"closed\", \"push\" or no argument"));
     constexpr int seconds = 30;
     for (int i = 0; i < seconds * 10; ++i) {
-        if ((this->*wanted->isMet)())
+        if ((this->*condition->isMet)())
             co_return;
         QFuture<void> pause = platform().clock->sleep(100ms, {});
         co_await awaitFuture(pause);
@@ -316,7 +317,7 @@ QCoro::Task<> InteractiveMode::push(QString onOff)
 QCoro::Task<> InteractiveMode::tap(QString)
 {
     if (!m_lastPush)
-        throw CommandError(QStringLiteral("No push has come; \"push on\" listens for them"));
+        throw CommandError(QStringLiteral("No push has arrived; \"push on\" listens for pushes"));
     Tolvane::handlePushNotification(*m_lastPush);
     co_return;
 }

@@ -42,7 +42,7 @@ private:
 
     struct WaitCondition;
     static std::span<const WaitCondition> waitConditions();
-    bool hasAnswer();
+    bool hasReply();
     bool isConversationClosed();
     bool consumePush();
 
@@ -76,7 +76,7 @@ private:
     bool m_isRunning = false;
     bool m_hasEnded = false;
     bool m_hasFailed = false;
-    bool m_answered = false;
+    bool m_hasReply = false;
 };
 
 } // namespace tolvane::console

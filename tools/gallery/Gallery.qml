@@ -10,7 +10,7 @@ Rectangle {
     required property var wide
     required property var tall
     required property var detailed
-    /// The URL of a picture, and a URL that is never answered.
+    /// The URL of a picture, and a URL that never gets a response.
     required property url pictureUrl
     required property url silentUrl
 

@@ -50,7 +50,7 @@ QImage stripes()
     return image;
 }
 
-/// Answers each request with a JPEG, except for "/silent", which it never answers.
+/// Responds to each request with a JPEG, except for "/silent", which gets no response.
 class PictureServer : public QTcpServer
 {
 public:

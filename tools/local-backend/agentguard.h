@@ -12,9 +12,8 @@ void rejectRemoteRequests(const Request &request);
 /// Throws an HttpError for a cross-site request by a browser on this machine.
 void rejectCrossSiteRequests(const Request &request);
 
-/// Rejects requests of another site's page, and of a page whose host name resolves to this machine
-/// for the attack: a name has to be this machine's or `host`, an address may be any. Throws an
-/// HttpError.
+/// Throws an HttpError for requests from pages of other sites, and for DNS rebinding: the Host
+/// header must contain a loopback name, `host`, or a numeric address, which cannot be rebound.
 void rejectForeignPages(const Request &request, const std::string &host);
 
 } // namespace tolvane::backend

@@ -5,7 +5,7 @@
 
 namespace tolvane::backend {
 
-/// Answers with the agent page or one of its files. Throws an HttpError.
+/// Responds with the agent page or one of its files. Throws an HttpError.
 void respondWithPage(const RequestContext &context);
 
 } // namespace tolvane::backend

@@ -7,7 +7,7 @@ namespace {
 
 // SQLite copies text, because a temporary may be destroyed before the statement runs.
 const sqlite3_destructor_type copied = SQLITE_TRANSIENT;
-const sqlite3_destructor_type kept = SQLITE_STATIC;
+const sqlite3_destructor_type borrowed = SQLITE_STATIC;
 
 void check(sqlite3 *connection, int code)
 {
@@ -40,7 +40,7 @@ void Statement::bind(int index, Blob blob)
 {
     check(connection(),
           sqlite3_bind_blob64(m_statement, index, blob.bytes.empty() ? "" : blob.bytes.data(),
-                              blob.bytes.size(), kept));
+                              blob.bytes.size(), borrowed));
 }
 
 void Statement::bind(int index, std::nullopt_t)

@@ -5,7 +5,7 @@
 
 namespace tolvane::backend {
 
-/// Answers with server-sent events until the client disconnects or the server shuts down.
+/// Responds with server-sent events until the client disconnects or the server shuts down.
 /// `nextEvents` returns an empty text while no event is waiting. The server calls it again after
 /// each release of the stream's wakeup.
 template <typename Stream>

@@ -58,22 +58,25 @@ void addOptions(QCommandLineParser &parser)
     }
 }
 
-double numberOf(const QCommandLineParser &parser, const QString &name, double least, double most)
+double numberOf(const QCommandLineParser &parser, const QString &name, double minimum,
+                double maximum)
 {
     const QString text = parser.value(name);
     bool valid = false;
     const double number = text.toDouble(&valid);
     // Negated, so that NaN is rejected too.
-    if (!valid || !(number >= least && number <= most)) {
-        fail(u"--%1 takes a number from %2 to %3, not '%4'"_s.arg(name).arg(least).arg(most).arg(
-            text));
+    if (!valid || !(number >= minimum && number <= maximum)) {
+        fail(u"--%1 takes a number from %2 to %3, not '%4'"_s.arg(name)
+                 .arg(minimum)
+                 .arg(maximum)
+                 .arg(text));
     }
     return number;
 }
 
-int wholeNumberOf(const QCommandLineParser &parser, const QString &name, int least, int most)
+int wholeNumberOf(const QCommandLineParser &parser, const QString &name, int minimum, int maximum)
 {
-    const double number = numberOf(parser, name, least, most);
+    const double number = numberOf(parser, name, minimum, maximum);
     const int whole = static_cast<int>(number);
     if (whole != number)
         fail(u"--%1 takes a whole number, not '%2'"_s.arg(name, parser.value(name)));

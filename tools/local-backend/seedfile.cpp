@@ -90,11 +90,11 @@ public:
         return m_value.toString();
     }
 
-    double number(double most) const
+    double number(double maximum) const
     {
         const double number = m_value.toDouble(-1);
-        if (number < 0 || number > most)
-            fail(u"needs a number from 0 to %1"_s.arg(most));
+        if (number < 0 || number > maximum)
+            fail(u"needs a number from 0 to %1"_s.arg(maximum));
         return number;
     }
 

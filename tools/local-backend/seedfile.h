@@ -9,7 +9,7 @@
 
 namespace tolvane::backend {
 
-/// A message of the past.
+/// A message of a past conversation.
 struct SeededMessage
 {
     Author author = Author::Customer;

@@ -55,7 +55,7 @@ public:
 
     void updateCustomer(const std::string &customer, const CustomerUpdate &update);
 
-    /// Both store the customer's message together with the pending answer to it.
+    /// Both store the customer's message together with the pending reply to it.
     Ticket createTicket(const std::string &customer, const NewTicket &ticket, Instant answerDue);
     std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
                                       const NewMessage &message, Instant answerDue);

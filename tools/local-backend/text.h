@@ -18,7 +18,7 @@ std::vector<std::string_view> split(std::string_view text, char separator);
 std::string percentDecoded(std::string_view text);
 std::string percentEncoded(std::string_view text);
 
-/// Takes equally long wherever the texts differ, so that keys cannot be guessed by timing.
+/// Compares in constant time, so that keys cannot be guessed by timing.
 bool equalInConstantTime(std::string_view left, std::string_view right);
 
 std::string sha256Hex(std::string_view bytes);
