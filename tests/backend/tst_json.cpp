@@ -96,7 +96,7 @@ private Q_SLOTS:
         with.attachments = {u"a"_s, u"😀\n\"é"_s};
         QTest::newRow("escapes") << message(",'attachments':['a','\\ud83d\\ude00\\n\\'\\u00e9']"_j)
                                  << with;
-        QTest::newRow("halves of surrogate pairs")
+        QTest::newRow("lone surrogates")
             << message(",'attachments':['a\\ud800','\\ud83d\\ude00\\udc00\\\\ud800']"_j)
             << [with]() mutable {
                    with.attachments = {u"a\uFFFD"_s, u"😀\uFFFD\\ud800"_s};

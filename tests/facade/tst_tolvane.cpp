@@ -202,7 +202,7 @@ private:
     }
 
 private Q_SLOTS:
-    void eventsHaveTheIdsOfTheirMoment()
+    void eventsHaveTheIdsAtTheirCreation()
     {
         FacadeFixture fixture;
         fixture.initialize();

@@ -26,14 +26,14 @@ class DeviceTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void theBatteryIsTheMachines()
+    void theBatteryStateIsReadFromTheDevice()
     {
         checkBattery("Discharging", "83", State::unplugged, 0.83F);
         checkBattery("Charging", "0", State::charging, 0.0F);
         checkBattery("Full", "100", State::full, 1.0F);
         checkBattery("Not charging", "80", State::unknown, 0.8F); // Plugged in, and limited.
         checkBattery("Unknown", "much", State::unknown, -1.0F);
-        checkBattery({}, {}, State::unknown, -1.0F); // There is none.
+        checkBattery({}, {}, State::unknown, -1.0F); // There is no battery.
     }
 
 private:

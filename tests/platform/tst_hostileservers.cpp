@@ -84,7 +84,7 @@ class HostileServersTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void answersAreBounded_data()
+    void responsesAreBounded_data()
     {
         QTest::addColumn<QString>("scheme");
         QTest::addColumn<Answer>("answer");
@@ -154,7 +154,7 @@ private Q_SLOTS:
 
     /// Whatever a server sends: the request ends, the network thread goes on with the next one, and
     /// it does not delay the end of the process.
-    void answersAreBounded()
+    void responsesAreBounded()
     {
         QFETCH(const QString, scheme);
         QFETCH(const Answer, answer);
@@ -180,7 +180,7 @@ private Q_SLOTS:
         QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
     }
 
-    void certificatesMustFit()
+    void certificatesAreVerified()
     {
         const RawServer server(u"https"_s, [](const Connection &connection) {
             connection.write("HTTP/1.1 200 OK\r\nContent-Length: 4\r\n\r\nfine");

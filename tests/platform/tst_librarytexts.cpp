@@ -89,7 +89,7 @@ private Q_SLOTS:
         QVERIFY(texts.text(u"main_title"_s).endsWith(u' '));
     }
 
-    void countsTakeTheirForm()
+    void countsSelectThePluralForm()
     {
         const std::tuple<QStringList, qint64, QString> cases[] = {
             {{u"en-GB"_s}, 1, u"1 minute ago"_s},

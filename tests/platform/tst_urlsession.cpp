@@ -339,7 +339,7 @@ private Q_SLOTS:
         }
     }
 
-    void followsNoOtherAndNoEndlessRedirects()
+    void rejectsCrossOriginAndEndlessRedirects()
     {
         UrlSessionFixture fixture;
         UrlSessionFixture other;

@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(error.value(u"error_domain"_s), ErrorDomain::transport);
     }
 
-    void hexTexts()
+    void hexadecimalTexts()
     {
         const QString gray = u"#808080"_s;
         const QString black = u"#000000"_s;

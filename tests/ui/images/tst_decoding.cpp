@@ -184,7 +184,7 @@ private Q_SLOTS:
         QTest::newRow("progressive") << progressiveJpeg({800, 600}) << QSize(800, 600) << brick;
         QTest::newRow("40,000 scans")
             << withScans(progressiveJpeg({4000, 3000}), 40'000) << QSize() << none;
-        QTest::newRow("a claim of 400 megapixels")
+        QTest::newRow("a header of 400 megapixels")
             << claiming(encodedImage(solidImage({8, 8}, red), "jpeg"), 20'000) << QSize() << none;
         QTest::newRow("200 texts of 8 MB")
             << withTexts(encodedImage(solidImage({3, 2}, red), "png"), 200) << QSize(3, 2) << red;

@@ -59,7 +59,7 @@ class ImageLoadTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPictureIsLoadedAndKept()
+    void aPictureIsLoadedAndCached()
     {
         ImageLoadFixture fixture;
         const auto view = fixture.view();
@@ -143,7 +143,7 @@ private Q_SLOTS:
         }
     }
 
-    void thumbnailsAreMadeOfTheWholePictureAndNeverKept()
+    void thumbnailsShowTheWholePictureAndAreNotCached()
     {
         ImageLoadFixture fixture;
         const auto small = fixture.view(QSizeF(20, 20));

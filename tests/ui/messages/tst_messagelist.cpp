@@ -145,7 +145,7 @@ private Q_SLOTS:
         QVERIFY(changed.count() > 0);
     }
 
-    void partsHaveTheWholeText()
+    void chunksContainTheWholeText()
     {
         // Words, joined emoji, accents, nothing but combining marks, zero width, half a surrogate
         // pair.

@@ -77,7 +77,7 @@ private Q_SLOTS:
         QTest::addRow("widgets") << true;
     }
 
-    void theMessengerIsOpenWhileItsPlaceIsVisible()
+    void theMessengerIsOpenWhileItsItemIsVisible()
     {
         MessengerFixture fixture;
         QVERIFY(fixture.showHost());
@@ -103,7 +103,7 @@ private Q_SLOTS:
         QVERIFY(!Tolvane::isOpen());
     }
 
-    void theSecondPlaceWaitsForTheFirst()
+    void theSecondItemWaitsForTheFirst()
     {
         MessengerFixture fixture;
         QVERIFY(fixture.showHost());

@@ -74,7 +74,7 @@ private Q_SLOTS:
         }
     }
 
-    void withoutOpenGLTheHostGoesOn()
+    void withoutOpenGLTheHostContinues()
     {
         World world;
         world.environment.insert(u"QT_XCB_GL_INTEGRATION"_s, u"none"_s);

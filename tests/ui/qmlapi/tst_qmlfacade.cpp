@@ -138,7 +138,7 @@ private Q_SLOTS:
             QVERIFY2(fixture.run(source).toBool(), qPrintable(source));
     }
 
-    void environmentsAreKnownOnes()
+    void unknownEnvironmentsAreIgnored()
     {
         QmlHostFixture fixture;
         fixture.run(u"Tolvane.setEnvironment(Tolvane.Alpha)"_s);

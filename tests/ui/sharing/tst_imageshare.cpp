@@ -177,7 +177,7 @@ private Q_SLOTS:
                  QStringList({u"image_1.5.jpg"_s, u"image_1.5 (2).jpg"_s, u"image_1.5 (3).jpg"_s}));
     }
 
-    void aDragHasTheFile()
+    void aDragCarriesTheFile()
     {
         ImageShareFixture fixture;
         ImageShare share;

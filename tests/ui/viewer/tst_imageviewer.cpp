@@ -269,7 +269,7 @@ private Q_SLOTS:
         QTest::newRow("Escape") << QList<int>{Qt::Key_Escape};
         QTest::newRow("Back") << QList<int>{Qt::Key_Back};
         QTest::newRow("the button") << QList<int>{Qt::Key_Tab, Qt::Key_Return};
-        QTest::newRow("the button, found hidden")
+        QTest::newRow("hidden button")
             << QList<int>{Qt::Key_H, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return};
     }
 
