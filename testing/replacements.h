@@ -111,7 +111,10 @@ struct FakeBundle final : Bundle
         return dressed(texts ? texts->text(key, count)
                              : QString::number(count) + QLatin1Char(' ') + key);
     }
-    QString hostString(const QString &key) const override { return dressed(key); }
+    QString hostString(const QString &key) const override
+    {
+        return dressed(texts ? texts->text(QStringLiteral("host_") + key) : key);
+    }
     Qt::LayoutDirection layoutDirection() const override { return direction; }
 
     /// Replaces the keys with the texts of a language, and uses its layout direction.

@@ -121,6 +121,7 @@ private Q_SLOTS:
         qputenv("LANGUAGE", "it:pl");
         const auto bundle = makeApplicationBundle();
         QCOMPARE(bundle->hostString(u"Wörter"_s), u"Wörter"_s);
+        QCOMPARE(bundle->hostString(u"Back"_s), u"Wstecz"_s);
         EagerHost host;
         QVERIFY(QCoreApplication::installTranslator(&host));
         QCOMPARE(bundle->hostString(u"Wörter"_s), u"Tolvane/Wörter"_s);

@@ -36,7 +36,12 @@ public:
 
     QString hostString(const QString &key) const override
     {
-        return QCoreApplication::translate("Tolvane", key.toUtf8().constData());
+        const QString text = QCoreApplication::translate("Tolvane", key.toUtf8().constData());
+        if (text != key)
+            return text;
+        const QString libraryKey = QStringLiteral("host_") + key;
+        const QString ownText = texts().text(libraryKey);
+        return ownText == libraryKey ? key : ownText;
     }
 
     Qt::LayoutDirection layoutDirection() const override { return texts().direction(); }

@@ -27,7 +27,7 @@ public:
     virtual QString string(const QString &key) const = 0;
     /// The same with the count as a number, in its plural form.
     virtual QString string(const QString &key, qint64 count) const = 0;
-    /// The host's translation of the key in the context "Tolvane".
+    /// The host's translation of the English text in the context "Tolvane"; else the library's own.
     virtual QString hostString(const QString &key) const = 0;
     /// The direction of the library's texts and of the layout of its views.
     virtual Qt::LayoutDirection layoutDirection() const = 0;

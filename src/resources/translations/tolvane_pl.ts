@@ -66,6 +66,41 @@
         </translation>
     </message>
     <message>
+        <source>host_You</source>
+        <extracomment>On the customer's own messages; the host may translate it.</extracomment>
+        <translation>Ty</translation>
+    </message>
+    <message>
+        <source>host_Back</source>
+        <extracomment>The button that leaves a conversation or a picture; the host may translate it.</extracomment>
+        <translation>Wstecz</translation>
+    </message>
+    <message>
+        <source>host_Image</source>
+        <extracomment>The title of a picture that is shared; the host may translate it.</extracomment>
+        <translation>Obraz</translation>
+    </message>
+    <message>
+        <source>host_No conversations yet</source>
+        <extracomment>On the home screen, before the first conversation; the host may translate it.</extracomment>
+        <translation>Nie masz jeszcze rozmów</translation>
+    </message>
+    <message>
+        <source>host_Start a new conversation to get help</source>
+        <extracomment>Beneath the line that there are no conversations yet; the host may translate it.</extracomment>
+        <translation>Rozpocznij nową rozmowę, aby uzyskać pomoc</translation>
+    </message>
+    <message>
+        <source>host_Something went wrong</source>
+        <extracomment>Where loading has failed; the host may translate it.</extracomment>
+        <translation>Coś poszło nie tak</translation>
+    </message>
+    <message>
+        <source>ticket_ai_agent</source>
+        <extracomment>The sender of a message of the machine, which has no name; the same words as where it is typing.</extracomment>
+        <translation>Agent AI</translation>
+    </message>
+    <message>
         <source>ticket_closed</source>
         <extracomment>In the last row of a conversation that support has closed, after an icon of a lock. The customer can still write.</extracomment>
         <translation>Ta rozmowa została zakończona</translation>

@@ -63,6 +63,41 @@
         </translation>
     </message>
     <message>
+        <source>host_You</source>
+        <extracomment>On the customer's own messages; the host may translate it.</extracomment>
+        <translation>Você</translation>
+    </message>
+    <message>
+        <source>host_Back</source>
+        <extracomment>The button that leaves a conversation or a picture; the host may translate it.</extracomment>
+        <translation>Voltar</translation>
+    </message>
+    <message>
+        <source>host_Image</source>
+        <extracomment>The title of a picture that is shared; the host may translate it.</extracomment>
+        <translation>Imagem</translation>
+    </message>
+    <message>
+        <source>host_No conversations yet</source>
+        <extracomment>On the home screen, before the first conversation; the host may translate it.</extracomment>
+        <translation>Ainda não há conversas</translation>
+    </message>
+    <message>
+        <source>host_Start a new conversation to get help</source>
+        <extracomment>Beneath the line that there are no conversations yet; the host may translate it.</extracomment>
+        <translation>Inicie uma nova conversa para obter ajuda</translation>
+    </message>
+    <message>
+        <source>host_Something went wrong</source>
+        <extracomment>Where loading has failed; the host may translate it.</extracomment>
+        <translation>Algo deu errado</translation>
+    </message>
+    <message>
+        <source>ticket_ai_agent</source>
+        <extracomment>The sender of a message of the machine, which has no name; the same words as where it is typing.</extracomment>
+        <translation>Agente de IA</translation>
+    </message>
+    <message>
         <source>ticket_closed</source>
         <extracomment>In the last row of a conversation that support has closed, after an icon of a lock. The customer can still write.</extracomment>
         <translation>Esta conversa foi encerrada</translation>

@@ -19,7 +19,10 @@ QString senderLabel(const SenderDto &sender)
     if (sender.type == words::customer)
         return bundle.hostString(QStringLiteral("You"));
     const QString name = isolatedText(sender.name.value_or(QString()));
-    return name.isEmpty() ? bundle.string(QStringLiteral("ticket_support")) : name;
+    if (!name.isEmpty())
+        return name;
+    return bundle.string(sender.type == words::aiAgent ? QStringLiteral("ticket_ai_agent")
+                                                       : QStringLiteral("ticket_support"));
 }
 
 void addRows(QList<MessageRow> &rows, const MessageDto &message)

@@ -171,7 +171,7 @@ private Q_SLOTS:
         const QString maya = u"\u2068Maya\u2069"_s;
         const QString support = u"ticket_support"_s;
         describe(words::customer, u"Eve"_s, url, Avatar::None, u"You"_s);
-        describe(words::aiAgent, {}, url, Avatar::AI, support);
+        describe(words::aiAgent, {}, url, Avatar::AI, u"ticket_ai_agent"_s);
         describe(words::humanAgent, u"Maya"_s, {}, Avatar::Person, maya);
         describe(words::humanAgent, u"Maya"_s, url, Avatar::Picture, maya);
         describe(words::humanAgent, u" "_s, url, Avatar::Picture, support);
