@@ -81,6 +81,20 @@ struct MessengerFixture : Fixture
     }
     QQuickItem *find(const QString &text) const { return find(messenger(), text); }
 
+    /// The last visible item of a type; null without one.
+    static QQuickItem *lastVisible(QQuickItem *in, const char *type)
+    {
+        if (!in || !in->isVisible())
+            return nullptr;
+        const QList<QQuickItem *> children = in->childItems();
+        for (auto child = children.crbegin(); child != children.crend(); ++child) {
+            if (QQuickItem *found = lastVisible(*child, type))
+                return found;
+        }
+        return QByteArray(in->metaObject()->className()).startsWith(type) ? in : nullptr;
+    }
+    QQuickItem *lastVisible(const char *type) const { return lastVisible(messenger(), type); }
+
     qsizetype listRequests() const
     {
         return std::ranges::count_if(session->requests, [](const UrlRequest &request) {

@@ -140,18 +140,6 @@ QByteArray sampleList()
     return encodeList(tickets);
 }
 
-QQuickItem *lastIn(QQuickItem *item, const char *type)
-{
-    if (!item || !item->isVisible())
-        return nullptr;
-    const QList<QQuickItem *> children = item->childItems();
-    for (auto child = children.crbegin(); child != children.crend(); ++child) {
-        if (QQuickItem *found = lastIn(*child, type))
-            return found;
-    }
-    return QByteArray(item->metaObject()->className()).startsWith(type) ? item : nullptr;
-}
-
 } // namespace
 
 void Appearance::apply() const
@@ -198,6 +186,18 @@ std::span<const Screens::Screen> Screens::all()
          [](S &s) {
              s.isFailing = true;
              s.open();
+         }},
+        {"home-unavailable",
+         [](S &s) {
+             s.m_hasSettings = false;
+             s.loadSettings();
+             TolvaneViewController::present();
+         }},
+        {"home-outdated",
+         [](S &s) {
+             s.open();
+             s.isFailing = true;
+             QTest::keyClick(&s.host, Qt::Key_F5);
          }},
         {"conversation-loading",
          [](S &s) {
@@ -256,6 +256,13 @@ std::span<const Screens::Screen> Screens::all()
              s.openTicket();
              s.composer().setMessage(u"On its way"_s);
              s.session->held = true;
+             s.composer().send();
+         }},
+        {"composer-failed",
+         [](S &s) {
+             s.openTicket();
+             s.composer().setMessage(u"On its way"_s);
+             s.isFailing = true;
              s.composer().send();
          }},
         {"viewer-loading",
@@ -321,9 +328,9 @@ UrlResponse Screens::respond(const UrlRequest &request)
             throw UrlError(UrlError::notConnectedToInternet);
         return {.status = 200, .headers = {}, .body = photo()};
     }
-    if (path.endsWith(u"/settings"_s))
+    if (path.endsWith(u"/settings"_s) && m_hasSettings)
         return answer(demoBranding());
-    if (isFailing)
+    if (isFailing || !m_hasSettings)
         throw UrlError(UrlError::notConnectedToInternet);
     if (path.endsWith(u"/tickets"_s))
         return test::json(listJson);
@@ -358,11 +365,6 @@ QStringList Screens::contentTexts()
         texts += QString::fromUtf8(line.type);
     }
     return texts;
-}
-
-QQuickItem *Screens::lastVisible(const char *type) const
-{
-    return lastIn(messenger(), type);
 }
 
 ScreenData &Screens::screen() const

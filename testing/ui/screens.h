@@ -54,9 +54,6 @@ public:
     /// Shown texts that are not the library's: messages, names and types of senders.
     static QStringList contentTexts();
 
-    /// The last visible item of a type; null without one.
-    QQuickItem *lastVisible(const char *type) const;
-
 private:
     UrlResponse respond(const UrlRequest &request);
     ScreenData &screen() const;
@@ -75,6 +72,7 @@ private:
     std::optional<FastAnimations> m_fastAnimations;
     TicketDto m_ticket;
     bool m_hasPictures = true;
+    bool m_hasSettings = true;
 };
 
 } // namespace tolvane::test

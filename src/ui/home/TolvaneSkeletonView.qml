@@ -37,11 +37,11 @@ Rectangle {
         anchors.fill: parent
         visible: view.hasFailed
         icon: "warning"
-        iconColor: Theme.accentColor
+        iconColor: Theme.fontBasicColor
         title: Strings.hostString("Something went wrong")
-        titleColor: Theme.accentColor
+        titleColor: Theme.fontBasicColor
         detail: view.screen.settingsErrorText
-        detailColor: Theme.accentColor
+        detailColor: Theme.fontBasicColor
         action: Strings.string("error_retry")
         isActionEnabled: !view.screen.isLoadingSettings
         onActionRequested: view.screen.loadSettings()
@@ -53,7 +53,7 @@ Rectangle {
         anchors.margins: Metrics.Padding
         visible: !view.screen.isEmbedded
         icon: "close"
-        color: Theme.accentColor
+        color: Theme.fontBasicColor
         name: Strings.string("accessibility_close")
         onClicked: view.screen.close()
     }

@@ -10,7 +10,11 @@ Rectangle {
 
     signal retryRequested()
 
-    implicitHeight: Math.max(label.implicitHeight, button.implicitHeight) + Metrics.SmallPadding
+    /// With large letters the button is below the text.
+    readonly property bool isStacked: button.implicitWidth > width / 2
+
+    implicitHeight: (isStacked ? label.height + Metrics.LineSpacing + button.height
+                               : Math.max(label.height, button.height)) + Metrics.SmallPadding
     radius: Metrics.ItemRadius
     color: Qt.tint(Theme.chatBackgroundColor, Qt.alpha(Theme.redColor, 0.12))
     Accessible.role: Accessible.AlertMessage
@@ -21,14 +25,14 @@ Rectangle {
 
         anchors.left: parent.left
         anchors.leftMargin: Metrics.Spacing
-        anchors.right: button.left
+        anchors.right: line.isStacked ? parent.right : button.left
         anchors.rightMargin: Metrics.SmallSpacing
-        anchors.verticalCenter: parent.verticalCenter
+        y: line.isStacked ? Metrics.LineSpacing : (line.height - height) / 2
         text: line.text
         textFormat: Text.PlainText
         horizontalAlignment: Text.AlignLeft
         wrapMode: Text.Wrap
-        maximumLineCount: 4
+        maximumLineCount: 6
         elide: Text.ElideRight
         color: Theme.fontBasicColor
         font.pixelSize: Theme.footnote
@@ -40,7 +44,8 @@ Rectangle {
 
         anchors.right: parent.right
         anchors.rightMargin: Metrics.LineSpacing
-        anchors.verticalCenter: parent.verticalCenter
+        y: line.isStacked ? line.height - height - Metrics.LineSpacing : (line.height - height) / 2
+        width: Math.min(implicitWidth, line.width - 2 * Metrics.LineSpacing)
         name: Strings.string("error_retry")
         color: Theme.fontBasicColor
         textSize: Theme.footnote

@@ -7,7 +7,7 @@ Pressable {
     id: button
 
     required property color color
-    property int textSize: Theme.callout
+    property int textSize: Math.min(Theme.callout, 24)
 
     implicitWidth: label.implicitWidth + 2 * Metrics.Spacing
     implicitHeight: Math.max(Metrics.ButtonSize, label.implicitHeight + 2 * Metrics.SmallSpacing)

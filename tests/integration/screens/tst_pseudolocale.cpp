@@ -174,7 +174,7 @@ private:
         // Messages are not translated, and neither is the number of further pictures.
         if (ancestor(shown.item, "MessageBubble_") || shown.text.startsWith(u'+'))
             return true;
-        static const QRegularExpression translated(u"⟦[^⟧]*⟧"_s);
+        static const QRegularExpression translated(u"⟦(?:[^⟦⟧]|(?R))*⟧"_s);
         QString rest = shown.text;
         rest.remove(translated);
         for (const QString &known : fixedTexts() + Screens::contentTexts()) {
