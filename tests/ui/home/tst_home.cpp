@@ -101,6 +101,36 @@ private Q_SLOTS:
         }
     }
 
+    void theHeaderHasALogoOfItsSize()
+    {
+        const std::tuple<QSize, bool, double> cases[] = {{{400, 700}, false, 54},
+                                                         {{400, 700}, true, 32},
+                                                         {{700, 400}, false, 38},
+                                                         {{700, 400}, true, 22}};
+        for (const auto &[size, isCollapsed, width] : cases) {
+            HomeFixture fixture(40);
+            fixture.host.resize(size);
+            QVERIFY(fixture.open());
+            if (isCollapsed)
+                fixture.robot.turnWheel(-8);
+            fixture.robot.waitForAnimations();
+            QTRY_COMPARE(fixture.lastVisible("BrandLogo_")->width(), width);
+        }
+    }
+
+    void theButtonShrinksWhilePressedAndLeavesWhileTheListLoads()
+    {
+        HomeFixture fixture(1);
+        QVERIFY(fixture.open());
+        const auto button = [&] { return fixture.robot.find(QAccessible::Button, u"Send us"_s); };
+        const QRect rect = button();
+        fixture.robot.drag(rect.center(), {});
+        QTRY_VERIFY(button().left() > rect.left());
+        fixture.session->held = true;
+        fixture.robot.press(Qt::Key_F5);
+        QTRY_VERIFY(!fixture.robot.canSee(QAccessible::Button, u"Send us"_s));
+    }
+
     void theMouseDragsTheScrollBar()
     {
         HomeFixture fixture(40);
