@@ -86,17 +86,18 @@ std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::millise
     const std::unique_lock lock(m_mutex, timeout);
     if (!lock)
         return std::nullopt;
-    const QNetworkCacheMetaData metaData = m_cache.metaData(url);
-    if (!metaData.isValid())
-        return std::nullopt;
-    const std::unique_ptr<QIODevice> device(m_cache.data(url));
-    if (device && device->size() > maximumSize)
+    // In this order both come from one file, which another process may replace meanwhile. The cache
+    // recognises the address of the file as it has written it.
+    const QUrl stored = metaDataOf(url, {}).url();
+    const std::unique_ptr<QIODevice> device(m_cache.data(stored));
+    const QNetworkCacheMetaData metaData = m_cache.metaData(stored);
+    if (!device || !metaData.isValid() || device->size() > maximumSize)
         return std::nullopt;
     const auto attributes = metaData.attributes();
     UrlResponse response = {.status =
                                 attributes.value(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
                             .headers = metaData.rawHeaders(),
-                            .body = device ? device->readAll() : QByteArray()};
+                            .body = device->readAll()};
     if (digestOf(response.body) != attributes.value(digestAttribute).toByteArray()) {
         m_cache.remove(url);
         return std::nullopt;
