@@ -58,10 +58,16 @@ public:
     /// How the messenger is shown in the host's window.
     enum class Presentation {
         full, ///< over the whole window; the default
-        /// 400 pixels wide and up to 720 high, at the lower trailing corner of the window. The rest
+        /// 400 pixels wide and up to 720 high, at a lower corner of the window. The rest
         /// of the window stays visible and usable. While the window is smaller than 700 by 500
         /// pixels, the messenger covers all of it.
         panel
+    };
+
+    /// The side of the window at which the panel is, in the direction of reading.
+    enum class PanelSide {
+        trailing, ///< the default
+        leading
     };
 
     /// "production", "development" or "alpha".
@@ -106,6 +112,11 @@ public:
     static void setPresentation(Presentation presentation);
     /// Main thread. Does not require initialize().
     static Presentation presentation();
+
+    /// Sets the side of the panel, in all windows; an open panel moves at once.
+    static void setPanelSide(PanelSide side);
+    /// Main thread. Does not require initialize().
+    static PanelSide panelSide();
 
     /// Whether the customer can attach a picture of the host's window, from the menu of the attach
     /// button; off by default. The picture shows the window with which the messenger was opened,

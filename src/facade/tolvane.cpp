@@ -243,6 +243,16 @@ Tolvane::Presentation Tolvane::presentation()
     return HostOptions::shared()->presentation();
 }
 
+void Tolvane::setPanelSide(PanelSide side)
+{
+    onMainThread([side] { HostOptions::shared()->setPanelSide(side); });
+}
+
+Tolvane::PanelSide Tolvane::panelSide()
+{
+    return HostOptions::shared()->panelSide();
+}
+
 void Tolvane::setScreenshotEnabled(bool enabled)
 {
     onMainThread([enabled] { HostOptions::shared()->setScreenshotEnabled(enabled); });

@@ -23,6 +23,9 @@ public:
     Tolvane::Presentation presentation() const { return m_presentation; }
     void setPresentation(Tolvane::Presentation presentation) { set(m_presentation, presentation); }
 
+    Tolvane::PanelSide panelSide() const { return m_panelSide; }
+    void setPanelSide(Tolvane::PanelSide side) { set(m_panelSide, side); }
+
     /// Whether the customer may attach a picture of the host's window.
     bool isScreenshotEnabled() const { return m_isScreenshotEnabled; }
     void setScreenshotEnabled(bool enabled) { set(m_isScreenshotEnabled, enabled); }
@@ -43,6 +46,7 @@ private:
     }
 
     Tolvane::Presentation m_presentation = Tolvane::Presentation::full;
+    Tolvane::PanelSide m_panelSide = Tolvane::PanelSide::trailing;
     bool m_isScreenshotEnabled = false;
     bool m_enterSends = true;
 };

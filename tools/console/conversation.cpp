@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "conversation.h"
 
+#include "base/isodatetime.h"
 #include "terminal.h"
 
 #include <QtCore/QDateTime>
@@ -30,7 +31,7 @@ const char *senderStyle(const SenderDto &sender)
 
 QString clockTime(const QString &timestamp)
 {
-    const QDateTime time = QDateTime::fromString(timestamp, Qt::ISODate);
+    const QDateTime time = isoDateTime(timestamp, IsoZone::Any);
     return time.isValid() ? time.toLocalTime().toString(QStringLiteral("HH:mm"))
                           : QStringLiteral("--:--");
 }

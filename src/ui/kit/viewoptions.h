@@ -15,6 +15,7 @@ class ViewOptions : public QObject
     QML_ELEMENT
     QML_SINGLETON
     Q_PROPERTY(bool prefersPanel READ prefersPanel NOTIFY changed)
+    Q_PROPERTY(bool isPanelLeading READ isPanelLeading NOTIFY changed)
     Q_PROPERTY(bool isScreenshotEnabled READ isScreenshotEnabled NOTIFY changed)
     Q_PROPERTY(bool enterSends READ enterSends NOTIFY changed)
 
@@ -28,6 +29,10 @@ public:
     bool prefersPanel() const
     {
         return HostOptions::shared()->presentation() == Tolvane::Presentation::panel;
+    }
+    bool isPanelLeading() const
+    {
+        return HostOptions::shared()->panelSide() == Tolvane::PanelSide::leading;
     }
     bool isScreenshotEnabled() const { return HostOptions::shared()->isScreenshotEnabled(); }
     bool enterSends() const { return HostOptions::shared()->enterSends(); }

@@ -14,7 +14,7 @@ FocusScope {
 
     readonly property size windowSize: Qt.size(parent?.width ?? 0, parent?.height ?? 0)
     readonly property rect area:
-        PanelRules.area(windowSize, prefersPanel, Strings.isRightToLeft)
+        PanelRules.area(windowSize, prefersPanel, Strings.isRightToLeft !== ViewOptions.isPanelLeading)
     readonly property bool prefersPanel: ViewOptions.prefersPanel && !screen.isEmbedded
     readonly property bool isPanel: prefersPanel && PanelRules.hasRoom(windowSize)
 

@@ -94,10 +94,12 @@ void MessengerWindow::placeOverHost()
 void MessengerWindow::placeInHost()
 {
     const auto place = [&host = *m_host, own = m_ownWindow.get()] {
-        const bool prefersPanel =
-            HostOptions::shared()->presentation() == Tolvane::Presentation::panel;
+        const HostOptions &options = *HostOptions::shared();
+        const bool prefersPanel = options.presentation() == Tolvane::Presentation::panel;
         const bool isRightToLeft = platform().bundle->layoutDirection() == Qt::RightToLeft;
-        const QRect area = PanelRules::area(host.size(), prefersPanel, isRightToLeft).toRect();
+        const bool isLeading = options.panelSide() == Tolvane::PanelSide::leading;
+        const QRect area =
+            PanelRules::area(host.size(), prefersPanel, isRightToLeft != isLeading).toRect();
         own->setGeometry(area);
         own->setMask(area.size() == host.size() ? QRegion() : roundedRegion(area.size()));
     };

@@ -29,13 +29,13 @@ public:
         return window.width() >= 700 && window.height() >= 500;
     }
 
-    /// The panel at the lower trailing corner, or the whole window if that has no room.
-    Q_INVOKABLE static QRectF area(const QSizeF &window, bool prefersPanel, bool isRightToLeft)
+    /// The panel at the lower left or right corner, or the whole window if that has no room.
+    Q_INVOKABLE static QRectF area(const QSizeF &window, bool prefersPanel, bool isLeft)
     {
         if (!prefersPanel || !hasRoom(window))
             return QRectF(QPointF(), window);
         const QSizeF size(400, qMin(720.0, window.height() - 2 * margin));
-        const double x = isRightToLeft ? margin : window.width() - margin - size.width();
+        const double x = isLeft ? margin : window.width() - margin - size.width();
         return QRectF(QPointF(x, window.height() - margin - size.height()), size);
     }
 };

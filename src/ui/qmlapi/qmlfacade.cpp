@@ -113,6 +113,15 @@ void QmlFacade::setPresentation(Presentation presentation)
     Tolvane::setPresentation(static_cast<Tolvane::Presentation>(presentation));
 }
 
+void QmlFacade::setPanelSide(PanelSide side)
+{
+    if (!QMetaEnum::fromType<PanelSide>().valueToKey(side)) {
+        qmlWarning(this) << "There is no side " << static_cast<int>(side);
+        return;
+    }
+    Tolvane::setPanelSide(static_cast<Tolvane::PanelSide>(side));
+}
+
 void QmlFacade::setScreenshotEnabled(bool enabled)
 {
     Tolvane::setScreenshotEnabled(enabled);

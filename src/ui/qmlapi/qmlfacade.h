@@ -38,6 +38,8 @@ class QmlFacade : public QObject
     /// How the messenger is shown: `Tolvane.Full` or `Tolvane.Panel`.
     Q_PROPERTY(Presentation presentation READ presentation WRITE setPresentation NOTIFY
                    presentationChanged)
+    /// The side of the panel: `Tolvane.Trailing` or `Tolvane.Leading`.
+    Q_PROPERTY(PanelSide panelSide READ panelSide WRITE setPanelSide NOTIFY presentationChanged)
     /// The version of the library, "major.minor.patch".
     Q_PROPERTY(QString version READ version CONSTANT)
 
@@ -55,6 +57,12 @@ public:
     };
     Q_ENUM(Presentation)
 
+    enum PanelSide : int {
+        Trailing = static_cast<int>(Tolvane::PanelSide::trailing),
+        Leading = static_cast<int>(Tolvane::PanelSide::leading),
+    };
+    Q_ENUM(PanelSide)
+
     enum PresentationOptions : int {
         None = static_cast<int>(tolvane::PresentationOptions::none),
         Sound = static_cast<int>(tolvane::PresentationOptions::sound),
@@ -69,6 +77,8 @@ public:
     int unreadCount() const { return Tolvane::unreadCount(); }
     Presentation presentation() const { return static_cast<Presentation>(Tolvane::presentation()); }
     void setPresentation(Presentation presentation);
+    PanelSide panelSide() const { return static_cast<PanelSide>(Tolvane::panelSide()); }
+    void setPanelSide(PanelSide side);
     QString version() const { return Tolvane::version(); }
 
     Q_INVOKABLE void initialize(const QString &key);

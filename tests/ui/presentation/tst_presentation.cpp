@@ -202,16 +202,19 @@ private Q_SLOTS:
         showPanel({1000, 900}, Qt::LeftToRight, {584, 164, 400, 720});
         showPanel({700, 500}, Qt::LeftToRight, {284, 16, 400, 468}); // The smallest window.
         showPanel({1000, 900}, Qt::RightToLeft, {16, 164, 400, 720});
+        showPanel({1000, 900}, Qt::RightToLeft, {584, 164, 400, 720}, Tolvane::PanelSide::leading);
         showPanel({699, 900}, Qt::LeftToRight, {0, 0, 699, 900}); // Too narrow.
         showPanel({900, 499}, Qt::LeftToRight, {0, 0, 900, 499}); // Too low.
     }
 
 private:
-    static void showPanel(const QSize &window, Qt::LayoutDirection direction, const QRect &area)
+    static void showPanel(const QSize &window, Qt::LayoutDirection direction, const QRect &area,
+                          Tolvane::PanelSide side = Tolvane::PanelSide::trailing)
     {
         MessengerFixture fixture;
         fixture.bundle->direction = direction;
         Tolvane::setPresentation(Tolvane::Presentation::panel);
+        Tolvane::setPanelSide(side);
         fixture.host.resize(window);
         QVERIFY(fixture.showHost());
         fixture.loadSettings();
