@@ -66,6 +66,14 @@ struct MessengerFixture : Fixture
         return nullptr;
     }
 
+    /// True once it does not slide any more.
+    bool isInPlace() const
+    {
+        const QQuickItem *item = messenger();
+        return item && std::ranges::all_of(item->childItems(),
+                                           [](const QQuickItem *child) { return child->y() == 0; });
+    }
+
     /// The first visible item whose text begins with `text`; null without one.
     static QQuickItem *find(QQuickItem *in, const QString &text)
     {

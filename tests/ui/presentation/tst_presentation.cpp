@@ -121,12 +121,11 @@ private:
             open();
             open(); // It is open already.
             settle();
-            QTest::qWait(400);
             QVERIFY(Tolvane::isOpen());
+            QTRY_VERIFY(fixture.isInPlace());
             close(fixture.host);
             close(fixture.host); // It is closing already,
             QTest::mouseClick(&fixture.host, Qt::LeftButton, {}, QPoint(195, 760)); // and inert.
-            QVERIFY(Tolvane::isOpen());
             QTRY_VERIFY(!fixture.messenger());
             QVERIFY(!Tolvane::isOpen());
             QCOMPARE(fixture.openStates(), QList<bool>({true, false}));
@@ -219,7 +218,7 @@ private:
         QVERIFY(fixture.showHost());
         fixture.loadSettings();
         open();
-        QTest::qWait(400);
+        QTRY_VERIFY(fixture.isInPlace());
         const QQuickItem *messenger = fixture.messenger();
         const auto areaOf = [&] {
             return messenger->mapRectToScene(messenger->boundingRect()).toRect();
