@@ -30,6 +30,13 @@ QCoro::Task<> workAWhile()
     co_await awaitFuture(work);
 }
 
+/// Like the decoding of a picture that cannot be interrupted.
+QCoro::Task<> workForLong()
+{
+    QFuture<void> work = platform().workers->run([] { QThread::sleep(60); });
+    co_await awaitFuture(work);
+}
+
 /// A thread of the host that waits for an update. The process waits for the thread.
 std::jthread waitForUpdate()
 {
@@ -56,6 +63,8 @@ int main(int argc, char **argv)
         detach(sleepLong());
     else if (busy == "work")
         detach(workAWhile());
+    else if (busy == "long work")
+        detach(workForLong());
     else if (busy == "polling")
         PollingService::shared()->startPolling(QStringLiteral("t"), 0);
     // Long enough for all work to have started.

@@ -18,7 +18,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("busy");
         QTest::addColumn<QString>("way");
-        for (const char *busy : {"request", "sleep", "work", "polling"}) {
+        for (const char *busy : {"request", "sleep", "work", "long work", "polling"}) {
             for (const char *way : {"return", "exit"}) {
                 QTest::addRow("%s, %s", busy, way)
                     << QString::fromLatin1(busy) << QString::fromLatin1(way);

@@ -11,6 +11,10 @@ namespace tolvane {
 
 namespace {
 
+/// For which the end of the process waits for running jobs. No picture takes longer that can be
+/// interrupted.
+constexpr int timeoutAtExit = 400;
+
 class MainExecutor final : public Executor
 {
 public:
@@ -34,10 +38,7 @@ public:
     {
         m_pool.setObjectName(name);
         m_pool.setThreadPriority(priority);
-        m_shutdownHook = onShutdown([this] {
-            m_pool.clear();
-            m_pool.waitForDone();
-        });
+        m_shutdownHook = onShutdown([this] { stop(); });
     }
 
     void post(std::function<void()> work) override
@@ -46,7 +47,16 @@ public:
     }
 
 private:
+    /// A job that goes on uses nothing that the process destroys: the pool is never destroyed.
+    void stop()
+    {
+        m_pool.clear();
+        if (!m_hasTimedOut)
+            m_hasTimedOut = !m_pool.waitForDone(timeoutAtExit);
+    }
+
     QThreadPool m_pool;
+    bool m_hasTimedOut = false;
     ShutdownHook m_shutdownHook;
 };
 
