@@ -145,6 +145,9 @@ private Q_SLOTS:
             compressed(connection, "br", "cfffff7f002400e2b14072efff0d",
                        QByteArray::fromHex("fcffff074002200e0b40f7fedf00"));
         });
+        row("gzip in gzip without end", "-1103", [](const Connection &connection) {
+            compressed(connection, "gzip, gzip", "1f8b0800000000000003", deflated());
+        });
         row("a body that drips", "-1001", [](const Connection &connection) {
             connection.write("HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n");
             while (connection.write("x"))
