@@ -111,6 +111,14 @@ void MessengerWindow::placeInHost()
     QObject::connect(HostOptions::shared().get(), &HostOptions::changed, m_ownWindow.get(), place);
 }
 
+void MessengerWindow::DeleteLater::operator()(QQuickWindow *window) const
+{
+    // A process may call exit() before the event loop goes on, and its render thread still runs.
+    static ShutdownHook hook;
+    hook = onShutdown([window = QPointer(window)] { delete window; });
+    window->deleteLater();
+}
+
 void MessengerWindow::open()
 {
     m_shutdownHook = onShutdown([window = m_window] { stopRendering(window); });

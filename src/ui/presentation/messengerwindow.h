@@ -37,7 +37,7 @@ public:
 private:
     struct DeleteLater
     {
-        void operator()(QObject *object) const { object->deleteLater(); }
+        void operator()(QQuickWindow *window) const;
     };
 
     void placeOverHost();
