@@ -59,7 +59,7 @@ Item {
     implicitHeight: isLast ? caption.y + caption.height + Metrics.Spacing + gap : bubbleBottom
     Accessible.role: Accessible.ListItem
     Accessible.name: description
-    Accessible.description: content.links.join(", ")
+    Accessible.description: Array.from(content.links).join(", ")
     Accessible.focusable: true
     Accessible.focused: showsFocus
     Accessible.ignored: !isFirst

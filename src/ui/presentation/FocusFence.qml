@@ -16,6 +16,13 @@ Item {
 
     Keys.onTabPressed: passOn()
     Keys.onBacktabPressed: passOn()
-    // Later, as this change of the focus has to end first.
-    onActiveFocusChanged: Qt.callLater(passOn)
+    onActiveFocusChanged: if (activeFocus) later.start()
+
+    // This change of the focus has to end first.
+    Timer {
+        id: later
+
+        interval: 0
+        onTriggered: fence.passOn()
+    }
 }
