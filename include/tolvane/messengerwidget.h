@@ -37,13 +37,17 @@ class TOLVANE_WIDGETS_EXPORT MessengerWidget : public QWidget
     Q_OBJECT
 
 public:
+    /// Creates a widget that shows the messenger once it is visible.
     explicit MessengerWidget(QWidget *parent = nullptr);
     ~MessengerWidget() override;
 
+    /// 400 by 640 pixels.
     QSize sizeHint() const override;
+    /// 280 by 360 pixels.
     QSize minimumSizeHint() const override;
 
 protected:
+    /// Follows the palette.
     void changeEvent(QEvent *event) override;
 
 private:
