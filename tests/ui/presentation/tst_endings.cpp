@@ -4,6 +4,7 @@
 #include "testing/waitfor.h"
 
 #include <QtCore/QRandomGenerator>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
@@ -69,7 +70,10 @@ private Q_SLOTS:
         }
         for (const auto &host : hosts) {
             waitFor(u"the end of the host"_s, [&host] { return !host->isRunning(); });
-            QCOMPARE(host->errors(), QByteArray()); // The sanitizers report here.
+            // The sanitizers report here. Newer Qt prints such lines for any program that calls
+            // exit() while its application object exists.
+            static const QRegularExpression note(u"QThreadStorage: Thread [^\n]*\n"_s);
+            QCOMPARE(QString::fromUtf8(host->errors()).remove(note), QString());
             QCOMPARE(host->waitForExit(), 3);
         }
     }
