@@ -121,6 +121,7 @@ void TicketData::setTicket(TicketDto ticket)
 {
     // Destroying thousands of messages would block the main thread.
     auto replaced = std::exchange(m_ticket, std::move(ticket));
+    m_messageIds.reset();
     if (replaced)
         platform().workers->post([old = std::make_shared<TicketDto>(*std::move(replaced))] {});
 }
@@ -256,7 +257,7 @@ void TicketData::ticketWasCreated(TicketDto ticket)
 
 void TicketData::messageWasSent(const MessageDto &message)
 {
-    m_ticket->messages.append(message);
+    appendMessage(message);
     platform().notificationCenter->post(
         notifications::didSendMessage,
         QVariantMap{{QStringLiteral("ticketId"), m_ticket->id},
@@ -303,11 +304,24 @@ void TicketData::sendingFailed(const QString &phrase, const QString &context)
     Q_EMIT busyChanged();
 }
 
-bool TicketData::hasMessage(const QString &id) const
+bool TicketData::hasMessage(const QString &id)
 {
-    return m_ticket && std::ranges::any_of(m_ticket->messages, [&id](const MessageDto &message) {
-               return message.id == id;
-           });
+    if (!m_ticket)
+        return false;
+    if (!m_messageIds) {
+        m_messageIds.emplace();
+        m_messageIds->reserve(m_ticket->messages.size());
+        for (const MessageDto &message : std::as_const(m_ticket->messages))
+            m_messageIds->insert(message.id);
+    }
+    return m_messageIds->contains(id);
+}
+
+void TicketData::appendMessage(const MessageDto &message)
+{
+    m_ticket->messages.append(message);
+    if (m_messageIds)
+        m_messageIds->insert(message.id);
 }
 
 NotificationCenter::Observation TicketData::observe()
@@ -346,7 +360,7 @@ void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userI
            {Keys::ticketId, message->ticketId},
            {Keys::messageId, message->id}});
     if (m_ticket) {
-        m_ticket->messages.append(*message);
+        appendMessage(*message);
         Q_EMIT ticketChanged();
     }
     // A burst of messages is followed by one fetch.

@@ -9,6 +9,7 @@
 
 #include <QCoroTask>
 #include <QtCore/QObject>
+#include <QtCore/QSet>
 
 #include <memory>
 #include <optional>
@@ -97,7 +98,8 @@ private:
     QCoro::Task<> refreshLater(QString ticketId, std::stop_token stop);
     void beginFetching(Fetch kind);
     void setTicket(TicketDto ticket);
-    bool hasMessage(const QString &id) const;
+    bool hasMessage(const QString &id);
+    void appendMessage(const MessageDto &message);
     void beginSending();
     void ticketWasCreated(TicketDto ticket);
     void messageWasSent(const MessageDto &message);
@@ -111,6 +113,8 @@ private:
     QString m_message;
     std::optional<TicketPreviewDto> m_preview;
     std::optional<TicketDto> m_ticket;
+    /// Of the ticket's messages; absent until a message arrives.
+    std::optional<QSet<QString>> m_messageIds;
     QList<AttachmentDto> m_attachments;
     bool m_hasAttemptedFetch = false;
     ErrorPtr m_fetchError;
