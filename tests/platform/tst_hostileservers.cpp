@@ -114,7 +114,8 @@ private Q_SLOTS:
             connection.write("HTTP/1.1 200 ");
             repeat(connection, "x");
         });
-        row("interim answers without end", "", [](const Connection &connection) {
+        // Qt 6.4 takes the second one for the response, newer ones wait.
+        row("interim answers without end", "|-1001", [](const Connection &connection) {
             repeat(connection, "HTTP/1.1 103 Early Hints\r\nLink: </a>\r\n\r\n");
         });
         row("chunks of one byte", "-1001", [](const Connection &connection) {
@@ -168,7 +169,8 @@ private Q_SLOTS:
         };
         const RawServer hostile(scheme, answer);
         std::unique_ptr<UrlSession> session = makeNetworkSession();
-        QCOMPARE(fetch(*session, hostile.url()), result);
+        const QByteArray outcome = fetch(*session, hostile.url());
+        QVERIFY2(result.split('|').contains(outcome), outcome);
         QCOMPARE(fetch(*session, good.url()), "fine");
 
         const double before = processorSeconds();
