@@ -11,8 +11,8 @@ namespace tolvane {
 
 namespace {
 
-/// For which the end of the process waits for running jobs. No picture takes longer that can be
-/// interrupted.
+/// The end of the process waits for running jobs for so many milliseconds. Decoding that can be
+/// interrupted takes less.
 constexpr int timeoutAtExit = 400;
 
 class MainExecutor final : public Executor

@@ -13,7 +13,7 @@ QtObject {
     /// No dialog can be created.
     signal failed(string reason)
 
-    /// Opens the dialog with these properties. False if there is none.
+    /// Opens the dialog with these properties. Returns false if it cannot be created.
     function open(properties: var): bool {
         if (dialog)
             Object.assign(dialog, properties)

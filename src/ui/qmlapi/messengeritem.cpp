@@ -44,7 +44,7 @@ void MessengerItem::observeWindow(QQuickWindow *window)
 /// host may call initialize() when its interface is complete.
 void MessengerItem::updateLater()
 {
-    QMetaObject::invokeMethod(this, &MessengerItem::update, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &MessengerItem::updatePlace, Qt::QueuedConnection);
 }
 
 bool MessengerItem::isOnScreen() const
@@ -53,7 +53,7 @@ bool MessengerItem::isOnScreen() const
     return isVisible() && window() && window()->visibility() != QWindow::Hidden;
 }
 
-void MessengerItem::update()
+void MessengerItem::updatePlace()
 {
     if (m_isPlace == isOnScreen())
         return;

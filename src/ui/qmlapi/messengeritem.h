@@ -38,7 +38,7 @@ private:
     bool isOnScreen() const;
     void observeWindow(QQuickWindow *window);
     void updateLater();
-    void update();
+    void updatePlace();
     void openOnceInitialized();
 
     QMetaObject::Connection m_windowObservation;
