@@ -66,7 +66,7 @@ UserInfo userInfo(const Record &record)
 }
 
 template <typename Record>
-UrlResponse answer(const Record &record)
+UrlResponse jsonResponse(const Record &record)
 {
     return json(tolvane::json::encode(record));
 }

@@ -24,7 +24,7 @@ struct MessengerFixture : Fixture
         setKey();
         session->handler = [this](const UrlRequest &request) -> UrlResponse {
             if (request.url.path().endsWith(u"/settings"_s))
-                return answer(sampleBranding());
+                return jsonResponse(sampleBranding());
             if (isFailing)
                 throw UrlError(UrlError::notConnectedToInternet);
             return test::json(listJson);

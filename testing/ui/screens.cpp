@@ -329,12 +329,12 @@ UrlResponse Screens::respond(const UrlRequest &request)
         return {.status = 200, .headers = {}, .body = photo()};
     }
     if (path.endsWith(u"/settings"_s) && m_hasSettings)
-        return answer(demoBranding());
+        return jsonResponse(demoBranding());
     if (isFailing || !m_hasSettings)
         throw UrlError(UrlError::notConnectedToInternet);
     if (path.endsWith(u"/tickets"_s))
         return test::json(listJson);
-    return answer(m_ticket);
+    return jsonResponse(m_ticket);
 }
 
 void Screens::show(const Screen &screen)

@@ -247,7 +247,7 @@ private:
         for (const int messages : {0, 2000}) { // Large responses are decoded elsewhere.
             RequestFixture fixture;
             persistentstore::setCustomerId(u"old"_s);
-            fixture.response = answer(makeTicket(QList<MessageDto>(messages, makeMessage(u"m"_s))));
+            fixture.response = jsonResponse(makeTicket(QList<MessageDto>(messages, makeMessage(u"m"_s))));
             fixture.response.headers = {{"x-tolvane-customer", id}};
             QVERIFY(!fixture.run([](auto client) { return getTicket(client, u"t1"_s); }));
             fixture.response.status = 500;

@@ -359,7 +359,7 @@ private Q_SLOTS:
         fixture.session->handler = [&](const UrlRequest &request) {
             return request.url.path().endsWith(u"/tickets"_s)
                        ? test::json(encodeList(QList{unread, other}))
-                       : answer(makeTicket({}, u"c"_s));
+                       : jsonResponse(makeTicket({}, u"c"_s));
         };
         fixture.forget();
         Tolvane::refreshUnread();

@@ -38,7 +38,7 @@ struct PollingFixture : Fixture
         session->handler = [this](const UrlRequest &) {
             if (failing)
                 failing();
-            return answer(makeTicket(messages));
+            return jsonResponse(makeTicket(messages));
         };
         // Registered before the observer of the service.
         m_observation = platform().notificationCenter->observe(

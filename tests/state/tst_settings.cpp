@@ -56,7 +56,7 @@ private Q_SLOTS:
     {
         SettingsFixture fixture;
         const BrandingDto branding = makeBranding(u"2026-01-01+2&a=%20 é"_s, u" #aabbcc\n"_s);
-        fixture.session->handler = [&](const UrlRequest &) { return answer(branding); };
+        fixture.session->handler = [&](const UrlRequest &) { return jsonResponse(branding); };
         fixture.fetch();
         QCOMPARE(fixture.lastQuery(), u"updatedAt"_s);
         QCOMPARE(persistentstore::branding(), branding);

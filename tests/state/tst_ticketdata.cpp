@@ -33,8 +33,8 @@ struct TicketFixture : Fixture
             if (failing)
                 throw APIError(APIError::serverError, "down");
             if (request.method == "POST" && !request.url.path().endsWith("create"_L1))
-                return answer(sent);
-            return answer(fetched);
+                return jsonResponse(sent);
+            return jsonResponse(fetched);
         };
     }
 

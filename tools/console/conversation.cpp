@@ -130,13 +130,13 @@ void Conversation::showTicket()
     if (!m_ticket->ticket())
         return;
     const TicketDto ticket = *m_ticket->ticket();
-    bool isAnswer = false;
+    bool isReply = false;
     for (const MessageDto &message : ticket.messages) {
         if (m_shownIds.contains(message.id))
             continue;
         m_shownIds.insert(message.id);
         m_terminal.print(messageText(m_terminal, message));
-        isAnswer = message.sender.type != words::customer;
+        isReply = message.sender.type != words::customer;
     }
     if (std::exchange(m_shownAssignee, ticket.assignee) != ticket.assignee) {
         m_terminal.print(m_terminal.styled(
@@ -150,7 +150,7 @@ void Conversation::showTicket()
         m_terminal.print(m_terminal.styled("2", QStringLiteral("       — closed —")));
         Q_EMIT closed();
     }
-    if (isAnswer)
+    if (isReply)
         Q_EMIT replied();
 }
 

@@ -65,20 +65,20 @@ std::string acknowledgement(int count)
 
 } // namespace
 
-Answer answerTo(const Turn &turn)
+Reply replyTo(const Turn &turn)
 {
     const Words words = wordsOf(turn.text);
     const Rule &rule = ruleFor(words, turn);
     const bool isHuman = turn.assignee == Author::Human;
-    Answer answer;
+    Reply reply;
     if (anyOf(greetings, words))
-        answer.text += "Hello! ";
+        reply.text += "Hello! ";
     if (turn.attachmentCount > 0)
-        answer.text += acknowledgement(turn.attachmentCount);
-    answer.text += withHours(isHuman ? rule.human : rule.ai, turn);
+        reply.text += acknowledgement(turn.attachmentCount);
+    reply.text += withHours(isHuman ? rule.human : rule.ai, turn);
     // The human agent cannot hand over.
-    answer.effect = isHuman && rule.effect == Effect::HandOver ? Effect::None : rule.effect;
-    return answer;
+    reply.effect = isHuman && rule.effect == Effect::HandOver ? Effect::None : rule.effect;
+    return reply;
 }
 
 std::string introduction()

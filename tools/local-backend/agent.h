@@ -8,7 +8,7 @@
 
 namespace tolvane::backend {
 
-/// A customer's message, with the context that the scripted agent's answer depends on.
+/// A customer's message, with the context that the scripted agent's reply depends on.
 struct Turn
 {
     Author assignee = Author::Ai;
@@ -22,14 +22,14 @@ struct Turn
 
 enum class Effect { None, HandOver, Close };
 
-struct Answer
+struct Reply
 {
     std::string text;
     Effect effect = Effect::None;
 };
 
-/// The scripted agent's answer. Depends on the turn only.
-Answer answerTo(const Turn &turn);
+/// The scripted agent's reply. Depends on the turn only.
+Reply replyTo(const Turn &turn);
 
 /// The scripted human agent's first message after a handover.
 std::string introduction();

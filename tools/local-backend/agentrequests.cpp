@@ -49,14 +49,14 @@ std::optional<bool> optionalBoolean(const QJsonObject &object, const char *key)
 AgentMessage parseAgentMessage(const Request &request)
 {
     Form form = parseForm(request);
-    AgentMessage answer;
-    answer.author = agentNamed(form.texts["as"], "as");
-    if (answer.author == Author::Human)
-        answer.person = Person{form.texts["name"], form.texts["picture"]};
+    AgentMessage message;
+    message.author = agentNamed(form.texts["as"], "as");
+    if (message.author == Author::Human)
+        message.person = Person{form.texts["name"], form.texts["picture"]};
     if (form.texts["name"].size() > maxNameLength)
         throw HttpError(400, "the name is too long");
-    answer.message = parseMessage(std::move(form));
-    return answer;
+    message.message = parseMessage(std::move(form));
+    return message;
 }
 
 Upload parsePicture(const Request &request)
@@ -79,7 +79,7 @@ TicketChange parseTicketChange(const std::string &body)
     if (const auto assignee = optionalText(object, "assignee"))
         change.assignee = agentNamed(*assignee, "assignee");
     change.isAutomatic = optionalBoolean(object, "automatic");
-    // Assigning a ticket to a human turns automatic answers off, unless the request says otherwise.
+    // Assigning a ticket to a human turns automatic replies off, unless the request says otherwise.
     if (change.assignee && !change.isAutomatic)
         change.isAutomatic = change.assignee == Author::Ai;
     return change;

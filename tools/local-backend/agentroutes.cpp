@@ -115,13 +115,13 @@ void AgentRoutes::changeTicket(const RequestContext &context) const
 
 void AgentRoutes::postMessage(const RequestContext &context) const
 {
-    const AgentMessage answer = parseAgentMessage(context.request);
-    const std::string path = answer.person ? answer.person->picture : std::string();
+    const AgentMessage message = parseAgentMessage(context.request);
+    const std::string path = message.person ? message.person->picture : std::string();
     if (const auto slash = path.find('/');
         !path.empty() && (slash == std::string::npos ||
                           !m_backend.store.file(path.substr(0, slash), path.substr(slash + 1))))
         throw HttpError(400, "there is no such picture");
-    const Message added = orNotFound(m_backend.store.addAnswer(context.pathComponent(1), answer));
+    const Message added = orNotFound(m_backend.store.addAgentMessage(context.pathComponent(1), message));
     context.respond(toJson(added, renderContext(context)));
 }
 
@@ -153,7 +153,7 @@ void AgentRoutes::getSettings(const RequestContext &context) const
     writer.raw(brandingJson(renderContext(context).baseUrl, settings->branding));
     writer.key("schedules");
     writer.raw(settings->schedules.json);
-    writer.field("automatic", settings->answersAutomatically);
+    writer.field("automatic", settings->repliesAutomatically);
     writer.close('}');
     context.respond(writer.take());
 }
@@ -175,7 +175,7 @@ void AgentRoutes::saveSchedules(const RequestContext &context) const
 
 void AgentRoutes::saveAutomatic(const RequestContext &context) const
 {
-    m_backend.settings.saveAnswersAutomatically(parseAutomatic(context.request.body));
+    m_backend.settings.saveRepliesAutomatically(parseAutomatic(context.request.body));
     m_backend.replyScheduler.wake();
     respondAfterSave(context);
 }

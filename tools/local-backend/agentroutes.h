@@ -11,7 +11,7 @@ namespace tolvane::backend {
 
 struct Backend;
 
-/// The agent page, on which people answer as agents, and its API. Needs no key, but is available on
+/// The agent page, on which people reply as agents, and its API. Needs no key, but is available on
 /// this machine only.
 class AgentRoutes
 {

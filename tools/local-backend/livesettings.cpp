@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char *brandingName = "branding";
 constexpr const char *schedulesName = "schedules";
-constexpr const char *automaticName = "answersAutomatically";
+constexpr const char *automaticName = "repliesAutomatically";
 constexpr const char *no = "no";
 constexpr const char *yes = "yes";
 
@@ -36,7 +36,7 @@ LiveSettings::LiveSettings(Store &store, const std::string &brandingPath,
         restore(settings.branding, store, brandingName, parseBranding);
     if (schedulesPath.empty())
         restore(settings.schedules, store, schedulesName, parseSchedules);
-    restore(settings.answersAutomatically, store, automaticName,
+    restore(settings.repliesAutomatically, store, automaticName,
             [](const std::string &saved) { return saved != no; });
     m_current = std::make_shared<const Settings>(std::move(settings));
 }
@@ -58,10 +58,10 @@ void LiveSettings::save(const Schedules &schedules)
            [&](Settings &settings) { settings.schedules = schedules; });
 }
 
-void LiveSettings::saveAnswersAutomatically(bool answers)
+void LiveSettings::saveRepliesAutomatically(bool replies)
 {
-    update(automaticName, answers ? yes : no,
-           [answers](Settings &settings) { settings.answersAutomatically = answers; });
+    update(automaticName, replies ? yes : no,
+           [replies](Settings &settings) { settings.repliesAutomatically = replies; });
 }
 
 void LiveSettings::update(const char *name, const std::string &saved,

@@ -22,7 +22,7 @@ public:
     std::shared_ptr<const Settings> current() const;
     void save(const Branding &branding);
     void save(const Schedules &schedules);
-    void saveAnswersAutomatically(bool answers);
+    void saveRepliesAutomatically(bool replies);
 
 private:
     void update(const char *name, const std::string &saved,

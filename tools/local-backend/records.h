@@ -51,7 +51,7 @@ struct NewTicket
     NewMessage message;
 };
 
-/// A person who answers as a human agent, in place of the scripted one.
+/// A person who replies as a human agent, in place of the scripted one.
 struct Person
 {
     /// May be empty.
@@ -95,7 +95,7 @@ struct AgentTicket
 {
     /// In lists, with the newest message only.
     Ticket ticket;
-    /// Whether the scripted agents answer in the ticket.
+    /// Whether the scripted agents reply in the ticket.
     bool isAutomatic = true;
     std::string customerId;
     std::string email;

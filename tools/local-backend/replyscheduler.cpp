@@ -64,7 +64,7 @@ void ReplyScheduler::run(const std::stop_token &stop)
 
 milliseconds ReplyScheduler::sendDueReply()
 {
-    if (!m_settings.current()->answersAutomatically)
+    if (!m_settings.current()->repliesAutomatically)
         return idleInterval;
     const std::optional<Instant> due =
         m_store.sendDueReply([this](const PendingReply &reply) { return outcomeOf(reply); });
@@ -79,17 +79,17 @@ ReplyOutcome ReplyScheduler::outcomeOf(const PendingReply &reply) const
         return outcome;
     }
     const std::shared_ptr<const Settings> settings = m_settings.current();
-    Answer answer = answerTo({.assignee = reply.assignee,
+    Reply scripted = replyTo({.assignee = reply.assignee,
                               .text = reply.content,
                               .attachmentCount = reply.attachmentCount,
                               .hasNewerMessage = reply.hasNewerMessage,
                               .openingHours = settings->schedules.openingHours});
-    outcome.content = std::move(answer.text);
-    if (answer.effect == Effect::HandOver) {
+    outcome.content = std::move(scripted.text);
+    if (scripted.effect == Effect::HandOver) {
         outcome.newAssignee = Author::Human;
         outcome.introductionDue = dueTime();
     }
-    outcome.closes = answer.effect == Effect::Close;
+    outcome.closes = scripted.effect == Effect::Close;
     return outcome;
 }
 

@@ -25,7 +25,7 @@ public:
     std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
                                       const NewMessage &message);
 
-    /// Looks for due replies again. Call it when a change may allow agents to answer.
+    /// Looks for due replies again. Call it when a change may allow agents to reply.
     void wake();
 
 private:

@@ -71,7 +71,7 @@ PRAGMA user_version = 1;
 )";
 
 // For the agent page: the name and picture of a human agent, NULL for the scripted agents, and the
-// switch for automatic answers.
+// switch for automatic replies.
 constexpr const char *agentPageMigration = R"(
 ALTER TABLE tickets ADD COLUMN automatic INTEGER NOT NULL DEFAULT 1;
 ALTER TABLE messages ADD COLUMN person_name TEXT;
@@ -89,8 +89,15 @@ CREATE TABLE settings (
 PRAGMA user_version = 2;
 )";
 
+// What agents write is a reply, whether they are people or scripted.
+constexpr const char *replyNamesMigration = R"(
+UPDATE replies SET kind = 'message' WHERE kind = 'answer';
+UPDATE settings SET name = 'repliesAutomatically' WHERE name = 'answersAutomatically';
+PRAGMA user_version = 3;
+)";
+
 // The script at index N migrates a database from version N to version N + 1.
-constexpr std::array migrations = {initialSchema, agentPageMigration};
+constexpr std::array migrations = {initialSchema, agentPageMigration, replyNamesMigration};
 constexpr auto version = static_cast<std::int64_t>(migrations.size());
 
 std::string remedy(const std::string &path)

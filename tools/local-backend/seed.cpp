@@ -75,9 +75,9 @@ void insertMessage(const Entry &entry, Instant now, Database &database)
     const std::int64_t seq = database.lastInsertId();
     database.run("UPDATE tickets SET last = ? WHERE id = ?", seq, entry.ticketId);
     insertAttachments(seq, message, database);
-    const auto &seconds = entry.conversation->secondsUntilAnswer;
+    const auto &seconds = entry.conversation->secondsUntilReply;
     if (seconds && &message == &entry.conversation->messages.back()) {
-        database.run("INSERT INTO replies (kind, message_seq, due) VALUES ('answer', ?, ?)", seq,
+        database.run("INSERT INTO replies (kind, message_seq, due) VALUES ('message', ?, ?)", seq,
                      now + static_cast<Instant>(*seconds * 1000));
     }
 }

@@ -21,7 +21,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr double maxMinutesAgo = 10.0 * 366 * 24 * 60;
-constexpr double maxSecondsUntilAnswer = 3600;
+constexpr double maxSecondsUntilReply = 3600;
 
 using People = std::map<QString, Person>;
 
@@ -174,7 +174,7 @@ SeededMessage readMessage(const JsonNode &node, const People &people)
 
 SeededConversation readConversation(const JsonNode &node, const People &people)
 {
-    node.withFields({u"state"_s, u"secondsUntilAnswer"_s, u"messages"_s});
+    node.withFields({u"state"_s, u"secondsUntilReply"_s, u"messages"_s});
     SeededConversation conversation;
     const JsonNode state = node.at(u"state"_s);
     const QString name = state.text();
@@ -190,11 +190,11 @@ SeededConversation readConversation(const JsonNode &node, const People &people)
     }
     if (conversation.messages.empty())
         node.fail(u"needs messages"_s);
-    if (node.has(u"secondsUntilAnswer"_s)) {
-        const JsonNode answer = node.at(u"secondsUntilAnswer"_s);
-        conversation.secondsUntilAnswer = answer.number(maxSecondsUntilAnswer);
+    if (node.has(u"secondsUntilReply"_s)) {
+        const JsonNode reply = node.at(u"secondsUntilReply"_s);
+        conversation.secondsUntilReply = reply.number(maxSecondsUntilReply);
         if (conversation.messages.back().author != Author::Customer)
-            answer.fail(u"the last message is not the customer's"_s);
+            reply.fail(u"the last message is not the customer's"_s);
     }
     return conversation;
 }

@@ -24,8 +24,8 @@ struct SeededConversation
 {
     State state = State::Open;
     std::vector<SeededMessage> messages;
-    /// The delay of the answer to the last message, if one is pending.
-    std::optional<double> secondsUntilAnswer;
+    /// The delay of the reply to the last message, if one is pending.
+    std::optional<double> secondsUntilReply;
 };
 
 struct Seed
@@ -50,7 +50,7 @@ struct Seed
 ///       "conversations": [
 ///         {
 ///           "state": "open",                                    or "closed"
-///           "secondsUntilAnswer": 5,                            optional
+///           "secondsUntilReply": 5,                            optional
 ///           "messages": [                                       oldest first
 ///             {"from": "customer", "minutesAgo": 12, "text": "Hello", "attachments":
 ///             ["tent.jpg"]},

@@ -13,8 +13,8 @@ struct Settings
 {
     Branding branding;
     Schedules schedules;
-    /// Whether the scripted agents answer.
-    bool answersAutomatically = true;
+    /// Whether the scripted agents reply.
+    bool repliesAutomatically = true;
     /// The bytes of the scripted human agent's picture, a PNG.
     std::string portrait;
 };

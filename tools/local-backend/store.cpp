@@ -26,7 +26,7 @@ void Store::updateCustomer(const std::string &customer, const CustomerUpdate &up
     transaction.commit();
 }
 
-Ticket Store::createTicket(const std::string &customer, const NewTicket &ticket, Instant answerDue)
+Ticket Store::createTicket(const std::string &customer, const NewTicket &ticket, Instant replyDue)
 {
     const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
@@ -38,20 +38,20 @@ Ticket Store::createTicket(const std::string &customer, const NewTicket &ticket,
                    created.id, customer, nameOf(created.state), nameOf(created.assignee),
                    ticket.channel, toJson(ticket.device));
     created.messages = {
-        insertCustomerMessage(customer, created.id, ticket.message, answerDue),
+        insertCustomerMessage(customer, created.id, ticket.message, replyDue),
     };
     commit(transaction, created.id, {});
     return created;
 }
 
 std::optional<Message> Store::addMessage(const std::string &customer, const std::string &ticketId,
-                                         const NewMessage &message, Instant answerDue)
+                                         const NewMessage &message, Instant replyDue)
 {
     const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     if (!hasTicket(customer, ticketId))
         return std::nullopt;
-    Message added = insertCustomerMessage(customer, ticketId, message, answerDue);
+    Message added = insertCustomerMessage(customer, ticketId, message, replyDue);
     std::vector<Push> pushes;
     if (changeState(ticketId, State::Open))
         pushes.emplace_back(Preview{ticketId, State::Open, added});
@@ -157,7 +157,7 @@ Store::File Store::insertFile(const Upload &upload)
 }
 
 Message Store::insertCustomerMessage(const std::string &customer, const std::string &ticketId,
-                                     const NewMessage &message, Instant answerDue)
+                                     const NewMessage &message, Instant replyDue)
 {
     Message inserted;
     inserted.ticketId = ticketId;
@@ -165,7 +165,7 @@ Message Store::insertCustomerMessage(const std::string &customer, const std::str
     inserted.content = message.content;
     const std::int64_t seq = insertMessage(inserted);
     insertUploads(seq, inserted, message.uploads);
-    enqueueReply(ReplyKind::Answer, seq, answerDue);
+    enqueueReply(ReplyKind::Message, seq, replyDue);
     return inserted;
 }
 

@@ -11,13 +11,13 @@
 
 namespace tolvane::backend {
 
-enum class ReplyKind { Answer, Introduction };
+enum class ReplyKind { Message, Introduction };
 
 /// A scripted agent's reply to a customer's message, which is sent when it is due.
 struct PendingReply
 {
     std::int64_t id = 0;
-    ReplyKind kind = ReplyKind::Answer;
+    ReplyKind kind = ReplyKind::Message;
     std::int64_t messageSeq = 0;
     Instant due = 0;
     std::string ticketId;
@@ -56,9 +56,9 @@ public:
     void updateCustomer(const std::string &customer, const CustomerUpdate &update);
 
     /// Both store the customer's message together with the pending reply to it.
-    Ticket createTicket(const std::string &customer, const NewTicket &ticket, Instant answerDue);
+    Ticket createTicket(const std::string &customer, const NewTicket &ticket, Instant replyDue);
     std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
-                                      const NewMessage &message, Instant answerDue);
+                                      const NewMessage &message, Instant replyDue);
 
     /// Reads a ticket for its customer, and marks its messages as read.
     std::optional<Ticket> readTicket(const std::string &customer, const std::string &ticketId);
@@ -79,9 +79,9 @@ public:
     std::optional<AgentTicket> agentTicket(const std::string &ticketId);
     std::optional<AgentTicket> agentConversation(const std::string &ticketId);
 
-    /// Discards the pending replies. A human's answer also assigns the ticket to a human and turns
-    /// automatic answers off. Returns nullopt when there is no such ticket.
-    std::optional<Message> addAnswer(const std::string &ticketId, const AgentMessage &answer);
+    /// Discards the pending replies. A human's message also assigns the ticket to a human and turns
+    /// automatic replies off. Returns nullopt when there is no such ticket.
+    std::optional<Message> addAgentMessage(const std::string &ticketId, const AgentMessage &sent);
     /// Closing a ticket discards its pending replies. Returns false when there is no such ticket.
     bool changeTicket(const std::string &ticketId, const TicketChange &change);
 
@@ -104,7 +104,7 @@ private:
     std::int64_t insertMessage(Message &message);
     void insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads);
     Message insertCustomerMessage(const std::string &customer, const std::string &ticketId,
-                                  const NewMessage &message, Instant answerDue);
+                                  const NewMessage &message, Instant replyDue);
     /// Returns whether the ticket was in another state before.
     bool changeState(const std::string &ticketId, State state);
     /// Commits, then reports the change and sends the pushes to the customer's device, if any.

@@ -65,22 +65,22 @@ std::optional<AgentTicket> Store::agentConversation(const std::string &ticketId)
     return found;
 }
 
-std::optional<Message> Store::addAnswer(const std::string &ticketId, const AgentMessage &answer)
+std::optional<Message> Store::addAgentMessage(const std::string &ticketId, const AgentMessage &sent)
 {
     const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     if (!hasTicket(ticketId))
         return std::nullopt;
     discardReplies(ticketId);
-    if (answer.author == Author::Human)
+    if (sent.author == Author::Human)
         m_database.run("UPDATE tickets SET assignee = ?, automatic = 0 WHERE id = ?",
-                       nameOf(answer.author), ticketId);
+                       nameOf(sent.author), ticketId);
     Message message;
     message.ticketId = ticketId;
-    message.author = answer.author;
-    message.person = answer.person;
-    message.content = answer.message.content;
-    insertUploads(insertMessage(message), message, answer.message.uploads);
+    message.author = sent.author;
+    message.person = sent.person;
+    message.content = sent.message.content;
+    insertUploads(insertMessage(message), message, sent.message.uploads);
     commit(transaction, ticketId, {message});
     return message;
 }

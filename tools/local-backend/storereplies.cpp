@@ -9,7 +9,7 @@ namespace tolvane::backend {
 
 namespace {
 
-constexpr std::array<std::string_view, 2> replyKinds = {"answer", "introduction"};
+constexpr std::array<std::string_view, 2> replyKinds = {"message", "introduction"};
 
 std::string_view nameOf(ReplyKind kind)
 {
@@ -46,7 +46,7 @@ std::optional<PendingReply> Store::nextReply()
     PendingReply reply;
     reply.id = row.number(0);
     reply.kind =
-        row.text(1) == nameOf(ReplyKind::Answer) ? ReplyKind::Answer : ReplyKind::Introduction;
+        row.text(1) == nameOf(ReplyKind::Message) ? ReplyKind::Message : ReplyKind::Introduction;
     reply.messageSeq = row.number(2);
     reply.due = row.number(3);
     reply.ticketId = row.text(4);

@@ -48,7 +48,7 @@ public:
             &m_socket, &QWebSocket::textMessageReceived, &m_socket, [this](const QString &text) {
                 const QJsonObject message = QJsonDocument::fromJson(text.toUtf8()).object();
                 if (message.contains("id"_L1))
-                    m_answers.insert(message["id"_L1].toInt(), message);
+                    m_responses.insert(message["id"_L1].toInt(), message);
             });
         start(folder);
         connectTo(folder + u"/DevToolsActivePort"_s);
@@ -137,28 +137,28 @@ private:
             message.insert(u"sessionId"_s, m_session);
         m_socket.sendTextMessage(
             QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact)));
-        waitFor(method, [&] { return m_answers.contains(id); });
-        const QJsonObject answer = m_answers.take(id);
-        if (answer.contains("error"_L1))
+        waitFor(method, [&] { return m_responses.contains(id); });
+        const QJsonObject response = m_responses.take(id);
+        if (response.contains("error"_L1))
             throw std::runtime_error(
-                (method + u": "_s + answer["error"_L1]["message"_L1].toString()).toStdString());
-        return answer["result"_L1].toObject();
+                (method + u": "_s + response["error"_L1]["message"_L1].toString()).toStdString());
+        return response["result"_L1].toObject();
     }
 
     // An exception means that the page is not ready yet.
     QJsonValue evaluate(const QString &expression)
     {
-        const QJsonObject answer = call(
+        const QJsonObject response = call(
             u"Runtime.evaluate"_s,
             {{u"expression"_s, expression}, {u"awaitPromise"_s, true}, {u"returnByValue"_s, true}});
-        return answer.contains("exceptionDetails"_L1) ? QJsonValue()
-                                                      : answer["result"_L1]["value"_L1];
+        return response.contains("exceptionDetails"_L1) ? QJsonValue()
+                                                      : response["result"_L1]["value"_L1];
     }
 
     QProcess m_process;
     QWebSocket m_socket;
     QString m_session;
-    QHash<int, QJsonObject> m_answers;
+    QHash<int, QJsonObject> m_responses;
     int m_lastId = 0;
 };
 

@@ -51,9 +51,9 @@ private Q_SLOTS:
         try {
             begin();
             theCustomerOpensTwoTickets();
-            theAIAnswersBoth();
+            theAIRepliesToBoth();
             aPictureReachesTheAgent();
-            aPersonAnswers();
+            aPersonReplies();
             picturesReachTheCustomer();
             aClosedTicketIsReopened();
             theCustomerLeaves();
@@ -88,7 +88,7 @@ private:
     void awaitAutomatic(bool isOn)
     {
         m_browser->await(
-            u"fetch('/agent/api/settings').then((answer) => answer.json())"
+            u"fetch('/agent/api/settings').then((response) => response.json())"
             ".then((settings) => settings.automatic === %1)"_s.arg(isOn ? u"true"_s : u"false"_s));
     }
 
@@ -98,11 +98,11 @@ private:
             u"document.querySelector('#ticket-status').textContent.includes('%1')"_s.arg(text));
     }
 
-    /// Turns automatic answers off in the agent's ticket.
-    void answerByHand()
+    /// Turns automatic replies off in the agent's ticket.
+    void replyByHand()
     {
         m_browser->click(u"#ticket-automatic"_s);
-        awaitStatus(u"answered manually"_s);
+        awaitStatus(u"replies by hand"_s);
     }
 
     /// Waits until the conversation consists of the texts that were sent so far.
@@ -180,7 +180,7 @@ private:
         m_browser->await(u"document.querySelector('#messages').textContent.includes('lamp')"_s);
     }
 
-    void theAIAnswersBoth()
+    void theAIRepliesToBoth()
     {
         m_browser->click(u"#automatic"_s);
         awaitAutomatic(true);
@@ -196,13 +196,13 @@ private:
             return tickets.size() == 2 && !tickets.contains(u"Where is my parcel?"_s) &&
                    !tickets.contains(u"My lamp is broken"_s);
         };
-        waitFor(u"both answers in the list"_s, isRefreshed);
+        waitFor(u"both replies in the list"_s, isRefreshed);
         checkConversation();
     }
 
     void aPictureReachesTheAgent()
     {
-        answerByHand();
+        replyByHand();
         // Opened from the list, the ticket has a title and shows the availability of support.
         m_customer->goesBack();
         m_customer->clicks(QAccessible::ListItem, m_sent.constLast().left(20));
@@ -216,14 +216,14 @@ private:
             "'#messages [data-sender=customer]:last-child img').naturalWidth === 96"_s);
     }
 
-    void aPersonAnswers()
+    void aPersonReplies()
     {
         m_browser->click(u"#agent-name"_s);
         m_browser->type(u"Nora Berg"_s);
         agentSays(u"Which lamp is it?"_s);
         m_customer->sees(QAccessible::Heading, u"\u2068Nora Berg\u2069, Available now"_s);
         m_browser->await(u"document.querySelector('#assignee').value === 'human agent'"_s);
-        // This one arrives by push only: polling ended with the previous answer.
+        // This one arrives by push only: polling ended with the previous reply.
         agentSays(u"The one in your picture?"_s);
     }
 

@@ -166,7 +166,7 @@ private:
         const QString text = nextText();
         write(text);
         m_robot->find(QAccessible::ListItem, text);
-        waitFor(u"an answer"_s, [&] { return m_events->count(Chat::messageReceived) > received; });
+        waitFor(u"a reply"_s, [&] { return m_events->count(Chat::messageReceived) > received; });
         const QColor color = QColor::fromHsv(m_round * 37 % 360, 200, 200);
         QGuiApplication::clipboard()->setImage(test::solidImage({16, 12}, color));
         m_robot->press(Qt::Key_V, Qt::ControlModifier);

@@ -55,7 +55,7 @@ private Q_SLOTS:
              R"({"cmd":"ticket.create","ticket":1})"},
             {R"({"cmd":"initialize","key":"k"})", R"({"cmd":"tickets.load"})",
              R"({"cmd":"tickets.state"})"}};
-        // The errors of the first two lines, the event and the polled answer; then the same ticket.
+        // The errors of the first two lines, the event and the polled reply; then the same ticket.
         const QList<QByteArrayList> expected = {{"The line is not a JSON object",
                                                  "Tolvane is not initialized",
                                                  "tolvane_ticket_created", "didReceiveMessage"},

@@ -61,7 +61,7 @@ struct RunningBackend : tolvane::backend::Backend
     std::jthread thread;
 };
 
-/// A customer's HTTP client. Its responses have the status -1 when there is no answer.
+/// A customer's HTTP client. Its responses have the status -1 when there is no response.
 struct Customer
 {
     explicit Customer(int port, const std::string &id = "ada")

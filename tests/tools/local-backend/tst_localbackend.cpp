@@ -50,16 +50,16 @@ private Q_SLOTS:
         }
         for (const std::string &id : {std::string(129, 'a'), std::string("\xC3\xBC")})
             check(400, "GET", "tickets", {}, {{"X-Tolvane-Customer", id}});
-        const auto answered = [this](const std::string &id) {
+        const auto assignedFor = [this](const std::string &id) {
             const auto response = Customer(m_backend.port(), id).get("/api/tickets");
             return response.get_header_value("X-Tolvane-Customer");
         };
         // This HTTP client decodes percent escapes in headers that it receives.
-        QCOMPARE(answered("ada%2540x"), std::string("ada%40x"));
-        QCOMPARE(answered(std::string(128, '~')), std::string(128, '~'));
-        const std::string assigned = answered({});
+        QCOMPARE(assignedFor("ada%2540x"), std::string("ada%40x"));
+        QCOMPARE(assignedFor(std::string(128, '~')), std::string(128, '~'));
+        const std::string assigned = assignedFor({});
         QCOMPARE(assigned.size(), std::size_t(26));
-        QVERIFY(answered({}) != assigned);
+        QVERIFY(assignedFor({}) != assigned);
 
         Customer owner(m_backend.port(), assigned);
         Customer other(m_backend.port(), "other");

@@ -54,7 +54,7 @@ struct ComposerFixture : Fixture
         session->handler = [this](const UrlRequest &) {
             if (isFailing)
                 throw UrlError(UrlError::notConnectedToInternet);
-            return answer(makeTicket({makeMessage(u"m1"_s)}));
+            return jsonResponse(makeTicket({makeMessage(u"m1"_s)}));
         };
         window.resize(360, 640);
         QQmlComponent component(&viewsEngine(), QUrl(views + u"TicketComposer.qml"_s));

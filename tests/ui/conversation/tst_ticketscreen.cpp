@@ -33,14 +33,14 @@ struct TicketScreenFixture : MessengerFixture
         session->handler = [this](const UrlRequest &request) -> UrlResponse {
             const QString path = request.url.path();
             if (path.endsWith(u"/settings"_s))
-                return answer(sampleBranding());
+                return jsonResponse(sampleBranding());
             if (path.endsWith(u"/tickets"_s))
                 return test::json(listJson);
             if (request.url == QUrl(photo))
                 return pictureResponse({9, 9});
             if (isFailing)
                 throw UrlError(UrlError::notConnectedToInternet);
-            return answer(ticket);
+            return jsonResponse(ticket);
         };
         setTickets({u"t1"_s});
     }
@@ -297,7 +297,7 @@ private Q_SLOTS:
         fixture.session->handler = [&, next = fixture.session->handler](const UrlRequest &request) {
             if (request.method == "POST" && !fixture.isFailing) {
                 posts += request.url.path();
-                return answer(makeMessage(u"m3"_s));
+                return jsonResponse(makeMessage(u"m3"_s));
             }
             return next(request);
         };

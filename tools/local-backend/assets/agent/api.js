@@ -49,7 +49,7 @@ function formData(texts, files) {
     return data;
 }
 
-export const sendAnswer = (id, texts, files) =>
+export const sendReply = (id, texts, files) =>
     post(ticketPath(id, '/message'), formData(texts, files));
 
 /** Uploads a logo or an agent's picture. Returns its path for messages and its URL. */

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The composer: the agent's identity, the text and the images. Each ticket has its own draft.
 import {byId, element, fillAvatar} from './dom.js';
-import {uploadPicture, sendAnswer} from './api.js';
+import {uploadPicture, sendReply} from './api.js';
 
 const form = byId('composer');
 const field = byId('message');
@@ -99,7 +99,7 @@ async function send() {
     showDraft();
     try {
         const {name, picture} = identity;
-        await sendAnswer(id, {message: text, as: form.elements.as.value, name, picture},
+        await sendReply(id, {message: text, as: form.elements.as.value, name, picture},
             images.map((image) => image.file));
         images.forEach((image) => URL.revokeObjectURL(image.url));
         drafts.delete(id);

@@ -119,8 +119,8 @@ function renderDetails() {
 
 function statusText({state, assignee, automatic}) {
     const assigneeText = assignee === 'ai agent' ? 'assigned to the AI' : 'assigned to a human';
-    const answerText = automatic ? 'answered automatically' : 'answered manually';
-    return `${state === 'open' ? 'Open' : 'Closed'}, ${assigneeText}, ${answerText}`;
+    const replyText = automatic ? 'replies automatically' : 'replies by hand';
+    return `${state === 'open' ? 'Open' : 'Closed'}, ${assigneeText}, ${replyText}`;
 }
 
 function render() {

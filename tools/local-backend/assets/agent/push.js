@@ -21,11 +21,11 @@ function unstoredMessage() {
     };
 }
 
-const newestAnswer = () =>
+const newestReply = () =>
     ticket.messages.findLast((message) => message.sender.type !== 'customer') ?? unstoredMessage();
 
 const payloads = {
-    message: () => ({message: newestAnswer()}),
+    message: () => ({message: newestReply()}),
     unstored: () => ({message: unstoredMessage()}),
     ticketPreview: () => ({
         ticketPreview: {
