@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "changenotifier.h"
-#include "livesettings.h"
-#include "pushservice.h"
-#include "replyscheduler.h"
-#include "store.h"
+#include "agents/replyscheduler.h"
+#include "data/store.h"
+#include "settings/livesettings.h"
+#include "streams/changenotifier.h"
+#include "streams/pushservice.h"
 
 namespace tolvane::backend {
 

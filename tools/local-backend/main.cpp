@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "api/server.h"
 #include "backend.h"
-#include "errors.h"
+#include "base/errors.h"
+#include "data/schema.h"
+#include "data/seed.h"
 #include "options.h"
-#include "schema.h"
-#include "seed.h"
-#include "server.h"
 
 #include <QtCore/QCoreApplication>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "options.h"
 
-#include "errors.h"
+#include "base/errors.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "api/requests.h"
+
+#include "base/errors.h"
+#include "base/text.h"
+#include "http/httpserver.h"
+#include "http/multipart.h"
+
+#include <QtCore/QJsonDocument>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::array<std::string_view, 11> deviceFields = {
+    "appBuild", "appVersion", "batteryLevel", "batteryState", "deviceModel", "deviceName",
+    "locale",   "osVersion",  "screenHeight", "screenWidth",  "timezone",
+};
+
+bool isVisible(char character)
+{
+    return character > ' ' && character <= '~';
+}
+
+std::string textOf(const Part &part)
+{
+    if (!isUtf8(part.content))
+        throw HttpError(400, "the part '" + part.name + "' is not UTF-8");
+    return std::string(part.content);
+}
+
+} // namespace
+
+Form parseForm(const Request &request)
+{
+    Form form;
+    for (const Part &part : parseMultipart(request.header("Content-Type"), request.body)) {
+        if (!isUtf8(part.name) || !isUtf8(part.fileName))
+            throw HttpError(400, "a part's name is not UTF-8");
+        if (part.name == "attachments[]")
+            form.uploads.push_back({part.fileName, part.mimeType, std::string(part.content)});
+        else if (!form.texts.emplace(part.name, textOf(part)).second)
+            throw HttpError(400, "the part '" + part.name + "' occurs twice");
+    }
+    return form;
+}
+
+NewMessage parseMessage(Form form)
+{
+    const auto content = form.texts.find("message");
+    if (content == form.texts.end())
+        throw HttpError(400, "the part 'message' is missing");
+    if (content->second.empty() && form.uploads.empty())
+        throw HttpError(400, "a message needs a text or an attachment");
+    return {std::move(content->second), std::move(form.uploads)};
+}
+
+QJsonObject parseObject(const std::string &body)
+{
+    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(body));
+    if (!document.isObject())
+        throw HttpError(400, "the body has to be a JSON object");
+    return document.object();
+}
+
+std::optional<std::string> optionalText(const QJsonObject &object, const char *key)
+{
+    const QJsonValue value = object.value(QLatin1String(key));
+    if (value.isUndefined() || value.isNull())
+        return std::nullopt;
+    if (!value.isString())
+        throw HttpError(400, std::string("'") + key + "' has to be a string");
+    return value.toString().toStdString();
+}
+
+std::string customerIdOf(const Request &request)
+{
+    constexpr std::size_t maxLength = 128;
+    std::string id = request.header(customerHeader);
+    if (id.empty())
+        return newId();
+    if (id.size() > maxLength || !std::all_of(id.begin(), id.end(), isVisible))
+        throw HttpError(400,
+                        std::string(customerHeader) + " allows up to 128 visible ASCII characters");
+    return id;
+}
+
+std::optional<std::string> queryItem(const Request &request, std::string_view name)
+{
+    const std::string_view target = request.target;
+    const auto start = target.find('?');
+    if (start == std::string_view::npos)
+        return std::nullopt;
+    for (const std::string_view item : split(target.substr(start + 1), '&')) {
+        const auto equals = std::min(item.find('='), item.size());
+        if (percentDecoded(item.substr(0, equals)) == name)
+            return percentDecoded(item.substr(std::min(equals + 1, item.size())));
+    }
+    return std::nullopt;
+}
+
+std::optional<std::uint64_t> lastEventIdOf(const Request &request)
+{
+    const std::string text = request.header("Last-Event-ID");
+    std::uint64_t number = 0;
+    const char *const end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && parsed == end ? std::optional(number) : std::nullopt;
+}
+
+std::string hostOf(const Request &request, const std::string &fallback)
+{
+    constexpr std::size_t maxLength = 255;
+    const std::string host = request.header("Host");
+    const bool isValid =
+        !host.empty() && host.size() <= maxLength &&
+        std::all_of(host.begin(), host.end(), [](unsigned char c) {
+            return std::isalnum(c) ||
+                   std::string_view("-.:[]_").find(static_cast<char>(c)) != std::string_view::npos;
+        });
+    return isValid ? host : fallback;
+}
+
+std::string baseUrlFor(const std::string &host)
+{
+    return "http://" + host + "/api";
+}
+
+NewTicket parseNewTicket(const Request &request)
+{
+    Form form = parseForm(request);
+    NewTicket ticket;
+    ticket.channel = form.texts["channel"];
+    for (const std::string_view field : deviceFields) {
+        const auto text = form.texts.find("deviceInfo[" + std::string(field) + ']');
+        if (text != form.texts.end())
+            ticket.device.emplace(field, text->second);
+    }
+    ticket.message = parseMessage(std::move(form));
+    return ticket;
+}
+
+NewMessage parseNewMessage(const Request &request)
+{
+    return parseMessage(parseForm(request));
+}
+
+CustomerUpdate parseCustomerUpdate(const std::string &body)
+{
+    const QJsonObject object = parseObject(body);
+    return {.email = optionalText(object, "email"),
+            .originalId = optionalText(object, "originalId"),
+            .deviceToken = {}};
+}
+
+CustomerUpdate parseDeviceUpdate(const std::string &body)
+{
+    const QJsonObject object = parseObject(body);
+    CustomerUpdate update{.email = {},
+                          .originalId = optionalText(object, "originalId"),
+                          .deviceToken = optionalText(object, "deviceToken")};
+    if (!update.deviceToken)
+        throw HttpError(400, "'deviceToken' is missing");
+    return update;
+}
+
+} // namespace tolvane::backend

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/records.h"
+#include "http/httpmessage.h"
+
+#include <QtCore/QJsonObject>
+
+#include <string>
+
+namespace tolvane::backend {
+
+inline constexpr const char *customerHeader = "X-Tolvane-Customer";
+
+/// The request's customer id, or a new one. Throws an HttpError for an invalid id.
+std::string customerIdOf(const Request &request);
+
+/// The decoded value of a query item, empty for an item without a value. Returns nullopt when there
+/// is no such item.
+std::optional<std::string> queryItem(const Request &request, std::string_view name);
+
+/// The number in the Last-Event-ID header: the last push that the client has received.
+std::optional<std::uint64_t> lastEventIdOf(const Request &request);
+
+/// The Host header, or `fallback` when the header is missing or not valid in a URL.
+std::string hostOf(const Request &request, const std::string &fallback);
+
+/// Returns "http://127.0.0.1:8787/api" for the host "127.0.0.1:8787".
+std::string baseUrlFor(const std::string &host);
+
+/// A multipart form: the texts by name, and the files in order.
+struct Form
+{
+    std::map<std::string, std::string> texts;
+    std::vector<Upload> uploads;
+};
+
+/// Parse multipart bodies. Throw an HttpError.
+Form parseForm(const Request &request);
+NewMessage parseMessage(Form form);
+NewTicket parseNewTicket(const Request &request);
+NewMessage parseNewMessage(const Request &request);
+
+/// Parse JSON bodies. Throw an HttpError.
+QJsonObject parseObject(const std::string &body);
+std::optional<std::string> optionalText(const QJsonObject &object, const char *key);
+CustomerUpdate parseCustomerUpdate(const std::string &body);
+CustomerUpdate parseDeviceUpdate(const std::string &body);
+
+} // namespace tolvane::backend

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "backend.h"
+#include "base/json.h"
+#include "http/httpserver.h"
+#include "http/routing.h"
+#include "page/agentroutes.h"
+
+#include <string>
+#include <vector>
+
+namespace tolvane::backend {
+
+/// The routes of the contract over HTTP, and those of the agents.
+class Server
+{
+public:
+    struct Setup
+    {
+        std::string host = "127.0.0.1";
+        int port = 0;
+        /// Empty: requests need no key.
+        std::vector<std::string> keys;
+        std::size_t maxBody = std::size_t(64) << 20;
+    };
+
+    Server(Setup setup, Backend &backend);
+
+    /// Listens, so that requests wait for run(). Throws a StartError when the address is in use or
+    /// not available.
+    void bind();
+    /// Like "http://127.0.0.1:8787/api".
+    std::string baseUrl() const;
+    /// Serves until another thread calls shutDown(). Returns false when it ends for another reason.
+    bool run() { return m_http.run(); }
+    void shutDown() { m_http.shutDown(); }
+
+private:
+    struct Route;
+    static const std::vector<Route> routes;
+
+    /// Like "127.0.0.1:8787".
+    std::string authority() const;
+    void handle(const Request &request, Response &response) const;
+    void dispatch(const Request &request, Response &response) const;
+    void authorise(const Request &request) const;
+    RenderContext renderContext(const Request &request) const;
+
+    void getSettings(RequestContext &context) const;
+    void createTicket(RequestContext &context) const;
+    void postMessage(RequestContext &context) const;
+    void getTicket(RequestContext &context) const;
+    void getTickets(RequestContext &context) const;
+    void updateCustomer(RequestContext &context) const;
+    void updateDevice(RequestContext &context) const;
+    void getAttachment(RequestContext &context) const;
+    void getPortrait(RequestContext &context) const;
+    void getPushes(RequestContext &context) const;
+
+    const Setup m_setup;
+    Backend &m_backend;
+    HttpServer m_http;
+    const AgentRoutes m_agents;
+    int m_port = 0;
+};
+
+} // namespace tolvane::backend

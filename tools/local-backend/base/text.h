@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/records.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tolvane::backend {
+
+bool isUtf8(std::string_view text);
+bool equalIgnoringCase(std::string_view left, std::string_view right);
+std::string_view trimmed(std::string_view text);
+std::vector<std::string_view> split(std::string_view text, char separator);
+
+/// A "%" that does not begin an escape is kept, and so is "+".
+std::string percentDecoded(std::string_view text);
+std::string percentEncoded(std::string_view text);
+
+/// Compares in constant time, so that keys cannot be guessed by timing.
+bool equalInConstantTime(std::string_view left, std::string_view right);
+
+std::string sha256Hex(std::string_view bytes);
+
+/// 26 lower-case characters that sort by creation time.
+std::string newId();
+
+Instant now();
+
+/// Like "2026-11-24T13:05:00+0000".
+std::string timestamp(Instant at);
+
+/// The last component of a client's file name, without unprintable characters and leading dots, and
+/// shortened.
+std::string safeFileName(std::string_view name);
+
+} // namespace tolvane::backend

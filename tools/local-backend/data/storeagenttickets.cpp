@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// The functions of the store for the agent page.
+#include "data/messagerows.h"
+#include "data/store.h"
+
+namespace tolvane::backend {
+
+namespace {
+
+#define AGENT_TICKETS                                                                              \
+    "SELECT " MESSAGE_COLUMNS ", t.id, t.state, t.assignee, t.automatic, t.channel, t.device,"     \
+    " c.id, c.email, c.original_id, c.device_token FROM tickets t"                                 \
+    " JOIN customers c ON c.id = t.customer_id JOIN messages m ON m.seq = t.last"                  \
+    " LEFT JOIN attachments a ON a.message_seq = m.seq"
+
+AgentTicket agentTicketFromRow(const Statement &row)
+{
+    int column = messageColumns;
+    AgentTicket found;
+    found.ticket.id = row.text(column++);
+    found.ticket.state = stateNamed(row.text(column++));
+    found.ticket.assignee = authorNamed(row.text(column++));
+    found.isAutomatic = row.number(column++) != 0;
+    found.channel = row.text(column++);
+    found.device = row.text(column++);
+    found.customerId = row.text(column++);
+    found.email = row.text(column++);
+    found.originalId = row.text(column++);
+    found.deviceToken = row.text(column++);
+    found.ticket.messages = {messageFromRow(row, found.customerId, found.ticket.id)};
+    return found;
+}
+
+std::vector<AgentTicket> agentTicketsFromRows(Statement &&row)
+{
+    std::vector<AgentTicket> tickets;
+    while (row.step()) {
+        if (tickets.empty() || tickets.back().ticket.id != row.text(messageColumns))
+            tickets.push_back(agentTicketFromRow(row));
+        addAttachmentFromRow(row, tickets.back().ticket.messages.back());
+    }
+    return tickets;
+}
+
+} // namespace
+
+std::vector<AgentTicket> Store::agentTickets()
+{
+    const std::lock_guard lock(m_mutex);
+    return agentTicketsFromRows(m_database.query(AGENT_TICKETS " ORDER BY t.last DESC, a.place"));
+}
+
+std::optional<AgentTicket> Store::agentTicket(const std::string &ticketId)
+{
+    const std::lock_guard lock(m_mutex);
+    return findAgentTicket(ticketId);
+}
+
+std::optional<AgentTicket> Store::agentConversation(const std::string &ticketId)
+{
+    const std::lock_guard lock(m_mutex);
+    std::optional<AgentTicket> found = findAgentTicket(ticketId);
+    if (found)
+        found->ticket.messages = messagesOf(found->customerId, ticketId);
+    return found;
+}
+
+std::optional<Message> Store::addAgentMessage(const std::string &ticketId, const AgentMessage &sent)
+{
+    const std::lock_guard lock(m_mutex);
+    Transaction transaction(m_database);
+    if (!hasTicket(ticketId))
+        return std::nullopt;
+    discardReplies(ticketId);
+    if (sent.author == Author::Human)
+        m_database.run("UPDATE tickets SET assignee = ?, automatic = 0 WHERE id = ?",
+                       nameOf(sent.author), ticketId);
+    Message message;
+    message.ticketId = ticketId;
+    message.author = sent.author;
+    message.person = sent.person;
+    message.content = sent.message.content;
+    insertUploads(insertMessage(message), message, sent.message.uploads);
+    commit(transaction, ticketId, {message});
+    return message;
+}
+
+bool Store::changeTicket(const std::string &ticketId, const TicketChange &change)
+{
+    const std::lock_guard lock(m_mutex);
+    Transaction transaction(m_database);
+    if (!hasTicket(ticketId))
+        return false;
+    const auto assignee = change.assignee ? std::optional(nameOf(*change.assignee)) : std::nullopt;
+    m_database.run("UPDATE tickets SET assignee = coalesce(?2, assignee),"
+                   " automatic = coalesce(?3, automatic) WHERE id = ?1",
+                   ticketId, assignee, change.isAutomatic);
+    std::vector<Push> pushes;
+    if (change.state && changeState(ticketId, *change.state))
+        pushes.emplace_back(
+            Preview{ticketId, *change.state, findAgentTicket(ticketId)->ticket.messages.back()});
+    if (change.state == State::Closed)
+        discardReplies(ticketId);
+    commit(transaction, ticketId, std::move(pushes));
+    return true;
+}
+
+std::string Store::addPicture(const Upload &picture)
+{
+    const std::lock_guard lock(m_mutex);
+    Transaction transaction(m_database);
+    const File file = insertFile(picture);
+    m_database.run("INSERT OR IGNORE INTO pictures (hash, name, mime_type) VALUES (?, ?, ?)",
+                   file.hash, file.name, picture.mimeType);
+    transaction.commit();
+    return filePath(file.hash, file.name);
+}
+
+std::optional<std::string> Store::setting(const std::string &name)
+{
+    const std::lock_guard lock(m_mutex);
+    Statement row = m_database.query("SELECT value FROM settings WHERE name = ?", name);
+    return row.step() ? std::optional(row.text(0)) : std::nullopt;
+}
+
+void Store::saveSetting(const std::string &name, const std::string &value)
+{
+    const std::lock_guard lock(m_mutex);
+    m_database.run("INSERT OR REPLACE INTO settings (name, value) VALUES (?, ?)", name, value);
+}
+
+std::optional<AgentTicket> Store::findAgentTicket(const std::string &ticketId)
+{
+    std::vector<AgentTicket> found = agentTicketsFromRows(
+        m_database.query(AGENT_TICKETS " WHERE t.id = ? ORDER BY a.place", ticketId));
+    return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+}
+
+} // namespace tolvane::backend

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "streams/pushservice.h"
+
+#include "base/errors.h"
+#include "base/text.h"
+
+#include <algorithm>
+
+namespace tolvane::backend {
+
+namespace {
+
+constexpr std::size_t maxBacklog = 100;
+constexpr std::size_t maxDevices = 256;
+constexpr std::size_t maxPushSize = 16'384;
+
+// Each stream occupies a connection of the server; most of them must stay free for requests.
+constexpr std::size_t maxStreams = 32;
+
+std::size_t sizeOf(const Message &message)
+{
+    std::size_t size = message.content.size();
+    for (const std::string &attachment : message.attachments)
+        size += attachment.size();
+    return size;
+}
+
+std::size_t sizeOf(const Preview &preview)
+{
+    return sizeOf(preview.lastMessage);
+}
+
+std::size_t sizeOf(const CustomPush &push)
+{
+    return push.payload.size();
+}
+
+} // namespace
+
+// Hosts remember numbers across restarts of the backend, so that numbers must increase from one run
+// to the next: they start at the current time in milliseconds, which is ahead of any count.
+PushService::PushService()
+    : m_lastNumber(static_cast<std::uint64_t>(now()))
+{
+}
+
+bool PushService::send(const std::string &token, Push push)
+{
+    const auto size = std::visit([](const auto &record) { return sizeOf(record); }, push);
+    if (token.size() + size > maxPushSize)
+        return false;
+    const std::lock_guard lock(m_mutex);
+    Device &device = deviceOf(token);
+    device.backlog.push_back({++m_lastNumber, std::move(push)});
+    if (device.backlog.size() > maxBacklog)
+        device.backlog.pop_front();
+    for (const PushStream *stream : device.streams)
+        stream->m_wakeup.release();
+    return true;
+}
+
+PushService::Device &PushService::deviceOf(const std::string &token)
+{
+    const auto known = m_devices.find(token);
+    if (known != m_devices.end())
+        return known->second;
+    if (m_devices.size() >= maxDevices)
+        removeOldestDevice();
+    return m_devices[token];
+}
+
+// Removes the device with the oldest push among those without a stream. There is one, because fewer
+// streams than devices are allowed.
+void PushService::removeOldestDevice()
+{
+    const auto rank = [](const auto &entry) {
+        const Device &device = entry.second;
+        return std::pair(!device.streams.empty(),
+                         device.backlog.empty() ? 0 : device.backlog.back().number);
+    };
+    m_devices.erase(std::min_element(
+        m_devices.begin(), m_devices.end(),
+        [&rank](const auto &left, const auto &right) { return rank(left) < rank(right); }));
+}
+
+PushStream::PushStream(PushService &service, std::string token, std::optional<std::uint64_t> last)
+    : m_service(service)
+    , m_token(std::move(token))
+{
+    const std::lock_guard lock(m_service.m_mutex);
+    if (m_service.m_streamCount >= maxStreams)
+        throw HttpError(503, "too many push streams are open");
+    ++m_service.m_streamCount;
+    PushService::Device &device = m_service.deviceOf(m_token);
+    device.streams.insert(this);
+    // With a number from the future, the stream would skip all pushes up to it.
+    m_last = std::min(last.value_or(device.delivered), m_service.m_lastNumber);
+}
+
+PushStream::~PushStream()
+{
+    const std::lock_guard lock(m_service.m_mutex);
+    --m_service.m_streamCount;
+    m_service.deviceOf(m_token).streams.erase(this);
+}
+
+std::optional<NumberedPush> PushStream::next() const
+{
+    const std::lock_guard lock(m_service.m_mutex);
+    const auto &backlog = m_service.deviceOf(m_token).backlog;
+    const auto found = std::upper_bound(
+        backlog.begin(), backlog.end(), m_last,
+        [](std::uint64_t number, const auto &push) { return number < push.number; });
+    return found == backlog.end() ? std::nullopt : std::optional(*found);
+}
+
+void PushStream::confirm(std::uint64_t number)
+{
+    const std::lock_guard lock(m_service.m_mutex);
+    m_last = number;
+    std::uint64_t &delivered = m_service.deviceOf(m_token).delivered;
+    delivered = std::max(delivered, number);
+}
+
+} // namespace tolvane::backend
