@@ -3,7 +3,7 @@
 
 #include "agents/replyscheduler.h"
 #include "data/store.h"
-#include "settings/livesettings.h"
+#include "settings/settings.h"
 #include "streams/changenotifier.h"
 #include "streams/pushservice.h"
 

@@ -78,12 +78,12 @@ ReplyOutcome ReplyScheduler::outcomeOf(const PendingReply &reply) const
         outcome.content = introduction();
         return outcome;
     }
-    const std::shared_ptr<const Settings> settings = m_settings.current();
+    const std::string hours = openingHours(m_settings.current()->schedules);
     Reply scripted = replyTo({.assignee = reply.assignee,
                               .text = reply.content,
                               .attachmentCount = reply.attachmentCount,
                               .hasNewerMessage = reply.hasNewerMessage,
-                              .openingHours = settings->schedules.openingHours});
+                              .openingHours = hours});
     outcome.content = std::move(scripted.text);
     if (scripted.effect == Effect::HandOver) {
         outcome.newAssignee = Author::Human;

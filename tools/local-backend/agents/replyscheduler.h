@@ -2,7 +2,7 @@
 #pragma once
 
 #include "data/store.h"
-#include "settings/livesettings.h"
+#include "settings/settings.h"
 
 #include <chrono>
 #include <condition_variable>

@@ -2,11 +2,10 @@
 #include "api/requests.h"
 
 #include "base/errors.h"
+#include "base/jsonnode.h"
 #include "base/text.h"
 #include "http/httpserver.h"
 #include "http/multipart.h"
-
-#include <QtCore/QJsonDocument>
 
 #include <algorithm>
 #include <array>
@@ -20,11 +19,6 @@ constexpr std::array<std::string_view, 11> deviceFields = {
     "appBuild", "appVersion", "batteryLevel", "batteryState", "deviceModel", "deviceName",
     "locale",   "osVersion",  "screenHeight", "screenWidth",  "timezone",
 };
-
-bool isVisible(char character)
-{
-    return character > ' ' && character <= '~';
-}
 
 std::string textOf(const Part &part)
 {
@@ -59,31 +53,12 @@ NewMessage parseMessage(Form form)
     return {std::move(content->second), std::move(form.uploads)};
 }
 
-QJsonObject parseObject(const std::string &body)
-{
-    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(body));
-    if (!document.isObject())
-        throw HttpError(400, "the body has to be a JSON object");
-    return document.object();
-}
-
-std::optional<std::string> optionalText(const QJsonObject &object, const char *key)
-{
-    const QJsonValue value = object.value(QLatin1String(key));
-    if (value.isUndefined() || value.isNull())
-        return std::nullopt;
-    if (!value.isString())
-        throw HttpError(400, std::string("'") + key + "' has to be a string");
-    return value.toString().toStdString();
-}
-
 std::string customerIdOf(const Request &request)
 {
-    constexpr std::size_t maxLength = 128;
     std::string id = request.header(customerHeader);
     if (id.empty())
         return newId();
-    if (id.size() > maxLength || !std::all_of(id.begin(), id.end(), isVisible))
+    if (!isCustomerId(id))
         throw HttpError(400,
                         std::string(customerHeader) + " allows up to 128 visible ASCII characters");
     return id;
@@ -151,18 +126,18 @@ NewMessage parseNewMessage(const Request &request)
 
 CustomerUpdate parseCustomerUpdate(const std::string &body)
 {
-    const QJsonObject object = parseObject(body);
-    return {.email = optionalText(object, "email"),
-            .originalId = optionalText(object, "originalId"),
+    const JsonNode fields = JsonNode::parse(body);
+    return {.email = fields.optionalText("email"),
+            .originalId = fields.optionalText("originalId"),
             .deviceToken = {}};
 }
 
 CustomerUpdate parseDeviceUpdate(const std::string &body)
 {
-    const QJsonObject object = parseObject(body);
+    const JsonNode fields = JsonNode::parse(body);
     CustomerUpdate update{.email = {},
-                          .originalId = optionalText(object, "originalId"),
-                          .deviceToken = optionalText(object, "deviceToken")};
+                          .originalId = fields.optionalText("originalId"),
+                          .deviceToken = fields.optionalText("deviceToken")};
     if (!update.deviceToken)
         throw HttpError(400, "'deviceToken' is missing");
     return update;

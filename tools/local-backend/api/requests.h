@@ -4,8 +4,6 @@
 #include "base/records.h"
 #include "http/httpmessage.h"
 
-#include <QtCore/QJsonObject>
-
 #include <string>
 
 namespace tolvane::backend {
@@ -41,9 +39,7 @@ NewMessage parseMessage(Form form);
 NewTicket parseNewTicket(const Request &request);
 NewMessage parseNewMessage(const Request &request);
 
-/// Parse JSON bodies. Throw an HttpError.
-QJsonObject parseObject(const std::string &body);
-std::optional<std::string> optionalText(const QJsonObject &object, const char *key);
+/// Parse JSON bodies. Throw an InputError.
 CustomerUpdate parseCustomerUpdate(const std::string &body);
 CustomerUpdate parseDeviceUpdate(const std::string &body);
 

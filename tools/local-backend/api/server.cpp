@@ -3,6 +3,7 @@
 
 #include "api/requests.h"
 #include "base/errors.h"
+#include "base/recordjson.h"
 #include "base/text.h"
 #include "http/eventstream.h"
 #include "http/requestguard.h"
@@ -83,6 +84,8 @@ void Server::handle(const Request &request, Response &response) const
         dispatch(request, response);
     } catch (const HttpError &error) {
         setError(response, error.status(), error.what());
+    } catch (const InputError &error) {
+        setError(response, 400, std::string("the body ") + error.what());
     } catch (const std::exception &error) {
         std::fprintf(stderr, "tolvane-backend: %s %s: %s\n", request.method.c_str(),
                      request.target.c_str(), error.what());
@@ -121,25 +124,33 @@ void Server::authorise(const Request &request) const
         throw HttpError(401, "the Authorization header has to contain a known bearer key");
 }
 
-RenderContext Server::renderContext(const Request &request) const
+std::string Server::baseUrlOf(const Request &request) const
 {
-    return {baseUrlFor(hostOf(request, authority())), m_backend.settings.current()->schedules.json};
+    return baseUrlFor(hostOf(request, authority()));
+}
+
+void Server::respondWith(const Ticket &ticket, const RequestContext &context) const
+{
+    Json json = toJson(ticket, baseUrlOf(context.request));
+    json["schedules"] = m_backend.settings.current()->schedules;
+    context.respond(json);
 }
 
 void Server::getSettings(RequestContext &context) const
 {
     const std::shared_ptr<const Settings> settings = m_backend.settings.current();
-    if (queryItem(context.request, "updatedAt") == settings->branding.updatedAt)
+    if (queryItem(context.request, "updatedAt") ==
+        settings->branding.at("updatedAt").get<std::string>())
         context.response.status = 304;
     else
-        context.respond(brandingJson(renderContext(context.request).baseUrl, settings->branding));
+        context.respond(brandingJson(settings->branding, baseUrlOf(context.request)));
 }
 
 void Server::createTicket(RequestContext &context) const
 {
     const Ticket ticket =
         m_backend.replyScheduler.createTicket(context.customer, parseNewTicket(context.request));
-    context.respond(toJson(ticket, renderContext(context.request)));
+    respondWith(ticket, context);
 }
 
 void Server::postMessage(RequestContext &context) const
@@ -148,7 +159,7 @@ void Server::postMessage(RequestContext &context) const
         context.customer, context.pathComponent(1), parseNewMessage(context.request));
     if (!message)
         throw HttpError(404, "there is no such ticket");
-    context.respond(toJson(*message, renderContext(context.request)));
+    context.respond(toJson(*message, baseUrlOf(context.request)));
 }
 
 void Server::getTicket(RequestContext &context) const
@@ -157,13 +168,12 @@ void Server::getTicket(RequestContext &context) const
         m_backend.store.readTicket(context.customer, context.pathComponent(1));
     if (!ticket)
         throw HttpError(404, "there is no such ticket");
-    context.respond(toJson(*ticket, renderContext(context.request)));
+    respondWith(*ticket, context);
 }
 
 void Server::getTickets(RequestContext &context) const
 {
-    context.respond(
-        toJson(m_backend.store.previews(context.customer), renderContext(context.request)));
+    context.respond(toJson(m_backend.store.previews(context.customer), baseUrlOf(context.request)));
 }
 
 void Server::updateCustomer(RequestContext &context) const
@@ -199,24 +209,24 @@ void Server::getAttachment(RequestContext &context) const
 
 void Server::getPortrait(RequestContext &context) const
 {
-    context.response.setContent(m_backend.settings.current()->portrait, "image/png");
+    context.response.setContent(asset("maya.png"), "image/png");
 }
 
 void Server::getPushes(RequestContext &context) const
 {
     const auto pushes = std::make_shared<PushStream>(
         m_backend.pushService, context.pathComponent(1), lastEventIdOf(context.request));
-    respondWithEvents(context, pushes,
-                      [pushes, renderContext = renderContext(context.request),
-                       sent = std::uint64_t(0)]() mutable {
-                          if (sent > 0)
-                              pushes->confirm(sent);
-                          const std::optional<NumberedPush> push = pushes->next();
-                          sent = push ? push->number : 0;
-                          return push ? "id: " + std::to_string(sent) +
-                                            "\ndata: " + toJson(push->push, renderContext) + "\n\n"
-                                      : std::string();
-                      });
+    respondWithEvents(
+        context, pushes,
+        [pushes, baseUrl = baseUrlOf(context.request), sent = std::uint64_t(0)]() mutable {
+            if (sent > 0)
+                pushes->confirm(sent);
+            const std::optional<NumberedPush> push = pushes->next();
+            sent = push ? push->number : 0;
+            return push ? "id: " + std::to_string(sent) +
+                              "\ndata: " + toText(toJson(push->push, baseUrl)) + "\n\n"
+                        : std::string();
+        });
 }
 
 } // namespace tolvane::backend

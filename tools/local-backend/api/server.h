@@ -2,7 +2,6 @@
 #pragma once
 
 #include "backend.h"
-#include "base/json.h"
 #include "http/httpserver.h"
 #include "http/routing.h"
 #include "page/agentroutes.h"
@@ -45,8 +44,9 @@ private:
     void handle(const Request &request, Response &response) const;
     void dispatch(const Request &request, Response &response) const;
     void authorise(const Request &request) const;
-    RenderContext renderContext(const Request &request) const;
+    std::string baseUrlOf(const Request &request) const;
 
+    void respondWith(const Ticket &ticket, const RequestContext &context) const;
     void getSettings(RequestContext &context) const;
     void createTicket(RequestContext &context) const;
     void postMessage(RequestContext &context) const;

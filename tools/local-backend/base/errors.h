@@ -13,8 +13,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Settings are invalid. The text continues a sentence that begins with their source.
-class SettingsError : public std::runtime_error
+/// A file, a setting or a body is invalid. The text continues a sentence that begins with its
+/// source.
+class InputError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;

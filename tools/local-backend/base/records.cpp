@@ -43,4 +43,9 @@ State stateNamed(std::string_view name)
     return valueNamed<State>(states, name);
 }
 
+std::string filePath(std::string_view hash, std::string_view name)
+{
+    return std::string(hash) + '/' + std::string(name);
+}
+
 } // namespace tolvane::backend

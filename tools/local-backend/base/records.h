@@ -31,6 +31,9 @@ struct CustomerUpdate
     std::optional<std::string> deviceToken;
 };
 
+/// "HASH/NAME", the key of a stored file.
+std::string filePath(std::string_view hash, std::string_view name);
+
 struct Upload
 {
     std::string fileName;

@@ -165,6 +165,13 @@ std::string timestamp(Instant at)
     return text.data();
 }
 
+bool isCustomerId(std::string_view text)
+{
+    constexpr std::size_t maxLength = 128;
+    return !text.empty() && text.size() <= maxLength &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c > ' ' && c <= '~'; });
+}
+
 std::string safeFileName(std::string_view name)
 {
     const std::string_view last = name.substr(name.find_last_of("/\\") + 1);

@@ -31,6 +31,9 @@ Instant now();
 /// Like "2026-11-24T13:05:00+0000".
 std::string timestamp(Instant at);
 
+/// Whether the text consists of 1 to 128 visible ASCII characters.
+bool isCustomerId(std::string_view text);
+
 /// The last component of a client's file name, without unprintable characters and leading dots, and
 /// shortened.
 std::string safeFileName(std::string_view name);

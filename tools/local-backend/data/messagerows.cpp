@@ -26,9 +26,4 @@ void addAttachmentFromRow(const Statement &row, Message &message)
         message.attachments.push_back(filePath(hash, row.text(8)));
 }
 
-std::string filePath(std::string_view hash, std::string_view name)
-{
-    return std::string(hash) + '/' + std::string(name);
-}
-
 } // namespace tolvane::backend

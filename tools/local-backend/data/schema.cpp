@@ -92,7 +92,8 @@ PRAGMA user_version = 2;
 // What agents write is a reply, whether they are people or scripted.
 constexpr const char *replyNamesMigration = R"(
 UPDATE replies SET kind = 'message' WHERE kind = 'answer';
-UPDATE settings SET name = 'repliesAutomatically' WHERE name = 'answersAutomatically';
+UPDATE settings SET name = 'repliesAutomatically', value = iif(value = 'no', 'false', 'true')
+    WHERE name = 'answersAutomatically';
 PRAGMA user_version = 3;
 )";
 

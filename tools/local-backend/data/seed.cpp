@@ -18,17 +18,12 @@ struct Entry
     std::string ticketId;
 };
 
-Instant minutesBefore(Instant now, double minutes)
-{
-    return now - static_cast<Instant>(minutes * 60'000);
-}
-
 Author assigneeOf(const SeededConversation &conversation)
 {
     const auto agent =
         std::find_if(conversation.messages.rbegin(), conversation.messages.rend(),
-                     [](const auto &message) { return message.author != Author::Customer; });
-    return agent == conversation.messages.rend() ? Author::Ai : agent->author;
+                     [](const auto &seeded) { return seeded.message.author != Author::Customer; });
+    return agent == conversation.messages.rend() ? Author::Ai : agent->message.author;
 }
 
 /// Returns the hash that is the key of the bytes.
@@ -42,7 +37,8 @@ std::string insertFile(const Upload &file, Database &database)
 void insertPictures(const Seed &seed, Database &database)
 {
     for (const Upload &picture : seed.pictures) {
-        database.run("INSERT OR IGNORE INTO pictures (hash, name, mime_type) VALUES (?, ?, ?)",
+        database.run("INSERT OR IGNORE INTO pictures (hash, name, mime_type) "
+                     "VALUES (?, ?, ?)",
                      insertFile(picture, database), picture.fileName, picture.mimeType);
     }
 }
@@ -60,7 +56,7 @@ void insertAttachments(std::int64_t seq, const SeededMessage &message, Database 
 
 void insertMessage(const Entry &entry, Instant now, Database &database)
 {
-    const SeededMessage &message = *entry.message;
+    const Message &message = entry.message->message;
     std::optional<std::string> name;
     std::optional<std::string> picture;
     if (message.person) {
@@ -68,15 +64,16 @@ void insertMessage(const Entry &entry, Instant now, Database &database)
         picture = message.person->picture;
     }
     database.run("INSERT INTO messages"
-                 " (id, ticket_id, author, content, is_read, at, person_name, person_picture)"
+                 " (id, ticket_id, author, content, is_read, at, person_name, "
+                 "person_picture)"
                  " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
-                 newId(), entry.ticketId, nameOf(message.author), message.text, !message.isUnread,
-                 minutesBefore(now, message.minutesAgo), name, picture);
+                 newId(), entry.ticketId, nameOf(message.author), message.content, message.isRead,
+                 message.at, name, picture);
     const std::int64_t seq = database.lastInsertId();
     database.run("UPDATE tickets SET last = ? WHERE id = ?", seq, entry.ticketId);
-    insertAttachments(seq, message, database);
+    insertAttachments(seq, *entry.message, database);
     const auto &seconds = entry.conversation->secondsUntilReply;
-    if (seconds && &message == &entry.conversation->messages.back()) {
+    if (seconds && entry.message == &entry.conversation->messages.back()) {
         database.run("INSERT INTO replies (kind, message_seq, due) VALUES ('message', ?, ?)", seq,
                      now + static_cast<Instant>(*seconds * 1000));
     }
@@ -89,15 +86,16 @@ std::vector<Entry> insertTickets(const Seed &seed, Database &database)
     std::vector<Entry> entries;
     for (const SeededConversation &conversation : seed.conversations) {
         const std::string id = newId();
-        database.run("INSERT INTO tickets (id, customer_id, state, assignee, channel, device)"
+        database.run("INSERT INTO tickets (id, customer_id, state, assignee, "
+                     "channel, device)"
                      " VALUES (?, ?, ?, ?, 'app', '{}')",
                      id, seed.customer, nameOf(conversation.state),
                      nameOf(assigneeOf(conversation)));
         for (const SeededMessage &message : conversation.messages)
             entries.push_back({&message, &conversation, id});
     }
-    std::ranges::stable_sort(entries, std::ranges::greater(),
-                             [](const Entry &entry) { return entry.message->minutesAgo; });
+    std::ranges::stable_sort(entries, std::ranges::less(),
+                             [](const Entry &entry) { return entry.message->message.at; });
     return entries;
 }
 

@@ -9,14 +9,10 @@
 
 namespace tolvane::backend {
 
-/// A message of a past conversation.
+/// A message of a past conversation, without an id and a ticket.
 struct SeededMessage
 {
-    Author author = Author::Customer;
-    std::optional<Person> person;
-    double minutesAgo = 0;
-    std::string text;
-    bool isUnread = false;
+    Message message;
     std::vector<Upload> attachments;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/store.h"
 
-#include "base/json.h"
+#include "base/jsonnode.h"
 #include "base/text.h"
 #include "data/messagerows.h"
 
@@ -36,7 +36,7 @@ Ticket Store::createTicket(const std::string &customer, const NewTicket &ticket,
     m_database.run("INSERT INTO tickets (id, customer_id, state, assignee, channel, device)"
                    " VALUES (?, ?, ?, ?, ?, ?)",
                    created.id, customer, nameOf(created.state), nameOf(created.assignee),
-                   ticket.channel, toJson(ticket.device));
+                   ticket.channel, toText(Json(ticket.device)));
     created.messages = {
         insertCustomerMessage(customer, created.id, ticket.message, replyDue),
     };
@@ -105,11 +105,13 @@ std::vector<Preview> Store::previews(const std::string &customer)
 std::optional<StoredFile> Store::file(const std::string &hash, const std::string &name)
 {
     const std::lock_guard lock(m_mutex);
-    Statement row = m_database.query(
-        "SELECT n.mime_type, f.bytes FROM (SELECT hash, name, mime_type FROM attachments"
-        "  UNION ALL SELECT hash, name, mime_type FROM pictures) n"
-        " JOIN files f ON f.hash = n.hash WHERE n.hash = ? AND n.name = ? LIMIT 1",
-        hash, name);
+    Statement row =
+        m_database.query("SELECT n.mime_type, f.bytes FROM (SELECT hash, name, mime_type FROM "
+                         "attachments"
+                         "  UNION ALL SELECT hash, name, mime_type FROM pictures) n"
+                         " JOIN files f ON f.hash = n.hash WHERE n.hash = ? AND n.name = ? LIMIT "
+                         "1",
+                         hash, name);
     if (!row.step())
         return std::nullopt;
     return StoredFile{row.text(0), row.text(1)};
@@ -128,7 +130,8 @@ std::int64_t Store::insertMessage(Message &message)
         picture = message.person->picture;
     }
     m_database.run("INSERT INTO messages"
-                   " (id, ticket_id, author, content, is_read, at, person_name, person_picture)"
+                   " (id, ticket_id, author, content, is_read, at, person_name, "
+                   "person_picture)"
                    " VALUES (?, ?, ?, ?, ?, ?, ?, ?)",
                    message.id, message.ticketId, nameOf(message.author), message.content,
                    message.isRead, message.at, name, picture);

@@ -10,7 +10,8 @@ namespace {
 #define AGENT_TICKETS                                                                              \
     "SELECT " MESSAGE_COLUMNS ", t.id, t.state, t.assignee, t.automatic, t.channel, t.device,"     \
     " c.id, c.email, c.original_id, c.device_token FROM tickets t"                                 \
-    " JOIN customers c ON c.id = t.customer_id JOIN messages m ON m.seq = t.last"                  \
+    " JOIN customers c ON c.id = t.customer_id JOIN messages m ON m.seq = "                        \
+    "t.last"                                                                                       \
     " LEFT JOIN attachments a ON a.message_seq = m.seq"
 
 AgentTicket agentTicketFromRow(const Statement &row)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "http/routing.h"
 
-#include "base/json.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -19,15 +18,15 @@ std::string RequestContext::pathComponent(std::size_t index) const
     return percentDecoded(path.at(index));
 }
 
-void RequestContext::respond(const std::string &json) const
+void RequestContext::respond(const Json &json) const
 {
-    response.setContent(json, jsonType);
+    response.setContent(toText(json), jsonType);
 }
 
 void setError(Response &response, int status, const std::string &reason)
 {
     response.status = status;
-    response.setContent(toJson(std::map<std::string, std::string>{{"error", reason}}), jsonType);
+    response.setContent(toText(Json{{"error", reason}}), jsonType);
 }
 
 std::string_view pathOf(const Request &request)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/errors.h"
+#include "base/jsonnode.h"
 #include "http/httpmessage.h"
 
 #include <string>
@@ -22,7 +23,7 @@ struct RequestContext
     std::string customer = {};
 
     std::string pathComponent(std::size_t index) const;
-    void respond(const std::string &json) const;
+    void respond(const Json &json) const;
 };
 
 void setError(Response &response, int status, const std::string &reason);

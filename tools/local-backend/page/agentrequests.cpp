@@ -3,8 +3,7 @@
 
 #include "api/requests.h"
 #include "base/errors.h"
-
-#include <QtCore/QJsonDocument>
+#include "base/jsonnode.h"
 
 #include <algorithm>
 #include <array>
@@ -32,16 +31,6 @@ Value oneOf(std::initializer_list<Value> accepted, const std::string &name, cons
 Author agentNamed(const std::string &name, const char *key)
 {
     return oneOf({Author::Ai, Author::Human}, name, key);
-}
-
-std::optional<bool> optionalBoolean(const QJsonObject &object, const char *key)
-{
-    const QJsonValue value = object.value(QLatin1String(key));
-    if (value.isUndefined())
-        return std::nullopt;
-    if (!value.isBool())
-        throw HttpError(400, std::string("'") + key + "' has to be true or false");
-    return value.toBool();
 }
 
 } // namespace
@@ -72,30 +61,28 @@ Upload parsePicture(const Request &request)
 
 TicketChange parseTicketChange(const std::string &body)
 {
-    const QJsonObject object = parseObject(body);
+    const JsonNode fields = JsonNode::parse(body);
     TicketChange change;
-    if (const auto state = optionalText(object, "state"))
+    if (const auto state = fields.optionalText("state"))
         change.state = oneOf({State::Open, State::Closed}, *state, "state");
-    if (const auto assignee = optionalText(object, "assignee"))
+    if (const auto assignee = fields.optionalText("assignee"))
         change.assignee = agentNamed(*assignee, "assignee");
-    change.isAutomatic = optionalBoolean(object, "automatic");
+    if (fields.has("automatic"))
+        change.isAutomatic = fields.at("automatic").flag();
     // Assigning a ticket to a human turns automatic replies off, unless the request says otherwise.
-    if (change.assignee && !change.isAutomatic)
+    else if (change.assignee)
         change.isAutomatic = change.assignee == Author::Ai;
     return change;
 }
 
 CustomPush parsePush(const std::string &body)
 {
-    return {QJsonDocument(parseObject(body)).toJson(QJsonDocument::Compact).toStdString()};
+    return {toText(JsonNode::parse(body).object().value())};
 }
 
 bool parseAutomatic(const std::string &body)
 {
-    const auto automatic = optionalBoolean(parseObject(body), "automatic");
-    if (!automatic)
-        throw HttpError(400, "'automatic' is missing");
-    return *automatic;
+    return JsonNode::parse(body).at("automatic").flag();
 }
 
 } // namespace tolvane::backend

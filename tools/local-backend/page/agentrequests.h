@@ -12,7 +12,7 @@ namespace tolvane::backend {
 AgentMessage parseAgentMessage(const Request &request);
 Upload parsePicture(const Request &request);
 
-/// Parse JSON bodies. Throw an HttpError.
+/// Parse JSON bodies. Throw an HttpError or an InputError.
 TicketChange parseTicketChange(const std::string &body);
 CustomPush parsePush(const std::string &body);
 bool parseAutomatic(const std::string &body);

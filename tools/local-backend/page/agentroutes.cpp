@@ -3,7 +3,7 @@
 
 #include "api/requests.h"
 #include "backend.h"
-#include "base/jsonwriter.h"
+#include "base/recordjson.h"
 #include "http/eventstream.h"
 #include "http/requestguard.h"
 #include "page/agentpage.h"
@@ -30,16 +30,6 @@ Value orNotFound(std::optional<Value> value)
     if (!value)
         throw HttpError(404, "there is no such ticket");
     return std::move(*value);
-}
-
-template <typename Parse>
-auto orBadRequest(const char *what, Parse parse)
-{
-    try {
-        return parse();
-    } catch (const SettingsError &error) {
-        throw HttpError(400, std::string(what) + ' ' + error.what());
-    }
 }
 
 } // namespace
@@ -94,14 +84,14 @@ void AgentRoutes::dispatch(RequestContext &context) const
 
 void AgentRoutes::getTickets(const RequestContext &context) const
 {
-    context.respond(toJson(m_backend.store.agentTickets(), renderContext(context)));
+    context.respond(toJson(m_backend.store.agentTickets(), baseUrlOf(context)));
 }
 
 void AgentRoutes::getTicket(const RequestContext &context) const
 {
     const AgentTicket ticket =
         orNotFound(m_backend.store.agentConversation(context.pathComponent(1)));
-    context.respond(toJson(ticket, renderContext(context)));
+    context.respond(toJson(ticket, baseUrlOf(context)));
 }
 
 void AgentRoutes::changeTicket(const RequestContext &context) const
@@ -110,7 +100,7 @@ void AgentRoutes::changeTicket(const RequestContext &context) const
     const bool changed = m_backend.store.changeTicket(id, parseTicketChange(context.request.body));
     m_backend.replyScheduler.wake();
     context.respond(toJson(orNotFound(changed ? m_backend.store.agentTicket(id) : std::nullopt),
-                           renderContext(context)));
+                           baseUrlOf(context)));
 }
 
 void AgentRoutes::postMessage(const RequestContext &context) const
@@ -123,7 +113,7 @@ void AgentRoutes::postMessage(const RequestContext &context) const
         throw HttpError(400, "there is no such picture");
     const Message added =
         orNotFound(m_backend.store.addAgentMessage(context.pathComponent(1), message));
-    context.respond(toJson(added, renderContext(context)));
+    context.respond(toJson(added, baseUrlOf(context)));
 }
 
 void AgentRoutes::pushToDevice(const RequestContext &context) const
@@ -141,36 +131,26 @@ void AgentRoutes::pushToDevice(const RequestContext &context) const
 void AgentRoutes::addPicture(const RequestContext &context) const
 {
     const std::string path = m_backend.store.addPicture(parsePicture(context.request));
-    context.respond(toJson(std::map<std::string, std::string>{
-        {"path", path}, {"url", attachmentUrl(path, renderContext(context))}}));
+    context.respond({{"path", path}, {"url", attachmentUrl(path, baseUrlOf(context))}});
 }
 
 void AgentRoutes::getSettings(const RequestContext &context) const
 {
     const std::shared_ptr<const Settings> settings = m_backend.settings.current();
-    JsonWriter writer;
-    writer.open('{');
-    writer.key("branding");
-    writer.raw(brandingJson(renderContext(context).baseUrl, settings->branding));
-    writer.key("schedules");
-    writer.raw(settings->schedules.json);
-    writer.field("automatic", settings->repliesAutomatically);
-    writer.close('}');
-    context.respond(writer.take());
+    context.respond({{"branding", brandingJson(settings->branding, baseUrlOf(context))},
+                     {"schedules", settings->schedules},
+                     {"automatic", settings->repliesAutomatically}});
 }
 
 void AgentRoutes::saveBranding(const RequestContext &context) const
 {
-    m_backend.settings.save(orBadRequest("the branding", [&] {
-        return parseEditedBranding(context.request.body, renderContext(context).baseUrl);
-    }));
+    m_backend.settings.saveBranding(parseEditedBranding(context.request.body, baseUrlOf(context)));
     respondAfterSave(context);
 }
 
 void AgentRoutes::saveSchedules(const RequestContext &context) const
 {
-    m_backend.settings.save(
-        orBadRequest("the list", [&] { return parseSchedules(context.request.body); }));
+    m_backend.settings.saveSchedules(parseSchedules(context.request.body));
     respondAfterSave(context);
 }
 
@@ -190,27 +170,25 @@ void AgentRoutes::respondAfterSave(const RequestContext &context) const
 void AgentRoutes::getEvents(const RequestContext &context) const
 {
     const auto changes = std::make_shared<ChangeStream>(m_backend.changeNotifier);
-    respondWithEvents(context, changes, [this, changes, renderContext = renderContext(context)] {
+    respondWithEvents(context, changes, [this, changes, baseUrl = baseUrlOf(context)] {
         std::string events;
         for (const std::string &id : changes->take())
-            events += eventOf(id, renderContext);
+            events += eventOf(id, baseUrl);
         return events;
     });
 }
 
-std::string AgentRoutes::eventOf(const std::string &ticketId,
-                                 const RenderContext &renderContext) const
+std::string AgentRoutes::eventOf(const std::string &ticketId, const std::string &baseUrl) const
 {
     if (ticketId == settingsId)
         return "event: settings\ndata: {}\n\n";
     const std::optional<AgentTicket> ticket = m_backend.store.agentTicket(ticketId);
-    return ticket ? "event: ticket\ndata: " + toJson(*ticket, renderContext) + "\n\n" : ":\n\n";
+    return ticket ? "event: ticket\ndata: " + toText(toJson(*ticket, baseUrl)) + "\n\n" : ":\n\n";
 }
 
-RenderContext AgentRoutes::renderContext(const RequestContext &context) const
+std::string AgentRoutes::baseUrlOf(const RequestContext &context) const
 {
-    return {baseUrlFor(context.request.header("Host")),
-            m_backend.settings.current()->schedules.json};
+    return baseUrlFor(context.request.header("Host"));
 }
 
 } // namespace tolvane::backend

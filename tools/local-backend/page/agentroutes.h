@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/json.h"
 #include "http/routing.h"
 
 #include <string>
@@ -39,8 +38,8 @@ private:
     void getEvents(const RequestContext &context) const;
 
     void respondAfterSave(const RequestContext &context) const;
-    std::string eventOf(const std::string &ticketId, const RenderContext &renderContext) const;
-    RenderContext renderContext(const RequestContext &context) const;
+    std::string eventOf(const std::string &ticketId, const std::string &baseUrl) const;
+    std::string baseUrlOf(const RequestContext &context) const;
 
     Backend &m_backend;
 };

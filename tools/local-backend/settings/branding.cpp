@@ -2,10 +2,6 @@
 #include "settings/branding.h"
 
 #include "base/text.h"
-#include "settings/settingsjson.h"
-
-#include <QtCore/QJsonDocument>
-#include <QtCore/QRegularExpression>
 
 #include <array>
 
@@ -13,9 +9,7 @@ namespace tolvane::backend {
 
 namespace {
 
-using namespace Qt::StringLiterals;
-
-constexpr std::array<const char *, 8> colours = {
+constexpr std::array colours = {
     "primary",
     "accent",
     "chatBackground",
@@ -25,79 +19,62 @@ constexpr std::array<const char *, 8> colours = {
     "bubbleUser",
     "bubbleAgent",
 };
-constexpr std::array<const char *, 2> appearances = {"Light", "Dark"};
-constexpr const char *updatedAtKey = "updatedAt";
+constexpr std::array appearances = {"Light", "Dark"};
+constexpr const char *updatedAt = "updatedAt";
 
-QString logoKey(const char *appearance)
+bool isColour(std::string_view text)
 {
-    return u"logo"_s + QLatin1String(appearance);
-}
-
-QJsonObject parseObject(std::string_view json)
-{
-    const QJsonDocument document = parseSettingsJson(json);
-    if (!document.isObject())
-        throw SettingsError("has to be a JSON object of strings");
-    return document.object();
-}
-
-std::string compact(const QJsonObject &object)
-{
-    return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
-}
-
-void check(const QJsonObject &branding)
-{
-    static const QRegularExpression colour(u"^#?[0-9A-Fa-f]{6}$"_s);
-    for (const char *appearance : appearances) {
-        for (const char *name : colours) {
-            const QString key = QLatin1String(name) + QLatin1String(appearance);
-            if (!colour.match(requiredText(branding, key)).hasMatch())
-                throw SettingsError("needs a colour like \"#1F5C4D\" for '" + key.toStdString() +
-                                    '\'');
-        }
-        if (const QString logo = logoKey(appearance); branding.contains(logo))
-            requiredText(branding, logo);
-    }
+    if (text.starts_with('#'))
+        text.remove_prefix(1);
+    return text.size() == 6 && text.find_first_not_of("0123456789ABCDEFabcdef") == text.npos;
 }
 
 // Changes only logos that begin with `from`.
-void replacePrefix(QJsonObject &branding, const QString &from, const QString &to)
+void replacePrefix(Branding &branding, const std::string &from, const std::string &to)
 {
     for (const char *appearance : appearances) {
-        const QString key = logoKey(appearance);
-        const QString logo = branding.value(key).toString();
-        if (logo.startsWith(from))
-            branding.insert(key, QString(to + logo.mid(from.size())));
+        const std::string key = std::string("logo") + appearance;
+        const std::string url = branding.value(key, Json()).is_string() ? branding[key] : "";
+        if (url.starts_with(from))
+            branding[key] = to + url.substr(from.size());
     }
 }
 
 } // namespace
 
-Branding parseBranding(std::string_view json)
+Branding parseBranding(std::string_view text)
 {
-    QJsonObject branding = parseObject(json);
-    check(branding);
-    const QString updatedAt = QLatin1String(updatedAtKey);
+    const JsonNode node = JsonNode::parse(text);
+    for (const std::string appearance : appearances) {
+        for (const std::string colour : colours) {
+            const JsonNode value = node.at(colour + appearance);
+            if (!isColour(value.text()))
+                value.fail("needs a colour like \"#1F5C4D\"");
+        }
+        if (node.has("logo" + appearance))
+            node.at("logo" + appearance).text();
+    }
+    Branding branding = node.value();
     // A hash of the content, so that clients fetch the branding again only after it was edited.
-    if (!branding.contains(updatedAt))
-        branding.insert(updatedAt, QString::fromStdString(sha256Hex(compact(branding))));
-    return {compact(branding), requiredText(branding, updatedAt).toStdString()};
+    if (!node.has(updatedAt))
+        branding[updatedAt] = sha256Hex(toText(branding));
+    else
+        node.at(updatedAt).text();
+    return branding;
 }
 
-Branding parseEditedBranding(std::string_view json, const std::string &baseUrl)
+Branding parseEditedBranding(std::string_view text, const std::string &baseUrl)
 {
-    QJsonObject branding = parseObject(json);
-    branding.remove(QLatin1String(updatedAtKey));
-    replacePrefix(branding, QString::fromStdString(baseUrl + '/'), u"/"_s);
-    return parseBranding(compact(branding));
+    Branding branding = JsonNode::parse(text).object().value();
+    branding.erase(updatedAt);
+    replacePrefix(branding, baseUrl + '/', "/");
+    return parseBranding(toText(branding));
 }
 
-std::string brandingJson(const std::string &baseUrl, const Branding &branding)
+Json brandingJson(Branding branding, const std::string &baseUrl)
 {
-    QJsonObject object = parseObject(branding.json);
-    replacePrefix(object, u"/"_s, QString::fromStdString(baseUrl + '/'));
-    return compact(object);
+    replacePrefix(branding, "/", baseUrl + '/');
+    return branding;
 }
 
 } // namespace tolvane::backend

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "settings/schedules.h"
 
-#include "settings/settingsjson.h"
-
-#include <QtCore/QDateTime>
-#include <QtCore/QJsonArray>
+#include <QtCore/QDate>
+#include <QtCore/QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -15,51 +13,59 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr std::array<const char *, 7> weekdays = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
+constexpr std::array weekdays = {"Mon", "Tue", "Wed", "Thu", "Fri", "Sat", "Sun"};
 
-QString clockTime(const QJsonObject &schedule, const QString &key)
+// An ISO 8601 date-time with a zone. Versions of Qt differ in the texts that they accept.
+bool isDateTime(const std::string &text)
 {
-    const QDateTime time = QDateTime::fromString(requiredText(schedule, key), Qt::ISODate);
-    if (!time.isValid() || time.timeSpec() == Qt::LocalTime)
-        throw SettingsError("needs a time like \"2026-01-05T09:00:00Z\" for '" + key.toStdString() +
-                            '\'');
-    return time.toString(u"HH:mm"_s);
+    static const QRegularExpression format(
+        uR"(\A(\d{4}-\d\d-\d\d)T([01]\d|2[0-3]):[0-5]\d(:[0-5]\d([.,]\d+)?)?(Z|[+-]\d\d:?\d\d)\z)"_s);
+    const auto match = format.match(QString::fromStdString(text));
+    return match.hasMatch() && QDate::fromString(match.captured(1), u"yyyy-MM-dd"_s).isValid();
 }
 
-QString daysOf(const QJsonObject &schedule)
+std::string clockTime(const Json &schedule, const char *key)
 {
-    QStringList days;
-    for (const QJsonValue day : schedule.value(u"days"_s).toArray()) {
-        const auto named = [&day](const char *name) { return day == QLatin1String(name); };
-        if (std::none_of(weekdays.begin(), weekdays.end(), named))
-            throw SettingsError("needs days out of Mon, Tue, Wed, Thu, Fri, Sat, Sun for 'days'");
-        days.append(day.toString());
+    constexpr std::size_t begin = std::string_view("2026-01-05T").size();
+    return schedule.at(key).get<std::string>().substr(begin, std::string_view("09:00").size());
+}
+
+void check(const JsonNode &schedule)
+{
+    schedule.at("id").text();
+    const std::vector<JsonNode> days = schedule.at("days").list();
+    if (days.empty())
+        schedule.at("days").fail("needs a day");
+    for (const JsonNode &day : days) {
+        if (std::ranges::find(weekdays, day.text()) == weekdays.end())
+            day.fail("needs one of Mon, Tue, Wed, Thu, Fri, Sat, Sun");
     }
-    if (days.isEmpty())
-        throw SettingsError("needs the list 'days' in every schedule");
-    return days.join(u", "_s);
+    for (const char *key : {"startTime", "endTime"}) {
+        if (const JsonNode time = schedule.at(key); !isDateTime(time.text()))
+            time.fail("needs a time like \"2026-01-05T09:00:00Z\"");
+    }
 }
 
 } // namespace
 
-Schedules parseSchedules(std::string_view json)
+Schedules parseSchedules(std::string_view text)
 {
-    const QJsonDocument document = parseSettingsJson(json);
-    if (!document.isArray())
-        throw SettingsError("has to be a JSON list of schedules");
-    QStringList hours;
-    for (const QJsonValue value : document.array()) {
-        const QJsonObject schedule = value.toObject();
-        requiredText(schedule, u"id"_s);
-        // Separate statements, because the order of evaluation of arguments is unspecified: the
-        // first error is reported.
-        const QString days = daysOf(schedule);
-        const QString start = clockTime(schedule, u"startTime"_s);
-        const QString end = clockTime(schedule, u"endTime"_s);
-        hours.append(u"%1 %2-%3"_s.arg(days, start, end));
+    const JsonNode schedules = JsonNode::parse(text);
+    for (const JsonNode &schedule : schedules.list())
+        check(schedule);
+    return schedules.value();
+}
+
+std::string openingHours(const Schedules &schedules)
+{
+    std::string hours;
+    for (const Json &schedule : schedules) {
+        hours += hours.empty() ? "" : "; ";
+        for (const Json &day : schedule.at("days"))
+            hours += (&day == &schedule.at("days").front() ? "" : ", ") + day.get<std::string>();
+        hours += ' ' + clockTime(schedule, "startTime") + '-' + clockTime(schedule, "endTime");
     }
-    return {document.toJson(QJsonDocument::Compact).toStdString(),
-            hours.isEmpty() ? "at no fixed hours" : hours.join(u"; "_s).toStdString()};
+    return hours.empty() ? "at no fixed hours" : hours;
 }
 
 } // namespace tolvane::backend

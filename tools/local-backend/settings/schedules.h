@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-#include <string_view>
+#include "base/jsonnode.h"
 
 namespace tolvane::backend {
 
-/// The opening hours of human agents.
-struct Schedules
-{
-    /// A JSON list.
-    std::string json;
-    /// As text, like "Mon, Tue 09:00-18:00".
-    std::string openingHours;
-};
+/// The opening hours of human agents: a list of schedules.
+using Schedules = Json;
 
-/// Throws a SettingsError.
-Schedules parseSchedules(std::string_view json);
+/// Throws an InputError.
+Schedules parseSchedules(std::string_view text);
+
+/// As text, like "Mon, Tue 09:00-18:00".
+std::string openingHours(const Schedules &schedules);
 
 } // namespace tolvane::backend

@@ -4,9 +4,12 @@
 #include "settings/branding.h"
 #include "settings/schedules.h"
 
-#include <string>
+#include <memory>
+#include <mutex>
 
 namespace tolvane::backend {
+
+class Store;
 
 /// The settings that apply to all customers.
 struct Settings
@@ -15,12 +18,30 @@ struct Settings
     Schedules schedules;
     /// Whether the scripted agents reply.
     bool repliesAutomatically = true;
-    /// The bytes of the scripted human agent's picture, a PNG.
-    std::string portrait;
 };
 
-/// Loads the built-in settings for an empty path. Throws a StartError with the file and the reason.
-Settings loadSettings(const std::string &brandingPath, const std::string &schedulesPath);
+/// The current settings: those that the agents have saved, else those of the command line, else the
+/// built-in ones. Thread-safe.
+class LiveSettings
+{
+public:
+    /// A file takes precedence over saved settings. Throws a StartError with the source of an
+    /// invalid setting and the reason.
+    LiveSettings(Store &store, const std::string &brandingPath, const std::string &schedulesPath);
+
+    std::shared_ptr<const Settings> current() const;
+    void saveBranding(Branding branding);
+    void saveSchedules(Schedules schedules);
+    void saveRepliesAutomatically(bool replies);
+
+private:
+    template <typename Value>
+    void save(Value Settings::*setting, const char *name, Value value);
+
+    Store &m_store;
+    mutable std::mutex m_mutex;
+    std::shared_ptr<const Settings> m_current;
+};
 
 /// Returns the content of a resource below ":/tolvane-backend/".
 std::string asset(const std::string &name);
