@@ -198,9 +198,10 @@ private Q_SLOTS:
     {
         using tolvane::backend::Database;
         const std::string folder = m_folder.path().toStdString();
-        Database(folder + "/foreign").executeScript("CREATE TABLE recipes (name)");
-        Database(folder + "/newer")
-            .executeScript("PRAGMA application_id = 0x544F4C56; PRAGMA user_version = 9");
+        const int create = SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE;
+        Database(folder + "/foreign", create).exec("CREATE TABLE recipes (name)");
+        Database(folder + "/newer", create)
+            .exec("PRAGMA application_id = 0x544F4C56; PRAGMA user_version = 9");
         checkRejected(u"--db DIR/foreign"_s, "another program's");
         checkRejected(u"--db DIR/newer"_s, "newer");
         const auto check = [this](const char *flag, const QByteArray &content, const char *named) {

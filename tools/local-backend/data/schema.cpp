@@ -3,13 +3,11 @@
 
 #include "base/errors.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tolvane::backend {
 
@@ -109,29 +107,23 @@ std::string remedy(const std::string &path)
 // Messages are private: the file is created before SQLite opens it, with permissions for its owner
 // only, which SQLite's journal files inherit. The permissions of an existing folder stay as they
 // are.
-void createFile(const std::string &path)
+void createFile(const QString &path)
 {
-    std::error_code error;
-    const auto folder = std::filesystem::path(path).parent_path();
-    if (!folder.empty() && !std::filesystem::exists(folder, error)) {
-        std::filesystem::create_directories(folder, error);
-        if (!error)
-            std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
-        if (error)
-            throw StartError("the folder '" + folder.string() + "' cannot be created (" +
-                             error.message() + "); name a file elsewhere with --db");
-    }
-    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file < 0)
-        throw StartError("the database '" + path + "' cannot be written (" + std::strerror(errno) +
-                         "); name a file elsewhere with --db");
-    ::close(file);
+    constexpr auto owner = QFile::ReadOwner | QFile::WriteOwner;
+    const QString folder = QFileInfo(path).path();
+    if (!QFileInfo::exists(folder) &&
+        !(QDir().mkpath(folder) && QFile::setPermissions(folder, owner | QFile::ExeOwner)))
+        throw StartError("the folder '" + folder.toStdString() +
+                         "' cannot be created; name a file elsewhere with --db");
+    QFile file(path);
+    if (!file.open(QIODevice::ReadWrite, owner))
+        throw StartError("the database '" + path.toStdString() + "' cannot be written (" +
+                         file.errorString().toStdString() + "); name a file elsewhere with --db");
 }
 
 std::int64_t number(Database &database, const char *pragma)
 {
-    Statement statement = database.query(pragma);
-    return statement.step() ? statement.number(0) : 0;
+    return database.execAndGet(pragma).getInt64();
 }
 
 bool isEmpty(Database &database)
@@ -147,7 +139,7 @@ void migrate(Database &database)
     // file.
     Transaction transaction(database);
     for (auto at = number(database, "PRAGMA user_version"); at < version; ++at)
-        database.executeScript(migrations.at(static_cast<std::size_t>(at)));
+        database.exec(migrations.at(static_cast<std::size_t>(at)));
     transaction.commit();
 }
 
@@ -159,30 +151,24 @@ void rejectForeignDatabase(Database &database, const std::string &path)
         throw StartError("'" + path + "' was created by a newer tolvane-backend" + remedy(path));
 }
 
-void rejectDamagedDatabase(Database &database)
-{
-    Statement check = database.query("PRAGMA quick_check(1)");
-    if (!check.step() || check.text(0) != "ok")
-        throw DatabaseError("it is damaged");
-}
-
 } // namespace
 
 Database openDatabase(const std::string &path)
 {
     if (path != inMemory)
-        createFile(path);
+        createFile(QString::fromStdString(path));
     try {
-        Database database(path);
+        constexpr int busyTimeout = 5000;
+        Database database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, busyTimeout);
         rejectForeignDatabase(database, path);
-        rejectDamagedDatabase(database);
+        if (database.execAndGet("PRAGMA quick_check(1)").getString() != "ok")
+            throw SQLite::Exception("it is damaged");
         if (number(database, "PRAGMA user_version") < version)
             migrate(database);
-        database.executeScript("PRAGMA journal_mode = WAL");
-        database.executeScript("PRAGMA synchronous = NORMAL");
-        database.executeScript("PRAGMA foreign_keys = ON");
+        database.exec("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;"
+                      "PRAGMA foreign_keys = ON");
         return database;
-    } catch (const DatabaseError &error) {
+    } catch (const SQLite::Exception &error) {
         throw StartError("'" + path + "' cannot be used as the database (" + error.what() + ")" +
                          remedy(path));
     }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/records.h"
-#include "data/database.h"
+#include "data/rows.h"
 
 #include <functional>
 #include <mutex>
@@ -10,8 +10,6 @@
 #include <vector>
 
 namespace tolvane::backend {
-
-enum class ReplyKind { Message, Introduction };
 
 /// A scripted agent's reply to a customer's message, which is sent when it is due.
 struct PendingReply
@@ -92,17 +90,8 @@ public:
     void saveSetting(const std::string &name, const std::string &value);
 
 private:
-    /// The key of a stored file.
-    struct File
-    {
-        std::string hash;
-        std::string name;
-    };
-
     std::optional<PendingReply> nextReply();
     std::vector<Push> applyOutcome(const PendingReply &reply, const ReplyOutcome &outcome);
-    std::int64_t insertMessage(Message &message);
-    void insertUploads(std::int64_t seq, Message &message, const std::vector<Upload> &uploads);
     Message insertCustomerMessage(const std::string &customer, const std::string &ticketId,
                                   const NewMessage &message, Instant replyDue);
     /// Returns whether the ticket was in another state before.
@@ -110,12 +99,10 @@ private:
     /// Commits, then reports the change and sends the pushes to the customer's device, if any.
     void commit(Transaction &transaction, const std::string &ticketId, std::vector<Push> pushes);
     void discardReplies(const std::string &ticketId);
-    void enqueueReply(ReplyKind kind, std::int64_t messageSeq, Instant due);
     void ensureCustomer(const std::string &customer);
     bool hasTicket(const std::string &customer, const std::string &ticketId);
     bool hasTicket(const std::string &ticketId);
     std::optional<AgentTicket> findAgentTicket(const std::string &ticketId);
-    File insertFile(const Upload &upload);
     std::vector<Message> messagesOf(const std::string &customer, const std::string &ticketId);
 
     std::mutex m_mutex;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The functions of the store for the agent page.
-#include "data/messagerows.h"
 #include "data/store.h"
 
 namespace tolvane::backend {
@@ -18,16 +17,16 @@ AgentTicket agentTicketFromRow(const Statement &row)
 {
     int column = messageColumns;
     AgentTicket found;
-    found.ticket.id = row.text(column++);
-    found.ticket.state = stateNamed(row.text(column++));
-    found.ticket.assignee = authorNamed(row.text(column++));
-    found.isAutomatic = row.number(column++) != 0;
-    found.channel = row.text(column++);
-    found.device = row.text(column++);
-    found.customerId = row.text(column++);
-    found.email = row.text(column++);
-    found.originalId = row.text(column++);
-    found.deviceToken = row.text(column++);
+    found.ticket.id = row.getColumn(column++).getString();
+    found.ticket.state = stateNamed(row.getColumn(column++).getString());
+    found.ticket.assignee = authorNamed(row.getColumn(column++).getString());
+    found.isAutomatic = row.getColumn(column++).getInt64() != 0;
+    found.channel = row.getColumn(column++).getString();
+    found.device = row.getColumn(column++).getString();
+    found.customerId = row.getColumn(column++).getString();
+    found.email = row.getColumn(column++).getString();
+    found.originalId = row.getColumn(column++).getString();
+    found.deviceToken = row.getColumn(column++).getString();
     found.ticket.messages = {messageFromRow(row, found.customerId, found.ticket.id)};
     return found;
 }
@@ -35,8 +34,9 @@ AgentTicket agentTicketFromRow(const Statement &row)
 std::vector<AgentTicket> agentTicketsFromRows(Statement &&row)
 {
     std::vector<AgentTicket> tickets;
-    while (row.step()) {
-        if (tickets.empty() || tickets.back().ticket.id != row.text(messageColumns))
+    while (row.executeStep()) {
+        if (tickets.empty() ||
+            tickets.back().ticket.id != row.getColumn(messageColumns).getString())
             tickets.push_back(agentTicketFromRow(row));
         addAttachmentFromRow(row, tickets.back().ticket.messages.back());
     }
@@ -48,7 +48,7 @@ std::vector<AgentTicket> agentTicketsFromRows(Statement &&row)
 std::vector<AgentTicket> Store::agentTickets()
 {
     const std::lock_guard lock(m_mutex);
-    return agentTicketsFromRows(m_database.query(AGENT_TICKETS " ORDER BY t.last DESC, a.place"));
+    return agentTicketsFromRows(query(m_database, AGENT_TICKETS " ORDER BY t.last DESC, a.place"));
 }
 
 std::optional<AgentTicket> Store::agentTicket(const std::string &ticketId)
@@ -74,14 +74,11 @@ std::optional<Message> Store::addAgentMessage(const std::string &ticketId, const
         return std::nullopt;
     discardReplies(ticketId);
     if (sent.author == Author::Human)
-        m_database.run("UPDATE tickets SET assignee = ?, automatic = 0 WHERE id = ?",
-                       nameOf(sent.author), ticketId);
-    Message message;
-    message.ticketId = ticketId;
-    message.author = sent.author;
+        run(m_database, "UPDATE tickets SET assignee = ?, automatic = 0 WHERE id = ?",
+            nameOf(sent.author), ticketId);
+    Message message = newMessage(ticketId, sent.author, sent.message.content);
     message.person = sent.person;
-    message.content = sent.message.content;
-    insertUploads(insertMessage(message), message, sent.message.uploads);
+    insertMessage(m_database, message, sent.message.uploads);
     commit(transaction, ticketId, {message});
     return message;
 }
@@ -93,9 +90,10 @@ bool Store::changeTicket(const std::string &ticketId, const TicketChange &change
     if (!hasTicket(ticketId))
         return false;
     const auto assignee = change.assignee ? std::optional(nameOf(*change.assignee)) : std::nullopt;
-    m_database.run("UPDATE tickets SET assignee = coalesce(?2, assignee),"
-                   " automatic = coalesce(?3, automatic) WHERE id = ?1",
-                   ticketId, assignee, change.isAutomatic);
+    run(m_database,
+        "UPDATE tickets SET assignee = coalesce(?2, assignee),"
+        " automatic = coalesce(?3, automatic) WHERE id = ?1",
+        ticketId, assignee, change.isAutomatic);
     std::vector<Push> pushes;
     if (change.state && changeState(ticketId, *change.state))
         pushes.emplace_back(
@@ -110,30 +108,28 @@ std::string Store::addPicture(const Upload &picture)
 {
     const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
-    const File file = insertFile(picture);
-    m_database.run("INSERT OR IGNORE INTO pictures (hash, name, mime_type) VALUES (?, ?, ?)",
-                   file.hash, file.name, picture.mimeType);
+    const std::string path = insertPicture(m_database, picture);
     transaction.commit();
-    return filePath(file.hash, file.name);
+    return path;
 }
 
 std::optional<std::string> Store::setting(const std::string &name)
 {
     const std::lock_guard lock(m_mutex);
-    Statement row = m_database.query("SELECT value FROM settings WHERE name = ?", name);
-    return row.step() ? std::optional(row.text(0)) : std::nullopt;
+    Statement row = query(m_database, "SELECT value FROM settings WHERE name = ?", name);
+    return row.executeStep() ? std::optional(row.getColumn(0).getString()) : std::nullopt;
 }
 
 void Store::saveSetting(const std::string &name, const std::string &value)
 {
     const std::lock_guard lock(m_mutex);
-    m_database.run("INSERT OR REPLACE INTO settings (name, value) VALUES (?, ?)", name, value);
+    run(m_database, "INSERT OR REPLACE INTO settings (name, value) VALUES (?, ?)", name, value);
 }
 
 std::optional<AgentTicket> Store::findAgentTicket(const std::string &ticketId)
 {
     std::vector<AgentTicket> found = agentTicketsFromRows(
-        m_database.query(AGENT_TICKETS " WHERE t.id = ? ORDER BY a.place", ticketId));
+        query(m_database, AGENT_TICKETS " WHERE t.id = ? ORDER BY a.place", ticketId));
     return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 
