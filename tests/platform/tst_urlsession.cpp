@@ -18,7 +18,7 @@ namespace {
 
 struct UrlSessionFixture
 {
-    UrlSessionFixture() { answerWith(fine); }
+    UrlSessionFixture() { respondWith(fine); }
 
     /// Waits for the response to a request. A UrlError becomes a response whose status is its code.
     UrlResponse fetch(const UrlRequest &request)
@@ -42,7 +42,7 @@ struct UrlSessionFixture
                 .body = body};
     }
 
-    void answerWith(const QByteArray &bytes)
+    void respondWith(const QByteArray &bytes)
     {
         server.handler = [bytes](const ServedRequest &, QTcpSocket &socket) {
             socket.write(bytes);
@@ -52,7 +52,7 @@ struct UrlSessionFixture
     /// Whether the session still handles requests.
     bool stillWorks()
     {
-        answerWith(fine);
+        respondWith(fine);
         return fetch(request(u"/next"_s)).body == "fine";
     }
 
@@ -100,10 +100,10 @@ private Q_SLOTS:
         QCOMPARE(fixture.fetch(request).status, 302); // Other requests do not follow it.
     }
 
-    void addressesAreReachedFromTheBackendsNetwork()
+    void privateAddressesNeedABackendInTheSameNetwork()
     {
         const QStringList backends = {u"198.51.100.1"_s, u"192.168.0.1"_s, u"::1"_s};
-        // Reached by all backends, by the last two, by the last one.
+        // Allowed with all backends, with the last two, with the last one.
         const QList<QByteArrayList> targets = {
             {"93.184.216.34", "2606:2800:220:1::1", "172.32.0.1", "11.0.0.1", "100.128.0.1"},
             {"10.1.2.3", "172.31.0.1", "192.168.1.1", "100.64.0.1", "169.254.169.254",
@@ -137,11 +137,11 @@ private Q_SLOTS:
         request.backend = QUrl(u"http://localhost:1/api"_s);
         QCOMPARE(fixture.fetch(request).body, "fine");
 
-        // A server elsewhere, which a proxy stands for.
+        // The proxy responds for a server on another host.
         request.backend = QUrl(u"http://198.51.100.1"_s);
         request.url = QUrl(u"http://picture.example/"_s);
         const QString away = u"Location: "_s + fixture.server.url();
-        fixture.answerWith(ScriptedServer::response(302, "moved", {away.toLatin1()}));
+        fixture.respondWith(ScriptedServer::response(302, "moved", {away.toLatin1()}));
         QNetworkProxy::setApplicationProxy(
             {QNetworkProxy::HttpProxy, u"127.0.0.1"_s, fixture.server.serverPort()});
         const int status = fixture.fetch(request).status;
@@ -170,7 +170,7 @@ private Q_SLOTS:
     void bodiesAreBounded()
     {
         UrlSessionFixture fixture;
-        fixture.answerWith(ScriptedServer::response(200, QByteArray(3000, 'x')));
+        fixture.respondWith(ScriptedServer::response(200, QByteArray(3000, 'x')));
         UrlRequest request = fixture.request();
         request.maximumBodySize = 2999;
         QCOMPARE(fixture.fetch(request).status, UrlError::dataLengthExceedsMaximum);
@@ -219,7 +219,7 @@ private Q_SLOTS:
         UrlSessionFixture fixture;
         for (const int status : {200, 204, 302, 304, 400, 401, 404, 407, 418, 500, 503, 599, 600}) {
             fixture.server.requests.clear();
-            fixture.answerWith(ScriptedServer::response(
+            fixture.respondWith(ScriptedServer::response(
                 status, "body",
                 {"X-Tolvane-Customer: c1", "WWW-Authenticate: Basic realm=\"x\"",
                  "Proxy-Authenticate: Basic realm=\"x\"", "Retry-After: 0"}));
@@ -234,17 +234,17 @@ private Q_SLOTS:
 
     void failuresHaveTheirCodes_data()
     {
-        QTest::addColumn<QString>("url"); // SERVER and NOBODY stand for ports.
-        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<QString>("url"); // SERVER and CLOSED are replaced with ports.
+        QTest::addColumn<QByteArray>("response");
         QTest::addColumn<int>("code");
-        const auto row = [](const char *url, const char *answer, int code) {
-            QTest::addRow("%s %.12s", url, answer)
-                << QString::fromLatin1(url) << QByteArray(answer) << code;
+        const auto row = [](const char *url, const char *response, int code) {
+            QTest::addRow("%s %.12s", url, response)
+                << QString::fromLatin1(url) << QByteArray(response) << code;
         };
         row("http://127.0.0.1:SERVER/", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nfine", -1005);
         row("http://127.0.0.1:SERVER/", "220 mail.example ESMTP\r\n\r\n", -1005);
         row("https://127.0.0.1:SERVER/", "no TLS here\r\n\r\n", -1200);
-        row("http://127.0.0.1:NOBODY/", "", -1004);
+        row("http://127.0.0.1:CLOSED/", "", -1004);
         row("", "", -1000);
         row("http:///tickets", "", -1000);
         row("127.0.0.1/tickets", "", -1000);
@@ -256,22 +256,22 @@ private Q_SLOTS:
     void failuresHaveTheirCodes()
     {
         QFETCH(QString, url);
-        QFETCH(const QByteArray, answer);
+        QFETCH(const QByteArray, response);
         QFETCH(const int, code);
         UrlSessionFixture fixture;
         QTcpServer server; // Sends plain bytes to any client, also to TLS clients.
         QVERIFY(server.listen(QHostAddress::LocalHost));
         connect(&server, &QTcpServer::newConnection, &server, [&] {
             QTcpSocket *socket = server.nextPendingConnection();
-            connect(socket, &QTcpSocket::readyRead, socket, [socket, answer] {
+            connect(socket, &QTcpSocket::readyRead, socket, [socket, response] {
                 QVERIFY(!socket->readAll().contains("\x02h2")); // TLS offers no HTTP/2.
-                socket->write(answer);
-                if (answer.startsWith("HTTP"))
+                socket->write(response);
+                if (response.startsWith("HTTP"))
                     socket->disconnectFromHost();
             });
         });
         url.replace(u"SERVER"_s, QString::number(server.serverPort()));
-        url.replace(u"NOBODY"_s, QString::number(fixture.server.serverPort()));
+        url.replace(u"CLOSED"_s, QString::number(fixture.server.serverPort()));
         fixture.server.close();
         UrlRequest request;
         request.url = QUrl(url);
@@ -350,13 +350,13 @@ private Q_SLOTS:
               u"http://localhost:"_s + here, u"https://127.0.0.1:"_s + here,
               u"http://127.0.0.1:"_s + here + u"@localhost:"_s + there, u"file:///etc/hostname"_s,
               u"http://["_s, QString()}) {
-            fixture.answerWith(
+            fixture.respondWith(
                 ScriptedServer::response(307, "moved", {"Location: " + location.toUtf8()}));
             QCOMPARE(fixture.fetch(fixture.request()).status, 307);
         }
         QCOMPARE(fixture.server.requests.size(), 8);
         QCOMPARE(other.server.connectionCount, 0);
-        fixture.answerWith(ScriptedServer::response(302, "again", {"Location: /"}));
+        fixture.respondWith(ScriptedServer::response(302, "again", {"Location: /"}));
         QCOMPARE(fixture.fetch(fixture.request()).status, 302);
         QCOMPARE(fixture.server.requests.size(), 8 + 17);
     }
@@ -367,11 +367,11 @@ private Q_SLOTS:
         for (const int mebibytes : {0, 1, 40, 101}) {
             const QByteArray body(mebibytes << 20, 'x');
             // qCompress() puts four bytes before the compressed stream.
-            fixture.answerWith(ScriptedServer::response(200, qCompress(body).sliced(4),
-                                                        {"Content-Encoding: deflate"}));
+            fixture.respondWith(ScriptedServer::response(200, qCompress(body).sliced(4),
+                                                         {"Content-Encoding: deflate"}));
             const UrlResponse response = fixture.fetch(fixture.request());
             const bool isTooLarge = mebibytes > 100;
-            // Qt stops within the answer, and reports it as one that cannot be decompressed.
+            // Qt reports too large bodies as bodies that cannot be decompressed.
             QCOMPARE(response.status, isTooLarge ? UrlError::badServerResponse : 200);
             QVERIFY(isTooLarge || response.body == body);
         }

@@ -11,28 +11,28 @@ namespace tolvane {
 
 namespace {
 
-/// From where an address can be reached; the later, the nearer.
+/// From where an address can be reached, from the farthest to the nearest.
 enum class Reach { anywhere, network, device };
 
-struct Block
+struct SpecialSubnet
 {
     const char *subnet;
     Reach reach;
 };
 
-// IANA's registries of special-purpose addresses. Multicast and reserved addresses are no servers.
-constexpr std::array blocks = {
-    Block{"0.0.0.0/8", Reach::device},      Block{"127.0.0.0/8", Reach::device},
-    Block{"::/127", Reach::device},         Block{"10.0.0.0/8", Reach::network},
-    Block{"100.64.0.0/10", Reach::network}, Block{"169.254.0.0/16", Reach::network},
-    Block{"172.16.0.0/12", Reach::network}, Block{"192.168.0.0/16", Reach::network},
-    Block{"198.18.0.0/15", Reach::network}, Block{"224.0.0.0/3", Reach::network},
-    Block{"fc00::/7", Reach::network},      Block{"fe80::/10", Reach::network},
-    Block{"fec0::/10", Reach::network},     Block{"ff00::/8", Reach::network},
+// From IANA's registries of special-purpose addresses. No server has a multicast or reserved one.
+constexpr std::array specialSubnets = {
+    SpecialSubnet{"0.0.0.0/8", Reach::device},      SpecialSubnet{"127.0.0.0/8", Reach::device},
+    SpecialSubnet{"::/127", Reach::device},         SpecialSubnet{"10.0.0.0/8", Reach::network},
+    SpecialSubnet{"100.64.0.0/10", Reach::network}, SpecialSubnet{"169.254.0.0/16", Reach::network},
+    SpecialSubnet{"172.16.0.0/12", Reach::network}, SpecialSubnet{"192.168.0.0/16", Reach::network},
+    SpecialSubnet{"198.18.0.0/15", Reach::network}, SpecialSubnet{"224.0.0.0/3", Reach::network},
+    SpecialSubnet{"fc00::/7", Reach::network},      SpecialSubnet{"fe80::/10", Reach::network},
+    SpecialSubnet{"fec0::/10", Reach::network},     SpecialSubnet{"ff00::/8", Reach::network},
 };
 
-/// An IPv6 address that stands for one of IPv4 as that address.
-QHostAddress withoutTranslation(const QHostAddress &address)
+/// Converts an IPv6 address that maps an IPv4 address into that one.
+QHostAddress unmapped(const QHostAddress &address)
 {
     if (address.protocol() != QAbstractSocket::IPv6Protocol)
         return address;
@@ -44,10 +44,10 @@ QHostAddress withoutTranslation(const QHostAddress &address)
 
 Reach reachOf(const QHostAddress &address)
 {
-    const QHostAddress plain = withoutTranslation(address);
-    for (const Block &block : blocks) {
-        if (plain.isInSubnet(QHostAddress::parseSubnet(QString::fromLatin1(block.subnet))))
-            return block.reach;
+    const QHostAddress plain = unmapped(address);
+    for (const SpecialSubnet &special : specialSubnets) {
+        if (plain.isInSubnet(QHostAddress::parseSubnet(QString::fromLatin1(special.subnet))))
+            return special.reach;
     }
     return Reach::anywhere;
 }
@@ -56,7 +56,7 @@ Reach reachOf(const QHostAddress &address)
 
 bool mayReach(const Addresses &target, const Addresses &backend)
 {
-    // Each address of the target may be used, so each counts; and so does each of the backend.
+    // A connection may use any address of a host, so the most restrictive combination decides.
     const auto nearest = [](const Addresses &addresses) {
         return std::ranges::max(addresses, {}, reachOf);
     };

@@ -54,7 +54,7 @@ void FolderCache::makeRoom(qint64 size)
     m_used += needed;
 }
 
-/// Returns how much is left.
+/// Returns the disk space that is still in use.
 qint64 FolderCache::removeOldest(qint64 limit)
 {
     std::multimap<QDateTime, QFileInfo> files;
@@ -86,8 +86,9 @@ std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::millise
     const std::unique_lock lock(m_mutex, timeout);
     if (!lock)
         return std::nullopt;
-    // In this order both come from one file, which another process may replace meanwhile. The cache
-    // recognises the address of the file as it has written it.
+    // data() remembers the metadata of the file that it reads. In the reverse order another process
+    // could replace the file in between. The URL must be equal to the one in the file, from which
+    // QNetworkCacheMetaData has removed password and fragment.
     const QUrl stored = metaDataOf(url, {}).url();
     const std::unique_ptr<QIODevice> device(m_cache.data(stored));
     const QNetworkCacheMetaData metaData = m_cache.metaData(stored);
@@ -107,7 +108,7 @@ std::optional<UrlResponse> DiskCache::read(const QUrl &url, std::chrono::millise
 
 void DiskCache::write(const QUrl &url, const UrlResponse &response)
 {
-    // The address and the attributes take less.
+    // An upper bound for the URL and the attributes.
     constexpr qint64 overhead = 1024;
     const qint64 size = response.size() + overhead;
     if (m_cache.cacheDirectory().isEmpty() || size > m_cache.maximumCacheSize())

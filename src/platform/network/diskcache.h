@@ -11,8 +11,8 @@
 
 namespace tolvane {
 
-/// Counts what its files take on disk rather than their sizes: thousands of small pictures would
-/// take many times the capacity.
+/// A QNetworkDiskCache that limits the disk space of its files instead of the sum of their sizes:
+/// thousands of small pictures would occupy many times the capacity.
 class FolderCache final : public QNetworkDiskCache
 {
 public:
@@ -25,7 +25,7 @@ protected:
 private:
     qint64 removeOldest(qint64 limit);
 
-    /// Unknown at first. Other processes may use the folder, too; each overflow measures anew.
+    /// Unknown at first. Measured again at each overflow, since other processes may use the folder.
     qint64 m_used = std::numeric_limits<qint64>::max();
 };
 

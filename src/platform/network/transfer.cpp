@@ -2,13 +2,15 @@
 #include "platform/network/transfer.h"
 
 #include "platform/network/nonrewindablebody.h"
+#include "platform/network/redirect.h"
+#include "platform/network/transporterror.h"
 
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QNetworkProxyFactory>
 #include <QtNetwork/QNetworkReply>
 #include <QtNetwork/QNetworkRequest>
 
-#include <array>
+#include <algorithm>
 
 namespace tolvane {
 
@@ -19,90 +21,12 @@ constexpr qsizetype mebibyte = 1'048'576;
 // sender would fill the memory before the size of the body is checked.
 constexpr qsizetype readBufferSize = mebibyte;
 constexpr int maximumRedirects = 16;
-// Servers accept some kilobytes of headers in requests, and send less.
+// Far more than servers send.
 constexpr qsizetype maximumHeaders = 1000;
 constexpr qsizetype maximumHeadSize = 262'144;
 
-struct ErrorCode
-{
-    QNetworkReply::NetworkError error;
-    UrlError::Code code;
-};
-
-// Every other error is reported as a lost connection.
-constexpr std::array errorCodes = {
-    ErrorCode{QNetworkReply::ConnectionRefusedError, UrlError::cannotConnectToHost},
-    ErrorCode{QNetworkReply::HostNotFoundError, UrlError::cannotFindHost},
-    ErrorCode{QNetworkReply::TimeoutError, UrlError::timedOut},
-    // The network stack's own timer aborts, too.
-    ErrorCode{QNetworkReply::OperationCanceledError, UrlError::timedOut},
-    ErrorCode{QNetworkReply::SslHandshakeFailedError, UrlError::secureConnectionFailed},
-    ErrorCode{QNetworkReply::TemporaryNetworkFailureError, UrlError::notConnectedToInternet},
-    ErrorCode{QNetworkReply::NetworkSessionFailedError, UrlError::notConnectedToInternet},
-    ErrorCode{QNetworkReply::ProxyConnectionRefusedError, UrlError::cannotConnectToHost},
-    ErrorCode{QNetworkReply::ProxyNotFoundError, UrlError::cannotFindHost},
-    ErrorCode{QNetworkReply::ProxyTimeoutError, UrlError::timedOut},
-    ErrorCode{QNetworkReply::ProtocolUnknownError, UrlError::unsupportedURL},
-    ErrorCode{QNetworkReply::ProtocolFailure, UrlError::badServerResponse},
-    ErrorCode{QNetworkReply::UnknownContentError, UrlError::badServerResponse},
-};
-
-UrlError transportError(const QNetworkReply &reply)
-{
-    for (const ErrorCode &entry : errorCodes) {
-        if (entry.error == reply.error())
-            return UrlError(entry.code, reply.errorString());
-    }
-    return UrlError(UrlError::networkConnectionLost, reply.errorString());
-}
-
-/// True for redirects that repeat the request with its method and body.
-bool keepsMethod(int status)
-{
-    return status == 307 || status == 308;
-}
-
-/// True for an HTTP answer: Qt also reports the statuses 4xx and 5xx as errors.
-bool isHttpAnswer(QNetworkReply::NetworkError error, int status)
-{
-    if (status == 0)
-        return false;
-    if (error == QNetworkReply::NoError)
-        return true;
-    const bool clientFailure =
-        error == QNetworkReply::ProxyAuthenticationRequiredError ||
-        error == QNetworkReply::ProtocolInvalidOperationError ||
-        (error >= QNetworkReply::ContentAccessDenied &&
-         error <= QNetworkReply::UnknownContentError && error != QNetworkReply::ContentReSendError);
-    const bool serverFailure = error >= QNetworkReply::InternalServerError;
-    // For these redirects the network stack rewinds the body before the library decides whether to
-    // follow.
-    if (error == QNetworkReply::ContentReSendError && keepsMethod(status))
-        return true;
-    return (status >= 400 && clientFailure) || (status >= 500 && serverFailure);
-}
-
-bool isSameOrigin(const QUrl &a, const QUrl &b)
-{
-    const auto port = [](const QUrl &url) {
-        return url.port(url.scheme() == QLatin1String("https") ? 443 : 80);
-    };
-    return a.scheme() == b.scheme() && a.host() == b.host() && port(a) == port(b);
-}
-
-/// Requests with the key stay on their origin. Anonymous requests may change it, but never from
-/// https to http.
-bool canFollowRedirect(const UrlRequest &request, const QUrl &target)
-{
-    if (!request.isAnonymous)
-        return isSameOrigin(target, request.url);
-    const QString scheme = target.scheme();
-    return scheme == QLatin1String("https") ||
-           (scheme == QLatin1String("http") && request.url.scheme() == scheme);
-}
-
-/// Removes everything that would identify the customer: cookies, and credentials of the address.
-/// Refuses compression, which pictures have on their own.
+/// Removes everything that would identify the customer: cookies, and credentials in the URL.
+/// Refuses compression, since pictures are compressed already.
 void makeAnonymous(QNetworkRequest &request)
 {
     request.setRawHeader("Accept-Encoding", "identity");
@@ -125,7 +49,7 @@ bool isHeadTooLarge(const QNetworkReply &reply)
     return headers.isEmpty() || headers.size() > maximumHeaders || size > maximumHeadSize;
 }
 
-/// Whether the name of a host is resolved elsewhere.
+/// True if a proxy resolves the name of the host.
 bool usesProxy(const QUrl &url)
 {
     const auto proxies = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url));
@@ -188,11 +112,11 @@ void Transfer::checkAddress()
         else if (mayReach(addresses, {}))
             send();
         else
-            checkNeighbour(addresses);
+            checkBackendAddress(addresses);
     });
 }
 
-void Transfer::checkNeighbour(const Addresses &target)
+void Transfer::checkBackendAddress(const Addresses &target)
 {
     findAddresses(m_request.backend.host(), this, [this, target](const Addresses &backend) {
         if (mayReach(target, backend))
@@ -216,7 +140,7 @@ void Transfer::send()
     // Floods of HTTP/2 frames take any amount of memory in Qt's network thread.
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     // Up to this size, Qt accepts any ratio of compression: long conversations compress well.
-    // Beyond it, Qt stops within an answer that expands more than readAvailable() would accept.
+    // Beyond it, Qt may fail in the middle of a response, which is too large for readAvailable().
     request.setDecompressedSafetyCheckThreshold(m_request.maximumBodySize);
 
     auto *body = new NonRewindableBody(m_request.body);
@@ -226,14 +150,14 @@ void Transfer::send()
     connect(m_reply, &QNetworkReply::metaDataChanged, this, &Transfer::readHead);
     connect(m_reply, &QNetworkReply::readyRead, this, &Transfer::readAvailable);
     connect(m_reply, &QNetworkReply::finished, this, &Transfer::finish);
-    // The time for the head begins when the request has been sent.
-    m_deadline.start(m_request.headTime);
+    // Restarted with each sent part of the request.
+    m_deadline.start(m_request.headTimeout);
     connect(m_reply, &QNetworkReply::uploadProgress, &m_deadline, qOverload<>(&QTimer::start));
 }
 
 void Transfer::readHead()
 {
-    m_deadline.start(m_request.responseTime);
+    m_deadline.start(m_request.bodyTimeout);
     // Setting it earlier has no effect.
     m_reply->setReadBufferSize(readBufferSize);
     if (isHeadTooLarge(*m_reply))
@@ -268,36 +192,23 @@ void Transfer::finish()
         readAvailable();
     if (m_failure)
         return fail(UrlError(*m_failure));
-    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (!isHttpAnswer(m_reply->error(), status))
+    if (!isHttpResponse(*m_reply))
         return fail(transportError(*m_reply));
-    if (followRedirect(status))
-        return;
-    succeed(status);
+    const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (!followRedirect(status))
+        succeed(status);
 }
 
 bool Transfer::followRedirect(int status)
 {
-    const bool isRedirect = keepsMethod(status) || (status >= 301 && status <= 303);
+    if (m_redirects == maximumRedirects)
+        return false;
     // The raw header, because the parsed one is empty for a relative address.
-    const QUrl location = QUrl::fromEncoded(m_reply->rawHeader("Location"));
-    if (!isRedirect || location.isEmpty() || m_redirects == maximumRedirects)
-        return false;
-    // Nobody knows whether the server has handled it: a message could arrive twice.
-    if (keepsMethod(status) && m_request.method != "GET")
-        return false;
-    const QUrl target = m_request.url.resolved(location);
-    if (!target.isValid() || target.host().isEmpty() || !canFollowRedirect(m_request, target))
+    auto request = redirectedRequest(m_request, status, m_reply->rawHeader("Location"));
+    if (!request)
         return false;
     ++m_redirects;
-    m_request.url = target;
-    if (!keepsMethod(status) && m_request.method != "GET") {
-        // RFC 9110, 15.4: the client fetches the result with GET.
-        m_request.method = "GET";
-        m_request.body.clear();
-        m_request.headers.removeIf(
-            [](const auto &header) { return header.first == "Content-Type"; });
-    }
+    m_request = std::move(*request);
     checkAddress();
     return true;
 }

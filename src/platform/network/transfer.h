@@ -28,7 +28,7 @@ public:
 
 private:
     void checkAddress();
-    void checkNeighbour(const Addresses &target);
+    void checkBackendAddress(const Addresses &target);
     void send();
     void readHead();
     void readAvailable();
@@ -43,7 +43,7 @@ private:
     std::shared_ptr<QPromise<UrlResponse>> m_promise;
     QNetworkReply *m_reply = nullptr;
     QByteArray m_body;
-    /// Why the transfer is aborted; else the network stack's error counts.
+    /// The reason for which the library aborted the transfer; absent after errors of the network.
     std::optional<UrlError::Code> m_failure;
     int m_redirects = 0;
     QTimer m_deadline;

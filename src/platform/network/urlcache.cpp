@@ -35,8 +35,8 @@ public:
 
     std::optional<UrlResponse> cachedResponse(const UrlRequest &request, Lookup lookup) override
     {
-        if (auto remembered = memoryResponse(request.url))
-            return remembered;
+        if (auto response = memoryResponse(request.url))
+            return response;
         const bool isQuick = lookup == Lookup::quick;
         auto read = m_disk.read(request.url, isQuick ? quickTimeout : thoroughTimeout,
                                 isQuick ? quickSize : std::numeric_limits<qint64>::max());

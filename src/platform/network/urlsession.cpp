@@ -31,10 +31,10 @@ qsizetype UrlResponse::size() const
 
 namespace {
 
-/// A thread with connections of its own.
-struct Lane
+/// A thread with its own connections.
+struct NetworkThread
 {
-    explicit Lane(const QString &name)
+    explicit NetworkThread(const QString &name)
         : thread(name)
     {
     }
@@ -77,14 +77,14 @@ private:
     {
         if (!request.isAnonymous)
             return m_backend.begin(std::move(request), std::move(promise));
-        m_others.thread.post([this, request = std::move(request), promise = std::move(promise)] {
-            m_others.begin(request, promise);
+        m_downloads.thread.post([this, request = std::move(request), promise = std::move(promise)] {
+            m_downloads.begin(request, promise);
         });
     }
 
     // Destroyed last: the backend's thread posts to it.
-    Lane m_others{QStringLiteral("tolvane-downloads")};
-    Lane m_backend{QStringLiteral("tolvane-network")};
+    NetworkThread m_downloads{QStringLiteral("tolvane-downloads")};
+    NetworkThread m_backend{QStringLiteral("tolvane-network")};
 };
 
 } // namespace

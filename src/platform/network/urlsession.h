@@ -26,17 +26,17 @@ struct UrlRequest
     QByteArray body;
     /// The idle time after which the request times out.
     std::chrono::milliseconds timeout = std::chrono::seconds(60);
-    /// The time until the head of the response has arrived, once the request has been sent. The
-    /// network stack does not tell how long the head is, and keeps all of it in memory.
-    std::chrono::milliseconds headTime = std::chrono::seconds(60);
-    /// The time for the body of the response.
-    std::chrono::milliseconds responseTime = std::chrono::minutes(5);
+    /// How long the head of the response may take, once the request has been sent. The network
+    /// stack does not report how long the head is, and keeps all of it in memory.
+    std::chrono::milliseconds headTimeout = std::chrono::seconds(60);
+    /// How long the body of the response may take.
+    std::chrono::milliseconds bodyTimeout = std::chrono::minutes(5);
     /// The request does not identify the customer: it has no cookies and no credentials from its
     /// address. Therefore redirects may lead to other origins. Anonymous requests use a separate
     /// thread, so that downloads do not delay conversations, and accept no compression.
     bool isAnonymous = false;
-    /// The backend of an anonymous request for an address from a message: the request, and each of
-    /// its redirects, reaches only what mayReach() allows. Without it, all addresses are reached.
+    /// The backend, for an anonymous request for a URL from a message: the request and its
+    /// redirects reach only the hosts that mayReach() allows. If empty, they may reach any host.
     QUrl backend = {};
     /// In bytes after decompression; the request fails with a longer body.
     qsizetype maximumBodySize = 104'857'600;
@@ -64,11 +64,11 @@ public:
     UrlSession &operator=(const UrlSession &) = delete;
     virtual ~UrlSession() = default;
 
-    /// Builds the request off the caller's thread and sends it exactly once. Every answer with an
-    /// HTTP status is a response. Because requests carry the API key, redirects are followed on the
-    /// same origin only, unless the request is anonymous, and a request with a body is never sent
-    /// again; any other redirect is the response. Fails
-    /// with UrlError, or with the exception of `build`. Safe from any thread.
+    /// Builds the request off the caller's thread and sends it exactly once. Succeeds with any
+    /// HTTP status. Because requests carry the API key, redirects are followed on the same origin
+    /// only, unless the request is anonymous. A request with a body is never sent again. A redirect
+    /// that is not followed is the response. Fails with UrlError, or with the exception of `build`.
+    /// Safe from any thread.
     virtual QFuture<UrlResponse> send(std::function<UrlRequest()> build) = 0;
 
     /// As send(), for an existing request.

@@ -14,13 +14,13 @@ namespace tolvane {
 
 namespace {
 
-// More than any photo has; a longer response is not worth its memory.
+// Photos are smaller; a longer response fails.
 constexpr qsizetype maximumDownload = 33'554'432;
 
-// Any host may be named in a message, and the head of a response has no bound but time.
-constexpr std::chrono::seconds maximumHeadTime(10);
+// A message may contain the URL of any host. Only the time bounds the head of a response.
+constexpr std::chrono::seconds headTimeout(10);
 
-// What takes longer is decoded on the workers and does not show in the first frame.
+// Pictures that take longer are decoded on the workers, and do not show in the first frame.
 constexpr std::chrono::milliseconds firstFrameLimit(50);
 
 UrlRequest requestFor(const QUrl &url)
@@ -29,18 +29,18 @@ UrlRequest requestFor(const QUrl &url)
     request.url = url;
     request.isAnonymous = true;
     request.backend = QUrl(Endpoint::current().baseUrl);
-    request.headTime = maximumHeadTime;
+    request.headTimeout = headTimeout;
     request.maximumBodySize = maximumDownload;
     return request;
 }
 
 /// Rethrows the future's exception, and throws if it was cancelled.
-UrlResponse resultOf(QFuture<UrlResponse> answer)
+UrlResponse resultOf(QFuture<UrlResponse> response)
 {
-    answer.waitForFinished();
-    if (answer.resultCount() == 0)
+    response.waitForFinished();
+    if (response.resultCount() == 0)
         throw CancellationError();
-    return answer.result();
+    return response.result();
 }
 
 /// URLs come from the backend, and must not make the library read local files.
@@ -52,7 +52,7 @@ bool isLoadable(const QUrl &url)
 
 } // namespace
 
-/// How pictures are decoded from bytes and scaled; copied to the workers.
+/// Decodes pictures from bytes and scales them. Copied to the workers.
 class ImageLoad::DecodePlan
 {
 public:
@@ -64,8 +64,8 @@ public:
 
     Pictures fromBytes(const QByteArray &bytes) const
     {
-        // A photo is decoded at the size of its thumbnail: at full size, it would take many times
-        // as long and push everything else out of the cache.
+        // At full size, a photo would take many times as long and evict the other pictures from
+        // the cache.
         if (m_target.isValid() && !images::isCheapToDecode(bytes))
             return {.whole = {}, .shown = images::decodedThumbnail(bytes, m_target)};
         return fromWhole(images::decoded(bytes));
@@ -77,8 +77,8 @@ public:
                 .shown = m_target.isValid() ? images::thumbnail(whole, m_target) : whole};
     }
 
-    /// From the response cache, else from the network; if that fails, the future holds the error.
-    /// The main thread is woken once only for each picture.
+    /// From the response cache, else from the network; the future holds the error if that fails.
+    /// The main thread wakes up only once for each picture.
     QFuture<Pictures> fetch(const UrlRequest &request) const
     {
         auto promise = std::make_shared<QPromise<Pictures>>();
@@ -103,10 +103,10 @@ private:
     void download(const UrlRequest &request,
                   const std::shared_ptr<QPromise<Pictures>> &promise) const
     {
-        const auto read = [plan = *this, request, promise](QFuture<UrlResponse> answer) {
+        const auto read = [plan = *this, request, promise](QFuture<UrlResponse> response) {
             platform().pictureWorkers->post([=] {
                 setPromiseFrom(*promise,
-                               [&] { return plan.fromResponse(request, resultOf(answer)); });
+                               [&] { return plan.fromResponse(request, resultOf(response)); });
             });
         };
         platform().urlSession->data(request).then(QtFuture::Launch::Sync, read);
@@ -119,7 +119,7 @@ private:
         return fromStored(request, response.body);
     }
 
-    /// A response that takes too long is not kept: it would take as long at each start.
+    /// Removes a response that takes too long to decode: it would take as long at each start.
     Pictures fromStored(const UrlRequest &request, const QByteArray &body) const
     {
         const QDeadlineTimer limit(images::maximumDecodingTime);
@@ -182,21 +182,21 @@ QCoro::Task<> ImageLoad::load(QSize target)
     m_hasFailed = false;
     setLoading(true);
 
-    const QImage remembered = ImageCache::shared().image(m_key);
-    if (!remembered.isNull()) {
-        QFuture<Pictures> made = platform().pictureWorkers->run(
-            [plan, remembered] { return plan.fromWhole(remembered); });
-        const Pictures pictures = co_await awaitFuture(made);
+    const QImage cached = ImageCache::shared().image(m_key);
+    if (!cached.isNull()) {
+        QFuture<Pictures> scaling =
+            platform().pictureWorkers->run([plan, cached] { return plan.fromWhole(cached); });
+        const Pictures pictures = co_await awaitFuture(scaling);
         finish(pictures.shown);
         co_return;
     }
 
     Pictures pictures;
     try {
-        QFuture<Pictures> obtained = plan.fetch(m_request);
-        pictures = co_await awaitFuture(obtained);
+        QFuture<Pictures> fetching = plan.fetch(m_request);
+        pictures = co_await awaitFuture(fetching);
     } catch (...) {
-        // The view's next appearance tries again.
+        // start() tries again when the view appears the next time.
         m_hasFailed = true;
         setLoading(false);
         co_return;
