@@ -37,7 +37,7 @@ Logger::Logger()
 
 Logger::Logger(const QString &subsystem, const QString &category)
     : m_category(category)
-    , m_logger(platform().makeLogSink(subsystem, category))
+    , m_sink(platform().makeLogSink(subsystem, category))
 {
 }
 
@@ -60,8 +60,8 @@ void Logger::write(LogLevel level, const QString &message)
     const QString line = QLatin1Char('[') + m_category + QLatin1String("] [") +
                          QLatin1String(format.name) + QLatin1String("] [") + time +
                          QLatin1String("] ") + message;
-    if (m_logger->isEnabled(format.type))
-        m_logger->write(format.type, line);
+    if (m_sink->isEnabled(format.type))
+        m_sink->write(format.type, line);
 }
 
 } // namespace tolvane

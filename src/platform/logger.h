@@ -37,7 +37,7 @@ private:
 
     const QString m_category;
     const QLocale m_locale;
-    const std::unique_ptr<LogSink> m_logger;
+    const std::unique_ptr<LogSink> m_sink;
     std::atomic<bool> m_enabled = false;
 };
 

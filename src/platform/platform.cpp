@@ -30,7 +30,7 @@ void dismissUserInterface()
         dismiss();
 }
 
-std::mutex &creation()
+std::mutex &creationMutex()
 {
     static auto *mutex = new std::mutex;
     return *mutex;
@@ -68,7 +68,7 @@ Platform &platform()
 {
     if (Platform *installed = current.load(std::memory_order_acquire))
         return *installed;
-    const std::scoped_lock lock(creation());
+    const std::scoped_lock lock(creationMutex());
     if (!current.load(std::memory_order_acquire))
         current.store(new Platform(makeProductionPlatform()), std::memory_order_release);
     return *current.load(std::memory_order_acquire);
@@ -76,7 +76,7 @@ Platform &platform()
 
 std::unique_ptr<Platform> exchangePlatform(std::unique_ptr<Platform> replacement)
 {
-    const std::scoped_lock lock(creation());
+    const std::scoped_lock lock(creationMutex());
     return std::unique_ptr<Platform>(current.exchange(replacement.release()));
 }
 

@@ -60,6 +60,6 @@ TOLVANE_PRIVATE_EXPORT Platform &platform();
 
 /// Installs another platform and returns the previous one. No work may be running on either.
 TOLVANE_AUTOTEST_EXPORT std::unique_ptr<Platform>
-    TOLVANE_AUTOTEST_EXPORT exchangePlatform(std::unique_ptr<Platform> replacement);
+exchangePlatform(std::unique_ptr<Platform> replacement);
 
 } // namespace tolvane

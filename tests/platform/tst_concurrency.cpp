@@ -23,8 +23,8 @@ void onAnotherThread(const std::function<void()> &work)
     std::jthread thread(work);
 }
 
-/// How a future ended: "done", "cancelled", or the text of its exception.
-QString endOf(QFuture<void> future)
+/// The outcome of a future: "done", "cancelled", or the text of its exception.
+QString outcomeOf(QFuture<void> future)
 {
     if (!QTest::qWaitFor([&] { return future.isFinished(); }, 20'000))
         return u"timeout"_s;
@@ -109,7 +109,7 @@ private Q_SLOTS:
                 });
             }
         }
-        QCOMPARE(endOf(serial.run([] {})), u"done"_s);
+        QCOMPARE(outcomeOf(serial.run([] {})), u"done"_s);
         for (const QList<int> &order : seen)
             QVERIFY(order.size() == jobs && std::ranges::is_sorted(order));
         QCOMPARE(ranOn.size(), 1);
@@ -146,7 +146,7 @@ private:
             stop();
             QVERIFY(future.isFinished());
         }
-        QCOMPARE(endOf(future), cancelled ? u"cancelled"_s : u"done"_s);
+        QCOMPARE(outcomeOf(future), cancelled ? u"cancelled"_s : u"done"_s);
         QVERIFY(cancelled || clock->monotonicNow() - begun >= duration);
         if (stopped == 3)
             stop();
@@ -165,7 +165,7 @@ private Q_SLOTS:
                     std::this_thread::yield();
                 source.request_stop();
             });
-            const QString end = endOf(future);
+            const QString end = outcomeOf(future);
             QVERIFY2(end == "done"_L1 || end == "cancelled"_L1, qPrintable(end));
         }
     }

@@ -51,11 +51,11 @@ void writeFile(const QByteArray &bytes)
     QCOMPARE(out.write(bytes), bytes.size());
 }
 
-/// What this program does when a test starts it again, as another process of the application.
+/// The main function of child processes, which act as further processes of the application.
 int runAsChild(const QString &task, const QString &name)
 {
     QTextStream out(stdout);
-    // On a thread, since the main thread waits for other processes for some milliseconds only.
+    // Writes on a thread: on the main thread, a write waits for other processes for 20 ms only.
     const std::jthread thread([&] {
         if (task == u"agree"_s) {
             out << open()->exchangeText(key, std::nullopt, name).value();
@@ -66,7 +66,7 @@ int runAsChild(const QString &task, const QString &name)
             open()->setText(name, QString::number(i));
             std::printf("%d\n", i);
             std::fflush(stdout);
-            // Without a pause it would starve the other one for longer than a write waits.
+            // Without a pause, the other process would not get the lock before its time-out.
             std::this_thread::sleep_for(3ms);
         }
     });
@@ -88,7 +88,7 @@ void limitFiles(rlim_t size)
     setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-/// Makes the folder look as an earlier version of the library left it when it was killed.
+/// Creates a stale lock file, as a killed process with an earlier version of the library did.
 void leaveStaleLock()
 {
     QLockFile lock(file() + u".lock"_s);
@@ -205,8 +205,8 @@ private Q_SLOTS:
         QCOMPARE(texts, QSet{open()->text(key)->toUtf8()});
     }
 
-    /// A process that has stopped while it holds the lock delays nobody.
-    void aHeldLockDelaysNobody()
+    /// A process that hangs while it holds the lock does not block other processes.
+    void heldLocksDoNotBlockOthers()
     {
         const auto content = [] {
             QFile ini(file());

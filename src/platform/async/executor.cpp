@@ -11,8 +11,8 @@ namespace tolvane {
 
 namespace {
 
-/// The end of the process waits for running jobs for so many milliseconds. Decoding that can be
-/// interrupted takes less.
+/// How long the process waits for running jobs at exit, in milliseconds. Jobs that can be
+/// interrupted take less.
 constexpr int timeoutAtExit = 400;
 
 class MainExecutor final : public Executor
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    /// A job that goes on uses nothing that the process destroys: the pool is never destroyed.
+    /// A job that is still running afterwards uses no object that the process destroys.
     void stop()
     {
         m_pool.clear();

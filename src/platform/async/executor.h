@@ -38,9 +38,9 @@ public:
     Executor &operator=(const Executor &) = delete;
     virtual ~Executor() = default;
 
-    /// Runs `work` after all work that was posted before (in any order in the pool). An exception
-    /// that leaves `work` is logged. Work posted while the process ends is dropped. Safe from any
-    /// thread.
+    /// Runs `work` later: in the order of the posts on a thread, in any order in a pool. An
+    /// exception that leaves `work` is logged. Work posted while the process ends is dropped. Safe
+    /// from any thread.
     virtual void post(std::function<void()> work) = 0;
 
     /// Runs `work` and returns a future of its result or its exception.

@@ -16,7 +16,7 @@ struct Registry
     std::mutex mutex;
     std::vector<std::weak_ptr<std::function<void()>>> functions;
     std::vector<std::function<void()>> leaked;
-    bool hooked = false;
+    bool hasPostRoutine = false;
     std::atomic<bool> isShuttingDown = false;
 };
 
@@ -34,7 +34,7 @@ void shutDown()
     {
         const std::scoped_lock lock(registry().mutex);
         functions = registry().functions;
-        registry().hooked = false; // Qt removes post routines once they have run.
+        registry().hasPostRoutine = false; // Qt removes post routines once they have run.
     }
     for (auto entry = functions.rbegin(); entry != functions.rend(); ++entry) {
         if (const auto function = entry->lock())
@@ -61,8 +61,9 @@ struct AtExit
     ~AtExit() { shutDownAtExit(); }
 };
 
-/// exit() destroys the objects of its own thread before all static ones. Other threads create
-/// static objects at any time, and use them: the render thread does for each new kind of shader.
+/// exit() destroys the thread-local objects of its thread before all static objects. Other threads
+/// may have created static objects after ours, and still use them: the render thread creates one
+/// for each kind of shader.
 void shutDownBeforeStaticObjects()
 {
     thread_local const AtExit atExit;
@@ -79,7 +80,7 @@ ShutdownHook onShutdown(std::function<void()> stop)
     const std::scoped_lock lock(registry().mutex);
     std::erase_if(registry().functions, [](const auto &entry) { return entry.expired(); });
     registry().functions.push_back(function);
-    if (!std::exchange(registry().hooked, true))
+    if (!std::exchange(registry().hasPostRoutine, true))
         qAddPostRoutine(shutDownWithApplication);
     return function;
 }

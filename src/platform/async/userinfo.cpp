@@ -50,9 +50,9 @@ std::optional<QVariantMap> UserInfo::dictionary() const
 
 const std::any &UserInfo::anyRecord() const
 {
-    static const std::any nothing;
+    static const std::any noRecord;
     if (!m_content)
-        return nothing;
+        return noRecord;
     Content &content = *m_content;
     if (content.decode) {
         std::call_once(content.isConverted, [&content] {

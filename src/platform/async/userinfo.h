@@ -21,7 +21,7 @@ class TOLVANE_PRIVATE_EXPORT UserInfo
 public:
     /// A broadcast without content.
     UserInfo() = default;
-    /// A dictionary that is not the form of a record.
+    /// A dictionary without a corresponding record.
     UserInfo(const QVariantMap &dictionary);
 
     template <typename Record>

@@ -25,7 +25,7 @@ public:
     /// A text of the library in the language of the user interface. All three functions return the
     /// key if there is no text. Safe from any thread.
     virtual QString string(const QString &key) const = 0;
-    /// The same with the count as a number, in its plural form.
+    /// The same in the plural form for `count`, with the number in the language's digits.
     virtual QString string(const QString &key, qint64 count) const = 0;
     /// The host's translation of the English text in the context "Tolvane"; else the library's own.
     virtual QString hostString(const QString &key) const = 0;

@@ -22,9 +22,9 @@ FolderLock::FolderLock(const QString &folder)
 {
 }
 
-FolderLock::Result FolderLock::lock(std::chrono::milliseconds patience)
+FolderLock::Result FolderLock::lock(std::chrono::milliseconds timeout)
 {
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(timeout);
     for (;;) {
         const Result result = tryLock();
         if (result != Result::busy || deadline.hasExpired())
@@ -35,7 +35,8 @@ FolderLock::Result FolderLock::lock(std::chrono::milliseconds patience)
 
 #ifdef Q_OS_WIN
 
-// A folder cannot be locked. A file that nobody may share does the same, and goes with its handle.
+// Windows cannot lock a folder. The lock is a file in it that is opened without sharing, and that
+// Windows deletes when its handle closes.
 
 FolderLock::~FolderLock()
 {

@@ -9,14 +9,14 @@
 
 namespace tolvane {
 
-/// A lock on a folder between processes. The system releases it with the process that holds it,
-/// however that ends, so nobody waits for a process that is gone.
+/// A lock on a folder between processes. The system releases it when the holding process ends, in
+/// whatever way, so no process waits for a dead one.
 class TOLVANE_AUTOTEST_EXPORT FolderLock
 {
 public:
     enum class Result {
         locked,
-        /// Another process, or another object in this one, held the lock all the time.
+        /// Another process, or another FolderLock in this one, held the lock until the time-out.
         busy,
         /// The folder does not exist, or cannot be locked.
         failed,
@@ -27,8 +27,8 @@ public:
     FolderLock(const FolderLock &) = delete;
     FolderLock &operator=(const FolderLock &) = delete;
 
-    /// Blocks for at most `patience`.
-    Result lock(std::chrono::milliseconds patience);
+    /// Blocks for at most `timeout`.
+    Result lock(std::chrono::milliseconds timeout);
 
 private:
     Result tryLock();

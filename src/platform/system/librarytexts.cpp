@@ -15,7 +15,7 @@ namespace tolvane {
 
 namespace {
 
-QString found(const QTranslator &texts, const QString &key, int count)
+QString translated(const QTranslator &texts, const QString &key, int count)
 {
     const QString text = texts.translate("Library", key.toUtf8().constData(), nullptr, count);
     return text.isNull() ? key : text;
@@ -34,20 +34,20 @@ LibraryTexts::LibraryTexts(const QStringList &languages)
 QString LibraryTexts::text(const QString &key) const
 {
     constexpr int noCount = -1;
-    return found(m_translator, key, noCount);
+    return translated(m_translator, key, noCount);
 }
 
 QString LibraryTexts::text(const QString &key, qint64 count) const
 {
     constexpr qint64 most = std::numeric_limits<int>::max();
-    QString text = found(m_translator, key, static_cast<int>(std::clamp<qint64>(count, 0, most)));
+    QString text =
+        translated(m_translator, key, static_cast<int>(std::clamp<qint64>(count, 0, most)));
     return text.replace(QLatin1String("%Ln"), m_locale.toString(count));
 }
 
 bool LibraryTexts::load(const QLocale &locale)
 {
-    // Looks for the language alone, since a language has one file for all countries. Digits depend
-    // on the country.
+    // A language has one file for all countries, but the digits depend on the country.
     m_locale = locale;
     return m_translator.load(QStringLiteral(":/tolvane/translations/tolvane_%1.qm")
                                  .arg(QLocale::languageToCode(locale.language())));

@@ -54,8 +54,10 @@ public:
     std::optional<QString> exchangeText(const QString &key, const std::optional<QString> &expected,
                                         const QString &value) override
     {
-        const QVariant now = m_file.value(key);
-        return textOf(now) == expected ? textOf(m_file.exchange(key, now, value)) : textOf(now);
+        const QVariant current = m_file.value(key);
+        if (textOf(current) != expected)
+            return textOf(current);
+        return textOf(m_file.exchange(key, current, value));
     }
 
 private:

@@ -25,13 +25,13 @@ public:
     virtual std::optional<QByteArray> bytes(const QString &key) const = 0;
 
     /// An absent value removes the key. When the call returns, the change survives the end of this
-    /// process, unless another process holds the file for longer than the call may block, or the
-    /// file cannot be written; then the change counts in this process.
+    /// process, unless another process locks the file for longer than the call may block, or the
+    /// file cannot be written. In these cases only this process sees the change.
     virtual void setText(const QString &key, const std::optional<QString> &value) = 0;
     virtual void setBytes(const QString &key, const std::optional<QByteArray> &value) = 0;
 
-    /// Sets a text unless another process has changed it since it was `expected`. Returns the text
-    /// that counts.
+    /// Sets a text if it still is `expected`: another process may have changed it. Returns the text
+    /// after the call.
     virtual std::optional<QString> exchangeText(const QString &key,
                                                 const std::optional<QString> &expected,
                                                 const QString &value) = 0;

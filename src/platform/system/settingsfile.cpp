@@ -19,14 +19,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::chrono::milliseconds patienceOfMainThread = 20ms;
-constexpr std::chrono::milliseconds patienceOfThreads = 1s;
-constexpr std::chrono::milliseconds patienceAtExit = 200ms;
+constexpr std::chrono::milliseconds mainThreadTimeout = 20ms;
+constexpr std::chrono::milliseconds threadTimeout = 1s;
+constexpr std::chrono::milliseconds exitTimeout = 200ms;
 
 /// How long a call may wait for other processes.
-std::chrono::milliseconds patience()
+std::chrono::milliseconds lockTimeout()
 {
-    return isMainThread() ? patienceOfMainThread : patienceOfThreads;
+    return isMainThread() ? mainThreadTimeout : threadTimeout;
 }
 
 constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
@@ -53,14 +53,14 @@ SettingsFile::SettingsFile(const QString &path)
 QVariant SettingsFile::value(const QString &key)
 {
     if (const std::scoped_lock lock(m_mutex); m_pending.contains(key) || stamp() == m_stamp)
-        return known(key);
-    FolderLock others(m_folder);
-    const bool isBusy = others.lock(patience()) == FolderLock::Result::busy;
+        return currentValue(key);
+    FolderLock folderLock(m_folder);
+    const bool isBusy = folderLock.lock(lockTimeout()) == FolderLock::Result::busy;
     const std::scoped_lock lock(m_mutex);
-    // What was read before is a moment old only.
+    // If another process is writing, the values from before are recent enough.
     if (!isBusy || m_stamp == Stamp())
         read();
-    return known(key);
+    return currentValue(key);
 }
 
 void SettingsFile::setValue(const QString &key, const QVariant &value)
@@ -98,7 +98,7 @@ void SettingsFile::read()
         m_values.insert(key, settings.value(key));
 }
 
-QVariant SettingsFile::known(const QString &key) const
+QVariant SettingsFile::currentValue(const QString &key) const
 {
     const auto pending = m_pending.constFind(key);
     return pending != m_pending.cend() ? *pending : m_values.value(key);
@@ -107,18 +107,18 @@ QVariant SettingsFile::known(const QString &key) const
 QVariant SettingsFile::change(const QString &key, const std::optional<QVariant> &expected,
                               const QVariant &newValue)
 {
-    // Every answer of the backend contains the customer id, which rarely changes.
+    // Every response of the backend contains the customer id, which rarely changes.
     if (value(key) == newValue)
         return newValue;
     QDir().mkpath(m_folder);
-    FolderLock others(m_folder);
-    // Readers, such as the main thread, must not wait meanwhile.
-    const bool isBusy = others.lock(patience()) == FolderLock::Result::busy;
+    FolderLock folderLock(m_folder);
+    // Waits without m_mutex, so that readers such as the main thread do not wait, too.
+    const bool isBusy = folderLock.lock(lockTimeout()) == FolderLock::Result::busy;
     const std::scoped_lock lock(m_mutex);
     if (!isBusy)
         read();
-    if (const QVariant now = known(key); expected && now != *expected)
-        return now;
+    if (const QVariant current = currentValue(key); expected && current != *expected)
+        return current;
     m_pending.insert(key, newValue);
     if (isBusy)
         writeLater();
@@ -127,7 +127,7 @@ QVariant SettingsFile::change(const QString &key, const std::optional<QVariant> 
     return newValue;
 }
 
-/// Needs the folder's lock. What cannot be written stays pending.
+/// Needs the folder's lock. Values that cannot be written stay pending.
 void SettingsFile::writePending()
 {
     read();
@@ -146,7 +146,7 @@ void SettingsFile::writePending()
 }
 
 /// Two files of the same size and millisecond would look unchanged to other processes.
-void SettingsFile::settleStamp(const QString &newPath) const
+void SettingsFile::makeStampUnique(const QString &newPath) const
 {
     QFile file(newPath);
     const QDateTime time = QFileInfo(newPath).lastModified();
@@ -171,7 +171,7 @@ bool SettingsFile::replaceWith(const QVariantMap &values) const
     for (auto value = values.cbegin(); value != values.cend(); ++value)
         settings.setValue(value.key(), *value);
     settings.sync();
-    settleStamp(path);
+    makeStampUnique(path);
     std::error_code error;
     if (settings.status() == QSettings::NoError)
         std::filesystem::rename(QFileInfo(path).filesystemFilePath(),
@@ -184,14 +184,14 @@ void SettingsFile::writeLater()
     if (std::exchange(m_isPosted, true))
         return;
     // The thread may stop before it gets the lock.
-    m_shutdownHook = onShutdown([this] { writeNow(patienceAtExit); });
-    m_thread.post([this] { writeNow(patienceOfThreads); });
+    m_shutdownHook = onShutdown([this] { writeNow(exitTimeout); });
+    m_thread.post([this] { writeNow(threadTimeout); });
 }
 
-void SettingsFile::writeNow(std::chrono::milliseconds patience)
+void SettingsFile::writeNow(std::chrono::milliseconds timeout)
 {
-    FolderLock others(m_folder);
-    const bool isBusy = others.lock(patience) == FolderLock::Result::busy;
+    FolderLock folderLock(m_folder);
+    const bool isBusy = folderLock.lock(timeout) == FolderLock::Result::busy;
     const std::scoped_lock lock(m_mutex);
     m_isPosted = false;
     if (isBusy)

@@ -14,8 +14,8 @@
 
 namespace tolvane {
 
-/// An INI file in the format of QSettings, shared with other processes. Unlike QSettings it never
-/// waits for a process that is gone, and replaces the file as a whole. Safe from any thread.
+/// An INI file in the format of QSettings, shared with other processes. Unlike QSettings, it never
+/// waits for the lock of a dead process, and replaces the file as a whole. Safe from any thread.
 class SettingsFile
 {
 public:
@@ -25,16 +25,18 @@ public:
     /// Invalid for a missing key. Blocks as setValue() does, if the file has changed.
     QVariant value(const QString &key);
 
-    /// An invalid value removes the key. Blocks for some milliseconds at most: while another
-    /// process holds the lock, the write goes on on a thread, and what cannot be written is kept
-    /// until the process ends. Readers of this process see it at once.
+    /// An invalid value removes the key. This process sees the new value immediately. The call
+    /// blocks for some milliseconds on the main thread, and for two seconds at most on others. If
+    /// another process holds the lock for longer, a thread of this object writes the value later. A
+    /// value that cannot be written is kept until the process ends.
     void setValue(const QString &key, const QVariant &value);
 
-    /// Sets a value unless another process has changed it. Returns the value that counts.
+    /// Sets a value if it still is `expected`: another process may have changed it. Returns the
+    /// value after the call.
     QVariant exchange(const QString &key, const QVariant &expected, const QVariant &value);
 
 private:
-    /// Tells whether the file has changed.
+    /// Differs if the file has changed.
     struct Stamp
     {
         QDateTime time;
@@ -45,19 +47,19 @@ private:
     explicit SettingsFile(const QString &path);
     Stamp stamp() const;
     void read();
-    QVariant known(const QString &key) const;
+    QVariant currentValue(const QString &key) const;
     QVariant change(const QString &key, const std::optional<QVariant> &expected,
                     const QVariant &value);
     void writePending();
-    void settleStamp(const QString &newPath) const;
+    void makeStampUnique(const QString &newPath) const;
     bool replaceWith(const QVariantMap &values) const;
     void writeLater();
-    void writeNow(std::chrono::milliseconds patience);
+    void writeNow(std::chrono::milliseconds timeout);
 
     const QString m_path;
     const QString m_folder;
     std::mutex m_mutex;
-    /// What the file contained at m_stamp.
+    /// The content of the file at m_stamp.
     QVariantMap m_values;
     Stamp m_stamp;
     /// Not in the file yet. Invalid values are removals.
