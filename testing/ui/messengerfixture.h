@@ -66,7 +66,7 @@ struct MessengerFixture : Fixture
         return nullptr;
     }
 
-    /// True once it does not slide any more.
+    /// True once the messenger has stopped sliding.
     bool isInPlace() const
     {
         const QQuickItem *item = messenger();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// Creates a PictureDialog when it is first opened: its module loads slowly, and not every host ships
-// it.
+// Creates a PictureDialog when it is first opened: its QML module loads slowly, and may not be
+// installed with the host.
 QtObject {
     id: lazy
 
@@ -10,7 +10,7 @@ QtObject {
     required property url source
     property var dialog: null
 
-    /// No dialog can be created.
+    /// The dialog could not be created.
     signal failed(string reason)
 
     /// Opens the dialog with these properties. Returns false if it cannot be created.
@@ -21,7 +21,7 @@ QtObject {
             create(properties)
         if (!dialog)
             return false
-        dialog.ask()
+        dialog.openAboveMessenger()
         return true
     }
 

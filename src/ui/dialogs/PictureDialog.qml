@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Dialogs
-// Where the system has no native dialog, QtQuick.Dialogs builds one from these modules, and crashes
-// when it is opened without them. Imported here, a missing module is an error that can be reported.
+// If the system has no native dialog, QtQuick.Dialogs creates one with these modules, and crashes
+// if they are missing. These imports turn the crash into an error of the component.
 import Qt.labs.folderlistmodel
 import QtQuick.Controls
 import QtQuick.Layouts
 import Tolvane.Private
 
-// A dialog for files, above the messenger. It begins in the folder for pictures.
+// A file dialog above the messenger, which starts in the folder for pictures.
 FileDialog {
     id: dialog
 
     required property Item owner
     readonly property DialogLayer layer: DialogLayer { }
 
-    function ask() {
+    function openAboveMessenger() {
         layer.open(dialog)
     }
 

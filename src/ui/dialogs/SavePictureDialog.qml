@@ -2,29 +2,29 @@
 import QtQuick.Dialogs
 import Tolvane.Private
 
-// Asks where to save a picture, and before another file is replaced.
+// Asks where to save a picture, and whether to replace an existing file.
 PictureDialog {
     id: dialog
 
-    signal chosen(url place)
+    signal fileChosen(url file)
 
     fileMode: FileDialog.SaveFile
-    // Qt's own dialog would offer to open the file.
+    // The default label of Qt's own dialog is "Open".
     acceptLabel: Strings.string("viewer_save").replace(/ ?…$/, "")
     defaultSuffix: "jpg"
     nameFilters: ["JPEG (*.jpg *.jpeg)"]
     onAccepted: {
-        if (!layer.replacesUnasked(selectedFile))
-            chosen(selectedFile)
+        if (layer.needsConfirmation(selectedFile))
+            layer.open(confirmation)
         else
-            layer.open(question)
+            fileChosen(selectedFile)
     }
 
-    readonly property MessageDialog question: MessageDialog {
+    readonly property MessageDialog confirmation: MessageDialog {
         parentWindow: dialog.parentWindow
         text: Strings.string("viewer_replace").arg(dialog.filenameOf(dialog.selectedFile))
         buttons: MessageDialog.Yes | MessageDialog.No
-        onAccepted: dialog.chosen(dialog.selectedFile)
+        onAccepted: dialog.fileChosen(dialog.selectedFile)
     }
 
     function filenameOf(file: url): string {

@@ -27,7 +27,7 @@ QQuickWindow *windowOf(const QObject *dialog)
                : nullptr;
 }
 
-/// The item above the content of the window that has its popups; null if it has had none so far.
+/// The parent item of the window's popups; null if the window has had no popup.
 QQuickItem *overlayOf(const QQuickWindow &window)
 {
     const QList<QQuickItem *> items = window.contentItem()->childItems();
@@ -36,7 +36,7 @@ QQuickItem *overlayOf(const QQuickWindow &window)
     return overlay == items.end() ? nullptr : *overlay;
 }
 
-/// The popup that an item of the overlay belongs to, if it is an open dialog.
+/// The topmost open dialog of the overlay; null if none of its popups is one.
 QObject *openDialogIn(const QQuickItem &overlay)
 {
     const QList<QQuickItem *> items = overlay.childItems();
@@ -59,12 +59,12 @@ void DialogLayer::open(QObject *dialog)
     const QQuickWindow *window = windowOf(dialog);
     m_dialog = dialog;
     m_focusItem = window ? window->activeFocusItem() : nullptr;
-    m_asksToReplace = true;
-    connect(dialog, SIGNAL(visibleChanged()), this, SLOT(followDialog()), Qt::UniqueConnection);
+    m_dialogConfirms = true;
+    connect(dialog, SIGNAL(visibleChanged()), this, SLOT(handleVisibleChange()), Qt::UniqueConnection);
     QMetaObject::invokeMethod(dialog, "open");
 }
 
-void DialogLayer::followDialog()
+void DialogLayer::handleVisibleChange()
 {
     if (m_dialog && m_dialog->property("visible").toBool())
         raise();
@@ -83,8 +83,8 @@ void DialogLayer::raise()
     m_overlayZ = overlay->z();
     overlay->setZ(raisedZ);
     m_popup->setProperty("modal", true);
-    // Newer versions of Qt ask with a dialog inside the dialog.
-    m_asksToReplace = std::ranges::any_of(m_popup->findChildren<QObject *>(), isDialog);
+    // Newer versions of Qt have a dialog inside the dialog, which asks whether to replace a file.
+    m_dialogConfirms = std::ranges::any_of(m_popup->findChildren<QObject *>(), isDialog);
     connect(overlay, &QQuickItem::widthChanged, this, &DialogLayer::fitPopup);
     connect(overlay, &QQuickItem::heightChanged, this, &DialogLayer::fitPopup);
     fitPopup();
@@ -114,9 +114,9 @@ void DialogLayer::lower()
     m_focusItem.clear();
 }
 
-bool DialogLayer::replacesUnasked(const QUrl &file) const
+bool DialogLayer::needsConfirmation(const QUrl &file) const
 {
-    return !m_asksToReplace && QFileInfo::exists(file.toLocalFile());
+    return !m_dialogConfirms && QFileInfo::exists(file.toLocalFile());
 }
 
 } // namespace tolvane

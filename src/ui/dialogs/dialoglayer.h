@@ -9,14 +9,15 @@
 
 namespace tolvane {
 
-/// Where the system has no dialog, Qt shows its own as a popup of the window. Popups are below the
-/// messenger, so this object raises them while such a dialog is open, and makes the dialog fit the
-/// window. It returns the focus afterwards. It leaves native dialogs alone. Main thread.
+/// Opens dialogs above the messenger. If the system has no native dialogs, Qt shows its own as
+/// popups of the window, below the messenger. While such a dialog is open, this object raises the
+/// window's popups and makes the dialog fit the window. Afterwards it restores the focus. Native
+/// dialogs need none of this. Main thread.
 class DialogLayer : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Exists, or is empty.
+    /// Empty if the folder does not exist.
     Q_PROPERTY(QUrl picturesFolder READ picturesFolder CONSTANT)
 
 public:
@@ -27,11 +28,11 @@ public:
 
     /// Opens a dialog of QtQuick.Dialogs; one at a time.
     Q_INVOKABLE void open(QObject *dialog);
-    /// Whether the file exists and the last dialog has not asked whether to replace it.
-    Q_INVOKABLE bool replacesUnasked(const QUrl &file) const;
+    /// True if the file exists, and the last dialog does not ask by itself whether to replace it.
+    Q_INVOKABLE bool needsConfirmation(const QUrl &file) const;
 
 private Q_SLOTS:
-    void followDialog();
+    void handleVisibleChange();
 
 private:
     void raise();
@@ -43,7 +44,7 @@ private:
     QPointer<QQuickItem> m_overlay;
     QPointer<QObject> m_popup;
     double m_overlayZ = 0;
-    bool m_asksToReplace = true;
+    bool m_dialogConfirms = true;
 };
 
 } // namespace tolvane

@@ -5,7 +5,8 @@
 
 namespace tolvane {
 
-/// The customer's folder for pictures, which may not exist; the home folder if the system has none.
+/// The customer's folder for pictures, which may not exist. The home folder on a system without
+/// such a folder.
 QString picturesFolder();
 
 } // namespace tolvane

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Shown by an AsyncImage without a picture: a progress indicator, or a broken picture if the load
+// The default placeholder of an AsyncImage: a progress indicator, or a broken picture if the load
 // has failed. A press on the broken picture loads it again.
 Item {
     id: placeholder
@@ -10,7 +10,7 @@ Item {
     property color tint: Theme.primaryColor
     property real indicatorScale: 1
     property int brokenSize: Metrics.IconSize
-    /// Whether a press loads the picture again. The press reaches the items below as well.
+    /// Whether a press loads the picture again. Items below receive the press, too.
     property bool retriesOnPress: true
 
     /// The AsyncImage.

@@ -143,7 +143,7 @@ QQuickItem *AsyncImage::createItem(QQmlComponent &component, const QVariantMap &
     auto *item = qobject_cast<QQuickItem *>(object);
     if (!item) {
         delete object;
-        qmlWarning(this, component.errors()) << "cannot make the item to show";
+        qmlWarning(this, component.errors()) << "cannot create the item to show";
         return nullptr;
     }
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);

@@ -14,10 +14,10 @@
 
 namespace tolvane {
 
-/// Loads a picture, and shows a placeholder until then and an item with the picture after that.
+/// Loads a picture. Shows a placeholder while it loads, and then an item with the picture.
 ///
 /// Loading starts when the item appears, that is, when it is complete, visible and in a window. The
-/// shown item takes the size of this one, and provides its implicit size.
+/// shown item has the size of this one, and determines its implicit size.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT AsyncImage : public QQuickItem
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT AsyncImage : public QQuickItem
 
 public:
     QUrl url() const { return m_url; }
-    /// Starts a new load; a running load of the URL before only fills the caches.
+    /// Starts a new load; a running load of the previous URL only fills the caches.
     void setUrl(const QUrl &url);
     QQmlComponent *content() const { return m_content; }
     void setContent(QQmlComponent *content);
@@ -47,7 +47,7 @@ public:
     QImage image() const { return m_load->image(); }
     bool isLoading() const { return m_load->isLoading(); }
     bool hasFailed() const { return m_load->hasFailed(); }
-    /// Loads a picture again that has failed.
+    /// Tries to load the picture again after a failure.
     Q_INVOKABLE void retry();
     QQuickItem *item() const { return m_item; }
 
@@ -92,7 +92,7 @@ private:
     bool m_isPresent = false;
 };
 
-/// Shows a picture at its full size. A picture that is available at once shows in the first frame.
+/// Shows a picture at its full size. A picture from the caches shows in the first frame.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT CachedAsyncImage : public tolvane::AsyncImage
 {
     Q_OBJECT
@@ -110,7 +110,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ThumbnailAsyncImage : public tolvane::AsyncI
 {
     Q_OBJECT
     QML_ELEMENT
-    /// In pixels. The thumbnail just fills it, keeps the picture's aspect ratio, and has the
+    /// In pixels. The thumbnail covers this size, keeps the picture's aspect ratio, and has the
     /// resolution of the screen.
     Q_PROPERTY(QSizeF thumbnailSize READ thumbnailSize WRITE setThumbnailSize NOTIFY
                    thumbnailSizeChanged REQUIRED)

@@ -8,7 +8,7 @@
 
 namespace tolvane {
 
-/// What stands for the other side of a conversation.
+/// The kinds of icon for the other side of a conversation.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT Avatar : public QObject
 {
     Q_OBJECT

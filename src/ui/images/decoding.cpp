@@ -48,15 +48,15 @@ QByteArray formatOf(const QByteArray &bytes)
     return {};
 }
 
-/// The size of a GIF's screen. The decoder reads all of it, however little of it the first frame
-/// fills.
+/// The size of a GIF's logical screen. The decoder allocates the whole screen, even if the first
+/// frame is smaller.
 QSize logicalScreenSize(const QByteArray &gif)
 {
-    constexpr qsizetype place = 6;
+    constexpr qsizetype offset = 6;
     constexpr qsizetype length = 4;
-    if (gif.size() < place + length)
+    if (gif.size() < offset + length)
         return {};
-    const char *field = gif.constData() + place;
+    const char *field = gif.constData() + offset;
     return {qFromLittleEndian<quint16>(field), qFromLittleEndian<quint16>(field + 2)};
 }
 
@@ -72,8 +72,8 @@ QSize scaledBy(const QSize &size, double factor)
         .expandedTo(QSize(1, 1));
 }
 
-/// Bytes that end early once a picture takes too long to decode, or the process ends. (Not a
-/// QBuffer, whose bytes the JPEG decoder takes without reading them from the device.)
+/// A device with bytes, which fails when the decoder has taken too long or the process ends. (It
+/// must not be a QBuffer, whose bytes the JPEG decoder takes without reading from the device.)
 class TimedBytes final : public QIODevice
 {
 public:
@@ -82,14 +82,14 @@ public:
     {
     }
 
-    /// @param step the most that is read between two looks at the clock
+    /// @param step the number of bytes after which the time is checked
     void setBytes(const QByteArray &bytes, qint64 step)
     {
         m_bytes = bytes;
         m_step = step;
         open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
-    bool hasEnded() const { return m_deadline.hasExpired() || isShuttingDown(); }
+    bool hasTimedOut() const { return m_deadline.hasExpired() || isShuttingDown(); }
 
     qint64 size() const override { return m_bytes.size(); }
     bool seek(qint64 position) override
@@ -102,7 +102,7 @@ protected:
     qint64 readData(char *data, qint64 maximum) override
     {
         const qint64 count = std::min({maximum, m_step, size() - m_at});
-        if (count <= 0 || hasEnded())
+        if (count <= 0 || hasTimedOut())
             return -1;
         std::copy_n(m_bytes.constData() + m_at, count, data);
         m_at += count;
@@ -130,9 +130,9 @@ public:
         const QByteArray parts = essentialParts(bytes, format);
         if (parts.isEmpty())
             return;
-        // A scan of some bytes makes the decoder go through all pixels.
-        constexpr qint64 stepOfScans = 64;
-        m_bytes.setBytes(parts, format == "jpeg" ? stepOfScans : parts.size());
+        // A scan of a JPEG may be short, but the decoder processes all pixels for each.
+        constexpr qint64 scanStep = 64;
+        m_bytes.setBytes(parts, format == "jpeg" ? scanStep : parts.size());
         m_reader.setAutoDetectImageFormat(false);
         m_reader.setFormat(format);
         m_reader.setDevice(&m_bytes);
@@ -178,8 +178,8 @@ double Reader::readableFactor() const
     if (m_size.isEmpty())
         return 0;
     double factor = 1;
-    // The decoder scales by halves only; for a factor in between, it takes as much memory as for
-    // the next larger half.
+    // The decoder scales by powers of two only. For other factors, it takes as much memory as for
+    // the next larger power.
     while (pixelCount(scaledBy(m_size, factor)) > maximumPixels)
         factor /= 2;
     return factor == 1 || m_scalesWhileDecoding ? factor : 0;
@@ -192,7 +192,7 @@ QImage Reader::read(double factor)
     if (factor < 1)
         m_reader.setScaledSize(scaledBy(m_size, factor));
     QImage image;
-    if (!m_reader.read(&image) || m_bytes.hasEnded())
+    if (!m_reader.read(&image) || m_bytes.hasTimedOut())
         return {};
     return convertedForRendering(std::move(image));
 }
@@ -203,11 +203,11 @@ double thumbnailFactor(const QSize &size, const QSize &target)
     constexpr double largestArea = 4;
     if (target.isEmpty() || size.isEmpty())
         return 1;
-    const double filling =
+    const double covering =
         std::max(double(target.width()) / size.width(), double(target.height()) / size.height());
     const double bounded =
         std::sqrt(largestArea * double(pixelCount(target)) / double(pixelCount(size)));
-    return std::min({filling, bounded, 1.0});
+    return std::min({covering, bounded, 1.0});
 }
 
 } // namespace

@@ -12,8 +12,8 @@
 
 namespace tolvane {
 
-/// Caches pictures: decoded in memory, and as received bytes in memory and on disk. One for the
-/// process, shared by all views. Thread-safe.
+/// Caches pictures, decoded in memory, and as received in memory and on disk. All views of the
+/// process share one instance. Thread-safe.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageCache
 {
 public:
@@ -28,8 +28,8 @@ public:
     QImage image(const QString &key);
     void insert(const QString &key, const QImage &image);
 
-    /// The responses that contained the pictures. This cache is the library's own: the host's is
-    /// not used, and the backend's responses to API requests never enter this one.
+    /// The responses with the pictures. The library does not use a cache of the host, and does not
+    /// store responses to API requests in this one.
     UrlCache &responses() { return *m_responses; }
 
 private:

@@ -16,8 +16,7 @@ namespace tolvane {
 /// Loads the picture of a URL for one view: from the caches, else from the network, which fills the
 /// caches. Main thread.
 ///
-/// A load that has started runs to its end, whether or not the view still exists; it keeps this
-/// object alive until then.
+/// A running load is never cancelled: it keeps this object alive, even without the view.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageLoad final : public QObject,
                                                       public std::enable_shared_from_this<ImageLoad>
 {
@@ -30,22 +29,21 @@ public:
 
     /// Null until the picture is loaded.
     const QImage &image() const { return m_image; }
-    /// Stays true if the response is not a picture: an appearance of the view does not load it
-    /// again.
+    /// Stays true if the response is not a picture, so that start() does not load it again.
     bool isLoading() const { return m_isLoading; }
-    /// Whether the last attempt brought no picture; true for a URL that is never loaded.
+    /// Whether the last attempt failed; true for a URL that is never loaded.
     bool hasFailed() const { return m_hasFailed; }
 
-    /// Takes the full-size picture from the caches if it is available there without waiting.
-    /// Thumbnails never are.
+    /// Takes the full-size picture from the caches if that does not block. Thumbnails are not
+    /// cached.
     void loadFromCaches();
 
-    /// Called when the view has appeared: starts to load, unless there is nothing left to load or a
-    /// load is running.
+    /// Starts to load, unless the picture is loaded or a load is running. To be called when the
+    /// view appears.
     /// @param scale the device pixel ratio
     void start(qreal scale);
 
-    /// Loads a picture again that has failed.
+    /// Tries to load the picture again after a failure.
     /// @param scale the device pixel ratio
     void retry(qreal scale);
 

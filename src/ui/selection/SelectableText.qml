@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// An editor beneath a text, with the same layout. It draws nothing but the selection.
+// Makes a Text selectable: a TextEdit below it with the same layout, which draws only the selection.
 Item {
     id: view
 
@@ -36,7 +36,7 @@ Item {
         readOnly: true
         selectByMouse: true
         persistentSelection: true
-        // The keyboard stays with its item.
+        // The composer keeps the keyboard focus.
         activeFocusOnPress: false
         Accessible.ignored: true
     }

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// Lets the mouse select in the texts of a view. A text is a cheap item without a selection, so only
-// the text below the pointer and the one with the selection have an editor.
+// Lets the mouse select in the texts of a view. A Text is cheaper than a TextEdit, but cannot be
+// selected. Therefore only the text below the pointer and the one with the selection have an editor.
 QtObject {
     id: selection
 
@@ -11,7 +11,7 @@ QtObject {
     property SelectableText selected: null
     readonly property bool isEmpty: selected === null
 
-    /// The customer has selected something.
+    /// A text has been selected.
     signal started()
 
     function copy() {

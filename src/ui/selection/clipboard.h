@@ -19,7 +19,7 @@ class Clipboard : public QObject
 public:
     using QObject::QObject;
 
-    /// Copies a text that may be a part of a document, which has separators of its own.
+    /// Copies a text, with plain characters for the separators and spaces of QTextDocument.
     Q_INVOKABLE static void setText(QString text)
     {
         text.replace(QChar::ParagraphSeparator, u'\n');

@@ -7,7 +7,7 @@ Item {
     id: menu
 
     /// @param item the item with the picture
-    /// @param isLoaded a picture that could not be loaded has nothing to copy
+    /// @param isLoaded false disables copying and saving
     function openFor(item: Item, url: url, isLoaded: bool, position: point, openPicture: var) {
         loaded.url = url
         pending = null
@@ -18,15 +18,15 @@ Item {
         ])
     }
 
-    // What to do when the file is ready, which takes a moment.
+    // The chosen action, which waits until the file has been encoded.
     property var pending: null
 
     function start(action: var) {
         pending = action
-        act()
+        runPending()
     }
 
-    function act() {
+    function runPending() {
         if (!pending || !share.isReady)
             return
         const action = pending
@@ -44,7 +44,7 @@ Item {
         id: share
 
         source: loaded
-        onFileChanged: menu.act()
+        onFileChanged: menu.runPending()
     }
 
     PictureSaver {

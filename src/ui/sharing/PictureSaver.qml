@@ -2,7 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// Saves a picture where the customer chooses, and reports the results of saving and copying.
+// Saves a picture under a path that the customer chooses, and reports the results of saving and
+// copying.
 Item {
     id: saver
 
@@ -26,13 +27,13 @@ Item {
         target: dialog.dialog
         ignoreUnknownSignals: true
 
-        function onChosen(place) { saver.share.save(place) }
+        function onFileChosen(file) { saver.share.save(file) }
     }
 
     Connections {
         target: saver.share
 
-        function onSaved(place) { saver.reported(Strings.string("viewer_saved").arg(place)) }
+        function onSaved(path) { saver.reported(Strings.string("viewer_saved").arg(path)) }
         function onFailed(reason) { saver.reported(Strings.string("viewer_save_failed").arg(reason)) }
         function onCopied() { saver.reported(Strings.string("viewer_copied")) }
     }

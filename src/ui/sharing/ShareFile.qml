@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The file as an item that can be dragged out of the application.
+// Shows the file; can be dragged out of the application.
 Item {
     id: file
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// An item of the share menu, which moves the focus itself.
+// An item of the share menu. The menu moves the focus between its items.
 Pressable {
     id: item
 

@@ -20,8 +20,8 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageFile
     static QString filenameAt(const QDateTime &time);
 };
 
-/// The picture as a JPEG of quality 0.85, on white where it is transparent. Empty when it cannot be
-/// encoded. Safe from any thread; too slow for the main thread.
+/// Encodes a picture as a JPEG of quality 0.85; transparent parts become white. Empty if it cannot
+/// be encoded. Safe from any thread; too slow for the main thread.
 QByteArray jpeg(const QImage &image);
 
 } // namespace tolvane

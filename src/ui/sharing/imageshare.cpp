@@ -23,8 +23,8 @@ namespace {
 /// The maximum size of a drag's pixmap.
 constexpr QSize maxDragImageSize(160, 160);
 
-/// The target of a drop may read the file long after the drag, so the folder is removed when the
-/// application exits. Empty if it cannot be created.
+/// A temporary folder, removed when the application exits: the target of a drop may read the file
+/// long after the drag. Empty if it cannot be created.
 QString dragFolder()
 {
     struct Folder final : QObject
@@ -47,12 +47,12 @@ void ImageShare::setSource(LoadedImage *source)
     if (m_source)
         m_source->disconnect(this);
     m_source = source;
-    const auto take = [this, source] { setImage(source ? source->image() : QImage()); };
+    const auto update = [this, source] { setImage(source ? source->image() : QImage()); };
     if (source) {
-        connect(source, &LoadedImage::imageChanged, this, take);
+        connect(source, &LoadedImage::imageChanged, this, update);
         connect(source, &LoadedImage::urlChanged, this, &ImageShare::sourceChanged);
     }
-    take();
+    update();
     Q_EMIT sourceChanged();
 }
 
@@ -84,9 +84,9 @@ QUrl ImageShare::suggestedUrl() const
     return QUrl::fromLocalFile(QDir(picturesFolder()).filePath(m_file.filename));
 }
 
-void ImageShare::save(const QUrl &place)
+void ImageShare::save(const QUrl &target)
 {
-    detach(write(this, [path = place.toLocalFile()] { return path; }));
+    detach(write(this, [path = target.toLocalFile()] { return path; }));
 }
 
 void ImageShare::saveToPictures()
@@ -95,14 +95,14 @@ void ImageShare::saveToPictures()
                  [name = m_file.filename] { return files::unusedPath(picturesFolder(), name); }));
 }
 
-QCoro::Task<> ImageShare::write(QPointer<ImageShare> self, std::function<QString()> place)
+QCoro::Task<> ImageShare::write(QPointer<ImageShare> self, std::function<QString()> findPath)
 {
     if (!self->isReady())
         co_return;
     QString reason;
     try {
-        QFuture<QString> writing = platform().workers->run([data = self->m_file.data, place] {
-            const QString path = place();
+        QFuture<QString> writing = platform().workers->run([data = self->m_file.data, findPath] {
+            const QString path = findPath();
             files::write(path, data);
             return path;
         });
@@ -146,8 +146,7 @@ QCoro::Task<> ImageShare::writeForDrag(QPointer<ImageShare> self)
         });
         picture = co_await awaitFuture(writing);
     } catch (const Error &) {
-        // The drag then has the bytes only.
-        co_return;
+        co_return; // The drag then offers the bytes only.
     }
     if (!self || self->m_image.cacheKey() != image.cacheKey())
         co_return;
@@ -159,8 +158,7 @@ void ImageShare::startDrag(QQuickItem *item)
 {
     if (!isReady() || !item)
         return;
-    // Deferred: dragging runs a nested event loop, in which either object may be destroyed. The
-    // item receives no release event.
+    // Deferred: dragging runs a nested event loop, in which both objects may be destroyed.
     const QPointer<ImageShare> self(this);
     const QPointer<QQuickItem> source(item);
     QMetaObject::invokeMethod(
@@ -174,7 +172,7 @@ void ImageShare::startDrag(QQuickItem *item)
 
 void ImageShare::drag(QQuickItem &item)
 {
-    item.ungrabMouse();
+    item.ungrabMouse(); // The item will not receive the release of the button.
     auto *drag = new QDrag(&item);
     drag->setMimeData(makeMimeData());
     drag->setPixmap(QPixmap::fromImage(m_dragImage));

@@ -18,8 +18,8 @@ class QMimeData;
 
 namespace tolvane {
 
-/// Shares a picture as a JPEG file by saving, copying or dragging it, always the same file. The
-/// file is encoded on the workers as soon as there is a picture. Main thread.
+/// Saves, copies and drags a picture as a JPEG file. The file is encoded once, on the workers, as
+/// soon as the picture is loaded. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ImageShare : public QObject
 {
     Q_OBJECT
@@ -46,16 +46,16 @@ public:
     QUrl suggestedUrl() const;
     const ImageFile &file() const { return m_file; }
 
-    /// Without a file, this and the functions below do nothing. Saving ends with saved() or
+    /// Until there is a file, this and the functions below have no effect. Saving emits saved() or
     /// failed().
-    /// @param place the local file to write
-    Q_INVOKABLE void save(const QUrl &place);
-    /// Saves to the customer's folder for pictures, under a name that is unused there.
+    /// @param target the URL of a local file
+    Q_INVOKABLE void save(const QUrl &target);
+    /// Saves to the customer's folder for pictures, under an unused name.
     Q_INVOKABLE void saveToPictures();
     /// Copies to the clipboard, as a picture and as the file's bytes.
     Q_INVOKABLE void copy();
-    /// Writes the file to a temporary folder for dragging. To be called some time before
-    /// startDrag(), as the workers do it.
+    /// Writes the file to a temporary folder on the workers. To be called some time before
+    /// startDrag().
     Q_INVOKABLE void prepareDrag();
     /// Starts to drag the file out of the application; the pointer must be pressed over the item.
     Q_INVOKABLE void startDrag(QQuickItem *item);
@@ -66,14 +66,14 @@ public:
 Q_SIGNALS:
     void sourceChanged();
     void fileChanged();
-    /// @param place the path with the separators of this system
-    void saved(const QString &place);
+    /// @param path with the separators of this system
+    void saved(const QString &path);
     void failed(const QString &reason);
     void copied();
 
 private:
     static QCoro::Task<> encode(QPointer<ImageShare> self, QImage image);
-    static QCoro::Task<> write(QPointer<ImageShare> self, std::function<QString()> place);
+    static QCoro::Task<> write(QPointer<ImageShare> self, std::function<QString()> findPath);
     static QCoro::Task<> writeForDrag(QPointer<ImageShare> self);
     void drag(QQuickItem &item);
 

@@ -12,7 +12,7 @@ namespace tolvane {
 
 namespace {
 
-/// Leaves time for the request of the view that shows the picture.
+/// The time that the view has for loading the picture.
 constexpr std::chrono::milliseconds retryDelay(500);
 
 QImage cachedImage(const QUrl &url)
@@ -24,7 +24,7 @@ QImage cachedImage(const QUrl &url)
     const auto response = cache.responses().cachedResponse(request);
     if (!response)
         return {};
-    // A photo that is shown has been decoded already, and is too large to be decoded again.
+    // The viewer has usually decoded the picture already.
     const QImage shown = cache.image(ImageCache::key(url));
     return shown.isNull() ? images::decoded(response->body) : shown;
 }
@@ -69,8 +69,8 @@ void LoadedImage::start()
 
 QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_token stop)
 {
-    QFuture<QImage> look = findCachedImage(url);
-    QImage image = co_await awaitFuture(look);
+    QFuture<QImage> firstLookup = findCachedImage(url);
+    QImage image = co_await awaitFuture(firstLookup);
     if (image.isNull()) {
         try {
             QFuture<void> wait = platform().clock->sleep(retryDelay, stop);
@@ -78,12 +78,12 @@ QCoro::Task<> LoadedImage::load(QPointer<LoadedImage> self, QUrl url, std::stop_
         } catch (const CancellationError &) {
             co_return;
         }
-        QFuture<QImage> secondLook = findCachedImage(url);
-        image = co_await awaitFuture(secondLook);
+        QFuture<QImage> secondLookup = findCachedImage(url);
+        image = co_await awaitFuture(secondLookup);
     }
     if (!self || image.isNull() || stop.stop_requested())
         co_return;
-    // Prefers the view's image if it has been decoded meanwhile: a large picture is kept once.
+    // If the view has decoded the picture in the meantime, both share one copy of it.
     const QImage shown = ImageCache::shared().image(ImageCache::key(url));
     self->m_image = shown.isNull() ? image : shown;
     Q_EMIT self->imageChanged();

@@ -15,9 +15,9 @@
 
 namespace tolvane {
 
-/// The picture at a URL, for sharing; independent of what a view shows of it. It comes from the
-/// response cache: at once, or half a second later, when a view may have loaded it. Sends no
-/// request itself. The image stays null if the cache does not have it by then. Main thread.
+/// Loads the full-size picture of a URL for sharing. It sends no request: it looks in the response
+/// cache at once, and again half a second later, when the view may have loaded the picture. If the
+/// cache does not have it by then, the image stays null. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT LoadedImage : public QObject, public QQmlParserStatus
 {
     Q_OBJECT

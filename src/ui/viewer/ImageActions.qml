@@ -17,7 +17,7 @@ ViewerControl {
         color: "white"
         name: Strings.string("accessibility_share")
         enabled: share.isReady
-        // Not by `enabled`, which changes at once as the controls fade out.
+        // Not bound to `enabled`, which becomes false as soon as the controls start to fade out.
         iconOpacity: share.isReady ? 1 : 0.5
         onClicked: actions.shareRequested()
     }

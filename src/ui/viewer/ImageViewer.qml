@@ -9,7 +9,8 @@ FocusScope {
 
     /// The picture to begin with.
     required property url imageUrl
-    /// The MessageData in which the picture was selected, with all of its message; may be null.
+    /// The MessageData in which the picture was selected, with all pictures of the message; may be
+    /// null.
     property MessageData messageData: null
     property bool showControls: true
     readonly property alias imageState: zoom
@@ -32,10 +33,10 @@ FocusScope {
     }
 
     function pictureStepped() {
-        zoom.resetAtOnce()
+        zoom.resetImmediately()
         if (messageData)
             messageData.selectedAttachment = pictures.url
-        // A button that has the focus may have gone.
+        // Moves the focus away from a button that disappears.
         if (!pictures.canStep(1) || !pictures.canStep(-1))
             picture.forceActiveFocus()
     }
@@ -119,7 +120,7 @@ FocusScope {
         onShareRequested: menu.isOpen = true
     }
 
-    // The buttons at the sides would cover the picture on a touchscreen, where nobody needs them.
+    // On a touchscreen the side buttons are not needed, and would cover the picture.
     HoverHandler {
         id: pointer
 

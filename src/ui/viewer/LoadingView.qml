@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 import Tolvane.Private
 
-// Shown until the picture is loaded.
+// The placeholder of the viewer's picture.
 ImagePlaceholder {
-    // Only a picture has a size.
+    // An implicit size means that there is a picture.
     implicitWidth: 0
     implicitHeight: 0
     tint: "white"

@@ -2,7 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// Which of the message's pictures is shown. The picture itself tells screen readers.
+// The number of the shown picture among those of the message. Screen readers get it from the name of
+// the picture.
 ViewerControl {
     id: number
 

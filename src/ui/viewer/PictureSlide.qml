@@ -2,28 +2,29 @@
 import QtQuick
 import Tolvane.Private
 
-// Goes from one picture to another: they move side by side, by a finger or by themselves. The next
-// picture is on the trailing side.
+// Moves two pictures side by side while one replaces the other, by a finger or by an animation. The
+// next picture is on the trailing side.
 Item {
     id: slide
 
     required property PictureSequence pictures
 
-    /// The distance of the shown picture from its place.
+    /// The horizontal distance of the shown picture from the centre.
     property real offset: 0
-    /// Which picture is visible beside the shown one: -1 or 1; 0 for neither.
+    /// The picture that is visible beside the shown one: the previous one (-1) or the next one (1);
+    /// 0 without one.
     property int neighbour: 0
 
     readonly property int side: LayoutMirroring.enabled ? -1 : 1
 
     signal stepped()
 
-    /// The finger has moved so far.
+    /// @param distance how far the finger has moved
     function follow(distance: real) {
         settling.stop()
         const by = distance * side < 0 ? 1 : -1
         neighbour = pictures.canStep(by) ? by : 0
-        // The ends resist; a single picture does not move.
+        // The first and the last picture resist; a single picture does not move.
         offset = neighbour !== 0 ? distance : pictures.count > 1 ? distance / 4 : 0
     }
 

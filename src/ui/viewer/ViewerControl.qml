@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// A control over the picture, hidden together with the others. It has a dark background, as the
-// picture may be as white as the control.
+// The base of the controls over the picture, which hide together. The dark background makes white
+// controls visible over white pictures.
 FocusScope {
     id: control
 

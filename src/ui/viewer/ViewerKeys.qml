@@ -14,7 +14,7 @@ QtObject {
     signal controlsToggled()
     signal copyRequested()
     signal saveRequested()
-    /// Another picture is wanted: the next one, or `by` pictures further on.
+    /// Requests the picture that comes `by` pictures after the shown one.
     signal stepRequested(int by)
 
     readonly property real zoomStep: 1.25
@@ -27,11 +27,11 @@ QtObject {
         else if (event.matches(StandardKey.Save))
             saveRequested()
         else
-            event.accepted = act(event.key)
+            event.accepted = handleSingleKey(event.key)
     }
 
-    /// Returns whether the key has a meaning.
-    function act(key: int): bool {
+    /// Returns false if no action is bound to the key.
+    function handleSingleKey(key: int): bool {
         switch (key) {
         case Qt.Key_Escape:
         case Qt.Key_Back:

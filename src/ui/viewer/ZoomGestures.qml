@@ -9,8 +9,7 @@ Item {
     required property ZoomController imageState
 
     signal tapped()
-    /// A drag of a picture that is not zoomed in, which pans nothing: its distance so far, and its
-    /// end.
+    /// A horizontal drag of a picture that is not zoomed in, with its distance so far.
     signal swiped(real distance)
     signal swipeEnded()
 
@@ -33,8 +32,8 @@ Item {
     DragHandler {
         id: drag
 
-        // The finger that remains after a pinch drags on from where it is: the handler has not
-        // received its press.
+        // After a pinch, the remaining finger starts a drag at its current position: the handler has
+        // not received its press.
         property bool continuesPinch: false
         property bool isSwipe: false
         property point start
@@ -70,27 +69,28 @@ Item {
         imageState.dragChanged(Qt.point(translation.x, translation.y))
     }
 
-    // A single tap is delayed, as a second one may follow.
     TapHandler {
-        onSingleTapped: single.restart()
+        onSingleTapped: singleTapTimer.restart()
         onDoubleTapped: {
-            single.stop()
+            singleTapTimer.stop()
             gestures.imageState.doubleTapped()
         }
     }
 
+    // Delays a single tap, because a second one may follow.
     Timer {
-        id: single
+        id: singleTapTimer
 
         interval: Application.styleHints.mouseDoubleClickInterval
         onTriggered: gestures.tapped()
     }
 
-    // The wheel zooms with Ctrl, else it pans.
+    // The wheel pans; with Ctrl, it zooms.
     MouseArea {
         id: wheelArea
 
-        property real pinched: 1
+        // The zoom by the wheel so far, as the scale of a pinch.
+        property real pinchScale: 1
 
         anchors.fill: parent
         acceptedButtons: Qt.NoButton
@@ -98,24 +98,24 @@ Item {
                      : drag.active ? Qt.ClosedHandCursor : Qt.OpenHandCursor
         onWheel: wheel => {
             if (wheel.modifiers & Qt.ControlModifier) {
-                pinched *= Math.pow(1.25, wheel.angleDelta.y / 120)
-                gestures.imageState.pinchAnimated(pinched)
-                wheelRest.restart()
+                pinchScale *= Math.pow(1.25, wheel.angleDelta.y / 120)
+                gestures.imageState.pinchAnimated(pinchScale)
+                pinchEndTimer.restart()
                 return
             }
-            const exact = wheel.pixelDelta.x !== 0 || wheel.pixelDelta.y !== 0
-            if (exact)
+            const hasPixelDelta = wheel.pixelDelta.x !== 0 || wheel.pixelDelta.y !== 0
+            if (hasPixelDelta)
                 gestures.imageState.pan(wheel.pixelDelta)
             else
                 gestures.imageState.panAnimated(Qt.point(wheel.angleDelta.x / 2, wheel.angleDelta.y / 2))
         }
 
         Timer {
-            id: wheelRest
+            id: pinchEndTimer
 
             interval: 150
             onTriggered: {
-                wheelArea.pinched = 1
+                wheelArea.pinchScale = 1
                 gestures.imageState.pinchEnded()
             }
         }

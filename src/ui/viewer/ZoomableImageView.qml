@@ -11,7 +11,7 @@ Item {
     /// For screen readers.
     required property string name
     readonly property alias loadedImage: loaded
-    /// The distance from its place, while one picture replaces another.
+    /// The horizontal distance from the centre while one picture replaces another.
     property real slideOffset: 0
     readonly property bool hasPicture: picture.implicitWidth > 0
 
@@ -32,14 +32,14 @@ Item {
         url: view.imageUrl
     }
 
-    // Zooming and panning changes its transform only: the texture is uploaded once.
+    // Zoom and pan only change the transform, so the texture is uploaded once.
     CachedAsyncImage {
         id: picture
 
         readonly property real fit: Math.min(view.width / implicitWidth,
                                              view.height / implicitHeight)
-        // The software renderer paints the picture at the size of this item. Twice that size
-        // leaves detail to zoom into.
+        // The software renderer paints the picture at the size of this item. Twice the size keeps
+        // some detail for zooming in.
         readonly property real detail: view.hasPicture && GraphicsInfo.api === GraphicsInfo.Software
                                        ? Math.max(1, Math.min(2, 1 / fit)) : 1
 

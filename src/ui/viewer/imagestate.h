@@ -8,9 +8,9 @@
 
 namespace tolvane {
 
-/// Zoom and pan of a picture, changed by gestures. Independent of windows: callers pass the state
-/// of a gesture and the size of the viewport. Lengths are in device-independent pixels of the
-/// viewport, not in those of the picture. The centre of the viewport is the origin of zooming.
+/// Zoom and pan of a picture, changed by gestures. Does not depend on a window: callers pass the
+/// state of a gesture and the size of the viewport. Lengths are in device-independent pixels of the
+/// viewport, not in pixels of the picture. The centre of the viewport is the origin of zooming.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageState
 {
     static constexpr double minScale = 0.5;
@@ -33,7 +33,7 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageState
     QSizeF maxOffset(const QSizeF &geometry) const;
     void clampOffset(const QSizeF &geometry);
 
-    /// @param value the scale since the gesture began, where it is 1; values that are not positive
+    /// @param value the scale relative to the beginning of the gesture; values that are not positive
     ///              numbers are ignored
     void pinchChanged(double value);
     void pinchEnded(const QSizeF &geometry);

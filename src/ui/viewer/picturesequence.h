@@ -16,9 +16,9 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT PictureSequence : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    /// URLs, as received. Those that are not URLs are left out.
+    /// URLs as received; invalid ones are left out.
     Q_PROPERTY(QStringList attachments READ attachments WRITE setAttachments NOTIFY changed)
-    /// The picture that is shown at first; the only one unless it is among the attachments.
+    /// The first shown picture. If the attachments do not contain it, it is the only picture.
     Q_PROPERTY(QUrl first READ first WRITE setFirst NOTIFY changed)
     Q_PROPERTY(QUrl url READ url NOTIFY changed)
     Q_PROPERTY(int index READ index NOTIFY changed)
@@ -35,10 +35,10 @@ public:
     int index() const { return m_index; }
     int count() const { return int(m_urls.size()); }
 
-    /// Empty beyond the ends.
+    /// Empty if the index is out of range.
     Q_INVOKABLE QUrl urlAt(int index) const { return m_urls.value(index); }
     Q_INVOKABLE bool canStep(int by) const { return m_index + by >= 0 && m_index + by < count(); }
-    /// Does nothing beyond the ends.
+    /// Does nothing if there is no such picture.
     Q_INVOKABLE void step(int by);
 
 Q_SIGNALS:

@@ -70,7 +70,7 @@ void ZoomController::reset()
     change(Motion::animated, [](ImageState &state) { state.reset(); });
 }
 
-void ZoomController::resetAtOnce()
+void ZoomController::resetImmediately()
 {
     change(Motion::immediate, [](ImageState &state) { state = {}; });
 }

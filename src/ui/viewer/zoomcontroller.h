@@ -10,21 +10,20 @@
 
 namespace tolvane {
 
-/// Zoom and pan of a picture, for QML: takes gestures and provides the values to show. Finger input
-/// applies immediately; programmatic changes animate with a spring. A step of the animation changes
-/// a few numbers only. Main thread.
+/// Zoom and pan of a picture for QML: handles gestures and provides the values to show. Finger
+/// input applies immediately; programmatic changes animate with a spring. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ZoomController : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     /// The size of the viewport, in device-independent pixels.
     Q_PROPERTY(QSizeF geometry READ geometry WRITE setGeometry NOTIFY geometryChanged)
-    /// The values of zoom and pan that the animation ends at.
+    /// The values at the end of a running animation.
     Q_PROPERTY(double scale READ scale NOTIFY changed)
     Q_PROPERTY(QPointF offset READ offset NOTIFY changed)
     Q_PROPERTY(bool isDragging READ isDragging NOTIFY changed)
     Q_PROPERTY(bool isZoomedIn READ isZoomedIn NOTIFY changed)
-    /// The values to show.
+    /// The values at the current time of the animation.
     Q_PROPERTY(double shownScale READ shownScale NOTIFY shownChanged)
     Q_PROPERTY(QPointF shownOffset READ shownOffset NOTIFY shownChanged)
     /// In device-independent pixels.
@@ -51,7 +50,7 @@ public:
     Q_INVOKABLE void doubleTapped();
     Q_INVOKABLE void reset();
     /// Without an animation, for another picture.
-    Q_INVOKABLE void resetAtOnce();
+    Q_INVOKABLE void resetImmediately();
 
     /// For input that is not a finger gesture: pinchAnimated() animates one step of a pinch, until
     /// pinchEnded(); pan() and panAnimated() are whole drags, applied immediately or animated. Such

@@ -52,21 +52,21 @@ struct DialogFixture : Fixture
 
     QString pathOf(const QString &name) const { return home.filePath(u"Pictures/"_s + name); }
     void press(QKeySequence keys) { QTest::keySequence(&window, keys); }
-    /// Clicks the item whose text begins so.
+    /// Clicks the item whose text begins with `text`, once it has stopped moving.
     bool click(const QString &text)
     {
         QQuickItem *item = nullptr;
-        QPointF place;
+        QPointF center;
         QPointF before(-1, -1);
         if (!QTest::qWaitFor([&] {
                 item = MessengerFixture::find(window.contentItem(), text);
                 if (item)
-                    place = item->mapToScene(QPointF(item->width(), item->height()) / 2);
-                QTest::qWait(50); // Until it does not move any more.
-                return item && std::exchange(before, place) == place;
+                    center = item->mapToScene(QPointF(item->width(), item->height()) / 2);
+                QTest::qWait(50);
+                return item && std::exchange(before, center) == center;
             }))
             return false;
-        QTest::mouseClick(&window, Qt::LeftButton, {}, place.toPoint());
+        QTest::mouseClick(&window, Qt::LeftButton, {}, center.toPoint());
         return true;
     }
 
@@ -79,7 +79,7 @@ struct DialogFixture : Fixture
 
 } // namespace
 
-/// Qt's own dialogs, which replace native ones.
+/// Qt's own dialogs, which are used on systems without native ones.
 class PictureDialogsTest final : public QObject
 {
     Q_OBJECT

@@ -129,7 +129,7 @@ private Q_SLOTS:
                 framesBeforeContent += fixture.contents() == 0 ? 1 : 0;
                 ++frames;
             },
-            Qt::DirectConnection); // The main thread is blocked meanwhile.
+            Qt::DirectConnection); // While the main thread is blocked.
         QVERIFY(fixture.show());
         QTRY_VERIFY(frames > 0);
         QCOMPARE(fixture.middle(), QColor(Qt::red));
@@ -172,8 +172,7 @@ private Q_SLOTS:
         QVERIFY(!fixture.item->image().isNull());
     }
 
-    /// A loader deletes its item's context at once, and the item in the next turn of the event
-    /// loop.
+    /// A Loader deletes its item's context immediately, but its item later.
     void aPictureArrivesDuringDeferredDeletion()
     {
         AsyncImageFixture fixture;

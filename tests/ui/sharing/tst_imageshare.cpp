@@ -57,8 +57,8 @@ class ImageShareTest final : public QObject
 private Q_SLOTS:
     void thePictureIsReadFromTheCache()
     {
-        // What is in the cache before, meanwhile, and when nobody waits any more; whether the
-        // picture is there at once, after 0.4 and 0.5 seconds, and later.
+        // The bytes that enter the cache before the load, during its wait, and after its end; then
+        // whether the picture is loaded at once, after 0.4 s, after 0.5 s, and later.
         const QByteArray page = "<html>";
         readFromTheCache(png, {}, {}, {true, true, true, true});
         readFromTheCache({}, png, {}, {false, false, true, true});
@@ -68,8 +68,8 @@ private Q_SLOTS:
     }
 
 private:
-    static void readFromTheCache(const QByteArray &before, const QByteArray &meanwhile,
-                                 const QByteArray &afterwards, const QList<bool> &isThere)
+    static void readFromTheCache(const QByteArray &before, const QByteArray &during,
+                                 const QByteArray &after, const QList<bool> &expected)
     {
         ImageShareFixture fixture;
         const auto keep = [&](const QByteArray &bytes) {
@@ -77,26 +77,26 @@ private:
                 fixture.keep(bytes);
             settle();
         };
-        QList<bool> seen;
+        QList<bool> loaded;
         keep(before);
         const auto load = fixture.load();
         settle();
-        seen += !load->image().isNull();
-        keep(meanwhile);
+        loaded += !load->image().isNull();
+        keep(during);
         for (const auto span : {400ms, 100ms}) {
             fixture.clock->advance(span);
-            seen += !load->image().isNull();
+            loaded += !load->image().isNull();
         }
-        keep(afterwards);
+        keep(after);
         fixture.clock->advance(60s);
-        seen += !load->image().isNull();
-        QCOMPARE(seen, isThere);
+        loaded += !load->image().isNull();
+        QCOMPARE(loaded, expected);
         QVERIFY(fixture.session->requests.isEmpty());
         QCOMPARE(fixture.clock->sleeperCount(), 0);
     }
 
 private Q_SLOTS:
-    void leavingCancelsTheWait()
+    void destructionCancelsTheWait()
     {
         ImageShareFixture fixture;
         fixture.load();

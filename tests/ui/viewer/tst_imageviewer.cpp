@@ -78,7 +78,7 @@ struct ImageViewerFixture : Fixture
             QTest::mouseMove(&window, middle + by * step / 10);
         QTest::mouseRelease(&window, Qt::LeftButton, {}, middle + by);
     }
-    QColor colorAt(QPoint place) { return window.grabWindow().pixelColor(place); }
+    QColor colorAt(QPoint point) { return window.grabWindow().pixelColor(point); }
 
     MessageData messages;
     QQuickView window;
@@ -168,7 +168,7 @@ private Q_SLOTS:
         ImageViewerFixture fixture;
         const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
         QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, middle);
-        QVERIFY(fixture.hasControls()); // It waits for a second click.
+        QVERIFY(fixture.hasControls()); // A second click may follow.
         QTRY_VERIFY(!fixture.hasControls());
         QTest::mouseClick(&fixture.window, Qt::LeftButton, {}, {30, 25}); // The button is hidden.
         QTRY_VERIFY(fixture.hasControls());
@@ -194,9 +194,9 @@ private Q_SLOTS:
         QCOMPARE(fixture.state->scale(), 1.5625);
         fixture.wheel(-15);
         QCOMPARE(fixture.state->offset(), QPointF(0, -60));
-        QTest::qWait(300); // The pinch is over,
+        QTest::qWait(300); // The pinch ends. In the next one, small turns add up.
         for (int turn = 0; turn < 20; ++turn)
-            fixture.wheel(1, Qt::ControlModifier); // and small turns add up.
+            fixture.wheel(1, Qt::ControlModifier);
         QCOMPARE_GT(fixture.state->scale(), 2.0);
         for (int turn = 0; turn < 10; ++turn)
             fixture.wheel(-15, Qt::ControlModifier);
@@ -294,9 +294,8 @@ private Q_SLOTS:
         QGuiApplication::clipboard()->clear();
         fixture.press(QKeySequence(Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return));
         fixture.press(Qt::Key_Escape);
-        QCOMPARE(fixture.messages.selectedAttachment(), address); // Only the menu is closed,
-        fixture.press(
-            QKeySequence(Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return)); // and opens again.
+        QCOMPARE(fixture.messages.selectedAttachment(), address); // Escape only closes the menu.
+        fixture.press(QKeySequence(Qt::Key_Return, Qt::Key_Tab, Qt::Key_Return));
         const QMimeData *copied = QGuiApplication::clipboard()->mimeData();
         QCOMPARE(copied->data(u"image/jpeg"_s), fixture.share->file().data);
         QVERIFY(copied->hasImage());

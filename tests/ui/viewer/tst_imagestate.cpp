@@ -10,7 +10,7 @@ namespace {
 
 constexpr QSizeF room(400, 300);
 
-/// Runs a script of gestures: p1.5 is a pinch at the scale 1.5, e its end; d30,-40 a drag at this
+/// Runs a script of gestures: p1.5 is a pinch to the scale 1.5, e its end; d30,-40 a drag by this
 /// distance, r its end; t a double tap; g200,100 another size of the view.
 ImageState afterGestures(const QString &gestures)
 {
@@ -58,7 +58,7 @@ QString text(const ImageState &state)
 
 } // namespace
 
-class ZoomControllerTest final : public QObject
+class ImageStateTest final : public QObject
 {
     Q_OBJECT
 
@@ -71,18 +71,18 @@ private Q_SLOTS:
         };
         row("nothing", "", "1");
         row("a pinch", "p1.2 p1.5", "1.5");
-        row("goes on from where the last one ended", "p1.5 e p2", "3");
+        row("a second pinch starts at the last scale", "p1.5 e p2", "3");
         row("too small a pinch", "p1.009 p0.991 e", "1");
-        row("small, later on", "p1.5 p1.505", "1.505");
+        row("a small change during a pinch", "p1.5 p1.505", "1.505");
         row("back to the beginning", "p1.5 p1", "1");
         row("no further than 4", "p3 p8 p9", "4");
         row("back from 4 at once", "p8 p4 e", "2");
         row("no less than 0.5", "p0.2", "0.5");
         row("back from 0.5 at once", "p0.2 p0.4", "1");
-        row("let go at 0.5", "p0.5 e", "1");
-        row("let go below 0.9", "p0.899 e", "1");
-        row("let go at 0.9", "p0.9 e", "0.9");
-        row("let go at 0.95", "p0.95 e", "0.95");
+        row("released at 0.5", "p0.5 e", "1");
+        row("released below 0.9", "p0.899 e", "1");
+        row("released at 0.9", "p0.9 e", "0.9");
+        row("released at 0.95", "p0.95 e", "0.95");
         row("not numbers", "p2 p0 p-1 pnan pinf p3 e", "3");
 
         row("a drag of the whole picture", "d100,100 r", "1");
@@ -92,11 +92,12 @@ private Q_SLOTS:
         row("another drag", "t d30,-40 r d10,10 r", "2 at 40,-30");
         row("as far as the edges", "t d500,-500", "2 at 200,-150, dragging");
         row("back from an edge by the whole way", "t d500,0 d150,0", "2 at 150,0, dragging");
-        row("at once after letting go", "t d500,0 r d-50,0", "2 at 150,0, dragging");
+        row("a drag back after the release at an edge", "t d500,0 r d-50,0",
+            "2 at 150,0, dragging");
         row("as far as at 4", "p4 e d1000,1000 r", "4 at 600,450");
 
         row("zoomed out at the edge", "p4 e d600,450 r p0.5 e", "2 at 200,150");
-        row("zoomed out at the edge, held", "p4 e d600,450 r p0.5", "2 at 600,450");
+        row("zoomed out at the edge, not released", "p4 e d600,450 r p0.5", "2 at 600,450");
         row("zoomed out below 1", "p4 e d600,450 r p0.24 e", "0.96");
         row("snapped back", "p2 e d100,0 r p0.4 e d10,10 r", "1");
         row("pinched and dragged at once", "t p1.5 d250,0 p2 d350,0 r e", "4 at 350,0");
@@ -112,5 +113,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ZoomControllerTest)
-#include "tst_zoomcontroller.moc"
+QTEST_GUILESS_MAIN(ImageStateTest)
+#include "tst_imagestate.moc"
