@@ -21,8 +21,8 @@ void Icon::setName(const QString &name)
     if (name == m_name)
         return;
     m_name = name;
-    m_isKnown = IconCache::contains(name);
-    if (!m_isKnown && !name.isEmpty())
+    m_exists = IconCache::hasIcon(name);
+    if (!m_exists && !name.isEmpty())
         qmlWarning(this) << "there is no icon " << name;
     polish();
     Q_EMIT nameChanged();
@@ -55,8 +55,8 @@ void Icon::updatePolish()
 {
     const QSize pixels =
         window() ? (size() * window()->effectiveDevicePixelRatio()).toSize() : QSize();
-    m_image = m_isKnown && !pixels.isEmpty() ? IconCache::shared().image(m_name, pixels, m_color)
-                                             : QImage();
+    m_image = m_exists && !pixels.isEmpty() ? IconCache::shared().image(m_name, pixels, m_color)
+                                            : QImage();
     update();
 }
 

@@ -8,16 +8,14 @@
 
 namespace tolvane {
 
-/// One of the library's icons, rendered at the resolution of the screen: in one colour, or in its
-/// own colours if it has several. Screen readers ignore it: the item that uses it has to provide an
-/// accessible name.
+/// One of the library's icons, rendered at the resolution of the screen, in `color` or in colours
+/// of its own. Screen readers ignore it: the item that uses it must have an accessible name.
 class Icon : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// The name of a file in src/resources/icons, without its suffix; icons that keep their own
-    /// colours are in the folder "colored". For any other name, a warning is logged and nothing is
-    /// shown.
+    /// The name of a file in src/resources/icons, without its suffix. Icons with colours of their
+    /// own are in the folder "colored". Other names log a warning and show nothing.
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
 
@@ -42,7 +40,7 @@ protected:
 private:
     QString m_name;
     QColor m_color = Qt::black;
-    bool m_isKnown = false;
+    bool m_exists = false;
     /// The rendered icon; null if nothing is shown.
     QImage m_image;
 };

@@ -44,7 +44,7 @@ IconCache::IconCache()
 {
 }
 
-bool IconCache::contains(const QString &name)
+bool IconCache::hasIcon(const QString &name)
 {
     return !name.isEmpty() && QFile::exists(pathOf(name));
 }
@@ -56,8 +56,8 @@ QImage IconCache::image(const QString &name, const QSize &size, const QColor &co
                             .arg(size.width())
                             .arg(size.height())
                             .arg(color.name(QColor::HexArgb));
-    if (const QImage *known = m_images.object(key))
-        return *known;
+    if (const QImage *cached = m_images.object(key))
+        return *cached;
     QImage image = rendered(name, size, color);
     m_images.insert(key, image, image.sizeInBytes());
     return image;

@@ -7,8 +7,8 @@
 
 namespace tolvane {
 
-/// A cache of rendered icons. An icon is rendered once for each size and colour, however many views
-/// show it. Main thread.
+/// Renders each icon once for each size and colour, and shares the image between all views. Main
+/// thread.
 class IconCache
 {
 public:
@@ -16,8 +16,8 @@ public:
 
     IconCache();
 
-    /// Whether the library has an icon of that name.
-    static bool contains(const QString &name);
+    /// True if the library has an icon of that name.
+    static bool hasIcon(const QString &name);
 
     /// @param name of an existing icon
     /// @param size in physical pixels, not empty; the icon is centred, as large as fits

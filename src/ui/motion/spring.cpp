@@ -8,8 +8,8 @@ namespace tolvane {
 
 namespace {
 
-/// The two basis solutions that every motion is a combination of. `even` starts at a displacement
-/// of 1 with a velocity of -decay, `odd` at a displacement of 0 with a velocity of 1.
+/// Two solutions whose linear combinations are all motions. `even` starts at a displacement of 1
+/// with a velocity of -decay, `odd` at a displacement of 0 with a velocity of 1.
 struct Basis
 {
     double even;
@@ -18,7 +18,7 @@ struct Basis
 
 Basis basisAt(double seconds, double frequency, double dampingFraction)
 {
-    // This close to critical damping, rounding would dominate the difference.
+    // So close to critical damping, the other formulas would lose all precision.
     constexpr double nearlyCritical = 1e-6;
     const double decay = dampingFraction * frequency;
     if (std::abs(dampingFraction - 1) < nearlyCritical) {
@@ -30,7 +30,7 @@ Basis basisAt(double seconds, double frequency, double dampingFraction)
         const double decayed = std::exp(-decay * seconds);
         return {decayed * std::cos(split * seconds), decayed * std::sin(split * seconds) / split};
     }
-    // Without hyperbolic functions, which overflow long before these exponentials do.
+    // Not with hyperbolic functions, which overflow much earlier.
     const double slow = std::exp((split - decay) * seconds);
     const double fast = std::exp((-split - decay) * seconds);
     return {(slow + fast) / 2, (slow - fast) / (2 * split)};

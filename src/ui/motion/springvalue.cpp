@@ -10,7 +10,7 @@ namespace {
 
 constexpr double minimumDampingFraction = 0.05;
 
-/// The part of the initial amplitude that is too small to see: 0.1 of 1000 pixels.
+/// The fraction of the initial amplitude that is too small to see: 0.1 of 1000 pixels.
 constexpr double invisibleFraction = 0.0001;
 
 } // namespace

@@ -11,9 +11,9 @@
 
 namespace tolvane {
 
-/// A number that follows its target like a damped spring, one step a frame, and comes to rest
-/// exactly at the target. A target that changes during the motion is approached from the current
-/// value and velocity.
+/// A number that follows its target like a damped spring, one step per frame, and comes to rest
+/// exactly at the target. If the target changes during the motion, the value continues with its
+/// current velocity.
 ///
 ///     SpringValue { id: height; target: view.isOpen ? 240 : 80 }
 ///
@@ -26,7 +26,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT SpringValue : public QObject, public QQmlPar
     /// Infinite numbers and NaN are ignored; an equal number changes nothing.
     Q_PROPERTY(double target READ target WRITE setTarget NOTIFY targetChanged)
     Q_PROPERTY(double value READ value NOTIFY valueChanged)
-    /// In seconds; at 0 or less, the value follows at once. Changes of `response` and
+    /// In seconds; at 0 or less, the value follows immediately. Changes of `response` and
     /// `dampingFraction` apply from the next target on.
     Q_PROPERTY(double response READ response WRITE setResponse NOTIFY springChanged)
     /// At least 0.05, so that the value comes to rest.
@@ -60,7 +60,7 @@ protected:
     void componentComplete() override { m_isComplete = true; }
 
 private:
-    /// Calls step() once a frame of the display.
+    /// Calls step() once per frame.
     class FrameTicker final : public QAbstractAnimation
     {
     public:

@@ -12,13 +12,13 @@ import Tolvane.Private
 //         model: tickets; delegate: TicketRow { }     // rows
 //     }
 //
-// The sheet is a ListView: rows are created when they become visible, however many the model has.
-// The list's own header item consists of a transparent spacer, through which the header of the view
-// shows, and the content below it. ParallaxSheet draws the background with the rounded corners.
+// The sheet is a ListView, which creates rows when they become visible. The header item of the
+// ListView consists of a transparent spacer, through which the header of this view shows, and the
+// content below it. ParallaxSheet draws the background with the rounded corners.
 //
-// The header of the view is drawn behind the sheet, but its parent is the list. Events that it
-// handles itself, such as a press on a button, reach it through the spacer; a drag or a turn of the
-// wheel over it moves the sheet.
+// The header of this view is drawn behind the sheet, but its parent is the list. It receives events
+// through the spacer, such as a press on one of its buttons. A drag or a turn of the wheel over it
+// moves the sheet.
 Item {
     id: view
 
@@ -26,10 +26,10 @@ Item {
     required property var configuration
     property bool isLandscape: height > 0 && width > height
 
-    /// Takes the width of the view, and the height that ParallaxRules computes.
+    /// Resized to the width of the view and the height that ParallaxRules computes.
     property Component header
-    /// Takes the width of the view and its own implicit height; without rows, it is at least as
-    /// high as `minimumHeight`, so that it fills the sheet.
+    /// Resized to the width of the view and its own implicit height; without rows, to at least
+    /// `minimumHeight`, so that it fills the sheet.
     property Component content
     readonly property real minimumHeight: Math.max(0, rules.sheetHeight - bottomContentMargin)
 
@@ -38,8 +38,7 @@ Item {
     property alias section: list.section
     property alias spacing: list.spacing
     property alias reuseItems: list.reuseItems
-    /// Set to false if the content does not reach into the sheet's corners: rendering is cheaper
-    /// then.
+    /// False makes rendering cheaper, but the content must not extend into the sheet's corners.
     property bool clipsCorners: true
     /// The accessible name of the list, for screen readers.
     property string listName
@@ -89,20 +88,20 @@ Item {
                 rules.setScrollOffset(originY - contentY)
         }
 
-        // Sets the heights of everything above the rows. Bindings would loop: the list applies the
+        // Sets the heights of all items above the rows. Bindings would loop: the list applies the
         // changes of its model while its header is resized.
         //
-        // If anything above the rows is visible, the distance from the top is kept; otherwise the
-        // rows stay in place.
+        // If an item above the rows is visible, the distance from the top stays the same; otherwise
+        // the rows stay in place.
         function updateHeights() {
             if (!headerItem || isUpdatingHeights)
                 return
             const offset = rules.offset
-            const isSeen = -offset <= headerItem.height
+            const isHeaderVisible = -offset <= headerItem.height
             isUpdatingHeights = true
-            content.height = content.wantedHeight()
+            content.height = content.preferredHeight()
             headerItem.height = rules.spacerHeight + content.height
-            if (isSeen)
+            if (isHeaderVisible)
                 contentY = originY - offset
             isUpdatingHeights = false
             updateOffset()
@@ -112,7 +111,7 @@ Item {
         y: rules.collapsedHeight
         width: view.width
         height: rules.sheetHeight
-        // So that even a few rows can be scrolled over the header.
+        // Lets even a few rows scroll over the header.
         bottomMargin: Math.max(view.bottomContentMargin, height + rules.spacerHeight - contentHeight)
         boundsBehavior: Flickable.DragAndOvershootBounds
         currentIndex: -1
@@ -127,7 +126,7 @@ Item {
         Component.onCompleted: contentItem.parent = sheet
     }
 
-    // Runs when all heights are set: a position that was valid before may be out of bounds now.
+    // Runs after all heights have been set: the position may be out of the new bounds.
     Timer {
         id: boundsTimer
 
@@ -162,7 +161,7 @@ Item {
     Loader {
         id: content
 
-        function wantedHeight() {
+        function preferredHeight() {
             if (!item)
                 return 0
             return list.count > 0 ? implicitHeight : Math.max(implicitHeight, view.minimumHeight)

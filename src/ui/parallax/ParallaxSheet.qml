@@ -4,14 +4,14 @@ import Tolvane.Private
 
 // The visible part of the list: its rows and, below them, the background with rounded corners,
 // which moves with the top of the content. The background is not an item of the list, so that it
-// fills the sheet however many rows the list has.
+// fills the sheet even if the list has few rows.
 Item {
     id: sheet
 
     required property color background
     /// The upper edge of the content; 0 once it has reached the top of the sheet.
     required property real contentTop
-    /// Whether the content may reach into the corners, and has to be clipped there, too.
+    /// Clips the content to the corners, too.
     required property bool clipsCorners
 
     clip: true

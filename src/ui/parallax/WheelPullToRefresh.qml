@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// Pulling with a wheel or a trackpad: turning further upwards at the top of a list. Each pull needs
-// a new turn.
+// Pull to refresh with a wheel or a trackpad, by turning upwards at the top of a list. Each pull
+// needs a new turn.
 Item {
     id: pull
 
@@ -13,7 +13,7 @@ Item {
     /// In eighths of a degree, as angleDelta reports it: three notches.
     readonly property int requiredAngle: 360
     property int accumulatedAngle: 0
-    /// Momentum that reaches the top does not count.
+    /// False for a turn that began below the top, and for its momentum: these do not count.
     property bool startedAtTop: false
 
     anchors.fill: parent
@@ -35,7 +35,7 @@ Item {
         }
     }
 
-    // A turn that follows after a longer pause is a new one.
+    // After a longer pause, a new turn begins.
     Timer {
         id: gestureTimeout
 

@@ -8,8 +8,8 @@ namespace tolvane {
 
 namespace {
 
-/// The state is evaluated again only after a change of the progress of more than a twentieth. Two
-/// values with exactly that difference may differ by more because of rounding.
+/// The state is evaluated only when the progress has changed by more than this. The tolerance
+/// absorbs rounding errors of differences that are exactly at the limit.
 constexpr double minimumProgressChange = 0.05;
 constexpr double progressTolerance = 1e-9;
 
@@ -60,7 +60,7 @@ double ParallaxRules::contentTop() const
 
 void ParallaxRules::setScrollOffset(double offset)
 {
-    // Every height depends on the offset, so NaN counts as rest.
+    // NaN would spread to every height.
     m_scrollOffset = std::isnan(offset) ? 0 : offset;
     const double now = progress();
     if (std::abs(now - m_lastScrollProgress) <= minimumProgressChange + progressTolerance)

@@ -9,11 +9,11 @@
 
 namespace tolvane {
 
-/// The geometry of a view in which a sheet scrolls over a header. Uses no window: it takes
-/// measurements, and computes heights and the state of the header.
+/// The geometry of a view in which a sheet scrolls over a header. Does not depend on a window: it
+/// computes heights and the state of the header from measurements.
 ///
 /// Offsets are in pixels: 0 at rest, negative when the sheet is moved up, positive when it is
-/// pulled down beyond its rest.
+/// pulled down from rest.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ParallaxRules
 {
 public:
@@ -32,7 +32,7 @@ public:
     double viewHeight() const { return m_viewHeight; }
     void setViewHeight(double height) { m_viewHeight = height; }
 
-    /// Setting it changes heights but not the state, which changes by scrolling only.
+    /// Setting it changes heights but not the state, which only scrolling changes.
     bool isLandscape() const { return m_isLandscape; }
     void setLandscape(bool isLandscape) { m_isLandscape = isLandscape; }
 
@@ -40,7 +40,8 @@ public:
     double collapsedHeight() const { return heights().collapsedHeight(); }
 
     /// The distance that the sheet moves between opened and collapsed, without the rounded corners,
-    /// which overlap the header. May be negative, for a header that hardly changes.
+    /// which overlap the header. Negative if the two heights of the header differ by less than the
+    /// corners.
     double scrollRange() const;
     /// The height of the transparent space above the content, through which the header shows:
     /// scrollRange(), but not negative.
@@ -55,8 +56,8 @@ public:
     double scrollOffset() const { return m_scrollOffset; }
     ParallaxScrollState state() const { return m_state; }
 
-    /// Sets the measured offset. If scrollRange() is 0 or less, any offset above rest counts as
-    /// full progress.
+    /// Sets the measured offset. If scrollRange() is 0 or less, any negative offset counts as full
+    /// progress.
     void setScrollOffset(double offset);
 
 private:

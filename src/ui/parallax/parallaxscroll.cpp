@@ -9,12 +9,12 @@ namespace tolvane {
 
 namespace {
 
-/// The configuration until one is set: no header.
+/// The initial configuration, without a header.
 const ParallaxHeightConfiguration noHeights(0, 0);
 const ParallaxConfiguration emptyConfiguration(noHeights, noHeights, 0, 1, 0, {}, {});
 
-/// Null if the value has another type. QVariant::value() is not possible: it needs a default
-/// constructor, which these types do not have.
+/// Null if the value has another type. (QVariant::value() needs a default constructor, which these
+/// types do not have.)
 template <typename Type>
 const Type *valueAs(const QVariant &value)
 {
@@ -35,14 +35,14 @@ ParallaxScroll::ParallaxScroll(QObject *parent)
 
 void ParallaxScroll::setConfiguration(const QVariant &configuration)
 {
-    const auto *given = valueAs<ParallaxConfiguration>(configuration);
-    if (!given) {
+    const auto *value = valueAs<ParallaxConfiguration>(configuration);
+    if (!value) {
         qmlWarning(this) << "configuration must be made with Parallax.configuration()";
         return;
     }
-    if (*given == m_rules.configuration())
+    if (*value == m_rules.configuration())
         return;
-    m_rules.setConfiguration(*given);
+    m_rules.setConfiguration(*value);
     Q_EMIT layoutChanged();
 }
 

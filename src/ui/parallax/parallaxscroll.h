@@ -10,7 +10,7 @@
 
 namespace tolvane {
 
-/// ParallaxRules for QML: takes measurements, and provides heights and the state.
+/// ParallaxRules for QML.
 class ParallaxScroll : public QObject
 {
     Q_OBJECT

@@ -29,16 +29,16 @@ ContinuousCorner ContinuousCorner::forRadius(qreal radius, qreal room)
     return {.extent = extent, .exponent = -1 / std::log2(1 - middle / extent)};
 }
 
-QPointF ContinuousCorner::at(qreal angle) const
+QPointF ContinuousCorner::pointAt(qreal angle) const
 {
     return {power(std::cos(angle), 2 / exponent), power(std::sin(angle), 2 / exponent)};
 }
 
-QPointF ContinuousCorner::outwards(qreal angle) const
+QPointF ContinuousCorner::normalAt(qreal angle) const
 {
-    const QPointF place = at(angle);
-    const QPointF slope(power(place.x(), exponent - 1), power(place.y(), exponent - 1));
-    return slope / std::hypot(slope.x(), slope.y());
+    const QPointF point = pointAt(angle);
+    const QPointF gradient(power(point.x(), exponent - 1), power(point.y(), exponent - 1));
+    return gradient / std::hypot(gradient.x(), gradient.y());
 }
 
 } // namespace tolvane

@@ -7,16 +7,15 @@
 
 namespace tolvane {
 
-/// The rounded corner of everything the library draws. Its curvature increases gradually, whereas
-/// that of an arc begins abruptly.
+/// The corner of all rounded shapes in the library. Unlike the curvature of an arc, its curvature
+/// increases gradually.
 ///
-/// It begins half a radius further from the corner than an arc of that radius, and meets the arc in
-/// the middle. It is a quarter of the superellipse x^n + y^n = 1, with the n for which it meets the
-/// arc there. If there is not enough room for that, n is smaller, down to 2: a circle stays a
-/// circle.
+/// It is a quarter of the superellipse x^n + y^n = 1. It begins half a radius further from the
+/// corner than an arc with that radius; n is chosen so that both meet in the middle. In a smaller
+/// shape n is smaller, down to 2, so that a circle stays a circle.
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT ContinuousCorner
 {
-    /// The length of either side that the curve replaces.
+    /// How much of either side the curve replaces.
     qreal extent = 0;
     /// n
     qreal exponent = 2;
@@ -24,10 +23,11 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ContinuousCorner
     /// @param room half of the shorter side of the shape that has the corner
     static ContinuousCorner forRadius(qreal radius, qreal room);
 
-    /// A point of the superellipse around the origin, and the outward normal there; both for an
-    /// extent of 1. Angles from 0 to a quarter of the circle make one corner.
-    QPointF at(qreal angle) const;
-    QPointF outwards(qreal angle) const;
+    /// A point of the superellipse around the origin, for an extent of 1. Angles from 0 to pi / 2
+    /// form one corner.
+    QPointF pointAt(qreal angle) const;
+    /// The outward unit normal at that point.
+    QPointF normalAt(qreal angle) const;
 };
 
 } // namespace tolvane

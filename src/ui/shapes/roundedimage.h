@@ -14,7 +14,7 @@ class RoundedImage : public tolvane::RoundedItem
     Q_PROPERTY(QImage image READ image WRITE setImage NOTIFY imageChanged)
     Q_PROPERTY(tolvane::RoundedImage::FillMode fillMode READ fillMode WRITE setFillMode NOTIFY
                    appearanceChanged)
-    /// Draws the largest circle in the middle, whatever the radius.
+    /// Draws the largest circle in the middle, and ignores the radius.
     Q_PROPERTY(bool circle READ isCircle WRITE setCircle NOTIFY appearanceChanged)
 
 public:

@@ -11,7 +11,7 @@ namespace tolvane {
 
 namespace {
 
-/// Rounds the corners by a shader.
+/// Rounds the corners with a shader.
 class ShaderNode final : public RoundedNode<QImage>
 {
 public:
@@ -101,7 +101,7 @@ private:
     bool m_hasMipmaps = false;
 };
 
-/// The picture as it appears on the screen, painted once: for the renderer without shaders.
+/// Paints the picture as it appears on the screen, for the renderer without shaders.
 QImage painted(const QImage &image, const RoundedShape &shape, qreal pixelRatio)
 {
     const QSize size = (shape.target.size() * pixelRatio).toSize().expandedTo(QSize(1, 1));
@@ -123,7 +123,7 @@ QImage painted(const QImage &image, const RoundedShape &shape, qreal pixelRatio)
     return result;
 }
 
-/// Rounds the corners by QPainter.
+/// Rounds the corners with QPainter.
 class PaintedNode final : public RoundedNode<QImage>
 {
 public:

@@ -8,15 +8,14 @@
 
 namespace tolvane {
 
-/// The base of items with rounded corners. The corners in a mask are rounded, the others are
-/// square.
+/// The base of items with rounded corners.
 class RoundedItem : public QQuickItem
 {
     Q_OBJECT
     QML_ANONYMOUS
     /// In device-independent pixels; never more than half of the shorter side.
     Q_PROPERTY(qreal radius READ radius WRITE setRadius NOTIFY appearanceChanged)
-    /// All by default.
+    /// The corners that are rounded; all by default.
     Q_PROPERTY(tolvane::RoundedItem::Corners corners READ corners WRITE setCorners NOTIFY
                    appearanceChanged)
 
@@ -55,8 +54,8 @@ protected:
         Q_EMIT appearanceChanged();
     }
 
-    /// Updates the node, or creates it, or deletes it if there is nothing to draw.
-    /// @param picture the size of the picture, or of the item for a colour
+    /// Updates the node. Creates it if it is null, and deletes it if there is nothing to draw.
+    /// @param picture the size of the picture; for a colour, the size of the item
     template <typename Fill>
     QSGNode *updateNode(QSGNode *node, const Fill &fill, const QSizeF &picture,
                         FillMode mode = FillMode::stretch)

@@ -102,7 +102,7 @@ QSGMaterialShader *RoundedMaterial::createShader(QSGRendererInterface::RenderMod
 
 int RoundedMaterial::compare(const QSGMaterial *other) const
 {
-    // Each material has its own texture, so no two are equal.
+    // Each material has its own texture, so two materials are never equal.
     return this < other ? -1 : this > other ? 1 : 0;
 }
 

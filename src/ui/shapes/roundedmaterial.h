@@ -10,7 +10,7 @@
 
 namespace tolvane {
 
-/// Draws a texture with rounded corners, antialiased at every scale. For renderers with shaders.
+/// The material of a texture with rounded corners, antialiased at every scale.
 class RoundedMaterial final : public QSGMaterial
 {
 public:

@@ -16,7 +16,7 @@ template <typename Fill>
 class RoundedNode : public QSGNode
 {
 public:
-    /// Creates the kind of node that the window's renderer can draw.
+    /// Creates a node of the type that the window's renderer can draw.
     static RoundedNode *make(QQuickWindow &window);
 
     /// @param pixelRatio device pixels per device-independent pixel

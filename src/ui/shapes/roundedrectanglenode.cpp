@@ -15,13 +15,14 @@ namespace tolvane {
 
 namespace {
 
-/// A corner of a shape: the centre of its curve, the curve as points relative to the centre, and
-/// the fraction of a pixel over which the shape fades out there, horizontally and vertically.
+/// A corner of a shape.
 struct Corner
 {
-    QPointF middle;
+    QPointF center;
     qreal extent;
+    /// Relative to the centre, for an extent of 1.
     std::vector<CurvePoint> curve;
+    /// The width of the antialiased edge, as a fraction of a pixel in either direction.
     QPointF fading;
 };
 
@@ -38,11 +39,11 @@ Corners cornersOf(const RoundedShape &shape)
     for (std::size_t at = 0; at < corners.size(); ++at) {
         const RectangleCorner &corner = rectangleCorners.at(at);
         const qreal extent = shape.corner(corner.index).extent;
-        const bool isEdgeRound = corner.outwards.y() < 0 ? isTopRound : isBottomRound;
-        corners.at(at) = {.middle = corner.placeIn(shape.target) - extent * corner.outwards,
+        const bool isEdgeRound = corner.direction.y() < 0 ? isTopRound : isBottomRound;
+        corners.at(at) = {.center = corner.positionIn(shape.target) - extent * corner.direction,
                           .extent = extent,
                           .curve = shape.curve(corner, steps),
-                          // Another shape may adjoin an edge without a curve: there must be no gap.
+                          // A straight edge may adjoin another shape, without a gap between them.
                           .fading = {1.0, isEdgeRound ? 1.0 : 0.0}};
     }
     return corners;
@@ -54,19 +55,20 @@ class Mesh
 public:
     explicit Mesh(const QColor &color)
     {
-        const auto part = [&color](float value) {
+        const auto channel = [&color](float value) {
             return uchar(std::lround(255 * value * color.alphaF()));
         };
-        m_color.set(0, 0, part(color.redF()), part(color.greenF()), part(color.blueF()), part(1));
+        m_color.set(0, 0, channel(color.redF()), channel(color.greenF()), channel(color.blueF()),
+                    channel(1));
     }
 
-    int add(const QPointF &place, bool isOpaque)
+    int addVertex(const QPointF &position, bool isOpaque)
     {
         QSGGeometry::ColoredPoint2D vertex{};
         if (isOpaque)
             vertex = m_color;
-        vertex.x = float(place.x());
-        vertex.y = float(place.y());
+        vertex.x = float(position.x());
+        vertex.y = float(position.y());
         m_vertices.push_back(vertex);
         return int(m_vertices.size()) - 1;
     }
@@ -96,16 +98,16 @@ private:
     std::vector<quint16> m_indices;
 };
 
-/// A mesh of few large triangles inside, small fans at the corners, and a rim around them that
-/// fades out over a device pixel.
+/// Creates a mesh with few large triangles inside, small fans at the corners, and a rim around them
+/// that fades out over a device pixel.
 /// @param pixel the size of a device pixel
 Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
 {
     Mesh mesh(color);
-    std::array<int, 4> middles{};
+    std::array<int, 4> centers{};
     struct RimPoint
     {
-        int middle;
+        int center;
         int inside;
         int outside;
     };
@@ -113,30 +115,29 @@ Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
     const Corners corners = cornersOf(shape);
     for (std::size_t at = 0; at < corners.size(); ++at) {
         const Corner &corner = corners.at(at);
-        middles.at(at) = mesh.add(corner.middle, true);
-        for (const auto &[direction, outwards] : corner.curve) {
-            const QPointF place = corner.middle + corner.extent * direction;
+        centers.at(at) = mesh.addVertex(corner.center, true);
+        for (const auto &[position, normal] : corner.curve) {
+            const QPointF edge = corner.center + corner.extent * position;
             const QPointF fading =
-                pixel / 2 *
-                QPointF(outwards.x() * corner.fading.x(), outwards.y() * corner.fading.y());
-            rim.push_back({.middle = middles.at(at),
-                           .inside = mesh.add(place - fading, true),
-                           .outside = mesh.add(place + fading, false)});
+                pixel / 2 * QPointF(normal.x() * corner.fading.x(), normal.y() * corner.fading.y());
+            rim.push_back({.center = centers.at(at),
+                           .inside = mesh.addVertex(edge - fading, true),
+                           .outside = mesh.addVertex(edge + fading, false)});
         }
     }
-    mesh.addStrip(middles[0], middles[3], middles[1], middles[2]);
+    mesh.addStrip(centers[0], centers[3], centers[1], centers[2]);
     for (std::size_t at = 0; at < rim.size(); ++at) {
         const RimPoint &here = rim.at(at);
         const RimPoint &next = rim.at((at + 1) % rim.size());
-        mesh.addTriangle(here.middle, here.inside, next.inside);
-        if (here.middle != next.middle)
-            mesh.addTriangle(here.middle, next.inside, next.middle);
+        mesh.addTriangle(here.center, here.inside, next.inside);
+        if (here.center != next.center)
+            mesh.addTriangle(here.center, next.inside, next.center);
         mesh.addStrip(here.inside, here.outside, next.inside, next.outside);
     }
     return mesh;
 }
 
-/// Triangles without a texture: the renderer batches them, however many shapes there are.
+/// Draws triangles without a texture, because the renderer batches those of all shapes.
 class MeshNode final : public RoundedNode<QColor>
 {
 public:
@@ -162,8 +163,8 @@ private:
     QSGGeometryNode m_node;
 };
 
-/// An image of the corners, stretched between them, for the software renderer, which draws no
-/// triangles.
+/// Draws an image of the corners, stretched between them, with the software renderer, which cannot
+/// draw triangles.
 class NinePatchNode final : public RoundedNode<QColor>
 {
 public:

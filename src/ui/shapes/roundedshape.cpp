@@ -47,11 +47,11 @@ std::vector<CurvePoint> RoundedShape::curve(const RectangleCorner &corner, int s
 {
     const ContinuousCorner shape = this->corner(corner.index);
     if (shape.extent <= 0)
-        return {{.place = corner.outwards, .outwards = corner.outwards}};
+        return {{.position = corner.direction, .normal = corner.direction}};
     std::vector<CurvePoint> points;
     for (int step = 0; step <= steps; ++step) {
         const qreal angle = (corner.quarter + qreal(step) / steps) * std::numbers::pi / 2;
-        points.push_back({.place = shape.at(angle), .outwards = shape.outwards(angle)});
+        points.push_back({.position = shape.pointAt(angle), .normal = shape.normalAt(angle)});
     }
     return points;
 }
@@ -63,9 +63,9 @@ QPainterPath RoundedShape::outline(qreal factor) const
     const QRectF rect(QPointF(), target.size());
     for (const RectangleCorner &corner : rectangleCorners) {
         const qreal extent = this->corner(corner.index).extent;
-        const QPointF center = corner.placeIn(rect) - extent * corner.outwards;
+        const QPointF center = corner.positionIn(rect) - extent * corner.direction;
         for (const CurvePoint &point : curve(corner, steps))
-            outline += (center + extent * point.place) * factor;
+            outline += (center + extent * point.position) * factor;
     }
     QPainterPath path;
     path.addPolygon(outline);

@@ -18,35 +18,35 @@ struct RectangleCorner
 {
     /// In the order of RoundedShape::radii.
     std::size_t index;
-    /// Away from the middle of the rectangle: -1 or 1 in either direction.
-    QPointF outwards;
+    /// From the centre of the rectangle: -1 or 1 on either axis.
+    QPointF direction;
     /// The quarter of a circle that rounds it, clockwise from the lower right.
     int quarter;
 
-    QPointF placeIn(const QRectF &rect) const
+    QPointF positionIn(const QRectF &rect) const
     {
-        return {outwards.x() < 0 ? rect.left() : rect.right(),
-                outwards.y() < 0 ? rect.top() : rect.bottom()};
+        return {direction.x() < 0 ? rect.left() : rect.right(),
+                direction.y() < 0 ? rect.top() : rect.bottom()};
     }
 };
 
 /// Clockwise from the top left.
 inline constexpr std::array rectangleCorners = {
-    RectangleCorner{.index = 0, .outwards = {-1, -1}, .quarter = 2},
-    RectangleCorner{.index = 1, .outwards = {1, -1}, .quarter = 3},
-    RectangleCorner{.index = 3, .outwards = {1, 1}, .quarter = 0},
-    RectangleCorner{.index = 2, .outwards = {-1, 1}, .quarter = 1}};
+    RectangleCorner{.index = 0, .direction = {-1, -1}, .quarter = 2},
+    RectangleCorner{.index = 1, .direction = {1, -1}, .quarter = 3},
+    RectangleCorner{.index = 3, .direction = {1, 1}, .quarter = 0},
+    RectangleCorner{.index = 2, .direction = {-1, 1}, .quarter = 1}};
 
-/// A point on the curve of a corner and the outward direction there, for a curve around the origin
+/// A point on the curve of a corner, and the outward normal there. The curve is around the origin
 /// with an extent of 1.
 struct CurvePoint
 {
-    QPointF place;
-    QPointF outwards;
+    QPointF position;
+    QPointF normal;
 };
 
-/// Where a picture is drawn, which part of it is drawn, and how its corners are rounded. All in the
-/// coordinates of the item, except for `source`, which is in pixels of the picture.
+/// A part of a picture (`source`, in pixels of the picture), and the rounded rectangle that shows
+/// it (in coordinates of the item).
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
 {
     QRectF target;
@@ -65,14 +65,14 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
     bool operator==(const RoundedShape &) const = default;
 };
 
-/// How a picture is fitted into its bounds. Fit and Fill keep its aspect ratio.
+/// How a picture is fitted into its bounds. `fit` and `fill` keep its aspect ratio.
 enum class FillMode { stretch, fit, fill };
 
-/// Which corners are rounded, as a mask (1 top left, 2 top right, 4 bottom left, 8 bottom right),
-/// and their radius, which is limited to half of the shorter side.
 struct Rounding
 {
+    /// Limited to half of the shorter side.
     qreal radius = 0;
+    /// The mask of the rounded corners: 1 top left, 2 top right, 4 bottom left, 8 bottom right.
     int corners = 0;
     /// Draws the largest circle in the middle instead.
     bool isCircle = false;
