@@ -4,24 +4,43 @@
 #include <QtCore/QEvent>
 #include <QtGui/QFontInfo>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QPalette>
+#include <QtGui/QStyleHints>
 
 #include <algorithm>
 
 namespace tolvane {
 
+namespace {
+
+SystemAppearance systemAppearance()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    switch (QGuiApplication::styleHints()->colorScheme()) {
+    case Qt::ColorScheme::Light:
+        return SystemAppearance::light;
+    case Qt::ColorScheme::Dark:
+        return SystemAppearance::dark;
+    case Qt::ColorScheme::Unknown:
+        break;
+    }
+#endif
+    return SystemAppearance::unknown;
+}
+
+} // namespace
+
 Theme::Theme(QObject *parent)
     : QObject(parent)
 {
     qGuiApp->installEventFilter(this);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    connect(QGuiApplication::styleHints(), &QStyleHints::colorSchemeChanged, this, &Theme::changed);
+#endif
 }
 
 bool Theme::isDark() const
 {
-    // Qt 6.4 does not report the appearance; a dark one has lighter text than background.
-    const QPalette palette = QGuiApplication::palette();
-    return palette.color(QPalette::WindowText).lightness() >
-           palette.color(QPalette::Window).lightness();
+    return isDarkAppearance(QGuiApplication::palette(), systemAppearance());
 }
 
 const std::optional<QString> &Theme::logoUrl() const
@@ -58,6 +77,16 @@ double Theme::columnInset(double width, double margin) const
 int Theme::scaled(int pixels) const
 {
     return qRound(pixels * textScale(QFontInfo(QGuiApplication::font()).pixelSize()));
+}
+
+bool isDarkAppearance(const QPalette &palette, SystemAppearance system)
+{
+    const bool isFromHost = palette.isBrushSet(QPalette::Active, QPalette::Window);
+    if (system != SystemAppearance::unknown && !isFromHost)
+        return system == SystemAppearance::dark;
+    // A dark appearance has lighter text than background.
+    return palette.color(QPalette::WindowText).lightness() >
+           palette.color(QPalette::Window).lightness();
 }
 
 double textScale(int pixelSize)

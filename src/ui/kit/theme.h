@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
 #include "state/colorscheme.h"
 
 #include <QtCore/QObject>
 #include <QtCore/QUrl>
 #include <QtGui/QColor>
+#include <QtGui/QPalette>
 #include <QtQml/qqmlregistration.h>
 
 namespace tolvane {
@@ -13,6 +15,13 @@ namespace tolvane {
 /// The factor for text sizes if the application's font has this size: 1 for the sizes that systems
 /// use by default, up to 2 if the user or the host has chosen a larger one.
 double textScale(int pixelSize);
+
+enum class SystemAppearance { unknown, light, dark };
+
+/// Whether an application with this palette is to look dark. Colours that the host has set itself
+/// count more than what the system says.
+TOLVANE_VIEWS_AUTOTEST_EXPORT bool isDarkAppearance(const QPalette &palette,
+                                                    SystemAppearance system);
 
 /// The colours of the branding, the neutral colours for a light or dark appearance, and the text
 /// sizes, defined once. Views read the branding when they are created; existing views are notified

@@ -3,6 +3,7 @@
 #include "testing/ui/accessibletree.h"
 #include "testing/ui/messengerfixture.h"
 #include "testing/ui/uirobot.h"
+#include "ui/kit/theme.h"
 
 using namespace tolvane;
 using namespace tolvane::test;
@@ -47,6 +48,23 @@ class HomeTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void theSystemsAppearanceCountsUnlessTheHostHasColours()
+    {
+        using enum SystemAppearance;
+        for (const auto &[color, isFromHost, system, isDark] :
+             {std::tuple(Qt::white, false, unknown, false),
+              {Qt::black, false, unknown, true},
+              {Qt::white, false, dark, true},
+              {Qt::black, false, light, false},
+              {Qt::white, true, dark, false},
+              {Qt::black, true, light, true}}) {
+            QPalette palette(color, color);
+            if (!isFromHost)
+                palette.setResolveMask(0);
+            QCOMPARE(isDarkAppearance(palette, system), isDark);
+        }
+    }
+
     void aPullReloads()
     {
         pull(3, 260, {}, true);
