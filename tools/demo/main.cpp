@@ -25,6 +25,7 @@ const QCommandLineOption tourOption(u"tour"_s,
                                     u"folder"_s);
 const QCommandLineOption briefOption(u"brief"_s,
                                      u"Limits the tour to one window size and appearance."_s);
+const QCommandLineOption logOption(u"log"_s, u"Enables the library's log."_s);
 
 } // namespace
 
@@ -34,10 +35,11 @@ int main(int argc, char **argv)
     QGuiApplication::setApplicationName(u"tolvane-demo"_s);
     QGuiApplication::setApplicationVersion(u"1.4.0"_s);
     QCommandLineParser options;
-    options.addOptions({pushesOption, tourOption, briefOption});
+    options.addOptions({pushesOption, tourOption, briefOption, logOption});
     options.addHelpOption();
     options.process(app);
 
+    tolvane::Tolvane::enableLogging(options.isSet(logOption));
     tolvane::Tolvane::initialize(u"demo-key"_s);
     tolvane::Tolvane::refreshUnread();
     Support support;

@@ -6,11 +6,14 @@
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "ui/home/screendata.h"
+#include "ui/presentation/missingparts.h"
 #include "ui/presentation/viewsengine.h"
 
 #include <QtGui/QGuiApplication>
 #include <QtQml/QQmlComponent>
 #include <QtQml/QQmlEngine>
+
+#include <utility>
 
 namespace tolvane {
 
@@ -33,6 +36,16 @@ std::vector<QQuickItem *> &places()
 {
     static std::vector<QQuickItem *> items;
     return items;
+}
+
+void logMissingParts()
+{
+    static bool isLogged = false;
+    if (!Logger::shared().isEnabled() || std::exchange(isLogged, true))
+        return;
+    const QString parts = missingParts(viewsEngine());
+    if (!parts.isEmpty())
+        Logger::shared().log(LogLevel::warning, QStringLiteral("This system lacks ") + parts);
 }
 
 } // namespace
@@ -109,6 +122,7 @@ void TolvaneViewController::presentIn(QWindow &window, QQuickItem *place)
         m_view->forceActiveFocus();
     m_isOnScreen = true;
     m_data->setShown(true);
+    logMissingParts();
     // Last, since an observer may close the messenger again.
     postDidChangeState(true);
 }

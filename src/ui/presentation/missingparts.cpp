@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "ui/presentation/missingparts.h"
+
+#include <QtCore/QFileInfo>
+#include <QtGui/QFontDatabase>
+#include <QtGui/QImageReader>
+#include <QtQml/QQmlEngine>
+
+#include <algorithm>
+#include <array>
+
+namespace tolvane {
+
+namespace {
+
+bool hasModule(const QQmlEngine &engine, const char *folder)
+{
+    const QStringList paths = engine.importPathList();
+    return std::ranges::any_of(paths, [folder](QString path) {
+        if (path.startsWith(QLatin1String("qrc:")))
+            path.remove(0, 3);
+        return QFileInfo::exists(path + QLatin1Char('/') + QLatin1String(folder) +
+                                 QLatin1String("/qmldir"));
+    });
+}
+
+bool hasDialogs(const QQmlEngine &engine)
+{
+    // As PictureDialog.qml imports them.
+    constexpr std::array modules = {"QtQuick/Dialogs", "Qt/labs/folderlistmodel",
+                                    "QtQuick/Controls", "QtQuick/Layouts"};
+    return std::ranges::all_of(modules,
+                               [&engine](const char *module) { return hasModule(engine, module); });
+}
+
+} // namespace
+
+QString missingParts(const QQmlEngine &engine)
+{
+    QStringList parts;
+    if (QFontDatabase::families().isEmpty())
+        parts << QStringLiteral("fonts (no text is visible)");
+    if (!QImageReader::supportedImageFormats().contains("webp"))
+        parts << QStringLiteral("Qt Image Formats (no WebP pictures)");
+    if (!hasDialogs(engine))
+        parts << QStringLiteral("Qt Quick Dialogs with its modules (no dialogs for pictures)");
+    return parts.join(QLatin1String(", "));
+}
+
+} // namespace tolvane
