@@ -19,7 +19,7 @@ if(PROJECT_IS_TOP_LEVEL)
 
   # A build links many programs, for which the default linker is slow.
   find_program(TOLVANE_LLD ld.lld)
-  if(TOLVANE_LLD)
+  if(TOLVANE_LLD AND UNIX AND NOT APPLE)
     add_link_options(-fuse-ld=lld)
   endif()
 endif()
@@ -32,9 +32,18 @@ target_compile_definitions(tolvane_compiler INTERFACE
   QT_NO_FOREACH
   QT_DISABLE_DEPRECATED_BEFORE=0x060400
   $<$<BOOL:${TOLVANE_DEVELOPER_BUILD}>:TOLVANE_DEVELOPER_BUILD>)
-target_compile_options(tolvane_compiler INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-  $<$<BOOL:${TOLVANE_WARNINGS_AS_ERRORS}>:-Werror>)
+set(clang_warnings
+  -Wcomma -Wconditional-uninitialized -Wextra-semi -Wloop-analysis -Wshadow-all
+  -Wunreachable-code-aggressive -Wunused-exception-parameter)
+if(MSVC)
+  target_compile_options(tolvane_compiler INTERFACE
+    /W4 $<$<BOOL:${TOLVANE_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+  target_compile_options(tolvane_compiler INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    "$<$<CXX_COMPILER_ID:Clang>:${clang_warnings}>"
+    $<$<BOOL:${TOLVANE_WARNINGS_AS_ERRORS}>:-Werror>)
+endif()
 
 if(TOLVANE_SANITIZE)
   # Reports need line numbers only; debug data of variables takes a sixth of the build time.

@@ -8,12 +8,17 @@ set(TOLVANE_INSTALL_QMLDIR "${CMAKE_INSTALL_LIBDIR}/qt6/qml" CACHE STRING
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/TolvaneSdk")
 
 # Relative, so that the installed prefix can be moved.
+if(APPLE)
+  set(origin "@loader_path")
+else()
+  set(origin "$ORIGIN")
+endif()
 set_target_properties(TolvaneCore PROPERTIES EXPORT_NAME Core INSTALL_RPATH "")
-set_target_properties(TolvaneSdk PROPERTIES EXPORT_NAME Sdk INSTALL_RPATH "$ORIGIN")
+set_target_properties(TolvaneSdk PROPERTIES EXPORT_NAME Sdk INSTALL_RPATH "${origin}")
 
 set(parts Core Sdk)
 if(TARGET TolvaneWidgets)
-  set_target_properties(TolvaneWidgets PROPERTIES EXPORT_NAME Widgets INSTALL_RPATH "$ORIGIN")
+  set_target_properties(TolvaneWidgets PROPERTIES EXPORT_NAME Widgets INSTALL_RPATH "${origin}")
   list(APPEND parts Widgets)
 endif()
 
@@ -71,7 +76,7 @@ if(TARGET TolvaneQmlPlugin)
   set(module_dir "${TOLVANE_INSTALL_QMLDIR}/Tolvane")
   cmake_path(SET lib_from_module "/prefix/${CMAKE_INSTALL_LIBDIR}")
   cmake_path(RELATIVE_PATH lib_from_module BASE_DIRECTORY "/prefix/${module_dir}")
-  set_target_properties(TolvaneQmlPlugin PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_module}")
+  set_target_properties(TolvaneQmlPlugin PROPERTIES INSTALL_RPATH "${origin}/${lib_from_module}")
   install(TARGETS TolvaneQmlPlugin DESTINATION "${module_dir}" COMPONENT qml)
   # The qmldir of the build is for hosts that link the library. The installed one also names the plugin.
   get_target_property(built TolvaneQmlApi QT_QML_MODULE_OUTPUT_DIRECTORY)
