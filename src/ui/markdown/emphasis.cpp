@@ -11,7 +11,7 @@ bool matches(const InlineSpan &opener, const InlineSpan &closer)
 {
     if (opener.delimiter != closer.delimiter || !opener.canOpen || opener.unmatched == 0)
         return false;
-    // Some runs that could both open and close do not match each other, as in a*b**c*.
+    // CommonMark's "rule of 3" for runs that can both open and close, as in a*b**c*.
     const bool isAmbiguous = opener.canClose || closer.canOpen;
     return !isAmbiguous || (opener.length + closer.length) % 3 != 0 ||
            (opener.length % 3 == 0 && closer.length % 3 == 0);
@@ -34,7 +34,7 @@ void style(InlineSpans &spans, qsizetype opener, qsizetype closer)
                                                          : emphasis;
     for (qsizetype at = opener + 1; at < closer; ++at) {
         spans[at].styles |= style;
-        // Styles nest: runs between the two can no longer open one.
+        // Styles must nest, so runs between the two can no longer open one.
         spans[at].canOpen = false;
     }
     spans[opener].unmatched -= isDouble ? 2 : 1;

@@ -41,8 +41,8 @@ QString html(const InlineSpan &span, const QString &emojiFamily)
     return html;
 }
 
-/// Merges adjacent spans that look alike, so that much punctuation adds no elements.
-InlineSpans joined(const InlineSpans &spans)
+/// Merges adjacent spans with equal styles and links: unmatched delimiters are spans of their own.
+InlineSpans merged(const InlineSpans &spans)
 {
     InlineSpans result;
     for (const InlineSpan &span : spans) {
@@ -69,7 +69,7 @@ QString textOf(const InlineSpans &spans)
 
 FormattedText inlineMarkdown(const QString &source, const QString &emojiFamily)
 {
-    const InlineSpans spans = joined(parseInline(source));
+    const InlineSpans spans = merged(parseInline(source));
     FormattedText result;
     QString body;
     for (const InlineSpan &span : spans) {

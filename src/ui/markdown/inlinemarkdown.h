@@ -29,12 +29,12 @@ public:
     bool operator==(const FormattedText &) const = default;
 };
 
-/// Converts inline Markdown: emphasis, strong, strikethrough, code and links. Everything else,
-/// blocks, images and HTML included, stays as it was written, with its line breaks and spaces. The
-/// HTML consists of escaped text and six elements, b, i, s, code, br and a, in one div; links are
-/// https, http and mailto only; it has nothing that could be fetched. With a family of a font for
-/// emoji, these are in spans with that font. The time may be quadratic in
-/// the length: this is meant for chunks of a few thousand characters.
+/// Converts inline Markdown: emphasis, strong, strikethrough, code and links. All other text stays
+/// as it was written, with its line breaks and spaces; this includes blocks, images and HTML. The
+/// HTML consists of escaped text and six elements (b, i, s, code, br and a) in one div. It loads no
+/// resources, and its links use only https, http and mailto. If `emojiFamily` is not empty, emoji
+/// are in spans with that font. The time may be quadratic in the length, so the source should be a
+/// chunk of a few thousand characters.
 TOLVANE_VIEWS_AUTOTEST_EXPORT FormattedText inlineMarkdown(const QString &source,
                                                            const QString &emojiFamily = {});
 

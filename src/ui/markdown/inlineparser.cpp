@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/markdown/inlineparser.h"
 
-#include "ui/markdown/linktext.h"
+#include "ui/markdown/links.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringView>
-#include <QtCore/QUrl>
-#include <QtCore/QUrlQuery>
 
 #include <algorithm>
 #include <optional>
@@ -51,9 +49,10 @@ private:
         bool isImage;
     };
 
-    QChar at(qsizetype place) const
+    /// A line break outside of the text.
+    QChar at(qsizetype position) const
     {
-        return place >= 0 && place < m_source.size() ? m_source.at(place) : QChar(u'\n');
+        return position >= 0 && position < m_source.size() ? m_source.at(position) : QChar(u'\n');
     }
 
     bool readSpecial()
@@ -122,7 +121,7 @@ private:
             const qsizetype closing = runLength(end);
             if (closing == length) {
                 QStringView text = m_source.sliced(begin, end - begin);
-                // A space on either side is removed: code may begin or end with a backtick.
+                // Spaces separate backticks at the ends of the code from its delimiters.
                 if (text.startsWith(u' ') && text.endsWith(u' ') && !text.trimmed().isEmpty())
                     text = text.sliced(1).chopped(1);
                 add({.text = text.toString(), .styles = code}, end + closing - m_at);
@@ -144,7 +143,7 @@ private:
                                                          before.isSpace() || isPunctuation(before));
         const bool isRightFlanking = !before.isSpace() && (!isPunctuation(before) ||
                                                            after.isSpace() || isPunctuation(after));
-        // Names like snake_case_names stay as they are, and so does "about ~5".
+        // Leaves snake_case_names and "about ~5" unchanged.
         const bool isUnderscore = delimiter == u'_';
         const bool isStyle = delimiter != u'~' || length == 2;
         InlineSpan span = {.delimiter = delimiter, .length = int(length), .unmatched = int(length)};
@@ -171,7 +170,7 @@ private:
         return true;
     }
 
-    /// A bare URL, without any delimiters.
+    /// Reads a URL without delimiters around it.
     bool readBareUrl()
     {
         const QStringView rest = m_source.sliced(m_at);
@@ -189,7 +188,7 @@ private:
         return true;
     }
 
-    /// Excludes punctuation that ends the sentence, and a parenthesis that was opened before.
+    /// Excludes punctuation at the end, and a parenthesis that was opened before the URL.
     static qsizetype bareUrlLength(QStringView text)
     {
         qsizetype open = text.count(u'(') - text.count(u')');
@@ -211,7 +210,7 @@ private:
         return true;
     }
 
-    /// The end and the URL of the link target that begins with the parenthesis at `from`.
+    /// The end and the URL of the link target whose opening parenthesis is at `from`.
     std::optional<std::pair<qsizetype, QString>> linkTarget(qsizetype from) const
     {
         static const QRegularExpression form(
@@ -241,8 +240,7 @@ private:
             text += m_spans.at(span).text;
         }
         m_spans += {.text = linkAddition(text, link), .link = link};
-        // Links do not nest.
-        m_brackets.clear();
+        m_brackets.clear(); // Links do not nest.
         m_isTextLast = false;
         m_at = found->first;
         return true;
@@ -257,33 +255,6 @@ private:
 };
 
 } // namespace
-
-namespace {
-
-/// A mail program could attach a file of the customer's.
-QUrl withoutAttachments(QUrl url)
-{
-    QUrlQuery query(url);
-    for (const auto &[name, value] : query.queryItems()) {
-        if (name.startsWith(u"attach", Qt::CaseInsensitive))
-            query.removeAllQueryItems(name);
-    }
-    url.setQuery(query.isEmpty() ? QString() : query.query(QUrl::FullyEncoded));
-    return url;
-}
-
-} // namespace
-
-QString allowedLink(const QString &address)
-{
-    const QUrl url(address, QUrl::StrictMode);
-    const QString scheme = url.scheme();
-    const bool isWeb = scheme == QLatin1String("https") || scheme == QLatin1String("http");
-    const bool isMail = scheme == QLatin1String("mailto");
-    if (!url.isValid() || !((isWeb && !url.host().isEmpty()) || (isMail && !url.path().isEmpty())))
-        return {};
-    return QString::fromLatin1((isMail ? withoutAttachments(url) : url).toEncoded());
-}
 
 InlineSpans parseInline(const QString &source)
 {

@@ -16,7 +16,7 @@ struct InlineSpan
     /// The percent-encoded URL of a link; else empty.
     QString link = {};
 
-    /// For a run of * or _ or ~: its length, how much of it is unmatched, and its possible roles.
+    /// For a run of * or _ or ~: its length, the number of unmatched characters, and its roles.
     QChar delimiter = {};
     int length = 0;
     int unmatched = 0;
@@ -26,15 +26,11 @@ struct InlineSpan
 
 using InlineSpans = QList<InlineSpan>;
 
-/// Parses a text: recognises links and code, and applies emphasis.
+/// Parses links and code, and applies emphasis.
 InlineSpans parseInline(const QString &source);
 
-/// Turns runs of delimiters from `first` on into styles of the text between them, by CommonMark's
-/// rules; unmatched delimiters stay as text.
+/// Converts runs of delimiters from `first` on into styles of the text between them, by the rules
+/// of CommonMark; unmatched delimiters stay as text.
 void applyEmphasis(InlineSpans &spans, qsizetype first);
-
-/// The percent-encoded URL of a link, without attachments to a mail; empty unless it is a valid one
-/// for https, http or mailto.
-QString allowedLink(const QString &address);
 
 } // namespace tolvane::markdown

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ui/markdown/linktext.h"
+#include "ui/markdown/links.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QUrl>
+#include <QtCore/QUrlQuery>
 
 #include <algorithm>
 
@@ -10,7 +11,20 @@ namespace tolvane::markdown {
 
 namespace {
 
-/// Direction marks and other invisible characters could hide an address from its comparison.
+/// A mail program could attach a file from the customer's device.
+QUrl withoutAttachments(QUrl url)
+{
+    QUrlQuery query(url);
+    for (const auto &[name, value] : query.queryItems()) {
+        if (name.startsWith(u"attach", Qt::CaseInsensitive))
+            query.removeAllQueryItems(name);
+    }
+    url.setQuery(query.isEmpty() ? QString() : query.query(QUrl::FullyEncoded));
+    return url;
+}
+
+/// Removes direction marks and other invisible characters, which would defeat the comparison of
+/// addresses.
 QString visibleText(const QString &text)
 {
     QString visible = text;
@@ -37,6 +51,17 @@ QString withoutWww(const QString &host)
 }
 
 } // namespace
+
+QString allowedLink(const QString &address)
+{
+    const QUrl url(address, QUrl::StrictMode);
+    const QString scheme = url.scheme();
+    const bool isWeb = scheme == QLatin1String("https") || scheme == QLatin1String("http");
+    const bool isMail = scheme == QLatin1String("mailto");
+    if (!url.isValid() || !((isWeb && !url.host().isEmpty()) || (isMail && !url.path().isEmpty())))
+        return {};
+    return QString::fromLatin1((isMail ? withoutAttachments(url) : url).toEncoded());
+}
 
 QString linkAddition(const QString &text, const QString &address)
 {
