@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Attaches image files that are dropped on a conversation, with a hint while they are over it.
+// Attaches image files that are dropped on a conversation. Shows a hint during the drag.
 DropArea {
     id: area
 

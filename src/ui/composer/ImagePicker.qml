@@ -2,7 +2,7 @@
 import QtQuick.Dialogs
 import Tolvane.Private
 
-// The system's file dialog, for any number of pictures.
+// The file dialog for attaching pictures.
 PictureDialog {
     required property var patterns
 

@@ -30,10 +30,10 @@ FocusScope {
         Accessible.role: Accessible.List
         Accessible.name: Strings.string("accessibility_attach")
         onCountChanged: {
-            place.showsNewest = count > place.previousCount
-            place.previousCount = count
-            if (place.showsNewest || thumbnails.LayoutMirroring.enabled)
-                place.start()
+            scrollTimer.showsNewest = count > scrollTimer.previousCount
+            scrollTimer.previousCount = count
+            if (scrollTimer.showsNewest || thumbnails.LayoutMirroring.enabled)
+                scrollTimer.start()
             if (count === 0 && activeFocus)
                 thumbnails.emptied()
         }
@@ -68,9 +68,10 @@ FocusScope {
             onRemoved: thumbnails.composer.removeAttachment(index)
         }
 
-        // Shows the newest picture. A mirrored list does not follow its beginning when that moves.
+        // Scrolls to the newest picture. After a removal, scrolls a mirrored list back to its
+        // beginning, which ListView does not do.
         Timer {
-            id: place
+            id: scrollTimer
 
             property int previousCount: 0
             property bool showsNewest: false

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Opens the system's picker for pictures and attaches the picked files.
+// Opens the image picker and attaches the picked files.
 IconButton {
     id: button
 

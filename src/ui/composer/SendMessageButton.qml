@@ -7,7 +7,7 @@ FocusScope {
     id: button
 
     required property ComposerData composer
-    /// Whether an input method is composing text, which would be sent too.
+    /// True while an input method composes text, which is sent, too.
     property bool isComposing: false
 
     signal clicked()
@@ -28,7 +28,7 @@ FocusScope {
         shortcut: ViewOptions.enterSends ? "Enter" : "Ctrl+Enter"
         onClicked: button.clicked()
 
-        // The plane points in the direction of writing.
+        // The icon points in the reading direction.
         transform: Scale {
             origin.x: button.width / 2
             xScale: button.LayoutMirroring.enabled ? -1 : 1

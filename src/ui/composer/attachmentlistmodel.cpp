@@ -16,8 +16,8 @@ namespace {
 
 constexpr int thumbnailSide = 150;
 
-/// Whether both have the same name and share their bytes. The bytes are not compared: there may be
-/// many of them, and each key that is typed leads here.
+/// True if both have the same name and implicitly share their bytes. Comparing the bytes would take
+/// too long after each change of the draft.
 bool isSame(const AttachmentDto &one, const AttachmentDto &other)
 {
     return one.name == other.name && one.mimeType == other.mimeType &&
@@ -32,7 +32,7 @@ bool contains(const QList<AttachmentDto> &list, const AttachmentDto &attachment)
 
 QSize thumbnailSize()
 {
-    // The highest ratio of all screens, as the window may move to another one.
+    // For the screen with the highest ratio: the window may move to another screen.
     const int side = qCeil(thumbnailSide * qGuiApp->devicePixelRatio());
     return {side, side};
 }
@@ -52,7 +52,7 @@ void AttachmentListModel::setAttachments(const QList<AttachmentDto> &attachments
         if (contains(m_undecodable, attachment))
             continue;
         insertOrMove(attachment, row);
-        // Decoding may have ended at once, and removed the row.
+        // Decoding may have failed immediately, and removed the row.
         if (!contains(m_undecodable, attachment))
             ++row;
     }

@@ -10,8 +10,8 @@
 
 namespace tolvane {
 
-/// The attachments being composed, as rows with thumbnails, each decoded once on the workers.
-/// Attachments that can't be decoded have no row. Main thread.
+/// The attachments of the draft, as rows with thumbnails. Each thumbnail is decoded once, on the
+/// workers. Attachments that cannot be decoded have no row. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT AttachmentListModel final : public QAbstractListModel
 {
     Q_OBJECT

@@ -9,8 +9,7 @@
 
 namespace tolvane {
 
-/// ComposerRules for QML: takes measured heights and provides the heights of the items. Lengths are
-/// in device-independent pixels.
+/// ComposerRules for QML. Lengths are in device-independent pixels.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerLayout : public QObject
 {
     Q_OBJECT
@@ -25,7 +24,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerLayout : public QObject
     /// The height at which the editor begins to scroll.
     Q_PROPERTY(double editorMaxHeight READ editorMaxHeight NOTIFY heightsChanged)
     Q_PROPERTY(double stripHeight READ stripHeight NOTIFY heightsChanged)
-    /// The height of the text that was last applied; 0 before the first.
+    /// The last applied height of the text; 0 before the first.
     Q_PROPERTY(double measuredHeight READ measuredHeight NOTIFY measuredHeightChanged)
     Q_PROPERTY(double editorHeight READ editorHeight NOTIFY measuredHeightChanged)
 
@@ -44,10 +43,10 @@ public:
     double measuredHeight() const { return m_measuredHeight; }
     double editorHeight() const { return m_rules.editorHeight(m_measuredHeight); }
 
-    /// Sets the height of the text with its padding. It is applied in the next turn of the event
-    /// loop, as a layout in progress must not be changed.
+    /// Sets the height of the text with its padding. It is applied in the next iteration of the
+    /// event loop, because a running layout must not change.
     Q_INVOKABLE void setTextHeight(double height);
-    /// The radius of the bar for a height of the editor, also during an animation of the height.
+    /// The radius of the bar for a height of the editor, which may be animated.
     Q_INVOKABLE double cornerRadius(double height) const { return m_rules.cornerRadius(height); }
 
 Q_SIGNALS:

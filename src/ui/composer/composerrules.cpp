@@ -10,15 +10,15 @@ namespace {
 
 constexpr double deadBand = 0.5;
 constexpr double minRadius = 14;
-/// At this height a picture is still recognisable and its button can be hit.
+/// At this height, a picture is still recognisable, and a finger can hit its button.
 constexpr double minStripHeight = 56;
 
 } // namespace
 
-std::optional<double> ComposerRules::update(double measured, double present, double limit) const
+std::optional<double> ComposerRules::update(double measured, double current, double limit) const
 {
     const double clamped = std::max(std::min(measured, limit), editorMinHeight);
-    if (std::abs(clamped - present) > deadBand)
+    if (std::abs(clamped - current) > deadBand)
         return clamped;
     return std::nullopt;
 }
@@ -40,8 +40,8 @@ double ComposerRules::cornerRadius(double measuredHeight) const
 ComposerRules::Heights ComposerRules::fit(double available, bool hasThumbnails) const
 {
     const double inside = available - 2 * editorVerticalPadding;
-    const double wanted = hasThumbnails ? stripHeight + stripSpacing : 0;
-    const double editor = std::clamp(inside - wanted, editorMinHeight, editorMaxHeight);
+    const double fullStrip = hasThumbnails ? stripHeight + stripSpacing : 0;
+    const double editor = std::clamp(inside - fullStrip, editorMinHeight, editorMaxHeight);
     const double strip = std::clamp(inside - editor - stripSpacing, minStripHeight, stripHeight);
     return {.editor = editor, .strip = hasThumbnails ? strip : 0};
 }

@@ -28,21 +28,22 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerRules
     static constexpr double stripHeight = 150;
     static constexpr double stripSpacing = 4;
 
-    /// The height that replaces the present one, if the measured height of the text differs enough
-    /// from it. A fraction of a pixel must not trigger another layout.
-    /// @param measured the height of the text, its padding included
+    /// The height that replaces the current one. Absent if both are almost equal: a fraction of a
+    /// pixel must not trigger another layout.
+    /// @param measured the height of the text with its padding
     /// @param limit the height at which the editor begins to scroll
-    std::optional<double> update(double measured, double present, double limit) const;
+    std::optional<double> update(double measured, double current, double limit) const;
 
     /// The height of the editor.
-    /// @param measuredHeight the height that was last applied; 0 before the first
+    /// @param measuredHeight the last applied height; 0 before the first
     double editorHeight(double measuredHeight) const;
 
-    /// The radius of the bar's corners: a capsule at rest, smaller the higher the bar grows.
+    /// The radius of the bar's corners. The bar is a capsule at its lowest height; the radius
+    /// decreases as it grows.
     double cornerRadius(double measuredHeight) const;
 
-    /// Fits editor and strip into a height. The editor shrinks first, as it can scroll; then the
-    /// pictures do. Neither gets smaller than its minimum height, even if it doesn't fit.
+    /// Fits editor and strip into a height. The editor shrinks first, since it can scroll, then the
+    /// strip. Both keep their minimum heights, even if these do not fit.
     Heights fit(double available, bool hasThumbnails) const;
 };
 

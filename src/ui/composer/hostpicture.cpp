@@ -10,8 +10,8 @@ namespace tolvane::hostpicture {
 
 namespace {
 
-/// Draws a scene that contains the messenger.
-QImage grabWithout(QQuickItem &view, QQuickWindow &window)
+/// Draws a scene without the messenger, which is an item in it.
+QImage grabWithoutMessenger(QQuickItem &view, QQuickWindow &window)
 {
     QQuickItem *messenger = &view;
     while (messenger->parentItem() && messenger->parentItem() != window.contentItem())
@@ -24,8 +24,8 @@ QImage grabWithout(QQuickItem &view, QQuickWindow &window)
     return picture;
 }
 
-/// The library does not link QtWidgets. The focus object of a window of widgets is a widget, and
-/// QWidget::grab() can be called by its name.
+/// Draws a window of widgets. The library does not link QtWidgets, but the focus object of such a
+/// window is a widget, and QWidget::grab() can be called by its name.
 QImage grabWidgets(const QWindow &window)
 {
     QObject *widget = window.focusObject();
@@ -42,12 +42,12 @@ QImage grabWidgets(const QWindow &window)
 
 QImage grab(QQuickItem &view)
 {
-    QQuickWindow *shownIn = view.window();
-    if (!shownIn)
+    QQuickWindow *window = view.window();
+    if (!window)
         return {};
-    if (!shownIn->property("isMessenger").toBool())
-        return grabWithout(view, *shownIn);
-    const QWindow *host = shownIn->parent() ? shownIn->parent() : shownIn->transientParent();
+    if (!window->property("isMessenger").toBool())
+        return grabWithoutMessenger(view, *window);
+    const QWindow *host = window->parent() ? window->parent() : window->transientParent();
     return host ? grabWidgets(*host) : QImage();
 }
 

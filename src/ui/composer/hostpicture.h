@@ -7,12 +7,11 @@
 
 class QQuickItem;
 
-/// A picture of the host's window, without the messenger. Never shows anything else of the screen.
+/// Pictures of the host's window without the messenger, and without the rest of the screen.
 namespace tolvane::hostpicture {
 
-/// @param view any view of the messenger that is on screen
-/// @return null if the host's window can't be drawn into a picture: it is neither of Qt Quick nor
-/// of Qt Widgets
+/// @param view any visible view of the messenger
+/// @return null if the host's window has neither Qt Quick items nor widgets
 TOLVANE_VIEWS_AUTOTEST_EXPORT QImage grab(QQuickItem &view);
 
 } // namespace tolvane::hostpicture

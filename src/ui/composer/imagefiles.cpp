@@ -17,7 +17,7 @@ namespace {
 constexpr std::array suffixes = {"png", "jpg",  "jpeg", "gif",  "webp", "bmp",
                                  "tif", "tiff", "heic", "heif", "avif"};
 
-/// The pickers of some systems return URLs that are not paths; QFile opens those as they are.
+/// Android's picker returns content URLs, which QFile opens as they are.
 QString pathOf(const QUrl &file)
 {
     return file.isLocalFile() ? file.toLocalFile() : file.toString();
@@ -36,18 +36,18 @@ QByteArray bytesOf(const QUrl &url)
     if (url.isLocalFile() && !QFileInfo(url.toLocalFile()).isFile())
         return {};
     QFile file(pathOf(url));
-    // A film is not read whole to find that out.
+    // The head is enough to reject a large file that is not a picture.
     constexpr qint64 headSize = 16'384;
     if (!file.open(QIODevice::ReadOnly) || pictureType(file.peek(headSize)).isEmpty())
         return {};
     return file.readAll();
 }
 
-/// A name that is safe in the header of a multipart form's part, where nothing is escaped.
+/// Replaces characters that would have to be escaped in the header of a multipart form's part.
 QString sanitized(QString name)
 {
-    static const QRegularExpression unsound(QStringLiteral("[\\x00-\\x1f\\x7f\"\\\\]"));
-    return name.replace(unsound, QStringLiteral("_"));
+    static const QRegularExpression unsafe(QStringLiteral("[\\x00-\\x1f\\x7f\"\\\\]"));
+    return name.replace(unsafe, QStringLiteral("_"));
 }
 
 QString nameOf(const QString &fileName, const QByteArray &bytes)

@@ -9,7 +9,7 @@
 
 namespace tolvane {
 
-/// Functions for a text editor that QML does not provide.
+/// Functions of text editors that are missing in QML.
 class TextEditHelper : public QObject
 {
     Q_OBJECT
@@ -20,14 +20,13 @@ public:
     using QObject::QObject;
 
     /// Makes an editor draw only the text that its Flickable shows: a megabyte of text would take
-    /// seconds a frame. TextEdit does so by itself for text that is set, but not for text that is
-    /// pasted.
+    /// seconds per frame. TextEdit does so by itself for a long `text`, but not for pasted text.
     Q_INVOKABLE void observeViewport(QQuickItem *editor)
     {
         editor->setFlag(QQuickItem::ItemObservesViewport);
     }
 
-    /// Makes the text that the input method is composing a part of the editor's text.
+    /// Adds the text that an input method is composing to the editor's text.
     Q_INVOKABLE void commit() { QGuiApplication::inputMethod()->commit(); }
 };
 

@@ -3,8 +3,8 @@ import QtQuick
 import QtQuick.Window
 import Tolvane.Private
 
-// As high as the part of the window that the on-screen keyboard covers: 0 where the system shrinks
-// the window instead.
+// An item as high as the part of the window that the on-screen keyboard covers. The height is 0 on
+// systems that shrink the window instead.
 Item {
     readonly property real windowHeight: Window.height
 

@@ -60,7 +60,8 @@ void DialogLayer::open(QObject *dialog)
     m_dialog = dialog;
     m_focusItem = window ? window->activeFocusItem() : nullptr;
     m_dialogConfirms = true;
-    connect(dialog, SIGNAL(visibleChanged()), this, SLOT(handleVisibleChange()), Qt::UniqueConnection);
+    connect(dialog, SIGNAL(visibleChanged()), this, SLOT(handleVisibleChange()),
+            Qt::UniqueConnection);
     QMetaObject::invokeMethod(dialog, "open");
 }
 

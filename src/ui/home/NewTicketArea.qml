@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The floating button for a new ticket above the list. It is hidden while the list loads.
+// The floating button for a new ticket, over the list. It is hidden while the list loads.
 Item {
     id: area
 

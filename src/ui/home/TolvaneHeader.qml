@@ -2,14 +2,14 @@
 import QtQuick
 import Tolvane.Private
 
-// The branded part of the home screen: logo and greeting. It has two layouts, and changes from one
-// to the other as the list is scrolled. The heights are fixed, so each layout limits its text size.
+// The branded part of the home screen: logo and greeting. Scrolling the list fades between its two
+// layouts. Their heights are fixed, so each layout limits its text size.
 Rectangle {
     id: header
 
     property bool isCollapsed: false
     property bool isLandscape: false
-    /// How far the sheet is pulled down: from 1 on, releasing it loads the list again.
+    /// How far the sheet is pulled down. From 1 on, releasing it loads the list again.
     property real pullProgress: 0
 
     color: Theme.primaryColor
@@ -24,7 +24,7 @@ Rectangle {
         logoRadius: header.isLandscape ? 8 : 12
     }
 
-    // Created before it is needed for scrolling, but after everything else is shown.
+    // Created after the first frames, but usually before the first scrolling.
     Loader {
         id: collapsed
 

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The placeholder of the header until the settings have arrived.
+// The placeholder of the header until the settings are loaded.
 Rectangle {
     id: header
 

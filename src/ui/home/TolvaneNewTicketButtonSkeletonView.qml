@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The placeholder of the button for a new ticket until the settings have arrived.
+// The placeholder of the button for a new ticket until the settings are loaded.
 Item {
     implicitHeight: button.height + Metrics.WidePadding
 

@@ -6,7 +6,7 @@ import Tolvane.Private
 PopupMenu {
     id: menu
 
-    /// Emitted before a paste. The owner handles the paste itself by setting `event.accepted`.
+    /// Emitted before a paste. A handler that pastes something itself sets `event.accepted`.
     signal pasteRequested(var event)
 
     function openFor(input: TextEdit, position: point) {

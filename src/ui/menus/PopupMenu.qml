@@ -3,7 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
-// A menu over the whole window. A press beside it, Escape or Back closes it, and the focus returns.
+// A popup menu. It covers the whole window, so that a press beside it closes it. Escape and Back
+// close it, too. The previous item then has the focus again.
 FocusScope {
     id: menu
 
@@ -32,9 +33,9 @@ FocusScope {
         previousFocusItem?.forceActiveFocus()
     }
 
-    // Moves the focus to the next entry that is enabled, around the ends of the menu.
     property int current: -1
 
+    // Moves the focus to the next enabled entry, and from either end of the menu to the other.
     function step(by: int) {
         for (let tried = 0; tried < entries.length; ++tried) {
             current = (current + by + entries.length) % entries.length

@@ -22,7 +22,7 @@ Item {
         (cells.itemAt(index) as AttachmentThumbnail).open()
     }
 
-    // Cells of a row that is not full are on that side as well.
+    // Also the side of the cells in a row that is not full.
     readonly property bool isRight: isCustomer !== LayoutMirroring.enabled
 
     implicitWidth: layout.columns * (layout.cellSize + spacing) - spacing
@@ -42,7 +42,7 @@ Item {
 
             readonly property int row: Math.floor(index / layout.columns)
             readonly property int column: index % layout.columns
-            // The number of cells between this one and the side.
+            // The number of cells between this one and the sender's side.
             readonly property int cellsFromEdge: grid.isCustomer ? Math.min(layout.columns, layout.count
                                                               - row * layout.columns) - 1 - column
                                                             : column
@@ -52,7 +52,7 @@ Item {
             y: row * (layout.cellSize + grid.spacing)
             width: layout.cellSize
             height: layout.cellSize
-            // Reads the total, so that each change of the attachments evaluates the binding again.
+            // Reads `total`, because its notification re-evaluates the binding.
             imageUrl: index < layout.total ? layout.url(index) : ""
             cornerRadius: grid.cornerRadius
             remainingCount: index < layout.total ? layout.remaining(index) : 0

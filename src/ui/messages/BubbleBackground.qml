@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// The background of a message: rounded, except for the lower corner on the side of the sender. The
-// parts of a long message have square corners between them.
+// The background of a message. Its corners are rounded, except for the lower one on the side of the
+// sender, and those between the rows of a long message.
 RoundedRectangle {
     required property bool isRight
     property bool isFirst: true

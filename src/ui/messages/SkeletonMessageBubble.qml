@@ -56,7 +56,7 @@ Item {
             }
         }
 
-        // Over the bubble only: on the empty background beside it, it would look like a box.
+        // Only over the bubble: beside it, the shimmer would look like a box.
         Shimmer { }
     }
 

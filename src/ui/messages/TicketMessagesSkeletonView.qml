@@ -3,7 +3,7 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
-// The placeholder of a conversation that is loading, below the message that is already known.
+// The placeholder of a conversation that is loading, below the message from the list of tickets.
 Item {
     id: skeleton
 

@@ -35,7 +35,7 @@ Item {
         }
     }
 
-    // One tick per frame; the time comes from the clock.
+    // Triggers an update per frame. The time itself comes from the clock.
     NumberAnimation {
         id: ticks
 

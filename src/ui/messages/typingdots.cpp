@@ -33,8 +33,8 @@ double TypingDots::opacity(int dot, double time) const
 
 double TypingDots::now() const
 {
-    constexpr qint64 beginning = 978'307'200'000;
-    return double(platform().clock->now().toMSecsSinceEpoch() - beginning) / 1000;
+    constexpr qint64 epoch = 978'307'200'000;
+    return double(platform().clock->now().toMSecsSinceEpoch() - epoch) / 1000;
 }
 
 } // namespace tolvane

@@ -8,9 +8,8 @@
 
 namespace tolvane {
 
-/// The wave of the typing dots: the look of a dot as a function of time. It has no state, so that
-/// the dots stay in phase after any pause. Lengths are in device-independent pixels, times in
-/// seconds.
+/// The animation of the typing dots, as functions of the time. Without a state, the dots stay in
+/// phase after a pause. Lengths are in device-independent pixels, times in seconds.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT TypingDots : public QObject
 {
     Q_OBJECT

@@ -9,7 +9,7 @@ Rectangle {
     function showText(text) {
         label.text = text
         opacity = 1
-        leave.restart()
+        hideTimer.restart()
     }
 
     width: Math.min(label.implicitWidth + 2 * Metrics.Padding, parent.width - 2 * Metrics.Padding)
@@ -42,7 +42,7 @@ Rectangle {
     }
 
     Timer {
-        id: leave
+        id: hideTimer
 
         interval: 4000
         onTriggered: notice.opacity = 0

@@ -10,7 +10,7 @@ Rectangle {
 
     signal retryRequested()
 
-    /// With large letters the button is below the text.
+    /// True if the button is below the text, with large text sizes.
     readonly property bool isStacked: button.implicitWidth > width / 2
 
     implicitHeight: (isStacked ? label.height + Metrics.LineSpacing + button.height

@@ -1,28 +1,29 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 
-// At either end of a view: passes the focus on to the other end, so that Tab does not leave the view.
+// An item at either end of a view. Passes the focus to the other end, so that Tab does not leave the
+// view.
 Item {
     id: fence
 
     required property Item otherEnd
     required property bool isFirst
 
-    function passOn() {
+    function passFocus() {
         if (activeFocus)
             otherEnd.nextItemInFocusChain(!isFirst).forceActiveFocus(
                 isFirst ? Qt.BacktabFocusReason : Qt.TabFocusReason)
     }
 
-    Keys.onTabPressed: passOn()
-    Keys.onBacktabPressed: passOn()
-    onActiveFocusChanged: if (activeFocus) later.start()
+    Keys.onTabPressed: passFocus()
+    Keys.onBacktabPressed: passFocus()
+    onActiveFocusChanged: if (activeFocus) passTimer.start()
 
-    // This change of the focus has to end first.
+    // The focus must not change again during the current change.
     Timer {
-        id: later
+        id: passTimer
 
         interval: 0
-        onTriggered: fence.passOn()
+        onTriggered: fence.passFocus()
     }
 }

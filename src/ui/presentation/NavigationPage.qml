@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// A page of the navigation, for a destination. The content is set by URL, so that its types are
-// loaded with the first page, not with the home screen.
+// The page of a destination. The content is set by URL, so that its types are loaded with the first
+// page instead of the home screen.
 FocusScope {
     id: page
 
@@ -53,7 +53,7 @@ FocusScope {
         }
     }
 
-    /// A TicketScreen, whose type is loaded with the first page only.
+    /// A TicketScreen. (Naming the type here would load it with the home screen.)
     readonly property var conversation: content.item
 
     function applyText() {

@@ -9,13 +9,13 @@
 
 namespace tolvane {
 
-/// The state that a host's button for the messenger shows. Main thread.
+/// The state of HelpButton. Main thread.
 class HelpButtonData : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(int unreadCount READ unreadCount NOTIFY unreadCountChanged)
-    /// Notified when the colours of the branding have been loaded.
+    /// True once the colours of the branding are loaded.
     Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY settingsChanged)
 
 public:

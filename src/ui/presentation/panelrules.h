@@ -10,7 +10,7 @@
 
 namespace tolvane {
 
-/// Where the messenger is in the host's window, for QML and for a window of its own.
+/// The geometry of the messenger in the host's window, for QML and for MessengerWindow.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT PanelRules : public QObject
 {
     Q_OBJECT
@@ -20,16 +20,16 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT PanelRules : public QObject
 public:
     using QObject::QObject;
 
-    /// From the edges of the window, in pixels.
+    /// The distance from the edges of the window, in pixels.
     static constexpr double margin = 16;
 
-    /// Whether a window of this size has room for the panel and for the host's content.
+    /// True if a window of this size has room for the panel beside the host's content.
     Q_INVOKABLE static bool hasRoom(const QSizeF &window)
     {
         return window.width() >= 700 && window.height() >= 500;
     }
 
-    /// The panel at the lower left or right corner, or the whole window if that has no room.
+    /// The panel in the lower left or right corner, or the whole window if it has no room for both.
     Q_INVOKABLE static QRectF area(const QSizeF &window, bool prefersPanel, bool isLeft)
     {
         if (!prefersPanel || !hasRoom(window))

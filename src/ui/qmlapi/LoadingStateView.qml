@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 import Tolvane.Private as Private
 
-// Shows the view that belongs to the state of a load.
+// Shows the view for the state of a load.
 Private.LoadingStateView { }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 import Tolvane.Private as Private
 
-// There are no conversations yet.
+// A notice: there are no conversations yet.
 Private.TolvaneEmptyContentView { }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 import Tolvane.Private as Private
 
-// The conversations could not be loaded.
+// A notice: the conversations could not be loaded.
 Private.TolvaneErrorContentView { }

@@ -22,7 +22,7 @@ struct ParallaxScrollForeign
     Q_GADGET
     QML_FOREIGN(tolvane::ParallaxScroll)
     QML_NAMED_ELEMENT(ParallaxScroll)
-    QML_UNCREATABLE("ParallaxScrollView makes its own.")
+    QML_UNCREATABLE("ParallaxScrollView creates it.")
 };
 
 } // namespace tolvane

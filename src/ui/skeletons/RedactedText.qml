@@ -2,7 +2,7 @@
 pragma ComponentBehavior: Bound
 import QtQuick
 
-// The placeholder of a text: bars of the text's length instead of its lines.
+// The placeholder of a text: bars with the lengths of its lines.
 Item {
     id: redacted
 

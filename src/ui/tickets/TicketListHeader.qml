@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// The title above the rows, which stays in place while they scroll under it. It is as wide as the
-// rows, so that it does not cover the corners of the sheet.
+// The title above the rows, which stays in place while the rows scroll below it. It is as wide as
+// the rows, so that it does not cover the corners of the sheet.
 Item {
     implicitHeight: title.implicitHeight + Metrics.Spacing + Metrics.SmallSpacing
 

@@ -33,7 +33,8 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ImageState
     QSizeF maxOffset(const QSizeF &geometry) const;
     void clampOffset(const QSizeF &geometry);
 
-    /// @param value the scale relative to the beginning of the gesture; values that are not positive
+    /// @param value the scale relative to the beginning of the gesture; values that are not
+    /// positive
     ///              numbers are ignored
     void pinchChanged(double value);
     void pinchEnded(const QSizeF &geometry);
