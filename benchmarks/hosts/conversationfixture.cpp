@@ -6,7 +6,7 @@
 #include "benchmarks/support/conversation.h"
 #include "benchmarks/support/photo.h"
 #include "benchmarks/support/resourceusage.h"
-#include "state/destination.h"
+#include "state/navigation/destination.h"
 #include "testing/ui/createitem.h"
 #include "testing/waitfor.h"
 

@@ -3,7 +3,7 @@
 
 #include "benchmarks/support/hostplatform.h"
 #include "state/messagedata.h"
-#include "state/navigationdata.h"
+#include "state/navigation/navigationdata.h"
 #include "ui/conversation/ticketscreendata.h"
 #include "ui/listview/anchoredlist.h"
 

@@ -3,7 +3,7 @@
 
 #include "backend/wire/json.h"
 #include "facade/pushrouting.h"
-#include "state/conversationrequest.h"
+#include "state/navigation/conversationrequest.h"
 
 #include <tolvane/error.h>
 

@@ -13,8 +13,8 @@
 #include "platform/async/shutdownhook.h"
 #include "platform/logger.h"
 #include "platform/platform.h"
-#include "state/conversationrequest.h"
 #include "state/hostoptions.h"
+#include "state/navigation/conversationrequest.h"
 #include "state/sdkdata.h"
 #include "state/unreadtickets.h"
 

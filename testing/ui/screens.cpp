@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "testing/ui/screens.h"
 
-#include "state/destination.h"
+#include "state/navigation/destination.h"
 #include "testing/ui/samples.h"
 #include "ui/images/imagecache.h"
 #include "ui/markdown/inlinemarkdown.h"

@@ -4,7 +4,7 @@
 #include "base/privateexport.h"
 #include "platform/async/notificationcenter.h"
 #include "recovery/backoff.h"
-#include "state/destination.h"
+#include "state/navigation/destination.h"
 #include "state/ticketdata.h"
 #include "state/times/supportavailability.h"
 #include "ui/composer/composerdata.h"
@@ -19,9 +19,8 @@
 
 namespace tolvane {
 
-/// The data of one conversation's screen: its store, which is created with the screen, and the
-/// texts and models for the views. The store follows the broadcasts as long as this object exists.
-/// Main thread.
+/// The data of the screen of one conversation: the store, and texts and models for the views. The
+/// store observes broadcasts as long as this object exists. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT TicketScreenData : public QObject
 {
     Q_OBJECT
@@ -63,9 +62,9 @@ public:
     QAbstractItemModel *preview() { return &m_preview; }
     ComposerData *composer() { return m_composer ? &*m_composer : nullptr; }
 
-    /// To be called each time the screen appears, and to try again. Fetches the ticket: with a
-    /// loading state until one fetch has succeeded, then silently. After a failure it fetches
-    /// again by itself.
+    /// Fetches the ticket, with a loading state until a fetch has succeeded. To be called whenever
+    /// the screen appears, and to try again. After a failure, the ticket is fetched again
+    /// automatically.
     Q_INVOKABLE void appear();
 
 Q_SIGNALS:

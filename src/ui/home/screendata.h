@@ -4,9 +4,9 @@
 #include "base/privateexport.h"
 #include "platform/async/notificationcenter.h"
 #include "recovery/backoff.h"
-#include "state/conversationrequest.h"
 #include "state/messagedata.h"
-#include "state/navigationdata.h"
+#include "state/navigation/conversationrequest.h"
+#include "state/navigation/navigationdata.h"
 #include "state/ticketsdata.h"
 #include "ui/tickets/ticketlistmodel.h"
 
@@ -19,26 +19,26 @@
 
 namespace tolvane {
 
-/// The stores of one presentation of the messenger, created and destroyed with it. Nothing is
-/// loaded before the settings have arrived. Main thread.
+/// The stores of one presentation of the messenger, created and destroyed with it. Tickets are
+/// loaded once the settings are. Main thread.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("each presentation has its own")
     Q_PROPERTY(bool settingsDidLoad READ settingsDidLoad NOTIFY settingsChanged)
-    /// Why the settings are missing, in the customer's language; empty if they are not, or if no
-    /// attempt to load them has failed. While it is not, further attempts are made.
+    /// The reason for which the settings could not be loaded, in the customer's language. Empty if
+    /// they are loaded, or if no attempt has failed. After a failure, further attempts follow
+    /// automatically.
     Q_PROPERTY(QString settingsErrorText READ settingsErrorText NOTIFY settingsChanged)
     Q_PROPERTY(bool isLoadingSettings READ isLoadingSettings NOTIFY settingsChanged)
-    /// True in an item of the host, which decides when the messenger is closed.
+    /// True if an item of the host shows the messenger. Then the host decides when it is closed.
     Q_PROPERTY(bool isEmbedded READ isEmbedded CONSTANT)
-    /// While true, the messenger slides in and stays. When false, it slides out and calls
-    /// didHide().
+    /// True makes the messenger slide in. False makes it slide out, after which it calls didHide().
     Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
     /// "idle", "loading", "loadingWithPreview", "loaded", "empty" or "error"
     Q_PROPERTY(QString state READ state NOTIFY ticketsChanged)
-    /// True if the rows are those of an earlier load, because the last one failed. The state is
+    /// True if the last load has failed, and the rows are from an earlier one. The state is
     /// "loaded" then.
     Q_PROPERTY(bool isStale READ isStale NOTIFY ticketsChanged)
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY ticketsChanged)
@@ -46,7 +46,7 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
     Q_PROPERTY(bool hasNewTicketDraft READ hasNewTicketDraft NOTIFY draftsChanged)
     Q_PROPERTY(QString errorText READ errorText NOTIFY ticketsChanged)
     Q_PROPERTY(QAbstractItemModel *tickets READ tickets CONSTANT)
-    /// A text of the host for the composer of the new conversation that is open; empty once taken.
+    /// A text of the host for the draft of the open new conversation; empty once taken.
     Q_PROPERTY(QString newTicketText READ newTicketText NOTIFY newTicketTextChanged)
     /// Whether the last load has succeeded.
     Q_PROPERTY(bool isListKnown READ isListKnown NOTIFY ticketsChanged)

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "state/messagedata.h"
-#include "state/navigationdata.h"
+#include "state/navigation/navigationdata.h"
 
 #include <QtQml/qqmlregistration.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/navigationdata.h"
+#include "state/navigation/navigationdata.h"
 
 #include "analytics/manager.h"
 

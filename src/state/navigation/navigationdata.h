@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "state/destination.h"
+#include "state/navigation/destination.h"
 
 #include <QtCore/QList>
 #include <QtCore/QObject>

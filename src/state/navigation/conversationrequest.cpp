@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/conversationrequest.h"
+#include "state/navigation/conversationrequest.h"
 
 #include "base/sharedinstance.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "state/destination.h"
+#include "state/navigation/destination.h"
 
 #include <array>
 
