@@ -59,9 +59,9 @@ public:
     State state() const;
 
     /// Fetches the given ticket, or else ticketId(), with a loading state. No effect without an id.
-    /// If a stop was requested, it fails as a cancelled request, whatever the response is.
+    /// If a stop was requested, it fails as a cancelled request, even if the response has arrived.
     QCoro::Task<> fetchTicket(std::optional<QString> ticketId = {}, std::stop_token stop = {});
-    /// Fetches without a loading state. A failure changes the state, however.
+    /// Fetches without a loading state. Only a failure changes the state.
     QCoro::Task<> silentFetchTicket(std::optional<QString> ticketId = {},
                                     std::stop_token stop = {});
     /// Sends the first message. Keeps the draft if that fails.
