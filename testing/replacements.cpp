@@ -26,7 +26,7 @@ public:
 
     void write(LogType type, const QString &line) override
     {
-        // The only line with texts of people shows what the host has received.
+        // The only line that may contain texts of people is the log of a push from the host.
         const bool isPush = line.contains(QLatin1String("Handle push notification: "));
         for (const char *secret : {"secret-key", "text of ", "name of "}) {
             if (!isPush && line.contains(QLatin1String(secret)))

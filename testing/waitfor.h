@@ -23,7 +23,7 @@ inline void wait(std::chrono::milliseconds duration)
 /// Runs the event loop until a condition holds, and checks it after each batch of events and at
 /// least every five milliseconds. Throws after a timeout, which is long enough for a sanitized
 /// program on a busy machine.
-/// @param what the name of the condition, for the message
+/// @param what names the condition in the message
 template <typename Condition>
 void waitFor(const QString &what, const Condition &condition)
 {

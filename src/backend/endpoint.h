@@ -19,11 +19,11 @@ struct Endpoint
     TOLVANE_PRIVATE_EXPORT static Endpoint current();
 };
 
-/// Whether a release build sends the API key to this address: https, or loopback. Whoever can set a
-/// variable of the host's process must not be able to read the key on the network.
+/// True for URLs to which a release build sends the API key: https, or loopback. A process that can
+/// set the host's environment variables must not be able to read the key on the network.
 TOLVANE_AUTOTEST_EXPORT bool mayReplaceEndpoint(const QUrl &url);
 
-/// Whether this build still has the placeholder endpoints, at which there is no backend.
+/// True if this build still has the placeholder endpoints, which have no backend.
 bool hasPlaceholderEndpoints();
 
 } // namespace tolvane

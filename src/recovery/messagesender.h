@@ -26,7 +26,7 @@ public:
     explicit MessageSender(std::shared_ptr<TicketData> store);
 
     /// The tickets that exist before a new conversation. Without them, the ticket of a lost
-    /// response cannot be told from an older one.
+    /// response cannot be distinguished from an older one.
     void setKnownTicketIds(const QStringList &ids) { m_knownTicketIds = ids; }
 
     /// Sends the draft. The result is the failure to show; null if the backend has the message.

@@ -12,7 +12,7 @@
 
 namespace tolvane {
 
-/// What the host has chosen about the messenger's views. Main thread.
+/// The host's options for the messenger's views. Main thread.
 class TOLVANE_PRIVATE_EXPORT HostOptions final : public QObject
 {
     Q_OBJECT

@@ -23,7 +23,7 @@ class Executor;
 /// Polls tickets for the reply to the customer's message, since pushes are unreliable.
 ///
 /// One loop per ticket fetches it every second and broadcasts new messages as "didReceiveMessage".
-/// It ends at the first such broadcast for the ticket, whoever posts it, after 120 seconds, or
+/// It ends at the first such broadcast for the ticket (from any poster), after 120 seconds, or
 /// after 5 consecutive failures. The service owns the loops; they outlive the screens.
 ///
 /// The service runs on the polling executor; its public operations are safe from any thread.

@@ -37,7 +37,7 @@ QNetworkCacheMetaData metaDataOf(const QUrl &url, const UrlResponse &response)
     return metaData;
 }
 
-/// Creates a folder that only its owner can read, whatever the permissions of its files.
+/// Creates a folder that only its owner can read, since its files may be readable by others.
 bool makePrivateFolder(const QString &path)
 {
     constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;

@@ -12,7 +12,7 @@ namespace tolvane {
 /// Opens dialogs above the messenger. If the system has no native dialogs, Qt shows its own as
 /// popups of the window, below the messenger. While such a dialog is open, this object raises the
 /// window's popups and makes the dialog fit the window. Afterwards it restores the focus. Native
-/// dialogs need none of this. Main thread.
+/// dialogs need nothing of this. Main thread.
 class DialogLayer : public QObject
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 namespace tolvane {
 
-/// Notices that an item gets the focus by the Tab key, which QML alone does not tell apart from a
+/// Detects that an item gets the focus by the Tab key. QML alone cannot distinguish this from a
 /// press. Main thread.
 class TabFocus : public QObject
 {

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// A highlight that moves over its parent from one side to the other, in an endless loop. Only the
-// position of one item changes; nothing else is updated.
+// A highlight that moves over its parent from one side to the other, in an endless loop. It is
+// cheap, because only the position of one item changes.
 Item {
     id: shimmer
 

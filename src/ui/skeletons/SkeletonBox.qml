@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The placeholder of something that is loading: a bar.
+// A bar, the simplest placeholder of content that is loading.
 RoundedRectangle {
     id: box
 

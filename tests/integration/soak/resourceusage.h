@@ -7,7 +7,7 @@
 
 namespace tolvane::soak {
 
-/// What this process uses at one moment: memory, open files and threads.
+/// Resources in use by this process at one moment: memory, open files and threads.
 using ResourceUsage = std::array<qint64, 4>;
 
 ResourceUsage resourceUsage();
