@@ -224,7 +224,7 @@ void appendToPlainList(ConversationBackend &, int messageCount)
     report(medianOf(frames), QStringLiteral("frame with one more row"), messageCount);
 }
 
-void quietPoll(ConversationBackend &backend, int messageCount)
+void unchangedPoll(ConversationBackend &backend, int messageCount)
 {
     ConversationFixture fixture(backend, messageCount);
     fixture.open();
@@ -244,7 +244,7 @@ void quietPoll(ConversationBackend &backend, int messageCount)
         test::wait(std::chrono::milliseconds(duration.elapsed()));
         polls.push_back((after - before) - (threadMilliseconds() - after));
     }
-    report(medianOf(polls), QStringLiteral("quiet poll"), messageCount);
+    report(medianOf(polls), QStringLiteral("unchanged poll"), messageCount);
 }
 
 void sendKey(QWindow &window, int key, const QString &text)
@@ -348,7 +348,7 @@ constexpr std::array scenarios = {
     Scenario{"open", openConversation},
     Scenario{"append", append},
     Scenario{"append-plain", appendToPlainList},
-    Scenario{"poll", quietPoll},
+    Scenario{"poll", unchangedPoll},
     Scenario{"fling", flingThroughMessages},
     Scenario{"fling-plain", flingThroughPlainList},
     Scenario{"type", typeInLongText},
