@@ -111,6 +111,23 @@ QByteArrayList headerNames(const UrlRequest &request)
     return names;
 }
 
+void replaceId(const QByteArray &id, const QString &next)
+{
+    for (const int messages : {0, 2000}) { // Large responses are decoded elsewhere.
+        RequestFixture fixture;
+        persistentstore::setCustomerId(u"old"_s);
+        fixture.response =
+            jsonResponse(makeTicket(QList<MessageDto>(messages, makeMessage(u"m"_s))));
+        fixture.response.headers = {{"x-tolvane-customer", id}};
+        QVERIFY(!fixture.run([](auto client) { return getTicket(client, u"t1"_s); }));
+        fixture.response.status = 500;
+        fixture.run(getTickets);
+        QCOMPARE(fixture.last().headers.constLast().second, next.toUtf8());
+        QCOMPARE(persistentstore::customerId(), next);
+        QCOMPARE(fixture.log->lines.size(), next == u"old"_s ? 2 : 0); // One for each response.
+    }
+}
+
 } // namespace
 
 class RequestsTest : public QObject
@@ -241,24 +258,6 @@ private Q_SLOTS:
             replaceId(illegal, u"old"_s);
     }
 
-private:
-    static void replaceId(const QByteArray &id, const QString &next)
-    {
-        for (const int messages : {0, 2000}) { // Large responses are decoded elsewhere.
-            RequestFixture fixture;
-            persistentstore::setCustomerId(u"old"_s);
-            fixture.response = jsonResponse(makeTicket(QList<MessageDto>(messages, makeMessage(u"m"_s))));
-            fixture.response.headers = {{"x-tolvane-customer", id}};
-            QVERIFY(!fixture.run([](auto client) { return getTicket(client, u"t1"_s); }));
-            fixture.response.status = 500;
-            fixture.run(getTickets);
-            QCOMPARE(fixture.last().headers.constLast().second, next.toUtf8());
-            QCOMPARE(persistentstore::customerId(), next);
-            QCOMPARE(fixture.log->lines.size(), next == u"old"_s ? 2 : 0); // One for each response.
-        }
-    }
-
-private Q_SLOTS:
     void formsAreEncoded()
     {
         RequestFixture fixture;

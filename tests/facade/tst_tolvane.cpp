@@ -97,6 +97,56 @@ struct SelfRemovingDelegate final : TolvaneAnalyticsDelegate
     int calls = 0;
 };
 
+void update(const std::optional<QString> &email, const std::optional<QString> &originalId,
+            const QString &line, const QByteArray &body)
+{
+    FacadeFixture fixture;
+    persistentstore::setCustomerId(u"mine"_s);
+    persistentstore::setCustomerOriginalId(u"before"_s);
+    fixture.initialize();
+    fixture.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
+    const QFuture<void> done = Tolvane::updateCustomer(email, originalId);
+    QCOMPARE(persistentstore::customerOriginalId(), originalId); // Before the response.
+    settle();
+    QVERIFY(done.isFinished() && !done.isCanceled());
+    QCOMPARE(fixture.session->requests.constFirst().body, body);
+    QCOMPARE(fixture.texts(), QStringList{line});
+    const QVariantMap properties = fixture.delegate->properties(Event::Lifecycle::customerUpdated);
+    QCOMPARE(properties.value(u"has_email"_s), email.has_value());
+    QCOMPARE(properties.value(u"has_original_id"_s), originalId.has_value());
+}
+
+void route(const QVariantMap &content, const QString &broadcast, const QVariantMap &userInfo,
+           bool isCounted)
+{
+    for (const bool isOpen : {false, true}) {
+        FacadeFixture fixture;
+        fixture.initialize();
+        SdkData::shared();
+        platform().notificationCenter->post(notifications::didChangeState,
+                                            QVariantMap{{u"open"_s, isOpen}});
+        fixture.broadcasts.clear();
+        if (isOpen)
+            QCOMPARE(Tolvane::willPresentNotification(push(content)), PresentationOptions::sound);
+        else
+            Tolvane::handlePushNotification(push(content));
+        QCOMPARE(fixture.broadcasts.size(), broadcast.isEmpty() ? 0 : 1);
+        if (!broadcast.isEmpty()) {
+            QCOMPARE(fixture.broadcasts.constFirst().name, broadcast);
+            QCOMPARE(fixture.broadcasts.constFirst().userInfo, userInfo);
+        }
+        QStringList events =
+            isOpen ? QStringList{Event::Notifications::pushReceived} : QStringList();
+        events += Event::Notifications::pushTapped;
+        if (!isOpen)
+            events += Event::Chat::opened;
+        QCOMPARE(fixture.presentations, isOpen ? QStringList() : events);
+        if (isCounted)
+            events += Event::Chat::messageReceived;
+        QCOMPARE(fixture.delegate->names(), events);
+    }
+}
+
 } // namespace
 
 class TolvaneTest : public QObject
@@ -179,29 +229,6 @@ private Q_SLOTS:
                R"({"email":"%2%1","originalId":"%3"})");
     }
 
-private:
-    static void update(const std::optional<QString> &email,
-                       const std::optional<QString> &originalId, const QString &line,
-                       const QByteArray &body)
-    {
-        FacadeFixture fixture;
-        persistentstore::setCustomerId(u"mine"_s);
-        persistentstore::setCustomerOriginalId(u"before"_s);
-        fixture.initialize();
-        fixture.session->handler = [](const UrlRequest &) { return test::json("ignored"); };
-        const QFuture<void> done = Tolvane::updateCustomer(email, originalId);
-        QCOMPARE(persistentstore::customerOriginalId(), originalId); // Before the response.
-        settle();
-        QVERIFY(done.isFinished() && !done.isCanceled());
-        QCOMPARE(fixture.session->requests.constFirst().body, body);
-        QCOMPARE(fixture.texts(), QStringList{line});
-        const QVariantMap properties =
-            fixture.delegate->properties(Event::Lifecycle::customerUpdated);
-        QCOMPARE(properties.value(u"has_email"_s), email.has_value());
-        QCOMPARE(properties.value(u"has_original_id"_s), originalId.has_value());
-    }
-
-private Q_SLOTS:
     void eventsHaveTheIdsAtTheirCreation()
     {
         FacadeFixture fixture;
@@ -291,40 +318,6 @@ private Q_SLOTS:
         route({}, {}, {}, false);
     }
 
-private:
-    static void route(const QVariantMap &content, const QString &broadcast,
-                      const QVariantMap &userInfo, bool isCounted)
-    {
-        for (const bool isOpen : {false, true}) {
-            FacadeFixture fixture;
-            fixture.initialize();
-            SdkData::shared();
-            platform().notificationCenter->post(notifications::didChangeState,
-                                                QVariantMap{{u"open"_s, isOpen}});
-            fixture.broadcasts.clear();
-            if (isOpen)
-                QCOMPARE(Tolvane::willPresentNotification(push(content)),
-                         PresentationOptions::sound);
-            else
-                Tolvane::handlePushNotification(push(content));
-            QCOMPARE(fixture.broadcasts.size(), broadcast.isEmpty() ? 0 : 1);
-            if (!broadcast.isEmpty()) {
-                QCOMPARE(fixture.broadcasts.constFirst().name, broadcast);
-                QCOMPARE(fixture.broadcasts.constFirst().userInfo, userInfo);
-            }
-            QStringList events =
-                isOpen ? QStringList{Event::Notifications::pushReceived} : QStringList();
-            events += Event::Notifications::pushTapped;
-            if (!isOpen)
-                events += Event::Chat::opened;
-            QCOMPARE(fixture.presentations, isOpen ? QStringList() : events);
-            if (isCounted)
-                events += Event::Chat::messageReceived;
-            QCOMPARE(fixture.delegate->names(), events);
-        }
-    }
-
-private Q_SLOTS:
     void unreadConversationsAreCounted()
     {
         FacadeFixture fixture;

@@ -212,7 +212,7 @@ private Q_SLOTS:
         QCOMPARE(operation->failure(fixture), QString());
         QCOMPARE(fixture.ticket->message().isEmpty(), operation->sends);
 
-        // The backend has handled a request whose answer was lost, but the host cannot know.
+        // The backend has handled a request whose response was lost, but the host cannot know.
         const bool isDuplicated = !failure.isEmpty() && expected->fault->reachesBackend;
         QCOMPARE(questionsAtBackend(fixture), operation->sends ? 1 + isDuplicated : 0);
     }
@@ -258,9 +258,6 @@ private:
         QCOMPARE(questionsAtBackend(fixture, pictures), 1);
     }
 
-private Q_SLOTS:
-
-private:
     static bool isOf(const Operation &operation, const ServedRequest &request)
     {
         return request.method == operation.method && request.target.startsWith(operation.path);

@@ -38,6 +38,33 @@ QString outcomeOf(QFuture<void> future)
     }
 }
 
+/// @param stopped when the stop is requested: never, before, during or after the sleep
+/// @param elsewhere whether another thread requests it
+void sleepAndStop(int stopped, bool elsewhere)
+{
+    const auto clock = makeSystemClock();
+    std::stop_source source;
+    const auto stop = [&] {
+        elsewhere ? onAnotherThread([&] { source.request_stop(); }) : void(source.request_stop());
+    };
+    if (stopped == 1)
+        stop();
+    const bool cancelled = stopped == 1 || stopped == 2;
+    const auto duration = cancelled ? Clock::Duration(1h) : Clock::Duration(30ms);
+    const auto begun = clock->monotonicNow();
+    const QFuture<void> future = clock->sleep(duration, source.get_token());
+    QCOMPARE(future.isFinished(), stopped == 1);
+    if (stopped == 2) {
+        stop();
+        QVERIFY(future.isFinished());
+    }
+    QCOMPARE(outcomeOf(future), cancelled ? u"cancelled"_s : u"done"_s);
+    QVERIFY(cancelled || clock->monotonicNow() - begun >= duration);
+    if (stopped == 3)
+        stop();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 } // namespace
 
 class ConcurrencyTest : public QObject
@@ -124,36 +151,6 @@ private Q_SLOTS:
         }
     }
 
-private:
-    /// @param stopped when the stop is requested: never, before, during or after the sleep
-    /// @param elsewhere whether another thread requests it
-    static void sleepAndStop(int stopped, bool elsewhere)
-    {
-        const auto clock = makeSystemClock();
-        std::stop_source source;
-        const auto stop = [&] {
-            elsewhere ? onAnotherThread([&] { source.request_stop(); })
-                      : void(source.request_stop());
-        };
-        if (stopped == 1)
-            stop();
-        const bool cancelled = stopped == 1 || stopped == 2;
-        const auto duration = cancelled ? Clock::Duration(1h) : Clock::Duration(30ms);
-        const auto begun = clock->monotonicNow();
-        const QFuture<void> future = clock->sleep(duration, source.get_token());
-        QCOMPARE(future.isFinished(), stopped == 1);
-        if (stopped == 2) {
-            stop();
-            QVERIFY(future.isFinished());
-        }
-        QCOMPARE(outcomeOf(future), cancelled ? u"cancelled"_s : u"done"_s);
-        QVERIFY(cancelled || clock->monotonicNow() - begun >= duration);
-        if (stopped == 3)
-            stop();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-private Q_SLOTS:
     void stopsRaceWithTheEndOfSleeps()
     {
         const auto clock = makeSystemClock();

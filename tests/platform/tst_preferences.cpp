@@ -98,6 +98,21 @@ void leaveStaleLock()
     QVERIFY(QFile::rename(file() + u".kept"_s, file() + u".lock"_s));
 }
 
+void writeAndRead(const QString &text)
+{
+    const QByteArray bytes = "\xff\x80" + text.toUtf8(); // Not UTF-8, and kept as it is.
+    open()->setText(key, text);
+    QCOMPARE(open()->text(key), text);
+    QVERIFY(!open()->bytes(key)); // Text and bytes are distinct.
+    open()->setBytes(key, text.toUtf8());
+    QCOMPARE(open()->bytes(key), text.toUtf8());
+    open()->setBytes(key, bytes);
+    QCOMPARE(open()->bytes(key), bytes);
+    QVERIFY(!open()->text(key));
+    open()->setBytes(key, std::nullopt);
+    QVERIFY(!open()->bytes(key));
+}
+
 } // namespace
 
 class PreferencesTest : public QObject
@@ -116,23 +131,6 @@ private Q_SLOTS:
             writeAndRead(text);
     }
 
-private:
-    static void writeAndRead(const QString &text)
-    {
-        const QByteArray bytes = "\xff\x80" + text.toUtf8(); // Not UTF-8, and kept as it is.
-        open()->setText(key, text);
-        QCOMPARE(open()->text(key), text);
-        QVERIFY(!open()->bytes(key)); // Text and bytes are distinct.
-        open()->setBytes(key, text.toUtf8());
-        QCOMPARE(open()->bytes(key), text.toUtf8());
-        open()->setBytes(key, bytes);
-        QCOMPARE(open()->bytes(key), bytes);
-        QVERIFY(!open()->text(key));
-        open()->setBytes(key, std::nullopt);
-        QVERIFY(!open()->bytes(key));
-    }
-
-private Q_SLOTS:
     void onlyChangesAreWritten()
     {
         open()->setText(key, std::nullopt);

@@ -80,6 +80,21 @@ struct FullDisk
     rlimit before{};
 };
 
+void damageBy(void (*damage)(QFile &file))
+{
+    const UrlCacheFixture fixture;
+    fixture.cache()->store(response("the picture's bytes"), request());
+    QFile file(fixture.files().constFirst());
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    damage(file);
+    file.close();
+    const auto cache = fixture.cache();
+    QVERIFY(!cache->cachedResponse(request(), UrlCache::Lookup::quick));
+    QVERIFY(!cache->cachedResponse(request()));
+    cache->store(response("anew"), request());
+    QCOMPARE(fixture.cache()->cachedResponse(request())->body, "anew");
+}
+
 } // namespace
 
 class UrlCacheTest final : public QObject
@@ -158,23 +173,6 @@ private Q_SLOTS:
         });
     }
 
-private:
-    static void damageBy(void (*damage)(QFile &file))
-    {
-        const UrlCacheFixture fixture;
-        fixture.cache()->store(response("the picture's bytes"), request());
-        QFile file(fixture.files().constFirst());
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        damage(file);
-        file.close();
-        const auto cache = fixture.cache();
-        QVERIFY(!cache->cachedResponse(request(), UrlCache::Lookup::quick));
-        QVERIFY(!cache->cachedResponse(request()));
-        cache->store(response("anew"), request());
-        QCOMPARE(fixture.cache()->cachedResponse(request())->body, "anew");
-    }
-
-private Q_SLOTS:
     void memoryWorksWithoutADisk_data()
     {
         QTest::addColumn<bool>("isFull");

@@ -90,6 +90,61 @@ void failWithNetworkError()
     throw UrlError(UrlError::networkConnectionLost);
 }
 
+void endAtANewMessage(const QString &senderType, const QString &messageTicketId,
+                      const QString &trace)
+{
+    PollingFixture fixture;
+    fixture.start(1);
+    QCOMPARE(fixture.polls(), 1);
+    QVERIFY(fixture.broadcasts.isEmpty());
+    QCOMPARE(fixture.active(), QStringList{ticketId});
+
+    fixture.messages += makeMessage(u"m2"_s, senderType, messageTicketId);
+    fixture.clock->advance(1s);
+    QCOMPARE(fixture.broadcastIds(), QStringList{u"m2"_s});
+    QCOMPARE(fixture.lineCount(trace), 1);
+    QCOMPARE(fixture.active(), QStringList());
+    fixture.clock->advance(10s);
+    QCOMPARE(fixture.polls(), 2);
+    QCOMPARE(fixture.delegate->names(), QStringList({u"polling_started"_s, u"polling_stopped"_s}));
+    const QVariantMap stopped = fixture.delegate->properties(u"polling_stopped"_s);
+    QCOMPARE(stopped.value(u"duration"_s).toDouble(), 1.0);
+    QCOMPARE(stopped.value(u"reason"_s), u"manual_stop"_s);
+}
+
+void stopWhileARequestRuns(bool isFailing, bool isReplaced)
+{
+    PollingFixture fixture;
+    fixture.session->held = true;
+    fixture.start(1);
+    // The customer's next message, which the older loop doesn't know.
+    fixture.messages += customer("m2");
+    fixture.failing = [isFailing, calls = 0]() mutable {
+        if (isFailing && calls++ == 0)
+            failWithNetworkError();
+    };
+    if (isReplaced)
+        fixture.start(2);
+    else
+        fixture.polling->stopPolling(ticketId);
+    settle();
+    fixture.session->release();
+    QCOMPARE(fixture.broadcastIds(), QStringList());
+    const QString networkError = TolvaneAnalyticsEvent::Errors::networkError;
+    QStringList names = fixture.delegate->names();
+    QCOMPARE(names.removeAll(networkError), isFailing ? 1 : 0);
+    QCOMPARE(names, isReplaced ? restarted : restarted.first(2));
+    QCOMPARE(fixture.delegate->properties(networkError).value(u"consecutive_errors"_s, 0).toInt(),
+             0);
+    QCOMPARE(fixture.active(), isReplaced ? QStringList{ticketId} : QStringList());
+    QCOMPARE(fixture.clock->requestedSleeps(), isReplaced ? QList<double>{1} : QList<double>());
+    for (const QString &line : {u"New messages"_s, u"Max consecutive errors"_s})
+        QCOMPARE(fixture.lineCount(line), 0);
+    fixture.messages += agent("m3");
+    fixture.clock->advance(1s);
+    QCOMPARE(fixture.broadcastIds(), isReplaced ? QStringList{u"m3"_s} : QStringList());
+}
+
 } // namespace
 
 class PollingServiceTest : public QObject
@@ -107,31 +162,6 @@ private Q_SLOTS:
             endAtANewMessage(sender, u"t2"_s, u"Stopping polling for ticket: t1"_s);
     }
 
-private:
-    void endAtANewMessage(const QString &senderType, const QString &messageTicketId,
-                          const QString &trace)
-    {
-        PollingFixture fixture;
-        fixture.start(1);
-        QCOMPARE(fixture.polls(), 1);
-        QVERIFY(fixture.broadcasts.isEmpty());
-        QCOMPARE(fixture.active(), QStringList{ticketId});
-
-        fixture.messages += makeMessage(u"m2"_s, senderType, messageTicketId);
-        fixture.clock->advance(1s);
-        QCOMPARE(fixture.broadcastIds(), QStringList{u"m2"_s});
-        QCOMPARE(fixture.lineCount(trace), 1);
-        QCOMPARE(fixture.active(), QStringList());
-        fixture.clock->advance(10s);
-        QCOMPARE(fixture.polls(), 2);
-        QCOMPARE(fixture.delegate->names(),
-                 QStringList({u"polling_started"_s, u"polling_stopped"_s}));
-        const QVariantMap stopped = fixture.delegate->properties(u"polling_stopped"_s);
-        QCOMPARE(stopped.value(u"duration"_s).toDouble(), 1.0);
-        QCOMPARE(stopped.value(u"reason"_s), u"manual_stop"_s);
-    }
-
-private Q_SLOTS:
     void onlyTheTailIsNew()
     {
         PollingFixture fixture;
@@ -245,43 +275,6 @@ private Q_SLOTS:
                 stopWhileARequestRuns(isFailing, isReplaced);
         }
     }
-
-private:
-    void stopWhileARequestRuns(bool isFailing, bool isReplaced)
-    {
-        PollingFixture fixture;
-        fixture.session->held = true;
-        fixture.start(1);
-        // The customer's next message, which the older loop doesn't know.
-        fixture.messages += customer("m2");
-        fixture.failing = [isFailing, calls = 0]() mutable {
-            if (isFailing && calls++ == 0)
-                failWithNetworkError();
-        };
-        if (isReplaced)
-            fixture.start(2);
-        else
-            fixture.polling->stopPolling(ticketId);
-        settle();
-        fixture.session->release();
-        QCOMPARE(fixture.broadcastIds(), QStringList());
-        const QString networkError = TolvaneAnalyticsEvent::Errors::networkError;
-        QStringList names = fixture.delegate->names();
-        QCOMPARE(names.removeAll(networkError), isFailing ? 1 : 0);
-        QCOMPARE(names, isReplaced ? restarted : restarted.first(2));
-        QCOMPARE(
-            fixture.delegate->properties(networkError).value(u"consecutive_errors"_s, 0).toInt(),
-            0);
-        QCOMPARE(fixture.active(), isReplaced ? QStringList{ticketId} : QStringList());
-        QCOMPARE(fixture.clock->requestedSleeps(), isReplaced ? QList<double>{1} : QList<double>());
-        for (const QString &line : {u"New messages"_s, u"Max consecutive errors"_s})
-            QCOMPARE(fixture.lineCount(line), 0);
-        fixture.messages += agent("m3");
-        fixture.clock->advance(1s);
-        QCOMPARE(fixture.broadcastIds(), isReplaced ? QStringList{u"m3"_s} : QStringList());
-    }
-
-private Q_SLOTS:
 
     void aBroadcastDoesNotStopTheNextLoop()
     {

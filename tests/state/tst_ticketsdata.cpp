@@ -48,6 +48,19 @@ struct TicketListFixture : Fixture
     QObject lifetime; ///< Ends the connection before `cases` is destroyed.
 };
 
+void load(bool silent, bool failing, const QList<Case> &cases, const QString &line)
+{
+    TicketListFixture fixture;
+    fixture.rows_.clear();
+    fixture.failing = failing;
+    fixture.run(silent ? fixture.store->silentReload() : fixture.store->load());
+    QCOMPARE(fixture.cases, cases);
+    QCOMPARE(fixture.log->lines.filter(u"Error"_s).value(0).section(u"] "_s, 3), line);
+    // Only `loaded` leaves a last value.
+    fixture.run(fixture.store->load());
+    QVERIFY(!fixture.store->lastValue());
+}
+
 } // namespace
 
 class TicketsDataTest : public QObject
@@ -86,21 +99,6 @@ private Q_SLOTS:
              u"Error fetching tickets in silent reload: Client error: no"_s);
     }
 
-private:
-    static void load(bool silent, bool failing, const QList<Case> &cases, const QString &line)
-    {
-        TicketListFixture fixture;
-        fixture.rows_.clear();
-        fixture.failing = failing;
-        fixture.run(silent ? fixture.store->silentReload() : fixture.store->load());
-        QCOMPARE(fixture.cases, cases);
-        QCOMPARE(fixture.log->lines.filter(u"Error"_s).value(0).section(u"] "_s, 3), line);
-        // Only `loaded` leaves a last value.
-        fixture.run(fixture.store->load());
-        QVERIFY(!fixture.store->lastValue());
-    }
-
-private Q_SLOTS:
     void aBurstEndsWithOneRefreshASecondLater()
     {
         TicketListFixture fixture;

@@ -39,7 +39,7 @@ struct ImageLoadFixture : Fixture
         return std::make_shared<ImageLoad>(url, thumbnail);
     }
 
-    /// Does what a view does when it appears.
+    /// Calls the functions that a view calls when it appears.
     static void appear(ImageLoad &load, qreal scale = 1)
     {
         load.loadFromCaches();

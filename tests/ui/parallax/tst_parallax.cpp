@@ -20,7 +20,7 @@ ParallaxConfiguration configured(ParallaxHeightConfiguration portrait = {240, 80
     return {portrait, {160, 60}, 0.5, 1.2, threshold, Qt::blue, Qt::white};
 }
 
-/// The state after each offset: o or c, in capitals where a change was reported.
+/// The state after each offset: o or c, in upper case if a change was reported.
 QString statesAfter(ParallaxRules &rules, const QList<double> &offsets)
 {
     QString states;
@@ -46,7 +46,7 @@ class ParallaxTest : public QObject
 private Q_SLOTS:
     void configurationsAreKeptWithinTheirLimits()
     {
-        // Given, then: as a height, as a part, as the stretch.
+        // The argument, then its effect as a height, as a fraction, and as the stretch factor.
         const QList<double> cases[] = {{0.5, 0.5, 0.5, 1},
                                        {-3, 0, 0, 1},
                                        {7.5, 7.5, 1, 7.5},
@@ -72,15 +72,15 @@ private Q_SLOTS:
         };
         row("not past the threshold", {0, -20, -42}, u"ooo"_s);
         row("past it, and back", {-42.1, -140, -21.1, -20}, u"Cccc"_s);
-        row("half of it stays collapsed", {-50, -21, -13}, u"CcO"_s);
+        row("at half of it, still collapsed", {-50, -21, -13}, u"CcO"_s);
         row("below half of it", {-50, -20.9}, u"CO"_s);
-        row("a step of 0.05 is none", {-40, -47, -47.1}, u"ooC"_s);
-        row("also where it is rounded up", {-70, -77, -78}, u"ooC"_s, 240, 0.5);
+        row("a step of 0.05 is ignored", {-40, -47, -47.1}, u"ooC"_s);
+        row("also if rounding makes it larger", {-70, -77, -78}, u"ooC"_s, 240, 0.5);
         row("small steps add up", {-38, -41, -43, -45.1}, u"oooC"_s);
         row("beyond the range", {-5000, -1e300, 0}, u"CcO"_s);
         row("infinitely far", {-infinity, infinity}, u"CO"_s);
         row("pulled down", {30, 400, -60, 30}, u"ooCO"_s);
-        row("not a number is at rest", {-60, notANumber}, u"CO"_s);
+        row("NaN is rest", {-60, notANumber}, u"CO"_s);
         row("threshold 0", {-7, -7.1, -1, 0}, u"oCcc"_s, 240, 0);
         row("threshold 1", {-140, -500}, u"oo"_s, 240, 1);
         row("no range", {0, 5, -0.1, 5, 0}, u"ooCOo"_s, 100);

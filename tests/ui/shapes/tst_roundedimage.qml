@@ -39,69 +39,69 @@ Rectangle {
             picture.rotation = 0
         }
 
-        /// One letter per position: a quarter's colour, the backdrop (.) or any other colour (?).
-        function seen(places) {
+        /// The colours at the positions as letters: of a quarter, the backdrop (.) or others (?).
+        function colorsAt(positions) {
             const shot = grabImage(backdrop)
             const letters = {"#ff0000": "r", "#00ff00": "g", "#0000ff": "b", "#ffff00": "y",
                              "#808080": "."}
-            return places.map(([x, y]) => letters[String(shot.pixel(x, y))] ?? "?").join("")
+            return positions.map(([x, y]) => letters[String(shot.pixel(x, y))] ?? "?").join("")
         }
 
         function test_placement_data() {
             const middles = [[30, 30], [90, 30], [30, 90], [90, 90]]
             const edges = [[60, 2], [60, 117], [2, 50], [117, 50]]
             return [
-                {tag: "stretch", mode: RoundedImage.Stretch, image: wide, at: middles, saw: "rgby"},
+                {tag: "stretch", mode: RoundedImage.Stretch, image: wide, at: middles, colors: "rgby"},
                 {tag: "fit, wide", mode: RoundedImage.Fit, image: wide,
-                 at: [[2, 32], [117, 32], [2, 88], [117, 88], [60, 27], [60, 93]], saw: "rgby.."},
+                 at: [[2, 32], [117, 32], [2, 88], [117, 88], [60, 27], [60, 93]], colors: "rgby.."},
                 {tag: "fit, tall", mode: RoundedImage.Fit, image: tall,
-                 at: [[32, 2], [88, 2], [32, 117], [88, 117], [27, 60], [93, 60]], saw: "rgby.."},
+                 at: [[32, 2], [88, 2], [32, 117], [88, 117], [27, 60], [93, 60]], colors: "rgby.."},
                 {tag: "fill, wide", mode: RoundedImage.Fill, image: wide,
-                 at: [[2, 2], [117, 2], [2, 117], [117, 117]], saw: "rgby"},
+                 at: [[2, 2], [117, 2], [2, 117], [117, 117]], colors: "rgby"},
                 {tag: "fill, tall", mode: RoundedImage.Fill, image: tall,
-                 at: [[57, 2], [63, 2], [57, 117], [63, 117]], saw: "rgby"},
+                 at: [[57, 2], [63, 2], [57, 117], [63, 117]], colors: "rgby"},
             ]
         }
 
         function test_placement(data) {
             picture.image = data.image
             picture.fillMode = data.mode
-            compare(seen(data.at), data.saw)
+            compare(colorsAt(data.at), data.colors)
         }
 
         function test_corners_data() {
             return [
-                {tag: "none", corners: 0, saw: "rgby"},
-                {tag: "all", corners: RoundedImage.AllCorners, saw: "...."},
-                {tag: "top left", corners: RoundedImage.TopLeft, saw: ".gby"},
+                {tag: "no corner", corners: 0, colors: "rgby"},
+                {tag: "all", corners: RoundedImage.AllCorners, colors: "...."},
+                {tag: "top left", corners: RoundedImage.TopLeft, colors: ".gby"},
                 {tag: "three", corners: RoundedImage.AllCorners & ~RoundedImage.BottomRight,
-                 saw: "...y"},
+                 colors: "...y"},
             ]
         }
 
         function test_corners(data) {
             picture.radius = 30
             picture.corners = data.corners
-            compare(seen([[3, 3], [116, 3], [3, 116], [116, 116]]), data.saw)
-            compare(seen([[12, 12], [107, 12], [12, 107], [107, 107]]), "rgby")
+            compare(colorsAt([[3, 3], [116, 3], [3, 116], [116, 116]]), data.colors)
+            compare(colorsAt([[12, 12], [107, 12], [12, 107], [107, 107]]), "rgby")
         }
 
         function test_circle_data() {
             const outside = [[16, 16], [103, 16], [16, 103], [103, 103]]
             return [
-                {tag: "fill", mode: RoundedImage.Fill, at: outside, saw: "...."},
-                {tag: "stretch", mode: RoundedImage.Stretch, at: outside, saw: "...."},
+                {tag: "fill", mode: RoundedImage.Fill, at: outside, colors: "...."},
+                {tag: "stretch", mode: RoundedImage.Stretch, at: outside, colors: "...."},
                 {tag: "fit", mode: RoundedImage.Fit,
                  at: [[27, 55], [93, 55], [33, 55], [87, 55], [33, 65], [87, 65]],
-                 saw: "..rgby"},
+                 colors: "..rgby"},
             ]
         }
 
         function test_circle(data) {
             picture.circle = true
             picture.fillMode = data.mode
-            compare(seen(data.at), data.saw)
-            compare(seen([[50, 50], [70, 50], [50, 70], [70, 70]]), "rgby")
+            compare(colorsAt(data.at), data.colors)
+            compare(colorsAt([[50, 50], [70, 50], [50, 70], [70, 70]]), "rgby")
         }
     }
 }

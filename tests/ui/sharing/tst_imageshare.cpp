@@ -48,6 +48,33 @@ struct ImageShareFixture : Fixture
 
 const QByteArray png = encodedImage(solidImage({40, 30}, Qt::red), "png");
 
+void readFromTheCache(const QByteArray &before, const QByteArray &during, const QByteArray &after,
+                      const QList<bool> &expected)
+{
+    ImageShareFixture fixture;
+    const auto keep = [&](const QByteArray &bytes) {
+        if (!bytes.isEmpty())
+            fixture.keep(bytes);
+        settle();
+    };
+    QList<bool> loaded;
+    keep(before);
+    const auto load = fixture.load();
+    settle();
+    loaded += !load->image().isNull();
+    keep(during);
+    for (const auto span : {400ms, 100ms}) {
+        fixture.clock->advance(span);
+        loaded += !load->image().isNull();
+    }
+    keep(after);
+    fixture.clock->advance(60s);
+    loaded += !load->image().isNull();
+    QCOMPARE(loaded, expected);
+    QVERIFY(fixture.session->requests.isEmpty());
+    QCOMPARE(fixture.clock->sleeperCount(), 0);
+}
+
 } // namespace
 
 class ImageShareTest final : public QObject
@@ -67,35 +94,6 @@ private Q_SLOTS:
         readFromTheCache({}, {}, png, {false, false, false, false});
     }
 
-private:
-    static void readFromTheCache(const QByteArray &before, const QByteArray &during,
-                                 const QByteArray &after, const QList<bool> &expected)
-    {
-        ImageShareFixture fixture;
-        const auto keep = [&](const QByteArray &bytes) {
-            if (!bytes.isEmpty())
-                fixture.keep(bytes);
-            settle();
-        };
-        QList<bool> loaded;
-        keep(before);
-        const auto load = fixture.load();
-        settle();
-        loaded += !load->image().isNull();
-        keep(during);
-        for (const auto span : {400ms, 100ms}) {
-            fixture.clock->advance(span);
-            loaded += !load->image().isNull();
-        }
-        keep(after);
-        fixture.clock->advance(60s);
-        loaded += !load->image().isNull();
-        QCOMPARE(loaded, expected);
-        QVERIFY(fixture.session->requests.isEmpty());
-        QCOMPARE(fixture.clock->sleeperCount(), 0);
-    }
-
-private Q_SLOTS:
     void destructionCancelsTheWait()
     {
         ImageShareFixture fixture;

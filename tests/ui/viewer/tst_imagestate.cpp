@@ -78,11 +78,9 @@ private Q_SLOTS:
         row("no further than 4", "p3 p8 p9", "4");
         row("back from 4 at once", "p8 p4 e", "2");
         row("no less than 0.5", "p0.2", "0.5");
-        row("back from 0.5 at once", "p0.2 p0.4", "1");
         row("released at 0.5", "p0.5 e", "1");
         row("released below 0.9", "p0.899 e", "1");
         row("released at 0.9", "p0.9 e", "0.9");
-        row("released at 0.95", "p0.95 e", "0.95");
         row("not numbers", "p2 p0 p-1 pnan pinf p3 e", "3");
 
         row("a drag of the whole picture", "d100,100 r", "1");
@@ -94,7 +92,6 @@ private Q_SLOTS:
         row("back from an edge by the whole way", "t d500,0 d150,0", "2 at 150,0, dragging");
         row("a drag back after the release at an edge", "t d500,0 r d-50,0",
             "2 at 150,0, dragging");
-        row("as far as at 4", "p4 e d1000,1000 r", "4 at 600,450");
 
         row("zoomed out at the edge", "p4 e d600,450 r p0.5 e", "2 at 200,150");
         row("zoomed out at the edge, not released", "p4 e d600,450 r p0.5", "2 at 600,450");
@@ -103,7 +100,6 @@ private Q_SLOTS:
         row("pinched and dragged at once", "t p1.5 d250,0 p2 d350,0 r e", "4 at 350,0");
 
         row("tapped", "t", "2");
-        row("tapped below 1", "p0.95 e t", "2");
         row("tapped at 2", "t d30,30 r t", "1");
         row("tapped a little above 1", "p1.02 e t", "1");
         row("tapped and dragged again", "t d90,0 r t t d5,0 r", "2 at 5,0");

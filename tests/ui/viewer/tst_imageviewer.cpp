@@ -163,7 +163,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.state->offset(), QPointF(40, 20));
     }
 
-    void taps()
+    void tapsToggleControlsAndZoom()
     {
         ImageViewerFixture fixture;
         const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
@@ -205,7 +205,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.state->offset(), QPointF());
     }
 
-    void allPicturesOfTheMessage_data()
+    void keysAndSwipesChangeThePicture_data()
     {
         QTest::addColumn<bool>("isRightToLeft");
         QTest::addColumn<QKeySequence>("keys");
@@ -225,7 +225,7 @@ private Q_SLOTS:
         QTest::newRow("short swipe") << false << QKeySequence() << -40 << first;
     }
 
-    void allPicturesOfTheMessage()
+    void keysAndSwipesChangeThePicture()
     {
         QFETCH(const bool, isRightToLeft);
         QFETCH(const QKeySequence, keys);
@@ -241,7 +241,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.messages.selectedAttachment(), fixture.share->url());
     }
 
-    void keys()
+    void keysZoomPanAndToggleControls()
     {
         ImageViewerFixture fixture;
         fixture.press(QKeySequence(Qt::Key_Plus, Qt::Key_Plus, Qt::Key_Plus));
@@ -288,7 +288,7 @@ private Q_SLOTS:
         QCOMPARE(fixture.messages.selectedAttachment(), QUrl());
     }
 
-    void theMenuByKeys()
+    void keysOperateTheShareMenu()
     {
         ImageViewerFixture fixture;
         QGuiApplication::clipboard()->clear();
