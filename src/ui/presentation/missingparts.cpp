@@ -2,8 +2,9 @@
 #include "ui/presentation/missingparts.h"
 
 #include <QtCore/QFileInfo>
-#include <QtGui/QFontDatabase>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QImageReader>
+#include <QtGui/QRawFont>
 #include <QtQml/QQmlEngine>
 
 #include <algorithm>
@@ -12,6 +13,13 @@
 namespace tolvane {
 
 namespace {
+
+bool hasFonts()
+{
+    // Without fonts, Qt still lists general families, and draws boxes. Those have no table of
+    // characters.
+    return !QRawFont::fromFont(QGuiApplication::font()).fontTable("cmap").isEmpty();
+}
 
 bool hasModule(const QQmlEngine &engine, const char *folder)
 {
@@ -38,8 +46,8 @@ bool hasDialogs(const QQmlEngine &engine)
 QString missingParts(const QQmlEngine &engine)
 {
     QStringList parts;
-    if (QFontDatabase::families().isEmpty())
-        parts << QStringLiteral("fonts (no text is visible)");
+    if (!hasFonts())
+        parts << QStringLiteral("fonts (texts are boxes)");
     if (!QImageReader::supportedImageFormats().contains("webp"))
         parts << QStringLiteral("Qt Image Formats (no WebP pictures)");
     if (!hasDialogs(engine))
