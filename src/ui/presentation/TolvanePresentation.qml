@@ -72,6 +72,13 @@ FocusScope {
         onActivatedAmbiguously: presentation.switchFocus()
     }
 
+    SafeMargins {
+        id: safeMargins
+
+        window: presentation.isPanel || presentation.screen.isEmbedded
+                ? null : presentation.Window.window
+    }
+
     PointerBlocker { }
 
     // Tab does not lead to the host's controls below; from a panel and from an item of the host it does.
@@ -97,8 +104,20 @@ FocusScope {
             radius: presentation.radius
             visible: presentation.isPanel
         }
-        TolvaneScreen {
+        // Behind a notch and the system's bars, where the screen does not reach.
+        Rectangle {
             anchors.fill: parent
+            visible: !safeMargins.isEmpty
+            color: Theme.backgroundColor
+        }
+        TolvaneScreen {
+            anchors {
+                fill: parent
+                leftMargin: safeMargins.left
+                topMargin: safeMargins.top
+                rightMargin: safeMargins.right
+                bottomMargin: safeMargins.bottom
+            }
             focus: true
             clip: presentation.isPanel
             screen: presentation.screen

@@ -4,6 +4,7 @@
 #include "state/sdkdata.h"
 #include "testing/ui/messengerfixture.h"
 #include "ui/composer/hostpicture.h"
+#include "ui/presentation/safemargins.h"
 #include "ui/presentation/viewcontroller.h"
 
 #include <tolvane/tolvane.h>
@@ -54,6 +55,17 @@ private Q_SLOTS:
         platform().notificationCenter->post(notifications::didReceiveMessage, QVariantMap());
         settle();
         QCOMPARE(fixture.listRequests(), 2);
+    }
+
+    void contentAvoidsWhatTheSystemCovers()
+    {
+        MessengerFixture fixture;
+        QVERIFY(fixture.showHost());
+        open();
+        fixture.messenger()->findChild<SafeMargins *>()->setMargins({10, 40, 0, 20});
+        const QQuickItem *screen = fixture.lastVisible("TolvaneScreen");
+        const QSizeF size = fixture.messenger()->size() - QSizeF(10, 60);
+        QCOMPARE(QRectF(screen->position(), screen->size()), QRectF({10, 40}, size));
     }
 
     void missingSettingsAreFetchedAgain()
