@@ -9,45 +9,25 @@
 #include <QtCore/QCoreApplication>
 
 #include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <cstdio>
-#include <pthread.h>
-#include <thread>
 
 namespace {
 
 using namespace tolvane::backend;
 
 constexpr int startFailed = 2;
-constexpr int serverFailed = 1;
 
-// Every thread inherits the mask, so that only the thread in sigwait() receives the signals.
-sigset_t blockTerminationSignals()
+std::atomic<Server *> runningServer = nullptr;
+
+void shutDown(int)
 {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGINT);
-    sigaddset(&signals, SIGTERM);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    return signals;
+    if (Server *const server = runningServer)
+        server->shutDown();
 }
 
-bool serveUntilSignal(Server &server, const sigset_t &signals)
-{
-    std::thread signalThread([&server, &signals] {
-        int signal = 0;
-        sigwait(&signals, &signal);
-        server.shutDown();
-    });
-    const bool wasShutDown = server.run();
-    // If the server ended for another reason, the thread still waits for a signal.
-    if (!wasShutDown)
-        pthread_kill(signalThread.native_handle(), SIGINT);
-    signalThread.join();
-    return wasShutDown;
-}
-
-int run(const Options &options, const sigset_t &signals)
+void run(const Options &options)
 {
     Database database = openDatabase(options.databasePath);
     if (!options.seedPath.empty())
@@ -56,9 +36,11 @@ int run(const Options &options, const sigset_t &signals)
                     options.schedulesPath);
     Server server({options.host, options.port, options.keys, options.maxBody}, backend);
     server.bind();
+    runningServer = &server;
     std::printf("listening on %s\n", server.baseUrl().c_str());
     std::fflush(stdout);
-    return serveUntilSignal(server, signals) ? EXIT_SUCCESS : serverFailed;
+    server.run();
+    runningServer = nullptr;
 }
 
 } // namespace
@@ -66,7 +48,8 @@ int run(const Options &options, const sigset_t &signals)
 int main(int argc, char *argv[])
 {
     std::signal(SIGPIPE, SIG_IGN);
-    const sigset_t signals = blockTerminationSignals();
+    std::signal(SIGINT, shutDown);
+    std::signal(SIGTERM, shutDown);
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TOLVANE_BACKEND_VERSION));
     try {
@@ -75,7 +58,8 @@ int main(int argc, char *argv[])
             std::fputs(options.textToPrint.c_str(), stdout);
             return EXIT_SUCCESS;
         }
-        return run(options, signals);
+        run(options);
+        return EXIT_SUCCESS;
     } catch (const std::exception &error) {
         std::string line = error.what();
         std::replace(line.begin(), line.end(), '\n', ' ');

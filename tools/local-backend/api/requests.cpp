@@ -7,6 +7,8 @@
 #include "http/httpserver.h"
 #include "http/multipart.h"
 
+#include <QtCore/QUrlQuery>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -64,18 +66,10 @@ std::string customerIdOf(const Request &request)
     return id;
 }
 
-std::optional<std::string> queryItem(const Request &request, std::string_view name)
+std::string queryItem(const Request &request, const QString &name)
 {
-    const std::string_view target = request.target;
-    const auto start = target.find('?');
-    if (start == std::string_view::npos)
-        return std::nullopt;
-    for (const std::string_view item : split(target.substr(start + 1), '&')) {
-        const auto equals = std::min(item.find('='), item.size());
-        if (percentDecoded(item.substr(0, equals)) == name)
-            return percentDecoded(item.substr(std::min(equals + 1, item.size())));
-    }
-    return std::nullopt;
+    const QUrlQuery query(QString::fromStdString(request.target).section(u'?', 1));
+    return query.queryItemValue(name, QUrl::FullyDecoded).toStdString();
 }
 
 std::optional<std::uint64_t> lastEventIdOf(const Request &request)

@@ -4,7 +4,7 @@
 #include "base/records.h"
 #include "http/httpmessage.h"
 
-#include <string>
+#include <QtCore/QString>
 
 namespace tolvane::backend {
 
@@ -13,9 +13,8 @@ inline constexpr const char *customerHeader = "X-Tolvane-Customer";
 /// The request's customer id, or a new one. Throws an HttpError for an invalid id.
 std::string customerIdOf(const Request &request);
 
-/// The decoded value of a query item, empty for an item without a value. Returns nullopt when there
-/// is no such item.
-std::optional<std::string> queryItem(const Request &request, std::string_view name);
+/// The decoded value of a query item, empty when there is none.
+std::string queryItem(const Request &request, const QString &name);
 
 /// The number in the Last-Event-ID header: the last push that the client has received.
 std::optional<std::uint64_t> lastEventIdOf(const Request &request);

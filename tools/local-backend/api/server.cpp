@@ -5,7 +5,6 @@
 #include "base/errors.h"
 #include "base/recordjson.h"
 #include "base/text.h"
-#include "http/eventstream.h"
 #include "http/requestguard.h"
 
 #include <cstdio>
@@ -117,9 +116,10 @@ void Server::authorise(const Request &request) const
     const std::string_view value = header;
     const bool isBearer = equalIgnoringCase(value.substr(0, scheme.size()), scheme);
     const std::string_view key = isBearer ? trimmed(value.substr(scheme.size())) : "";
+    // Hashes are compared, so that keys cannot be guessed by timing.
     bool known = m_setup.keys.empty();
     for (const std::string &candidate : m_setup.keys)
-        known |= isBearer && equalInConstantTime(key, candidate);
+        known |= isBearer && sha256Hex(key) == sha256Hex(candidate);
     if (!known)
         throw HttpError(401, "the Authorization header has to contain a known bearer key");
 }
@@ -139,7 +139,7 @@ void Server::respondWith(const Ticket &ticket, const RequestContext &context) co
 void Server::getSettings(RequestContext &context) const
 {
     const std::shared_ptr<const Settings> settings = m_backend.settings.current();
-    if (queryItem(context.request, "updatedAt") ==
+    if (queryItem(context.request, QStringLiteral("updatedAt")) ==
         settings->branding.at("updatedAt").get<std::string>())
         context.response.status = 304;
     else
@@ -214,19 +214,9 @@ void Server::getPortrait(RequestContext &context) const
 
 void Server::getPushes(RequestContext &context) const
 {
-    const auto pushes = std::make_shared<PushStream>(
-        m_backend.pushService, context.pathComponent(1), lastEventIdOf(context.request));
-    respondWithEvents(
-        context, pushes,
-        [pushes, baseUrl = baseUrlOf(context.request), sent = std::uint64_t(0)]() mutable {
-            if (sent > 0)
-                pushes->confirm(sent);
-            const std::optional<NumberedPush> push = pushes->next();
-            sent = push ? push->number : 0;
-            return push ? "id: " + std::to_string(sent) +
-                              "\ndata: " + toText(toJson(push->push, baseUrl)) + "\n\n"
-                        : std::string();
-        });
+    context.response.setEvents(
+        std::make_shared<PushStream>(m_backend.pushService, context.pathComponent(1),
+                                     lastEventIdOf(context.request), baseUrlOf(context.request)));
 }
 
 } // namespace tolvane::backend

@@ -31,8 +31,8 @@ public:
     void bind();
     /// Like "http://127.0.0.1:8787/api".
     std::string baseUrl() const;
-    /// Serves until another thread calls shutDown(). Returns false when it ends for another reason.
-    bool run() { return m_http.run(); }
+    /// Serves until shutDown(), which any thread or the handler of a signal may call.
+    void run() { m_http.run(); }
     void shutDown() { m_http.shutDown(); }
 
 private:

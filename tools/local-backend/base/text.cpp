@@ -1,83 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "base/text.h"
 
-#include <QtCore/QByteArrayView>
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QDateTime>
 #include <QtCore/QRandomGenerator>
-#include <QtCore/QString>
+#include <QtCore/QTimeZone>
 
 #include <algorithm>
-#include <array>
-#include <chrono>
-#include <cstdio>
 
 namespace tolvane::backend {
 
-namespace {
-
-constexpr std::string_view hexDigits = "0123456789ABCDEF";
-
-char toLower(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
-}
-
-int hexValue(char character)
-{
-    const auto at =
-        hexDigits.find(character >= 'a' ? static_cast<char>(character - 'a' + 'A') : character);
-    return at == std::string_view::npos ? -1 : static_cast<int>(at);
-}
-
-bool isUnreserved(char character)
-{
-    const char low = toLower(character);
-    return (low >= 'a' && low <= 'z') || (low >= '0' && low <= '9') ||
-           std::string_view("-._~").find(low) != std::string_view::npos;
-}
-
-QByteArray sha256(std::string_view bytes)
-{
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    return hash.result();
-}
-
-// Long names keep their suffix, from which clients derive the type.
-QString truncated(const QString &name)
-{
-    constexpr qsizetype maxLength = 120;
-    constexpr qsizetype suffix = 16;
-    return name.size() <= maxLength ? name : name.left(maxLength - suffix) + name.right(suffix);
-}
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 bool isUtf8(std::string_view text)
 {
-    return QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8();
+    return QByteArrayView(text).isValidUtf8();
 }
 
 bool equalIgnoringCase(std::string_view left, std::string_view right)
 {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return toLower(a) == toLower(b); });
+    return QByteArrayView(left).compare(QByteArrayView(right), Qt::CaseInsensitive) == 0;
 }
 
 std::string_view trimmed(std::string_view text)
 {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+    const QByteArrayView view = QByteArrayView(text).trimmed();
+    return {view.data(), static_cast<std::size_t>(view.size())};
 }
 
 std::vector<std::string_view> split(std::string_view text, char separator)
 {
     std::vector<std::string_view> parts;
-    for (auto end = text.find(separator); end != std::string_view::npos;
-         end = text.find(separator)) {
+    for (auto end = text.find(separator); end != text.npos; end = text.find(separator)) {
         parts.push_back(text.substr(0, end));
         text.remove_prefix(end + 1);
     }
@@ -85,50 +39,18 @@ std::vector<std::string_view> split(std::string_view text, char separator)
     return parts;
 }
 
-std::string percentDecoded(std::string_view text)
-{
-    std::string decoded;
-    decoded.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool escape = text[i] == '%' && i + 2 < text.size() && hexValue(text[i + 1]) >= 0 &&
-                            hexValue(text[i + 2]) >= 0;
-        if (!escape) {
-            decoded += text[i];
-            continue;
-        }
-        decoded += static_cast<char>(hexValue(text[i + 1]) * 16 + hexValue(text[i + 2]));
-        i += 2;
-    }
-    return decoded;
-}
-
 std::string percentEncoded(std::string_view text)
 {
-    std::string encoded;
-    for (const char character : text) {
-        if (isUnreserved(character)) {
-            encoded += character;
-            continue;
-        }
-        const auto byte = static_cast<unsigned char>(character);
-        encoded += {'%', hexDigits[byte / 16], hexDigits[byte % 16]};
-    }
-    return encoded;
-}
-
-bool equalInConstantTime(std::string_view left, std::string_view right)
-{
-    const QByteArray a = sha256(left);
-    const QByteArray b = sha256(right);
-    int difference = 0;
-    for (qsizetype i = 0; i < a.size(); ++i)
-        difference |= a[i] ^ b[i];
-    return difference == 0;
+    return QByteArray(text.data(), static_cast<qsizetype>(text.size()))
+        .toPercentEncoding()
+        .toStdString();
 }
 
 std::string sha256Hex(std::string_view bytes)
 {
-    return sha256(bytes).toHex().toStdString();
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(QByteArrayView(bytes));
+    return hash.result().toHex().toStdString();
 }
 
 std::string newId()
@@ -145,24 +67,14 @@ std::string newId()
 
 Instant now()
 {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
+    return QDateTime::currentMSecsSinceEpoch();
 }
 
 std::string timestamp(Instant at)
 {
-    using namespace std::chrono;
-    const sys_time<milliseconds> time{milliseconds(at)};
-    const auto day = floor<days>(time);
-    const year_month_day date(day);
-    const hh_mm_ss clock(floor<seconds>(time - day));
-    std::array<char, 48> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02d+0000",
-                  static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
-                  static_cast<unsigned>(date.day()), static_cast<int>(clock.hours().count()),
-                  static_cast<int>(clock.minutes().count()),
-                  static_cast<int>(clock.seconds().count()));
-    return text.data();
+    return QDateTime::fromMSecsSinceEpoch(at, QTimeZone::utc())
+        .toString(u"yyyy-MM-dd'T'HH:mm:ss'+0000'"_s)
+        .toStdString();
 }
 
 bool isCustomerId(std::string_view text)
@@ -174,12 +86,16 @@ bool isCustomerId(std::string_view text)
 
 std::string safeFileName(std::string_view name)
 {
-    const std::string_view last = name.substr(name.find_last_of("/\\") + 1);
-    QString safe = QString::fromUtf8(last.data(), static_cast<qsizetype>(last.size()));
+    constexpr qsizetype maxLength = 120;
+    constexpr qsizetype suffix = 16;
+    QString safe = QString::fromUtf8(name.substr(name.find_last_of("/\\") + 1));
     safe.removeIf([](QChar character) { return !character.isPrint() && !character.isSurrogate(); });
-    while (safe.startsWith(QLatin1Char('.')))
+    while (safe.startsWith(u'.'))
         safe.remove(0, 1);
-    return safe.isEmpty() ? "attachment" : truncated(safe).toStdString();
+    // Long names keep their suffix, from which clients derive the type.
+    if (safe.size() > maxLength)
+        safe = safe.left(maxLength - suffix) + safe.right(suffix);
+    return safe.isEmpty() ? "attachment" : safe.toStdString();
 }
 
 } // namespace tolvane::backend

@@ -3,10 +3,6 @@
 
 #include "base/records.h"
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace tolvane::backend {
 
 bool isUtf8(std::string_view text);
@@ -14,12 +10,7 @@ bool equalIgnoringCase(std::string_view left, std::string_view right);
 std::string_view trimmed(std::string_view text);
 std::vector<std::string_view> split(std::string_view text, char separator);
 
-/// A "%" that does not begin an escape is kept, and so is "+".
-std::string percentDecoded(std::string_view text);
 std::string percentEncoded(std::string_view text);
-
-/// Compares in constant time, so that keys cannot be guessed by timing.
-bool equalInConstantTime(std::string_view left, std::string_view right);
 
 std::string sha256Hex(std::string_view bytes);
 

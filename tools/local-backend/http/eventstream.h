@@ -1,21 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "http/routing.h"
+#include <mutex>
+#include <string>
+
+struct MHD_Connection;
 
 namespace tolvane::backend {
 
-/// Responds with server-sent events until the client disconnects or the server shuts down.
-/// `nextEvents` returns an empty text while no event is waiting. The server calls it again after
-/// each release of the stream's wakeup.
-template <typename Stream>
-void respondWithEvents(const RequestContext &context, const std::shared_ptr<Stream> &stream,
-                       std::function<std::string()> nextEvents)
+/// The server-sent events of one connection, until the client disconnects or the server shuts down.
+class EventStream
 {
-    context.response.setContent({}, "text/event-stream");
-    context.response.setHeader("Cache-Control", "no-store");
-    context.response.wakeup = std::shared_ptr<const Wakeup>(stream, &stream->wakeup());
-    context.response.nextEvents = std::move(nextEvents);
-}
+public:
+    EventStream() = default;
+    EventStream(const EventStream &) = delete;
+    EventStream &operator=(const EventStream &) = delete;
+    virtual ~EventStream() = default;
+
+    /// The next events, or an empty text while none is waiting. A call means that the connection
+    /// has accepted the events of the previous call.
+    virtual std::string next() = 0;
+
+    /// Makes the server call next(). May be called on any thread.
+    void wake();
+    /// Suspends the connection until wake(). Returns false when wake() has been called since the
+    /// last call.
+    bool suspend(MHD_Connection *connection);
+
+private:
+    std::mutex m_mutex;
+    MHD_Connection *m_suspended = nullptr;
+    bool m_isAwake = false;
+};
 
 } // namespace tolvane::backend

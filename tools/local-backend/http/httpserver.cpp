@@ -1,40 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "http/httpserver.h"
 
-#include "http/listeningsocket.h"
-
 #include <algorithm>
-#include <atomic>
 #include <chrono>
+#include <cstdio>
 #include <cstring>
 #include <microhttpd.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <netdb.h>
+#include <poll.h>
+#include <utility>
 
 namespace tolvane::backend {
 
 namespace {
 
 using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
 
 constexpr unsigned connectionTimeout = 10; // seconds without a byte
 constexpr unsigned maxConnections = 1000;
 constexpr std::size_t maxHeadSize = 65'536;
 constexpr std::size_t streamBlock = 16'384;
-constexpr std::chrono::milliseconds clientCheckInterval = 250ms;
+// The interval in which the server notices clients that have disconnected, and shutDown().
+constexpr int checkInterval = 250; // milliseconds
 // The interval of the comments that a stream without events sends.
 constexpr std::chrono::seconds heartbeatInterval = 15s;
 constexpr std::chrono::milliseconds shutdownTimeout = 700ms;
 
-int socketOf(MHD_Connection *connection)
+bool isClosedByClient(MHD_Connection *connection)
 {
-    return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
-}
-
-MHD_Result addHeader(void *request, MHD_ValueKind, const char *name, const char *value)
-{
-    static_cast<Request *>(request)->headers.emplace(name, value ? value : "");
-    return MHD_YES;
+    const auto *const info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
+    pollfd event{info->connect_fd, POLLRDHUP, 0};
+    return ::poll(&event, 1, 0) > 0;
 }
 
 } // namespace
@@ -50,28 +47,22 @@ struct HttpServer::Stream
 {
     HttpServer &server;
     MHD_Connection *connection;
-    const int socket;
-    const std::function<std::string()> nextEvents;
-    const std::shared_ptr<const Wakeup> wakeup;
+    const std::shared_ptr<EventStream> events;
     /// At first, because the headers are sent together with the first bytes.
-    std::atomic<bool> isHeartbeatDue = true;
+    bool isHeartbeatDue = true;
     std::string pending = {};
 
-    bool isOver()
-    {
-        const std::lock_guard lock(server.m_mutex);
-        return server.m_isStopping || isClosedByClient(socket);
-    }
+    bool isOver() const { return server.m_isStopping || isClosedByClient(connection); }
 
     ssize_t read(char *to, std::size_t size)
     {
         while (pending.empty()) {
             if (isOver())
                 return MHD_CONTENT_READER_END_OF_STREAM;
-            pending = nextEvents();
-            if (pending.empty() && isHeartbeatDue.exchange(false))
+            pending = events->next();
+            if (pending.empty() && std::exchange(isHeartbeatDue, false))
                 pending = ":\n\n";
-            if (pending.empty() && wakeup->suspend(connection))
+            if (pending.empty() && events->suspend(connection))
                 return 0;
         }
         const std::size_t count = std::min(size, pending.size());
@@ -85,11 +76,9 @@ struct HttpServer::Stream
 class HttpServer::Callbacks
 {
 public:
-    static void *begin(void *, const char *target, MHD_Connection *)
+    static void *begin(void *, const char *target, MHD_Connection *connection)
     {
-        auto *const exchange = new Exchange;
-        exchange->request.target = target;
-        return exchange;
+        return new Exchange{{.connection = connection, .method = {}, .target = target, .body = {}}};
     }
 
     static MHD_Result handle(void *context, MHD_Connection *connection, const char *,
@@ -102,9 +91,6 @@ public:
         if (!exchange.hasHeaders) {
             exchange.hasHeaders = true;
             request.method = method;
-            request.remoteAddress = remoteAddressOf(socketOf(connection));
-            MHD_get_connection_values(connection, MHD_HEADER_KIND, addHeader, &request);
-            const std::lock_guard lock(server.m_mutex);
             ++server.m_exchangeCount;
             return MHD_YES;
         }
@@ -126,13 +112,9 @@ public:
 
     static void end(void *context, MHD_Connection *, void **state, MHD_RequestTerminationCode)
     {
-        auto &server = *static_cast<HttpServer *>(context);
         const std::unique_ptr<Exchange> exchange(static_cast<Exchange *>(*state));
-        if (!exchange || !exchange->hasHeaders)
-            return;
-        const std::lock_guard lock(server.m_mutex);
-        --server.m_exchangeCount;
-        server.m_changed.notify_all();
+        if (exchange && exchange->hasHeaders)
+            --static_cast<HttpServer *>(context)->m_exchangeCount;
     }
 
     // Keeps percent-encoding: routes decode the components of a path after splitting it.
@@ -145,8 +127,8 @@ private:
     static MHD_Result send(HttpServer &server, MHD_Connection *connection, Response response)
     {
         MHD_Response *const message =
-            response.nextEvents
-                ? stream(server, connection, response)
+            response.events
+                ? stream(server, connection, std::move(response.events))
                 : MHD_create_response_from_buffer(response.body.size(), response.body.data(),
                                                   MHD_RESPMEM_MUST_COPY);
         for (const auto &[name, value] : response.headers)
@@ -157,15 +139,11 @@ private:
         return queued;
     }
 
-    static MHD_Response *stream(HttpServer &server, MHD_Connection *connection, Response &response)
+    static MHD_Response *stream(HttpServer &server, MHD_Connection *connection,
+                                std::shared_ptr<EventStream> events)
     {
-        auto *const stream = new Stream{server, connection, socketOf(connection),
-                                        std::move(response.nextEvents), std::move(response.wakeup)};
-        {
-            const std::lock_guard lock(server.m_mutex);
-            server.m_streams.insert(stream);
-            server.m_changed.notify_all();
-        }
+        auto *const stream = new Stream{server, connection, std::move(events)};
+        server.m_streams.insert(stream);
         return MHD_create_response_from_callback(MHD_SIZE_UNKNOWN, streamBlock, read, stream,
                                                  endStream);
     }
@@ -183,7 +161,6 @@ private:
     static void endStream(void *context)
     {
         const std::unique_ptr<Stream> stream(static_cast<Stream *>(context));
-        const std::lock_guard lock(stream->server.m_mutex);
         stream->server.m_streams.erase(stream.get());
     }
 };
@@ -196,74 +173,63 @@ HttpServer::HttpServer(std::size_t maxBody, Handler handler)
 
 HttpServer::~HttpServer()
 {
-    if (m_socket >= 0)
-        ::close(m_socket);
+    if (!m_daemon)
+        return;
+    // The library requires that no connection is suspended.
+    m_isStopping = true;
+    wakeStreams(false);
+    MHD_stop_daemon(m_daemon);
 }
 
 int HttpServer::bind(const std::string &host, int port)
 {
-    m_socket = listenOn(host, port);
-    return m_socket < 0 ? -1 : portOf(m_socket);
-}
-
-bool HttpServer::run()
-{
-    MHD_Daemon *const daemon = MHD_start_daemon(
-        MHD_USE_AUTO_INTERNAL_THREAD | MHD_ALLOW_SUSPEND_RESUME, 0, nullptr, nullptr,
-        Callbacks::handle, this, MHD_OPTION_LISTEN_SOCKET, m_socket, MHD_OPTION_URI_LOG_CALLBACK,
-        Callbacks::begin, this, MHD_OPTION_NOTIFY_COMPLETED, Callbacks::end, this,
-        MHD_OPTION_UNESCAPE_CALLBACK, Callbacks::keepEscapes, nullptr,
-        MHD_OPTION_CONNECTION_TIMEOUT, connectionTimeout, MHD_OPTION_CONNECTION_LIMIT,
-        maxConnections, MHD_OPTION_CONNECTION_MEMORY_LIMIT, maxHeadSize, MHD_OPTION_END);
-    if (!daemon)
-        return false;
-    serve();
-    MHD_quiesce_daemon(daemon);
-    wakeStreams(false);
-    {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait_for(lock, shutdownTimeout, [this] { return m_exchangeCount == 0; });
+    addrinfo hints{};
+    hints.ai_flags = AI_PASSIVE | AI_NUMERICSERV;
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo *found = nullptr;
+    if (getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found) != 0)
+        return -1;
+    const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> addresses(found, &freeaddrinfo);
+    for (const addrinfo *each = found; each && !m_daemon; each = each->ai_next) {
+        unsigned flags = MHD_USE_AUTO | MHD_ALLOW_SUSPEND_RESUME;
+        if (each->ai_family == AF_INET6)
+            flags |= MHD_USE_DUAL_STACK;
+        m_daemon = MHD_start_daemon(
+            flags, 0, nullptr, nullptr, Callbacks::handle, this, MHD_OPTION_SOCK_ADDR,
+            each->ai_addr, MHD_OPTION_URI_LOG_CALLBACK, Callbacks::begin, this,
+            MHD_OPTION_NOTIFY_COMPLETED, Callbacks::end, this, MHD_OPTION_UNESCAPE_CALLBACK,
+            Callbacks::keepEscapes, nullptr, MHD_OPTION_CONNECTION_TIMEOUT, connectionTimeout,
+            MHD_OPTION_CONNECTION_LIMIT, maxConnections, MHD_OPTION_CONNECTION_MEMORY_LIMIT,
+            maxHeadSize, MHD_OPTION_END);
     }
-    MHD_stop_daemon(daemon);
-    return true;
+    return m_daemon ? MHD_get_daemon_info(m_daemon, MHD_DAEMON_INFO_BIND_PORT)->port : -1;
 }
 
-// Suspended connections are not watched. While there are streams, this wakes the streams of clients
-// that have disconnected, and all of them for a heartbeat.
-void HttpServer::serve()
+void HttpServer::run()
 {
-    auto nextHeartbeat = std::chrono::steady_clock::now() + heartbeatInterval;
-    std::unique_lock lock(m_mutex);
+    auto nextHeartbeat = Clock::now() + heartbeatInterval;
     while (!m_isStopping) {
-        if (m_streams.empty())
-            m_changed.wait(lock, [this] { return m_isStopping || !m_streams.empty(); });
-        else
-            m_changed.wait_for(lock, clientCheckInterval, [this] { return m_isStopping; });
-        const auto now = std::chrono::steady_clock::now();
-        const bool isHeartbeat = now >= nextHeartbeat;
+        MHD_run_wait(m_daemon, checkInterval);
+        const bool isHeartbeat = Clock::now() >= nextHeartbeat;
         if (isHeartbeat)
-            nextHeartbeat = now + heartbeatInterval;
-        lock.unlock();
+            nextHeartbeat = Clock::now() + heartbeatInterval;
         wakeStreams(isHeartbeat);
-        lock.lock();
+    }
+    const auto end = Clock::now() + shutdownTimeout;
+    while (m_exchangeCount > 0 && Clock::now() < end) {
+        wakeStreams(false);
+        MHD_run_wait(m_daemon, 10);
     }
 }
 
+// Suspended connections are not watched.
 void HttpServer::wakeStreams(bool isHeartbeat)
 {
-    const std::lock_guard lock(m_mutex);
     for (Stream *const stream : m_streams) {
         stream->isHeartbeatDue = stream->isHeartbeatDue || isHeartbeat;
-        if (isHeartbeat || m_isStopping || isClosedByClient(stream->socket))
-            stream->wakeup->release();
+        if (isHeartbeat || stream->isOver())
+            stream->events->wake();
     }
-}
-
-void HttpServer::shutDown()
-{
-    const std::lock_guard lock(m_mutex);
-    m_isStopping = true;
-    m_changed.notify_all();
 }
 
 } // namespace tolvane::backend

@@ -3,7 +3,8 @@
 
 #include "http/httpmessage.h"
 
-#include <condition_variable>
+#include <atomic>
+#include <functional>
 #include <set>
 
 struct MHD_Daemon;
@@ -25,26 +26,23 @@ public:
     /// Returns the port, or -1 when binding fails. Port 0 picks a free port. Requests wait for
     /// run().
     int bind(const std::string &host, int port);
-    /// Serves until shutDown(). Returns false when the server cannot start.
-    bool run();
-    /// Must be called on another thread than run(), which then waits up to 700 ms for requests in
-    /// flight.
-    void shutDown();
+    /// Serves until shutDown(), and then up to 700 ms longer for requests in flight.
+    void run();
+    /// May be called on any thread, and by the handler of a signal.
+    void shutDown() { m_isStopping = true; }
 
 private:
     class Callbacks;
     struct Exchange;
     struct Stream;
 
-    void serve();
     void wakeStreams(bool isHeartbeat);
 
     const std::size_t m_maxBody;
     const Handler m_handler;
-    int m_socket = -1;
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    bool m_isStopping = false;
+    MHD_Daemon *m_daemon = nullptr;
+    std::atomic<bool> m_isStopping = false;
+    static_assert(std::atomic<bool>::is_always_lock_free);
     std::size_t m_exchangeCount = 0;
     std::set<Stream *> m_streams;
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +20,6 @@ struct Part
 ///
 /// libmicrohttpd's post processor takes the first quotation mark within a file name for its end.
 /// Clients send names with quotation marks.
-std::vector<Part> parseMultipart(std::string_view contentType, std::string_view body);
+std::vector<Part> parseMultipart(const std::string &contentType, std::string_view body);
 
 } // namespace tolvane::backend

@@ -63,7 +63,7 @@ bool isSameOrigin(const Request &request)
 
 void rejectRemoteRequests(const Request &request)
 {
-    if (!isLoopback(request.remoteAddress))
+    if (!isLoopback(request.remoteAddress()))
         throw HttpError(forbidden, "the agent page is available on the backend's machine only");
     const std::string host = request.header("Host");
     if (!isLoopbackName(withoutPort(host)))

@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <microhttpd.h>
 
 namespace tolvane::backend {
 
@@ -15,7 +16,9 @@ constexpr const char *jsonType = "application/json";
 
 std::string RequestContext::pathComponent(std::size_t index) const
 {
-    return percentDecoded(path.at(index));
+    std::string component(path.at(index));
+    component.resize(MHD_http_unescape(component.data()));
+    return component;
 }
 
 void RequestContext::respond(const Json &json) const

@@ -4,7 +4,6 @@
 #include "api/requests.h"
 #include "backend.h"
 #include "base/recordjson.h"
-#include "http/eventstream.h"
 #include "http/requestguard.h"
 #include "page/agentpage.h"
 #include "page/agentrequests.h"
@@ -169,13 +168,10 @@ void AgentRoutes::respondAfterSave(const RequestContext &context) const
 
 void AgentRoutes::getEvents(const RequestContext &context) const
 {
-    const auto changes = std::make_shared<ChangeStream>(m_backend.changeNotifier);
-    respondWithEvents(context, changes, [this, changes, baseUrl = baseUrlOf(context)] {
-        std::string events;
-        for (const std::string &id : changes->take())
-            events += eventOf(id, baseUrl);
-        return events;
-    });
+    context.response.setEvents(std::make_shared<ChangeStream>(
+        m_backend.changeNotifier, [this, baseUrl = baseUrlOf(context)](const std::string &id) {
+            return eventOf(id, baseUrl);
+        }));
 }
 
 std::string AgentRoutes::eventOf(const std::string &ticketId, const std::string &baseUrl) const

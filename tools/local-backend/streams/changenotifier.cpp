@@ -3,8 +3,6 @@
 
 #include "base/errors.h"
 
-#include <utility>
-
 namespace tolvane::backend {
 
 namespace {
@@ -19,12 +17,13 @@ void ChangeNotifier::notify(const std::string &ticketId)
     const std::lock_guard lock(m_mutex);
     for (ChangeStream *stream : m_streams) {
         stream->m_ticketIds.insert(ticketId);
-        stream->m_wakeup.release();
+        stream->wake();
     }
 }
 
-ChangeStream::ChangeStream(ChangeNotifier &notifier)
+ChangeStream::ChangeStream(ChangeNotifier &notifier, EventOf eventOf)
     : m_notifier(notifier)
+    , m_eventOf(std::move(eventOf))
 {
     const std::lock_guard lock(m_notifier.m_mutex);
     if (m_notifier.m_streams.size() >= maxStreams)
@@ -38,10 +37,17 @@ ChangeStream::~ChangeStream()
     m_notifier.m_streams.erase(this);
 }
 
-std::set<std::string> ChangeStream::take()
+std::string ChangeStream::next()
 {
-    const std::lock_guard lock(m_notifier.m_mutex);
-    return std::exchange(m_ticketIds, {});
+    std::set<std::string> changed;
+    {
+        const std::lock_guard lock(m_notifier.m_mutex);
+        changed.swap(m_ticketIds);
+    }
+    std::string events;
+    for (const std::string &id : changed)
+        events += m_eventOf(id);
+    return events;
 }
 
 } // namespace tolvane::backend

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "http/wakeup.h"
+#include "http/eventstream.h"
 
-#include <mutex>
+#include <functional>
 #include <set>
-#include <string>
 
 namespace tolvane::backend {
 
@@ -24,26 +23,26 @@ private:
     std::set<ChangeStream *> m_streams;
 };
 
-/// Collects the tickets that change during its lifetime. A ticket that changes several times before
-/// take() is returned once.
-class ChangeStream
+/// The tickets that change during its lifetime. A ticket that changes several times before next()
+/// is reported once.
+class ChangeStream final : public EventStream
 {
 public:
-    /// Throws an HttpError when too many streams are open.
-    explicit ChangeStream(ChangeNotifier &notifier);
-    ChangeStream(const ChangeStream &) = delete;
-    ChangeStream &operator=(const ChangeStream &) = delete;
-    ~ChangeStream();
+    /// Returns the event for a changed ticket.
+    using EventOf = std::function<std::string(const std::string &ticketId)>;
 
-    const Wakeup &wakeup() const { return m_wakeup; }
-    std::set<std::string> take();
+    /// Throws an HttpError when too many streams are open.
+    ChangeStream(ChangeNotifier &notifier, EventOf eventOf);
+    ~ChangeStream() override;
+
+    std::string next() override;
 
 private:
     friend ChangeNotifier;
 
     ChangeNotifier &m_notifier;
+    const EventOf m_eventOf;
     std::set<std::string> m_ticketIds;
-    Wakeup m_wakeup;
 };
 
 } // namespace tolvane::backend

@@ -2,6 +2,7 @@
 #include "streams/pushservice.h"
 
 #include "base/errors.h"
+#include "base/recordjson.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -54,8 +55,8 @@ bool PushService::send(const std::string &token, Push push)
     device.backlog.push_back({++m_lastNumber, std::move(push)});
     if (device.backlog.size() > maxBacklog)
         device.backlog.pop_front();
-    for (const PushStream *stream : device.streams)
-        stream->m_wakeup.release();
+    for (PushStream *stream : device.streams)
+        stream->wake();
     return true;
 }
 
@@ -83,9 +84,11 @@ void PushService::removeOldestDevice()
         [&rank](const auto &left, const auto &right) { return rank(left) < rank(right); }));
 }
 
-PushStream::PushStream(PushService &service, std::string token, std::optional<std::uint64_t> last)
+PushStream::PushStream(PushService &service, std::string token, std::optional<std::uint64_t> last,
+                       std::string baseUrl)
     : m_service(service)
     , m_token(std::move(token))
+    , m_baseUrl(std::move(baseUrl))
 {
     const std::lock_guard lock(m_service.m_mutex);
     if (m_service.m_streamCount >= maxStreams)
@@ -94,7 +97,7 @@ PushStream::PushStream(PushService &service, std::string token, std::optional<st
     PushService::Device &device = m_service.deviceOf(m_token);
     device.streams.insert(this);
     // With a number from the future, the stream would skip all pushes up to it.
-    m_last = std::min(last.value_or(device.delivered), m_service.m_lastNumber);
+    m_delivered = std::min(last.value_or(device.delivered), m_service.m_lastNumber);
 }
 
 PushStream::~PushStream()
@@ -104,22 +107,19 @@ PushStream::~PushStream()
     m_service.deviceOf(m_token).streams.erase(this);
 }
 
-std::optional<NumberedPush> PushStream::next() const
+std::string PushStream::next()
 {
     const std::lock_guard lock(m_service.m_mutex);
-    const auto &backlog = m_service.deviceOf(m_token).backlog;
-    const auto found = std::upper_bound(
-        backlog.begin(), backlog.end(), m_last,
-        [](std::uint64_t number, const auto &push) { return number < push.number; });
-    return found == backlog.end() ? std::nullopt : std::optional(*found);
-}
-
-void PushStream::confirm(std::uint64_t number)
-{
-    const std::lock_guard lock(m_service.m_mutex);
-    m_last = number;
-    std::uint64_t &delivered = m_service.deviceOf(m_token).delivered;
-    delivered = std::max(delivered, number);
+    PushService::Device &device = m_service.deviceOf(m_token);
+    m_delivered = std::max(m_delivered, m_sent);
+    device.delivered = std::max(device.delivered, m_sent);
+    const auto push = std::ranges::upper_bound(device.backlog, m_delivered, {},
+                                               &PushService::NumberedPush::number);
+    if (push == device.backlog.end())
+        return {};
+    m_sent = push->number;
+    return "id: " + std::to_string(m_sent) + "\ndata: " + toText(toJson(push->push, m_baseUrl)) +
+           "\n\n";
 }
 
 } // namespace tolvane::backend

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/records.h"
-#include "http/wakeup.h"
+#include "http/eventstream.h"
 
 #include <cstdint>
 #include <deque>
@@ -13,12 +13,6 @@
 namespace tolvane::backend {
 
 class PushStream;
-
-struct NumberedPush
-{
-    std::uint64_t number = 0;
-    Push push;
-};
 
 /// Replaces the platform's push service: keeps the newest pushes of each device for the hosts that
 /// listen. Thread-safe.
@@ -33,10 +27,16 @@ public:
 private:
     friend PushStream;
 
+    struct NumberedPush
+    {
+        std::uint64_t number = 0;
+        Push push;
+    };
+
     struct Device
     {
         std::deque<NumberedPush> backlog;
-        /// The number of the last push that any stream has confirmed.
+        /// The number of the last push that any stream has delivered.
         std::uint64_t delivered = 0;
         std::set<PushStream *> streams;
     };
@@ -51,29 +51,24 @@ private:
 };
 
 /// A host's connection to the pushes of a device.
-class PushStream
+class PushStream final : public EventStream
 {
 public:
     /// Begins after the push with the number `last`; without it, after the last push that any
-    /// stream has confirmed. Throws an HttpError when too many streams are open.
-    PushStream(PushService &service, std::string token, std::optional<std::uint64_t> last);
-    PushStream(const PushStream &) = delete;
-    PushStream &operator=(const PushStream &) = delete;
-    ~PushStream();
+    /// stream has delivered. Throws an HttpError when too many streams are open.
+    PushStream(PushService &service, std::string token, std::optional<std::uint64_t> last,
+               std::string baseUrl);
+    ~PushStream() override;
 
-    /// Released once for each new push.
-    const Wakeup &wakeup() const { return m_wakeup; }
-    /// The first push that is not confirmed.
-    std::optional<NumberedPush> next() const;
-    void confirm(std::uint64_t number);
+    /// The first push that is not delivered.
+    std::string next() override;
 
 private:
-    friend PushService;
-
     PushService &m_service;
     const std::string m_token;
-    std::uint64_t m_last = 0;
-    Wakeup m_wakeup;
+    const std::string m_baseUrl;
+    std::uint64_t m_delivered = 0;
+    std::uint64_t m_sent = 0;
 };
 
 } // namespace tolvane::backend

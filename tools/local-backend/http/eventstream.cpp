@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include "http/wakeup.h"
+#include "http/eventstream.h"
 
 #include <microhttpd.h>
 #include <utility>
 
 namespace tolvane::backend {
 
-void Wakeup::release() const
+void EventStream::wake()
 {
     const std::lock_guard lock(m_mutex);
     if (MHD_Connection *const connection = std::exchange(m_suspended, nullptr))
         MHD_resume_connection(connection);
     else
-        m_isReleased = true;
+        m_isAwake = true;
 }
 
-bool Wakeup::suspend(MHD_Connection *connection) const
+bool EventStream::suspend(MHD_Connection *connection)
 {
     const std::lock_guard lock(m_mutex);
-    if (std::exchange(m_isReleased, false))
+    if (std::exchange(m_isAwake, false))
         return false;
     m_suspended = connection;
     MHD_suspend_connection(connection);
