@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "api/server.h"
-#include "backend.h"
 #include "base/errors.h"
 #include "data/schema.h"
 #include "data/seed.h"
 #include "options.h"
+#include "server.h"
 
 #include <QtCore/QCoreApplication>
 

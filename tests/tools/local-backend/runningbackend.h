@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "api/server.h"
-#include "backend.h"
+#include "api/backend.h"
 #include "data/schema.h"
+#include "server.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>

@@ -4,7 +4,6 @@
 #include "base/errors.h"
 #include "base/jsonnode.h"
 #include "base/text.h"
-#include "http/httpserver.h"
 #include "http/multipart.h"
 
 #include <QtCore/QUrlQuery>
@@ -92,11 +91,6 @@ std::string hostOf(const Request &request, const std::string &fallback)
                    std::string_view("-.:[]_").find(static_cast<char>(c)) != std::string_view::npos;
         });
     return isValid ? host : fallback;
-}
-
-std::string baseUrlFor(const std::string &host)
-{
-    return "http://" + host + "/api";
 }
 
 NewTicket parseNewTicket(const Request &request)

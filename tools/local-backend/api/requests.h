@@ -22,9 +22,6 @@ std::optional<std::uint64_t> lastEventIdOf(const Request &request);
 /// The Host header, or `fallback` when the header is missing or not valid in a URL.
 std::string hostOf(const Request &request, const std::string &fallback);
 
-/// Returns "http://127.0.0.1:8787/api" for the host "127.0.0.1:8787".
-std::string baseUrlFor(const std::string &host);
-
 /// A multipart form: the texts by name, and the files in order.
 struct Form
 {

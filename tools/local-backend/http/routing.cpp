@@ -4,33 +4,8 @@
 #include "base/text.h"
 
 #include <algorithm>
-#include <microhttpd.h>
 
 namespace tolvane::backend {
-
-namespace {
-
-constexpr const char *jsonType = "application/json";
-
-} // namespace
-
-std::string RequestContext::pathComponent(std::size_t index) const
-{
-    std::string component(path.at(index));
-    component.resize(MHD_http_unescape(component.data()));
-    return component;
-}
-
-void RequestContext::respond(const Json &json) const
-{
-    response.setContent(toText(json), jsonType);
-}
-
-void setError(Response &response, int status, const std::string &reason)
-{
-    response.status = status;
-    response.setContent(toText(Json{{"error", reason}}), jsonType);
-}
 
 std::string_view pathOf(const Request &request)
 {
@@ -46,16 +21,14 @@ Path componentsAfter(std::string_view prefix, const Request &request)
 
 bool matches(const Path &path, std::string_view pattern)
 {
-    const Path expected = split(pattern, '/');
-    return std::equal(path.begin(), path.end(), expected.begin(), expected.end(),
-                      [](std::string_view component, std::string_view wanted) {
-                          return wanted == "*" ? !component.empty() : component == wanted;
-                      });
+    return std::ranges::equal(path, split(pattern, '/'), [](auto component, auto wanted) {
+        return wanted == "*" ? !component.empty() : component == wanted;
+    });
 }
 
 std::string_view methodOf(const Request &request)
 {
-    return request.method == "HEAD" ? std::string_view("GET") : std::string_view(request.method);
+    return request.method == "HEAD" ? "GET" : std::string_view(request.method);
 }
 
 } // namespace tolvane::backend

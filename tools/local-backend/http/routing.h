@@ -2,10 +2,8 @@
 #pragma once
 
 #include "base/errors.h"
-#include "base/jsonnode.h"
 #include "http/httpmessage.h"
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,20 +11,6 @@ namespace tolvane::backend {
 
 /// The percent-encoded components of a URL path.
 using Path = std::vector<std::string_view>;
-
-/// A request and its response, with the data that handlers need.
-struct RequestContext
-{
-    const Request &request;
-    Response &response;
-    Path path = {};
-    std::string customer = {};
-
-    std::string pathComponent(std::size_t index) const;
-    void respond(const Json &json) const;
-};
-
-void setError(Response &response, int status, const std::string &reason);
 
 /// The percent-encoded path of the URL, without the query.
 std::string_view pathOf(const Request &request);
@@ -37,10 +21,10 @@ bool matches(const Path &path, std::string_view pattern);
 /// Returns GET for HEAD, because the server drops the body of its response.
 std::string_view methodOf(const Request &request);
 
-/// The first route that matches the request. Routes have a `method` and a `pattern`. Throws a
-/// HttpError.
-template <typename Routes>
-const auto &findRoute(const Routes &routes, const RequestContext &context)
+/// The first route that matches the request of `context`. Routes have a `method` and a `pattern`.
+/// Throws a HttpError.
+template <typename Routes, typename Context>
+const auto &findRoute(const Routes &routes, const Context &context)
 {
     std::string allowed;
     for (const auto &route : routes) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "page/agentpage.h"
 
+#include "http/routing.h"
 #include "settings/settings.h"
 
 #include <algorithm>
@@ -43,27 +44,27 @@ constexpr std::array<PageFile, 11> files = {{
 
 } // namespace
 
-void respondWithPage(const RequestContext &context)
+void respondWithPage(const Request &request, Response &response)
 {
-    if (methodOf(context.request) != "GET") {
-        context.response.setHeader("Allow", "GET");
+    if (methodOf(request) != "GET") {
+        response.setHeader("Allow", "GET");
         throw HttpError(405, "the page supports GET only");
     }
-    const std::string_view path = pathOf(context.request);
+    const std::string_view path = pathOf(request);
     if (path == "/" || path == "/agent/") {
-        context.response.status = 302;
-        context.response.setHeader("Location", std::string(pagePath));
+        response.status = 302;
+        response.setHeader("Location", std::string(pagePath));
         return;
     }
     const auto file = std::find_if(files.begin(), files.end(),
                                    [path](const PageFile &known) { return known.path == path; });
     if (file == files.end())
         throw HttpError(404, "there is no such path");
-    context.response.setHeader("Content-Security-Policy", policy);
-    context.response.setHeader("Cross-Origin-Opener-Policy", "same-origin");
-    context.response.setHeader("Cross-Origin-Resource-Policy", "same-origin");
-    context.response.setHeader("Referrer-Policy", "no-referrer");
-    context.response.setContent(asset(file->asset), file->type);
+    response.setHeader("Content-Security-Policy", policy);
+    response.setHeader("Cross-Origin-Opener-Policy", "same-origin");
+    response.setHeader("Cross-Origin-Resource-Policy", "same-origin");
+    response.setHeader("Referrer-Policy", "no-referrer");
+    response.setContent(asset(file->asset), file->type);
 }
 
 } // namespace tolvane::backend

@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "backend.h"
+#include "api/backend.h"
 #include "http/httpserver.h"
-#include "http/routing.h"
-#include "page/agentroutes.h"
-
-#include <string>
-#include <vector>
 
 namespace tolvane::backend {
 
@@ -36,32 +31,14 @@ public:
     void shutDown() { m_http.shutDown(); }
 
 private:
-    struct Route;
-    static const std::vector<Route> routes;
-
     /// Like "127.0.0.1:8787".
     std::string authority() const;
     void handle(const Request &request, Response &response) const;
     void dispatch(const Request &request, Response &response) const;
-    void authorise(const Request &request) const;
-    std::string baseUrlOf(const Request &request) const;
-
-    void respondWith(const Ticket &ticket, const RequestContext &context) const;
-    void getSettings(RequestContext &context) const;
-    void createTicket(RequestContext &context) const;
-    void postMessage(RequestContext &context) const;
-    void getTicket(RequestContext &context) const;
-    void getTickets(RequestContext &context) const;
-    void updateCustomer(RequestContext &context) const;
-    void updateDevice(RequestContext &context) const;
-    void getAttachment(RequestContext &context) const;
-    void getPortrait(RequestContext &context) const;
-    void getPushes(RequestContext &context) const;
 
     const Setup m_setup;
     Backend &m_backend;
     HttpServer m_http;
-    const AgentRoutes m_agents;
     int m_port = 0;
 };
 
