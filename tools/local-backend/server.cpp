@@ -48,6 +48,11 @@ std::string Server::authority() const
     return (isV6 ? '[' + m_setup.host + ']' : m_setup.host) + ':' + std::to_string(m_port);
 }
 
+void Server::run()
+{
+    m_http.run([this] { return m_backend.replyScheduler.sendDueReply(); });
+}
+
 void Server::handle(const Request &request, Response &response) const
 {
     try {

@@ -26,8 +26,9 @@ public:
     void bind();
     /// Like "http://127.0.0.1:8787/api".
     std::string baseUrl() const;
-    /// Serves until shutDown(), which any thread or the handler of a signal may call.
-    void run() { m_http.run(); }
+    /// Serves, and sends replies, until shutDown(), which any thread or the handler of a signal may
+    /// call.
+    void run();
     void shutDown() { m_http.shutDown(); }
 
 private:

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 
 namespace tolvane::backend {
 
@@ -16,9 +17,6 @@ using std::chrono::milliseconds;
 // The delay before a reply that could not be stored, for instance on a full disk, is tried again.
 constexpr milliseconds retryDelay{1000};
 
-// The wait without a pending reply. wake() ends it; the bound is arbitrary.
-constexpr milliseconds idleInterval = std::chrono::hours(24);
-
 } // namespace
 
 ReplyScheduler::ReplyScheduler(Store &store, const LiveSettings &settings,
@@ -26,7 +24,6 @@ ReplyScheduler::ReplyScheduler(Store &store, const LiveSettings &settings,
     : m_store(store)
     , m_settings(settings)
     , m_replyDelay(replyDelay)
-    , m_thread([this](const std::stop_token &stop) { run(stop); })
 {
 }
 
@@ -46,29 +43,26 @@ std::optional<Message> ReplyScheduler::addMessage(const std::string &customer,
     return added;
 }
 
-void ReplyScheduler::run(const std::stop_token &stop)
+milliseconds ReplyScheduler::sendDueReply()
 {
-    while (!stop.stop_requested()) {
-        milliseconds pause = retryDelay;
+    if (now() >= m_nextLook) {
         try {
-            pause = sendDueReply();
+            m_nextLook = nextDueTime();
         } catch (const std::exception &error) {
             std::fprintf(stderr, "tolvane-backend: a reply failed and will be retried: %s\n",
                          error.what());
+            m_nextLook = now() + retryDelay.count();
         }
-        std::unique_lock lock(m_mutex);
-        m_changed.wait_for(lock, stop, pause, [this] { return m_hasChanged; });
-        m_hasChanged = false;
     }
+    return milliseconds(std::max<Instant>(m_nextLook - now(), 0));
 }
 
-milliseconds ReplyScheduler::sendDueReply()
+Instant ReplyScheduler::nextDueTime()
 {
-    if (!m_settings.current()->repliesAutomatically)
-        return idleInterval;
-    const std::optional<Instant> due =
-        m_store.sendDueReply([this](const PendingReply &reply) { return outcomeOf(reply); });
-    return due ? milliseconds(std::max<Instant>(*due - now(), 0)) : idleInterval;
+    if (!m_settings.current().repliesAutomatically)
+        return std::numeric_limits<Instant>::max();
+    return m_store.sendDueReply([this](const PendingReply &reply) { return outcomeOf(reply); })
+        .value_or(std::numeric_limits<Instant>::max());
 }
 
 ReplyOutcome ReplyScheduler::outcomeOf(const PendingReply &reply) const
@@ -78,7 +72,7 @@ ReplyOutcome ReplyScheduler::outcomeOf(const PendingReply &reply) const
         outcome.content = introduction();
         return outcome;
     }
-    const std::string hours = openingHours(m_settings.current()->schedules);
+    const std::string hours = openingHours(m_settings.current().schedules);
     Reply scripted = replyTo({.assignee = reply.assignee,
                               .text = reply.content,
                               .attachmentCount = reply.attachmentCount,
@@ -96,15 +90,6 @@ ReplyOutcome ReplyScheduler::outcomeOf(const PendingReply &reply) const
 Instant ReplyScheduler::dueTime() const
 {
     return now() + m_replyDelay.count();
-}
-
-void ReplyScheduler::wake()
-{
-    {
-        const std::lock_guard lock(m_mutex);
-        m_hasChanged = true;
-    }
-    m_changed.notify_one();
 }
 
 } // namespace tolvane::backend

@@ -5,10 +5,6 @@
 #include "settings/settings.h"
 
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <stop_token>
-#include <thread>
 
 namespace tolvane::backend {
 
@@ -25,24 +21,20 @@ public:
     std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
                                       const NewMessage &message);
 
-    /// Looks for due replies again. Call it when a change may allow agents to reply.
-    void wake();
+    /// Sends the due reply, if any. Returns the time until the next call is needed.
+    std::chrono::milliseconds sendDueReply();
+    /// Makes the next call look for due replies. Call it when a change may allow agents to reply.
+    void wake() { m_nextLook = 0; }
 
 private:
-    void run(const std::stop_token &stop);
-    /// Sends the due reply, if any. Returns the time to wait for the next one.
-    std::chrono::milliseconds sendDueReply();
+    Instant nextDueTime();
     ReplyOutcome outcomeOf(const PendingReply &reply) const;
     Instant dueTime() const;
 
     Store &m_store;
     const LiveSettings &m_settings;
     const std::chrono::milliseconds m_replyDelay;
-    std::mutex m_mutex;
-    std::condition_variable_any m_changed;
-    bool m_hasChanged = false;
-    /// The last member, so that the thread stops before the other members are destroyed.
-    std::jthread m_thread;
+    Instant m_nextLook = 0;
 };
 
 } // namespace tolvane::backend

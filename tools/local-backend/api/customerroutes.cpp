@@ -43,18 +43,18 @@ void authorise(const Request &request, const std::vector<std::string> &keys)
 void respondWith(const Ticket &ticket, const RequestContext &context)
 {
     Json json = toJson(ticket, context.baseUrl);
-    json["schedules"] = context.backend.settings.current()->schedules;
+    json["schedules"] = context.backend.settings.current().schedules;
     context.respond(json);
 }
 
 void getSettings(const RequestContext &context)
 {
-    const std::shared_ptr<const Settings> settings = context.backend.settings.current();
+    const Settings &settings = context.backend.settings.current();
     if (queryItem(context.request, QStringLiteral("updatedAt")) ==
-        settings->branding.at("updatedAt").get<std::string>())
+        settings.branding.at("updatedAt").get<std::string>())
         context.response.status = 304;
     else
-        context.respond(brandingJson(settings->branding, context.baseUrl));
+        context.respond(brandingJson(settings.branding, context.baseUrl));
 }
 
 void createTicket(const RequestContext &context)

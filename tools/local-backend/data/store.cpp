@@ -15,7 +15,6 @@ Store::Store(Database database, SendPush sendPush, NotifyChange notifyChange)
 
 void Store::updateCustomer(const std::string &customer, const CustomerUpdate &update)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     ensureCustomer(customer);
     run(m_database,
@@ -28,7 +27,6 @@ void Store::updateCustomer(const std::string &customer, const CustomerUpdate &up
 
 Ticket Store::createTicket(const std::string &customer, const NewTicket &ticket, Instant replyDue)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     ensureCustomer(customer);
     Ticket created;
@@ -48,7 +46,6 @@ Ticket Store::createTicket(const std::string &customer, const NewTicket &ticket,
 std::optional<Message> Store::addMessage(const std::string &customer, const std::string &ticketId,
                                          const NewMessage &message, Instant replyDue)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     if (!hasTicket(customer, ticketId))
         return std::nullopt;
@@ -62,7 +59,6 @@ std::optional<Message> Store::addMessage(const std::string &customer, const std:
 
 std::optional<Ticket> Store::readTicket(const std::string &customer, const std::string &ticketId)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     Ticket ticket;
     {
@@ -87,7 +83,6 @@ std::optional<Ticket> Store::readTicket(const std::string &customer, const std::
 
 std::vector<Preview> Store::previews(const std::string &customer)
 {
-    const std::lock_guard lock(m_mutex);
     std::vector<Preview> previews;
     Statement row = query(m_database,
                           "SELECT " MESSAGE_COLUMNS ", t.id, t.state"
@@ -107,7 +102,6 @@ std::vector<Preview> Store::previews(const std::string &customer)
 
 std::optional<StoredFile> Store::file(const std::string &hash, const std::string &name)
 {
-    const std::lock_guard lock(m_mutex);
     Statement row = query(m_database,
                           "SELECT n.mime_type, f.bytes FROM (SELECT hash, name, mime_type FROM "
                           "attachments"

@@ -5,7 +5,6 @@
 #include "data/rows.h"
 
 #include <functional>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -37,7 +36,7 @@ struct ReplyOutcome
     std::optional<Instant> introductionDue;
 };
 
-/// The persistent data. Thread-safe; each call is one transaction. Customers have access to their
+/// The persistent data. Each call is one transaction. Customers have access to their
 /// own tickets only; for other tickets, functions return nullopt.
 class Store
 {
@@ -105,7 +104,6 @@ private:
     std::optional<AgentTicket> findAgentTicket(const std::string &ticketId);
     std::vector<Message> messagesOf(const std::string &customer, const std::string &ticketId);
 
-    std::mutex m_mutex;
     Database m_database;
     const SendPush m_sendPush;
     const NotifyChange m_notifyChange;

@@ -47,19 +47,16 @@ std::vector<AgentTicket> agentTicketsFromRows(Statement &&row)
 
 std::vector<AgentTicket> Store::agentTickets()
 {
-    const std::lock_guard lock(m_mutex);
     return agentTicketsFromRows(query(m_database, AGENT_TICKETS " ORDER BY t.last DESC, a.place"));
 }
 
 std::optional<AgentTicket> Store::agentTicket(const std::string &ticketId)
 {
-    const std::lock_guard lock(m_mutex);
     return findAgentTicket(ticketId);
 }
 
 std::optional<AgentTicket> Store::agentConversation(const std::string &ticketId)
 {
-    const std::lock_guard lock(m_mutex);
     std::optional<AgentTicket> found = findAgentTicket(ticketId);
     if (found)
         found->ticket.messages = messagesOf(found->customerId, ticketId);
@@ -68,7 +65,6 @@ std::optional<AgentTicket> Store::agentConversation(const std::string &ticketId)
 
 std::optional<Message> Store::addAgentMessage(const std::string &ticketId, const AgentMessage &sent)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     if (!hasTicket(ticketId))
         return std::nullopt;
@@ -85,7 +81,6 @@ std::optional<Message> Store::addAgentMessage(const std::string &ticketId, const
 
 bool Store::changeTicket(const std::string &ticketId, const TicketChange &change)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     if (!hasTicket(ticketId))
         return false;
@@ -106,7 +101,6 @@ bool Store::changeTicket(const std::string &ticketId, const TicketChange &change
 
 std::string Store::addPicture(const Upload &picture)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     const std::string path = insertPicture(m_database, picture);
     transaction.commit();
@@ -115,14 +109,12 @@ std::string Store::addPicture(const Upload &picture)
 
 std::optional<std::string> Store::setting(const std::string &name)
 {
-    const std::lock_guard lock(m_mutex);
     Statement row = query(m_database, "SELECT value FROM settings WHERE name = ?", name);
     return row.executeStep() ? std::optional(row.getColumn(0).getString()) : std::nullopt;
 }
 
 void Store::saveSetting(const std::string &name, const std::string &value)
 {
-    const std::lock_guard lock(m_mutex);
     run(m_database, "INSERT OR REPLACE INTO settings (name, value) VALUES (?, ?)", name, value);
 }
 

@@ -8,7 +8,6 @@ namespace tolvane::backend {
 std::optional<Instant>
 Store::sendDueReply(const std::function<ReplyOutcome(const PendingReply &)> &decide)
 {
-    const std::lock_guard lock(m_mutex);
     Transaction transaction(m_database);
     const std::optional<PendingReply> reply = nextReply();
     if (!reply)

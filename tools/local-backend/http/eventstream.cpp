@@ -8,7 +8,6 @@ namespace tolvane::backend {
 
 void EventStream::wake()
 {
-    const std::lock_guard lock(m_mutex);
     if (MHD_Connection *const connection = std::exchange(m_suspended, nullptr))
         MHD_resume_connection(connection);
     else
@@ -17,7 +16,6 @@ void EventStream::wake()
 
 bool EventStream::suspend(MHD_Connection *connection)
 {
-    const std::lock_guard lock(m_mutex);
     if (std::exchange(m_isAwake, false))
         return false;
     m_suspended = connection;

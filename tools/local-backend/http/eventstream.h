@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <mutex>
 #include <string>
 
 struct MHD_Connection;
@@ -21,14 +20,13 @@ public:
     /// has accepted the events of the previous call.
     virtual std::string next() = 0;
 
-    /// Makes the server call next(). May be called on any thread.
+    /// Makes the server call next().
     void wake();
     /// Suspends the connection until wake(). Returns false when wake() has been called since the
     /// last call.
     bool suspend(MHD_Connection *connection);
 
 private:
-    std::mutex m_mutex;
     MHD_Connection *m_suspended = nullptr;
     bool m_isAwake = false;
 };

@@ -2,7 +2,6 @@
 #include "http/httpserver.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <microhttpd.h>
@@ -22,7 +21,7 @@ constexpr unsigned maxConnections = 1000;
 constexpr std::size_t maxHeadSize = 65'536;
 constexpr std::size_t streamBlock = 16'384;
 // The interval in which the server notices clients that have disconnected, and shutDown().
-constexpr int checkInterval = 250; // milliseconds
+constexpr std::chrono::milliseconds checkInterval = 250ms;
 // The interval of the comments that a stream without events sends.
 constexpr std::chrono::seconds heartbeatInterval = 15s;
 constexpr std::chrono::milliseconds shutdownTimeout = 700ms;
@@ -205,11 +204,12 @@ int HttpServer::bind(const std::string &host, int port)
     return m_daemon ? MHD_get_daemon_info(m_daemon, MHD_DAEMON_INFO_BIND_PORT)->port : -1;
 }
 
-void HttpServer::run()
+void HttpServer::run(const Work &work)
 {
     auto nextHeartbeat = Clock::now() + heartbeatInterval;
     while (!m_isStopping) {
-        MHD_run_wait(m_daemon, checkInterval);
+        const auto wait = std::min(checkInterval, work());
+        MHD_run_wait(m_daemon, static_cast<std::int32_t>(wait.count()));
         const bool isHeartbeat = Clock::now() >= nextHeartbeat;
         if (isHeartbeat)
             nextHeartbeat = Clock::now() + heartbeatInterval;

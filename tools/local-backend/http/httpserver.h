@@ -4,6 +4,7 @@
 #include "http/httpmessage.h"
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <set>
 
@@ -11,12 +12,14 @@ struct MHD_Daemon;
 
 namespace tolvane::backend {
 
-/// Serves HTTP on one thread.
+/// Serves HTTP on the thread that calls run().
 class HttpServer
 {
 public:
     /// Must not throw.
     using Handler = std::function<void(const Request &, Response &)>;
+    /// Work between requests. Returns the time until it has to be called again.
+    using Work = std::function<std::chrono::milliseconds()>;
 
     HttpServer(std::size_t maxBody, Handler handler);
     HttpServer(const HttpServer &) = delete;
@@ -27,7 +30,7 @@ public:
     /// run().
     int bind(const std::string &host, int port);
     /// Serves until shutDown(), and then up to 700 ms longer for requests in flight.
-    void run();
+    void run(const Work &work);
     /// May be called on any thread, and by the handler of a signal.
     void shutDown() { m_isStopping = true; }
 

@@ -86,10 +86,10 @@ void addPicture(const RequestContext &context)
 
 void getSettings(const RequestContext &context)
 {
-    const std::shared_ptr<const Settings> settings = context.backend.settings.current();
-    context.respond({{"branding", brandingJson(settings->branding, context.baseUrl)},
-                     {"schedules", settings->schedules},
-                     {"automatic", settings->repliesAutomatically}});
+    const Settings &settings = context.backend.settings.current();
+    context.respond({{"branding", brandingJson(settings.branding, context.baseUrl)},
+                     {"schedules", settings.schedules},
+                     {"automatic", settings.repliesAutomatically}});
 }
 
 void respondAfterSave(const RequestContext &context)

@@ -37,17 +37,9 @@ LiveSettings::LiveSettings(Store &store, const std::string &brandingPath,
                            const std::string &schedulesPath)
     : m_store(store)
 {
-    Settings settings;
-    settings.branding = load(branding, store, parseBranding, brandingPath);
-    settings.schedules = load(schedules, store, parseSchedules, schedulesPath);
-    settings.repliesAutomatically = store.setting(repliesAutomatically) != toText(false);
-    m_current = std::make_shared<const Settings>(std::move(settings));
-}
-
-std::shared_ptr<const Settings> LiveSettings::current() const
-{
-    const std::lock_guard lock(m_mutex);
-    return m_current;
+    m_current.branding = load(branding, store, parseBranding, brandingPath);
+    m_current.schedules = load(schedules, store, parseSchedules, schedulesPath);
+    m_current.repliesAutomatically = store.setting(repliesAutomatically) != toText(false);
 }
 
 void LiveSettings::saveBranding(Branding value)
@@ -68,11 +60,8 @@ void LiveSettings::saveRepliesAutomatically(bool replies)
 template <typename Value>
 void LiveSettings::save(Value Settings::*setting, const char *name, Value value)
 {
-    const std::lock_guard lock(m_mutex);
     m_store.saveSetting(name, toText(value));
-    auto settings = std::make_shared<Settings>(*m_current);
-    (*settings).*setting = std::move(value);
-    m_current = std::move(settings);
+    m_current.*setting = std::move(value);
 }
 
 std::string asset(const std::string &name)

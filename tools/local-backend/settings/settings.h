@@ -4,9 +4,6 @@
 #include "settings/branding.h"
 #include "settings/schedules.h"
 
-#include <memory>
-#include <mutex>
-
 namespace tolvane::backend {
 
 class Store;
@@ -21,7 +18,7 @@ struct Settings
 };
 
 /// The current settings: those that the agents have saved, else those of the command line, else the
-/// built-in ones. Thread-safe.
+/// built-in ones.
 class LiveSettings
 {
 public:
@@ -29,7 +26,7 @@ public:
     /// invalid setting and the reason.
     LiveSettings(Store &store, const std::string &brandingPath, const std::string &schedulesPath);
 
-    std::shared_ptr<const Settings> current() const;
+    const Settings &current() const { return m_current; }
     void saveBranding(Branding branding);
     void saveSchedules(Schedules schedules);
     void saveRepliesAutomatically(bool replies);
@@ -39,8 +36,7 @@ private:
     void save(Value Settings::*setting, const char *name, Value value);
 
     Store &m_store;
-    mutable std::mutex m_mutex;
-    std::shared_ptr<const Settings> m_current;
+    Settings m_current;
 };
 
 /// Returns the content of a resource below ":/tolvane-backend/".

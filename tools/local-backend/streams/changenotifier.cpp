@@ -3,6 +3,8 @@
 
 #include "base/errors.h"
 
+#include <utility>
+
 namespace tolvane::backend {
 
 namespace {
@@ -14,7 +16,6 @@ constexpr std::size_t maxStreams = 16;
 
 void ChangeNotifier::notify(const std::string &ticketId)
 {
-    const std::lock_guard lock(m_mutex);
     for (ChangeStream *stream : m_streams) {
         stream->m_ticketIds.insert(ticketId);
         stream->wake();
@@ -25,7 +26,6 @@ ChangeStream::ChangeStream(ChangeNotifier &notifier, EventOf eventOf)
     : m_notifier(notifier)
     , m_eventOf(std::move(eventOf))
 {
-    const std::lock_guard lock(m_notifier.m_mutex);
     if (m_notifier.m_streams.size() >= maxStreams)
         throw HttpError(503, "too many agent pages are open");
     m_notifier.m_streams.insert(this);
@@ -33,19 +33,13 @@ ChangeStream::ChangeStream(ChangeNotifier &notifier, EventOf eventOf)
 
 ChangeStream::~ChangeStream()
 {
-    const std::lock_guard lock(m_notifier.m_mutex);
     m_notifier.m_streams.erase(this);
 }
 
 std::string ChangeStream::next()
 {
-    std::set<std::string> changed;
-    {
-        const std::lock_guard lock(m_notifier.m_mutex);
-        changed.swap(m_ticketIds);
-    }
     std::string events;
-    for (const std::string &id : changed)
+    for (const std::string &id : std::exchange(m_ticketIds, {}))
         events += m_eventOf(id);
     return events;
 }

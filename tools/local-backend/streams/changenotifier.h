@@ -10,7 +10,7 @@ namespace tolvane::backend {
 
 class ChangeStream;
 
-/// Notifies the open agent pages of changed tickets. Thread-safe.
+/// Notifies the open agent pages of changed tickets.
 class ChangeNotifier
 {
 public:
@@ -19,7 +19,6 @@ public:
 private:
     friend ChangeStream;
 
-    std::mutex m_mutex;
     std::set<ChangeStream *> m_streams;
 };
 

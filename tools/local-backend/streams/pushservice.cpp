@@ -50,7 +50,6 @@ bool PushService::send(const std::string &token, Push push)
     const auto size = std::visit([](const auto &record) { return sizeOf(record); }, push);
     if (token.size() + size > maxPushSize)
         return false;
-    const std::lock_guard lock(m_mutex);
     Device &device = deviceOf(token);
     device.backlog.push_back({++m_lastNumber, std::move(push)});
     if (device.backlog.size() > maxBacklog)
@@ -90,7 +89,6 @@ PushStream::PushStream(PushService &service, std::string token, std::optional<st
     , m_token(std::move(token))
     , m_baseUrl(std::move(baseUrl))
 {
-    const std::lock_guard lock(m_service.m_mutex);
     if (m_service.m_streamCount >= maxStreams)
         throw HttpError(503, "too many push streams are open");
     ++m_service.m_streamCount;
@@ -102,14 +100,12 @@ PushStream::PushStream(PushService &service, std::string token, std::optional<st
 
 PushStream::~PushStream()
 {
-    const std::lock_guard lock(m_service.m_mutex);
     --m_service.m_streamCount;
     m_service.deviceOf(m_token).streams.erase(this);
 }
 
 std::string PushStream::next()
 {
-    const std::lock_guard lock(m_service.m_mutex);
     PushService::Device &device = m_service.deviceOf(m_token);
     m_delivered = std::max(m_delivered, m_sent);
     device.delivered = std::max(device.delivered, m_sent);

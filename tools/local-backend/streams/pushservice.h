@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <deque>
 #include <map>
-#include <mutex>
 #include <set>
 
 namespace tolvane::backend {
@@ -15,7 +14,7 @@ namespace tolvane::backend {
 class PushStream;
 
 /// Replaces the platform's push service: keeps the newest pushes of each device for the hosts that
-/// listen. Thread-safe.
+/// listen.
 class PushService
 {
 public:
@@ -44,7 +43,6 @@ private:
     Device &deviceOf(const std::string &token);
     void removeOldestDevice();
 
-    std::mutex m_mutex;
     std::map<std::string, Device> m_devices;
     std::size_t m_streamCount = 0;
     std::uint64_t m_lastNumber;
