@@ -2,40 +2,32 @@
 #include "agents/agent.h"
 
 #include "agents/agentrules.h"
-#include "base/text.h"
 
-#include <QtCore/QString>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 
 #include <algorithm>
-#include <set>
 
 namespace tolvane::backend {
 
 namespace {
 
-using Words = std::set<std::string, std::less<>>;
+using namespace Qt::StringLiterals;
+
+using Words = QSet<QString>;
 
 Words wordsOf(std::string_view text)
 {
-    QString folded = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    folded = folded.normalized(QString::NormalizationForm_C).toCaseFolded();
-    for (QChar &character : folded) {
-        if (!character.isLetterOrNumber() && !character.isSurrogate())
-            character = QLatin1Char(' ');
-    }
-    Words words;
-    const std::string spaced = folded.toStdString();
-    for (const std::string_view word : split(spaced, ' '))
-        words.emplace(word);
-    words.erase(std::string());
-    return words;
+    static const QRegularExpression separator(u"[^\\p{L}\\p{N}]+"_s);
+    const QString folded =
+        QString::fromUtf8(text).normalized(QString::NormalizationForm_C).toCaseFolded();
+    const QStringList words = folded.split(separator, Qt::SkipEmptyParts);
+    return {words.begin(), words.end()};
 }
 
 bool anyOf(std::string_view candidates, const Words &words)
 {
-    const auto list = split(candidates, ' ');
-    return std::any_of(list.begin(), list.end(),
-                       [&words](std::string_view word) { return words.contains(word); });
+    return words.intersects(wordsOf(candidates));
 }
 
 const Rule &ruleFor(const Words &words, const Turn &turn)

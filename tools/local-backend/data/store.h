@@ -101,7 +101,6 @@ private:
     void ensureCustomer(const std::string &customer);
     bool hasTicket(const std::string &customer, const std::string &ticketId);
     bool hasTicket(const std::string &ticketId);
-    std::optional<AgentTicket> findAgentTicket(const std::string &ticketId);
     std::vector<Message> messagesOf(const std::string &customer, const std::string &ticketId);
 
     Database m_database;

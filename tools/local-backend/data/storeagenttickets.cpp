@@ -52,12 +52,14 @@ std::vector<AgentTicket> Store::agentTickets()
 
 std::optional<AgentTicket> Store::agentTicket(const std::string &ticketId)
 {
-    return findAgentTicket(ticketId);
+    std::vector<AgentTicket> found = agentTicketsFromRows(
+        query(m_database, AGENT_TICKETS " WHERE t.id = ? ORDER BY a.place", ticketId));
+    return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 
 std::optional<AgentTicket> Store::agentConversation(const std::string &ticketId)
 {
-    std::optional<AgentTicket> found = findAgentTicket(ticketId);
+    std::optional<AgentTicket> found = agentTicket(ticketId);
     if (found)
         found->ticket.messages = messagesOf(found->customerId, ticketId);
     return found;
@@ -92,7 +94,7 @@ bool Store::changeTicket(const std::string &ticketId, const TicketChange &change
     std::vector<Push> pushes;
     if (change.state && changeState(ticketId, *change.state))
         pushes.emplace_back(
-            Preview{ticketId, *change.state, findAgentTicket(ticketId)->ticket.messages.back()});
+            Preview{ticketId, *change.state, agentTicket(ticketId)->ticket.messages.back()});
     if (change.state == State::Closed)
         discardReplies(ticketId);
     commit(transaction, ticketId, std::move(pushes));
@@ -116,13 +118,6 @@ std::optional<std::string> Store::setting(const std::string &name)
 void Store::saveSetting(const std::string &name, const std::string &value)
 {
     run(m_database, "INSERT OR REPLACE INTO settings (name, value) VALUES (?, ?)", name, value);
-}
-
-std::optional<AgentTicket> Store::findAgentTicket(const std::string &ticketId)
-{
-    std::vector<AgentTicket> found = agentTicketsFromRows(
-        query(m_database, AGENT_TICKETS " WHERE t.id = ? ORDER BY a.place", ticketId));
-    return found.empty() ? std::nullopt : std::optional(std::move(found.front()));
 }
 
 } // namespace tolvane::backend

@@ -6,7 +6,6 @@
 #include "http/routing.h"
 
 #include <algorithm>
-#include <array>
 
 namespace tolvane::backend {
 
@@ -17,8 +16,6 @@ constexpr int forbidden = 403;
 // A cross-site page can send it only after a CORS preflight request, which the backend never
 // grants.
 constexpr const char *agentHeader = "X-Tolvane-Agent";
-
-constexpr std::array<std::string_view, 3> loopbackNames = {"localhost", "127.0.0.1", "[::1]"};
 
 bool isLoopback(std::string_view ip)
 {
@@ -37,13 +34,13 @@ std::string_view withoutPort(std::string_view host)
 
 bool isOneOf(std::string_view value, std::initializer_list<std::string_view> accepted)
 {
-    return std::find(accepted.begin(), accepted.end(), value) != accepted.end();
+    return std::any_of(accepted.begin(), accepted.end(),
+                       [value](std::string_view each) { return equalIgnoringCase(value, each); });
 }
 
 bool isLoopbackName(std::string_view name)
 {
-    return std::any_of(loopbackNames.begin(), loopbackNames.end(),
-                       [name](std::string_view own) { return equalIgnoringCase(name, own); });
+    return isOneOf(name, {"localhost", "127.0.0.1", "[::1]"});
 }
 
 bool isAddress(std::string_view name)
@@ -83,7 +80,7 @@ void rejectForeignPages(const Request &request, const std::string &host)
 {
     const std::string header = request.header("Host");
     const std::string_view name = withoutPort(header);
-    if (!isLoopbackName(name) && !isAddress(name) && !equalIgnoringCase(name, host))
+    if (!isLoopbackName(name) && !isAddress(name) && !isOneOf(name, {host}))
         throw HttpError(forbidden,
                         "the Host has to be localhost, an address or the name in --host");
     if (!isSameOrigin(request))

@@ -11,9 +11,6 @@ namespace tolvane::backend {
 
 namespace {
 
-constexpr std::string_view pagePath = "/agent";
-constexpr const char *script = "text/javascript; charset=utf-8";
-
 // The page may run its own scripts only and connect to the backend only; Trusted Types keep text
 // from becoming markup.
 constexpr const char *policy =
@@ -21,26 +18,12 @@ constexpr const char *policy =
     " connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none';"
     " require-trusted-types-for 'script'; trusted-types 'none'";
 
-struct PageFile
-{
-    std::string_view path;
-    const char *asset;
-    const char *type;
+// The types of the page's files by their suffixes.
+constexpr std::array types = {
+    std::pair{".html", "text/html; charset=utf-8"},
+    std::pair{".css", "text/css; charset=utf-8"},
+    std::pair{".js", "text/javascript; charset=utf-8"},
 };
-
-constexpr std::array<PageFile, 11> files = {{
-    {pagePath, "agent.html", "text/html; charset=utf-8"},
-    {"/agent/agent.css", "agent.css", "text/css; charset=utf-8"},
-    {"/agent/main.js", "agent/main.js", script},
-    {"/agent/api.js", "agent/api.js", script},
-    {"/agent/dom.js", "agent/dom.js", script},
-    {"/agent/tickets.js", "agent/tickets.js", script},
-    {"/agent/conversation.js", "agent/conversation.js", script},
-    {"/agent/composer.js", "agent/composer.js", script},
-    {"/agent/push.js", "agent/push.js", script},
-    {"/agent/branding.js", "agent/branding.js", script},
-    {"/agent/schedules.js", "agent/schedules.js", script},
-}};
 
 } // namespace
 
@@ -53,18 +36,20 @@ void respondWithPage(const Request &request, Response &response)
     const std::string_view path = pathOf(request);
     if (path == "/" || path == "/agent/") {
         response.status = 302;
-        response.setHeader("Location", std::string(pagePath));
+        response.setHeader("Location", "/agent");
         return;
     }
-    const auto file = std::find_if(files.begin(), files.end(),
-                                   [path](const PageFile &known) { return known.path == path; });
-    if (file == files.end())
+    const std::string name = path == "/agent" ? "agent.html" : std::string(path.substr(1));
+    const auto type = std::ranges::find_if(
+        types, [&name](const auto &known) { return name.ends_with(known.first); });
+    // A path with dots could leave the folder of the page.
+    if (type == types.end() || name.find("..") != name.npos || !hasAsset(name))
         throw HttpError(404, "there is no such path");
     response.setHeader("Content-Security-Policy", policy);
     response.setHeader("Cross-Origin-Opener-Policy", "same-origin");
     response.setHeader("Cross-Origin-Resource-Policy", "same-origin");
     response.setHeader("Referrer-Policy", "no-referrer");
-    response.setContent(asset(file->asset), file->type);
+    response.setContent(asset(name), type->second);
 }
 
 } // namespace tolvane::backend

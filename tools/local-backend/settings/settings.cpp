@@ -4,6 +4,8 @@
 #include "base/inputfile.h"
 #include "data/store.h"
 
+#include <QtCore/QFile>
+
 // Q_INIT_RESOURCE must be used outside of namespaces.
 static void initializeAssets()
 {
@@ -17,6 +19,12 @@ namespace {
 constexpr const char *branding = "branding";
 constexpr const char *schedules = "schedules";
 constexpr const char *repliesAutomatically = "repliesAutomatically";
+
+QString pathOf(const std::string &asset)
+{
+    initializeAssets();
+    return QStringLiteral(":/tolvane-backend/") + QString::fromStdString(asset);
+}
 
 template <typename Parse>
 auto load(const char *name, Store &store, Parse parse, const std::string &path)
@@ -66,8 +74,12 @@ void LiveSettings::save(Value Settings::*setting, const char *name, Value value)
 
 std::string asset(const std::string &name)
 {
-    initializeAssets();
-    return readFile(QStringLiteral(":/tolvane-backend/") + QString::fromStdString(name));
+    return readFile(pathOf(name));
+}
+
+bool hasAsset(const std::string &name)
+{
+    return QFile::exists(pathOf(name));
 }
 
 } // namespace tolvane::backend

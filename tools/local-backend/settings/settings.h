@@ -41,5 +41,6 @@ private:
 
 /// Returns the content of a resource below ":/tolvane-backend/".
 std::string asset(const std::string &name);
+bool hasAsset(const std::string &name);
 
 } // namespace tolvane::backend

@@ -18,24 +18,6 @@ constexpr std::size_t maxPushSize = 16'384;
 // Each stream occupies a connection of the server; most of them must stay free for requests.
 constexpr std::size_t maxStreams = 32;
 
-std::size_t sizeOf(const Message &message)
-{
-    std::size_t size = message.content.size();
-    for (const std::string &attachment : message.attachments)
-        size += attachment.size();
-    return size;
-}
-
-std::size_t sizeOf(const Preview &preview)
-{
-    return sizeOf(preview.lastMessage);
-}
-
-std::size_t sizeOf(const CustomPush &push)
-{
-    return push.payload.size();
-}
-
 } // namespace
 
 // Hosts remember numbers across restarts of the backend, so that numbers must increase from one run
@@ -47,8 +29,7 @@ PushService::PushService()
 
 bool PushService::send(const std::string &token, Push push)
 {
-    const auto size = std::visit([](const auto &record) { return sizeOf(record); }, push);
-    if (token.size() + size > maxPushSize)
+    if (token.size() + toText(toJson(push, {})).size() > maxPushSize)
         return false;
     Device &device = deviceOf(token);
     device.backlog.push_back({++m_lastNumber, std::move(push)});
