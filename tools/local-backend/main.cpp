@@ -52,12 +52,7 @@ int main(int argc, char *argv[])
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TOLVANE_BACKEND_VERSION));
     try {
-        const Options options = parseOptions(QCoreApplication::arguments());
-        if (!options.textToPrint.empty()) {
-            std::fputs(options.textToPrint.c_str(), stdout);
-            return EXIT_SUCCESS;
-        }
-        run(options);
+        run(parseOptions(QCoreApplication::arguments()));
         return EXIT_SUCCESS;
     } catch (const std::exception &error) {
         std::string line = error.what();

@@ -50,8 +50,8 @@ constexpr const char *description =
 void addOptions(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(QLatin1String(description));
-    parser.addOption({{u"h"_s, u"help"_s}, u"Shows this text."_s});
-    parser.addOption({{u"v"_s, u"version"_s}, u"Shows the version."_s});
+    parser.addHelpOption();
+    parser.addVersionOption();
     for (const OptionDescription &each : optionDescriptions) {
         parser.addOption({QLatin1String(each.name), QLatin1String(each.help),
                           QLatin1String(each.valueName), QLatin1String(each.defaultValue)});
@@ -112,17 +112,14 @@ Options parseOptions(const QStringList &arguments)
     addOptions(parser);
     if (!parser.parse(arguments))
         fail(parser.errorText());
-    Options options;
     if (parser.isSet(u"help"_s))
-        options.textToPrint = parser.helpText().toStdString();
-    else if (parser.isSet(u"version"_s))
-        options.textToPrint =
-            "tolvane-backend " + QCoreApplication::applicationVersion().toStdString() + '\n';
-    if (!options.textToPrint.empty())
-        return options;
+        parser.showHelp();
+    if (parser.isSet(u"version"_s))
+        parser.showVersion();
     if (!parser.positionalArguments().isEmpty())
         fail(u"unexpected argument '%1'"_s.arg(parser.positionalArguments().constFirst()));
 
+    Options options;
     options.host = parser.value(u"host"_s).toStdString();
     options.port = wholeNumberOf(parser, u"port"_s, 0, 65535);
     options.databasePath = parser.value(u"db"_s).toStdString();

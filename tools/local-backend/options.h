@@ -20,11 +20,10 @@ struct Options
     std::vector<std::string> keys;
     std::chrono::milliseconds replyDelay{0};
     std::size_t maxBody = 0;
-    /// The help or version text. If not empty, the program prints it and exits.
-    std::string textToPrint;
 };
 
-/// Throws a StartError for an invalid option. Needs the application object.
+/// Prints the help or the version and exits if an option asks for it. Throws a StartError for an
+/// invalid option. Needs the application object.
 Options parseOptions(const QStringList &arguments);
 
 } // namespace tolvane::backend

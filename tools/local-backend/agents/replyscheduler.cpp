@@ -27,22 +27,6 @@ ReplyScheduler::ReplyScheduler(Store &store, const LiveSettings &settings,
 {
 }
 
-Ticket ReplyScheduler::createTicket(const std::string &customer, const NewTicket &ticket)
-{
-    Ticket created = m_store.createTicket(customer, ticket, dueTime());
-    wake();
-    return created;
-}
-
-std::optional<Message> ReplyScheduler::addMessage(const std::string &customer,
-                                                  const std::string &ticketId,
-                                                  const NewMessage &message)
-{
-    std::optional<Message> added = m_store.addMessage(customer, ticketId, message, dueTime());
-    wake();
-    return added;
-}
-
 milliseconds ReplyScheduler::sendDueReply()
 {
     if (now() >= m_nextLook) {

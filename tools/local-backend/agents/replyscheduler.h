@@ -8,19 +8,16 @@
 
 namespace tolvane::backend {
 
-/// Stores customers' messages and sends the scripted agents' replies when they are due. Replies
-/// that were pending when the backend stopped are sent after the next start.
+/// Sends the scripted agents' replies when they are due. Replies that were pending when the backend
+/// stopped are sent after the next start.
 class ReplyScheduler
 {
 public:
     ReplyScheduler(Store &store, const LiveSettings &settings,
                    std::chrono::milliseconds replyDelay);
 
-    Ticket createTicket(const std::string &customer, const NewTicket &ticket);
-    /// Returns nullopt when the customer has no such ticket.
-    std::optional<Message> addMessage(const std::string &customer, const std::string &ticketId,
-                                      const NewMessage &message);
-
+    /// The time at which the agents reply to a message of this moment.
+    Instant dueTime() const;
     /// Sends the due reply, if any. Returns the time until the next call is needed.
     std::chrono::milliseconds sendDueReply();
     /// Makes the next call look for due replies. Call it when a change may allow agents to reply.
@@ -29,7 +26,6 @@ public:
 private:
     Instant nextDueTime();
     ReplyOutcome outcomeOf(const PendingReply &reply) const;
-    Instant dueTime() const;
 
     Store &m_store;
     const LiveSettings &m_settings;

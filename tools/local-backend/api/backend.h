@@ -20,7 +20,10 @@ struct Backend
               [this](const std::string &token, Push push) {
                   pushService.send(token, std::move(push));
               },
-              [this](const std::string &ticketId) { changeNotifier.notify(ticketId); })
+              [this](const std::string &ticketId) {
+                  changeNotifier.notify(ticketId);
+                  replyScheduler.wake();
+              })
         , settings(store, brandingPath, schedulesPath)
         , replyScheduler(store, settings, replyDelay)
     {

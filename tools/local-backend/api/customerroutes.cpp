@@ -6,9 +6,13 @@
 #include "base/text.h"
 #include "http/requestguard.h"
 
+#include <QtCore/QString>
+
 namespace tolvane::backend {
 
 namespace {
+
+using namespace Qt::StringLiterals;
 
 constexpr std::string_view prefix = "/api/";
 constexpr const char *immutable = "public, max-age=31536000, immutable";
@@ -27,11 +31,10 @@ struct Route
 
 void authorise(const Request &request, const std::vector<std::string> &keys)
 {
-    constexpr std::string_view scheme = "Bearer ";
-    const std::string header = request.header("Authorization");
-    const std::string_view value = header;
-    const bool isBearer = equalIgnoringCase(value.substr(0, scheme.size()), scheme);
-    const std::string_view key = isBearer ? trimmed(value.substr(scheme.size())) : "";
+    constexpr auto scheme = "Bearer "_L1;
+    const QString header = QString::fromLatin1(request.header("Authorization"));
+    const bool isBearer = header.startsWith(scheme, Qt::CaseInsensitive);
+    const std::string key = header.mid(scheme.size()).trimmed().toLatin1().toStdString();
     // Hashes are compared, so that keys cannot be guessed by timing.
     bool known = keys.empty();
     for (const std::string &candidate : keys)
@@ -50,7 +53,7 @@ void respondWith(const Ticket &ticket, const RequestContext &context)
 void getSettings(const RequestContext &context)
 {
     const Settings &settings = context.backend.settings.current();
-    if (queryItem(context.request, QStringLiteral("updatedAt")) ==
+    if (queryItem(context.request, u"updatedAt"_s) ==
         settings.branding.at("updatedAt").get<std::string>())
         context.response.status = 304;
     else
@@ -59,15 +62,17 @@ void getSettings(const RequestContext &context)
 
 void createTicket(const RequestContext &context)
 {
-    const Ticket ticket = context.backend.replyScheduler.createTicket(
-        context.customer, parseNewTicket(context.request));
+    const Ticket ticket =
+        context.backend.store.createTicket(context.customer, parseNewTicket(context.request),
+                                           context.backend.replyScheduler.dueTime());
     respondWith(ticket, context);
 }
 
 void postMessage(const RequestContext &context)
 {
-    const Message message = orNotFound(context.backend.replyScheduler.addMessage(
-        context.customer, context.pathComponent(1), parseNewMessage(context.request)));
+    const Message message = orNotFound(context.backend.store.addMessage(
+        context.customer, context.pathComponent(1), parseNewMessage(context.request),
+        context.backend.replyScheduler.dueTime()));
     context.respond(toJson(message, context.baseUrl));
 }
 

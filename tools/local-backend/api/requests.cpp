@@ -28,7 +28,33 @@ std::string textOf(const Part &part)
     return std::string(part.content);
 }
 
-} // namespace
+constexpr std::size_t maxNameLength = 200;
+
+// The image types that clients display.
+constexpr std::array<std::string_view, 4> pictureTypes = {"image/png", "image/jpeg", "image/gif",
+                                                          "image/webp"};
+
+template <typename Value>
+Value oneOf(std::initializer_list<Value> accepted, const std::string &name, const char *key)
+{
+    for (const Value value : accepted) {
+        if (nameOf(value) == name)
+            return value;
+    }
+    throw HttpError(400, '\'' + std::string(key) + "' cannot be '" + name + '\'');
+}
+
+Author agentNamed(const std::string &name, const char *key)
+{
+    return oneOf({Author::Ai, Author::Human}, name, key);
+}
+
+/// A multipart form: the texts by name, and the files in order.
+struct Form
+{
+    std::map<std::string, std::string> texts;
+    std::vector<Upload> uploads;
+};
 
 Form parseForm(const Request &request)
 {
@@ -53,6 +79,8 @@ NewMessage parseMessage(Form form)
         throw HttpError(400, "a message needs a text or an attachment");
     return {std::move(content->second), std::move(form.uploads)};
 }
+
+} // namespace
 
 std::string customerIdOf(const Request &request)
 {
@@ -129,6 +157,56 @@ CustomerUpdate parseDeviceUpdate(const std::string &body)
     if (!update.deviceToken)
         throw HttpError(400, "'deviceToken' is missing");
     return update;
+}
+
+AgentMessage parseAgentMessage(const Request &request)
+{
+    Form form = parseForm(request);
+    AgentMessage message;
+    message.author = agentNamed(form.texts["as"], "as");
+    if (message.author == Author::Human)
+        message.person = Person{form.texts["name"], form.texts["picture"]};
+    if (form.texts["name"].size() > maxNameLength)
+        throw HttpError(400, "the name is too long");
+    message.message = parseMessage(std::move(form));
+    return message;
+}
+
+Upload parsePicture(const Request &request)
+{
+    Form form = parseForm(request);
+    if (form.uploads.size() != 1 || form.uploads.front().bytes.empty())
+        throw HttpError(400, "a picture is one file that is not empty");
+    Upload &picture = form.uploads.front();
+    if (std::find(pictureTypes.begin(), pictureTypes.end(), picture.mimeType) == pictureTypes.end())
+        throw HttpError(400, "a picture has to be PNG, JPEG, GIF or WebP");
+    return std::move(picture);
+}
+
+TicketChange parseTicketChange(const std::string &body)
+{
+    const JsonNode fields = JsonNode::parse(body);
+    TicketChange change;
+    if (const auto state = fields.optionalText("state"))
+        change.state = oneOf({State::Open, State::Closed}, *state, "state");
+    if (const auto assignee = fields.optionalText("assignee"))
+        change.assignee = agentNamed(*assignee, "assignee");
+    if (fields.has("automatic"))
+        change.isAutomatic = fields.at("automatic").flag();
+    // Assigning a ticket to a human turns automatic replies off, unless the request says otherwise.
+    else if (change.assignee)
+        change.isAutomatic = change.assignee == Author::Ai;
+    return change;
+}
+
+CustomPush parsePush(const std::string &body)
+{
+    return {toText(JsonNode::parse(body).object().value())};
+}
+
+bool parseAutomatic(const std::string &body)
+{
+    return JsonNode::parse(body).at("automatic").flag();
 }
 
 } // namespace tolvane::backend

@@ -22,21 +22,17 @@ std::optional<std::uint64_t> lastEventIdOf(const Request &request);
 /// The Host header, or `fallback` when the header is missing or not valid in a URL.
 std::string hostOf(const Request &request, const std::string &fallback);
 
-/// A multipart form: the texts by name, and the files in order.
-struct Form
-{
-    std::map<std::string, std::string> texts;
-    std::vector<Upload> uploads;
-};
-
 /// Parse multipart bodies. Throw an HttpError.
-Form parseForm(const Request &request);
-NewMessage parseMessage(Form form);
 NewTicket parseNewTicket(const Request &request);
 NewMessage parseNewMessage(const Request &request);
+AgentMessage parseAgentMessage(const Request &request);
+Upload parsePicture(const Request &request);
 
-/// Parse JSON bodies. Throw an InputError.
+/// Parse JSON bodies. Throw an HttpError or an InputError.
 CustomerUpdate parseCustomerUpdate(const std::string &body);
 CustomerUpdate parseDeviceUpdate(const std::string &body);
+TicketChange parseTicketChange(const std::string &body);
+CustomPush parsePush(const std::string &body);
+bool parseAutomatic(const std::string &body);
 
 } // namespace tolvane::backend

@@ -22,12 +22,6 @@ bool equalIgnoringCase(std::string_view left, std::string_view right)
     return QByteArrayView(left).compare(QByteArrayView(right), Qt::CaseInsensitive) == 0;
 }
 
-std::string_view trimmed(std::string_view text)
-{
-    const QByteArrayView view = QByteArrayView(text).trimmed();
-    return {view.data(), static_cast<std::size_t>(view.size())};
-}
-
 std::vector<std::string_view> split(std::string_view text, char separator)
 {
     std::vector<std::string_view> parts;

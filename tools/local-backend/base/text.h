@@ -7,7 +7,6 @@ namespace tolvane::backend {
 
 bool isUtf8(std::string_view text);
 bool equalIgnoringCase(std::string_view left, std::string_view right);
-std::string_view trimmed(std::string_view text);
 std::vector<std::string_view> split(std::string_view text, char separator);
 
 std::string percentEncoded(std::string_view text);

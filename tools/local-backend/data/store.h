@@ -46,9 +46,7 @@ public:
 
     /// `sendPush` receives the pushes and `notifyChange` the ids of changed tickets, both after the
     /// commit and in the order of the commits. They must not call the store.
-    explicit Store(
-        Database database, SendPush sendPush = [](const std::string &, const Push &) {},
-        NotifyChange notifyChange = [](const std::string &) {});
+    Store(Database database, SendPush sendPush, NotifyChange notifyChange);
 
     void updateCustomer(const std::string &customer, const CustomerUpdate &update);
 

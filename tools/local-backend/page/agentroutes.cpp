@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "page/agentroutes.h"
 
+#include "api/requests.h"
 #include "base/recordjson.h"
 #include "http/requestguard.h"
 #include "page/agentpage.h"
-#include "page/agentrequests.h"
 
 namespace tolvane::backend {
 
@@ -46,7 +46,6 @@ void changeTicket(const RequestContext &context)
     const std::string id = context.pathComponent(1);
     const bool changed =
         context.backend.store.changeTicket(id, parseTicketChange(context.request.body));
-    context.backend.replyScheduler.wake();
     context.respond(
         toJson(orNotFound(changed ? context.backend.store.agentTicket(id) : std::nullopt),
                context.baseUrl));
