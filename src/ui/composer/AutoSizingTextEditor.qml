@@ -2,34 +2,34 @@
 import QtQuick
 import Tolvane.Private
 
-// A text editor that provides the height its text needs, and scrolls if it gets less.
+// A text editor that reports the height of its text, and scrolls if it is smaller than that.
 //
-// It measures its own layout, which includes a line for the cursor after a line break at the end. A
-// hidden copy would be laid out a second time with each key.
+// It measures its own layout, including the empty line after a line break at the end. A hidden copy
+// would be laid out a second time with each key.
 FocusScope {
     id: editor
 
-    /// The text in the editor. Typing emits edited(), and the owner of the text applies the
-    /// change.
+    /// The text in the editor. Typing emits edited(), and the user of this component then sets the
+    /// text.
     required property string text
     required property string placeholder
     required property bool isDisabled
     required property real verticalPadding
-    /// The height up to which the owner makes the editor as high as its text.
+    /// Up to this height, the user of this component makes the editor as high as its text.
     required property real maximumHeight
 
-    /// True also while the input method is composing the first text.
+    /// Also true while an input method composes the first text.
     readonly property bool hasContent: input.length > 0 || isComposing
     readonly property bool isComposing: input.preeditText.length > 0
     readonly property real textHeight: input.contentHeight + 2 * verticalPadding
 
     signal edited(string text)
     signal submitted()
-    /// Emitted before a paste. The owner handles the paste itself by setting `event.accepted`.
+    /// Emitted before a paste. A handler that pastes something itself sets `event.accepted`.
     signal pasteRequested(var event)
 
-    // Whether a press of Enter sends the message. An input method that composes gets all keys. An
-    // on-screen keyboard has no other key for a line break.
+    // True if Enter sends the message. Composing input methods receive all keys. On an on-screen
+    // keyboard, Enter is the only key for a line break.
     function submits(modifiers: int): bool {
         if (modifiers & Qt.ControlModifier)
             return true
@@ -65,7 +65,8 @@ FocusScope {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
 
-        // While the editor is growing, the text stays where it is.
+        // Uses the height after a running animation, so that the text does not scroll while the
+        // editor grows.
         function show(rectangle) {
             const finalHeight = Math.max(height, Math.min(editor.textHeight, editor.maximumHeight))
             const top = rectangle.y - editor.verticalPadding
@@ -97,8 +98,8 @@ FocusScope {
             selectByMouse: !finger.active
             persistentSelection: false
             inputMethodHints: Qt.ImhMultiLine
-            // Aligned by the text; an empty editor by the language of the views. With mirroring,
-            // TextEdit would not notice that the alignment was reset.
+            // The text determines the alignment; in an empty editor, the language of the views does.
+            // With mirroring, TextEdit would not notice that the alignment was reset.
             LayoutMirroring.enabled: false
             horizontalAlignment: !editor.hasContent && editor.LayoutMirroring.enabled
                                  ? TextEdit.AlignRight : undefined
@@ -122,7 +123,7 @@ FocusScope {
                     editor.pasteRequested(event)
                 }
             }
-            // Messages do not need tabs, and no other key moves the focus out of the editor.
+            // Without these, Tab would insert a tab, and no key would move the focus.
             Keys.onTabPressed: nextItemInFocusChain().forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed:
                 nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)

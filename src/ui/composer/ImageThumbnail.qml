@@ -45,7 +45,7 @@ Item {
         isShown: thumbnail.isCurrent
     }
 
-    // Larger than the drawn button, up to the corner, so that a finger can hit it.
+    // Larger than the visible button, up to the corner, so that a finger can hit it.
     Pressable {
         anchors.top: parent.top
         anchors.right: parent.right

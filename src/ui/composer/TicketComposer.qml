@@ -2,9 +2,9 @@
 import QtQuick
 import Tolvane.Private
 
-// The field for a message: the attached pictures above a bar with the editor and its two buttons.
-// To be placed at the bottom, over the scrolling content, with its implicit height, which follows
-// the text.
+// The editor of a message: the attached pictures above a bar with the text editor and two buttons.
+// Belongs at the bottom, over the scrolling content, with its implicit height, which depends on the
+// text.
 FocusScope {
     id: view
 
@@ -18,7 +18,7 @@ FocusScope {
 
     implicitHeight: bar.y + bar.height
 
-    // False at first: the initial content does not move into place.
+    // False until the initial content is laid out, which is not animated.
     property bool isAnimated: false
 
     function focusEditor() {
@@ -32,7 +32,7 @@ FocusScope {
 
     function send() {
         TextEditHelper.commit()
-        // Returns the focus for the next message; but a tap must not open the on-screen keyboard.
+        // Not after a tap, which would open the on-screen keyboard.
         if (sendButton.activeFocus)
             focusEditor()
         composer.send()

@@ -23,7 +23,7 @@ namespace tolvane {
 
 namespace {
 
-/// An attachment from a picture without a file name, under a generated name.
+/// An attachment with a generated name, for a picture that does not come from a file.
 AttachmentDto makeAttachment(const QString &mimeType, const QByteArray &bytes)
 {
     return {.name = ULID::generate(platform().clock->now()).description(),
@@ -40,7 +40,8 @@ QByteArray encodedAsPng(const QImage &image)
     return bytes;
 }
 
-/// The picture as the other application encoded it, if that is a web format.
+/// The picture in the clipboard as the other application encoded it; absent if its format is not
+/// one that browsers show.
 std::optional<AttachmentDto> encodedPicture(const QMimeData &clipboard)
 {
     for (const char *type : {"image/png", "image/jpeg", "image/webp", "image/gif"}) {
@@ -150,7 +151,7 @@ bool ComposerData::pasteImages()
 
 bool ComposerData::pasteFrom(const QMimeData &clipboard)
 {
-    // File managers copy the paths as a text, too.
+    // Before the check for a text: file managers also copy the paths as a text.
     if (const QList<QUrl> files = imagefiles::filesIn(clipboard.urls()); !files.isEmpty()) {
         addFiles(files);
         return true;
@@ -194,7 +195,7 @@ QCoro::Task<> ComposerData::add(QFuture<Attachment> read)
     try {
         attachment = co_await awaitFuture(read);
     } catch (...) {
-        attachment = {}; // Logged below, like a file that is not a picture.
+        attachment = {}; // Logged below.
     }
     if (!attachment) {
         Logger::shared().log(

@@ -21,11 +21,11 @@ class QImage;
 
 namespace tolvane {
 
-/// The message being composed in a conversation, for QML, and the composer's actions. Main thread.
+/// The draft of a conversation and the composer's actions, for QML. Main thread.
 ///
-/// Files are read on the workers in parallel. Each becomes an attachment when it has been read,
-/// however long after it was picked. A file that is read while a message is being sent is attached
-/// afterwards: it is not part of that message, and would be cleared with it otherwise.
+/// Files are read on the workers in parallel. Each becomes an attachment as soon as it has been
+/// read. If a message is being sent at that time, the attachment waits until it has been sent:
+/// otherwise it would be cleared together with the draft.
 class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerData : public QObject
 {
     Q_OBJECT
@@ -37,10 +37,10 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ComposerData : public QObject
     Q_PROPERTY(bool isFetchingTicket READ isFetchingTicket NOTIFY busyChanged)
     Q_PROPERTY(bool isSendingMessage READ isSendingMessage NOTIFY busyChanged)
     Q_PROPERTY(bool isSendDisabled READ isSendDisabled NOTIFY isSendDisabledChanged)
-    /// Why the last message was not sent, in the customer's language. Empty after a success and
-    /// once the draft changes.
+    /// The reason for which the last message was not sent, in the customer's language. Empty after
+    /// a success, and after a change of the draft.
     Q_PROPERTY(QString sendErrorText READ sendErrorText NOTIFY sendErrorTextChanged)
-    /// File name patterns of pictures, for the filter of a picker: "*.png" and others.
+    /// File name patterns of pictures for the filter of a picker, such as "*.png".
     Q_PROPERTY(QStringList imagePatterns READ imagePatterns CONSTANT)
 
 public:
@@ -63,19 +63,19 @@ public:
     Q_INVOKABLE void send();
     /// Attaches files. Refuses unreadable files and files that are not pictures.
     Q_INVOKABLE void addFiles(const QList<QUrl> &files);
-    /// Whether a drop of these URLs would attach any of them.
+    /// True if dropping these URLs would attach at least one of them.
     Q_INVOKABLE bool canDrop(const QList<QUrl> &urls) const;
     /// Attaches the files among the dropped URLs.
     Q_INVOKABLE void drop(const QList<QUrl> &urls);
-    /// Attaches the picture or the image files in the clipboard, and refuses files of other kinds.
-    /// False if it has neither, or if it also has a text, which should be pasted instead of the
-    /// picture.
+    /// Attaches the picture or the image files in the clipboard, and refuses other files. Returns
+    /// false if the clipboard has neither, or if it has a picture together with a text: then the
+    /// text should be pasted.
     Q_INVOKABLE bool pasteImages();
     /// Attaches a picture of the host's window, if it can be drawn.
     Q_INVOKABLE void attachHostWindow(QQuickItem *view);
     /// Removes the attachment of a row.
     Q_INVOKABLE void removeAttachment(int row);
-    /// Logs that no picker can be opened on this system.
+    /// Logs that the picker cannot be opened.
     Q_INVOKABLE void logPickerError(const QString &reason);
 
 Q_SIGNALS:

@@ -10,12 +10,12 @@ FocusScope {
     /// How much of the lower edge the on-screen keyboard covers.
     property real keyboardHeight
 
-    /// The height of the content's lower end that the composer covers.
+    /// The height at the lower edge of the content that the composer covers.
     readonly property real covered: composer.height + 2 * Metrics.Padding
     /// The height that the composer leaves for a notice.
     readonly property real noticeHeight: stateView.height - covered + Metrics.Padding
 
-    /// How far a conversation that failed has to be pulled down to load it again.
+    /// After a failure, pulling the view down by this distance loads the conversation again.
     readonly property int refreshDistance: 70
 
     readonly property var bubbling: ({scale: 0.9, removalScale: 0.9})
@@ -57,7 +57,7 @@ FocusScope {
         error: Flickable {
             contentHeight: Math.max(height, notice.implicitHeight)
             boundsBehavior: Flickable.DragOverBounds
-            // Released after a full pull.
+            // Released after a complete pull.
             onDraggingChanged: {
                 if (!dragging && contentY < -view.refreshDistance)
                     view.ticket.appear()
@@ -85,7 +85,7 @@ FocusScope {
         composer.type(text)
     }
 
-    // The ground of the composer, to the edges of the window.
+    // The background of the composer, up to the edges of the window.
     Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right

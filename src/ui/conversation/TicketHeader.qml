@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Shows who answers in a conversation, and whether support is available. A tap goes back.
+// Shows the other side of a conversation, and whether support is available. A tap goes back.
 Item {
     id: header
 

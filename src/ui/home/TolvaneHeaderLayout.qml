@@ -13,10 +13,12 @@ Item {
     required property int logoSize
     required property int logoRadius
 
-    /// The largest text size up to `titleSize` at which the longer line fits; 16 at least.
+    /// The largest text size up to `titleSize` at which the second line, the longer one, fits; at
+    /// least 16.
     readonly property int fittingSize: Math.max(16, Math.min(titleSize, Math.floor(
                                            availableTextWidth / question.advanceWidth * question.font.pixelSize)))
-    /// Fixed: lines of fonts with a larger line height would not fit into the collapsed header.
+    /// Fixed, because some fonts have a larger line height, which does not fit into the collapsed
+    /// header.
     readonly property int lineHeight: Math.ceil(fittingSize * 1.2)
     readonly property real inset: Theme.columnInset(width, Metrics.Padding)
     readonly property int spacing: isLandscape ? 7 : Metrics.Spacing
@@ -48,7 +50,7 @@ Item {
     Grid {
         anchors.left: parent.left
         anchors.leftMargin: layout.inset
-        // The collapsed landscape header is too low for two lines below the usual margin.
+        // The collapsed landscape header has no room for two lines and the usual margin.
         y: layout.isLandscape && layout.isCollapsed ? 9 : Metrics.Padding
         columns: layout.isCollapsed ? 2 : 1
         spacing: layout.spacing

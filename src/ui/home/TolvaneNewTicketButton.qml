@@ -15,7 +15,7 @@ Pressable {
 
     name: title
     focusRing.tint: Theme.fontBasicColor
-    // With a gap: the branding may give the button the colour of the texts.
+    // With a gap, since the button may have the colour of the ring.
     focusRing.anchors.margins: -5
     focusRing.radius: Metrics.ItemRadius + 5
     implicitHeight: label.implicitHeight + 2 * Metrics.Spacing
@@ -38,8 +38,8 @@ Pressable {
         dampingFraction: 0.85
     }
 
-    // A soft shadow, a little lower than the button: nested rings of decreasing opacity. The
-    // innermost is wide enough to start under the button.
+    // A soft shadow, slightly lower than the button: nested rings of decreasing opacity. The
+    // innermost one is wider, to leave no gap to the button.
     Repeater {
         model: 6
 

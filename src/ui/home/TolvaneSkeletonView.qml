@@ -2,8 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The whole screen until the settings have arrived. Once an attempt to load them has failed, it says
-// so in place of the skeleton.
+// The whole screen until the settings are loaded: a skeleton, or a notice if loading has failed.
 Rectangle {
     id: view
 
@@ -18,7 +17,7 @@ Rectangle {
 
     Column {
         visible: !view.hasFailed
-        // If there is not enough height, the lower end is cut off.
+        // In a low window, the lower end is cut off.
         y: Math.max(0, (parent.height - height) / 2)
         width: parent.width
 

@@ -110,8 +110,8 @@ void ScreenData::startOnceSettingsLoaded()
         return;
     m_hasStarted = true;
     load();
-    // Queued: the push that opens the messenger is broadcast right afterwards, and the list that is
-    // being requested contains it.
+    // Queued, to ignore the broadcast of a push that opens the messenger: it comes right
+    // afterwards, and the requested list contains its message.
     QMetaObject::invokeMethod(this, &ScreenData::observe, Qt::QueuedConnection);
 }
 
@@ -130,7 +130,7 @@ void ScreenData::showRequestedConversation()
     if (!request)
         return;
     const TolvaneDestination &wanted = request->destination;
-    // The page stays, with its draft, if the conversation is open already.
+    // Keeps the page with its draft if the conversation is already open.
     const bool isOpen = !m_navigation.isEmpty() &&
                         m_navigation.path().constFirst().kind() == wanted.kind() &&
                         m_navigation.path().constFirst().ticketId() == wanted.ticketId();
@@ -141,7 +141,7 @@ void ScreenData::showRequestedConversation()
 
 void ScreenData::syncFromStore()
 {
-    // The rows are kept while a skeleton is shown, so that the list keeps its position.
+    // Keeps the rows while a skeleton is shown, and thus the scroll position of the list.
     if (const auto tickets = m_ticketsData->state().value())
         m_tickets.setTickets(*tickets);
     else if (m_ticketsData->state().current() == TicketsData::State::Case::empty)

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// An entry of a popup menu, which moves the focus itself.
+// An entry of a popup menu. The menu moves the focus between its entries.
 Pressable {
     id: item
 

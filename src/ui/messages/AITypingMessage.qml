@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// The row that shows that the AI is writing an answer.
+// The row that shows that the AI is writing a reply.
 Item {
     id: message
 

@@ -59,7 +59,7 @@ Pressable {
         }
     }
 
-    // Few cells need it, and rows with pictures are the most expensive to create during a flick.
+    // Loaded on demand: rows with pictures are the most expensive to create during a flick.
     Loader {
         anchors.fill: parent
         active: cell.remainingCount > 0

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// One message: its pictures, its text in a bubble beside the sender's avatar, and a caption with
-// its age and sender. A row of a long message has a part of the text only.
+// A row of the list: a message with its pictures, its text in a bubble beside the sender's avatar,
+// and a caption with its age and sender. A row of a long message has only a part of the text.
 Item {
     id: message
 
@@ -47,9 +47,9 @@ Item {
     }
 
     readonly property real topInset: isFirst ? Metrics.Spacing : 0
-    /// Leaves room for the avatar, and for as much on the other side.
+    /// Leaves room for the avatar, and the same margin on the other side.
     readonly property real contentWidth: width - 2 * Metrics.Padding - Metrics.AvatarInset
-    /// Pictures without a text have no bubble; the avatar is beside them.
+    /// False for pictures without a text, which have the avatar beside them.
     readonly property bool hasBubble: attachments.length === 0 || content.text.trim().length > 0
     readonly property real avatarInset: avatar === Avatar.None ? 0 : Metrics.AvatarInset
     readonly property real bubbleTop: topInset + (grid.item ? grid.height + Metrics.Spacing : 0)

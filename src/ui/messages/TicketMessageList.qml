@@ -3,7 +3,7 @@ import QtQuick
 import Tolvane.Private
 
 // The list of a conversation: its messages, a row while the AI is typing, and a row if the ticket
-// is closed. The list scrolls to its end when it appears and whenever something changes there.
+// is closed. The list scrolls to its end when it appears and whenever its last rows change.
 Item {
     id: list
 
@@ -15,7 +15,6 @@ Item {
     /// The height of the items that cover the end of the list.
     property real bottomContentMargin
     readonly property bool isClosed: ticketState === "closed"
-    /// For direct access to the rows.
     readonly property alias rows: rows
     readonly property alias flickable: flickable
 
@@ -26,7 +25,7 @@ Item {
         scrollToEnd(200)
     }
 
-    // The duration of a scroll to the end that waits for the end of a drag; -1 without one.
+    // The duration of a scroll to the end that waits for the end of a drag; -1 if none is waiting.
     property int pendingScrollDuration: -1
 
     function scrollToEnd(duration) {
@@ -36,7 +35,7 @@ Item {
             rows.scrollToEnd(duration)
     }
 
-    // An item that gets the focus is scrolled into view.
+    // Scrolls the item with the focus into view.
     readonly property Item focusItem: Window.activeFocusItem
 
     onFocusItemChanged: {
@@ -94,7 +93,7 @@ Item {
             event.accepted = false
     }
 
-    // Cheap, as the list reads the visible rows only.
+    // Cheap, because only the visible rows read their ages.
     Timer {
         interval: 60000
         repeat: true
@@ -121,7 +120,7 @@ Item {
         anchors.fill: parent
         clip: true
         flickableDirection: Flickable.VerticalFlick
-        // The rows are not part of its content: AnchoredList calculates where they begin and end.
+        // The rows are not part of the content: AnchoredList computes where they begin and end.
         contentHeight: 0
         topMargin: -rows.start
         bottomMargin: rows.end + height
@@ -171,7 +170,7 @@ Item {
     TextSelection {
         id: textSelection
 
-        // The keys for copying reach the list.
+        // The list handles the keys for copying.
         onStarted: list.forceActiveFocus(Qt.MouseFocusReason)
     }
 

@@ -30,7 +30,7 @@ QStringList attachmentsOf(const MessageRow &row)
 
 void MessageListModel::setMessages(const QList<MessageDto> &messages)
 {
-    // A copy is recognised by its shared data. Otherwise the beginning is most often the same.
+    // Copies share their data. Otherwise the lists usually begin with the same messages.
     const bool isCopy =
         messages.constData() == m_messages.constData() && messages.size() == m_messages.size();
     const qsizetype same = isCopy

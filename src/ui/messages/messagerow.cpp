@@ -76,7 +76,7 @@ QString caption(const MessageDto &message)
 
 QString description(const MessageDto &message)
 {
-    // Nobody listens to more at once, and assistive technologies copy the text several times.
+    // Assistive technologies copy the text several times, and would take minutes to read more.
     constexpr qsizetype longest = 2000;
     const QString text =
         withoutMarkdown(message.content.first(qMin(message.content.size(), longest)));

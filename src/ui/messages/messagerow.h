@@ -9,7 +9,7 @@
 
 namespace tolvane {
 
-/// One row of the message list: a message, or a part of one that is too long for a row.
+/// A row of the message list: a message, or a part of a message that is too long for one row.
 struct MessageRow
 {
     QString id;
@@ -29,7 +29,7 @@ QList<MessageRow> rowsOf(const QList<MessageDto> &messages);
 
 bool isCustomer(const MessageDto &message);
 
-/// Avatar::None beside messages of the customer and of unknown senders.
+/// Avatar::None for the customer and for unknown senders.
 Avatar::Kind avatar(const SenderDto &sender);
 
 /// The message's age and its sender.

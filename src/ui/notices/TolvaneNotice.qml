@@ -26,16 +26,16 @@ Item {
 
     signal actionRequested()
 
-    /// True if the height is too small; margins and spacing are reduced then.
+    /// True if the height is small. Margins and spacing are reduced then.
     readonly property bool isCompact:
         visibleHeight < iconSize + spacing + texts.implicitHeight + 2 * padding
                          + (action.length > 0 ? button.implicitHeight + spacing : 0)
-    /// A window that is too low even without the icon has no room for the button: there are a key
-    /// and a pull for the same, and what has failed is tried again by itself.
+    /// False in windows that are too low for the button, even without the icon. There, a key and a
+    /// pull have the same effect, and failed requests are repeated automatically.
     readonly property bool hasAction: action.length > 0 &&
         visibleHeight >= texts.implicitHeight + button.implicitHeight + 3 * Metrics.SmallPadding
     readonly property real verticalPadding: isCompact ? Metrics.SmallPadding : padding
-    // Large letters need the width.
+    // Large text needs more width.
     readonly property real horizontalPadding: titleSize > 28 ? Metrics.Padding : padding
 
     implicitHeight: column.implicitHeight + 2 * verticalPadding

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// The shadow and the outline of the panel: nested rings of decreasing opacity, a little lower than
-// the panel.
+// The outline and the shadow of the panel. The shadow consists of nested rings of decreasing
+// opacity, slightly lower than the panel.
 Item {
     id: frame
 

@@ -3,9 +3,8 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tolvane.Private
 
-// The home screen and the pages above it. Pages slide in from the trailing edge and slide out to
-// it; the view below moves aside a little. Covered views are neither drawn nor read by screen
-// readers.
+// The home screen and the pages above it. Pages slide in from the trailing edge and out to it, and
+// the view below moves slightly to the side. Covered views are invisible, also for screen readers.
 FocusScope {
     id: stack
 
@@ -13,8 +12,8 @@ FocusScope {
     readonly property NavigationData navigation: screen.navigation
     readonly property int pathLength: navigation.path.length
 
-    /// The path of the existing pages, which after going back includes the page that is still
-    /// sliding out. Nothing is bound to it: a page keeps its destination until it is destroyed.
+    /// The path of the existing pages, including a page that is still sliding out. Not a notifying
+    /// property, because a page must keep its destination until it is destroyed.
     readonly property var shown: ({path: []})
     /// The number of shown pages; a fraction while a page slides in or out.
     property real depth: pathLength
@@ -33,8 +32,7 @@ FocusScope {
         return count
     }
 
-    // Pages are kept for as long as they are on the path. From the first difference on, the pages
-    // are created anew.
+    // Keeps the pages up to the first difference between the paths, and replaces the others.
     function showPath(path: var) {
         const common = commonPrefixLength(path)
         if (pages.count > common)
@@ -44,7 +42,7 @@ FocusScope {
             pages.append({level: pages.count + 1})
     }
 
-    // After going back, the page is kept until it has slid out, or removed at once if it had not
+    // After going back, keeps the page until it has slid out. Removes it immediately if it had not
     // begun to slide in.
     function syncWithNavigation() {
         const path = Array.from(navigation.path)

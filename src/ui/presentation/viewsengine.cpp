@@ -15,8 +15,7 @@ QQmlEngine &viewsEngine()
     if (!engine) {
         qml_register_types_Tolvane_Private();
         engine = new QQmlEngine(qGuiApp);
-        // Deletes the engine after all views, and while the platform that its objects need still
-        // exists.
+        // Deletes the engine after all views, and before the platform.
         QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, engine, &QObject::deleteLater);
     }
     return *engine;

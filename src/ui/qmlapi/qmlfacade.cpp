@@ -39,7 +39,7 @@ std::optional<QString> optionalText(const QVariant &value)
 
 } // namespace
 
-/// Stays valid if a handler of the signal destroys the facade.
+/// A separate object, so that it stays valid if a handler of the signal destroys the facade.
 class QmlFacade::AnalyticsObserver final : public TolvaneAnalyticsDelegate
 {
 public:

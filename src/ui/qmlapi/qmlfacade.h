@@ -11,7 +11,7 @@
 
 namespace tolvane {
 
-/// The facade for hosts that are written in QML, as its singleton `Tolvane`.
+/// The facade for hosts that are written in QML, as the singleton `Tolvane`.
 ///
 /// @code
 /// import Tolvane
@@ -25,7 +25,8 @@ namespace tolvane {
 /// @endcode
 ///
 /// Methods behave like those of the C++ class, also when they fail. Each engine has its own
-/// instance, for the one library; hosts may use both languages at once. Main thread.
+/// instance; all instances control the same messenger. Hosts may use both languages at once. Main
+/// thread.
 class QmlFacade : public QObject
 {
     Q_OBJECT
@@ -107,11 +108,10 @@ Q_SIGNALS:
     void unreadCountChanged();
     void presentationChanged();
 
-    /// Emitted for each analytics event. A delegate that was set in C++ is notified as well, and
-    /// first.
-    /// @param event an object with what TolvaneAnalyticsEvent has: `name`, `properties`,
-    /// `timestamp`, `sdkVersion`, `customerId`, `originalCustomerId`, `environment`; an id that is
-    /// absent is `undefined`
+    /// Emitted for each analytics event, after a delegate in C++ has been notified.
+    /// @param event an object with the properties of TolvaneAnalyticsEvent: `name`, `properties`,
+    /// `timestamp`, `sdkVersion`, `customerId`, `originalCustomerId`, `environment`; an absent id
+    /// is `undefined`
     void analyticsEvent(const QVariantMap &event);
 
 private:

@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// One conversation in the list: the other side's icon, the last message, its sender and its age.
-// The keyboard reaches it by the arrow keys of the list.
+// A conversation in the list: the icon of the other side, the last message, its sender and its age.
+// The arrow keys of the list move between these rows.
 Pressable {
     id: item
 

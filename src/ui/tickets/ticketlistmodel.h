@@ -32,7 +32,7 @@ public:
 
     void setTickets(const TicketsData::Tickets &tickets) { replace(tickets); }
 
-    /// Updates the texts that change without the tickets: the age of a message, and the draft.
+    /// Makes views read the ages of messages and the drafts again, which are not part of tickets.
     void updateTexts();
 
     QVariant data(const QModelIndex &index, int role) const override;
