@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "interactivemode.h"
-#include "jsonmode.h"
+#include "interactive/interactivemode.h"
+#include "json/jsonmode.h"
 
 #include <tolvane/versionnumber.h>
 

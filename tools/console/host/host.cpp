@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host.h"
+#include "host/host.h"
 
 #include "backend/configuration.h"
 #include "platform/platform.h"

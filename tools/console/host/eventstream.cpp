@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "eventstream.h"
+#include "host/eventstream.h"
 
 #include <utility>
 

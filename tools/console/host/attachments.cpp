@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "attachments.h"
+#include "host/attachments.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "terminal.h"
+#include "io/terminal.h"
 
-#include "output.h"
+#include "io/output.h"
 
 #include <cstdlib>
 #include <editline/readline.h>

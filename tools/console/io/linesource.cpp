@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "linesource.h"
+#include "io/linesource.h"
 
 #include <array>
 #include <cerrno>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "eventstream.h"
+#include "host/eventstream.h"
 
 #include <QtCore/QTimer>
 #include <QtCore/QVariantMap>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "arguments.h"
+#include "json/arguments.h"
 
-#include "attachments.h"
+#include "host/attachments.h"
 
 namespace tolvane::console {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "linesource.h"
+#include "io/linesource.h"
 
 #include <QtCore/QString>
 

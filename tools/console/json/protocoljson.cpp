@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "protocoljson.h"
+#include "json/protocoljson.h"
 
 #include "backend/wire/json.h"
 #include "state/colorscheme.h"

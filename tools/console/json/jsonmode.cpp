@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "jsonmode.h"
+#include "json/jsonmode.h"
 
-#include "attachments.h"
-#include "output.h"
+#include "host/attachments.h"
+#include "io/output.h"
+#include "json/protocoljson.h"
 #include "platform/async/awaitfuture.h"
-#include "protocoljson.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QJsonDocument>

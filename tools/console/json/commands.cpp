@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "commands.h"
+#include "json/commands.h"
 
-#include "attachments.h"
 #include "backend/persistentstore.h"
+#include "host/attachments.h"
+#include "json/protocoljson.h"
 #include "platform/async/awaitfuture.h"
-#include "protocoljson.h"
 #include "state/pollingservice.h"
 #include "state/sdkdata.h"
 #include "state/times/timeago.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "arguments.h"
-#include "host.h"
+#include "host/host.h"
+#include "json/arguments.h"
 
 #include <QCoroTask>
 

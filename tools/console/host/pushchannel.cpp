@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "pushchannel.h"
+#include "host/pushchannel.h"
 
-#include "attachments.h"
 #include "backend/configuration.h"
+#include "host/attachments.h"
 #include "platform/platform.h"
 
 #include <tolvane/tolvane.h>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "commands.h"
-#include "host.h"
-#include "linesource.h"
+#include "host/host.h"
+#include "io/linesource.h"
+#include "json/commands.h"
 
 namespace tolvane::console {
 

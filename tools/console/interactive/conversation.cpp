@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "conversation.h"
+#include "interactive/conversation.h"
 
 #include "base/isodatetime.h"
-#include "terminal.h"
+#include "io/terminal.h"
 
 #include <QtCore/QDateTime>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "output.h"
+#include "io/output.h"
 
 #include <QtCore/QJsonDocument>
 

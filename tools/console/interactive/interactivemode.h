@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "conversation.h"
-#include "host.h"
-#include "pushchannel.h"
-#include "terminal.h"
+#include "host/host.h"
+#include "host/pushchannel.h"
+#include "interactive/conversation.h"
+#include "io/terminal.h"
 
 #include <QCoroTask>
 #include <QtCore/QStringList>
