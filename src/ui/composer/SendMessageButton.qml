@@ -23,16 +23,11 @@ FocusScope {
         isDimmed: button.composer.isSendDisabled && !button.isComposing
         icon: "paperplane"
         iconSize: Metrics.ComposerIconSize
+        mirrors: true
         color: Theme.fontBasicColor
         name: Strings.string("accessibility_send")
         shortcut: ViewOptions.enterSends ? "Enter" : "Ctrl+Enter"
         onClicked: button.clicked()
-
-        // The icon points in the reading direction.
-        transform: Scale {
-            origin.x: button.width / 2
-            xScale: button.LayoutMirroring.enabled ? -1 : 1
-        }
     }
 
     Item {
