@@ -371,19 +371,15 @@ void AnchoredList::setCurrentIndex(int row)
     Q_EMIT currentIndexChanged();
 }
 
-void AnchoredList::announce(const QString &text)
+bool AnchoredList::announce(const QString &text)
 {
-#if QT_CONFIG(accessibility)
-#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+#if QT_CONFIG(accessibility) && QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QAccessibleAnnouncementEvent event(this, text);
-#else
-    // Before Qt 6.8 no event takes a text; some screen readers read the item that sends an alert.
-    Q_UNUSED(text)
-    QAccessibleEvent event(this, QAccessible::Alert);
-#endif
     QAccessible::updateAccessibility(&event);
+    return true;
 #else
     Q_UNUSED(text)
+    return false;
 #endif
 }
 

@@ -92,8 +92,8 @@ public:
     Q_INVOKABLE QQuickItem *itemAt(int row) const;
     /// The row of an item; -1 for an item that does not belong to a row.
     Q_INVOKABLE int indexOf(const QQuickItem *item) const;
-    /// Makes a screen reader announce a text.
-    Q_INVOKABLE void announce(const QString &text);
+    /// Makes a screen reader announce a text. False before Qt 6.8, which has no event for that.
+    Q_INVOKABLE bool announce(const QString &text);
 
 Q_SIGNALS:
     void modelChanged();

@@ -110,7 +110,32 @@ Item {
             list.scrollToEnd(Metrics.TransitionDuration)
         }
         function onMessageArrived(description) {
-            rows.announce(description)
+            if (!rows.announce(description))
+                alert.show(description)
+        }
+    }
+
+    // Screen readers read an alert when it appears. It draws nothing.
+    Item {
+        id: alert
+
+        property string text
+
+        function show(message: string) {
+            text = ""
+            text = message
+        }
+
+        width: list.width
+        height: 1
+        visible: text.length > 0
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
+
+        Timer {
+            interval: 5000
+            running: alert.visible
+            onTriggered: alert.text = ""
         }
     }
 
