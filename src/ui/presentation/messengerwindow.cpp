@@ -71,7 +71,9 @@ MessengerWindow::MessengerWindow(QWindow &host)
     m_window = m_ownWindow.get();
     m_ownWindow->setTitle(host.title());
     m_ownWindow->setProperty("isMessenger", true);
-    if (HostOptions::shared()->presentation() == Tolvane::Presentation::panel)
+    // On Wayland a window cannot be moved over another one.
+    if (HostOptions::shared()->presentation() == Tolvane::Presentation::panel ||
+        QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
         placeInHost();
     else
         placeOverHost();

@@ -12,7 +12,7 @@ namespace tolvane {
 
 /// The window that shows the messenger: the host's window if that is a QQuickWindow, else a window
 /// of its own over the host's. That is modal to the host's window, or a child of it if the host
-/// prefers the panel. Main thread.
+/// prefers the panel, and always on Wayland. Main thread.
 class MessengerWindow
 {
 public:
