@@ -59,7 +59,7 @@ struct MessengerFixture : Fixture
 
     QQuickItem *messenger() const
     {
-        for (QQuickItem *item : host.contentItem()->childItems()) {
+        for (QQuickItem *item : (place ? place : host.contentItem())->childItems()) {
             if (item->property("screen").isValid())
                 return item;
         }
@@ -122,6 +122,8 @@ struct MessengerFixture : Fixture
 
     QQuickView host;
     QQuickItem *field;
+    /// The host's item that shows the messenger; null if its window does.
+    QQuickItem *place = nullptr;
     QByteArray listJson = "[]";
     bool isFailing = false;
 };

@@ -214,13 +214,13 @@ std::span<const Screens::Screen> Screens::all()
          }},
         {"conversation-typing",
          [](S &s) {
-             s.m_ticket.assignee = words::aiAgent;
+             s.ticket.assignee = words::aiAgent;
              s.openTicket();
          }},
         {"conversation-closed",
          [](S &s) {
-             s.m_ticket.state = words::closed;
-             s.m_ticket.assignee = words::aiAgent;
+             s.ticket.state = words::closed;
+             s.ticket.assignee = words::aiAgent;
              s.openTicket();
          }},
         {"conversation-error",
@@ -301,15 +301,21 @@ void Screens::addRows()
 }
 
 Screens::Screens(const Appearance &appearance)
-    : m_ticket(sampleTicket())
+    : ticket(sampleTicket())
 {
     if (QQuickWindow::sceneGraphBackend() == u"software"_s)
         m_fastAnimations.emplace();
     appearance.apply();
-    Tolvane::setPresentation(appearance.isPanel ? Tolvane::Presentation::panel
-                                                : Tolvane::Presentation::full);
+    if (appearance.form == Form::panel)
+        Tolvane::setPresentation(Tolvane::Presentation::panel);
     bundle->speak(appearance.language);
     host.resize(appearance.size);
+    if (appearance.form == Form::embedded) {
+        place = createMessengerItem();
+        place->setParent(host.contentItem());
+        place->setParentItem(host.contentItem());
+        place->setSize({400, double(appearance.size.height())});
+    }
     listJson = sampleList();
     session->handler = [this](const UrlRequest &request) { return respond(request); };
 }
@@ -334,7 +340,15 @@ UrlResponse Screens::respond(const UrlRequest &request)
         throw UrlError(UrlError::notConnectedToInternet);
     if (path.endsWith(u"/tickets"_s))
         return test::json(listJson);
-    return jsonResponse(m_ticket);
+    if (request.method == "POST") {
+        const qsizetype begin = request.body.indexOf("\r\n\r\n") + 4;
+        MessageDto message = makeMessage(u"m%1"_s.arg(ticket.messages.size()));
+        message.content = QString::fromUtf8(
+            request.body.sliced(begin, request.body.indexOf("\r\n", begin) - begin));
+        ticket.messages += message;
+        return jsonResponse(message);
+    }
+    return jsonResponse(ticket);
 }
 
 void Screens::show(const Screen &screen)
@@ -379,9 +393,8 @@ ComposerData &Screens::composer() const
 
 bool Screens::hasFinishedAnimations() const
 {
-    const QQuickItem *content = lastVisible("TolvaneScreen_");
     const QQuickItem *stack = lastVisible("TolvaneNavigationStack_");
-    return (!content || content->y() == 0) &&
+    return (!messenger() || isInPlace()) &&
            (!stack || stack->property("depth") == stack->property("pathLength"));
 }
 
@@ -417,7 +430,7 @@ void Screens::open()
 TicketPreviewDto Screens::preview(int message) const
 {
     TicketPreviewDto preview = makePreview();
-    preview.lastMessage = m_ticket.messages.at(message);
+    preview.lastMessage = ticket.messages.at(message);
     return preview;
 }
 

@@ -11,6 +11,8 @@
 
 namespace tolvane::test {
 
+enum class Form { full, panel, embedded };
+
 /// How the messenger is shown. The palette and the font belong to the application: apply() sets
 /// them, and Appearance().apply() resets them.
 struct Appearance
@@ -21,7 +23,7 @@ struct Appearance
     bool isDark = false;
     /// A factor for the size of texts.
     double fontScale = 1;
-    bool isPanel = false;
+    Form form = Form::full;
 
     void apply() const;
 };
@@ -54,6 +56,9 @@ public:
     /// Shown texts that are not the library's: messages, names and types of senders.
     static QStringList contentTexts();
 
+    /// The conversation of each row of the list. Messages that the customer sends are appended.
+    TicketDto ticket;
+
 private:
     UrlResponse respond(const UrlRequest &request);
     ScreenData &screen() const;
@@ -70,7 +75,6 @@ private:
 
     /// Not with OpenGL, whose render loops have drivers of their own.
     std::optional<FastAnimations> m_fastAnimations;
-    TicketDto m_ticket;
     bool m_hasPictures = true;
     bool m_hasSettings = true;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Saves a screenshot of each screen in each look, for people.
+// tolvane-pictures FOLDER [LOOK [SCREEN]]: saves a screenshot of each screen in each look.
 #include "testing/ui/screens.h"
 
 #include <QtCore/QDir>
@@ -7,6 +7,7 @@
 
 using namespace Qt::StringLiterals;
 using tolvane::test::Appearance;
+using tolvane::test::Form;
 using tolvane::test::Screens;
 
 namespace {
@@ -30,12 +31,13 @@ const QList<Appearance> &appearances()
          .language = u"de"_s,
          .fontScale = 2},
         {.name = u"desktop"_s, .size = {1400, 900}},
-        {.name = u"panel"_s, .size = {1000, 760}, .isPanel = true},
+        {.name = u"panel"_s, .size = {1000, 760}, .form = Form::panel},
+        {.name = u"embedded"_s, .size = {1000, 760}, .form = Form::embedded},
         {.name = u"panel-arabic-dark"_s,
          .size = {1000, 760},
          .language = u"ar"_s,
          .isDark = true,
-         .isPanel = true},
+         .form = Form::panel},
         {.name = u"wide-dark"_s, .size = {2560, 1440}, .isDark = true},
     };
     return appearances;
