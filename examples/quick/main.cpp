@@ -19,6 +19,8 @@ int main(int argc, char **argv)
 
     tolvane::Tolvane::initialize(u"demo-key"_s);
     tolvane::Tolvane::refreshUnread(); // For the badge of the button.
+    // A panel beside the products, in a window with room for it.
+    tolvane::Tolvane::setPresentation(tolvane::Tolvane::Presentation::panel);
     Support support;
     const auto pushes = Pushes::listen(QGuiApplication::arguments().value(1), support);
 

@@ -31,7 +31,7 @@ void collect(QAccessibleInterface *element, int parent, QList<AccessibleNode> &t
 QList<AccessibleNode> accessibleTree(QWindow &window)
 {
     QList<AccessibleNode> tree;
-    collect(QAccessible::queryAccessibleInterface(&window), -1, tree);
+    collect(window.accessibleRoot(), -1, tree);
     return tree;
 }
 

@@ -5,7 +5,7 @@
 #include "testing/waitfor.h"
 
 #include <QtGui/QWheelEvent>
-#include <QtQuick/QQuickWindow>
+#include <QtGui/QWindow>
 
 namespace tolvane::test {
 
@@ -26,7 +26,7 @@ QList<QRect> layoutOf(QWindow &window)
 
 } // namespace
 
-UiRobot::UiRobot(QQuickWindow &window)
+UiRobot::UiRobot(QWindow &window)
     : m_window(window)
 {
     m_clock.start();
@@ -56,10 +56,13 @@ QRect UiRobot::find(QAccessible::Role role, const QString &name)
     return rect;
 }
 
-void UiRobot::click(const QRect &rect)
+void UiRobot::click(const QRect &rect, Qt::MouseButton button)
 {
-    drag(rect.center(), {});
-    release();
+    m_pointer = rect.center();
+    sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton, Qt::NoButton);
+    sendMouse(QEvent::MouseButtonPress, m_pointer, button, button);
+    wait(pollInterval);
+    sendMouse(QEvent::MouseButtonRelease, m_pointer, button, Qt::NoButton);
 }
 
 void UiRobot::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString &text)
@@ -76,11 +79,28 @@ void UiRobot::type(const QString &text)
         press(static_cast<Qt::Key>(character.toUpper().unicode()), {}, character);
 }
 
-void UiRobot::turnWheel(int steps)
+void UiRobot::moveFocus(Qt::Key key, QAccessible::Role role, const QString &name)
 {
-    const QPointF middle(m_window.width() / 2.0, m_window.height() / 2.0);
+    constexpr int limit = 40;
+    QStringList reached;
+    for (int count = 0; count < limit; ++count) {
+        const AccessibleNode focus = focusedNode(m_window);
+        if (focus.role == role && focus.name.contains(name))
+            return;
+        reached += focus.name;
+        press(key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+        wait(pollInterval);
+    }
+    throw std::runtime_error("the focus does not reach \"" + name.toStdString() + "\", but " +
+                             reached.join(u", "_s).toStdString());
+}
+
+void UiRobot::turnWheel(int steps, const QRect &over)
+{
+    const QPointF position =
+        (over.isNull() ? QRect(QPoint(), m_window.size()) : over).toRectF().center();
     for (int i = 0; i < qAbs(steps); ++i) {
-        QWheelEvent event(middle, m_window.mapToGlobal(middle), {}, {0, steps < 0 ? -120 : 120},
+        QWheelEvent event(position, m_window.mapToGlobal(position), {}, {0, steps < 0 ? -120 : 120},
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         event.setTimestamp(static_cast<quint64>(m_clock.elapsed()));
         QCoreApplication::sendEvent(&m_window, &event);
@@ -92,19 +112,19 @@ void UiRobot::drag(const QPoint &from, const QPoint &offset)
 {
     constexpr int steps = 12;
     m_pointer = from;
-    sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton);
-    sendMouse(QEvent::MouseButtonPress, m_pointer, Qt::LeftButton);
+    sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton, Qt::NoButton);
+    sendMouse(QEvent::MouseButtonPress, m_pointer, Qt::LeftButton, Qt::LeftButton);
     for (int i = 1; i <= steps && !offset.isNull(); ++i) {
         wait(16ms);
         m_pointer = from + offset * i / steps;
-        sendMouse(QEvent::MouseMove, m_pointer, Qt::LeftButton);
+        sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton, Qt::LeftButton);
     }
     wait(pollInterval);
 }
 
 void UiRobot::release()
 {
-    sendMouse(QEvent::MouseButtonRelease, m_pointer, Qt::NoButton);
+    sendMouse(QEvent::MouseButtonRelease, m_pointer, Qt::LeftButton, Qt::NoButton);
 }
 
 void UiRobot::waitForAnimations()
@@ -121,9 +141,9 @@ void UiRobot::waitForAnimations()
     });
 }
 
-void UiRobot::sendMouse(QEvent::Type type, const QPointF &position, Qt::MouseButtons buttons)
+void UiRobot::sendMouse(QEvent::Type type, const QPointF &position, Qt::MouseButton button,
+                        Qt::MouseButtons buttons)
 {
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, position, position, m_window.mapToGlobal(position), button, buttons,
                       Qt::NoModifier);
     event.setTimestamp(static_cast<quint64>(m_clock.elapsed()));

@@ -5,7 +5,7 @@
 #include <QtCore/QRect>
 #include <QtGui/QAccessible>
 
-class QQuickWindow;
+class QWindow;
 
 namespace tolvane::test {
 
@@ -15,7 +15,8 @@ namespace tolvane::test {
 class UiRobot
 {
 public:
-    explicit UiRobot(QQuickWindow &window);
+    /// A window of Qt Quick or of Qt Widgets.
+    explicit UiRobot(QWindow &window);
 
     /// Waits until an accessible element of that role whose name contains `name` is within the
     /// window and does not move. Returns its rectangle in the window.
@@ -26,12 +27,15 @@ public:
         return !rectOf(role, name).isEmpty();
     }
     /// Clicks the middle of a rectangle.
-    void click(const QRect &rect);
+    void click(const QRect &rect, Qt::MouseButton button = Qt::LeftButton);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}, const QString &text = {});
     /// Sends the text key by key to the item with the focus.
     void type(const QString &text);
-    /// Turns the wheel in the middle of the window; negative steps scroll down.
-    void turnWheel(int steps);
+    /// Presses `key`, usually Tab, until an element of that role whose name contains `name` has the
+    /// focus.
+    void moveFocus(Qt::Key key, QAccessible::Role role, const QString &name = {});
+    /// Turns the wheel in the middle of `over`, or else of the window; negative steps scroll down.
+    void turnWheel(int steps, const QRect &over = {});
     /// Presses the button at `from` and moves the pointer by `offset`. release() lifts the button.
     void drag(const QPoint &from, const QPoint &offset);
     void release();
@@ -40,9 +44,10 @@ public:
 
 private:
     QRect rectOf(QAccessible::Role role, const QString &name) const;
-    void sendMouse(QEvent::Type type, const QPointF &position, Qt::MouseButtons buttons);
+    void sendMouse(QEvent::Type type, const QPointF &position, Qt::MouseButton button,
+                   Qt::MouseButtons buttons);
 
-    QQuickWindow &m_window;
+    QWindow &m_window;
     QElapsedTimer m_clock;
     QPoint m_pointer;
 };

@@ -42,6 +42,8 @@ int main(int argc, char **argv)
     tolvane::Tolvane::enableLogging(options.isSet(logOption));
     tolvane::Tolvane::initialize(u"demo-key"_s);
     tolvane::Tolvane::refreshUnread();
+    // A panel beside the products, in a window with room for it.
+    tolvane::Tolvane::setPresentation(tolvane::Tolvane::Presentation::panel);
     Support support;
     const auto pushes = Pushes::listen(options.value(pushesOption), support);
 

@@ -29,10 +29,11 @@ struct Visit
 constexpr Visit visits[] = {
     {"portrait-light", {412, 860}, false, false, "Here is your label"},
     {"portrait-dark", {412, 860}, true, true, "All three fit"},
-    {"landscape-light", {860, 412}, false, true, ""},
-    {"landscape-dark", {860, 412}, true, false, ""},
+    // With room for a panel over the shop.
+    {"landscape-light", {1180, 760}, false, false, ""},
+    {"landscape-dark", {860, 540}, true, true, ""},
     {"small-light", {320, 480}, false, false, ""},
-    {"large-dark", {1280, 800}, true, true, ""},
+    {"large-dark", {1600, 900}, true, true, ""},
 };
 
 void setAppearance(bool isDark)
@@ -134,7 +135,7 @@ private:
     void collapseHeader()
     {
         const QRect before = firstRow();
-        m_robot.turnWheel(-3);
+        m_robot.turnWheel(-3, before);
         m_robot.waitForAnimations();
         if (firstRow() == before)
             throw std::runtime_error("the wheel does not scroll the list");
@@ -143,7 +144,7 @@ private:
 
     void pullToRefresh()
     {
-        m_robot.turnWheel(5);
+        m_robot.turnWheel(5, firstRow());
         m_robot.waitForAnimations();
         m_robot.drag(m_robot.find(QAccessible::Heading, u"Your messages"_s).center(), {0, 180});
         saveScreenshot(u"pulled"_s);
