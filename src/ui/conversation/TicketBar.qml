@@ -26,6 +26,7 @@ Rectangle {
         icon: "chevron-left"
         mirrors: true
         color: Theme.accentColor
+        focusRing.ground: Theme.primaryColor
         name: Strings.hostString("Back")
         shortcut: "Esc"
         onClicked: bar.backRequested()

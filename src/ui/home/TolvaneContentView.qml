@@ -138,6 +138,7 @@ FocusScope {
         visible: !home.screen.isEmbedded
         icon: "close"
         color: Theme.accentColor
+        focusRing.ground: Theme.primaryColor
         name: Strings.string("accessibility_close")
         onClicked: home.screen.close()
     }

@@ -42,6 +42,7 @@ Rectangle {
         detail: view.screen.settingsErrorText
         detailColor: Theme.fontBasicColor
         action: Strings.string("error_retry")
+        ground: Theme.primaryColor
         isActionEnabled: !view.screen.isLoadingSettings
         onActionRequested: view.screen.loadSettings()
     }
@@ -53,6 +54,7 @@ Rectangle {
         visible: !view.screen.isEmbedded
         icon: "close"
         color: Theme.fontBasicColor
+        focusRing.ground: Theme.primaryColor
         name: Strings.string("accessibility_close")
         onClicked: view.screen.close()
     }

@@ -7,6 +7,8 @@ Rectangle {
     id: ring
 
     property color tint: "transparent"
+    /// The colour around the item. A ring that would not be seen on it is black or white.
+    property color ground: Theme.chatBackgroundColor
     property bool isShown: parent.activeFocus
 
     anchors.fill: parent
@@ -14,6 +16,6 @@ Rectangle {
     radius: Metrics.ItemRadius
     color: "transparent"
     border.width: 2
-    border.color: tint
+    border.color: isShown && tint.a > 0 ? Theme.visibleOn(ground, tint) : tint
     visible: isShown
 }

@@ -7,6 +7,7 @@
 #include <QtGui/QStyleHints>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tolvane {
 
@@ -25,6 +26,32 @@ SystemAppearance systemAppearance()
     }
 #endif
     return SystemAppearance::unknown;
+}
+
+/// Of sRGB, by the definition of the Web Content Accessibility Guidelines.
+double relativeLuminance(const QColor &color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+QColor blended(const QColor &ground, const QColor &color)
+{
+    const auto mix = [&color](float below, float above) {
+        return below + (above - below) * color.alphaF();
+    };
+    return QColor::fromRgbF(mix(ground.redF(), color.redF()), mix(ground.greenF(), color.greenF()),
+                            mix(ground.blueF(), color.blueF()));
+}
+
+/// From 1 to 21, as the Web Content Accessibility Guidelines define it.
+double contrast(const QColor &one, const QColor &other)
+{
+    const auto [darker, lighter] = std::minmax({relativeLuminance(one), relativeLuminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
 }
 
 } // namespace
@@ -67,6 +94,14 @@ QColor Theme::branded(DynamicColor ColorScheme::*color) const
 QColor Theme::byAppearance(QRgb light, QRgb dark) const
 {
     return QColor::fromRgba(isDark() ? dark : light);
+}
+
+QColor Theme::visibleOn(const QColor &ground, const QColor &color)
+{
+    constexpr double leastContrast = 3;
+    if (contrast(ground, blended(ground, color)) >= leastContrast)
+        return color;
+    return contrast(ground, Qt::white) > contrast(ground, Qt::black) ? Qt::white : Qt::black;
 }
 
 double Theme::columnInset(double width, double margin) const

@@ -90,6 +90,8 @@ public:
     int columnWidth() const { return 860; }
     /// The distance of the content from either edge of an item of this width, at least the margin.
     Q_INVOKABLE double columnInset(double width, double margin) const;
+    /// The colour, or black or white if the colour could hardly be seen on the ground.
+    Q_INVOKABLE static QColor visibleOn(const QColor &ground, const QColor &color);
     bool hasLogo() const { return logoUrl().has_value(); }
     QUrl logo() const { return QUrl(logoUrl().value_or(QString())); }
 

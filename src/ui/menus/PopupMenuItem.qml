@@ -13,6 +13,12 @@ Pressable {
     activeFocusOnTab: false
     implicitWidth: label.implicitWidth + 2 * Metrics.Padding + Metrics.SmallPadding
     implicitHeight: label.implicitHeight + 2 * Metrics.SmallPadding
+    focusRing.tint: Theme.isDark ? "white" : "black"
+    focusRing.ground: Theme.backgroundColor
+    focusRing.anchors.leftMargin: Metrics.SmallPadding / 2
+    focusRing.anchors.rightMargin: Metrics.SmallPadding / 2
+    focusRing.anchors.topMargin: 0
+    focusRing.anchors.bottomMargin: 0
     Accessible.role: Accessible.MenuItem
 
     Rectangle {

@@ -17,6 +17,7 @@ Item {
     /// The text of a button beneath the detail; no button if it is empty.
     property string action
     property bool isActionEnabled: true
+    property color ground: Theme.chatBackgroundColor
     property int iconSize: Metrics.NoticeIconSize
     property int padding: 2 * Metrics.WidePadding
     property int spacing: Metrics.WidePadding
@@ -99,6 +100,7 @@ Item {
             opacity: enabled ? 1 : 0.5
             name: notice.action
             color: notice.detailColor
+            focusRing.ground: notice.ground
             onClicked: notice.actionRequested()
         }
     }

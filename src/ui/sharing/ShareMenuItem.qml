@@ -12,6 +12,12 @@ Pressable {
     hoverEnabled: true
     activeFocusOnTab: false
     implicitHeight: 44
+    focusRing.tint: "white"
+    focusRing.ground: "#262629"
+    focusRing.anchors.leftMargin: 6
+    focusRing.anchors.rightMargin: 6
+    focusRing.anchors.topMargin: 0
+    focusRing.anchors.bottomMargin: 0
     Accessible.role: Accessible.MenuItem
 
     Rectangle {

@@ -16,6 +16,8 @@ ViewerControl {
         focus: true
         name: text.text
         focusRing.tint: "white"
+        focusRing.ground: back.lightestGround
+        focusRing.anchors.margins: 1
         focusRing.radius: focusRing.height / 2
         onClicked: back.clicked()
 

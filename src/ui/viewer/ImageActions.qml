@@ -15,6 +15,9 @@ ViewerControl {
         focus: true
         icon: "share"
         color: "white"
+        focusRing.ground: actions.lightestGround
+        focusRing.anchors.margins: 1
+        focusRing.radius: focusRing.height / 2
         name: Strings.string("accessibility_share")
         enabled: share.isReady
         // Not bound to `enabled`, which becomes false as soon as the controls start to fade out.

@@ -17,7 +17,9 @@ ViewerControl {
         icon: "chevron-left"
         color: "white"
         isFlipped: control.isNext !== control.LayoutMirroring.enabled
-        focusRing.radius: height / 2
+        focusRing.ground: control.lightestGround
+        focusRing.anchors.margins: 1
+        focusRing.radius: focusRing.height / 2
         name: Strings.string(control.isNext ? "accessibility_next_picture"
                                             : "accessibility_previous_picture")
         onClicked: control.clicked()

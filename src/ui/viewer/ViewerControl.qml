@@ -9,6 +9,8 @@ FocusScope {
 
     required property bool showControls
     default property alias content: background.data
+    /// The background over a white picture, on which a focus ring has to be seen.
+    readonly property color lightestGround: Qt.tint("white", background.color)
 
     implicitWidth: background.childrenRect.width
     implicitHeight: background.childrenRect.height
@@ -29,6 +31,6 @@ FocusScope {
         width: childrenRect.width
         height: childrenRect.height
         radius: height / 2
-        color: "#66000000"
+        color: "#a6000000"
     }
 }

@@ -49,4 +49,12 @@ TestCase {
         if (view.current)
             tryCompare(view.current, "opacity", 1)
     }
+
+    function test_focusRingsAreSeenOnAnyGround() {
+        for (const [ground, tint, shown] of [["#63b5ad", "#0b3340", "#0b3340"],
+                                             ["#1f5c4d", "#e07a3f", "#ffffff"],
+                                             ["#f5f4f0", "#eeeeee", "#000000"],
+                                             ["#000000", "#4dffffff", "#ffffff"]])
+            verify(Qt.colorEqual(Theme.visibleOn(ground, tint), shown), ground)
+    }
 }
