@@ -247,6 +247,11 @@
         <translation>يمكن إرسال الصور فقط</translation>
     </message>
     <message>
+        <source>composer_long_lines</source>
+        <extracomment>Shown over the conversation for some seconds, when a pasted text had very long lines, which the editor has divided.</extracomment>
+        <translation>تم تقسيم الأسطر الطويلة جدًا.</translation>
+    </message>
+    <message>
         <source>accessibility_previous_picture</source>
         <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
         <translation>الصورة السابقة</translation>
@@ -355,6 +360,11 @@
         <source>error_unreachable</source>
         <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>تعذّر الوصول إلى الخادم.</translation>
+    </message>
+    <message>
+        <source>error_response</source>
+        <extracomment>Beneath "Something went wrong": the server has answered with an error, or with something that cannot be read.</extracomment>
+        <translation>لم يستجب الخادم كما هو متوقع.</translation>
     </message>
     <message>
         <source>error_retry</source>

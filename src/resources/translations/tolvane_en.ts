@@ -231,6 +231,11 @@
         <translation>Only pictures can be sent</translation>
     </message>
     <message>
+        <source>composer_long_lines</source>
+        <extracomment>Shown over the conversation for some seconds, when a pasted text had very long lines, which the editor has divided.</extracomment>
+        <translation>Very long lines were divided.</translation>
+    </message>
+    <message>
         <source>accessibility_previous_picture</source>
         <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
         <translation>Previous picture</translation>
@@ -339,6 +344,11 @@
         <source>error_unreachable</source>
         <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>The server cannot be reached.</translation>
+    </message>
+    <message>
+        <source>error_response</source>
+        <extracomment>Beneath "Something went wrong": the server has answered with an error, or with something that cannot be read.</extracomment>
+        <translation>The server did not respond as expected.</translation>
     </message>
     <message>
         <source>error_retry</source>

@@ -231,6 +231,11 @@
         <translation>Seules les images peuvent être envoyées</translation>
     </message>
     <message>
+        <source>composer_long_lines</source>
+        <extracomment>Shown over the conversation for some seconds, when a pasted text had very long lines, which the editor has divided.</extracomment>
+        <translation>Les lignes très longues ont été divisées.</translation>
+    </message>
+    <message>
         <source>accessibility_previous_picture</source>
         <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
         <translation>Image précédente</translation>
@@ -339,6 +344,11 @@
         <source>error_unreachable</source>
         <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>Le serveur est inaccessible.</translation>
+    </message>
+    <message>
+        <source>error_response</source>
+        <extracomment>Beneath "Something went wrong": the server has answered with an error, or with something that cannot be read.</extracomment>
+        <translation>Le serveur n’a pas répondu comme prévu.</translation>
     </message>
     <message>
         <source>error_retry</source>

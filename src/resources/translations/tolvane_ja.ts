@@ -227,6 +227,11 @@
         <translation>送信できるのは画像のみです</translation>
     </message>
     <message>
+        <source>composer_long_lines</source>
+        <extracomment>Shown over the conversation for some seconds, when a pasted text had very long lines, which the editor has divided.</extracomment>
+        <translation>長すぎる行を分割しました。</translation>
+    </message>
+    <message>
         <source>accessibility_previous_picture</source>
         <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
         <translation>前の画像</translation>
@@ -335,6 +340,11 @@
         <source>error_unreachable</source>
         <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>サーバーに接続できません。</translation>
+    </message>
+    <message>
+        <source>error_response</source>
+        <extracomment>Beneath "Something went wrong": the server has answered with an error, or with something that cannot be read.</extracomment>
+        <translation>サーバーから予期しない応答がありました。</translation>
     </message>
     <message>
         <source>error_retry</source>

@@ -235,6 +235,11 @@
         <translation>Można wysyłać tylko obrazy</translation>
     </message>
     <message>
+        <source>composer_long_lines</source>
+        <extracomment>Shown over the conversation for some seconds, when a pasted text had very long lines, which the editor has divided.</extracomment>
+        <translation>Bardzo długie wiersze zostały podzielone.</translation>
+    </message>
+    <message>
         <source>accessibility_previous_picture</source>
         <extracomment>Read aloud: the button in the image viewer that shows the picture before this one.</extracomment>
         <translation>Poprzedni obraz</translation>
@@ -343,6 +348,11 @@
         <source>error_unreachable</source>
         <extracomment>Beneath "Something went wrong": the server cannot be reached, or the connection to it fails.</extracomment>
         <translation>Serwer jest niedostępny.</translation>
+    </message>
+    <message>
+        <source>error_response</source>
+        <extracomment>Beneath "Something went wrong": the server has answered with an error, or with something that cannot be read.</extracomment>
+        <translation>Serwer nie odpowiedział zgodnie z oczekiwaniami.</translation>
     </message>
     <message>
         <source>error_retry</source>

@@ -4,15 +4,17 @@
 #include "base/errors.h"
 #include "platform/platform.h"
 
-#include <algorithm>
+#include <QtCore/QStringView>
 
 namespace tolvane {
 
 namespace {
 
-const char *translationKey(int code)
+const char *translationKey(const Error &error)
 {
-    switch (code) {
+    if (error.domain() != ErrorDomain::transport)
+        return "error_response";
+    switch (error.code()) {
     case UrlError::notConnectedToInternet:
     case UrlError::networkConnectionLost:
         return "error_offline";
@@ -23,17 +25,20 @@ const char *translationKey(int code)
     }
 }
 
-/// The text of an error for people: one paragraph of plain text. If the text quotes a page of HTML
-/// or a long body, which are for developers, only the kind of the failure in front of it remains.
-QString paragraph(const QString &text)
+/// Whether a body is for developers: JSON, a page of HTML, a long text, or nothing at all.
+bool isForDevelopers(QStringView body)
 {
     constexpr qsizetype longestBody = 4096;
+    const QStringView text = body.trimmed();
+    return text.isEmpty() || text.size() > longestBody ||
+           QStringView(u"<{[").contains(text.front());
+}
+
+/// The text in one paragraph.
+QString paragraph(const QString &text)
+{
     constexpr qsizetype longestParagraph = 200;
-    const qsizetype colon = text.indexOf(QLatin1String(": "));
-    const bool isMarkup = text.mid(colon + 2, longestBody).trimmed().startsWith(u'<');
-    if (colon >= 0 && (isMarkup || text.size() > longestBody))
-        return text.first(colon);
-    const QString line = text.first(std::min(text.size(), longestBody)).simplified();
+    const QString line = text.simplified();
     return line.size() <= longestParagraph ? line : line.first(longestParagraph - 1) + u'…';
 }
 
@@ -41,9 +46,13 @@ QString paragraph(const QString &text)
 
 QString errorText(const Error &error)
 {
-    if (error.domain() != ErrorDomain::transport)
-        return paragraph(error.localizedDescription());
-    return platform().bundle->string(QString::fromLatin1(translationKey(error.code())));
+    const QString text = error.localizedDescription();
+    // A backend may word its errors for people, behind the kind of the failure.
+    const qsizetype colon = text.indexOf(u':');
+    if (error.domain() == ErrorDomain::api && colon >= 0 &&
+        !isForDevelopers(QStringView(text).sliced(colon + 1)))
+        return paragraph(text);
+    return platform().bundle->string(QString::fromLatin1(translationKey(error)));
 }
 
 } // namespace tolvane

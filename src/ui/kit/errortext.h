@@ -7,8 +7,8 @@
 
 namespace tolvane {
 
-/// The reason for a failure, for the customer: a translated text for network errors, else the
-/// error's own description in at most 200 characters, without HTML.
+/// The reason for a failure, for the customer: the words of the backend in at most 200 characters,
+/// if it has any for people, else a translated text. The error's own text is for the log.
 QString errorText(const Error &error);
 
 } // namespace tolvane

@@ -278,9 +278,10 @@ private Q_SLOTS:
         fixture.session->handler = [&](const UrlRequest &) { return failure; };
         for (const auto &[body, text] : QList<QPair<QByteArray, QString>>{
                  {"not\n\n now", u"Server error: not now"_s},
-                 {" <html>Bad gateway", u"Server error"_s},
+                 {" <html>Bad gateway", u"error_response"_s},
+                 {R"({"error": "id"})", u"error_response"_s},
                  {QByteArray(300, 'x'), u"Server error: "_s + QString(185, u'x') + u'…'},
-                 {QByteArray(5000, 'x'), u"Server error"_s}}) {
+                 {QByteArray(5000, 'x'), u"error_response"_s}}) {
             failure.body = body;
             TicketScreenData screen;
             screen.setDestination(TolvaneDestination::ticket(makePreview()));
