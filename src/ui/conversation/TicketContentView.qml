@@ -56,6 +56,8 @@ FocusScope {
         empty: TicketEmptyContentView { visibleHeight: view.noticeHeight }
         error: Flickable {
             contentHeight: Math.max(height, notice.implicitHeight)
+            // Also if all of it is visible.
+            flickableDirection: Flickable.VerticalFlick
             boundsBehavior: Flickable.DragOverBounds
             // Released after a complete pull.
             onDraggingChanged: {

@@ -1,23 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "ui/kit/keyboard.h"
 
-#include <QtCore/QRectF>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
-
-#include <utility>
 
 namespace tolvane {
 
 namespace {
 
-/// Android reports the rectangle in physical pixels, all others in device-independent pixels.
-double keyboardPixelRatio()
+QRectF currentArea()
 {
+    const QInputMethod *inputMethod = QGuiApplication::inputMethod();
+    if (!inputMethod->isVisible())
+        return {};
+    const QRectF area = inputMethod->keyboardRectangle();
 #ifdef Q_OS_ANDROID
-    return qGuiApp->devicePixelRatio();
+    // In physical pixels; all others report device-independent pixels.
+    const double ratio = qGuiApp->devicePixelRatio();
+    return {area.topLeft() / ratio, area.size() / ratio};
 #else
-    return 1;
+    return area;
 #endif
 }
 
@@ -27,27 +29,21 @@ Keyboard::Keyboard(QObject *parent)
     : QObject(parent)
 {
     const QInputMethod *inputMethod = QGuiApplication::inputMethod();
-    connect(inputMethod, &QInputMethod::visibleChanged, this, &Keyboard::update);
-    connect(inputMethod, &QInputMethod::keyboardRectangleChanged, this, &Keyboard::update);
-    m_wasShown = isShown();
+    const auto update = [this] { setArea(currentArea()); };
+    connect(inputMethod, &QInputMethod::visibleChanged, this, update);
+    connect(inputMethod, &QInputMethod::keyboardRectangleChanged, this, update);
+    m_area = currentArea();
 }
 
-void Keyboard::update()
+void Keyboard::setArea(const QRectF &area)
 {
+    if (m_area == area)
+        return;
+    const bool wasShown = isShown();
+    m_area = area;
     Q_EMIT changed();
-    if (!std::exchange(m_wasShown, isShown()) && m_wasShown)
+    if (isShown() && !wasShown)
         Q_EMIT appeared();
-}
-
-bool Keyboard::isShown() const
-{
-    const QInputMethod *inputMethod = QGuiApplication::inputMethod();
-    return inputMethod->isVisible() && !inputMethod->keyboardRectangle().isEmpty();
-}
-
-double Keyboard::top() const
-{
-    return QGuiApplication::inputMethod()->keyboardRectangle().top() / keyboardPixelRatio();
 }
 
 void Keyboard::hide()

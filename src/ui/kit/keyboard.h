@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/privateexport.h"
+
 #include <QtCore/QObject>
+#include <QtCore/QRectF>
 #include <QtQml/qqmlregistration.h>
 
 namespace tolvane {
 
 /// The on-screen keyboard, and the keys with a system-wide meaning, for QML. Main thread.
-class Keyboard : public QObject
+class TOLVANE_VIEWS_AUTOTEST_EXPORT Keyboard : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
@@ -20,8 +23,11 @@ class Keyboard : public QObject
 public:
     explicit Keyboard(QObject *parent = nullptr);
 
-    bool isShown() const;
-    double top() const;
+    bool isShown() const { return !m_area.isEmpty(); }
+    double top() const { return m_area.top(); }
+    /// Sets the part of the window that the keyboard covers; empty while it is not shown. The input
+    /// method's changes do so.
+    void setArea(const QRectF &area);
 
     /// Hides it until the customer next taps into a text field.
     Q_INVOKABLE void hide();
@@ -37,9 +43,7 @@ Q_SIGNALS:
     void appeared();
 
 private:
-    void update();
-
-    bool m_wasShown = false;
+    QRectF m_area;
 };
 
 } // namespace tolvane

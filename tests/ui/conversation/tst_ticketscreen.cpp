@@ -6,6 +6,7 @@
 #include "testing/ui/uirobot.h"
 #include "ui/conversation/ticketscreendata.h"
 #include "ui/images/imagecache.h"
+#include "ui/kit/keyboard.h"
 #include "ui/tickets/ticketrow.h"
 
 using namespace tolvane;
@@ -164,6 +165,11 @@ private Q_SLOTS:
         QTRY_VERIFY(hint->mapToScene({0, hint->height()}).y() <= composer->mapToScene({}).y());
 
         fixture.robot.type(u"hello"_s);
+        QTest::keyClick(&fixture.host, Qt::Key_Escape);
+        QTRY_VERIFY(!fixture.screen());
+        QVERIFY(fixture.find(u"ticket_draft · We typically"_s));
+        fixture.click(QAccessible::Button, u"Send us a message"_s);
+        QTRY_VERIFY(fixture.screen());
         QTest::keyClick(&fixture.host, Qt::Key_Return, Qt::ControlModifier);
         settle();
         QCOMPARE(fixture.screen()->state(), u"loaded"_s);
@@ -269,6 +275,56 @@ private Q_SLOTS:
         fixture.isFailing = false;
         fixture.clock->advance(2s); // It is fetched again by itself.
         QCOMPARE(fixture.screen()->state(), u"loaded"_s);
+
+        // The customer can fetch it sooner: by a key, the wheel, a pull or the button.
+        using Do = void (*)(TicketScreenFixture &);
+        const std::pair<const char *, Do> ways[] = {
+            {"key", [](auto &f) { f.robot.press(Qt::Key_F5); }},
+            {"wheel", [](auto &f) { f.robot.turnWheel(3); }},
+            {"pull",
+             [](auto &f) {
+                 f.robot.drag({200, 200}, {0, 300});
+                 QTest::qWait(300);
+                 f.robot.release();
+             }},
+            {"button", [](auto &f) { f.click(QAccessible::Button, u"error_retry"_s); }}};
+        for (const auto &[name, act] : ways) {
+            fixture.isFailing = true;
+            fixture.robot.press(Qt::Key_F5);
+            QTRY_COMPARE(fixture.screen()->state(), u"error"_s);
+            fixture.isFailing = false;
+            act(fixture);
+            QTRY_VERIFY2(fixture.screen()->state() == u"loaded"_s, name);
+        }
+    }
+
+    void theKeyboardScrollsToTheEnd()
+    {
+        TicketScreenFixture fixture;
+        for (int i = 3; i < 30; ++i)
+            fixture.ticket.messages += makeNamedMessage(QString::number(i), words::humanAgent);
+        fixture.open();
+        QTRY_VERIFY(fixture.screen() && fixture.screen()->state() == u"loaded"_s);
+        auto *keyboard =
+            qmlEngine(fixture.messenger())
+                ->singletonInstance<Keyboard *>(qmlTypeId("Tolvane.Private", 1, 0, "Keyboard"));
+        QQuickItem *list = fixture.ofType("tolvane::AnchoredList");
+        const auto gap = [&] {
+            return list->property("end").toReal() - list->property("contentY").toReal();
+        };
+        const auto scrollUp = [&] {
+            QMetaObject::invokeMethod(list, "scrollBy", Q_ARG(double, -900), Q_ARG(int, 0));
+            return QTest::qWaitFor([&] { return gap() > 1; });
+        };
+        QTRY_VERIFY(gap() < 1);
+        QVERIFY(scrollUp());
+        keyboard->setArea({0, 400, 400, 300});
+        QTRY_VERIFY(gap() < 1 && fixture.ofType("TicketComposer")->mapToScene({}).y() < 400);
+        QVERIFY(scrollUp());
+        keyboard->setArea({0, 380, 400, 320}); // It only grows,
+        keyboard->setArea({});                 // and is hidden.
+        QTest::qWait(400);
+        QVERIFY(gap() > 1);
     }
 
     void errorsOfServersAreOneParagraph()
