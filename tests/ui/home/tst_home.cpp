@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The home screen, used by mouse, wheel and keyboard.
 #include "testing/ui/accessibletree.h"
-#include "testing/ui/messengerfixture.h"
+#include "testing/ui/screens.h"
 #include "testing/ui/uirobot.h"
 #include "ui/kit/theme.h"
 
@@ -19,6 +19,13 @@ struct HomeFixture : MessengerFixture
         for (int index = 0; index < count; ++index)
             ids += u"t%1"_s.arg(index);
         setTickets(ids);
+        session->handler = [next = session->handler](const UrlRequest &request) {
+            BrandingDto branding = sampleBranding();
+            branding.logoLight = u"https://cdn.example/light"_s;
+            branding.logoDark = u"https://cdn.example/dark"_s;
+            return request.url.path().endsWith(u"/settings"_s) ? jsonResponse(branding)
+                                                               : next(request);
+        };
     }
 
     bool open()
@@ -48,6 +55,8 @@ class HomeTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup() { tolvane::test::Appearance().apply(); }
+
     void theSystemsAppearanceCountsUnlessTheHostHasColours()
     {
         using enum SystemAppearance;
@@ -119,20 +128,24 @@ private Q_SLOTS:
         }
     }
 
-    void theHeaderHasALogoOfItsSize()
+    void theHeaderHasALogo()
     {
-        const std::tuple<QSize, bool, double> cases[] = {{{400, 700}, false, 54},
-                                                         {{400, 700}, true, 32},
-                                                         {{700, 400}, false, 38},
-                                                         {{700, 400}, true, 22}};
-        for (const auto &[size, isCollapsed, width] : cases) {
+        const std::tuple<QSize, bool, bool, double> cases[] = {{{400, 700}, false, false, 54},
+                                                               {{400, 700}, true, true, 32},
+                                                               {{700, 400}, false, true, 38},
+                                                               {{700, 400}, true, false, 22}};
+        for (const auto &[size, isCollapsed, isDark, width] : cases) {
             HomeFixture fixture(40);
+            tolvane::test::Appearance{.isDark = isDark}.apply();
             fixture.host.resize(size);
             QVERIFY(fixture.open());
             if (isCollapsed)
                 fixture.robot.turnWheel(-8);
             fixture.robot.waitForAnimations();
             QTRY_COMPARE(fixture.lastVisible("BrandLogo_")->width(), width);
+            const QQuickItem *logo = HomeFixture::lastVisible(fixture.lastVisible("BrandLogo_"),
+                                                              "tolvane::CachedAsyncImage");
+            QCOMPARE(logo->property("url").toUrl().path(), isDark ? u"/dark"_s : u"/light"_s);
         }
     }
 
