@@ -48,8 +48,11 @@ FocusScope {
 
     // Compares once per change, as the text may be long.
     onTextChanged: {
-        if (input.text !== text)
-            input.text = text
+        if (input.text === text)
+            return
+        const position = input.cursorPosition
+        input.text = text
+        input.cursorPosition = Math.min(position, input.length)
     }
 
     enabled: !isDisabled
@@ -68,9 +71,11 @@ FocusScope {
         // Uses the height after a running animation, so that the text does not scroll while the
         // editor grows.
         function show(rectangle) {
-            const finalHeight = Math.max(height, Math.min(editor.textHeight, editor.maximumHeight))
             const top = rectangle.y - editor.verticalPadding
             const bottom = rectangle.y + rectangle.height + editor.verticalPadding
+            // The cursor moves to a new line before the height of the text changes.
+            const wantedHeight = Math.max(editor.textHeight, bottom)
+            const finalHeight = Math.max(height, Math.min(wantedHeight, editor.maximumHeight))
             if (contentY > top)
                 contentY = Math.max(0, top)
             else if (contentY + finalHeight < bottom)

@@ -38,6 +38,16 @@ FocusScope {
         composer.send()
     }
 
+    /// Returns false if the editor itself has to paste.
+    function paste(): bool {
+        if (composer.pasteImages())
+            return true
+        const text = composer.dividedClipboardText()
+        if (text.length > 0)
+            editor.type(text)
+        return text.length > 0
+    }
+
     readonly property bool hasFailed: composer.sendErrorText.length > 0
 
     BriefNotice {
@@ -53,6 +63,7 @@ FocusScope {
         target: view.composer
 
         function onRefused() { notice.showText(Strings.string("composer_only_pictures")) }
+        function onLinesDivided() { notice.showText(Strings.string("composer_long_lines")) }
     }
 
     ComposerLayout {
@@ -150,7 +161,7 @@ FocusScope {
             onTextHeightChanged: measures.setTextHeight(textHeight)
             onEdited: text => view.composer.message = text
             onSubmitted: view.send()
-            onPasteRequested: event => event.accepted = view.composer.pasteImages()
+            onPasteRequested: event => event.accepted = view.paste()
             Component.onCompleted: measures.setTextHeight(textHeight)
 
             Behavior on height {

@@ -9,6 +9,7 @@
 #include "recovery/messagesender.h"
 #include "ui/composer/hostpicture.h"
 #include "ui/composer/imagefiles.h"
+#include "ui/composer/longlines.h"
 #include "ui/kit/errortext.h"
 
 #include <QtCore/QBuffer>
@@ -75,6 +76,26 @@ ComposerData::ComposerData(std::shared_ptr<TicketData> store, QObject *parent)
         connect(source, change, this, [this] { setSendError(nullptr); });
     connect(source, &TicketData::busyChanged, this, &ComposerData::flushPending);
     m_attachments.setAttachments(m_store->attachments());
+}
+
+QString ComposerData::divided(const QString &text)
+{
+    const QString result = withDividedLines(text);
+    if (result.size() != text.size())
+        Q_EMIT linesDivided();
+    return result;
+}
+
+void ComposerData::setMessage(const QString &message)
+{
+    m_store->setMessage(divided(message));
+}
+
+QString ComposerData::dividedClipboardText()
+{
+    const QString text = QGuiApplication::clipboard()->text();
+    const QString result = divided(text);
+    return result.size() == text.size() ? QString() : result;
 }
 
 void ComposerData::updateIsSendDisabled()

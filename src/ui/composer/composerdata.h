@@ -47,7 +47,8 @@ public:
     explicit ComposerData(std::shared_ptr<TicketData> store, QObject *parent = nullptr);
 
     QString message() const { return m_store->message(); }
-    void setMessage(const QString &message) { m_store->setMessage(message); }
+    /// Divides lines that are too long for the editor.
+    void setMessage(const QString &message);
     QAbstractItemModel *attachments() { return &m_attachments; }
     bool isFetchingTicket() const { return m_store->isFetchingTicket(); }
     bool isSendingMessage() const { return m_isSending || m_store->isSendingMessage(); }
@@ -71,6 +72,9 @@ public:
     /// false if the clipboard has neither, or if it has a picture together with a text: then the
     /// text should be pasted.
     Q_INVOKABLE bool pasteImages();
+    /// The text in the clipboard, with its lines divided; empty if no line is too long for the
+    /// editor.
+    Q_INVOKABLE QString dividedClipboardText();
     /// Attaches a picture of the host's window, if it can be drawn.
     Q_INVOKABLE void attachHostWindow(QQuickItem *view);
     /// Removes the attachment of a row.
@@ -84,11 +88,14 @@ Q_SIGNALS:
     void isSendDisabledChanged();
     /// A file is not attached, because it is not a picture or cannot be read.
     void refused();
+    /// A text had lines that were too long for the editor.
+    void linesDivided();
     void sendErrorTextChanged();
 
 private:
     using Attachment = std::optional<AttachmentDto>;
 
+    QString divided(const QString &text);
     void updateIsSendDisabled();
     QCoro::Task<> sendAndConfirm();
     void setSending(bool isSending);

@@ -132,6 +132,7 @@ private Q_SLOTS:
         QVERIFY(!fixture.hasPlaceholder());
         fixture.press(Qt::Key_Return, Qt::ShiftModifier);
         QCOMPARE(fixture.store->message(), u" \n"_s);
+        QCOMPARE(fixture.find("QQuickFlickable")->property("contentY"), 0.0); // The editor grows.
         QTRY_VERIFY(fixture.item->implicitHeight() >= rest + 15); // The cursor's empty line counts.
         for (int i = 0; i < 20; ++i)
             fixture.press(Qt::Key_Enter, Qt::ShiftModifier);
@@ -273,6 +274,24 @@ private:
     }
 
 private Q_SLOTS:
+    void veryLongLinesAreDivided()
+    {
+        for (const QString &text : {u"some words "_s.repeated(4'000), QString(40'000, u'x')}) {
+            ComposerFixture fixture;
+            QVERIFY(fixture.isReady());
+            fixture.store->setMessage(u"12"_s);
+            fixture.press(Qt::Key_Right);
+            QGuiApplication::clipboard()->setText(text);
+            fixture.press(Qt::Key_V, Qt::ControlModifier);
+            fixture.type(u"3"_s);
+            QTRY_VERIFY(fixture.find("BriefNotice")->isVisible());
+            QString message = fixture.store->message();
+            for (const QString &line : message.split(u'\n'))
+                QVERIFY(line.size() <= 5'010 && line.size() > 3'000);
+            QCOMPARE(message.remove(u'\n'), u"1"_s + text + u"32"_s);
+        }
+    }
+
     void theStripShowsDecodablePictures()
     {
         ComposerFixture fixture;
