@@ -9,11 +9,21 @@ namespace tolvane {
 
 namespace {
 
-/// Whether the backend may have a message although sending it has failed like this.
+/// Whether the backend may have a message although sending it has failed like this: the response
+/// did not arrive, or could not be read.
 bool isLostResponse(const Error &error)
 {
-    return error.domain() == ErrorDomain::transport &&
-           (error.code() == UrlError::networkConnectionLost || error.code() == UrlError::timedOut);
+    if (error.domain() != ErrorDomain::transport)
+        return error.domain() == ErrorDomain::decoding;
+    switch (error.code()) {
+    case UrlError::networkConnectionLost:
+    case UrlError::timedOut:
+    case UrlError::badServerResponse:
+    case UrlError::dataLengthExceedsMaximum:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace

@@ -222,13 +222,14 @@ private Q_SLOTS:
         for (const bool searchFails : {false, true}) {
             for (const bool creates : {true, false}) {
                 for (const int pictures : {0, 1})
-                    loseTheResponse(creates, pictures, searchFails);
+                    loseTheResponse(creates, pictures, searchFails, faults::resetAfterRequest);
             }
         }
+        loseTheResponse(true, 0, false, faults::nullBody);
     }
 
 private:
-    void loseTheResponse(bool creates, int pictures, bool searchFails)
+    void loseTheResponse(bool creates, int pictures, bool searchFails, const Fault &loss)
     {
         FaultFixture fixture(m_backend);
         if (!creates)
@@ -236,10 +237,10 @@ private:
         fixture.compose();
         if (pictures == 0)
             fixture.ticket->setAttachments({});
-        fixture.proxy.chooseFault = [wasLost = false, hasFailed = !searchFails](
+        fixture.proxy.chooseFault = [&loss, wasLost = false, hasFailed = !searchFails](
                                         const ServedRequest &request) mutable -> const Fault & {
             if (request.method == "POST" && !std::exchange(wasLost, true))
-                return faults::resetAfterRequest;
+                return loss;
             if (request.method == "GET" && !std::exchange(hasFailed, true))
                 return faults::unavailable;
             return faults::none;

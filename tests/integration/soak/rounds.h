@@ -2,6 +2,8 @@
 #pragma once
 
 #include "state/sdkdata.h"
+#include "state/ticketdata.h"
+#include "state/ticketsdata.h"
 #include "testing/backendprogram.h"
 #include "testing/faultproxy.h"
 #include "testing/ui/samples.h"
@@ -10,6 +12,7 @@
 
 #include <tolvane/tolvane.h>
 
+#include <QCoroTask>
 #include <QtCore/QDir>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
@@ -86,6 +89,7 @@ public:
                                       Step{"faults", &Rounds::injectFaults},
                                       Step{"no network", &Rounds::loseNetwork},
                                       Step{"no backend", &Rounds::loseBackend},
+                                      Step{"the backend's messages", &Rounds::checkMessages},
                                       Step{"closing the window", &Rounds::closeWindow},
                                       Step{"idle", &Rounds::becomeIdle}};
         ++m_round;
@@ -142,7 +146,8 @@ private:
         waitFor(u"the messenger to close"_s, [] { return !SdkData::shared()->isOpen(); });
     }
 
-    QString nextText() { return u"Note %1 of this customer"_s.arg(++m_textCount); }
+    static QString text(int number) { return u"Note %1 of this customer"_s.arg(number); }
+    QString nextText() { return text(++m_textCount); }
 
     void write(const QString &text)
     {
@@ -190,10 +195,13 @@ private:
     // Three of ten requests fail, each in another way. The messenger may show any of its states.
     void injectFaults()
     {
-        m_proxy.chooseFault = [this](const test::ServedRequest &) -> const test::Fault & {
+        m_proxy.chooseFault = [this](const test::ServedRequest &request) -> const test::Fault & {
             if (m_random() % 10 >= 3)
                 return test::faults::none;
-            return *test::faults::all.at(m_random() % test::faults::all.size());
+            const auto *fault = test::faults::all.at(m_random() % test::faults::all.size());
+            // Says that the backend does not have the message, although it has.
+            const bool isLie = fault == &test::faults::badGateway && request.method == "POST";
+            return isLie ? test::faults::unavailable : *fault;
         };
         Tolvane::open();
         m_robot->waitForAnimations();
@@ -203,8 +211,15 @@ private:
         }
         m_robot->click(m_robot->find(QAccessible::Button, u"Send us a message"_s));
         for (int i = 0; i < 4; ++i) {
-            write(nextText());
-            m_robot->waitForAnimations();
+            const QString text = nextText();
+            write(text);
+            // There is a way on from each failure.
+            for (int attempt = 0; !m_robot->canSee(QAccessible::ListItem, text); ++attempt) {
+                if (attempt == 40)
+                    throw std::runtime_error("a message is not sent: " + text.toStdString());
+                m_robot->press(Qt::Key_Return, Qt::ControlModifier);
+                m_robot->waitForAnimations();
+            }
         }
         m_proxy.chooseFault = {};
         back();
@@ -241,6 +256,26 @@ private:
                            m_backend.emplace(m_folder, replyDelay);
                            m_proxy.setBackend(m_backend->port());
                        });
+    }
+
+    /// The backend has each message, and has it once.
+    void checkMessages()
+    {
+        QHash<QString, int> counts;
+        const auto list = std::make_shared<TicketsData>();
+        QCoro::waitFor(list->load());
+        const TicketsData::Tickets previews = list->state().value().value();
+        for (const TicketPreviewDto &preview : previews) {
+            const auto ticket = std::make_shared<TicketData>(preview);
+            QCoro::waitFor(ticket->fetchTicket());
+            for (const MessageDto &message : ticket->ticket().value().messages)
+                ++counts[message.content];
+        }
+        for (int number = 1; number <= m_textCount; ++number) {
+            if (const int count = counts.value(text(number)); count != 1)
+                throw std::runtime_error(text(number).toStdString() + " is there " +
+                                         std::to_string(count) + " times");
+        }
     }
 
     void closeWindow()
