@@ -26,8 +26,8 @@ QString withEmojiFont(const QString &html, const QString &family)
     if (family.isEmpty())
         return html;
     // Characters that are emoji by default, others if a variation selector follows,
-    // with colours of skin and the tags of regions, joined to sequences; flags are pairs. No
-    // keycaps: Qt draws their digit by itself.
+    // with colours of skin and the tags of regions, joined to sequences; flags are pairs, and
+    // keycaps are digits with a mark.
     static const QRegularExpression emoji(QStringLiteral(
         R"((?(DEFINE)(?<one>(?:)"
         R"([\x{231a}\x{231b}\x{23e9}-\x{23ec}\x{23f0}\x{23f3}\x{25fd}\x{25fe}\x{2614}\x{2615})"
@@ -40,8 +40,10 @@ QString withEmojiFont(const QString &html, const QString &family)
         R"(\x{1fa70}-\x{1faff}](?!\x{fe0e})\x{fe0f}?+)"
         R"(|[\x{a9}\x{ae}\x{203c}-\x{3299}\x{1f170}-\x{1f251}]\x{fe0f})"
         R"()[\x{1f3fb}-\x{1f3ff}]?+[\x{e0020}-\x{e007f}]*+)))"
-        R"(((?:[\x{1f1e6}-\x{1f1ff}]{2}|(?&one)(?:\x{200d}(?:(?&one)|[\x{2640}\x{2642}\x{2764}]))*+)++))"));
+        R"(((?:[\x{1f1e6}-\x{1f1ff}]{2}|[0-9#*]\x{20e3}|(?&one)(?:\x{200d}(?:(?&one)|[\x{2640}\x{2642}\x{2764}]))*+)++))"));
     QString result = html;
+    // With the selector, Qt would draw the digit and the key apart.
+    result.replace(QStringLiteral("\ufe0f\u20e3"), QStringLiteral("\u20e3"));
     return result.replace(
         emoji, QStringLiteral("<span style=\"font-family:'%1'\">\\2</span>").arg(family));
 }

@@ -27,8 +27,14 @@ Item {
     signal hovered(Text text, bool isHovered)
     signal pressed()
 
-    // The text is laid out once, with all the width there is; its widest line is the bubble's.
-    width: isFirst && isLast ? Math.ceil(label.contentWidth) + 2 * Metrics.Padding : maximumWidth
+    // The text is laid out with all the width there is; its widest line is the bubble's. Of rich
+    // text only the width without wrapping is known, for which it is laid out once more.
+    readonly property bool isSurelyWrapped: content.text.length > 4000
+    readonly property real textWidth: !content.isRich ? label.contentWidth
+                                      : isSurelyWrapped ? label.width
+                                                        : Math.min(label.implicitWidth, label.width)
+
+    width: isFirst && isLast ? Math.ceil(textWidth) + 2 * Metrics.Padding : maximumWidth
     height: Math.ceil(label.contentHeight) + 2 * Metrics.Padding
 
     BubbleBackground {

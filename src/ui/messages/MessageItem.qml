@@ -41,9 +41,9 @@ Item {
             openMenu()
     }
 
-    /// Opens the context menu in the middle of the text.
+    /// Opens the context menu of the whole text: at its corner, where no link is.
     function openMenu() {
-        menuRequested(Qt.point(bubble.width / 2, bubble.height / 2))
+        menuRequested(Qt.point(0, bubble.height))
     }
 
     readonly property real topInset: isFirst ? Metrics.Spacing : 0

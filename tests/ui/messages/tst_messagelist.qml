@@ -345,8 +345,10 @@ Rectangle {
             window.height = 900
             open(["abcd", "abcd\nd", "`abcd`", "`abcd`\nd", "ابجد", "ابجد\nد"].map(
                      (content, at) => ({id: "m" + at, type: at % 4 ? "ai agent" : "customer", content})))
-            for (const row of [0, 2, 4])
+            for (const row of [0, 2, 4]) {
+                verify(list.rows.itemAt(row).bubble.width < 100)
                 compare(list.rows.itemAt(row + 1).bubble.width, list.rows.itemAt(row).bubble.width)
+            }
         }
 
         function keys(keys) {
