@@ -206,6 +206,23 @@ void AnchoredList::setProperties(QQuickItem &item, const QVariantMap &values)
         item.setProperty(value.key().toUtf8().constData(), value.value());
 }
 
+/// Creates the item of the row, unless it exists. False if it has to wait for the next frame.
+bool AnchoredList::provideRow(int row)
+{
+    constexpr int maxFrameCost = 14'000;
+    if (rowAt(row))
+        return true;
+    const int cost = valueOf(m_costRole, row).toInt();
+    if (m_spentCost > 0 && m_spentCost + cost > maxFrameCost) {
+        // Queued: polishing within updatePolish() belongs to the same frame.
+        QMetaObject::invokeMethod(this, &AnchoredList::polish, Qt::QueuedConnection);
+        return false;
+    }
+    m_spentCost += cost;
+    rowSlot(row) = createRow(row);
+    return true;
+}
+
 std::unique_ptr<ListRow> &AnchoredList::rowSlot(int row)
 {
     if (m_rows.empty())
@@ -297,7 +314,12 @@ void AnchoredList::reuseItem(QQuickItem &item, int row)
 
 QVariant AnchoredList::kindOf(int row) const
 {
-    const int role = m_model ? m_model->roleNames().key(m_kindRole.toUtf8(), -1) : -1;
+    return valueOf(m_kindRole, row);
+}
+
+QVariant AnchoredList::valueOf(const QString &roleName, int row) const
+{
+    const int role = m_model ? m_model->roleNames().key(roleName.toUtf8(), -1) : -1;
     return row < modelCount() && role >= 0 ? m_model->data(m_model->index(row, 0), role)
                                            : QVariant();
 }
@@ -343,8 +365,9 @@ QVariantMap AnchoredList::roleValues(int row, const QList<int> &roles) const
     const auto names = m_model->roleNames();
     for (auto name = names.begin(); name != names.end(); ++name) {
         const bool isWanted = roles.isEmpty() || roles.contains(name.key());
-        if (isWanted && QLatin1String(*name) != m_kindRole)
-            values.insert(QString::fromLatin1(*name), m_model->data(index, name.key()));
+        const QLatin1String text(*name);
+        if (isWanted && text != m_kindRole && text != m_costRole)
+            values.insert(text, m_model->data(index, name.key()));
     }
     return values;
 }

@@ -40,6 +40,10 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT AnchoredList : public QQuickItem
     /// has become invisible is reused for the next row of its kind, which is much cheaper than to
     /// create one. Without this role no item is reused.
     Q_PROPERTY(QString kindRole READ kindRole WRITE setKindRole NOTIFY kindRoleChanged)
+    /// A role with the microseconds that an item for a row takes to be created. Rows that are too
+    /// expensive for one frame appear in the next ones, the nearest to the anchor first. Without
+    /// this role all rows appear at once.
+    Q_PROPERTY(QString costRole MEMBER m_costRole NOTIFY costRoleChanged)
     /// Components of further rows after those of the model.
     Q_PROPERTY(QVariantList trailing READ trailing WRITE setTrailing NOTIFY trailingChanged)
     Q_PROPERTY(double topMargin MEMBER m_topMargin WRITE setTopMargin NOTIFY marginsChanged)
@@ -99,6 +103,7 @@ Q_SIGNALS:
     void modelChanged();
     void delegateChanged();
     void kindRoleChanged();
+    void costRoleChanged();
     void trailingChanged();
     void marginsChanged();
     void isMovingChanged();
@@ -140,12 +145,14 @@ private:
     void publishLayout(double contentY);
 
     // Items of rows.
+    bool provideRow(int row);
     std::unique_ptr<ListRow> &rowSlot(int row);
     ListRow *rowAt(int row) const;
     std::unique_ptr<ListRow> createRow(int row);
     ItemPointer createItem(int row);
     void reuseItem(QQuickItem &item, int row);
     QVariant kindOf(int row) const;
+    QVariant valueOf(const QString &roleName, int row) const;
     ItemPointer takePooledItem(const QVariant &kind);
     void recycleRow(std::unique_ptr<ListRow> dropped);
     static void setProperties(QQuickItem &item, const QVariantMap &values);
@@ -155,6 +162,7 @@ private:
     QPointer<QAbstractItemModel> m_model;
     QPointer<QQmlComponent> m_delegate;
     QString m_kindRole;
+    QString m_costRole;
     QList<QPointer<QQmlComponent>> m_trailing;
     double m_topMargin = 0;
     double m_bottomMargin = 0;
@@ -192,6 +200,8 @@ private:
     double m_end = 0;
     bool m_isAtEnd = true;
     bool m_isLayingOut = false;
+    /// The cost of the items that were created in this frame.
+    int m_spentCost = 0;
     ScrollAnimation m_scrollAnimation;
 };
 

@@ -67,6 +67,7 @@ void AnchoredList::geometryChange(const QRectF &newGeometry, const QRectF &oldGe
 
 void AnchoredList::updatePolish()
 {
+    m_spentCost = 0;
     if (isComponentComplete() && width() > 0 && height() > 0)
         layoutRows();
 }
@@ -132,16 +133,12 @@ void AnchoredList::chooseAnchor(double top)
 void AnchoredList::fillViewport(double top, double below)
 {
     const double bottom = top + height() + below;
-    const auto provide = [this](int row) {
-        if (!rowSlot(row))
-            rowSlot(row) = createRow(row);
-    };
     int first = m_anchorRow;
-    while (first > 0 && positionOf(first) > top)
-        provide(--first);
+    while (first > 0 && positionOf(first) > top && provideRow(first - 1))
+        --first;
     int last = m_anchorRow;
-    while (last < m_offsets.count() && positionOf(last) < bottom)
-        provide(last++);
+    while (last < m_offsets.count() && positionOf(last) < bottom && provideRow(last))
+        ++last;
     while (first < last && positionOf(first + 1) <= top)
         ++first;
     while (last > first && positionOf(last - 1) >= bottom)
@@ -264,6 +261,7 @@ void AnchoredList::step(int direction)
     if (last < 0 || m_layoutCount == 0)
         return;
     // The neighbours are measured before they are shown.
+    m_spentCost = 0;
     fillViewport(m_contentY - height(), 2 * height());
     const double top = finalContentY();
     const double bottom = top + height() - m_bottomMargin;

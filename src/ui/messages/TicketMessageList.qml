@@ -170,6 +170,7 @@ Item {
             bottomMargin: list.bottomContentMargin
             model: list.model
             kindRole: "kind"
+            costRole: "cost"
             isMoving: flickable.moving
             onScrollRequested: contentY => flickable.contentY = contentY
             trailing: (list.isAITyping ? [typing] : []).concat(list.isClosed ? [closed] : [])

@@ -3,43 +3,159 @@
 
 #include <QtCore/QTextBoundaryFinder>
 
+#include <algorithm>
+#include <array>
+#include <numeric>
+
 namespace tolvane {
 
 namespace {
 
-/// The length of the first chunk of a text that is longer than one.
+struct CharacterRange
+{
+    char16_t first;
+    char16_t last;
+};
+
+// Of emoji, or of the first halves of their surrogate pairs. Without a cache for their sizes, Qt
+// decodes the picture of each emoji several times.
+constexpr std::array emojiRanges = {CharacterRange{0x231a, 0x231b}, CharacterRange{0x23e9, 0x23f3},
+                                    CharacterRange{0x25fd, 0x25fe}, CharacterRange{0x2600, 0x27bf},
+                                    CharacterRange{0x2b1b, 0x2b55}, CharacterRange{0xd83c, 0xd83e},
+                                    CharacterRange{0xfe0f, 0xfe0f}};
+
+constexpr int emojiCost = 780;
+/// Each span of text in one style is laid out by itself; most have a delimiter at either end.
+constexpr int delimiterCost = 10;
+/// The time for a character with many of them is quadratic.
+constexpr int combiningCost = 14;
+
+int costOf(QChar character)
+{
+    const char16_t unit = character.unicode();
+    switch (unit) {
+    case u'*':
+    case u'_':
+    case u'~':
+    case u'`':
+    case u'[':
+    case u']':
+    case u'<':
+    case u':':
+        return delimiterCost;
+    default:
+        break;
+    }
+    if (unit < 0x80)
+        return 1;
+    if (std::ranges::any_of(emojiRanges, [unit](const CharacterRange &range) {
+            return unit >= range.first && unit <= range.last;
+        }))
+        return emojiCost;
+    const bool isCombining = character.isMark() || character.category() == QChar::Other_Format;
+    return isCombining ? combiningCost : 1;
+}
+
+/// Tells whether a place in a text is within code, a link or a style, roughly.
+class MarkupState
+{
+public:
+    void add(QChar character)
+    {
+        // Each run of delimiters begins something or ends it.
+        if (isDelimiter(character) && !isDelimiter(m_previous))
+            m_isOpen = !m_isOpen;
+        if (character == u'[')
+            m_isInLink = true;
+        else if (character == u')' || (m_previous == u']' && character != u'('))
+            m_isInLink = false;
+        m_previous = character;
+    }
+    bool isOutside() const { return !m_isOpen && !m_isInLink; }
+
+private:
+    static bool isDelimiter(QChar character) { return QStringView(u"*_~`").contains(character); }
+
+    QChar m_previous;
+    bool m_isOpen = false;
+    bool m_isInLink = false;
+};
+
+/// Where the first chunk of a text may end.
+struct ChunkEnds
+{
+    explicit ChunkEnds(QStringView text)
+    {
+        MarkupState markup;
+        int cost = 0;
+        for (; most < text.size(); ++most) {
+            const QChar character = text.at(most);
+            cost += costOf(character);
+            if (most >= maxChunkLength || (cost > maxChunkCost && most > 0))
+                return;
+            markup.add(character);
+            if (cost < maxChunkCost * 3 / 4 && most < maxChunkLength * 3 / 4)
+                least = most;
+            else if (character == u'\n')
+                afterLine = most + 1;
+            else if (character == u' ' && markup.isOutside())
+                afterMarkup = most + 1;
+            else if (character == u' ')
+                afterSpace = most + 1;
+        }
+    }
+
+    /// The longest chunk, and the first place in its last quarter.
+    qsizetype most = 0;
+    qsizetype least = 0;
+    qsizetype afterLine = 0;
+    qsizetype afterMarkup = 0;
+    qsizetype afterSpace = 0;
+};
+
+/// The length of the first chunk of a text.
 qsizetype chunkLength(QStringView text)
 {
-    const QStringView most = text.first(maxChunkLength);
-    const qsizetype least = maxChunkLength * 3 / 4;
-    for (const char16_t end : {u'\n', u' '}) {
-        const qsizetype at = most.lastIndexOf(end);
-        if (at >= least)
-            return at + 1;
+    const ChunkEnds ends(text);
+    if (ends.most == text.size())
+        return ends.most;
+    for (const qsizetype end : {ends.afterLine, ends.afterMarkup, ends.afterSpace}) {
+        if (end > 0)
+            return end;
     }
-    // One visible character may consist of many: an emoji of a family, a letter with accents.
-    const QStringView around = text.sliced(least, qMin(text.size(), 2 * maxChunkLength) - least);
+    // One visible character may consist of many: an emoji of a family, a letter with accents. One
+    // that is longer than real text has may be split.
+    constexpr qsizetype longestCharacter = 200;
+    const QStringView around =
+        text.sliced(ends.least, qMin(text.size(), ends.most + longestCharacter) - ends.least);
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, around.data(), around.size());
-    finder.setPosition(maxChunkLength - least);
+    finder.setPosition(ends.most - ends.least);
     const qsizetype boundary =
         finder.isAtBoundary() ? finder.position() : finder.toPreviousBoundary();
-    // Without a boundary this is a character longer than real text has: it may be split.
-    return boundary > 0 ? least + boundary : maxChunkLength;
+    return boundary > 0 ? ends.least + boundary : ends.most;
 }
 
 } // namespace
 
+int layoutCost(QStringView text)
+{
+    return std::accumulate(text.begin(), text.end(), 0,
+                           [](int cost, QChar character) { return cost + costOf(character); });
+}
+
 QStringList splitIntoChunks(const QString &text)
 {
+    // Most texts are.
+    if (text.size() <= maxChunkLength && layoutCost(text) <= maxChunkCost)
+        return {text};
     QStringList parts;
     QStringView rest = text;
-    while (rest.size() > maxChunkLength) {
-        const QStringView part = rest.first(chunkLength(rest));
-        rest = rest.sliced(part.size());
+    for (qsizetype length = chunkLength(rest); length < rest.size(); length = chunkLength(rest)) {
+        const QStringView part = rest.first(length);
+        rest = rest.sliced(length);
         parts += (part.endsWith(u'\n') ? part.chopped(1) : part).toString();
     }
-    // Most texts are one chunk, which is not copied.
-    parts += parts.isEmpty() ? text : rest.toString();
+    parts += rest.toString();
     return parts;
 }
 

@@ -2,6 +2,7 @@
 #include "ui/messages/messagelistmodel.h"
 
 #include "ui/markdown/emoji.h"
+#include "ui/messages/messagechunks.h"
 
 #include <QtCore/QUrl>
 #include <QtGui/QClipboard>
@@ -20,6 +21,9 @@ bool hasNewMessage(const QList<MessageDto> &messages, const QList<MessageDto> &b
            messages.constLast().id != before.constLast().id &&
            !messagerow::isCustomer(messages.constLast());
 }
+
+/// For a row without a text, in microseconds.
+constexpr int rowCost = 100;
 
 QStringList attachmentsOf(const MessageRow &row)
 {
@@ -87,7 +91,7 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
     case attachmentsRole:
         return attachmentsOf(row);
     case descriptionRole:
-        return messagerow::description(message);
+        return row.isFirst ? messagerow::description(message) : QString();
     case isFirstRole:
         return row.isFirst;
     case isLastRole:
@@ -96,6 +100,8 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
         return QVariant::fromValue(QList<int>{messagerow::avatar(message.sender),
                                               formatted(row.text).isRich,
                                               !attachmentsOf(row).isEmpty()});
+    case costRole:
+        return rowCost + layoutCost(row.text);
     default:
         return {};
     }
@@ -112,11 +118,18 @@ const FormattedText &MessageListModel::formatted(const QString &source) const
 
 QHash<int, QByteArray> MessageListModel::roleNames() const
 {
-    return {{isCustomerRole, "isCustomer"},   {avatarRole, "avatar"},
-            {pictureRole, "picture"},         {contentRole, "content"},
-            {captionRole, "caption"},         {attachmentsRole, "attachments"},
-            {descriptionRole, "description"}, {isFirstRole, "isFirst"},
-            {isLastRole, "isLast"},           {kindRole, "kind"}};
+    static const QHash<int, QByteArray> names = {{isCustomerRole, "isCustomer"},
+                                                 {avatarRole, "avatar"},
+                                                 {pictureRole, "picture"},
+                                                 {contentRole, "content"},
+                                                 {captionRole, "caption"},
+                                                 {attachmentsRole, "attachments"},
+                                                 {descriptionRole, "description"},
+                                                 {isFirstRole, "isFirst"},
+                                                 {isLastRole, "isLast"},
+                                                 {kindRole, "kind"},
+                                                 {costRole, "cost"}};
+    return names;
 }
 
 } // namespace tolvane

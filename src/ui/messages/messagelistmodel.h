@@ -25,13 +25,16 @@ public:
         captionRole,
         /// URLs, as received; empty for all but the message's first row.
         attachmentsRole,
-        /// All of the message in one sentence, for screen readers.
+        /// All of the message in one sentence, for screen readers; empty for all but the message's
+        /// first row.
         descriptionRole,
         /// A message that is too long for one row has several.
         isFirstRole,
         isLastRole,
         /// Equal for rows whose items have the same structure.
         kindRole,
+        /// The time that a row takes to be laid out, in microseconds.
+        costRole,
     };
 
     using RecordListModel::RecordListModel;

@@ -27,10 +27,6 @@ QString senderLabel(const SenderDto &sender)
 
 void addRows(QList<MessageRow> &rows, const MessageDto &message)
 {
-    if (message.content.size() <= maxChunkLength) {
-        rows += {.id = message.id, .message = message, .text = message.content};
-        return;
-    }
     const QStringList parts = splitIntoChunks(message.content);
     for (qsizetype part = 0; part < parts.size(); ++part) {
         const bool isFirst = part == 0;
