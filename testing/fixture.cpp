@@ -10,6 +10,8 @@
 
 namespace tolvane::test {
 
+using namespace Qt::StringLiterals;
+
 Fixture::Fixture()
 {
     auto installed = std::make_unique<Platform>(makeProductionPlatform());
@@ -58,6 +60,13 @@ Fixture::~Fixture()
     // Wakes sleepers that have no stop token.
     clock->advance(std::chrono::hours(1));
     settle();
+    // Except with a push, neither the key nor what people have written is logged, nor their names.
+    for (const QString &line : std::as_const(log->lines)) {
+        for (const QLatin1String secret : {"secret-key"_L1, "text of "_L1, "name of "_L1}) {
+            if (line.contains(secret) && !line.contains("Handle push notification"_L1))
+                qFatal("A log line has a secret: %s", qPrintable(line));
+        }
+    }
     resetSharedInstances();
     exchangePlatform(std::move(m_previousPlatform));
 }

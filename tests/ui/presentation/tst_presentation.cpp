@@ -32,7 +32,6 @@ class PresentationTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-
     void itWaitsForTheSettingsAndShowsTheList()
     {
         MessengerFixture fixture;
