@@ -22,9 +22,8 @@ namespace tolvane {
 /// provides the scroll position.
 ///
 /// Visible rows never jump: one row is the anchor, and the others are placed relative to it. The
-/// anchor changes with the visible rows. The start and the end of the list follow from it, and are
-/// estimates until the rows there have been visible; an end that is visible is exact. That is why
-/// the positions here, `start` and `end` included, have no fixed origin.
+/// anchor changes with the visible rows. The start and the end of the list are computed from it.
+/// They are estimates until the rows there have been visible, so positions have no fixed origin.
 ///
 /// The list opens at its end. If it is at the end, it stays there while rows change their heights.
 /// Inserted and removed rows do not scroll it: call scrollToEnd() for that.

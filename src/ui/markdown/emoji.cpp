@@ -25,9 +25,9 @@ QString withEmojiFont(const QString &html, const QString &family)
 {
     if (family.isEmpty())
         return html;
-    // Characters that are emoji by default, others if a variation selector follows,
-    // with colours of skin and the tags of regions, joined to sequences; flags are pairs, and
-    // keycaps are digits with a mark.
+    // An emoji is a character that is one by default, or one with a variation selector. A skin tone
+    // or tags of a region may follow, and joiners connect several to a sequence. Flags are pairs,
+    // and keycaps are digits with a mark.
     static const QRegularExpression emoji(QStringLiteral(
         R"((?(DEFINE)(?<one>(?:)"
         R"([\x{231a}\x{231b}\x{23e9}-\x{23ec}\x{23f0}\x{23f3}\x{25fd}\x{25fe}\x{2614}\x{2615})"

@@ -8,7 +8,7 @@ Item {
 
     required property formattedText content
     required property bool isCustomer
-    /// All parts of a long text have the same width.
+    /// The position of the row among those of its message.
     required property bool isFirst
     required property bool isLast
     required property real maximumWidth
@@ -23,12 +23,12 @@ Item {
 
     signal linkActivated(string link)
     signal menuRequested(point position)
-    /// The mouse has entered the text or left it.
+    /// Emitted when the mouse enters or leaves the text.
     signal hovered(Text text, bool isHovered)
     signal pressed()
 
-    // The text is laid out with all the width there is; its widest line is the bubble's. Of rich
-    // text only the width without wrapping is known, for which it is laid out once more.
+    // The text is laid out with the maximum width, and the bubble is as wide as its longest line. For
+    // rich text, Qt reports only the width without wrapping, which needs a second layout.
     readonly property bool isSurelyWrapped: content.text.length > 4000
     readonly property real textWidth: !content.isRich ? label.contentWidth
                                       : isSurelyWrapped ? label.width
@@ -70,7 +70,8 @@ Item {
                                                             : Metrics.Padding
         y: Metrics.Padding
         width: bubble.maximumWidth - 2 * Metrics.Padding
-        // Links have the colour of the text, to be legible with any branding, and an underline.
+        // Links are underlined, in the colour of the text: other colours may be illegible with some
+        // brandings.
         text: bubble.content.isRich ? "<style>a { color: " + bubble.tint + " }</style>"
                                       + bubble.content.text : bubble.content.text
         textFormat: bubble.content.isRich ? Text.RichText : Text.PlainText

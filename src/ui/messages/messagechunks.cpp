@@ -17,17 +17,17 @@ struct CharacterRange
     char16_t last;
 };
 
-// Of emoji, or of the first halves of their surrogate pairs. Without a cache for their sizes, Qt
-// decodes the picture of each emoji several times.
+// Emoji, or the first halves of their surrogate pairs. They are expensive, since Qt decodes the
+// picture of an emoji several times.
 constexpr std::array emojiRanges = {CharacterRange{0x231a, 0x231b}, CharacterRange{0x23e9, 0x23f3},
                                     CharacterRange{0x25fd, 0x25fe}, CharacterRange{0x2600, 0x27bf},
                                     CharacterRange{0x2b1b, 0x2b55}, CharacterRange{0xd83c, 0xd83e},
                                     CharacterRange{0xfe0f, 0xfe0f}};
 
 constexpr int emojiCost = 780;
-/// Each span of text in one style is laid out by itself; most have a delimiter at either end.
+/// Each span of text in one style is laid out separately; most have a delimiter at either end.
 constexpr int delimiterCost = 10;
-/// The time for a character with many of them is quadratic.
+/// The time is quadratic in the number of combining characters after one letter.
 constexpr int combiningCost = 14;
 
 int costOf(QChar character)
@@ -56,13 +56,13 @@ int costOf(QChar character)
     return isCombining ? combiningCost : 1;
 }
 
-/// Tells whether a place in a text is within code, a link or a style, roughly.
+/// Estimates while reading a text whether the current position is in code, in a link or in a style.
 class MarkupState
 {
 public:
     void add(QChar character)
     {
-        // Each run of delimiters begins something or ends it.
+        // Each run of delimiters begins or ends a span.
         if (isDelimiter(character) && !isDelimiter(m_previous))
             m_isOpen = !m_isOpen;
         if (character == u'[')
@@ -81,7 +81,7 @@ private:
     bool m_isInLink = false;
 };
 
-/// Where the first chunk of a text may end.
+/// The positions at which the first chunk of a text may end.
 struct ChunkEnds
 {
     explicit ChunkEnds(QStringView text)
@@ -105,7 +105,7 @@ struct ChunkEnds
         }
     }
 
-    /// The longest chunk, and the first place in its last quarter.
+    /// The length of the longest possible chunk, and the beginning of its last quarter.
     qsizetype most = 0;
     qsizetype least = 0;
     qsizetype afterLine = 0;
@@ -123,8 +123,8 @@ qsizetype chunkLength(QStringView text)
         if (end > 0)
             return end;
     }
-    // One visible character may consist of many: an emoji of a family, a letter with accents. One
-    // that is longer than real text has may be split.
+    // A grapheme may consist of many characters: an emoji of a family, a letter with accents.
+    // Graphemes longer than any in real text may be split.
     constexpr qsizetype longestCharacter = 200;
     const QStringView around =
         text.sliced(ends.least, qMin(text.size(), ends.most + longestCharacter) - ends.least);
@@ -145,7 +145,7 @@ int layoutCost(QStringView text)
 
 QStringList splitIntoChunks(const QString &text)
 {
-    // Most texts are.
+    // Most texts are one chunk, which is not copied.
     if (text.size() <= maxChunkLength && layoutCost(text) <= maxChunkCost)
         return {text};
     QStringList parts;
