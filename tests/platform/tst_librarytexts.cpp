@@ -47,7 +47,6 @@ class LibraryTextsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-
     void everyLanguageIsComplete_data()
     {
         QTest::addColumn<int>("forms");

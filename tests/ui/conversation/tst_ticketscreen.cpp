@@ -9,6 +9,8 @@
 #include "ui/kit/keyboard.h"
 #include "ui/tickets/ticketrow.h"
 
+#include <QtQml/QQmlEngine>
+
 using namespace tolvane;
 using namespace tolvane::test;
 using namespace std::chrono_literals;
