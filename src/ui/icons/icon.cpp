@@ -2,12 +2,92 @@
 #include "ui/icons/icon.h"
 
 #include "ui/icons/iconcache.h"
+#include "ui/icons/icontextures.h"
 
 #include <QtQml/QQmlInfo>
 #include <QtQuick/QQuickWindow>
+#include <QtQuick/QSGGeometryNode>
 #include <QtQuick/QSGImageNode>
+#include <QtQuick/QSGTextureMaterial>
+
+#include <memory>
+#include <utility>
 
 namespace tolvane {
+
+namespace {
+
+/// Draws a texture that it shares with other nodes.
+class IconNode : public QSGNode
+{
+public:
+    virtual void show(std::shared_ptr<QSGTexture> texture, const QRectF &rect) = 0;
+};
+
+/// With the same material for every opacity: Qt's image node has another one for opaque items, and
+/// each takes a shader program.
+class MaterialIconNode final : public IconNode
+{
+public:
+    MaterialIconNode()
+        : m_geometry(QSGGeometry::defaultAttributes_TexturedPoint2D(), 4)
+    {
+        m_material.setFlag(QSGMaterial::Blending);
+        m_material.setFiltering(QSGTexture::Linear);
+        m_node.setFlag(OwnedByParent, false);
+        m_node.setGeometry(&m_geometry);
+        m_node.setMaterial(&m_material);
+        appendChildNode(&m_node);
+    }
+
+    void show(std::shared_ptr<QSGTexture> texture, const QRectF &rect) override
+    {
+        QSGGeometry::updateTexturedRectGeometry(&m_geometry, rect,
+                                                texture->normalizedTextureSubRect());
+        m_material.setTexture(texture.get());
+        m_node.markDirty(DirtyGeometry | DirtyMaterial);
+        m_texture = std::move(texture);
+    }
+
+private:
+    std::shared_ptr<QSGTexture> m_texture;
+    QSGGeometry m_geometry;
+    QSGTextureMaterial m_material;
+    QSGGeometryNode m_node;
+};
+
+/// For the software renderer, which has no materials.
+class SoftwareIconNode final : public IconNode
+{
+public:
+    explicit SoftwareIconNode(QQuickWindow &window)
+        : m_picture(window.createImageNode())
+    {
+        m_picture->setOwnsTexture(false);
+        m_picture->setFiltering(QSGTexture::Linear);
+        appendChildNode(m_picture);
+    }
+
+    void show(std::shared_ptr<QSGTexture> texture, const QRectF &rect) override
+    {
+        m_picture->setTexture(texture.get());
+        m_picture->setRect(rect);
+        m_texture = std::move(texture);
+    }
+
+private:
+    std::shared_ptr<QSGTexture> m_texture;
+    QSGImageNode *m_picture;
+};
+
+IconNode *makeNode(QQuickWindow &window)
+{
+    if (QSGRendererInterface::isApiRhiBased(window.rendererInterface()->graphicsApi()))
+        return new MaterialIconNode;
+    return new SoftwareIconNode(window);
+}
+
+} // namespace
 
 Icon::Icon(QQuickItem *parent)
     : QQuickItem(parent)
@@ -60,22 +140,17 @@ void Icon::updatePolish()
     update();
 }
 
-QSGNode *Icon::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
+QSGNode *Icon::updatePaintNode(QSGNode *before, UpdatePaintNodeData *)
 {
     if (m_image.isNull()) {
-        delete node;
+        delete before;
         return nullptr;
     }
-    auto *picture = static_cast<QSGImageNode *>(node);
-    if (!picture) {
-        picture = window()->createImageNode();
-        picture->setOwnsTexture(true);
-        picture->setFiltering(QSGTexture::Linear);
-    }
-    picture->setTexture(
-        window()->createTextureFromImage(m_image, QQuickWindow::TextureCanUseAtlas));
-    picture->setRect(boundingRect());
-    return picture;
+    auto *node = static_cast<IconNode *>(before);
+    if (!node)
+        node = makeNode(*window());
+    node->show(sharedTexture(*window(), m_image), boundingRect());
+    return node;
 }
 
 } // namespace tolvane
