@@ -43,7 +43,7 @@ Pressable {
     Repeater {
         model: 6
 
-        Rectangle {
+        RoundedRectangle {
             required property int index
 
             anchors.fill: parent
@@ -52,9 +52,8 @@ Pressable {
             anchors.leftMargin: -index
             anchors.rightMargin: -index
             radius: Metrics.ItemRadius + index
-            color: "transparent"
-            border.width: index === 0 ? 3 : 1
-            border.color: Qt.rgba(0, 0, 0, (6 - index) * 0.02)
+            rim: index === 0 ? 3 : 1
+            color: Qt.rgba(0, 0, 0, (6 - index) * 0.02)
         }
     }
 

@@ -34,7 +34,7 @@ Loader {
     Component {
         id: ai
 
-        Rectangle {
+        RoundedRectangle {
             radius: width / 2
             color: Theme.bubbleAgentColor
 

@@ -3,7 +3,7 @@ import QtQuick
 import Tolvane.Private
 
 // Outlines the item that has the keyboard focus.
-Rectangle {
+RoundedRectangle {
     id: ring
 
     property color tint: "transparent"
@@ -14,8 +14,7 @@ Rectangle {
     anchors.fill: parent
     anchors.margins: -2
     radius: Metrics.ItemRadius
-    color: "transparent"
-    border.width: 2
-    border.color: isShown && tint.a > 0 ? Theme.visibleOn(ground, tint) : tint
+    rim: 2
+    color: isShown && tint.a > 0 ? Theme.visibleOn(ground, tint) : tint
     visible: isShown
 }

@@ -5,7 +5,7 @@ import Tolvane.Private
 // Shows which part of a Flickable is visible, at its lower or trailing edge. Hidden while all of it
 // is visible. As a vertical scroll bar it appears while the content moves or the mouse is on it, and the
 // mouse can drag it.
-Rectangle {
+RoundedRectangle {
     id: mark
 
     required property Flickable flickable

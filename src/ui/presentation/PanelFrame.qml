@@ -12,7 +12,7 @@ Item {
     Repeater {
         model: 14
 
-        Rectangle {
+        RoundedRectangle {
             required property int index
 
             anchors.fill: parent
@@ -21,9 +21,8 @@ Item {
             anchors.leftMargin: -index
             anchors.rightMargin: -index
             radius: frame.radius + index
-            color: "transparent"
-            border.width: index === 0 ? 5 : 1
-            border.color: Qt.rgba(0, 0, 0, (14 - index) * 0.012)
+            rim: index === 0 ? 5 : 1
+            color: Qt.rgba(0, 0, 0, (14 - index) * 0.012)
         }
     }
     Rectangle {

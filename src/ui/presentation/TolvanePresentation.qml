@@ -99,10 +99,10 @@ FocusScope {
         y: presentation.screen.isEmbedded ? 0 : presentation.windowSize.height - presentation.area.y
         focus: true
 
-        PanelFrame {
+        Loader {
             anchors.fill: parent
-            radius: presentation.radius
-            visible: presentation.isPanel
+            active: presentation.isPanel
+            sourceComponent: PanelFrame { radius: presentation.radius }
         }
         // Behind a notch and the system's bars, where the screen does not reach.
         Rectangle {
@@ -119,7 +119,9 @@ FocusScope {
                 bottomMargin: safeMargins.bottom
             }
             focus: true
-            clip: presentation.isPanel
+            // Not only for the panel: the renderer has a shader program for items in a clip and another
+            // for those outside, and the views below clip anyway.
+            clip: true
             screen: presentation.screen
             layer.enabled: presentation.radius > 0
             layer.effect: PanelClip { extent: presentation.radius }

@@ -43,6 +43,8 @@ protected:
 
     bool isCircle() const { return m_rounding.isCircle; }
     void setCircle(bool isCircle) { change(m_rounding.isCircle, isCircle); }
+    qreal rim() const { return m_rounding.rim; }
+    void setRim(qreal rim) { change(m_rounding.rim, rim); }
 
     template <typename Value>
     void change(Value &member, const Value &value)
@@ -75,7 +77,7 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
-    Rounding m_rounding{.radius = 0, .corners = AllCorners, .isCircle = false};
+    Rounding m_rounding{.radius = 0, .corners = AllCorners, .isCircle = false, .rim = 0};
 };
 
 } // namespace tolvane

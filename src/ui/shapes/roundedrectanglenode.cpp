@@ -73,16 +73,16 @@ public:
         return int(m_vertices.size()) - 1;
     }
 
-    void addTriangle(int first, int second, int third)
-    {
-        for (const int vertex : {first, second, third})
-            m_indices.push_back(quint16(vertex));
-    }
+    /// The next vertex of the triangle strip.
+    void addIndex(int vertex) { m_indices.push_back(quint16(vertex)); }
 
-    void addStrip(int left, int right, int nextLeft, int nextRight)
+    /// Ends the strip, and continues with another one at this vertex.
+    void startStripAt(int vertex)
     {
-        addTriangle(left, right, nextLeft);
-        addTriangle(nextLeft, right, nextRight);
+        if (m_indices.empty())
+            return;
+        addIndex(m_indices.back());
+        addIndex(vertex);
     }
 
     void copyTo(QSGGeometry &geometry) const
@@ -98,42 +98,83 @@ private:
     std::vector<quint16> m_indices;
 };
 
-/// Creates a mesh with few large triangles inside, small fans at the corners, and a rim around them
-/// that fades out over a device pixel.
+/// A point of the outline, as vertices on either side of it: over a device pixel the shape fades
+/// out.
+struct OutlinePoint
+{
+    int inside;
+    int outside;
+};
+
+struct Outline
+{
+    std::vector<OutlinePoint> points;
+    /// The number of points up to and including each corner.
+    std::array<std::size_t, 4> ends{};
+};
+
+/// @param inset the distance from the shape's outline
+/// @param pixel the size of a device pixel, negative if the shape is outside of the outline
+Outline addOutline(Mesh &mesh, const Corners &corners, qreal inset, qreal pixel)
+{
+    Outline outline;
+    for (std::size_t at = 0; at < corners.size(); ++at) {
+        const Corner &corner = corners.at(at);
+        for (const auto &[position, normal] : corner.curve) {
+            const QPointF edge = corner.center + corner.extent * position - inset * normal;
+            const QPointF fading =
+                pixel / 2 * QPointF(normal.x() * corner.fading.x(), normal.y() * corner.fading.y());
+            outline.points.push_back({.inside = mesh.addVertex(edge - fading, true),
+                                      .outside = mesh.addVertex(edge + fading, false)});
+        }
+        outline.ends.at(at) = outline.points.size();
+    }
+    return outline;
+}
+
+/// Downwards between the left and the right side: the corners are clockwise from the top left.
+void fill(Mesh &mesh, const Outline &outline)
+{
+    const auto &[points, ends] = outline;
+    const std::size_t topLeft = ends[0];
+    const std::size_t left = topLeft + points.size() - ends[2];
+    const std::size_t right = ends[2] - topLeft;
+    for (std::size_t at = 0; at < std::max(left, right); ++at) {
+        const std::size_t step = std::min(at, left - 1);
+        mesh.addIndex(points.at((points.size() + topLeft - 1 - step) % points.size()).inside);
+        mesh.addIndex(points.at(topLeft + std::min(at, right - 1)).inside);
+    }
+}
+
+/// Between two vertices of each point, all around.
+void fillAround(Mesh &mesh, const std::vector<OutlinePoint> &sides)
+{
+    mesh.startStripAt(sides.front().inside);
+    for (std::size_t at = 0; at <= sides.size(); ++at) {
+        mesh.addIndex(sides.at(at % sides.size()).inside);
+        mesh.addIndex(sides.at(at % sides.size()).outside);
+    }
+}
+
+/// All areas are strips like the triangles of Qt's rectangles, so that the renderer draws them in
+/// one batch.
 /// @param pixel the size of a device pixel
 Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
 {
     Mesh mesh(color);
-    std::array<int, 4> centers{};
-    struct RimPoint
-    {
-        int center;
-        int inside;
-        int outside;
-    };
-    std::vector<RimPoint> rim;
     const Corners corners = cornersOf(shape);
-    for (std::size_t at = 0; at < corners.size(); ++at) {
-        const Corner &corner = corners.at(at);
-        centers.at(at) = mesh.addVertex(corner.center, true);
-        for (const auto &[position, normal] : corner.curve) {
-            const QPointF edge = corner.center + corner.extent * position;
-            const QPointF fading =
-                pixel / 2 * QPointF(normal.x() * corner.fading.x(), normal.y() * corner.fading.y());
-            rim.push_back({.center = centers.at(at),
-                           .inside = mesh.addVertex(edge - fading, true),
-                           .outside = mesh.addVertex(edge + fading, false)});
-        }
+    const Outline outer = addOutline(mesh, corners, 0, pixel);
+    if (shape.rim > 0) {
+        const Outline inner = addOutline(mesh, corners, shape.rim, -pixel);
+        std::vector<OutlinePoint> between;
+        for (std::size_t at = 0; at < outer.points.size(); ++at)
+            between.push_back({outer.points.at(at).inside, inner.points.at(at).inside});
+        fillAround(mesh, between);
+        fillAround(mesh, inner.points);
+    } else {
+        fill(mesh, outer);
     }
-    mesh.addStrip(centers[0], centers[3], centers[1], centers[2]);
-    for (std::size_t at = 0; at < rim.size(); ++at) {
-        const RimPoint &here = rim.at(at);
-        const RimPoint &next = rim.at((at + 1) % rim.size());
-        mesh.addTriangle(here.center, here.inside, next.inside);
-        if (here.center != next.center)
-            mesh.addTriangle(here.center, next.inside, next.center);
-        mesh.addStrip(here.inside, here.outside, next.inside, next.outside);
-    }
+    fillAround(mesh, outer.points);
     return mesh;
 }
 
@@ -145,7 +186,7 @@ public:
         : m_geometry(QSGGeometry::defaultAttributes_ColoredPoint2D(), 0)
     {
         m_node.setFlag(OwnedByParent, false);
-        m_geometry.setDrawingMode(QSGGeometry::DrawTriangles);
+        m_geometry.setDrawingMode(QSGGeometry::DrawTriangleStrip);
         m_node.setGeometry(&m_geometry);
         m_node.setMaterial(&m_material);
         appendChildNode(&m_node);
@@ -180,8 +221,10 @@ public:
         qreal padding = 0;
         for (std::size_t which = 0; which < shape.radii.size(); ++which)
             padding = std::max(padding, std::ceil(shape.corner(which).extent));
-        if (m_radii != shape.radii || m_padding != padding || m_color != color ||
-            m_pixelRatio != pixelRatio) {
+        padding = std::max(padding, std::ceil(shape.rim));
+        if (m_rim != shape.rim || m_radii != shape.radii || m_padding != padding ||
+            m_color != color || m_pixelRatio != pixelRatio) {
+            m_rim = shape.rim;
             m_radii = shape.radii;
             m_padding = padding;
             m_color = color;
@@ -198,7 +241,8 @@ private:
     QImage picture(qreal side) const
     {
         const QRectF bounds(0, 0, side, side);
-        const RoundedShape shape{.target = bounds, .source = bounds, .radii = m_radii};
+        const RoundedShape shape{
+            .target = bounds, .source = bounds, .radii = m_radii, .rim = m_rim};
         QImage image((bounds.size() * m_pixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         QPainter painter(&image);
@@ -209,6 +253,7 @@ private:
 
     QQuickWindow &m_window;
     QSGNinePatchNode *m_patch;
+    qreal m_rim = 0;
     std::array<qreal, 4> m_radii{};
     qreal m_padding = 0;
     QColor m_color;

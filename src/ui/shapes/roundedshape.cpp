@@ -60,16 +60,23 @@ QPainterPath RoundedShape::outline(qreal factor) const
 {
     constexpr int steps = 24;
     QPolygonF outline;
+    QPolygonF inner;
     const QRectF rect(QPointF(), target.size());
     for (const RectangleCorner &corner : rectangleCorners) {
         const qreal extent = this->corner(corner.index).extent;
         const QPointF center = corner.positionIn(rect) - extent * corner.direction;
-        for (const CurvePoint &point : curve(corner, steps))
+        for (const CurvePoint &point : curve(corner, steps)) {
             outline += (center + extent * point.position) * factor;
+            inner += (center + extent * point.position - rim * point.normal) * factor;
+        }
     }
     QPainterPath path;
     path.addPolygon(outline);
     path.closeSubpath();
+    if (rim > 0) {
+        path.addPolygon(inner);
+        path.closeSubpath();
+    }
     return path;
 }
 
@@ -90,6 +97,7 @@ RoundedShape shapeFor(const QSizeF &picture, const QRectF &bounds, FillMode mode
                                 shape.source);
     }
     shape.radii = radiiIn(shape.target, rounding);
+    shape.rim = rounding.rim;
     return shape;
 }
 

@@ -53,13 +53,15 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
     QRectF source;
     /// Top left, top right, bottom left, bottom right.
     std::array<qreal, 4> radii{};
+    /// The width of the outline if only that is drawn, else 0.
+    qreal rim = 0;
 
     bool isRounded() const;
     /// One of the corners, in the order of the radii.
     ContinuousCorner corner(std::size_t which) const;
     /// The points of the corner's curve, clockwise; a single one if the corner is not rounded.
     std::vector<CurvePoint> curve(const RectangleCorner &corner, int steps) const;
-    /// The outline with its top left at the origin, scaled by the factor.
+    /// The outline, or the area of the rim, with its top left at the origin, scaled by the factor.
     QPainterPath outline(qreal factor) const;
 
     bool operator==(const RoundedShape &) const = default;
@@ -76,6 +78,8 @@ struct Rounding
     int corners = 0;
     /// Draws the largest circle in the middle instead.
     bool isCircle = false;
+    /// See RoundedShape.
+    qreal rim = 0;
 };
 
 /// @param bounds the available rectangle

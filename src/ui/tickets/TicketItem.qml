@@ -85,7 +85,7 @@ Pressable {
             }
         }
 
-        Rectangle {
+        RoundedRectangle {
             id: unreadDot
 
             anchors.verticalCenter: parent.verticalCenter
@@ -94,10 +94,15 @@ Pressable {
             width: 12
             height: 12
             radius: 6
-            color: Theme.redColor
-            border.width: 1
-            border.color: "white"
+            color: "white"
             visible: item.isUnread
+
+            RoundedRectangle {
+                anchors.fill: parent
+                anchors.margins: 1
+                radius: 5
+                color: Theme.redColor
+            }
         }
     }
 }
