@@ -191,12 +191,29 @@ FocusScope {
                     }
                 }
                 loading: TolvaneListSkeletonView { }
-                empty: TolvaneEmptyContentView { visibleHeight: home.noticeHeight }
-                error: TolvaneErrorContentView {
-                    visibleHeight: home.noticeHeight
-                    errorText: home.screen.errorText
-                    action: Strings.string("error_retry")
-                    onActionRequested: home.screen.load()
+                // Both by URL: their types are loaded when they are shown.
+                empty: Loader {
+                    Component.onCompleted: setSource(Qt.resolvedUrl("TolvaneEmptyContentView.qml"), {
+                        visibleHeight: Qt.binding(() => home.noticeHeight)
+                    })
+                }
+                error: Loader {
+                    id: failure
+
+                    Component.onCompleted: setSource(Qt.resolvedUrl("TolvaneErrorContentView.qml"), {
+                        visibleHeight: Qt.binding(() => home.noticeHeight),
+                        errorText: Qt.binding(() => home.screen.errorText),
+                        action: Strings.string("error_retry")
+                    })
+
+                    Connections {
+                        target: failure.item
+                        ignoreUnknownSignals: true
+
+                        function onActionRequested() {
+                            home.screen.load()
+                        }
+                    }
                 }
                 transitions: ({
                     "loaded": {scale: 0.9},

@@ -35,7 +35,8 @@ Item {
         id: question
 
         text: Strings.string("main_subtitle")
-        font.pixelSize: 100
+        // A font that is shown as well: loading one takes a millisecond.
+        font.pixelSize: layout.titleSize
         font.bold: true
     }
 

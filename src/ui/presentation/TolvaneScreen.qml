@@ -8,27 +8,20 @@ FocusScope {
 
     required property ScreenData screen
 
+    // By URL: the types of the view that is not shown are not loaded.
     Loader {
+        id: view
+
+        readonly property string file:
+            root.screen.settingsDidLoad ? "TolvaneNavigationStack.qml" : "../home/TolvaneSkeletonView.qml"
+
+        function show() {
+            setSource(Qt.resolvedUrl(file), {focus: true, screen: root.screen})
+        }
+
         anchors.fill: parent
         focus: true
-        sourceComponent: root.screen.settingsDidLoad ? running : waiting
-    }
-
-    Component {
-        id: waiting
-
-        TolvaneSkeletonView {
-            focus: true
-            screen: root.screen
-        }
-    }
-
-    Component {
-        id: running
-
-        TolvaneNavigationStack {
-            focus: true
-            screen: root.screen
-        }
+        onFileChanged: show()
+        Component.onCompleted: show()
     }
 }

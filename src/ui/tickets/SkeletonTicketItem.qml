@@ -37,7 +37,8 @@ RoundedRectangle {
         }
         RedactedText {
             width: parent.width
-            text: "◷ 2 hours ago"
+            // With a letter in the icon's place, which every font has.
+            text: "O 2 hours ago"
             font.pixelSize: Theme.caption
             maximumLineCount: 1
             tint: row.tint
