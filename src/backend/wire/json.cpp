@@ -95,7 +95,8 @@ T decode(QByteArrayView bytes)
                                 .arg(QLatin1String(simdjson::error_message(error))));
     }
     T value;
-    read(root, value, CodingPath());
+    TextPool texts;
+    read(root, value, CodingPath(texts));
     return value;
 }
 

@@ -37,7 +37,7 @@ void read(const Element &element, QString &value, const CodingPath &path)
     std::string_view text;
     if (element.get(text))
         throwMismatch(path, "a text");
-    value = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    value = path.texts().text(text);
 }
 
 void read(const Element &element, bool &value, const CodingPath &path)

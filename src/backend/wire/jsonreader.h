@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backend/wire/fields.h"
+#include "backend/wire/textpool.h"
 #include "base/decodingerror.h"
 #include "base/privateexport.h"
 #include "base/ulid.h"
@@ -15,27 +16,35 @@
 
 namespace tolvane::json {
 
-/// The current position in a document. Each step on the stack links to the enclosing one, so the
-/// path has no cost until an error needs it.
+/// The current position in a document, and the document's texts. Each step on the stack links to the
+/// enclosing one, so the path has no cost until an error needs it.
 class CodingPath
 {
 public:
-    CodingPath() = default;
+    explicit CodingPath(TextPool &texts)
+        : m_texts(texts)
+    {
+    }
     CodingPath(const CodingPath &parent, std::string_view key)
-        : m_parent(&parent)
+        : m_texts(parent.m_texts)
+        , m_parent(&parent)
         , m_key(key)
     {
     }
     CodingPath(const CodingPath &parent, qsizetype index)
-        : m_parent(&parent)
+        : m_texts(parent.m_texts)
+        , m_parent(&parent)
         , m_index(index)
     {
     }
+
+    TextPool &texts() const { return m_texts; }
 
     /// The path as text, such as "messages[3].sender.type".
     QString text() const;
 
 private:
+    TextPool &m_texts;
     const CodingPath *m_parent = nullptr;
     std::string_view m_key;
     qsizetype m_index = -1;
