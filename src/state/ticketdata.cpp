@@ -120,6 +120,7 @@ void TicketData::setTicket(TicketDto ticket)
     // Destroying thousands of messages would block the main thread.
     auto replaced = std::exchange(m_ticket, std::move(ticket));
     m_messageIds.reset();
+    m_messageSearches = 0;
     if (replaced)
         platform().workers->post([old = std::make_shared<TicketDto>(*std::move(replaced))] {});
 }
@@ -193,13 +194,17 @@ bool TicketData::hasMessage(const QString &id)
 {
     if (!m_ticket)
         return false;
-    if (!m_messageIds) {
+    const QList<MessageDto> &messages = m_ticket->messages;
+    // The set costs as much as some thirty searches, so it is for bursts of messages only.
+    constexpr int searchesBeforeSet = 30;
+    if (!m_messageIds && ++m_messageSearches > searchesBeforeSet) {
         m_messageIds.emplace();
-        m_messageIds->reserve(m_ticket->messages.size());
-        for (const MessageDto &message : std::as_const(m_ticket->messages))
+        m_messageIds->reserve(messages.size());
+        for (const MessageDto &message : messages)
             m_messageIds->insert(message.id);
     }
-    return m_messageIds->contains(id);
+    return m_messageIds ? m_messageIds->contains(id)
+                        : std::ranges::find(messages, id, &MessageDto::id) != messages.end();
 }
 
 void TicketData::appendMessage(const MessageDto &message)

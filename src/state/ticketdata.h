@@ -113,8 +113,9 @@ private:
     QString m_message;
     std::optional<TicketPreviewDto> m_preview;
     std::optional<TicketDto> m_ticket;
-    /// Of the ticket's messages; absent until a message arrives.
+    /// Of the ticket's messages; absent until many messages have arrived.
     std::optional<QSet<QString>> m_messageIds;
+    int m_messageSearches = 0;
     QList<AttachmentDto> m_attachments;
     bool m_hasAttemptedFetch = false;
     ErrorPtr m_fetchError;

@@ -5,6 +5,7 @@
 #include <QtCore/QHash>
 
 #include <algorithm>
+#include <span>
 
 namespace tolvane {
 
@@ -31,6 +32,8 @@ protected:
 
 private:
     using IdCounts = QHash<QString, int>;
+    /// A part of a list, which is not copied.
+    using Part = std::span<const Record>;
 
     /// Applying a shuffled list takes one step for each record, and each step searches all others.
     /// Beyond this number of steps the model is reset instead.
@@ -38,14 +41,14 @@ private:
 
     qsizetype updateCommonPrefix(qsizetype kept, const QList<Record> &records);
     qsizetype updateCommonSuffix(const QList<Record> &records, qsizetype most);
-    bool removeMissing(const QList<Record> &middle, qsizetype first, qsizetype last);
-    bool insertAndMove(const QList<Record> &middle, qsizetype first, qsizetype countAfter);
-    void insert(qsizetype row, const QList<Record> &records);
+    bool removeMissing(Part middle, qsizetype first, qsizetype last);
+    bool insertAndMove(Part middle, qsizetype first, qsizetype countAfter);
+    void insert(qsizetype row, Part records);
     void remove(qsizetype row, qsizetype count);
     void move(qsizetype from, qsizetype to);
     void change(qsizetype row, const Record &record);
     qsizetype indexOf(const QString &id, qsizetype from) const;
-    static IdCounts countIds(const QList<Record> &records);
+    static IdCounts countIds(Part records);
 
     QList<Record> m_records;
 };
@@ -53,16 +56,23 @@ private:
 template <typename Record>
 void RecordListModel<Record>::replaceAfter(qsizetype kept, const QList<Record> &records)
 {
+    if (m_records.isEmpty() && !records.isEmpty()) {
+        beginInsertRows({}, 0, int(records.size() - 1));
+        m_records = records;
+        endInsertRows();
+        return;
+    }
     // Most new lists differ from the old one at one end only, if at all.
     const qsizetype beginning = updateCommonPrefix(kept, records);
     const qsizetype first = kept + beginning;
     const qsizetype end =
         updateCommonSuffix(records, std::min(m_records.size() - first, records.size() - beginning));
     const qsizetype last = m_records.size() - end;
-    const QList<Record> middle = records.sliced(beginning, records.size() - end - beginning);
+    const Part middle = Part(records).subspan(std::size_t(beginning),
+                                              std::size_t(records.size() - end - beginning));
     if (last == first) {
         insert(first, middle);
-    } else if (middle.isEmpty()) {
+    } else if (middle.empty()) {
         remove(first, last - first);
     } else if (!removeMissing(middle, first, last) || !insertAndMove(middle, first, end)) {
         beginResetModel();
@@ -97,8 +107,7 @@ qsizetype RecordListModel<Record>::updateCommonSuffix(const QList<Record> &recor
 }
 
 template <typename Record>
-bool RecordListModel<Record>::removeMissing(const QList<Record> &middle, qsizetype first,
-                                            qsizetype last)
+bool RecordListModel<Record>::removeMissing(Part middle, qsizetype first, qsizetype last)
 {
     IdCounts wanted = countIds(middle);
     int steps = 0;
@@ -121,25 +130,25 @@ bool RecordListModel<Record>::removeMissing(const QList<Record> &middle, qsizety
 }
 
 template <typename Record>
-bool RecordListModel<Record>::insertAndMove(const QList<Record> &middle, qsizetype first,
-                                            qsizetype countAfter)
+bool RecordListModel<Record>::insertAndMove(Part middle, qsizetype first, qsizetype countAfter)
 {
-    IdCounts kept = countIds(m_records.sliced(first, m_records.size() - first - countAfter));
+    IdCounts kept = countIds(Part(m_records).subspan(
+        std::size_t(first), std::size_t(m_records.size() - first - countAfter)));
     int steps = 0;
-    for (qsizetype at = 0; at < middle.size();) {
-        qsizetype end = at;
-        while (end < middle.size() && kept[middle.at(end).id]-- <= 0)
+    for (std::size_t at = 0; at < middle.size();) {
+        std::size_t end = at;
+        while (end < middle.size() && kept[middle[end].id]-- <= 0)
             ++end;
-        insert(first + at, middle.sliced(at, end - at));
+        insert(first + qsizetype(at), middle.subspan(at, end - at));
         steps += end > at;
         at = end;
         if (at < middle.size()) {
-            const qsizetype row = first + at;
-            const qsizetype old = indexOf(middle.at(at).id, row);
+            const qsizetype row = first + qsizetype(at);
+            const qsizetype old = indexOf(middle[at].id, row);
             if (old != row)
                 move(old, row);
             steps += old != row;
-            change(row, middle.at(at++));
+            change(row, middle[at++]);
         }
         if (steps > maximumSteps)
             return false;
@@ -148,17 +157,14 @@ bool RecordListModel<Record>::insertAndMove(const QList<Record> &middle, qsizety
 }
 
 template <typename Record>
-void RecordListModel<Record>::insert(qsizetype row, const QList<Record> &records)
+void RecordListModel<Record>::insert(qsizetype row, Part records)
 {
-    if (records.isEmpty())
+    if (records.empty())
         return;
-    beginInsertRows({}, int(row), int(row + records.size() - 1));
-    if (m_records.isEmpty()) {
-        m_records = records;
-    } else {
-        m_records.insert(row, records.size(), Record());
-        std::copy(records.begin(), records.end(), m_records.begin() + row);
-    }
+    const auto count = qsizetype(records.size());
+    beginInsertRows({}, int(row), int(row + count - 1));
+    m_records.insert(row, count, Record());
+    std::copy(records.begin(), records.end(), m_records.begin() + row);
     endInsertRows();
 }
 
@@ -196,7 +202,7 @@ qsizetype RecordListModel<Record>::indexOf(const QString &id, qsizetype from) co
 }
 
 template <typename Record>
-auto RecordListModel<Record>::countIds(const QList<Record> &records) -> IdCounts
+auto RecordListModel<Record>::countIds(Part records) -> IdCounts
 {
     IdCounts count;
     for (const Record &record : records)

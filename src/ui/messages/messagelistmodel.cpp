@@ -43,7 +43,8 @@ void MessageListModel::setMessages(const QList<MessageDto> &messages)
     if (same == messages.size() && same == m_messages.size())
         return;
     const QList<MessageDto> before = std::exchange(m_messages, messages);
-    replaceAfter(firstRowOf(same), messagerow::rowsOf(messages.sliced(same)));
+    replaceAfter(firstRowOf(same),
+                 messagerow::rowsOf(std::span(messages).subspan(std::size_t(same))));
     Q_EMIT messagesChanged();
     if (hasNewMessage(messages, before))
         Q_EMIT messageArrived(messagerow::description(messages.constLast()));

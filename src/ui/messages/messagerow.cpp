@@ -41,10 +41,10 @@ void addRows(QList<MessageRow> &rows, const MessageDto &message)
 
 } // namespace
 
-QList<MessageRow> rowsOf(const QList<MessageDto> &messages)
+QList<MessageRow> rowsOf(std::span<const MessageDto> messages)
 {
     QList<MessageRow> rows;
-    rows.reserve(messages.size());
+    rows.reserve(qsizetype(messages.size()));
     for (const MessageDto &message : messages)
         addRows(rows, message);
     return rows;

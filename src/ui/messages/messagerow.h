@@ -7,6 +7,8 @@
 
 #include <QtCore/QList>
 
+#include <span>
+
 namespace tolvane {
 
 /// A row of the message list: a message, or a part of a message that is too long for one row.
@@ -25,7 +27,7 @@ struct MessageRow
 /// The texts of the rows. Main thread.
 namespace messagerow {
 
-QList<MessageRow> rowsOf(const QList<MessageDto> &messages);
+QList<MessageRow> rowsOf(std::span<const MessageDto> messages);
 
 bool isCustomer(const MessageDto &message);
 
