@@ -57,6 +57,13 @@ public:
         m_index.erase(found);
     }
 
+    void clear()
+    {
+        m_index.clear();
+        m_entries.clear();
+        m_cost = 0;
+    }
+
     qint64 count() const { return m_index.size(); }
     qint64 cost() const { return m_cost; }
 

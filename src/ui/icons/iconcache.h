@@ -23,6 +23,8 @@ public:
     /// @param size in physical pixels, not empty; the icon is centred, as large as fits
     QImage image(const QString &name, const QSize &size, const QColor &color);
 
+    void clear() { m_images.clear(); }
+
 private:
     LruCache<QString, QImage> m_images;
 };

@@ -43,4 +43,10 @@ void ImageCache::insert(const QString &key, const QImage &image)
     m_images.insert(key, image, image.sizeInBytes());
 }
 
+void ImageCache::removeDecoded()
+{
+    const std::scoped_lock lock(m_mutex);
+    m_images.clear();
+}
+
 } // namespace tolvane

@@ -27,6 +27,8 @@ public:
     /// Null if the picture is not cached.
     QImage image(const QString &key);
     void insert(const QString &key, const QImage &image);
+    /// Keeps the pictures as received bytes only.
+    void removeDecoded();
 
     /// The responses with the pictures. The library does not use a cache of the host, and does not
     /// store responses to API requests in this one.

@@ -6,6 +6,7 @@
 #include "platform/platform.h"
 #include "state/notifications.h"
 #include "ui/home/screendata.h"
+#include "ui/presentation/idlememory.h"
 #include "ui/presentation/missingparts.h"
 #include "ui/presentation/viewsengine.h"
 
@@ -110,6 +111,7 @@ bool TolvaneViewController::isShownIn(const QQuickItem &item)
 void TolvaneViewController::presentIn(QWindow &window, QQuickItem *place)
 {
     m_place = place;
+    idlememory::keep();
     m_messengerWindow = MessengerWindow(window);
     m_previousFocusItem = m_messengerWindow.window()->activeFocusItem();
     if (!viewDidLoad(place ? place : m_messengerWindow.window()->contentItem())) {
@@ -190,9 +192,11 @@ void TolvaneViewController::viewDidDisappear()
     // The customer may have moved from the panel to the host.
     const bool hadFocus = m_view && m_view->hasFocus();
     delete m_view;
+    const QPointer<QWindow> host = m_messengerWindow.host();
     m_messengerWindow.close();
     if (m_previousFocusItem && hadFocus && !m_place)
         m_previousFocusItem->forceActiveFocus();
+    idlememory::releaseLater(qobject_cast<QQuickWindow *>(host.data()));
     postDidChangeState(false);
     deleteLater();
 }

@@ -9,9 +9,19 @@ extern void qml_register_types_Tolvane_Private();
 
 namespace tolvane {
 
-QQmlEngine &viewsEngine()
+namespace {
+
+QPointer<QQmlEngine> &currentEngine()
 {
     static QPointer<QQmlEngine> engine;
+    return engine;
+}
+
+} // namespace
+
+QQmlEngine &viewsEngine()
+{
+    QPointer<QQmlEngine> &engine = currentEngine();
     if (!engine) {
         qml_register_types_Tolvane_Private();
         engine = new QQmlEngine(qGuiApp);
@@ -19,6 +29,11 @@ QQmlEngine &viewsEngine()
         QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, engine, &QObject::deleteLater);
     }
     return *engine;
+}
+
+void deleteViewsEngine()
+{
+    delete currentEngine();
 }
 
 } // namespace tolvane

@@ -4,13 +4,16 @@
 #include "state/sdkdata.h"
 #include "testing/ui/messengerfixture.h"
 #include "ui/composer/hostpicture.h"
+#include "ui/presentation/idlememory.h"
 #include "ui/presentation/safemargins.h"
 #include "ui/presentation/viewcontroller.h"
+#include "ui/presentation/viewsengine.h"
 
 #include <tolvane/tolvane.h>
 
 #include <QtCore/QPointer>
 #include <QtGui/QRasterWindow>
+#include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickView>
 #include <QtTest/QTest>
 
@@ -147,6 +150,9 @@ private:
                 QCOMPARE(properties.value(u"action_type"_s), u"close_button_tapped"_s);
                 QCOMPARE(properties.value(u"close_method"_s), u"button"_s);
             }
+            const QPointer<QQmlEngine> engine(&viewsEngine());
+            fixture.clock->advance(idlememory::keptFor);
+            QVERIFY(!engine);
         }
     }
 
