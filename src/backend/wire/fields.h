@@ -55,7 +55,7 @@ template <Record T>
 std::size_t qHash(const T &record, std::size_t seed)
 {
     forEachField<T>([&](const auto &field) {
-        seed = QtPrivate::QHashCombine()(seed, hashValue(record.*field.member, 0));
+        seed = qHashMulti(seed, hashValue(record.*field.member, 0));
     });
     return seed;
 }
