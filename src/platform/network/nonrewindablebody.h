@@ -11,7 +11,8 @@ namespace tolvane {
 /// QNetworkAccessManager repeats a request of any method when a kept-alive connection breaks, so a
 /// customer's message could arrive twice. Before that it rewinds the body, and gives up if
 /// rewinding fails. Therefore every request has such a body, an empty one too. (It must not be a
-/// QBuffer, whose data the network stack reads without the device.)
+/// QBuffer, whose data the network stack reads without the device.) Qt 6.11 repeats a GET all the
+/// same, which does no harm.
 class NonRewindableBody final : public QIODevice
 {
 public:
