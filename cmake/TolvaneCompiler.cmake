@@ -33,7 +33,7 @@ target_compile_definitions(tolvane_compiler INTERFACE
   QT_DISABLE_DEPRECATED_BEFORE=0x060400
   $<$<BOOL:${TOLVANE_DEVELOPER_BUILD}>:TOLVANE_DEVELOPER_BUILD>)
 set(clang_warnings
-  -Wcomma -Wconditional-uninitialized -Wextra-semi -Wloop-analysis -Wshadow-all
+  -Wcomma -Wconditional-uninitialized -Wextra-semi -Wloop-analysis
   -Wunreachable-code-aggressive -Wunused-exception-parameter)
 if(MSVC)
   target_compile_options(tolvane_compiler INTERFACE
