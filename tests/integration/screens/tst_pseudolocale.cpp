@@ -80,7 +80,8 @@ struct VisibleText
 
 QRectF painted(const QQuickItem *item)
 {
-    const QSizeF content(item->property("contentWidth").toReal(),
+    // The content of rich text is as wide as its item.
+    const QSizeF content(qMin(item->property("contentWidth").toReal(), item->implicitWidth()),
                          item->property("contentHeight").toReal());
     const int alignment = item->property("effectiveHorizontalAlignment").toInt();
     const double spare = item->width() - content.width();

@@ -278,7 +278,6 @@ private Q_SLOTS:
         fixture.clock->advance(2s); // It is fetched again by itself.
         QCOMPARE(fixture.screen()->state(), u"loaded"_s);
 
-        // The customer can fetch it sooner: by a key, the wheel, a pull or the button.
         using Do = void (*)(TicketScreenFixture &);
         const std::pair<const char *, Do> ways[] = {
             {"key", [](auto &f) { f.robot.press(Qt::Key_F5); }},
