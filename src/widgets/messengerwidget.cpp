@@ -18,6 +18,8 @@ public:
         setResizeMode(SizeRootObjectToView);
         setContent(QUrl(), nullptr, createMessengerItem());
         rootObject()->setFocus(true);
+        // The views have menus of their own, and the host's window would open its menu, too.
+        setContextMenuPolicy(Qt::PreventContextMenu);
     }
 };
 
