@@ -4,15 +4,20 @@
 include(FindPackageHandleStandardArgs)
 
 find_package(simdjson QUIET CONFIG)
-if(NOT simdjson_FOUND)
+set(TolvaneSimdjson_version "${simdjson_VERSION}")
+if(NOT TARGET simdjson::simdjson)
   find_package(PkgConfig QUIET)
   if(PkgConfig_FOUND)
-    pkg_check_modules(simdjson QUIET IMPORTED_TARGET GLOBAL simdjson)
-    if(simdjson_FOUND AND NOT TARGET simdjson::simdjson)
-      add_library(simdjson::simdjson ALIAS PkgConfig::simdjson)
+    pkg_check_modules(TolvaneSimdjson_pc QUIET IMPORTED_TARGET GLOBAL simdjson)
+    set(TolvaneSimdjson_version "${TolvaneSimdjson_pc_VERSION}")
+    if(TARGET PkgConfig::TolvaneSimdjson_pc)
+      add_library(simdjson::simdjson ALIAS PkgConfig::TolvaneSimdjson_pc)
     endif()
   endif()
 endif()
+if(TARGET simdjson::simdjson)
+  set(TolvaneSimdjson_target simdjson::simdjson)
+endif()
 find_package_handle_standard_args(TolvaneSimdjson
-  REQUIRED_VARS simdjson_FOUND
-  VERSION_VAR simdjson_VERSION)
+  REQUIRED_VARS TolvaneSimdjson_target
+  VERSION_VAR TolvaneSimdjson_version)
