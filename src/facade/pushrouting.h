@@ -5,8 +5,8 @@
 
 #include <tolvane/tolvane.h>
 
-/// The push operations of the facade, which checks the thread and the initialisation first. Main
-/// thread, except isOurs(), which is safe from any thread.
+/// The push operations of the facade, after it has checked the thread and the initialisation. Main
+/// thread, except isTolvanePush(), which is safe from any thread.
 namespace tolvane::pushrouting {
 
 bool isTolvanePush(const QVariantMap &payload);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "analytics/manager.h"
-#include "backend/apiclient.h"
 #include "backend/configuration.h"
 #include "backend/endpoint.h"
 #include "backend/persistentstore.h"
@@ -8,9 +7,9 @@
 #include "base/sharedinstance.h"
 #include "base/ulid.h"
 #include "facade/conversations.h"
+#include "facade/customerupdate.h"
 #include "facade/pushrouting.h"
 #include "platform/async/awaitfuture.h"
-#include "platform/async/shutdownhook.h"
 #include "platform/logger.h"
 #include "platform/platform.h"
 #include "state/hostoptions.h"
@@ -21,11 +20,8 @@
 #include <tolvane/tolvane.h>
 #include <tolvane/version.h>
 
-#include <QtCore/QPromise>
-
 #include <array>
 #include <memory>
-#include <mutex>
 
 namespace tolvane {
 
@@ -86,11 +82,6 @@ void ensureCustomerId()
         Logger::shared().log(LogLevel::info, QStringLiteral("New customer ID generated: ") + id);
 }
 
-QString textOrNil(const std::optional<QString> &text)
-{
-    return text.value_or(QStringLiteral("nil"));
-}
-
 void start(const QString &key)
 {
     if (!Configuration::shared().setApiKeyOnce(key))
@@ -105,81 +96,6 @@ void start(const QString &key)
     TolvaneAnalyticsManager::shared().track(TolvaneAnalyticsEvent::Lifecycle::sdkInitialized,
                                             {{Keys::actionType, QStringLiteral("lifecycle")}});
     platform().mainThread->post([] { detach(SdkData::shared()->fetchSettings()); });
-}
-
-QCoro::Task<> sendCustomer(std::optional<QString> email, std::optional<QString> originalId)
-{
-    try {
-        persistentstore::setCustomerOriginalId(originalId);
-        const APIClient client = APIClient::live();
-        const UpdateCustomerDto customer{.email = email, .originalId = originalId};
-        co_await client.updateCustomer(customer);
-        Logger::shared().log(LogLevel::info, QStringLiteral("Customer updated: %1 %2 %3")
-                                                 .arg(textOrNil(email), textOrNil(originalId),
-                                                      textOrNil(persistentstore::customerId())));
-        TolvaneAnalyticsManager::shared().track(
-            TolvaneAnalyticsEvent::Lifecycle::customerUpdated,
-            {{QStringLiteral("has_email"), email.has_value()},
-             {QStringLiteral("has_original_id"), originalId.has_value()},
-             {Keys::actionType, QStringLiteral("lifecycle")}});
-    } catch (...) {
-        const ErrorPtr error = currentError();
-        Logger::shared().log(LogLevel::error, QStringLiteral("Error updating customer: ") +
-                                                  error->localizedDescription());
-        TolvaneAnalyticsManager::shared().trackError(QStringLiteral("updateCustomer"), {}, *error);
-    }
-}
-
-/// The promise of an update, which finishes with its last owner, whatever happened to the work. The
-/// work stays suspended when the application ends, and a thread of the host may wait for it, so the
-/// promise is cancelled then.
-class UpdatePromise
-{
-public:
-    UpdatePromise()
-    {
-        m_state->promise.start();
-        const auto cancel = [state = m_state] { state->finish(true); };
-        m_shutdownHook = onShutdown(cancel);
-        if (const QCoreApplication *app = QCoreApplication::instance())
-            m_quitting = QObject::connect(app, &QCoreApplication::aboutToQuit, cancel);
-    }
-    UpdatePromise(const UpdatePromise &) = delete;
-    UpdatePromise &operator=(const UpdatePromise &) = delete;
-    ~UpdatePromise()
-    {
-        QObject::disconnect(m_quitting);
-        m_state->finish(false);
-    }
-
-    QFuture<void> future() const { return m_state->promise.future(); }
-
-private:
-    struct State
-    {
-        /// QPromise would run continuations again.
-        void finish(bool isCancelled)
-        {
-            std::call_once(once, [&] {
-                if (isCancelled)
-                    promise.future().cancel();
-                promise.finish();
-            });
-        }
-
-        QPromise<void> promise;
-        std::once_flag once;
-    };
-
-    const std::shared_ptr<State> m_state = std::make_shared<State>();
-    ShutdownHook m_shutdownHook;
-    QMetaObject::Connection m_quitting;
-};
-
-QCoro::Task<> holdUntilDone(QCoro::Task<> task, std::shared_ptr<UpdatePromise> promise)
-{
-    const auto owner = std::move(promise);
-    co_await task;
 }
 
 } // namespace
@@ -228,8 +144,7 @@ QFuture<void> Tolvane::updateCustomer(const std::optional<QString> &email,
 {
     const auto promise = std::make_shared<UpdatePromise>();
     QFuture<void> future = promise->future();
-    whenInitialized(
-        [=] { detach(holdUntilDone(sendCustomer(email, originalCustomerId), promise)); });
+    whenInitialized([=] { detach(customerupdate::send(email, originalCustomerId, promise)); });
     return future;
 }
 
