@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/messages/typingdots.h"
+#include "ui/typing/typingdots.h"
 
 #include "platform/platform.h"
 
