@@ -180,8 +180,8 @@ Item {
 
                 onAttachmentOpened: imageUrl => list.attachmentOpened(imageUrl, message.attachments)
                 onTextHovered: (text, isHovered) => textSelection.hover(text, isHovered)
-                onMenuRequested: position => list.openTextMenu(message, position)
-                onPictureMenuRequested: (cell, position) => list.openPictureMenu(cell, position)
+                onMenuRequested: position => menus.openTextMenu(message, position)
+                onPictureMenuRequested: (cell, position) => menus.openPictureMenu(cell, position)
                 gap: Metrics.MessageSpacing
                 showsFocus: isCurrent && list.activeFocus
                 onLinkActivated: link => Qt.openUrlExternally(link)
@@ -200,38 +200,14 @@ Item {
         onStarted: list.forceActiveFocus(Qt.MouseFocusReason)
     }
 
-    function openTextMenu(message: MessageItem, position: point) {
-        textMenu.active = true
-        const link = message.bubble.linkAt(position)
-        const menu = textMenu.item as TextMenu
-        menu.openFor(message.bubble, position, link.length > 0 ? [link] : message.content.links,
-                     () => list.model.copy(rows.indexOf(message)))
-    }
-
-    Loader {
-        id: textMenu
-
-        active: false
-        sourceComponent: TextMenu {
-            name: list.Accessible.name
-            selection: textSelection
-            onLinkOpened: link => Qt.openUrlExternally(link)
-        }
-    }
-
-    function openPictureMenu(cell: AttachmentThumbnail, position: point) {
-        pictureMenu.active = true
-        const menu = pictureMenu.item as PictureMenu
-        menu.openFor(cell, cell.imageUrl, cell.isLoaded, position, cell.open)
-    }
-
-    Loader {
-        id: pictureMenu
+    MessageMenus {
+        id: menus
 
         anchors.fill: parent
         anchors.bottomMargin: list.bottomContentMargin
-        active: false
-        sourceComponent: PictureMenu { }
+        selection: textSelection
+        onLinkOpened: link => Qt.openUrlExternally(link)
+        onMessageCopied: message => list.model.copy(rows.indexOf(message))
     }
 
     NewestButton {

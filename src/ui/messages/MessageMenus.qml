@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane.Private
+
+// The context menus of a message's text and of its pictures, created when they are first opened.
+Item {
+    id: menus
+
+    required property TextSelection selection
+
+    signal linkOpened(string link)
+    signal messageCopied(MessageItem message)
+
+    function openTextMenu(message: MessageItem, position: point) {
+        textMenu.active = true
+        const link = message.bubble.linkAt(position)
+        const menu = textMenu.item as TextMenu
+        menu.openFor(message.bubble, position, link.length > 0 ? [link] : message.content.links,
+                     () => messageCopied(message))
+    }
+
+    function openPictureMenu(cell: AttachmentThumbnail, position: point) {
+        pictureMenu.active = true
+        const menu = pictureMenu.item as PictureMenu
+        menu.openFor(cell, cell.imageUrl, cell.isLoaded, position, cell.open)
+    }
+
+    Loader {
+        id: textMenu
+
+        active: false
+        sourceComponent: TextMenu {
+            name: Strings.string("ticket_list_your_messages")
+            selection: menus.selection
+            onLinkOpened: link => menus.linkOpened(link)
+        }
+    }
+
+    Loader {
+        id: pictureMenu
+
+        anchors.fill: parent
+        active: false
+        sourceComponent: PictureMenu { }
+    }
+}
