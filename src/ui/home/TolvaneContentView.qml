@@ -15,56 +15,29 @@ FocusScope {
 
     readonly property int headerHeight:
         parallax.isLandscape ? Metrics.LandscapeHeaderHeight : Metrics.HeaderHeight
-    /// The height at rest between the header and the button for a new ticket.
+    /// The height between the opened header and the button for a new ticket.
     readonly property real noticeHeight: newTicket.y - headerHeight + 2 * Metrics.FloatingMargin
 
-    /// Rows fade in and grow when the list appears, and fade out where they are when it leaves.
-    property real appearance: 0
-    readonly property bool hasRows: screen.state === "loaded"
-    property bool showsRows: false
-    /// The height of the content above the rows, now and when the rows were last present.
-    readonly property real contentHeight: parallax.contentItem?.implicitHeight ?? 0
-    property real contentHeightWithRows: 0
-    /// How far a taller view above them has moved the rows that are leaving.
-    readonly property real displacement: {
-        if (hasRows || !showsRows)
-            return 0
-        const growth = contentHeight - contentHeightWithRows
-        return -parallax.offset <= parallax.list.headerItem.height - growth ? growth : 0
-    }
-
-    /// How far the sheet has to be pulled down to load the list again.
+    /// Pulling the sheet down by this distance loads the list again.
     readonly property int refreshDistance: 70
 
-    // ScreenData starts the first load; returning to this view refreshes the list.
+    // Returning to this view refreshes the list. (ScreenData starts the first load.)
     onIsOnTopChanged: {
         if (isOnTop)
             appear()
     }
-    onHasRowsChanged: animateRows()
-    onContentHeightChanged: {
-        if (hasRows)
-            contentHeightWithRows = contentHeight
-    }
 
-    function animateRows() {
-        showsRows = showsRows || hasRows
-        appearanceAnimation.to = hasRows ? 1 : 0
-        appearanceAnimation.restart()
-    }
+    RowsTransition {
+        id: rows
 
-    NumberAnimation {
-        id: appearanceAnimation
-
-        target: home
-        property: "appearance"
-        duration: Metrics.TransitionDuration
-        easing.type: Easing.InOutQuad
-        onFinished: home.showsRows = home.hasRows
+        hasRows: home.screen.state === "loaded"
+        contentHeight: parallax.contentItem?.implicitHeight ?? 0
+        headerHeight: parallax.list.headerItem?.height ?? 0
+        scrolledDistance: -parallax.offset
     }
 
     Component.onCompleted: {
-        animateRows()
+        rows.start()
         parallax.list.focus = true
         parallax.list.activeFocusOnTab = true
         appear()
@@ -83,7 +56,7 @@ FocusScope {
         }
     }
 
-    // The ages of the messages go on by the minute while they are visible.
+    // Updates the ages of the messages while they are visible.
     Timer {
         interval: 60000
         repeat: true
@@ -93,7 +66,7 @@ FocusScope {
         onTriggered: home.screen.updateAges()
     }
 
-    // The ring of the focus is on a visible row at once.
+    // Tab shows the focus ring on a visible row.
     TabFocus {
         item: parallax.list
         onEntered: {
@@ -108,14 +81,14 @@ FocusScope {
     Connections {
         target: parallax.list
 
-        // No row is highlighted before the arrow keys are used.
+        // No row is current until the arrow keys are used.
         function onModelChanged() {
             if (parallax.list.currentItem)
                 parallax.list.currentItem.focus = false
             parallax.list.currentIndex = -1
         }
 
-        // Released after a full pull.
+        // Released after a complete pull.
         function onDraggingChanged() {
             if (!parallax.list.dragging && parallax.offset > home.refreshDistance)
                 home.screen.load()
@@ -128,8 +101,8 @@ FocusScope {
         onPulled: home.screen.load()
     }
 
-    // Not in the header, which belongs to the list: a list that is a focus scope with further tab stops
-    // would not be one itself.
+    // Not in the header, which belongs to the list: with a further tab stop in it, the list itself would
+    // not be a tab stop.
     IconButton {
         z: 1
         anchors.right: parent.right
@@ -152,14 +125,14 @@ FocusScope {
                            Parallax.heights(Metrics.LandscapeHeaderHeight,
                                             Metrics.LandscapeCollapsedHeaderHeight),
                            0.5, 1.5, 0.3, Theme.primaryColor, Theme.chatBackgroundColor)
-        // Only for low windows, as on a phone in landscape; large windows have room for the tall
+        // Only in low windows, such as a phone in landscape. Large windows have room for the tall
         // header.
         isLandscape: height > 0 && width > height && height < 500
         bottomContentMargin: 120
         reuseItems: true
         clipsCorners: false
         listName: Strings.string("ticket_list_your_messages")
-        model: home.showsRows ? home.screen.tickets : null
+        model: rows.showsRows ? home.screen.tickets : null
 
         header: TolvaneHeader {
             isCollapsed: parallax.scrollState === ParallaxScroll.Collapsed
@@ -227,17 +200,17 @@ FocusScope {
         section.property: "section"
         section.delegate: TicketListHeader {
             width: parallax.width
-            opacity: home.appearance
-            transform: Translate { y: -home.displacement }
+            opacity: rows.progress
+            transform: Translate { y: -rows.displacement }
         }
         section.labelPositioning: ViewSection.InlineLabels | ViewSection.CurrentLabelAtStart
 
         delegate: TicketItem {
             width: parallax.width
-            opacity: home.appearance
-            scale: home.hasRows ? 0.9 + 0.1 * home.appearance : 1
-            enabled: home.hasRows
-            transform: Translate { y: -home.displacement }
+            opacity: rows.progress
+            scale: rows.hasRows ? 0.9 + 0.1 * rows.progress : 1
+            enabled: rows.hasRows
+            transform: Translate { y: -rows.displacement }
             isCurrent: ListView.isCurrentItem && ListView.view.activeFocus
             onClicked: home.screen.navigation.navigate(Destination.ticket(preview))
         }
