@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Positions of the rows, and scrolling.
+// The layout: positions of the rows, and the rows that are visible.
 #include "ui/listview/anchoredlist.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -87,23 +87,6 @@ double AnchoredList::maxContentY() const
     return std::max(minContentY(), positionOf(m_offsets.count()) + m_bottomMargin - height());
 }
 
-double AnchoredList::targetContentY() const
-{
-    if (m_scrollAnimation.kind() == ScrollAnimation::Kind::start)
-        return minContentY();
-    if (m_scrollAnimation.kind() == ScrollAnimation::Kind::end)
-        return maxContentY();
-    double position = m_scrollAnimation.position();
-    if (m_scrollAnimation.kind() == ScrollAnimation::Kind::currentRow) {
-        // Just far enough to show the row; if it is higher than the viewport, its nearer edge.
-        const int row = std::max(0, m_currentIndex);
-        const auto [lowest, highest] =
-            std::minmax({positionOf(row), positionOf(row + 1) + m_bottomMargin - height()});
-        position = position < 0 ? highest : lowest;
-    }
-    return std::clamp(position, minContentY(), maxContentY());
-}
-
 double AnchoredList::nextContentY(double contentY) const
 {
     if (m_scrollAnimation.isActive())
@@ -115,8 +98,8 @@ double AnchoredList::nextContentY(double contentY) const
 
 void AnchoredList::chooseAnchor(double top)
 {
-    // A row has its real height only once its item exists: a visible row that has an item becomes
-    // the anchor. Otherwise the end of the list does, if it is visible.
+    // Heights of rows without an item are estimates. Therefore the anchor is a visible row with an
+    // item, else the end of the list if that is visible.
     const int count = m_offsets.count();
     const int first = std::max(0, m_offsets.rowAt(top - positionOf(0)));
     const int known = std::max(first, m_firstRow);
@@ -156,17 +139,6 @@ void AnchoredList::recycleRowsOutside(int first, int last)
         recycleRow(std::move(m_rows.back()));
         m_rows.pop_back();
     }
-}
-
-void AnchoredList::beginScroll()
-{
-    if (!m_scrollAnimation.isActive() || m_scrollAnimation.hasBegun())
-        return;
-    // New rows are measured before the distance to them is.
-    fillViewport(m_contentY, height());
-    // A long distance is not animated in full: nobody could read the rows created for it.
-    const double longest = 2 * height();
-    m_scrollAnimation.begin(std::clamp(targetContentY() - m_contentY, -longest, longest));
 }
 
 void AnchoredList::layoutRows()
@@ -228,79 +200,6 @@ void AnchoredList::publishLayout(double contentY)
         Q_EMIT scrollRequested(m_contentY);
     if (hasMoved)
         Q_EMIT contentYChanged();
-}
-
-double AnchoredList::finalContentY() const
-{
-    return m_scrollAnimation.isActive() ? targetContentY() : m_contentY;
-}
-
-void AnchoredList::scrollToEnd(int duration)
-{
-    polish();
-    if (m_layoutCount > 0)
-        m_scrollAnimation.setTarget(ScrollAnimation::Kind::end, duration);
-}
-
-void AnchoredList::scrollToStart(int duration)
-{
-    m_scrollAnimation.setTarget(ScrollAnimation::Kind::start, duration);
-    polish();
-}
-
-void AnchoredList::scrollBy(double distance, int duration)
-{
-    m_scrollAnimation.setTarget(ScrollAnimation::Kind::position, duration,
-                                finalContentY() + distance);
-    polish();
-}
-
-void AnchoredList::step(int direction)
-{
-    const int last = modelCount() - 1;
-    if (last < 0 || m_layoutCount == 0)
-        return;
-    // The neighbours are measured before they are shown.
-    m_spentCost = 0;
-    fillViewport(m_contentY - height(), 2 * height());
-    const double top = finalContentY();
-    const double bottom = top + height() - m_bottomMargin;
-    const auto spanOf = [&](int row) { return std::pair(positionOf(row), positionOf(row + 1)); };
-    int next = m_offsets.rowAt((direction > 0 ? top : bottom - 1) - positionOf(0));
-    if (m_currentIndex >= 0) {
-        const auto [begin, end] = spanOf(m_currentIndex);
-        const double beyond = direction > 0 ? end - bottom : top - begin;
-        const bool isInSight = begin < bottom && end > top;
-        if (isInSight && beyond > 0.5) {
-            scrollBy(direction * std::min(beyond, (bottom - top) / 2), 150);
-            return;
-        }
-        if (isInSight)
-            next = m_currentIndex + direction;
-    }
-    next = std::clamp(next, 0, last);
-    setCurrentIndex(next);
-    const auto [begin, end] = spanOf(next);
-    if (end > bottom || begin < top)
-        m_scrollAnimation.setTarget(ScrollAnimation::Kind::currentRow, 150, direction);
-    else if (m_scrollAnimation.isActive())
-        m_scrollAnimation.setTarget(ScrollAnimation::Kind::position, 150, top);
-    polish();
-}
-
-void AnchoredList::showCurrentRow()
-{
-    if (modelCount() == 0 || m_layoutCount == 0)
-        return;
-    const double top = finalContentY();
-    const double bottom = top + height() - m_bottomMargin;
-    if (m_currentIndex < 0)
-        setCurrentIndex(
-            std::clamp(m_offsets.rowAt(bottom - 1 - positionOf(0)), 0, modelCount() - 1));
-    const bool isAbove = positionOf(m_currentIndex + 1) <= top;
-    if (isAbove || positionOf(m_currentIndex) >= bottom)
-        m_scrollAnimation.setTarget(ScrollAnimation::Kind::currentRow, 150, isAbove ? -1 : 1);
-    polish();
 }
 
 } // namespace tolvane
