@@ -2,13 +2,13 @@
 import QtQuick
 import Tolvane.Private
 
-// The root view: a skeleton until the settings have arrived, then the real interface.
+// The root view: a skeleton until the settings are loaded, then the user interface.
 FocusScope {
     id: root
 
     required property ScreenData screen
 
-    // By URL: the types of the view that is not shown are not loaded.
+    // By URL, so that only the types of the shown view are loaded.
     Loader {
         id: view
 

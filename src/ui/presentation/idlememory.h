@@ -9,11 +9,11 @@
 
 namespace tolvane {
 
-/// What is kept after a presentation for the next one, and how long: the QML engine, decoded
-/// pictures, and what the renderer of the host's window has cached. Main thread.
+/// Keeps memory for some time after a presentation, so that the next one opens immediately: the QML
+/// engine, decoded pictures, and the caches of the renderer of the host's window. Main thread.
 namespace idlememory {
 
-/// The next presentation within this time opens at once.
+/// How long the memory is kept.
 constexpr std::chrono::seconds keptFor{30};
 
 /// To be called when the messenger has opened.

@@ -7,13 +7,13 @@ class QQmlEngine;
 
 namespace tolvane {
 
-/// The QML engine of all the library's views. It is the library's own, so that the host may create
-/// and destroy engines at any time, and it is kept for some time after a presentation, so that a
-/// later one opens at once. Main thread.
+/// The QML engine of the library's views. It does not depend on the host's engines, which may be
+/// created and destroyed at any time. It is kept for some time after a presentation, so that a later
+/// one opens immediately. Main thread.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QQmlEngine &viewsEngine();
 
-/// Deletes the engine, of which no object may be in use. The next call of viewsEngine() creates
-/// another.
+/// Deletes the engine, whose objects must not be in use any more. The next call of viewsEngine()
+/// creates another one.
 void deleteViewsEngine();
 
 } // namespace tolvane
