@@ -7,9 +7,8 @@ class QQmlEngine;
 
 namespace tolvane {
 
-/// The QML engine of the library's views. It does not depend on the host's engines, which may be
-/// created and destroyed at any time. It is kept for some time after a presentation, so that a later
-/// one opens immediately. Main thread.
+/// The QML engine of the library's views, independent of the host's engines. It is kept for some
+/// time after a presentation, so that a later one opens immediately. Main thread.
 TOLVANE_VIEWS_AUTOTEST_EXPORT QQmlEngine &viewsEngine();
 
 /// Deletes the engine, whose objects must not be in use any more. The next call of viewsEngine()
