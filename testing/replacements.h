@@ -116,6 +116,7 @@ struct FakeBundle final : Bundle
         return dressed(texts ? texts->text(QStringLiteral("host_") + key) : key);
     }
     Qt::LayoutDirection layoutDirection() const override { return direction; }
+    QLocale locale() const override { return texts ? texts->locale() : QLocale::c(); }
 
     /// Replaces the keys with the texts of a language, and uses its layout direction.
     void speak(const QString &language);

@@ -58,6 +58,23 @@ private Q_SLOTS:
               "٢٠٢٦-06-10T12:00:00+0200"})
             row(unreadable, noon, unreadable, "timeago_invalid");
     }
+
+    void datesFollowTheCustomersFormat()
+    {
+        const std::tuple<QString, QString, QString> cases[] = {
+            {u"de-AT"_s, u"2026-03-14T11:00:00+0000"_s, u"Samstag, 14. März 2026 12:00"_s},
+            {u"ar-EG"_s, u"2026-03-06T23:30:00+0000"_s, u"السبت، ٧ مارس ٢٠٢٦ ١٢:٣٠ ص"_s},
+            {u"ja"_s, u"2026-03-07T12:00:00+0000"_s, u"2026年3月7日土曜日 13:00"_s},
+            {u"de"_s, u"garbage"_s, {}}};
+        for (const auto &[language, timestamp, text] : cases) {
+            const test::Fixture fixture; // It is the noon of 14 March.
+            fixture.bundle->speak(language);
+            QCOMPARE(dateTimeText(timestamp), text);
+            const bool isOld = !timestamp.startsWith(u"2026-03-14"_s) && !text.isEmpty();
+            QCOMPARE(spokenTimeAgoText(timestamp),
+                     timeAgoText(timestamp) + (isOld ? u", "_s + text : QString()));
+        }
+    }
 };
 
 QTEST_GUILESS_MAIN(TimeAgoTest)

@@ -46,6 +46,12 @@ public:
 
     Qt::LayoutDirection layoutDirection() const override { return texts().direction(); }
 
+    QLocale locale() const override
+    {
+        const QLocale system = QLocale::system();
+        return system.language() == texts().locale().language() ? system : texts().locale();
+    }
+
 private:
     const LibraryTexts &texts() const
     {

@@ -3,6 +3,7 @@
 
 #include "base/privateexport.h"
 
+#include <QtCore/QLocale>
 #include <QtCore/QString>
 
 #include <memory>
@@ -31,6 +32,8 @@ public:
     virtual QString hostString(const QString &key) const = 0;
     /// The direction of the library's texts and of the layout of its views.
     virtual Qt::LayoutDirection layoutDirection() const = 0;
+    /// The language of the library's texts, with the customer's formats of dates and times.
+    virtual QLocale locale() const = 0;
 };
 
 /// The library's texts follow the system's languages and are loaded at first use. The host's

@@ -25,6 +25,7 @@ public:
     QString text(const QString &key, qint64 count) const;
 
     Qt::LayoutDirection direction() const { return m_locale.textDirection(); }
+    const QLocale &locale() const { return m_locale; }
 
 private:
     bool load(const QLocale &locale);

@@ -6,6 +6,7 @@
 #include "state/times/devicetimezone.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QLocale>
 
 #include <algorithm>
 #include <array>
@@ -47,6 +48,13 @@ Span spanBetween(const QDateTime &start, const QDateTime &end, const QTimeZone &
     return {days, rest / hour, rest % hour / minute};
 }
 
+/// How long ago `start` was.
+Span spanSince(const QDateTime &start)
+{
+    const QDateTime now = platform().clock->now();
+    return start < now ? spanBetween(start, now, deviceTimeZone()) : Span();
+}
+
 /// The text for a duration with at least `minimum` of a component.
 struct Rule
 {
@@ -56,9 +64,11 @@ struct Rule
     bool isCounted;
 };
 
+constexpr qint64 week = 7;
+
 // The first matching text is used.
 constexpr std::array rules = {
-    Rule{&Span::days, 7, "timeago_more_than_a_week", false},
+    Rule{&Span::days, week, "timeago_more_than_a_week", false},
     Rule{&Span::days, 1, "%lld timeago_days", true},
     Rule{&Span::hours, 1, "%lld timeago_hours", true},
     Rule{&Span::minutes, 1, "%lld timeago_minutes", true},
@@ -73,14 +83,32 @@ QString timeAgoText(const QString &timestamp)
     if (!start.isValid())
         return bundle.string(QStringLiteral("timeago_invalid"));
 
-    const QDateTime now = platform().clock->now();
-    const Span span = start < now ? spanBetween(start, now, deviceTimeZone()) : Span();
+    const Span span = spanSince(start);
     const auto rule = std::ranges::find_if(
         rules, [&span](const Rule &each) { return span.*each.component >= each.minimum; });
     if (rule == rules.end())
         return bundle.string(QStringLiteral("timeago_now"));
     const QString key = QString::fromLatin1(rule->key);
     return rule->isCounted ? bundle.string(key, span.*rule->component) : bundle.string(key);
+}
+
+QString spokenTimeAgoText(const QString &timestamp)
+{
+    const QDateTime start = isoDateTime(timestamp, IsoZone::BasicOffset);
+    const QString age = timeAgoText(timestamp);
+    const bool isOld = start.isValid() && spanSince(start).days >= week;
+    return isOld ? age + QStringLiteral(", ") + dateTimeText(timestamp) : age;
+}
+
+QString dateTimeText(const QString &timestamp)
+{
+    const QDateTime moment = isoDateTime(timestamp, IsoZone::BasicOffset);
+    if (!moment.isValid())
+        return {};
+    const QDateTime local = moment.toTimeZone(deviceTimeZone());
+    const QLocale locale = platform().bundle->locale();
+    return locale.toString(local.date(), QLocale::LongFormat) + QLatin1Char(' ') +
+           locale.toString(local.time(), QLocale::ShortFormat);
 }
 
 } // namespace tolvane

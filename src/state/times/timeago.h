@@ -14,4 +14,11 @@ namespace tolvane {
 /// Timestamps have the format 2026-03-14T12:00:00+0100. Any other text is an unknown time.
 TOLVANE_PRIVATE_EXPORT QString timeAgoText(const QString &timestamp);
 
+/// The same for screen readers: an age of a week or more is followed by the date.
+TOLVANE_PRIVATE_EXPORT QString spokenTimeAgoText(const QString &timestamp);
+
+/// Date and time of the timestamp on the device's calendar, in the customer's format; empty if the
+/// time is unknown.
+TOLVANE_PRIVATE_EXPORT QString dateTimeText(const QString &timestamp);
+
 } // namespace tolvane

@@ -4,6 +4,11 @@ import Tolvane.Private
 
 // The line below a bubble.
 Text {
+    id: caption
+
+    /// Date and time of the message; empty if there is none.
+    property string time
+
     horizontalAlignment: Text.AlignLeft
     textFormat: Text.PlainText
     wrapMode: Text.Wrap
@@ -11,4 +16,9 @@ Text {
     opacity: 0.7
     font.pixelSize: Theme.caption
     Accessible.ignored: true
+
+    TimeToolTip {
+        line: caption
+        time: caption.time
+    }
 }

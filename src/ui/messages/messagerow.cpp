@@ -76,7 +76,7 @@ QString description(const MessageDto &message)
     constexpr qsizetype longest = 2000;
     const QString text =
         withoutMarkdown(message.content.first(qMin(message.content.size(), longest)));
-    QStringList parts = {senderLabel(message.sender), text, timeAgoText(message.timestamp)};
+    QStringList parts = {senderLabel(message.sender), text, spokenTimeAgoText(message.timestamp)};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
 }

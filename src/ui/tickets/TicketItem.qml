@@ -14,6 +14,7 @@ Pressable {
     required property url picture
     required property string content
     required property string caption
+    required property string time
     required property bool isUnread
     required property string description
 
@@ -75,6 +76,8 @@ Pressable {
             }
             Text {
                 width: parent.width
+                id: age
+
                 text: item.caption
                 textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft
@@ -83,6 +86,11 @@ Pressable {
                 font.pixelSize: Theme.callout
                 Accessible.ignored: true
             }
+
+                TimeToolTip {
+                    line: age
+                    time: item.time
+                }
         }
 
         RoundedRectangle {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/tickets/ticketlistmodel.h"
 
+#include "state/times/timeago.h"
 #include "state/unreadtickets.h"
 #include "ui/tickets/ticketrow.h"
 
@@ -24,6 +25,8 @@ QVariant TicketListModel::data(const QModelIndex &index, int role) const
         return ticketrow::singleLine(ticket.lastMessage.content);
     case captionRole:
         return ticketrow::caption(ticket);
+    case timeRole:
+        return dateTimeText(ticket.lastMessage.timestamp);
     case isUnreadRole:
         return isUnread(ticket.lastMessage);
     case descriptionRole:
@@ -43,9 +46,11 @@ void TicketListModel::updateTexts()
 
 QHash<int, QByteArray> TicketListModel::roleNames() const
 {
-    return {{previewRole, "preview"},         {iconRole, "icon"},       {pictureRole, "picture"},
-            {contentRole, "content"},         {captionRole, "caption"}, {isUnreadRole, "isUnread"},
-            {descriptionRole, "description"}, {sectionRole, "section"}};
+    return {{previewRole, "preview"},   {iconRole, "icon"},
+            {pictureRole, "picture"},   {contentRole, "content"},
+            {captionRole, "caption"},   {timeRole, "time"},
+            {isUnreadRole, "isUnread"}, {descriptionRole, "description"},
+            {sectionRole, "section"}};
 }
 
 } // namespace tolvane

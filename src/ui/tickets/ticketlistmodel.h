@@ -21,6 +21,8 @@ public:
         pictureRole,
         contentRole,
         captionRole,
+        /// Date and time of the last message.
+        timeRole,
         isUnreadRole,
         /// The whole row as one text, for screen readers.
         descriptionRole,

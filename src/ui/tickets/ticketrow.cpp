@@ -60,7 +60,7 @@ QString description(const TicketPreviewDto &ticket)
 {
     QStringList parts = {isolatedText(senderLabel(ticket.lastMessage.sender)),
                          singleLine(ticket.lastMessage.content),
-                         timeAgoText(ticket.lastMessage.timestamp)};
+                         spokenTimeAgoText(ticket.lastMessage.timestamp)};
     if (Drafts::shared()->contains(ticket.id))
         parts.prepend(draftText());
     const Bundle &bundle = *platform().bundle;

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Tolvane.Private
+
+// Shows date and time while the mouse rests on a line of text that begins with an age.
+Loader {
+    id: tip
+
+    required property Text line
+    required property string time
+
+    x: line.effectiveHorizontalAlignment === Text.AlignRight ? line.width - width : 0
+    width: line.contentWidth
+    height: line.height
+    active: hover.hovered && time.length > 0
+    sourceComponent: ToolTip {
+        text: tip.time
+        isWanted: true
+    }
+
+    HoverHandler {
+        id: hover
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+    }
+}
