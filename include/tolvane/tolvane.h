@@ -10,6 +10,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QFuture>
+#include <QtCore/QObject>
 #include <QtCore/QString>
 #include <QtCore/QVariantMap>
 
@@ -108,9 +109,15 @@ public:
     static QFuture<void> updateCustomer(const std::optional<QString> &email,
                                         const std::optional<QString> &originalCustomerId);
 
-    /// Sets how the messenger is shown, in all windows; an open messenger changes at once.
+    /// Sets how the messenger is shown, in all windows that have no presentation of their own; an
+    /// open messenger changes at once.
     static void setPresentation(Presentation presentation);
-    /// Main thread. Does not require initialize().
+    /// Sets how the messenger is shown in this window, whatever is set for all windows. Main
+    /// thread. Does not require initialize().
+    /// @param window a QWindow, or the QWidget of a window; the library does not own it
+    static void setPresentation(Presentation presentation, QObject *window);
+    /// The presentation in all windows that have none of their own. Main thread. Does not require
+    /// initialize().
     static Presentation presentation();
 
     /// Sets the side of the panel, in all windows; an open panel moves at once.

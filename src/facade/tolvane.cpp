@@ -20,6 +20,8 @@
 #include <tolvane/tolvane.h>
 #include <tolvane/version.h>
 
+#include <QtCore/QPointer>
+
 #include <array>
 #include <memory>
 
@@ -151,6 +153,16 @@ QFuture<void> Tolvane::updateCustomer(const std::optional<QString> &email,
 void Tolvane::setPresentation(Presentation presentation)
 {
     onMainThread([presentation] { HostOptions::shared()->setPresentation(presentation); });
+}
+
+void Tolvane::setPresentation(Presentation presentation, QObject *window)
+{
+    onMainThread([presentation, window = QPointer(window)] {
+        if (window)
+            HostOptions::shared()->setPresentation(presentation, *window);
+        else
+            Logger::shared().reportMisuse(QStringLiteral("setPresentation() needs a window"));
+    });
 }
 
 Tolvane::Presentation Tolvane::presentation()

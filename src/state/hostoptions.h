@@ -5,9 +5,11 @@
 
 #include <tolvane/tolvane.h>
 
+#include <QtCore/QHash>
 #include <QtCore/QObject>
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace tolvane {
@@ -20,8 +22,13 @@ class TOLVANE_PRIVATE_EXPORT HostOptions final : public QObject
 public:
     static const std::shared_ptr<HostOptions> &shared();
 
+    /// In windows that have no presentation of their own.
     Tolvane::Presentation presentation() const { return m_presentation; }
     void setPresentation(Tolvane::Presentation presentation) { set(m_presentation, presentation); }
+    /// The window's own presentation; absent if it has none.
+    std::optional<Tolvane::Presentation> presentationOf(const QObject *window) const;
+    /// @param window a QWindow or a QWidget
+    void setPresentation(Tolvane::Presentation presentation, QObject &window);
 
     Tolvane::PanelSide panelSide() const { return m_panelSide; }
     void setPanelSide(Tolvane::PanelSide side) { set(m_panelSide, side); }
@@ -46,6 +53,7 @@ private:
     }
 
     Tolvane::Presentation m_presentation = Tolvane::Presentation::full;
+    QHash<const QObject *, Tolvane::Presentation> m_windows;
     Tolvane::PanelSide m_panelSide = Tolvane::PanelSide::trailing;
     bool m_isScreenshotEnabled = false;
     bool m_enterSends = true;

@@ -56,6 +56,12 @@ QString ScreenData::settingsErrorText() const
     return error && !settingsDidLoad() ? tolvane::errorText(*error) : QString();
 }
 
+void ScreenData::setPanelPreferred(bool prefersPanel)
+{
+    if (std::exchange(m_prefersPanel, prefersPanel) != prefersPanel)
+        Q_EMIT prefersPanelChanged();
+}
+
 void ScreenData::setShown(bool isShown)
 {
     if (m_isShown == isShown)

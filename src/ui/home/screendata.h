@@ -34,6 +34,8 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT ScreenData : public QObject
     Q_PROPERTY(bool isLoadingSettings READ isLoadingSettings NOTIFY settingsChanged)
     /// True if an item of the host shows the messenger. Then the host decides when it is closed.
     Q_PROPERTY(bool isEmbedded READ isEmbedded CONSTANT)
+    /// Whether the host wants a panel, which needs a window that is large enough.
+    Q_PROPERTY(bool prefersPanel READ prefersPanel NOTIFY prefersPanelChanged)
     /// True makes the messenger slide in. False makes it slide out, after which it calls didHide().
     Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
     /// "idle", "loading", "loadingWithPreview", "loaded", "empty" or "error"
@@ -60,6 +62,8 @@ public:
     bool isEmbedded() const { return m_isEmbedded; }
     /// Call it before the views are created.
     void setEmbedded(bool isEmbedded) { m_isEmbedded = isEmbedded; }
+    bool prefersPanel() const { return m_prefersPanel; }
+    void setPanelPreferred(bool prefersPanel);
     bool isShown() const { return m_isShown; }
     void setShown(bool isShown);
     bool settingsDidLoad() const;
@@ -94,6 +98,7 @@ Q_SIGNALS:
     void settingsChanged();
     void ticketsChanged();
     void draftsChanged();
+    void prefersPanelChanged();
     void isShownChanged();
     void newTicketTextChanged();
     void closeRequested();
@@ -115,6 +120,7 @@ private:
     std::vector<NotificationCenter::Observation> m_observations;
     bool m_hasStarted = false;
     bool m_isEmbedded = false;
+    bool m_prefersPanel = false;
     bool m_isShown = false;
 };
 

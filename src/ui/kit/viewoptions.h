@@ -14,7 +14,6 @@ class ViewOptions : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    Q_PROPERTY(bool prefersPanel READ prefersPanel NOTIFY changed)
     Q_PROPERTY(bool isPanelLeading READ isPanelLeading NOTIFY changed)
     Q_PROPERTY(bool isScreenshotEnabled READ isScreenshotEnabled NOTIFY changed)
     Q_PROPERTY(bool enterSends READ enterSends NOTIFY changed)
@@ -26,10 +25,6 @@ public:
         connect(HostOptions::shared().get(), &HostOptions::changed, this, &ViewOptions::changed);
     }
 
-    bool prefersPanel() const
-    {
-        return HostOptions::shared()->presentation() == Tolvane::Presentation::panel;
-    }
     bool isPanelLeading() const
     {
         return HostOptions::shared()->panelSide() == Tolvane::PanelSide::leading;

@@ -14,9 +14,8 @@ FocusScope {
 
     readonly property size windowSize: Qt.size(parent?.width ?? 0, parent?.height ?? 0)
     readonly property rect area:
-        PanelRules.area(windowSize, prefersPanel, Strings.isRightToLeft !== ViewOptions.isPanelLeading)
-    readonly property bool prefersPanel: ViewOptions.prefersPanel && !screen.isEmbedded
-    readonly property bool isPanel: prefersPanel && PanelRules.hasRoom(windowSize)
+        PanelRules.area(windowSize, screen.prefersPanel, Strings.isRightToLeft !== ViewOptions.isPanelLeading)
+    readonly property bool isPanel: screen.prefersPanel && PanelRules.hasRoom(windowSize)
 
     // Of the panel's content; the software renderer has no effects to clip with.
     readonly property int radius:

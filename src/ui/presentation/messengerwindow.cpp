@@ -72,7 +72,7 @@ MessengerWindow::MessengerWindow(QWindow &host)
     m_ownWindow->setTitle(host.title());
     m_ownWindow->setProperty("isMessenger", true);
     // On Wayland a window cannot be moved over another one.
-    if (HostOptions::shared()->presentation() == Tolvane::Presentation::panel ||
+    if (presentationIn(host) == Tolvane::Presentation::panel ||
         QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
         placeInHost();
     else
@@ -96,10 +96,22 @@ void MessengerWindow::placeOverHost()
 void MessengerWindow::placeInHost()
 {
     const auto place = [&host = *m_host, own = m_ownWindow.get()] {
-        const HostOptions &options = *HostOptions::shared();
-        const bool prefersPanel = options.presentation() == Tolvane::Presentation::panel;
+        const bool prefersPanel = presentationIn(host) == Tolvane::Presentation::panel;
         const bool isRightToLeft = platform().bundle->layoutDirection() == Qt::RightToLeft;
-        const bool isLeading = options.panelSide() == Tolvane::PanelSide::leading;
+Tolvane::Presentation MessengerWindow::presentationIn(const QWindow &host)
+{
+    const HostOptions &options = *HostOptions::shared();
+    if (const auto own = options.presentationOf(&host))
+        return *own;
+    // The focus object of a window of widgets is a widget.
+    for (const QObject *widget = host.focusObject(); widget; widget = widget->parent()) {
+        if (const auto own = options.presentationOf(widget))
+            return *own;
+    }
+    return options.presentation();
+}
+
+        const bool isLeading = HostOptions::shared()->panelSide() == Tolvane::PanelSide::leading;
         const QRect area =
             PanelRules::area(host.size(), prefersPanel, isRightToLeft != isLeading).toRect();
         own->setGeometry(area);

@@ -3,6 +3,8 @@
 
 #include "platform/async/shutdownhook.h"
 
+#include <tolvane/tolvane.h>
+
 #include <QtCore/QPointer>
 #include <QtQuick/QQuickWindow>
 
@@ -23,6 +25,8 @@ public:
     /// The host's window that has the focus, else a visible one; null if there is no visible
     /// window.
     static QWindow *foregroundWindow();
+    /// How the host wants the messenger to be shown in this window.
+    static Tolvane::Presentation presentationIn(const QWindow &host);
 
     /// The messenger's own window; null if the host's window shows it.
     QQuickWindow *ownWindow() const { return m_ownWindow.get(); }

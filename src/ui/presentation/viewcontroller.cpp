@@ -4,6 +4,7 @@
 #include "analytics/manager.h"
 #include "platform/logger.h"
 #include "platform/platform.h"
+#include "state/hostoptions.h"
 #include "state/notifications.h"
 #include "ui/home/screendata.h"
 #include "ui/presentation/idlememory.h"
@@ -137,6 +138,9 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
         "qrc:/qt-project.org/imports/Tolvane/Private/presentation/TolvanePresentation.qml"));
     QQmlComponent component(&viewsEngine(), file);
     if (component.isReady()) {
+    updatePresentation();
+    connect(HostOptions::shared().get(), &HostOptions::changed, this,
+            &TolvaneViewController::updatePresentation);
         m_view = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
             {{QStringLiteral("screen"), QVariant::fromValue(m_data.get())},
              {QStringLiteral("parent"), QVariant::fromValue(parent)}}));
@@ -182,6 +186,15 @@ void TolvaneViewController::graphicsFailed(QQuickWindow::SceneGraphError /*error
     Logger::shared().log(LogLevel::error,
                          QStringLiteral("The messenger cannot be drawn: ") + message);
     viewDidDisappear();
+}
+
+/// A window of the messenger's own is as large as the panel.
+void TolvaneViewController::updatePresentation()
+{
+    const QWindow *host = m_messengerWindow.host();
+    m_data->setPanelPreferred(host && !m_place && !m_messengerWindow.ownWindow() &&
+                              MessengerWindow::presentationIn(*host) ==
+                                  Tolvane::Presentation::panel);
 }
 
 void TolvaneViewController::viewDidDisappear()

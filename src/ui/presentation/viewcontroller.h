@@ -42,6 +42,7 @@ private:
     void presentIn(QWindow &window, QQuickItem *place);
     bool viewDidLoad(QQuickItem *parent);
     void graphicsFailed(QQuickWindow::SceneGraphError error, const QString &message);
+    void updatePresentation();
     void viewDidDisappear();
     void closeTapped();
 

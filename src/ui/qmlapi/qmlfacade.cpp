@@ -104,13 +104,24 @@ void QmlFacade::updateCustomer(const QVariant &email, const QVariant &originalCu
     Tolvane::updateCustomer(optionalText(email), optionalText(originalCustomerId));
 }
 
+bool QmlFacade::isKnown(Presentation presentation) const
+{
+    if (QMetaEnum::fromType<Presentation>().valueToKey(presentation))
+        return true;
+    qmlWarning(this) << "There is no presentation " << static_cast<int>(presentation);
+    return false;
+}
+
 void QmlFacade::setPresentation(Presentation presentation)
 {
-    if (!QMetaEnum::fromType<Presentation>().valueToKey(presentation)) {
-        qmlWarning(this) << "There is no presentation " << static_cast<int>(presentation);
-        return;
-    }
-    Tolvane::setPresentation(static_cast<Tolvane::Presentation>(presentation));
+    if (isKnown(presentation))
+        Tolvane::setPresentation(static_cast<Tolvane::Presentation>(presentation));
+}
+
+void QmlFacade::setPresentation(Presentation presentation, QObject *window)
+{
+    if (isKnown(presentation))
+        Tolvane::setPresentation(static_cast<Tolvane::Presentation>(presentation), window);
 }
 
 void QmlFacade::setPanelSide(PanelSide side)

@@ -36,7 +36,8 @@ class QmlFacade : public QObject
     Q_PROPERTY(bool isOpen READ isOpen NOTIFY isOpenChanged)
     /// The number of conversations with an unread message; see Tolvane::unreadCount().
     Q_PROPERTY(int unreadCount READ unreadCount NOTIFY unreadCountChanged)
-    /// How the messenger is shown: `Tolvane.Full` or `Tolvane.Panel`.
+    /// How the messenger is shown: `Tolvane.Full` or `Tolvane.Panel`. A window may have its own,
+    /// see setPresentation().
     Q_PROPERTY(Presentation presentation READ presentation WRITE setPresentation NOTIFY
                    presentationChanged)
     /// The side of the panel: `Tolvane.Trailing` or `Tolvane.Leading`.
@@ -89,6 +90,10 @@ public:
     /// `undefined` and `null` mean absent.
     Q_INVOKABLE void updateCustomer(const QVariant &email = {},
                                     const QVariant &originalCustomerId = {});
+    /// Sets how the messenger is shown in one window.
+    /// @param window the window, for example `Window.window`
+    Q_INVOKABLE void setPresentation(tolvane::QmlFacade::Presentation presentation,
+                                     QObject *window);
     Q_INVOKABLE void setScreenshotEnabled(bool enabled);
     Q_INVOKABLE void setEnterSends(bool sends);
     Q_INVOKABLE void open();
@@ -118,6 +123,7 @@ private:
     class AnalyticsObserver;
 
     void updateIsOpen();
+    bool isKnown(Presentation presentation) const;
 
     bool m_isOpen;
     std::shared_ptr<AnalyticsObserver> m_observer;

@@ -229,7 +229,10 @@ private:
     {
         MessengerFixture fixture;
         fixture.bundle->direction = direction;
-        Tolvane::setPresentation(Tolvane::Presentation::panel);
+        if (side == Tolvane::PanelSide::leading)
+            Tolvane::setPresentation(Tolvane::Presentation::panel);
+        else
+            Tolvane::setPresentation(Tolvane::Presentation::panel, &fixture.host);
         Tolvane::setPanelSide(side);
         fixture.host.resize(window);
         QVERIFY(fixture.showHost());

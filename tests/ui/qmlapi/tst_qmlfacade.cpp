@@ -134,6 +134,9 @@ private Q_SLOTS:
               u"Tolvane.willPresentNotification({}) === Tolvane.None"_s,
               u"Tolvane.SoundAndBanner === 18 && Tolvane.unreadCount === 0"_s,
               u"Tolvane.close() || !Tolvane.isOpen"_s,
+              u"Tolvane.presentation = Tolvane.Panel; Tolvane.setPresentation(Tolvane.Full, "
+              u"Tolvane);"
+              u"Tolvane.presentation === Tolvane.Panel"_s,
               u"Tolvane.version === '%1'"_s.arg(Tolvane::version())})
             QVERIFY2(fixture.run(source).toBool(), qPrintable(source));
     }
