@@ -9,6 +9,7 @@
 
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QPainterPath>
 
 namespace tolvane {
@@ -35,6 +36,41 @@ QRegion roundedRegion(const QSize &size)
     path.addRoundedRect(QRect(QPoint(), size), Metrics::PanelRadius, Metrics::PanelRadius);
     return QRegion(path.toFillPolygon().toPolygon());
 }
+
+/// F6 and Ctrl+Tab go from a host without Qt Quick to the panel and back. Owned by the panel.
+class FocusKeys final : public QObject
+{
+public:
+    FocusKeys(QWindow &host, QWindow &panel)
+        : QObject(&panel)
+        , m_host(host)
+        , m_panel(panel)
+    {
+        host.installEventFilter(this);
+        panel.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool isPress = event->type() == QEvent::KeyPress;
+        const bool coversHost = m_panel.size() == m_host.size();
+        if (coversHost || (!isPress && event->type() != QEvent::ShortcutOverride))
+            return false;
+        const auto *press = static_cast<QKeyEvent *>(event);
+        const QKeyCombination key = press->keyCombination();
+        if (key != QKeyCombination(Qt::Key_F6) && key != (Qt::CTRL | Qt::Key_Tab))
+            return false;
+        event->accept();
+        if (isPress)
+            (watched == &m_panel ? m_host : m_panel).requestActivate();
+        return true;
+    }
+
+private:
+    QWindow &m_host;
+    QWindow &m_panel;
+};
 
 /// Stops the render thread, which draws animations until the process has ended. exit() would
 /// destroy what the thread uses.
@@ -123,6 +159,7 @@ Tolvane::Presentation MessengerWindow::presentationIn(const QWindow &host)
     for (const auto changed : {&QWindow::widthChanged, &QWindow::heightChanged})
         QObject::connect(m_host, changed, m_ownWindow.get(), place);
     QObject::connect(HostOptions::shared().get(), &HostOptions::changed, m_ownWindow.get(), place);
+    new FocusKeys(*m_host, *m_ownWindow);
 }
 
 void MessengerWindow::DeleteLater::operator()(QQuickWindow *window) const

@@ -8,6 +8,7 @@
 #include "state/notifications.h"
 #include "ui/home/screendata.h"
 #include "ui/presentation/idlememory.h"
+#include "ui/presentation/keyguard.h"
 #include "ui/presentation/missingparts.h"
 #include "ui/presentation/viewsengine.h"
 
@@ -154,6 +155,7 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
     connect(m_data.get(), &ScreenData::closeRequested, this, &TolvaneViewController::closeTapped);
     // Queued, since the view emits the signal and the slot deletes the view.
     connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
+    new KeyGuard(*m_view, *m_data);
             Qt::QueuedConnection);
     // The window may be closed or destroyed under the messenger, and the application may end.
     const auto closeWith = [this](const QWindow *window) {
