@@ -97,6 +97,19 @@ QWindow *MessengerWindow::foregroundWindow()
     return shown == windows.end() ? nullptr : *shown;
 }
 
+Tolvane::Presentation MessengerWindow::presentationIn(const QWindow &host)
+{
+    const HostOptions &options = *HostOptions::shared();
+    if (const auto own = options.presentationOf(&host))
+        return *own;
+    // The focus object of a window of widgets is a widget.
+    for (const QObject *widget = host.focusObject(); widget; widget = widget->parent()) {
+        if (const auto own = options.presentationOf(widget))
+            return *own;
+    }
+    return options.presentation();
+}
+
 MessengerWindow::MessengerWindow(QWindow &host)
     : m_host(&host)
     , m_window(qobject_cast<QQuickWindow *>(&host))
@@ -134,19 +147,6 @@ void MessengerWindow::placeInHost()
     const auto place = [&host = *m_host, own = m_ownWindow.get()] {
         const bool prefersPanel = presentationIn(host) == Tolvane::Presentation::panel;
         const bool isRightToLeft = platform().bundle->layoutDirection() == Qt::RightToLeft;
-Tolvane::Presentation MessengerWindow::presentationIn(const QWindow &host)
-{
-    const HostOptions &options = *HostOptions::shared();
-    if (const auto own = options.presentationOf(&host))
-        return *own;
-    // The focus object of a window of widgets is a widget.
-    for (const QObject *widget = host.focusObject(); widget; widget = widget->parent()) {
-        if (const auto own = options.presentationOf(widget))
-            return *own;
-    }
-    return options.presentation();
-}
-
         const bool isLeading = HostOptions::shared()->panelSide() == Tolvane::PanelSide::leading;
         const QRect area =
             PanelRules::area(host.size(), prefersPanel, isRightToLeft != isLeading).toRect();
@@ -170,9 +170,15 @@ void MessengerWindow::DeleteLater::operator()(QQuickWindow *window) const
     window->deleteLater();
 }
 
+void MessengerWindow::moveTo(QQuickWindow *window)
+{
+    m_window = window;
+    m_shutdownHook = onShutdown([window = m_window] { stopRendering(window); });
+}
+
 void MessengerWindow::open()
 {
-    m_shutdownHook = onShutdown([window = m_window] { stopRendering(window); });
+    moveTo(m_window);
     if (!m_ownWindow)
         return;
     m_ownWindow->show();

@@ -36,6 +36,8 @@ public:
 
     /// A process that ends with exit() while the messenger is open does not crash from then on.
     void open();
+    /// The host has moved the item with the messenger to another window; null for none.
+    void moveTo(QQuickWindow *window);
     void close();
 
 private:

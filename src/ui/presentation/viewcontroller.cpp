@@ -81,17 +81,15 @@ void TolvaneViewController::dismiss()
         current()->m_data->didHide(); // It does not slide out.
 }
 
-bool TolvaneViewController::addPlace(QQuickItem &item)
+void TolvaneViewController::addPlace(QQuickItem &item)
 {
     places().push_back(&item);
     if (places().size() > 1) {
         Logger::shared().log(LogLevel::warning,
                              QStringLiteral("Another item shows the messenger; this one is empty"));
-        return false;
-    }
-    if (current())
+    } else if (current()) {
         current()->viewDidDisappear();
-    return true;
+    }
 }
 
 void TolvaneViewController::removePlace(QQuickItem &item)
@@ -103,6 +101,11 @@ void TolvaneViewController::removePlace(QQuickItem &item)
     current()->viewDidDisappear();
     if (!places().empty())
         QMetaObject::invokeMethod(qGuiApp, &TolvaneViewController::present, Qt::QueuedConnection);
+}
+
+bool TolvaneViewController::isFirstPlace(const QQuickItem &item)
+{
+    return !places().empty() && places().front() == &item;
 }
 
 bool TolvaneViewController::isShownIn(const QQuickItem &item)
@@ -135,13 +138,13 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
 {
     m_data = std::make_unique<ScreenData>();
     m_data->setEmbedded(m_place);
+    updatePresentation();
+    connect(HostOptions::shared().get(), &HostOptions::changed, this,
+            &TolvaneViewController::updatePresentation);
     const QUrl file(QStringLiteral(
         "qrc:/qt-project.org/imports/Tolvane/Private/presentation/TolvanePresentation.qml"));
     QQmlComponent component(&viewsEngine(), file);
     if (component.isReady()) {
-    updatePresentation();
-    connect(HostOptions::shared().get(), &HostOptions::changed, this,
-            &TolvaneViewController::updatePresentation);
         m_view = qobject_cast<QQuickItem *>(component.createWithInitialProperties(
             {{QStringLiteral("screen"), QVariant::fromValue(m_data.get())},
              {QStringLiteral("parent"), QVariant::fromValue(parent)}}));
@@ -152,10 +155,10 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
         return false;
     }
     QQmlEngine::setObjectOwnership(m_view, QQmlEngine::CppOwnership);
+    new KeyGuard(*m_view, *m_data);
     connect(m_data.get(), &ScreenData::closeRequested, this, &TolvaneViewController::closeTapped);
     // Queued, since the view emits the signal and the slot deletes the view.
     connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
-    new KeyGuard(*m_view, *m_data);
             Qt::QueuedConnection);
     // The window may be closed or destroyed under the messenger, and the application may end.
     const auto closeWith = [this](const QWindow *window) {
@@ -165,7 +168,10 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
         });
     };
     // An item of the host is removed as a place then. A dock that floats gets another window.
-    if (!m_place) {
+    if (m_place) {
+        connect(m_place, &QQuickItem::windowChanged, this,
+                [this](QQuickWindow *window) { m_messengerWindow.moveTo(window); });
+    } else {
         closeWith(m_messengerWindow.window());
         closeWith(m_messengerWindow.host());
         connect(m_messengerWindow.window(), &QObject::destroyed, this,
@@ -182,14 +188,6 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
     return true;
 }
 
-void TolvaneViewController::graphicsFailed(QQuickWindow::SceneGraphError /*error*/,
-                                           const QString &message)
-{
-    Logger::shared().log(LogLevel::error,
-                         QStringLiteral("The messenger cannot be drawn: ") + message);
-    viewDidDisappear();
-}
-
 /// A window of the messenger's own is as large as the panel.
 void TolvaneViewController::updatePresentation()
 {
@@ -197,6 +195,14 @@ void TolvaneViewController::updatePresentation()
     m_data->setPanelPreferred(host && !m_place && !m_messengerWindow.ownWindow() &&
                               MessengerWindow::presentationIn(*host) ==
                                   Tolvane::Presentation::panel);
+}
+
+void TolvaneViewController::graphicsFailed(QQuickWindow::SceneGraphError /*error*/,
+                                           const QString &message)
+{
+    Logger::shared().log(LogLevel::error,
+                         QStringLiteral("The messenger cannot be drawn: ") + message);
+    viewDidDisappear();
 }
 
 void TolvaneViewController::viewDidDisappear()

@@ -31,18 +31,19 @@ public:
     /// Closes the messenger, animated. Does nothing if it is closed or closing.
     static void dismiss();
 
-    /// From now on the messenger is shown in this item, until it is removed. False if another item
-    /// was added before, which shows it; the log says so.
-    static bool addPlace(QQuickItem &item);
+    /// From now on the messenger is shown in this item, until it is removed. If another item was
+    /// added before, that shows it; the log says so.
+    static void addPlace(QQuickItem &item);
     /// Closes the messenger if this item shows it. The next item shows it then.
     static void removePlace(QQuickItem &item);
+    static bool isFirstPlace(const QQuickItem &item);
     static bool isShownIn(const QQuickItem &item);
 
 private:
     void presentIn(QWindow &window, QQuickItem *place);
     bool viewDidLoad(QQuickItem *parent);
-    void graphicsFailed(QQuickWindow::SceneGraphError error, const QString &message);
     void updatePresentation();
+    void graphicsFailed(QQuickWindow::SceneGraphError error, const QString &message);
     void viewDidDisappear();
     void closeTapped();
 

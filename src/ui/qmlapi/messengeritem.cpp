@@ -59,8 +59,8 @@ void MessengerItem::updatePlace()
         return;
     m_isPlace = !m_isPlace;
     if (m_isPlace) {
-        if (TolvaneViewController::addPlace(*this))
-            openOnceInitialized();
+        TolvaneViewController::addPlace(*this);
+        openOnceInitialized();
     } else {
         TolvaneViewController::removePlace(*this);
     }
@@ -74,10 +74,11 @@ void MessengerItem::openOnceInitialized()
         sdkData->isFetchingSettings() || sdkData->settingsDidLoad() || sdkData->settingsError();
     if (!m_isPlace)
         return;
-    if (isInitialized)
-        Tolvane::open();
-    else
+    if (!isInitialized) {
         connect(sdkData.get(), &SdkData::changed, this, &MessengerItem::openOnceInitialized);
+    } else if (TolvaneViewController::isFirstPlace(*this)) {
+        Tolvane::open();
+    }
 }
 
 } // namespace tolvane

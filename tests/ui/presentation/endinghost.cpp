@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <tolvane/tolvane.h>
+#include <tolvane/views.h>
 
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QRasterWindow>
+#include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
 
 #include <cstdlib>
@@ -56,6 +58,19 @@ int main(int argc, char **argv)
          [&window] {
              window.reset();
              std::exit(exitCode);
+         }},
+        {"moved item",
+         [&window] {
+             QQuickItem *item = createMessengerItem();
+             item->setSize({400, 600});
+             item->setParentItem(static_cast<QQuickWindow *>(window.get())->contentItem());
+             QTimer::singleShot(200, item, [item] {
+                 auto *other = new QQuickWindow;
+                 other->resize(400, 600);
+                 other->show();
+                 item->setParentItem(other->contentItem());
+             });
+             QTimer::singleShot(600, [] { std::exit(exitCode); });
          }},
         {"closed already",
          [] {

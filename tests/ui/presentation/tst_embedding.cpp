@@ -4,8 +4,11 @@
 #include <tolvane/messengerwidget.h>
 #include <tolvane/views.h>
 
+#include <QtGui/QShortcut>
 #include <QtQuickWidgets/QQuickWidget>
+#include <QtTest/QSignalSpy>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMainWindow>
 
 using namespace tolvane;
@@ -118,6 +121,66 @@ private Q_SLOTS:
         QVERIFY(places.showsMessenger(0) && !places.showsMessenger(1));
         places.setVisible(0, false);
         QTRY_VERIFY(places.showsMessenger(1));
+    }
+
+    void theSecondItemFollowsWithoutTheFirst()
+    {
+        MessengerFixture fixture;
+        QVERIFY(fixture.showHost());
+        Places places(fixture);
+        places.setVisible(1, true);
+        settle();
+        places.setVisible(0, false); // Before initialize().
+        settle();
+        fixture.loadSettings();
+        QTRY_VERIFY(places.showsMessenger(1));
+    }
+
+    void keysGoBetweenWidgetsAndThePanel()
+    {
+        QFETCH_GLOBAL(const bool, areWidgets);
+        if (!areWidgets)
+            return; // tst_presentation has windows of Qt Quick.
+        MessengerFixture fixture;
+        QMainWindow host;
+        auto *field = new QLineEdit(&host);
+        host.setCentralWidget(field);
+        host.resize(900, 700);
+        const QShortcut save(QKeySequence(u"Ctrl+S"_s), &host);
+        QSignalSpy saved(&save, &QShortcut::activated);
+        const QShortcut letter(QKeySequence(u"G"_s), &host);
+        QSignalSpy taken(&letter, &QShortcut::activated);
+        Tolvane::setPresentation(Tolvane::Presentation::panel, &host);
+        host.show();
+        host.activateWindow();
+        field->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(&host));
+        fixture.loadSettings();
+        TolvaneViewController::present();
+        const auto hasFocus = [&](bool inPanel) {
+            const QWindow *focused = QGuiApplication::focusWindow();
+            return focused && (focused->parent() == host.windowHandle()) == inPanel;
+        };
+        QTRY_VERIFY(hasFocus(true));
+        QPointer<QWindow> panel = QGuiApplication::focusWindow();
+        QTest::keyClick(panel, Qt::Key_S, Qt::ControlModifier);
+        QTest::keyClick(panel, Qt::Key_G);
+        QCOMPARE(saved.count() + taken.count(), 2);
+        for (const auto modifiers : {Qt::NoModifier, Qt::ControlModifier}) {
+            const Qt::Key key = modifiers ? Qt::Key_Tab : Qt::Key_F6;
+            QTest::keyClick(panel, key, modifiers);
+            QTRY_VERIFY(hasFocus(false) && field->hasFocus());
+            QTest::keyClick(host.windowHandle(), key, modifiers);
+            QTRY_VERIFY(hasFocus(true));
+        }
+        Tolvane::openNewConversation({});
+        QTest::keyClick(panel, Qt::Key_G); // Is written.
+        QQuickItem *content = static_cast<QQuickWindow *>(panel.data())->contentItem();
+        QTRY_VERIFY(MessengerFixture::find(content, u"g"_s));
+        QCOMPARE(taken.count(), 1);
+        QTest::keyClick(panel, Qt::Key_Escape);
+        QTest::keyClick(panel, Qt::Key_Escape);
+        QTRY_VERIFY(!panel);
     }
 };
 
