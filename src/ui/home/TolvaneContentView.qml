@@ -50,10 +50,37 @@ FocusScope {
     }
 
     Keys.onPressed: event => {
-        if (event.matches(StandardKey.Refresh)) {
+        const list = parallax.list
+        const page = 0.9 * (list.height - newTicket.height)
+        event.accepted = true
+        if (event.matches(StandardKey.Refresh))
             screen.load()
-            event.accepted = true
-        }
+        else if (event.key === Qt.Key_PageUp)
+            scrollTo(list.contentY - page)
+        else if (event.key === Qt.Key_PageDown)
+            scrollTo(list.contentY + page)
+        else if (event.key === Qt.Key_Home)
+            scrollTo(-Infinity)
+        else if (event.key === Qt.Key_End)
+            scrollTo(Infinity)
+        else
+            event.accepted = false
+    }
+
+    function scrollTo(y: real) {
+        const list = parallax.list
+        const last = list.originY + list.contentHeight + list.bottomMargin - list.height
+        scrolling.to = Math.max(list.originY, Math.min(y, last))
+        scrolling.restart()
+    }
+
+    NumberAnimation {
+        id: scrolling
+
+        target: parallax.list
+        property: "contentY"
+        duration: Metrics.ShortDuration
+        easing.type: Easing.OutQuad
     }
 
     // Updates the ages of the messages while they are visible.

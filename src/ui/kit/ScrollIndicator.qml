@@ -13,11 +13,13 @@ RoundedRectangle {
     property bool isScrollBar: false
 
     readonly property bool isVertical: orientation === Qt.Vertical
-    readonly property real room: isVertical ? flickable.height : flickable.width
-    readonly property real ratio: isVertical ? flickable.visibleArea.heightRatio
-                                             : flickable.visibleArea.widthRatio
-    readonly property real position: isVertical ? flickable.visibleArea.yPosition
-                                                : flickable.visibleArea.xPosition
+    /// The length that the bar can move along.
+    property real room: isVertical ? flickable.height : flickable.width
+    /// The visible part of the content and where it begins, as fractions of the content.
+    property real ratio: isVertical ? flickable.visibleArea.heightRatio
+                                    : flickable.visibleArea.widthRatio
+    property real position: isVertical ? flickable.visibleArea.yPosition
+                                       : flickable.visibleArea.xPosition
     // Long texts would shrink it to a dot.
     readonly property real length: Math.max(ratio * room, Math.min(24, room))
     readonly property real place:
@@ -29,7 +31,7 @@ RoundedRectangle {
     height: isVertical ? length : 3
     radius: 1.5
     color: Theme.fontBasicColor
-    opacity: !isScrollBar || flickable.moving || hideDelay.running || area.item?.isUsed ? 0.3 : 0
+    opacity: area.item?.isUsed ? 0.5 : !isScrollBar || flickable.moving || hideDelay.running ? 0.3 : 0
     visible: ratio < 1
 
     Behavior on opacity {
@@ -71,7 +73,7 @@ RoundedRectangle {
             onPositionChanged: mouse => {
                 if (!pressed)
                     return
-                const hidden = mark.room / mark.ratio - mark.room
+                const hidden = mark.flickable.height / mark.ratio - mark.flickable.height
                 const moved = (mouse.y - grabbedAt) / (mark.room - mark.length)
                 const next = Math.max(0, Math.min(1 - mark.ratio, mark.position + moved * (1 - mark.ratio)))
                 mark.flickable.contentY += (next - mark.position) / (1 - mark.ratio) * hidden

@@ -210,6 +210,17 @@ Item {
         onMessageCopied: message => list.model.copy(rows.indexOf(message))
     }
 
+    ScrollIndicator {
+        readonly property real contentHeight: rows.end - rows.start + flickable.height
+
+        flickable: flickable
+        orientation: Qt.Vertical
+        isScrollBar: true
+        room: list.height - list.bottomContentMargin
+        ratio: flickable.height / contentHeight
+        position: (flickable.contentY - rows.start) / contentHeight
+    }
+
     NewestButton {
         anchors.right: parent.right
         anchors.bottom: parent.bottom

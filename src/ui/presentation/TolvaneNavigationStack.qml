@@ -16,9 +16,13 @@ FocusScope {
     /// property, because a page must keep its destination until it is destroyed.
     readonly property var shown: ({path: []})
     /// The number of shown pages; a fraction while a page slides in or out.
-    property real depth: pathLength
+    property real depth: pathLength - pulled
+    /// How much of the top page a finger has pulled out, from the leading edge.
+    property real pulled: 0
 
     Behavior on depth {
+        enabled: !edge.active
+
         NumberAnimation {
             duration: Metrics.SlideDuration
             easing.type: Easing.OutCubic
@@ -101,6 +105,37 @@ FocusScope {
             focus: isOnTop
             enabled: isOnTop
             isOnTop: level === stack.pathLength
+        }
+    }
+
+    // A swipe from the leading edge goes back.
+    Item {
+        anchors.left: parent.left
+        width: 20
+        height: parent.height
+        enabled: stack.pathLength > 0
+
+        DragHandler {
+            id: edge
+
+            readonly property real distance:
+                stack.LayoutMirroring.enabled ? -activeTranslation.x : activeTranslation.x
+
+            target: null
+            acceptedDevices: PointerDevice.TouchScreen
+            grabPermissions: PointerHandler.CanTakeOverFromAnything
+            yAxis.enabled: false
+            onDistanceChanged: {
+                if (active)
+                    stack.pulled = Math.max(0, Math.min(distance / stack.width, 1))
+            }
+            onActiveChanged: {
+                if (active)
+                    return
+                if (stack.pulled > 0.3)
+                    stack.navigation.goBack()
+                stack.pulled = 0
+            }
         }
     }
 }

@@ -186,6 +186,26 @@ private Q_SLOTS:
         QCOMPARE(fixture.screen()->ticketState(), u"open"_s);
     }
 
+    void aSwipeFromTheEdgeGoesBack()
+    {
+        const std::unique_ptr<QPointingDevice> touchScreen(
+            QTest::createTouchDevice(QInputDevice::DeviceType::TouchScreen));
+        TicketScreenFixture fixture;
+        fixture.open();
+        for (const int start : {100, 5}) {
+            fixture.robot.waitForAnimations();
+            auto finger = QTest::touchEvent(&fixture.host, touchScreen.get(), false);
+            finger.press(0, QPoint(start, 300)).commit();
+            for (int x = start; x < start + 200; x += 20) {
+                finger.move(0, QPoint(x, 300)).commit();
+                QTest::qWait(20);
+            }
+            finger.release(0, QPoint(start + 200, 300)).commit();
+            fixture.robot.waitForAnimations();
+            QCOMPARE(fixture.screen() != nullptr, start == 100);
+        }
+    }
+
     void theHeader()
     {
         const MessageDto customer = makeNamedMessage(u"m1"_s, words::customer, u"Ada"_s);

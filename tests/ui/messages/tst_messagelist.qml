@@ -284,6 +284,8 @@ Rectangle {
             tryCompare(list.rows, "contentY", list.rows.start + 540)
             keyClick(Qt.Key_End)
             verifyAtEnd()
+            mouseDrag(list, list.width - 2, 590, 0, -600) // The scroll bar.
+            verify(list.rows.end - list.rows.contentY > 3000)
         }
 
         function test_picturesAreOpened_data() {

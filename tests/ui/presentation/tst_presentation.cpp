@@ -207,7 +207,14 @@ private:
             QVERIFY(std::ranges::none_of(fixture.session->requests, [](const UrlRequest &request) {
                 return request.method == "POST";
             })); // Nothing is sent.
-            QTest::keyClick(&fixture.host, Qt::Key_Escape);
+            QTRY_VERIFY(fixture.isInPlace());
+            QTRY_COMPARE(fixture.lastVisible("NavigationPage_")->mapToScene({}).x(), 0.0);
+            if (!isOpen)
+                QTest::mouseClick(&fixture.host, Qt::BackButton, {}, QPoint(200, 300));
+            else if (draft.isEmpty())
+                QTest::keyClick(&fixture.host, Qt::Key_Left, Qt::AltModifier);
+            else
+                QTest::keyClick(&fixture.host, Qt::Key_Escape);
             QTRY_VERIFY(!fixture.find(title) && fixture.find(u"main_subtitle"_s));
         }
     }
