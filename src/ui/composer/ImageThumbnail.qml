@@ -47,6 +47,8 @@ Item {
 
     // Larger than the visible button, up to the corner, so that a finger can hit it.
     Pressable {
+        id: remove
+
         anchors.top: parent.top
         anchors.right: parent.right
         width: Metrics.ComposerButtonSize
@@ -61,7 +63,7 @@ Item {
             width: 20
             height: 20
             radius: 10
-            color: "#99ffffff"
+            color: remove.isPressed || remove.isHovered ? "white" : "#99ffffff"
 
             Icon {
                 anchors.centerIn: parent
@@ -70,6 +72,11 @@ Item {
                 name: "close"
                 color: "#99000000"
             }
+        }
+
+        ToolTip {
+            text: remove.name + " (Del)"
+            isWanted: remove.isHovered && !remove.isPressed
         }
     }
 }

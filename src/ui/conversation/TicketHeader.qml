@@ -17,6 +17,22 @@ Item {
     Accessible.role: Accessible.Heading
     Accessible.name: subtitle.length > 0 ? title + ", " + subtitle : title
 
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: -Metrics.SmallPadding
+        anchors.rightMargin: -Metrics.SmallPadding
+        radius: Metrics.ItemRadius
+        color: Theme.accentColor
+        opacity: hover.hovered ? 0.08 : 0
+    }
+
+    HoverHandler {
+        id: hover
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+        cursorShape: Qt.PointingHandCursor
+    }
+
     Column {
         anchors.verticalCenter: parent.verticalCenter
         width: parent.width

@@ -140,6 +140,7 @@ FocusScope {
         color: Theme.accentColor
         focusRing.ground: Theme.primaryColor
         name: Strings.string("accessibility_close")
+        shortcut: "Esc"
         onClicked: home.screen.close()
     }
 

@@ -60,7 +60,7 @@ Pressable {
     RoundedRectangle {
         anchors.fill: parent
         radius: Metrics.ItemRadius
-        color: Theme.accentColor
+        color: Qt.tint(Theme.accentColor, Qt.alpha(Theme.primaryColor, button.isHovered ? 0.08 : 0))
     }
 
     Column {

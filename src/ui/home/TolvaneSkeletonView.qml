@@ -56,6 +56,7 @@ Rectangle {
         color: Theme.fontBasicColor
         focusRing.ground: Theme.primaryColor
         name: Strings.string("accessibility_close")
+        shortcut: "Esc"
         onClicked: view.screen.close()
     }
 }

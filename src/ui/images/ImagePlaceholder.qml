@@ -37,7 +37,15 @@ Item {
         height: width
         name: "photo-broken"
         color: placeholder.tint
+        opacity: hover.hovered ? 0.7 : 1
         visible: placeholder.hasFailed
+    }
+
+    HoverHandler {
+        id: hover
+
+        enabled: placeholder.hasFailed && placeholder.retriesOnPress
+        cursorShape: Qt.PointingHandCursor
     }
 
     TapHandler {

@@ -2,7 +2,7 @@
 import QtQuick
 import Tolvane.Private
 
-// Outlines the item that has the keyboard focus.
+// Outlines the item that has the focus, while the customer uses the keyboard.
 RoundedRectangle {
     id: ring
 
@@ -16,5 +16,5 @@ RoundedRectangle {
     radius: Metrics.ItemRadius
     rim: 2
     color: isShown && tint.a > 0 ? Theme.visibleOn(ground, tint) : tint
-    visible: isShown
+    visible: isShown && Keyboard.isInUse
 }

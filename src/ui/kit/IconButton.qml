@@ -12,6 +12,7 @@ Pressable {
     property bool mirrors: false
     property bool isFlipped: mirrors && LayoutMirroring.enabled
     property real iconSize: Metrics.IconSize
+    property real iconRotation: isFlipped ? 180 : 0
     /// The keyboard shortcut with the same effect, for the tooltip.
     property string shortcut
     /// Set it while the button itself is disabled, as opposed to its whole page.
@@ -21,7 +22,6 @@ Pressable {
     implicitWidth: Metrics.ButtonSize
     implicitHeight: Metrics.ButtonSize
     focusRing.tint: color
-    hoverEnabled: true
 
     Rectangle {
         anchors.fill: parent
@@ -42,6 +42,6 @@ Pressable {
         name: button.icon
         color: button.color
         opacity: button.isPressed ? 0.4 : button.iconOpacity
-        rotation: button.isFlipped ? 180 : 0
+        rotation: button.iconRotation
     }
 }

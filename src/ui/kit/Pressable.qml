@@ -11,7 +11,6 @@ Item {
     required property string name
     /// The part that a pointer can press.
     property Item surface: pressable
-    property alias hoverEnabled: area.hoverEnabled
     readonly property alias isHovered: area.containsMouse
     readonly property alias isPressed: area.pressed
     readonly property alias focusRing: ring
@@ -48,6 +47,7 @@ Item {
         id: area
 
         anchors.fill: pressable.surface
+        hoverEnabled: true
         cursorShape: Qt.PointingHandCursor
         acceptedButtons: pressable.hasMenu ? Qt.LeftButton | Qt.RightButton : Qt.LeftButton
         onClicked: mouse => {

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/kit/keyboard.h"
 
+#include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
+
+#include <utility>
 
 namespace tolvane {
 
@@ -33,6 +36,18 @@ Keyboard::Keyboard(QObject *parent)
     connect(inputMethod, &QInputMethod::visibleChanged, this, update);
     connect(inputMethod, &QInputMethod::keyboardRectangleChanged, this, update);
     m_area = currentArea();
+    qGuiApp->installEventFilter(this);
+}
+
+bool Keyboard::eventFilter(QObject *watched, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    const bool isKey = type == QEvent::KeyPress;
+    if (isKey || type == QEvent::MouseButtonPress || type == QEvent::TouchBegin) {
+        if (std::exchange(m_isInUse, isKey) != isKey)
+            Q_EMIT isInUseChanged();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void Keyboard::setArea(const QRectF &area)

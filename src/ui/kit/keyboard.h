@@ -19,12 +19,15 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT Keyboard : public QObject
     /// The distance of its upper edge from the top of the window, in pixels; meaningless while it
     /// is not shown.
     Q_PROPERTY(double top READ top NOTIFY changed)
+    /// Whether the last input was a key, not a pointer. Views show the focus then.
+    Q_PROPERTY(bool isInUse READ isInUse NOTIFY isInUseChanged)
 
 public:
     explicit Keyboard(QObject *parent = nullptr);
 
     bool isShown() const { return !m_area.isEmpty(); }
     double top() const { return m_area.top(); }
+    bool isInUse() const { return m_isInUse; }
     /// Sets the part of the window that the keyboard covers; empty while it is not shown. The input
     /// method's changes do so.
     void setArea(const QRectF &area);
@@ -41,9 +44,14 @@ Q_SIGNALS:
     void changed();
     /// The keyboard was hidden and is now shown.
     void appeared();
+    void isInUseChanged();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QRectF m_area;
+    bool m_isInUse = false;
 };
 
 } // namespace tolvane

@@ -9,7 +9,6 @@ Pressable {
     required property string text
 
     name: text
-    hoverEnabled: true
     activeFocusOnTab: false
     implicitWidth: label.implicitWidth + 2 * Metrics.Padding + Metrics.SmallPadding
     implicitHeight: label.implicitHeight + 2 * Metrics.SmallPadding
@@ -27,7 +26,7 @@ Pressable {
         anchors.rightMargin: Metrics.SmallPadding / 2
         radius: Metrics.ItemRadius
         color: Theme.isDark ? "white" : "black"
-        opacity: item.isPressed ? 0.2 : item.activeFocus || item.isHovered ? 0.1 : 0
+        opacity: item.isPressed ? 0.2 : item.focusRing.visible || item.isHovered ? 0.1 : 0
     }
     Text {
         id: label

@@ -38,6 +38,7 @@ Pressable {
         id: picture
 
         anchors.fill: parent
+        opacity: cell.isPressed ? 0.7 : cell.isHovered ? 0.85 : 1
         url: cell.imageUrl
         thumbnailSize: Qt.size(cell.width, cell.height)
 

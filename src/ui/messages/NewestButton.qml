@@ -17,7 +17,7 @@ IconButton {
     opacity: isWanted ? 1 : 0
     enabled: isWanted
     visible: opacity > 0
-    rotation: -90
+    iconRotation: -90
 
     Behavior on opacity {
         EasedAnimation { }

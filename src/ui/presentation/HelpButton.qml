@@ -19,7 +19,6 @@ Pressable {
           ? text + ", " + Strings.string("accessibility_unread") + ": " + badge.text : text
     implicitWidth: label.implicitWidth + 56
     implicitHeight: Math.max(52, label.implicitHeight + 2 * Metrics.SmallPadding)
-    hoverEnabled: true
     focusRing.tint: fill
     focusRing.anchors.margins: -4
     focusRing.radius: height / 2 + 4

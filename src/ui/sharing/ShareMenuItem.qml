@@ -9,7 +9,6 @@ Pressable {
     required property string text
 
     name: text
-    hoverEnabled: true
     activeFocusOnTab: false
     implicitHeight: 44
     focusRing.tint: "white"
@@ -26,7 +25,7 @@ Pressable {
         anchors.rightMargin: 6
         radius: Metrics.ItemRadius
         color: "white"
-        opacity: item.isPressed ? 0.25 : item.activeFocus || item.isHovered ? 0.12 : 0
+        opacity: item.isPressed ? 0.25 : item.focusRing.visible || item.isHovered ? 0.12 : 0
     }
 
     Text {

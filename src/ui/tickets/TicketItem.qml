@@ -40,7 +40,8 @@ Pressable {
         width: parent.width - 2 * x
         height: Math.max(Metrics.AvatarSize, texts.implicitHeight) + 2 * Metrics.Padding
         radius: Metrics.ItemRadius
-        color: Theme.bubbleAgentColor
+        color: Qt.tint(Theme.bubbleAgentColor, Qt.alpha(Theme.fontAgentBubbleColor,
+                                                        item.isPressed ? 0.14 : item.isHovered ? 0.07 : 0))
 
         TicketIcon {
             id: ticketIcon
@@ -75,9 +76,9 @@ Pressable {
                 Accessible.ignored: true
             }
             Text {
-                width: parent.width
                 id: age
 
+                width: parent.width
                 text: item.caption
                 textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft
@@ -85,12 +86,12 @@ Pressable {
                 color: Qt.alpha(Theme.fontAgentBubbleColor, 0.6)
                 font.pixelSize: Theme.callout
                 Accessible.ignored: true
-            }
 
                 TimeToolTip {
                     line: age
                     time: item.time
                 }
+            }
         }
 
         RoundedRectangle {

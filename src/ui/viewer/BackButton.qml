@@ -21,6 +21,13 @@ ViewerControl {
         focusRing.radius: focusRing.height / 2
         onClicked: back.clicked()
 
+        Rectangle {
+            anchors.fill: parent
+            radius: height / 2
+            color: "white"
+            opacity: button.isHovered ? 0.12 : 0
+        }
+
         Row {
             id: label
 

@@ -22,6 +22,7 @@ ViewerControl {
         focusRing.radius: focusRing.height / 2
         name: Strings.string(control.isNext ? "accessibility_next_picture"
                                             : "accessibility_previous_picture")
+        shortcut: isFlipped ? "→" : "←"
         onClicked: control.clicked()
     }
 }
