@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
 // tolvane-gallery [PICTURE]: shows the gallery in a window, or saves it as a picture.
+// tolvane-gallery --branding FILE [PICTURE]: the same with the contrasts of a branding. It fails if
+// one of them is too low.
 #include <tolvane/views.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCommandLineParser>
+#include <QtCore/QFile>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QImage>
@@ -12,6 +17,7 @@
 #include <QtNetwork/QTcpServer>
 #include <QtNetwork/QTcpSocket>
 #include <QtQml/QQmlEngine>
+#include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickView>
 
 #include <cstdio>
@@ -84,6 +90,38 @@ void setDarkPalette()
     QGuiApplication::setPalette(palette);
 }
 
+/// Shows the pictures and icons.
+void showGallery(QQuickView &view, const PictureServer &server)
+{
+    view.setInitialProperties(
+        {{QStringLiteral("wide"), sample({600, 400})},
+         {QStringLiteral("tall"), sample({300, 500})},
+         {QStringLiteral("detailed"), stripes()},
+         {QStringLiteral("pictureUrl"), server.url(QStringLiteral("photo"))},
+         {QStringLiteral("silentUrl"), server.url(QStringLiteral("silent"))}});
+    view.setSource(QUrl(QStringLiteral("qrc:/Gallery.qml")));
+}
+
+/// Shows the contrasts of the branding in a file, and prints those that are too low. Returns
+/// whether all are high enough.
+bool showContrasts(QQuickView &view, const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(path), qPrintable(file.errorString()));
+        return false;
+    }
+    const QVariantMap branding = QJsonDocument::fromJson(file.readAll()).object().toVariantMap();
+    view.setInitialProperties({{QStringLiteral("branding"), branding}});
+    view.setSource(QUrl(QStringLiteral("qrc:/Contrast.qml")));
+    if (view.status() != QQuickView::Ready)
+        return false;
+    const QStringList warnings = view.rootObject()->property("warnings").toStringList();
+    for (const QString &warning : warnings)
+        std::fprintf(stderr, "%s\n", qPrintable(warning));
+    return warnings.isEmpty();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -92,7 +130,10 @@ int main(int argc, char **argv)
     QGuiApplication::setApplicationName(QStringLiteral("tolvane-gallery"));
     QCommandLineParser parser;
     const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("Uses a dark palette."));
-    parser.addOption(dark);
+    const QCommandLineOption branding(QStringLiteral("branding"),
+                                      QStringLiteral("Shows the contrasts of this branding."),
+                                      QStringLiteral("file"));
+    parser.addOptions({dark, branding});
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("picture"),
                                  QStringLiteral("The file to save the gallery in."),
@@ -106,18 +147,16 @@ int main(int argc, char **argv)
     QQuickView view;
     bool hasWarnings = false;
     QObject::connect(view.engine(), &QQmlEngine::warnings, [&] { hasWarnings = true; });
-    view.setInitialProperties(
-        {{QStringLiteral("wide"), sample({600, 400})},
-         {QStringLiteral("tall"), sample({300, 500})},
-         {QStringLiteral("detailed"), stripes()},
-         {QStringLiteral("pictureUrl"), server.url(QStringLiteral("photo"))},
-         {QStringLiteral("silentUrl"), server.url(QStringLiteral("silent"))}});
-    view.setSource(QUrl(QStringLiteral("qrc:/Gallery.qml")));
+    bool isEnough = true;
+    if (parser.isSet(branding))
+        isEnough = showContrasts(view, parser.value(branding));
+    else
+        showGallery(view, server);
     view.show();
     if (!files.isEmpty()) {
         QTimer::singleShot(1500, &view, [&] {
             const bool isSaved = view.grabWindow().save(files.constFirst());
-            QGuiApplication::exit(isSaved && !hasWarnings ? 0 : 1);
+            QGuiApplication::exit(isSaved && isEnough && !hasWarnings ? 0 : 1);
         });
     }
     return QGuiApplication::exec();

@@ -25,9 +25,19 @@ Loader {
     Component {
         id: closed
 
-        Icon {
-            name: "checkmark-circle"
-            color: Theme.primaryColor
+        Item {
+            // Seen through the check mark, which any branding makes legible then.
+            Rectangle {
+                anchors.fill: parent
+                anchors.margins: parent.width / 4
+                radius: width / 2
+                color: Theme.accentColor
+            }
+            Icon {
+                anchors.fill: parent
+                name: "checkmark-circle"
+                color: Theme.primaryColor
+            }
         }
     }
 

@@ -23,6 +23,7 @@ constexpr std::array types = {
     std::pair{".html", "text/html; charset=utf-8"},
     std::pair{".css", "text/css; charset=utf-8"},
     std::pair{".js", "text/javascript; charset=utf-8"},
+    std::pair{".mjs", "text/javascript; charset=utf-8"},
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The dialog for colours and logos, which are the same for all customers.
+import {contrasts} from './contrast.mjs';
 import {byId, element} from './dom.js';
 import {uploadPicture, readSettings, saveBranding} from './api.js';
 
@@ -82,8 +83,26 @@ function preview(appearance) {
     return phone;
 }
 
+const number = new Intl.NumberFormat(undefined, {maximumFractionDigits: 1});
+
+function contrastWarning(appearance, {what, ratio, least}) {
+    return element('li', {}, `${what}, ${appearance.toLowerCase()}: ${number.format(ratio)}`
+        + ` instead of ${number.format(least)}`);
+}
+
+function renderContrasts() {
+    const warnings = appearances.flatMap((appearance) => contrasts(branding, appearance)
+        .filter(({isEnough}) => !isEnough)
+        .map((result) => contrastWarning(appearance, result)));
+    byId('branding-contrast').textContent = warnings.length > 0
+        ? 'These colours are hard to read for some people. They need more contrast:'
+        : 'Every text has enough contrast (WCAG AA).';
+    byId('branding-warnings').replaceChildren(...warnings);
+}
+
 function renderPreviews() {
     byId('branding-previews').replaceChildren(...appearances.map(preview));
+    renderContrasts();
 }
 
 function render() {
