@@ -195,7 +195,7 @@ private:
     // Three of ten requests fail, each in another way. The messenger may show any of its states.
     void injectFaults()
     {
-        m_proxy.chooseFault = [this](const test::ServedRequest &request) -> const test::Fault & {
+        const auto faults = [this](const test::ServedRequest &request) -> const test::Fault & {
             if (m_random() % 10 >= 3)
                 return test::faults::none;
             const auto *fault = test::faults::all.at(m_random() % test::faults::all.size());
@@ -203,12 +203,19 @@ private:
             const bool isLie = fault == &test::faults::badGateway && request.method == "POST";
             return isLie ? test::faults::unavailable : *fault;
         };
+        m_proxy.chooseFault = faults;
         Tolvane::open();
         m_robot->waitForAnimations();
         for (int i = 0; i < 4; ++i) {
             m_robot->press(Qt::Key_F5);
             test::wait(150ms);
         }
+        // Without the list, a new conversation whose response is lost is not found.
+        m_proxy.chooseFault = {};
+        close();
+        open();
+        m_robot->find(QAccessible::ListItem);
+        m_proxy.chooseFault = faults;
         m_robot->click(m_robot->find(QAccessible::Button, u"Send us a message"_s));
         for (int i = 0; i < 4; ++i) {
             const QString text = nextText();
