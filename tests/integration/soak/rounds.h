@@ -220,8 +220,12 @@ private:
         for (int i = 0; i < 4; ++i) {
             const QString text = nextText();
             write(text);
-            // There is a way on from each failure.
-            for (int attempt = 0; !m_robot->canSee(QAccessible::ListItem, text); ++attempt) {
+            const auto isSent = [&] {
+                return m_robot->canSee(QAccessible::ListItem, text) &&
+                       !m_robot->canSee(QAccessible::Indicator, u"Sending"_s) &&
+                       !m_robot->canSee(QAccessible::AlertMessage);
+            };
+            for (int attempt = 0; !isSent(); ++attempt) {
                 if (attempt == 40)
                     throw std::runtime_error("a message is not sent: " + text.toStdString());
                 m_robot->press(Qt::Key_Return, Qt::ControlModifier);
