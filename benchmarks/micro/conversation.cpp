@@ -26,8 +26,8 @@ constexpr Run runs[] = {
     {"fling-plain", 10'000, 1},
     {"type", 20, 2},
     {"zoom", 0, 2},
-    {"read", 20, 1},
-    {"read", 10'000, 1},
+    {"read", 20, 3},
+    {"read", 10'000, 2},
 };
 
 } // namespace

@@ -56,10 +56,4 @@ void measureHomeScreen(Figures &figures)
     measureFlings(figures, QStringLiteral("flingingPlain"));
 }
 
-QString renderer()
-{
-    return QString::fromUtf8(
-        test::outputOf(QStringLiteral(TOLVANE_HOME_HOST), {QStringLiteral("renderer")}).trimmed());
-}
-
 } // namespace tolvane::bench

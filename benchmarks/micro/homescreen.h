@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtCore/QString>
-
 namespace tolvane::bench {
 
 class Figures;
@@ -11,8 +9,5 @@ class Figures;
 /// while its list is flung, and its memory. Also records those of a minimal interface with only
 /// rectangles and texts. Needs a display with OpenGL.
 void measureHomeScreen(Figures &figures);
-
-/// The name of the OpenGL renderer that windows use.
-QString renderer();
 
 } // namespace tolvane::bench

@@ -37,12 +37,13 @@ Options optionsOf(const QStringList &arguments)
     return {parser.value(page), parser.value(save), parser.value(compare)};
 }
 
-/// Does what the options ask for. Returns whether all of it has succeeded.
+/// Does what the options ask for. Returns whether all of it has succeeded. A comparison judges the
+/// change only; otherwise all limits must be met.
 bool report(const std::vector<Outcome> &outcomes, const Options &options)
 {
-    bool isDone = true;
+    bool isDone = !options.compare.isEmpty() || areAllMet(outcomes);
     if (!options.page.isEmpty())
-        isDone = writePage(outcomes, renderer(), options.page) && isDone;
+        isDone = writePage(outcomes, options.page) && isDone;
     if (!options.save.isEmpty())
         isDone = save(outcomes, options.save) && isDone;
     if (!options.compare.isEmpty())
@@ -81,6 +82,5 @@ int main(int argc, char **argv)
     measureConversation(figures);
     const std::vector<Outcome> outcomes = outcomesOf(figures);
     print(outcomes);
-    const bool isReported = report(outcomes, options);
-    return isReported && areAllMet(outcomes) ? 0 : 1;
+    return report(outcomes, options) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

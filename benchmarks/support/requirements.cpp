@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "requirements.h"
 
+#include "page.h"
+
 #include <QtCore/QByteArrayView>
-#include <QtCore/QFile>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
-#include <QtCore/QSysInfo>
-#include <QtCore/QThread>
 
 #include <algorithm>
 #include <cmath>
@@ -107,11 +106,6 @@ Outcome outcomeOf(const Figures &figures, const Requirement &requirement)
     return {requirement, subject, baseline, ratio};
 }
 
-QString number(double value)
-{
-    return QString::number(value, 'g', 4);
-}
-
 /// A result with its unit, and the two figures of a ratio.
 QString resultText(const Outcome &outcome)
 {
@@ -128,41 +122,22 @@ const char *verdict(const Outcome &outcome)
     return outcome.isMet() ? "met" : "MISSED";
 }
 
-QString processor()
+QString percent(double ratio)
 {
-    QFile file(QStringLiteral("/proc/cpuinfo"));
-    if (!file.open(QIODevice::ReadOnly))
-        return QSysInfo::currentCpuArchitecture();
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        if (line.startsWith("model name"))
-            return QString::fromUtf8(line.mid(line.indexOf(':') + 1).trimmed());
-    }
-    return QSysInfo::currentCpuArchitecture();
+    return std::isfinite(ratio) ? QString::number(std::round(ratio * 100)) + QStringLiteral(" %")
+                                : QString();
 }
 
-QString machine(const QString &renderer)
-{
-    return QStringLiteral("%1, %2 threads; %3; Qt %4; %5")
-        .arg(processor())
-        .arg(QThread::idealThreadCount())
-        .arg(QSysInfo::prettyProductName(), QString::fromLatin1(qVersion()), renderer);
-}
+constexpr const char *worse = "WORSE";
 
-QByteArray readAll(const QString &fileName)
+/// What a change has done to a result. Differences within the spread are noise.
+const char *changeOf(double old, double now, double spread)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        std::fprintf(stderr, "%s: %s\n", qPrintable(fileName), qPrintable(file.errorString()));
-    return file.isOpen() ? file.readAll() : QByteArray();
-}
-
-bool write(const QString &fileName, const QByteArray &content)
-{
-    QFile file(fileName);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush())
-        return true;
-    std::fprintf(stderr, "%s: %s\n", qPrintable(fileName), qPrintable(file.errorString()));
-    return false;
+    if (std::isnan(old))
+        return "new";
+    if (std::isnan(now) || now > old * (1 + spread))
+        return worse;
+    return now < old * (1 - spread) ? "better" : "";
 }
 
 } // namespace
@@ -189,26 +164,24 @@ void print(const std::vector<Outcome> &outcomes)
     }
 }
 
-bool writePage(const std::vector<Outcome> &outcomes, const QString &renderer,
-               const QString &fileName)
+bool writePage(const std::vector<Outcome> &outcomes, const QString &fileName)
 {
-    QString page = QStringLiteral(
-        "# Performance\n\n"
-        "`./run bench --page docs/performance.md` has written this page. A limit applies to the "
-        "ratio of two figures of\none run, because machines differ; a limit without a baseline "
-        "has a reason. Times and counts are the least of\nseveral measurements, memory is the "
-        "median. The spread shows how much the measurements differ.\n\n");
-    page += QStringLiteral("Measured on: %1.\n\n").arg(machine(renderer));
-    page += QStringLiteral("| What | Result | At most | | Spread | Reason for a limit without "
-                           "baseline |\n|---|---|---|---|---|---|\n");
+    QString text = QStringLiteral(
+        "Written by `./run bench --page FILE`. A limit applies to the ratio of two figures of one "
+        "run, because machines\ndiffer; a limit without a baseline has a reason. Times and counts "
+        "are the least of several measurements, memory is\nthe median of several processes. The "
+        "spread shows how much the measurements differ.\n\n");
+    text += QStringLiteral("Measured on: %1.\n\n").arg(machine());
+    text += head({QStringLiteral("What"), QStringLiteral("Result"), QStringLiteral("At most"),
+                  QString(), QStringLiteral("Spread"),
+                  QStringLiteral("Reason for a limit without baseline")});
     for (const Outcome &outcome : outcomes) {
-        page += QStringLiteral("| %1 | %2 | %3 | %4 | %5 % | %6 |\n")
-                    .arg(QString::fromUtf8(outcome.requirement.name), resultText(outcome),
-                         number(outcome.requirement.limit), QString::fromUtf8(verdict(outcome)),
-                         QString::number(std::round(outcome.result.spread * 100)),
-                         QString::fromUtf8(outcome.requirement.reason));
+        text +=
+            row({QString::fromUtf8(outcome.requirement.name), resultText(outcome),
+                 number(outcome.requirement.limit), QString::fromUtf8(verdict(outcome)),
+                 percent(outcome.result.spread), QString::fromUtf8(outcome.requirement.reason)});
     }
-    return write(fileName, page.toUtf8());
+    return writeSection(fileName, QStringLiteral("Limits"), text);
 }
 
 bool save(const std::vector<Outcome> &outcomes, const QString &fileName)
@@ -219,24 +192,25 @@ bool save(const std::vector<Outcome> &outcomes, const QString &fileName)
                        QJsonObject{{QStringLiteral("result"), outcome.result.value},
                                    {QStringLiteral("spread"), outcome.result.spread}});
     }
-    return write(fileName, QJsonDocument(results).toJson());
+    return writeFile(fileName, QJsonDocument(results).toJson());
 }
 
 bool compare(const std::vector<Outcome> &outcomes, const QString &fileName)
 {
-    const QJsonObject before = QJsonDocument::fromJson(readAll(fileName)).object();
+    const QJsonObject before = QJsonDocument::fromJson(readFile(fileName)).object();
     bool isNoWorse = !before.isEmpty();
-    std::printf("\n%-60s %10s %10s %10s\n", "Change", "before", "now", "spread");
+    std::printf("\n%-60s %10s %10s %8s %8s\n", "Change", "before", "now", "change", "spread");
     for (const Outcome &outcome : outcomes) {
         const QJsonObject entry = before[QString::fromUtf8(outcome.requirement.name)].toObject();
-        if (entry.isEmpty())
-            continue;
-        const double old = entry[QStringLiteral("result")].toDouble();
+        // NaN, which is saved as null, stays NaN.
+        const double old = entry[QStringLiteral("result")].toDouble(NAN);
         const double spread = outcome.result.spread + entry[QStringLiteral("spread")].toDouble();
-        const bool isWorse = outcome.result.value > old * (1 + spread);
-        isNoWorse = isNoWorse && !isWorse;
-        std::printf("%-60s %10.4g %10.4g %9.0f%% %s\n", outcome.requirement.name, old,
-                    outcome.result.value, spread * 100, isWorse ? "WORSE" : "");
+        const double now = outcome.result.value;
+        const char *change = changeOf(old, now, spread);
+        isNoWorse = isNoWorse && qstrcmp(change, worse) != 0;
+        std::printf("%-60s %10.4g %10.4g %8s %8s %s\n", outcome.requirement.name, old, now,
+                    qPrintable(percent(now == old ? 0 : now / old - 1)),
+                    qPrintable(percent(spread)), change);
     }
     return isNoWorse;
 }

@@ -42,16 +42,15 @@ std::vector<Outcome> outcomesOf(const Figures &figures);
 bool areAllMet(const std::vector<Outcome> &outcomes);
 void print(const std::vector<Outcome> &outcomes);
 
-/// Writes the outcomes, the machine and the versions as a page of Markdown. Returns whether that
-/// has succeeded.
-bool writePage(const std::vector<Outcome> &outcomes, const QString &renderer,
-               const QString &fileName);
+/// Writes the outcomes, the machine and the versions as a section of a page of Markdown. Returns
+/// whether that has succeeded.
+bool writePage(const std::vector<Outcome> &outcomes, const QString &fileName);
 
 /// Saves the results and their spread as JSON, for compare(). Returns whether that has succeeded.
 bool save(const std::vector<Outcome> &outcomes, const QString &fileName);
 
-/// Prints what has changed since a run that was saved. Returns whether no result is worse by more
-/// than the spread of both runs; false for a file that cannot be read.
+/// Prints what has changed since a run that was saved. Returns whether no result is missing or
+/// worse by more than the spread of both runs; false for a file that cannot be read.
 bool compare(const std::vector<Outcome> &outcomes, const QString &fileName);
 
 } // namespace tolvane::bench
