@@ -55,12 +55,13 @@ struct List
     std::function<void()> goToEnd;
 };
 
-/// Flings from the end to the beginning, at the highest speed at which texts are recognizable.
+/// Flings from the end towards the beginning, at the highest speed at which texts are recognizable.
 /// Takes the minimum of several equal passes for each frame, because noise only adds time.
 void fling(const List &list, const QString &name, int messageCount)
 {
     constexpr double distance = 120;
     constexpr int passes = 3;
+    constexpr std::size_t mostFrames = 5'000;
     std::vector<double> frames;
     qsizetype delegates = 0;
     const auto step = [&] {
@@ -73,7 +74,8 @@ void fling(const List &list, const QString &name, int messageCount)
     for (int pass = 0; pass < passes; ++pass) {
         list.window.frame(list.goToEnd);
         test::wait(500ms);
-        for (std::size_t at = 0; !list.flickable->property("atYBeginning").toBool(); ++at) {
+        for (std::size_t at = 0;
+             at < mostFrames && !list.flickable->property("atYBeginning").toBool(); ++at) {
             frames.resize(std::max(frames.size(), at + 1), std::numeric_limits<double>::max());
             frames[at] = std::min(frames[at], list.window.frame(step));
             delegates = std::max(delegates, list.rows->childItems().size());
@@ -157,8 +159,11 @@ void flingThroughPlainList(ConversationBackend &, int messageCount)
 
 void openConversation(ConversationBackend &backend, int messageCount)
 {
+    const double memory = privateMebibytes();
     ConversationFixture fixture(backend, messageCount);
     report(fixture.open(), QStringLiteral("first frame"), messageCount);
+    test::wait(1000ms);
+    report(privateMebibytes() - memory, QStringLiteral("memory"), messageCount);
 }
 
 void append(ConversationBackend &backend, int messageCount)

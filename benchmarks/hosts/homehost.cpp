@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // tolvane-home-host SCENARIO: runs a scenario of the home screen in a host that is already running.
 // Prints each measurement as a line "NAME: NUMBER".
+#include "benchmarks/support/resourceusage.h"
 #include "frames.h"
 #include "runninghost.h"
 #include "testing/replacements.h"
@@ -10,7 +11,6 @@
 #include <tolvane/tolvane.h>
 #include <tolvane/views.h>
 
-#include <QtCore/QFile>
 #include <QtCore/QHash>
 #include <QtCore/QPointer>
 #include <QtGui/QGuiApplication>
@@ -32,27 +32,6 @@ using namespace std::chrono_literals;
 void report(const char *name, double number)
 {
     std::printf("%s: %f\n", name, number);
-}
-
-/// The memory of this process in MiB that is not in a file, without unused pages of the allocator,
-/// and the pages of our own libraries. Pages of other libraries become private and shared as other
-/// processes start and end.
-double privateMemory()
-{
-    malloc_trim(0);
-    QFile file(QStringLiteral("/proc/self/smaps"));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("Cannot read the memory usage");
-    double kibibytes = 0;
-    bool isOurs = false;
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        const QByteArrayList words = line.simplified().split(' ');
-        if (words.size() > 4)
-            isOurs = line.contains("libTolvane");
-        else if (line.startsWith("Private_Dirty:") || (isOurs && line.startsWith("Private_Clean:")))
-            kibibytes += words.at(1).toDouble();
-    }
-    return kibibytes / 1024;
 }
 
 /// The allocated memory in MiB. It is more precise than pages for small leaks.
@@ -91,11 +70,11 @@ void opening()
     RunningHost host(20);
     initialize();
     test::wait(2000ms);
-    const double before = privateMemory();
+    const double before = privateMebibytes();
     report("first open", open(host));
     host.waitForList();
     test::wait(3000ms);
-    report("presentation's memory", privateMemory() - before);
+    report("presentation's memory", privateMebibytes() - before);
     close(host);
     for (int round = 0; round < 5; ++round) {
         test::wait(200ms);
@@ -104,7 +83,7 @@ void opening()
         close(host);
     }
     test::wait(idlememory::keptFor + 1s);
-    report("memory after closing", privateMemory() - before);
+    report("memory after closing", privateMebibytes() - before);
 }
 
 /// The same with a minimal interface of the host, in an engine of its own.
@@ -112,13 +91,13 @@ void openingPlain()
 {
     RunningHost host(20);
     test::wait(2000ms);
-    const double memory = privateMemory();
+    const double memory = privateMebibytes();
     const double began = now();
     QQmlEngine engine;
     std::unique_ptr<QQuickItem> view = host.showPlain(engine);
     report("first plain view", nextFrame(host.window()) - began);
     test::wait(3000ms);
-    report("plain view's memory", privateMemory() - memory);
+    report("plain view's memory", privateMebibytes() - memory);
     view.reset();
     for (int round = 0; round < 5; ++round) {
         test::wait(200ms);

@@ -5,6 +5,7 @@
 #include <QtCore/QRegularExpression>
 
 #include <ctime>
+#include <malloc.h>
 
 namespace tolvane::bench {
 
@@ -25,6 +26,27 @@ inline double peakMebibytes()
         qFatal("Cannot read the memory usage");
     const QRegularExpression peak(QStringLiteral("VmHWM:\\s+(\\d+)"));
     return peak.match(QString::fromUtf8(file.readAll())).captured(1).toDouble() / 1024;
+}
+
+/// The memory of this process in MiB that is not in a file, without unused pages of the allocator,
+/// and the pages of our own libraries. Pages of other libraries become private and shared as other
+/// processes start and end.
+inline double privateMebibytes()
+{
+    malloc_trim(0);
+    QFile file(QStringLiteral("/proc/self/smaps"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("Cannot read the memory usage");
+    double kibibytes = 0;
+    bool isOurs = false;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        const QByteArrayList words = line.simplified().split(' ');
+        if (words.size() > 4)
+            isOurs = line.contains("libTolvane");
+        else if (line.startsWith("Private_Dirty:") || (isOurs && line.startsWith("Private_Clean:")))
+            kibibytes += words.at(1).toDouble();
+    }
+    return kibibytes / 1024;
 }
 
 } // namespace tolvane::bench
