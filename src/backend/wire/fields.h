@@ -54,9 +54,8 @@ std::size_t hashValue(const std::optional<T> &value, std::size_t seed)
 template <Record T>
 std::size_t qHash(const T &record, std::size_t seed)
 {
-    forEachField<T>([&](const auto &field) {
-        seed = qHashMulti(seed, hashValue(record.*field.member, 0));
-    });
+    forEachField<T>(
+        [&](const auto &field) { seed = qHashMulti(seed, hashValue(record.*field.member, 0)); });
     return seed;
 }
 

@@ -16,8 +16,8 @@
 
 namespace tolvane::json {
 
-/// The current position in a document, and the document's texts. Each step on the stack links to the
-/// enclosing one, so the path has no cost until an error needs it.
+/// The current position in a document, and the document's texts. Each step on the stack links to
+/// the enclosing one, so the path has no cost until an error needs it.
 class CodingPath
 {
 public:

@@ -35,7 +35,7 @@ QPointer<TolvaneViewController> &current()
 }
 
 /// Visible items of the host that the messenger may be shown in.
-std::vector<QQuickItem *> &places()
+std::vector<QQuickItem *> &hostItems()
 {
     static std::vector<QQuickItem *> items;
     return items;
@@ -67,9 +67,9 @@ void TolvaneViewController::present()
     // A messenger that is still sliding out is removed at once.
     if (current())
         current()->viewDidDisappear();
-    QQuickItem *place = places().empty() ? nullptr : places().front();
-    if (QWindow *window = place ? place->window() : MessengerWindow::foregroundWindow())
-        (new TolvaneViewController)->presentIn(*window, place);
+    QQuickItem *hostItem = hostItems().empty() ? nullptr : hostItems().front();
+    if (QWindow *window = hostItem ? hostItem->window() : MessengerWindow::foregroundWindow())
+        (new TolvaneViewController)->presentIn(*window, hostItem);
 }
 
 void TolvaneViewController::dismiss()
@@ -77,14 +77,14 @@ void TolvaneViewController::dismiss()
     if (!current())
         return;
     current()->m_data->setShown(false);
-    if (current()->m_place)
+    if (current()->m_hostItem)
         current()->m_data->didHide(); // It does not slide out.
 }
 
-void TolvaneViewController::addPlace(QQuickItem &item)
+void TolvaneViewController::addHostItem(QQuickItem &item)
 {
-    places().push_back(&item);
-    if (places().size() > 1) {
+    hostItems().push_back(&item);
+    if (hostItems().size() > 1) {
         Logger::shared().log(LogLevel::warning,
                              QStringLiteral("Another item shows the messenger; this one is empty"));
     } else if (current()) {
@@ -92,40 +92,40 @@ void TolvaneViewController::addPlace(QQuickItem &item)
     }
 }
 
-void TolvaneViewController::removePlace(QQuickItem &item)
+void TolvaneViewController::removeHostItem(QQuickItem &item)
 {
     const bool wasShown = isShownIn(item);
-    std::erase(places(), &item);
+    std::erase(hostItems(), &item);
     if (!wasShown)
         return;
     current()->viewDidDisappear();
-    if (!places().empty())
+    if (!hostItems().empty())
         QMetaObject::invokeMethod(qGuiApp, &TolvaneViewController::present, Qt::QueuedConnection);
 }
 
-bool TolvaneViewController::isFirstPlace(const QQuickItem &item)
+bool TolvaneViewController::isFirstHostItem(const QQuickItem &item)
 {
-    return !places().empty() && places().front() == &item;
+    return !hostItems().empty() && hostItems().front() == &item;
 }
 
 bool TolvaneViewController::isShownIn(const QQuickItem &item)
 {
-    return current() && current()->m_place == &item;
+    return current() && current()->m_hostItem == &item;
 }
 
-void TolvaneViewController::presentIn(QWindow &window, QQuickItem *place)
+void TolvaneViewController::presentIn(QWindow &window, QQuickItem *hostItem)
 {
-    m_place = place;
+    m_hostItem = hostItem;
     idlememory::keep();
     m_messengerWindow = MessengerWindow(window);
     m_previousFocusItem = m_messengerWindow.window()->activeFocusItem();
-    if (!viewDidLoad(place ? place : m_messengerWindow.window()->contentItem())) {
+    if (!viewDidLoad(hostItem ? hostItem : m_messengerWindow.window()->contentItem())) {
         deleteLater();
         return;
     }
     current() = this;
     m_messengerWindow.open();
-    if (!place)
+    if (!hostItem)
         m_view->forceActiveFocus();
     m_isOnScreen = true;
     m_data->setShown(true);
@@ -137,7 +137,7 @@ void TolvaneViewController::presentIn(QWindow &window, QQuickItem *place)
 bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
 {
     m_data = std::make_unique<ScreenData>();
-    m_data->setEmbedded(m_place);
+    m_data->setEmbedded(m_hostItem);
     updatePresentation();
     connect(HostOptions::shared().get(), &HostOptions::changed, this,
             &TolvaneViewController::updatePresentation);
@@ -167,9 +167,9 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
                 viewDidDisappear();
         });
     };
-    // An item of the host is removed as a place then. A dock that floats gets another window.
-    if (m_place) {
-        connect(m_place, &QQuickItem::windowChanged, this,
+    // MessengerItem removes itself when its window hides. A dock that floats gets another window.
+    if (m_hostItem) {
+        connect(m_hostItem, &QQuickItem::windowChanged, this,
                 [this](QQuickWindow *window) { m_messengerWindow.moveTo(window); });
     } else {
         closeWith(m_messengerWindow.window());
@@ -192,7 +192,7 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
 void TolvaneViewController::updatePresentation()
 {
     const QWindow *host = m_messengerWindow.host();
-    m_data->setPanelPreferred(host && !m_place && !m_messengerWindow.ownWindow() &&
+    m_data->setPanelPreferred(host && !m_hostItem && !m_messengerWindow.ownWindow() &&
                               MessengerWindow::presentationIn(*host) ==
                                   Tolvane::Presentation::panel);
 }
@@ -215,7 +215,7 @@ void TolvaneViewController::viewDidDisappear()
     delete m_view;
     const QPointer<QWindow> host = m_messengerWindow.host();
     m_messengerWindow.close();
-    if (m_previousFocusItem && hadFocus && !m_place)
+    if (m_previousFocusItem && hadFocus && !m_hostItem)
         m_previousFocusItem->forceActiveFocus();
     idlememory::releaseLater(qobject_cast<QQuickWindow *>(host.data()));
     postDidChangeState(false);
@@ -224,7 +224,7 @@ void TolvaneViewController::viewDidDisappear()
 
 void TolvaneViewController::closeTapped()
 {
-    if (!m_data->isShown() || m_place)
+    if (!m_data->isShown() || m_hostItem)
         return; // It is closing already, or the host closes it.
     TolvaneAnalyticsManager::shared().trackUserAction(
         QStringLiteral("close_button_tapped"), QStringLiteral("chat"),

@@ -33,14 +33,14 @@ public:
 
     /// From now on the messenger is shown in this item, until it is removed. If another item was
     /// added before, that shows it; the log says so.
-    static void addPlace(QQuickItem &item);
+    static void addHostItem(QQuickItem &item);
     /// Closes the messenger if this item shows it. The next item shows it then.
-    static void removePlace(QQuickItem &item);
-    static bool isFirstPlace(const QQuickItem &item);
+    static void removeHostItem(QQuickItem &item);
+    static bool isFirstHostItem(const QQuickItem &item);
     static bool isShownIn(const QQuickItem &item);
 
 private:
-    void presentIn(QWindow &window, QQuickItem *place);
+    void presentIn(QWindow &window, QQuickItem *hostItem);
     bool viewDidLoad(QQuickItem *parent);
     void updatePresentation();
     void graphicsFailed(QQuickWindow::SceneGraphError error, const QString &message);
@@ -48,7 +48,7 @@ private:
     void closeTapped();
 
     MessengerWindow m_messengerWindow;
-    QPointer<QQuickItem> m_place;
+    QPointer<QQuickItem> m_hostItem;
     QPointer<QQuickItem> m_previousFocusItem;
     std::unique_ptr<ScreenData> m_data;
     QPointer<QQuickItem> m_view;

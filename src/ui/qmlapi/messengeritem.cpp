@@ -19,7 +19,7 @@ MessengerItem::MessengerItem(QQuickItem *parent)
 
 MessengerItem::~MessengerItem()
 {
-    TolvaneViewController::removePlace(*this);
+    TolvaneViewController::removeHostItem(*this);
 }
 
 void MessengerItem::itemChange(ItemChange change, const ItemChangeData &data)
@@ -44,7 +44,7 @@ void MessengerItem::observeWindow(QQuickWindow *window)
 /// host may call initialize() when its interface is complete.
 void MessengerItem::updateLater()
 {
-    QMetaObject::invokeMethod(this, &MessengerItem::updatePlace, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &MessengerItem::updateRegistration, Qt::QueuedConnection);
 }
 
 bool MessengerItem::isOnScreen() const
@@ -53,16 +53,16 @@ bool MessengerItem::isOnScreen() const
     return isVisible() && window() && window()->visibility() != QWindow::Hidden;
 }
 
-void MessengerItem::updatePlace()
+void MessengerItem::updateRegistration()
 {
-    if (m_isPlace == isOnScreen())
+    if (m_isRegistered == isOnScreen())
         return;
-    m_isPlace = !m_isPlace;
-    if (m_isPlace) {
-        TolvaneViewController::addPlace(*this);
+    m_isRegistered = !m_isRegistered;
+    if (m_isRegistered) {
+        TolvaneViewController::addHostItem(*this);
         openOnceInitialized();
     } else {
-        TolvaneViewController::removePlace(*this);
+        TolvaneViewController::removeHostItem(*this);
     }
 }
 
@@ -72,11 +72,11 @@ void MessengerItem::openOnceInitialized()
     disconnect(sdkData.get(), nullptr, this, nullptr);
     const bool isInitialized =
         sdkData->isFetchingSettings() || sdkData->settingsDidLoad() || sdkData->settingsError();
-    if (!m_isPlace)
+    if (!m_isRegistered)
         return;
     if (!isInitialized) {
         connect(sdkData.get(), &SdkData::changed, this, &MessengerItem::openOnceInitialized);
-    } else if (TolvaneViewController::isFirstPlace(*this)) {
+    } else if (TolvaneViewController::isFirstHostItem(*this)) {
         Tolvane::open();
     }
 }

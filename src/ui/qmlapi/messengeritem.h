@@ -38,11 +38,11 @@ private:
     bool isOnScreen() const;
     void observeWindow(QQuickWindow *window);
     void updateLater();
-    void updatePlace();
+    void updateRegistration();
     void openOnceInitialized();
 
     QMetaObject::Connection m_windowObservation;
-    bool m_isPlace = false;
+    bool m_isRegistered = false;
 };
 
 } // namespace tolvane

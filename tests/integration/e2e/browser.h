@@ -152,7 +152,7 @@ private:
             u"Runtime.evaluate"_s,
             {{u"expression"_s, expression}, {u"awaitPromise"_s, true}, {u"returnByValue"_s, true}});
         return response.contains("exceptionDetails"_L1) ? QJsonValue()
-                                                      : response["result"_L1]["value"_L1];
+                                                        : response["result"_L1]["value"_L1];
     }
 
     QProcess m_process;

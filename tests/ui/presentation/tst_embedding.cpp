@@ -16,10 +16,10 @@ using namespace tolvane::test;
 
 namespace {
 
-/// Two places for the messenger: items in the fixture's window, or widgets in one of their own.
-struct Places
+/// Two embedded messengers: items in the fixture's window, or widgets in one of their own.
+struct EmbeddedMessengers
 {
-    explicit Places(MessengerFixture &fixture)
+    explicit EmbeddedMessengers(MessengerFixture &fixture)
     {
         QFETCH_GLOBAL(const bool, areWidgets);
         for (QQuickItem *&item : items) {
@@ -38,7 +38,7 @@ struct Places
         if (areWidgets)
             window.show();
     }
-    ~Places() { destroy(); }
+    ~EmbeddedMessengers() { destroy(); }
 
     void setVisible(std::size_t index, bool isVisible)
     {
@@ -84,25 +84,25 @@ private Q_SLOTS:
     {
         MessengerFixture fixture;
         QVERIFY(fixture.showHost());
-        Places places(fixture);
+        EmbeddedMessengers messengers(fixture);
         fixture.loadSettings();
-        QTRY_VERIFY(places.showsMessenger(0));
+        QTRY_VERIFY(messengers.showsMessenger(0));
         QVERIFY(!fixture.messenger());
-        QQuickWindow *window = places.items[0]->window();
+        QQuickWindow *window = messengers.items[0]->window();
         window->contentItem()->forceActiveFocus();
-        places.items[0]->forceActiveFocus();
+        messengers.items[0]->forceActiveFocus();
         QTest::keyClick(window, Qt::Key_Escape);
         settle();
-        QVERIFY(places.showsMessenger(0));
-        places.setVisible(0, false);
+        QVERIFY(messengers.showsMessenger(0));
+        messengers.setVisible(0, false);
         QTRY_COMPARE(fixture.openStates(), (QList<bool>{true, false}));
-        places.setVisible(0, true);
-        QTRY_VERIFY(places.showsMessenger(0));
+        messengers.setVisible(0, true);
+        QTRY_VERIFY(messengers.showsMessenger(0));
         Tolvane::close();
-        QTRY_VERIFY(!places.showsMessenger(0) && !Tolvane::isOpen());
+        QTRY_VERIFY(!messengers.showsMessenger(0) && !Tolvane::isOpen());
         Tolvane::open();
-        QTRY_VERIFY(places.showsMessenger(0));
-        places.destroy();
+        QTRY_VERIFY(messengers.showsMessenger(0));
+        messengers.destroy();
         QVERIFY(!Tolvane::isOpen());
     }
 
@@ -113,27 +113,27 @@ private Q_SLOTS:
         fixture.loadSettings();
         TolvaneViewController::present();
         QTRY_VERIFY(fixture.find(u"main_subtitle"_s));
-        Places places(fixture); // Takes the messenger from the window.
-        QTRY_VERIFY(places.showsMessenger(0) && !fixture.messenger());
-        places.setVisible(1, true);
+        EmbeddedMessengers messengers(fixture); // Takes the messenger from the window.
+        QTRY_VERIFY(messengers.showsMessenger(0) && !fixture.messenger());
+        messengers.setVisible(1, true);
         QTRY_VERIFY(fixture.log->lines.constLast().endsWith(
             u"Another item shows the messenger; this one is empty"_s));
-        QVERIFY(places.showsMessenger(0) && !places.showsMessenger(1));
-        places.setVisible(0, false);
-        QTRY_VERIFY(places.showsMessenger(1));
+        QVERIFY(messengers.showsMessenger(0) && !messengers.showsMessenger(1));
+        messengers.setVisible(0, false);
+        QTRY_VERIFY(messengers.showsMessenger(1));
     }
 
     void theSecondItemFollowsWithoutTheFirst()
     {
         MessengerFixture fixture;
         QVERIFY(fixture.showHost());
-        Places places(fixture);
-        places.setVisible(1, true);
+        EmbeddedMessengers messengers(fixture);
+        messengers.setVisible(1, true);
         settle();
-        places.setVisible(0, false); // Before initialize().
+        messengers.setVisible(0, false); // Before initialize().
         settle();
         fixture.loadSettings();
-        QTRY_VERIFY(places.showsMessenger(1));
+        QTRY_VERIFY(messengers.showsMessenger(1));
     }
 
     void keysGoBetweenWidgetsAndThePanel()
