@@ -20,12 +20,14 @@ static void linkModules()
         qml_register_types_Tolvane, qml_register_types_Tolvane_Private};
     Q_INIT_RESOURCE(qmake_Tolvane);
     Q_INIT_RESOURCE(TolvaneQmlApi_raw_qml_0);
-    Q_INIT_RESOURCE(qmlcache_TolvaneQmlApi);
     Q_INIT_RESOURCE(qmake_Tolvane_Private);
     Q_INIT_RESOURCE(TolvaneViews_raw_qml_0);
-    Q_INIT_RESOURCE(qmlcache_TolvaneViews);
     Q_INIT_RESOURCE(tolvane_icons);
     Q_INIT_RESOURCE(tolvane_shaders);
+#ifdef TOLVANE_COMPILED_QML
+    Q_INIT_RESOURCE(qmlcache_TolvaneQmlApi);
+    Q_INIT_RESOURCE(qmlcache_TolvaneViews);
+#endif
 }
 
 namespace tolvane {
