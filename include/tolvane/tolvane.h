@@ -114,6 +114,7 @@ public:
     static void setPresentation(Presentation presentation);
     /// Sets how the messenger is shown in this window, whatever is set for all windows. Main
     /// thread. Does not require initialize().
+    /// @param presentation how the messenger is shown in this window
     /// @param window a QWindow, or the QWidget of a window; the library does not own it
     static void setPresentation(Presentation presentation, QObject *window);
     /// The presentation in all windows that have none of their own. Main thread. Does not require
