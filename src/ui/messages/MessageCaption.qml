@@ -6,7 +6,7 @@ import Tolvane.Private
 Text {
     id: caption
 
-    /// Date and time of the message; empty if there is none.
+    /// Date and time of the message; empty for a message without a valid time.
     property string time
 
     horizontalAlignment: Text.AlignLeft

@@ -13,7 +13,7 @@ inline constexpr const char *customerHeader = "X-Tolvane-Customer";
 /// The request's customer id, or a new one. Throws an HttpError for an invalid id.
 std::string customerIdOf(const Request &request);
 
-/// The decoded value of a query item, empty when there is none.
+/// The decoded value of a query item; empty if the request lacks the item.
 std::string queryItem(const Request &request, const QString &name);
 
 /// The number in the Last-Event-ID header: the last push that the client has received.
