@@ -142,6 +142,7 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
     if (!id)
         co_return;
     beginFetching(kind);
+    const int stateUpdates = m_stateUpdates;
     bool isFetched = false;
     try {
         const APIClient client = APIClient::live();
@@ -154,6 +155,9 @@ QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::
         if (stop.stop_requested())
             throw UrlError(UrlError::cancelled);
         setTicket(std::move(fetched));
+        // The response may be older than an update that arrived while it was on its way.
+        if (m_stateUpdates != stateUpdates)
+            m_ticket->state = m_preview->state;
         // Fetching has marked the messages as read.
         UnreadTickets::shared()->markRead(m_ticket->id);
         isFetched = true;
@@ -277,6 +281,7 @@ void TicketData::onStateUpdateNotification(const NotificationCenter::UserInfo &u
     if (!update || !m_preview || m_preview->id != update->id)
         return;
     m_preview = *update;
+    ++m_stateUpdates;
     if (m_ticket)
         m_ticket->state = update->state;
     Q_EMIT ticketChanged();

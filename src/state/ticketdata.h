@@ -112,6 +112,7 @@ private:
     bool m_newTicket = false;
     QString m_message;
     std::optional<TicketPreviewDto> m_preview;
+    int m_stateUpdates = 0;
     std::optional<TicketDto> m_ticket;
     /// Of the ticket's messages; absent until many messages have arrived.
     std::optional<QSet<QString>> m_messageIds;

@@ -269,11 +269,20 @@ private Q_SLOTS:
     {
         TicketPreviewDto update = makePreview();
         update.state = u"closed"_s;
-        TicketFixture fixture;
-        fixture.run(fixture.store->fetchTicket());
-        fixture.store->onStateUpdateNotification(userInfo(update));
-        QCOMPARE(fixture.store->preview(), update);
-        QCOMPARE(fixture.store->ticket()->state, u"closed"_s);
+        for (const bool isFetching : {false, true}) {
+            TicketFixture fixture;
+            fixture.session->held = isFetching;
+            fixture.run(fixture.store->fetchTicket());
+            fixture.store->onStateUpdateNotification(userInfo(update));
+            // A response that is older than the update does not undo it, a later one counts.
+            if (isFetching)
+                fixture.session->release();
+            QCOMPARE(fixture.store->preview(), update);
+            QCOMPARE(fixture.store->ticket()->state, u"closed"_s);
+            fixture.session->held = false;
+            fixture.run(fixture.store->silentFetchTicket());
+            QCOMPARE(fixture.store->ticket()->state, u"open"_s);
+        }
 
         TicketFixture fresh{std::nullopt}; // Created as a new ticket: no preview, no updates.
         fresh.store->setMessage(u"hi"_s);
