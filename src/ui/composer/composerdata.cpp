@@ -10,7 +10,7 @@
 #include "ui/composer/hostpicture.h"
 #include "ui/composer/imagefiles.h"
 #include "ui/composer/longlines.h"
-#include "ui/kit/errortext.h"
+#include "ui/loadingstate/errortext.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QMimeData>

@@ -5,7 +5,7 @@
 #include "recovery/drafts.h"
 #include "state/loadingstatename.h"
 #include "ui/conversation/ticketheader.h"
-#include "ui/kit/loadingstatetexts.h"
+#include "ui/loadingstate/loadingstatetexts.h"
 
 namespace tolvane {
 

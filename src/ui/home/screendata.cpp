@@ -7,8 +7,8 @@
 #include "state/loadingstatename.h"
 #include "state/notifications.h"
 #include "state/sdkdata.h"
-#include "ui/kit/errortext.h"
-#include "ui/kit/loadingstatetexts.h"
+#include "ui/loadingstate/errortext.h"
+#include "ui/loadingstate/loadingstatetexts.h"
 
 namespace tolvane {
 

@@ -5,7 +5,7 @@
 #include "platform/platform.h"
 #include "state/hostoptions.h"
 #include "ui/kit/metrics.h"
-#include "ui/presentation/panelrules.h"
+#include "ui/panel/panelrules.h"
 
 #include <QtCore/QSignalBlocker>
 #include <QtGui/QGuiApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/kit/errortext.h"
+#include "ui/loadingstate/errortext.h"
 
 #include <tolvane/loadingstate.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/kit/errortext.h"
+#include "ui/loadingstate/errortext.h"
 
 #include "base/errors.h"
 #include "platform/platform.h"
