@@ -139,8 +139,21 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
     m_data = std::make_unique<ScreenData>();
     m_data->setEmbedded(m_hostItem);
     updatePresentation();
+    if (!createView(parent))
+        return false;
+    new KeyGuard(*m_view, *m_data);
     connect(HostOptions::shared().get(), &HostOptions::changed, this,
             &TolvaneViewController::updatePresentation);
+    connect(m_data.get(), &ScreenData::closeRequested, this, &TolvaneViewController::closeTapped);
+    // Queued, since the view emits the signal and the slot deletes the view.
+    connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
+            Qt::QueuedConnection);
+    observeWindows();
+    return true;
+}
+
+bool TolvaneViewController::createView(QQuickItem *parent)
+{
     const QUrl file(QStringLiteral(
         "qrc:/qt-project.org/imports/Tolvane/Private/presentation/TolvanePresentation.qml"));
     QQmlComponent component(&viewsEngine(), file);
@@ -155,12 +168,12 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
         return false;
     }
     QQmlEngine::setObjectOwnership(m_view, QQmlEngine::CppOwnership);
-    new KeyGuard(*m_view, *m_data);
-    connect(m_data.get(), &ScreenData::closeRequested, this, &TolvaneViewController::closeTapped);
-    // Queued, since the view emits the signal and the slot deletes the view.
-    connect(m_data.get(), &ScreenData::hidden, this, &TolvaneViewController::viewDidDisappear,
-            Qt::QueuedConnection);
-    // The window may be closed or destroyed under the messenger, and the application may end.
+    return true;
+}
+
+/// The window may be closed or destroyed under the messenger, and the application may end.
+void TolvaneViewController::observeWindows()
+{
     const auto closeWith = [this](const QWindow *window) {
         connect(window, &QWindow::visibleChanged, this, [this](bool isVisible) {
             if (!isVisible)
@@ -185,7 +198,6 @@ bool TolvaneViewController::viewDidLoad(QQuickItem *parent)
     }
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this,
             &TolvaneViewController::viewDidDisappear);
-    return true;
 }
 
 /// A window of the messenger's own is as large as the panel.

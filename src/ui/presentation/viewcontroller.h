@@ -42,6 +42,8 @@ public:
 private:
     void presentIn(QWindow &window, QQuickItem *hostItem);
     bool viewDidLoad(QQuickItem *parent);
+    bool createView(QQuickItem *parent);
+    void observeWindows();
     void updatePresentation();
     void graphicsFailed(QQuickWindow::SceneGraphError error, const QString &message);
     void viewDidDisappear();
