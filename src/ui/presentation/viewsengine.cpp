@@ -11,6 +11,13 @@ namespace tolvane {
 
 namespace {
 
+/// Qt keeps each registration until the end of the process, also a repeated one.
+void registerTypesOnce()
+{
+    static const bool isDone = (qml_register_types_Tolvane_Private(), true);
+    Q_UNUSED(isDone)
+}
+
 QPointer<QQmlEngine> &currentEngine()
 {
     static QPointer<QQmlEngine> engine;
@@ -23,7 +30,7 @@ QQmlEngine &viewsEngine()
 {
     QPointer<QQmlEngine> &engine = currentEngine();
     if (!engine) {
-        qml_register_types_Tolvane_Private();
+        registerTypesOnce();
         engine = new QQmlEngine(qGuiApp);
         // Deletes the engine after all views, and before the platform.
         QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, engine, &QObject::deleteLater);
