@@ -2,6 +2,7 @@
 #include "recovery/messagesender.h"
 
 #include "analytics/reporting.h"
+#include "backend/apiclient.h"
 #include "base/errors.h"
 #include "state/ticketdata.h"
 
@@ -49,7 +50,33 @@ QCoro::Task<ErrorPtr> MessageSender::send()
         if (m_store->fetchError())
             co_return m_store->fetchError();
     }
+    if (!m_store->ticket() && !m_knownTicketIds) {
+        const ErrorPtr error = co_await fetchKnownTicketIds();
+        if (error)
+            co_return error;
+    }
     co_return co_await sendOnce();
+}
+
+/// The result is the failure of a connection that would not transmit the message either. If the
+/// backend fails, the message is sent all the same: the list of tickets may be all that it lacks.
+QCoro::Task<ErrorPtr> MessageSender::fetchKnownTicketIds()
+{
+    const auto self = shared_from_this();
+    try {
+        const APIClient client = APIClient::live();
+        const QList<TicketPreviewDto> tickets = co_await client.getTickets();
+        QStringList ids;
+        for (const TicketPreviewDto &ticket : tickets)
+            ids += ticket.id;
+        m_knownTicketIds = ids;
+    } catch (...) {
+        const ErrorPtr error = currentError();
+        logFailure(QStringLiteral("Error fetching tickets before a new one: "), *error);
+        if (error->domain() == ErrorDomain::transport)
+            co_return error;
+    }
+    co_return ErrorPtr();
 }
 
 QCoro::Task<ErrorPtr> MessageSender::sendOnce()

@@ -25,14 +25,15 @@ class TOLVANE_PRIVATE_EXPORT MessageSender final
 public:
     explicit MessageSender(std::shared_ptr<TicketData> store);
 
-    /// The tickets that exist before a new conversation. Without them, the ticket of a lost
-    /// response cannot be distinguished from an older one.
+    /// The tickets that exist before a new conversation. They distinguish the ticket of a lost
+    /// response from an older one. If they are not set, the first message fetches them.
     void setKnownTicketIds(const QStringList &ids) { m_knownTicketIds = ids; }
 
     /// Sends the draft. The result is the failure to show; null if the backend has the message.
     QCoro::Task<ErrorPtr> send();
 
 private:
+    QCoro::Task<ErrorPtr> fetchKnownTicketIds();
     QCoro::Task<ErrorPtr> sendOnce();
     QCoro::Task<bool> confirm();
 

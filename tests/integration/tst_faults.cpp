@@ -219,40 +219,45 @@ private Q_SLOTS:
 
     void aLostResponseIsFound()
     {
-        for (const bool searchFails : {false, true}) {
+        for (const Fault *search : {&faults::none, &faults::reset}) {
             for (const bool creates : {true, false}) {
                 for (const int pictures : {0, 1})
-                    loseTheResponse(creates, pictures, searchFails, faults::resetAfterRequest);
+                    loseTheResponse(creates, pictures, true, faults::resetAfterRequest, *search);
             }
+            loseTheResponse(true, 0, false, faults::resetAfterRequest, *search);
         }
-        loseTheResponse(true, 0, false, faults::nullBody);
+        loseTheResponse(true, 0, true, faults::nullBody, faults::none);
+        // A backend that cannot list its tickets may still take one.
+        loseTheResponse(true, 0, false, faults::none, faults::unavailable);
     }
 
 private:
-    void loseTheResponse(bool creates, int pictures, bool searchFails, const Fault &loss)
+    void loseTheResponse(bool creates, int pictures, bool knowsList, const Fault &loss,
+                         const Fault &search)
     {
+        const bool fails = &search == &faults::reset;
         FaultFixture fixture(m_backend);
         if (!creates)
             fixture.begin();
         fixture.compose();
         if (pictures == 0)
             fixture.ticket->setAttachments({});
-        fixture.proxy.chooseFault = [&loss, wasLost = false, hasFailed = !searchFails](
+        fixture.proxy.chooseFault = [&loss, &search, wasLost = false, hasFailed = false](
                                         const ServedRequest &request) mutable -> const Fault & {
             if (request.method == "POST" && !std::exchange(wasLost, true))
                 return loss;
             if (request.method == "GET" && !std::exchange(hasFailed, true))
-                return faults::unavailable;
+                return search;
             return faults::none;
         };
         const auto sender = std::make_shared<MessageSender>(fixture.ticket);
-        sender->setKnownTicketIds({});
+        if (knowsList)
+            sender->setKnownTicketIds({});
         ErrorPtr error;
         fixture.run(send(sender, error));
-        QCOMPARE(FaultFixture::nameOf(error),
-                 searchFails ? u"NSURLErrorDomain -1005"_s : QString());
-        QCOMPARE(fixture.ticket->message(), searchFails ? question : QString());
-        if (searchFails) // The customer presses once more.
+        QCOMPARE(FaultFixture::nameOf(error), fails ? u"NSURLErrorDomain -1005"_s : QString());
+        QCOMPARE(fixture.ticket->message(), fails ? question : QString());
+        if (fails) // The customer presses once more.
             fixture.run(send(sender, error));
         QVERIFY(!error && fixture.ticket->message().isEmpty());
         QVERIFY(fixture.ticket->attachments().isEmpty() && !fixture.ticket->newTicket());
