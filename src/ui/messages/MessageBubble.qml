@@ -70,6 +70,9 @@ Item {
                                                             : Metrics.Padding
         y: Metrics.Padding
         width: bubble.maximumWidth - 2 * Metrics.Padding
+        // Qt lays out rich text once more when its height grows from 0.
+        height: 1
+        Component.onCompleted: height = undefined
         // Links are underlined, in the colour of the text: other colours may be illegible with some
         // brandings.
         text: bubble.content.isRich ? "<style>a { color: " + bubble.tint + " }</style>"

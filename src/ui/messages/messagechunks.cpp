@@ -27,6 +27,8 @@ constexpr std::array emojiRanges = {CharacterRange{0x231a, 0x231b}, CharacterRan
 constexpr int emojiCost = 780;
 /// Each span of text in one style is laid out separately; most have a delimiter at either end.
 constexpr int delimiterCost = 10;
+/// An address has two or more of them. Each link takes ten times as long as emphasis.
+constexpr int slashCost = 25;
 /// The time is quadratic in the number of combining characters after one letter.
 constexpr int combiningCost = 14;
 
@@ -43,6 +45,8 @@ int costOf(QChar character)
     case u'<':
     case u':':
         return delimiterCost;
+    case u'/':
+        return slashCost;
     default:
         break;
     }
