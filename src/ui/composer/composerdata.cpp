@@ -7,8 +7,8 @@
 #include "platform/logger.h"
 #include "platform/platform.h"
 #include "recovery/messagesender.h"
-#include "ui/composer/hostpicture.h"
-#include "ui/composer/imagefiles.h"
+#include "ui/attachments/hostpicture.h"
+#include "ui/attachments/imagefiles.h"
 #include "ui/composer/longlines.h"
 #include "ui/loadingstate/errortext.h"
 

@@ -4,7 +4,7 @@
 #include "base/privateexport.h"
 #include "recovery/messagesender.h"
 #include "state/ticketdata.h"
-#include "ui/composer/attachmentlistmodel.h"
+#include "ui/attachments/attachmentlistmodel.h"
 
 #include <QCoroTask>
 #include <QtCore/QFuture>

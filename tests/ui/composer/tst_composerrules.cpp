@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "testing/ui/samples.h"
+#include "ui/attachments/imagefiles.h"
 #include "ui/composer/composerlayout.h"
-#include "ui/composer/imagefiles.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QSignalSpy>

@@ -3,7 +3,7 @@
 #include "state/notifications.h"
 #include "state/sdkdata.h"
 #include "testing/ui/messengerfixture.h"
-#include "ui/composer/hostpicture.h"
+#include "ui/attachments/hostpicture.h"
 #include "ui/presentation/idlememory.h"
 #include "ui/presentation/safemargins.h"
 #include "ui/presentation/viewcontroller.h"

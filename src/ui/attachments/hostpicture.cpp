@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/composer/hostpicture.h"
+#include "ui/attachments/hostpicture.h"
 
 #include <QtCore/QMetaObject>
 #include <QtGui/QPixmap>

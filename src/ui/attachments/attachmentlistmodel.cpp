@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/composer/attachmentlistmodel.h"
+#include "ui/attachments/attachmentlistmodel.h"
 
 #include "platform/async/awaitfuture.h"
 #include "platform/platform.h"

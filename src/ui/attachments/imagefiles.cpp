@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/composer/imagefiles.h"
+#include "ui/attachments/imagefiles.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QFile>
