@@ -12,7 +12,9 @@ namespace tolvane::bench {
 
 namespace {
 
-void initialize(benchmark::State &state)
+/// Measures what a host does first in a new process.
+template <typename Operation>
+void measureStart(benchmark::State &state, Operation operation)
 {
     persistentstore::setCustomerId(QStringLiteral("01jbenchbenchbenchbenchbe0"));
     for (auto _ : state) {
@@ -22,22 +24,27 @@ void initialize(benchmark::State &state)
         resetSharedInstances();
         QCoreApplication::removePostedEvents(QCoreApplication::instance());
         state.ResumeTiming();
-        Tolvane::initialize(QStringLiteral("key"));
+        operation();
     }
     QCoreApplication::removePostedEvents(QCoreApplication::instance());
+}
+
+void initialize(benchmark::State &state)
+{
+    measureStart(state, [] { Tolvane::initialize(QStringLiteral("key")); });
 }
 BENCHMARK(initialize)->Unit(benchmark::kMicrosecond);
 
 void readAndEvent(benchmark::State &state)
 {
     const auto domain = QStringLiteral("com.tolvane.sdk");
-    for (auto _ : state) {
+    measureStart(state, [&domain] {
         benchmark::DoNotOptimize(
             platform().preferences->open(domain)->text(QStringLiteral("customer.id")));
         TolvaneAnalyticsManager::shared().track(
             TolvaneAnalyticsEvent::Lifecycle::sdkInitialized,
             {{TolvaneAnalyticsEvent::PropertyKeys::actionType, QStringLiteral("lifecycle")}});
-    }
+    });
 }
 BENCHMARK(readAndEvent)->Unit(benchmark::kMicrosecond);
 
