@@ -36,14 +36,27 @@ QQuickItem *overlayOf(const QQuickWindow &window)
     return overlay == items.end() ? nullptr : *overlay;
 }
 
-/// The topmost open dialog of the overlay; null if none of its popups is one.
-QObject *openDialogIn(const QQuickItem &overlay)
+/// The topmost open dialog among the children; null if none of them is one.
+QObject *openDialogIn(const QQuickItem &parent)
 {
-    const QList<QQuickItem *> items = overlay.childItems();
+    const QList<QQuickItem *> items = parent.childItems();
     const auto dialog = std::find_if(items.rbegin(), items.rend(), [](const QQuickItem *item) {
         return item->isVisible() && isDialog(item->parent());
     });
     return dialog == items.rend() ? nullptr : (*dialog)->parent();
+}
+
+/// The open dialog in a window of its own, which it has from Qt 6.8 on; null if there is none.
+QObject *openDialogAbove(const QQuickWindow &window)
+{
+    for (QWindow *each : QGuiApplication::topLevelWindows()) {
+        const auto *own = qobject_cast<QQuickWindow *>(each);
+        if (!own || !own->isVisible() || own->transientParent() != &window)
+            continue;
+        if (QObject *dialog = openDialogIn(*own->contentItem()))
+            return dialog;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -76,19 +89,41 @@ void DialogLayer::handleVisibleChange()
 void DialogLayer::raise()
 {
     const QQuickWindow *window = windowOf(m_dialog);
-    QQuickItem *overlay = window ? overlayOf(*window) : nullptr;
-    m_popup = overlay ? openDialogIn(*overlay) : nullptr;
-    if (!m_popup)
+    if (!window)
         return;
-    m_overlay = overlay;
-    m_overlayZ = overlay->z();
-    overlay->setZ(raisedZ);
+    QQuickItem *overlay = overlayOf(*window);
+    m_popup = overlay ? openDialogIn(*overlay) : nullptr;
+    if (m_popup)
+        raise(*overlay);
+    else if ((m_popup = openDialogAbove(*window)))
+        keepFocus();
+}
+
+void DialogLayer::raise(QQuickItem &overlay)
+{
+    m_overlay = &overlay;
+    m_overlayZ = overlay.z();
+    overlay.setZ(raisedZ);
     m_popup->setProperty("modal", true);
     // Newer versions of Qt have a dialog inside the dialog, which asks whether to replace a file.
     m_dialogConfirms = std::ranges::any_of(m_popup->findChildren<QObject *>(), isDialog);
-    connect(overlay, &QQuickItem::widthChanged, this, &DialogLayer::fitPopup);
-    connect(overlay, &QQuickItem::heightChanged, this, &DialogLayer::fitPopup);
+    connect(&overlay, &QQuickItem::widthChanged, this, &DialogLayer::fitPopup);
+    connect(&overlay, &QQuickItem::heightChanged, this, &DialogLayer::fitPopup);
     fitPopup();
+}
+
+void DialogLayer::keepFocus()
+{
+    for (const QObject *each : m_popup->findChildren<QObject *>()) {
+        if (isDialog(each))
+            connect(each, SIGNAL(closed()), this, SLOT(focusPopup()), Qt::UniqueConnection);
+    }
+}
+
+void DialogLayer::focusPopup()
+{
+    if (m_popup)
+        QMetaObject::invokeMethod(m_popup, "forceActiveFocus");
 }
 
 void DialogLayer::fitPopup()

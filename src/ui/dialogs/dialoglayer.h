@@ -33,9 +33,14 @@ public:
 
 private Q_SLOTS:
     void handleVisibleChange();
+    void focusPopup();
 
 private:
     void raise();
+    void raise(QQuickItem &overlay);
+    /// In a window of its own, Qt's dialog loses the focus to its question whether to replace a
+    /// file, and afterwards no key reaches it.
+    void keepFocus();
     void lower();
     void fitPopup();
 
