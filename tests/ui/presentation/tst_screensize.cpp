@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "platform/system/userinterface.h"
 
+#include <tolvane/tolvane.h>
+
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtTest/QTest>
 
-/// Links the library of views like a host, but calls nothing of it: loading it must suffice.
+/// Links the library of views like a host, but calls nothing of it: its header must suffice, also
+/// where linkers drop libraries that nothing refers to.
 class ScreenTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void loadingTheViewsProvidesTheScreenSize()
+    void linkingTheViewsProvidesTheScreenSize()
     {
         const auto screenSize = tolvane::userInterface().screenSize;
         QVERIFY(screenSize);
