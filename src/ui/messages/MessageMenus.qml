@@ -9,9 +9,11 @@ Item {
     required property TextSelection selection
 
     signal linkOpened(string link)
-    signal messageCopied(MessageItem message)
+    // Parameters have types of C++: Qt 6.8 may free one that is written in QML, and crash.
+    signal messageCopied(Item item)
 
-    function openTextMenu(message: MessageItem, position: point) {
+    function openTextMenu(item: Item, position: point) {
+        const message = item as MessageItem
         textMenu.active = true
         const link = message.bubble.linkAt(position)
         const menu = textMenu.item as TextMenu
@@ -19,7 +21,8 @@ Item {
                      () => messageCopied(message))
     }
 
-    function openPictureMenu(cell: AttachmentThumbnail, position: point) {
+    function openPictureMenu(item: Item, position: point) {
+        const cell = item as AttachmentThumbnail
         pictureMenu.active = true
         const menu = pictureMenu.item as PictureMenu
         menu.openFor(cell, cell.imageUrl, cell.isLoaded, position, cell.open)

@@ -207,7 +207,7 @@ Item {
         anchors.bottomMargin: list.bottomContentMargin
         selection: textSelection
         onLinkOpened: link => Qt.openUrlExternally(link)
-        onMessageCopied: message => list.model.copy(rows.indexOf(message))
+        onMessageCopied: item => list.model.copy(rows.indexOf(item))
     }
 
     ScrollIndicator {
