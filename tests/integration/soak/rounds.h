@@ -223,7 +223,7 @@ private:
             const auto isSent = [&] {
                 return m_robot->canSee(QAccessible::ListItem, text) &&
                        !m_robot->canSee(QAccessible::Indicator, u"Sending"_s) &&
-                       !m_robot->canSee(QAccessible::AlertMessage);
+                       !m_robot->canSee(QAccessible::AlertMessage, u"not sent"_s);
             };
             for (int attempt = 0; !isSent(); ++attempt) {
                 if (attempt == 40)
