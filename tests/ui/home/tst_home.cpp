@@ -117,8 +117,10 @@ private Q_SLOTS:
         }
         QCOMPARE(fixture.delegate->properties(u"user_action"_s).value(u"ticket_id"_s), u"t1"_s);
         fixture.robot.waitForAnimations();
+        fixture.clock->advance(std::chrono::minutes(5));
         fixture.robot.press(Qt::Key_Escape);
         fixture.robot.waitForAnimations();
+        fixture.robot.find(QAccessible::ListItem, u"5 %lld timeago_minutes"_s);
         for (const bool isFailing : {true, false}) {
             fixture.isFailing = isFailing;
             fixture.robot.press(Qt::Key_F5);
