@@ -56,7 +56,8 @@ FocusScope {
     }
 
     enabled: !isDisabled
-    opacity: enabled ? 1 : 0.5
+    // Not bound to `enabled`, which is also false while the page slides out.
+    opacity: isDisabled ? 0.5 : 1
 
     Flickable {
         id: viewport

@@ -97,7 +97,8 @@ Item {
             width: Math.min(implicitWidth, parent.width)
             visible: notice.hasAction
             enabled: notice.isActionEnabled
-            opacity: enabled ? 1 : 0.5
+            // Not bound to `enabled`, which is also false while the page slides out.
+            opacity: notice.isActionEnabled ? 1 : 0.5
             name: notice.action
             color: notice.detailColor
             focusRing.ground: notice.ground

@@ -119,6 +119,8 @@ private Q_SLOTS:
         fixture.robot.waitForAnimations();
         fixture.clock->advance(std::chrono::minutes(5));
         fixture.robot.press(Qt::Key_Escape);
+        QCoreApplication::processEvents();
+        QCOMPARE(fixture.lastVisible("AutoSizingTextEditor_")->opacity(), 1.0); // Slides out.
         fixture.robot.waitForAnimations();
         fixture.robot.find(QAccessible::ListItem, u"5 %lld timeago_minutes"_s);
         for (const bool isFailing : {true, false}) {
