@@ -6,6 +6,7 @@ import Tolvane.Private
 TolvaneNotice {
     icon: "bubbles"
     iconColor: Theme.primaryColor
+    plateColor: Theme.accentColor
     iconSize: Metrics.SmallNoticeIconSize
     padding: 2 * Metrics.Padding
     spacing: Metrics.Padding

@@ -6,6 +6,7 @@ import Tolvane.Private
 TolvaneNotice {
     icon: "bubbles"
     iconColor: Qt.alpha(Theme.primaryColor, 0.8)
+    plateColor: Theme.accentColor
     title: Strings.hostString("No conversations yet")
     titleColor: Theme.accentColor
     detail: Strings.hostString("Start a new conversation to get help")

@@ -8,6 +8,8 @@ Item {
 
     required property string icon
     required property color iconColor
+    /// A colour that iconColor is legible on. Lies behind the icon where the ground is too similar to it.
+    property color plateColor: "transparent"
     property string title
     property color titleColor
     property int titleSize: Theme.title3
@@ -58,6 +60,16 @@ Item {
             height: width
             name: notice.icon
             color: notice.iconColor
+
+            Rectangle {
+                anchors.centerIn: parent
+                z: -1
+                width: 1.4 * parent.width
+                height: width
+                radius: width / 2
+                visible: !Qt.colorEqual(notice.iconColor, Theme.visibleOn(notice.ground, notice.iconColor))
+                color: notice.plateColor
+            }
         }
         Column {
             id: texts
