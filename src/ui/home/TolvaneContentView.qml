@@ -122,6 +122,10 @@ FocusScope {
         }
     }
 
+    ReadingOrder {
+        content: parallax.list.contentItem
+    }
+
     WheelPullToRefresh {
         parent: parallax.list
         isAtTop: parallax.list.atYBeginning

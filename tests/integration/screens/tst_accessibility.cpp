@@ -3,6 +3,7 @@
 #include "testing/ui/accessibletree.h"
 #include "testing/ui/screens.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QMetaEnum>
 #include <QtCore/QSet>
 
@@ -55,6 +56,8 @@ struct KeyboardFixture : Screens
         : Screens(appearance)
     {
         show(screen);
+        QAccessible::setActive(true);
+        QCoreApplication::processEvents();
         all = accessibleTree(host);
     }
 
@@ -162,7 +165,7 @@ private Q_SLOTS:
             back += stop.id;
 
         QStringList path;
-        QStringList faults = orderFaults(stops, language == u"ar"_s);
+        QStringList faults = orderFaults(stops, language == u"ar"_s) + listFaults(fixture);
         for (const AccessibleNode &stop : stops) {
             if (!stop.id)
                 faults += u"no element has the focus"_s;
@@ -215,6 +218,23 @@ private:
             if (!before(stops.at(index - 1), stops.at(index)))
                 faults += u"%1 comes before %2"_s.arg(described(stops.at(index - 1)),
                                                       described(stops.at(index)));
+        }
+        return faults;
+    }
+
+    static QStringList listFaults(const KeyboardFixture &fixture)
+    {
+        QStringList faults;
+        QHash<int, AccessibleNode> previous;
+        for (const AccessibleNode &node : fixture.all) {
+            const bool isRow =
+                node.role == QAccessible::ListItem || node.role == QAccessible::Heading;
+            if (!isRow || !fixture.isInList(node))
+                continue;
+            const AccessibleNode before = previous.value(node.parent, node);
+            if (before.rect.top() > node.rect.top())
+                faults += u"%1 is read before %2"_s.arg(described(before), described(node));
+            previous[node.parent] = node;
         }
         return faults;
     }
