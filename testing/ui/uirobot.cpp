@@ -6,6 +6,7 @@
 
 #include <QtGui/QWheelEvent>
 #include <QtGui/QWindow>
+#include <QtTest/QTest>
 
 namespace tolvane::test {
 
@@ -58,11 +59,10 @@ QRect UiRobot::find(QAccessible::Role role, const QString &name)
 
 void UiRobot::click(const QRect &rect, Qt::MouseButton button)
 {
-    m_pointer = rect.center();
-    sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton, Qt::NoButton);
-    sendMouse(QEvent::MouseButtonPress, m_pointer, button, button);
+    moveTo(rect.center());
+    QTest::mousePress(&m_window, button, {}, m_pointer);
     wait(pollInterval);
-    sendMouse(QEvent::MouseButtonRelease, m_pointer, button, Qt::NoButton);
+    QTest::mouseRelease(&m_window, button, {}, m_pointer);
 }
 
 void UiRobot::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString &text)
@@ -111,20 +111,22 @@ void UiRobot::turnWheel(int steps, const QRect &over)
 void UiRobot::drag(const QPoint &from, const QPoint &offset)
 {
     constexpr int steps = 12;
-    m_pointer = from;
-    sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton, Qt::NoButton);
-    sendMouse(QEvent::MouseButtonPress, m_pointer, Qt::LeftButton, Qt::LeftButton);
-    for (int i = 1; i <= steps && !offset.isNull(); ++i) {
-        wait(16ms);
-        m_pointer = from + offset * i / steps;
-        sendMouse(QEvent::MouseMove, m_pointer, Qt::NoButton, Qt::LeftButton);
-    }
+    moveTo(from);
+    QTest::mousePress(&m_window, Qt::LeftButton, {}, from);
+    for (int i = 1; i <= steps && !offset.isNull(); ++i)
+        moveTo(from + offset * i / steps, 16ms);
     wait(pollInterval);
 }
 
 void UiRobot::release()
 {
-    sendMouse(QEvent::MouseButtonRelease, m_pointer, Qt::LeftButton, Qt::NoButton);
+    QTest::mouseRelease(&m_window, Qt::LeftButton, {}, m_pointer);
+}
+
+void UiRobot::moveTo(const QPoint &position, std::chrono::milliseconds after)
+{
+    m_pointer = position;
+    QTest::mouseMove(&m_window, position, int(after.count()));
 }
 
 void UiRobot::waitForAnimations()
@@ -139,15 +141,6 @@ void UiRobot::waitForAnimations()
         equal = layout == previous ? equal + 1 : 0;
         return equal == equalLayouts;
     });
-}
-
-void UiRobot::sendMouse(QEvent::Type type, const QPointF &position, Qt::MouseButton button,
-                        Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, position, position, m_window.mapToGlobal(position), button, buttons,
-                      Qt::NoModifier);
-    event.setTimestamp(static_cast<quint64>(m_clock.elapsed()));
-    QCoreApplication::sendEvent(&m_window, &event);
 }
 
 } // namespace tolvane::test

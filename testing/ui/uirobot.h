@@ -5,6 +5,8 @@
 #include <QtCore/QRect>
 #include <QtGui/QAccessible>
 
+#include <chrono>
+
 class QWindow;
 
 namespace tolvane::test {
@@ -26,6 +28,8 @@ public:
     {
         return !rectOf(role, name).isEmpty();
     }
+    /// Moves the pointer after a time.
+    void moveTo(const QPoint &position, std::chrono::milliseconds after = {});
     /// Clicks the middle of a rectangle.
     void click(const QRect &rect, Qt::MouseButton button = Qt::LeftButton);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}, const QString &text = {});
@@ -44,8 +48,6 @@ public:
 
 private:
     QRect rectOf(QAccessible::Role role, const QString &name) const;
-    void sendMouse(QEvent::Type type, const QPointF &position, Qt::MouseButton button,
-                   Qt::MouseButtons buttons);
 
     QWindow &m_window;
     QElapsedTimer m_clock;

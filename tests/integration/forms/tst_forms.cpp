@@ -262,9 +262,6 @@ private Q_SLOTS:
             const bool byKeyboard = row & 1;
             const bool isDark = row & 2;
             const bool isArabic = row & 4;
-            // By hand only: the robot's right click opens no menu in a QQuickWidget.
-            if (shown.isInWidgets && shown.form == Form::embedded && !byKeyboard)
-                continue;
             const int equal = (shown.isDark == isDark) + (shown.isArabic == isArabic) +
                               (shown.isAtTwo == isAtTwo) + (shown.isSoftware == isSoftware);
             if (equal == (byKeyboard ? 0 : 4) || !qEnvironmentVariableIsEmpty("TOLVANE_PICTURES"))
