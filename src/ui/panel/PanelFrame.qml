@@ -2,35 +2,41 @@
 import QtQuick
 import Tolvane.Private
 
-// The outline and the shadow of the panel. The shadow consists of nested rings of decreasing
-// opacity, slightly lower than the panel.
+// The content of the panel, with its rounded corners, outline and shadow. In the other forms it only
+// clips: the renderer has a shader program for items in a clip and another for those outside, and the
+// views below clip anyway. A layer would clip at several times the cost, because it draws into a
+// texture first, in each frame of the host.
 Item {
     id: frame
 
+    required property bool isPanel
     required property real radius
+    default property alias content: clip.data
 
-    Repeater {
-        model: 14
-
-        RoundedRectangle {
-            required property int index
-
-            anchors.fill: parent
-            anchors.topMargin: 4 - index
-            anchors.bottomMargin: -4 - index
-            anchors.leftMargin: -index
-            anchors.rightMargin: -index
-            radius: frame.radius + index
-            rim: index === 0 ? 5 : 1
-            color: Qt.rgba(0, 0, 0, (14 - index) * 0.012)
-        }
+    RoundedShadow {
+        y: 4
+        width: parent.width
+        height: parent.height
+        visible: frame.isPanel
+        radius: frame.radius
+        reach: 14
+        color: Qt.rgba(0, 0, 0, 0.17)
     }
-    Rectangle {
+    RoundedClip {
+        id: clip
+
+        anchors.fill: parent
+        radius: frame.radius
+    }
+    // Opaque, since it hides the edge of the clip.
+    RoundedRectangle {
+        readonly property color ground: Theme.chatBackgroundColor
+
         anchors.fill: parent
         anchors.margins: -1
-        radius: frame.radius + 1
-        color: "transparent"
-        border.width: 1
-        border.color: Qt.alpha(Theme.isDark ? "white" : "black", 0.16)
+        visible: frame.isPanel
+        radius: frame.radius > 0 ? frame.radius + 1 : 0
+        rim: 1
+        color: Qt.tint(ground, Qt.alpha(ground.hslLightness < 0.5 ? "white" : "black", 0.2))
     }
 }

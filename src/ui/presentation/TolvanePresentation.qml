@@ -17,7 +17,7 @@ FocusScope {
         PanelRules.area(windowSize, screen.prefersPanel, Strings.isRightToLeft !== ViewOptions.isPanelLeading)
     readonly property bool isPanel: screen.prefersPanel && PanelRules.hasRoom(windowSize)
 
-    // Of the panel's content; the software renderer has no effects to clip with.
+    // The software renderer clips to rectangles only.
     readonly property int radius:
         isPanel && GraphicsInfo.api !== GraphicsInfo.Software ? Metrics.PanelRadius : 0
 
@@ -98,32 +98,28 @@ FocusScope {
         y: presentation.screen.isEmbedded ? 0 : presentation.windowSize.height - presentation.area.y
         focus: true
 
-        Loader {
+        PanelFrame {
             anchors.fill: parent
-            active: presentation.isPanel
-            sourceComponent: PanelFrame { radius: presentation.radius }
-        }
-        // Behind a notch and the system's bars, where the screen does not reach.
-        Rectangle {
-            anchors.fill: parent
-            visible: !safeMargins.isEmpty
-            color: Theme.backgroundColor
-        }
-        TolvaneScreen {
-            anchors {
-                fill: parent
-                leftMargin: safeMargins.left
-                topMargin: safeMargins.top
-                rightMargin: safeMargins.right
-                bottomMargin: safeMargins.bottom
+            isPanel: presentation.isPanel
+            radius: presentation.radius
+
+            // Behind a notch and the system's bars, where the screen does not reach.
+            Rectangle {
+                anchors.fill: parent
+                visible: !safeMargins.isEmpty
+                color: Theme.backgroundColor
             }
-            focus: true
-            // Not only for the panel: the renderer has a shader program for items in a clip and another
-            // for those outside, and the views below clip anyway.
-            clip: true
-            screen: presentation.screen
-            layer.enabled: presentation.radius > 0
-            layer.effect: PanelClip { extent: presentation.radius }
+            TolvaneScreen {
+                anchors {
+                    fill: parent
+                    leftMargin: safeMargins.left
+                    topMargin: safeMargins.top
+                    rightMargin: safeMargins.right
+                    bottomMargin: safeMargins.bottom
+                }
+                focus: true
+                screen: presentation.screen
+            }
         }
     }
 

@@ -56,6 +56,19 @@ std::vector<CurvePoint> RoundedShape::curve(const RectangleCorner &corner, int s
     return points;
 }
 
+std::vector<QPointF> RoundedShape::points(qreal inset) const
+{
+    constexpr int steps = 10;
+    std::vector<QPointF> points;
+    for (const RectangleCorner &corner : rectangleCorners) {
+        const qreal extent = this->corner(corner.index).extent;
+        const QPointF center = corner.positionIn(target) - extent * corner.direction;
+        for (const auto &[position, normal] : curve(corner, steps))
+            points.push_back(center + extent * position - inset * normal);
+    }
+    return points;
+}
+
 QPainterPath RoundedShape::outline(qreal factor) const
 {
     constexpr int steps = 24;

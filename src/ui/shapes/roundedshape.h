@@ -61,6 +61,8 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
     ContinuousCorner corner(std::size_t which) const;
     /// The points of the corner's curve, clockwise; a single one if the corner is not rounded.
     std::vector<CurvePoint> curve(const RectangleCorner &corner, int steps) const;
+    /// Points on the outline, or inside it at the distance `inset`, clockwise from the top left.
+    std::vector<QPointF> points(qreal inset) const;
     /// The outline, or the area of the rim, with its top left at the origin, scaled by the factor.
     QPainterPath outline(qreal factor) const;
 

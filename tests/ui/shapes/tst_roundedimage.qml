@@ -16,10 +16,16 @@ Rectangle {
         height: 120
         color: "gray"
 
-        RoundedImage {
-            id: picture
+        RoundedClip {
+            id: clip
 
             anchors.fill: parent
+
+            RoundedImage {
+                id: picture
+
+                anchors.fill: parent
+            }
         }
     }
 
@@ -37,6 +43,8 @@ Rectangle {
             picture.corners = RoundedImage.AllCorners
             picture.circle = false
             picture.rotation = 0
+            clip.radius = 0
+            backdrop.height = 120
         }
 
         /// The colours at the positions as letters: of a quarter, the backdrop (.) or others (?).
@@ -76,12 +84,20 @@ Rectangle {
                 {tag: "top left", corners: RoundedImage.TopLeft, colors: ".gby"},
                 {tag: "three", corners: RoundedImage.AllCorners & ~RoundedImage.BottomRight,
                  colors: "...y"},
+                {tag: "clip", clips: true, corners: RoundedImage.AllCorners, colors: "...."},
+                {tag: "clip, three", clips: true, corners: 7, colors: "...y"},
             ]
         }
 
         function test_corners(data) {
-            picture.radius = 30
-            picture.corners = data.corners
+            if (data.clips && GraphicsInfo.api === GraphicsInfo.Software)
+                skip("It clips to rectangles only")
+            const item = data.clips ? clip : picture
+            item.radius = 30
+            item.corners = data.corners
+            backdrop.height = 100
+            compare(colorsAt([[3, 3], [116, 3], [3, 96], [116, 96]]), data.colors)
+            backdrop.height = 120
             compare(colorsAt([[3, 3], [116, 3], [3, 116], [116, 116]]), data.colors)
             compare(colorsAt([[12, 12], [107, 12], [12, 107], [107, 107]]), "rgby")
         }
