@@ -11,7 +11,7 @@ Item {
     required property string name
     /// The part that a pointer can press.
     property Item surface: pressable
-    readonly property alias isHovered: area.containsMouse
+    readonly property bool isHovered: area.containsMouse || hover.hovered
     readonly property alias isPressed: area.pressed
     readonly property alias focusRing: ring
     property bool hasMenu: false
@@ -43,6 +43,13 @@ Item {
         z: 1
     }
 
+    // Tooltips of items within the surface hide the mouse from the area.
+    HoverHandler {
+        id: hover
+
+        parent: pressable.surface
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+    }
     MouseArea {
         id: area
 

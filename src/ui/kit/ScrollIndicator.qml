@@ -3,8 +3,8 @@ import QtQuick
 import Tolvane.Private
 
 // Shows which part of a Flickable is visible, at its lower or trailing edge. Hidden while all of it
-// is visible. As a vertical scroll bar it appears while the content moves or the mouse is on it, and the
-// mouse can drag it.
+// is visible. As a vertical scroll bar it appears while the content moves, and becomes thicker while the
+// mouse is on it, which can drag it.
 RoundedRectangle {
     id: mark
 
@@ -20,23 +20,29 @@ RoundedRectangle {
                                     : flickable.visibleArea.widthRatio
     property real position: isVertical ? flickable.visibleArea.yPosition
                                        : flickable.visibleArea.xPosition
+    readonly property bool isUsed: area.item?.isUsed ?? false
+    property real thickness: isUsed ? 7 : 3
     // Long texts would shrink it to a dot.
     readonly property real length: Math.max(ratio * room, Math.min(24, room))
     readonly property real place:
         ratio < 1 ? Math.max(0, Math.min(1, position / (1 - ratio))) * (room - length) : 0
 
-    x: flickable.x + (!isVertical ? place : LayoutMirroring.enabled ? 0 : flickable.width - 3)
+    x: flickable.x + (!isVertical ? place : LayoutMirroring.enabled ? 0 : flickable.width - thickness)
     y: flickable.y + (isVertical ? place : flickable.height - 4)
-    width: isVertical ? 3 : length
-    height: isVertical ? length : 3
-    radius: 1.5
+    width: isVertical ? thickness : length
+    height: isVertical ? length : thickness
+    radius: thickness / 2
     color: Theme.fontBasicColor
-    opacity: area.item?.isUsed ? 0.5 : !isScrollBar || flickable.moving || hideDelay.running ? 0.3 : 0
+    opacity: isUsed ? 0.5 : !isScrollBar || flickable.moving || hideDelay.running ? 0.3 : 0
     visible: ratio < 1
 
     Behavior on opacity {
         enabled: mark.isScrollBar
 
+        NumberAnimation { duration: Metrics.FadeDuration }
+    }
+
+    Behavior on thickness {
         NumberAnimation { duration: Metrics.FadeDuration }
     }
 

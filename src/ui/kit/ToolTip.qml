@@ -2,8 +2,8 @@
 import QtQuick
 import Tolvane.Private
 
-// A text beside its parent, shown while the mouse rests on the parent. It is above all other items of
-// the window, and takes no events.
+// A text below its parent, or above it at the end of the window, shown while the mouse rests on the
+// parent. It is above all other items of the window, and takes no events.
 Item {
     id: tip
 
@@ -14,10 +14,10 @@ Item {
 
     function place() {
         const item = anchorItem
-        const edge = item.mapToItem(null, item.width / 2, 0)
-        const below = item.mapToItem(null, 0, item.height).y + 6
+        const edge = item.mapToItem(null, item.width / 2, item.height)
+        const above = item.mapToItem(null, 0, 0).y - box.height - 6
         box.x = Math.max(4, Math.min(edge.x - box.width / 2, item.Window.width - box.width - 4))
-        box.y = edge.y - box.height - 6 < 4 ? below : edge.y - box.height - 6
+        box.y = edge.y + box.height + 10 > item.Window.height ? above : edge.y + 6
     }
 
     readonly property Item anchorItem: parent

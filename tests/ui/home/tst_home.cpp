@@ -183,6 +183,26 @@ private Q_SLOTS:
         }
     }
 
+    void theMouseRests()
+    {
+        HomeFixture fixture(1);
+        QVERIFY(fixture.open());
+        const QQuickItem *row = fixture.lastVisible("TicketItem_");
+        const QQuickItem *age = fixture.find(row->property("caption").toString());
+        const QQuickItem *close = fixture.lastVisible("IconButton_");
+        for (const auto &[item, text, isInRow] :
+             {std::tuple(age, row->property("time").toString(), true),
+              {close, close->property("name").toString() + u" (Esc)"_s, false}}) {
+            fixture.robot.moveTo(item->mapToScene({10, item->height() / 2}).toPoint());
+            const auto hasToolTip = [&] {
+                const QQuickItem *tip = fixture.find(text);
+                return tip && tip->property("isShown").toBool();
+            };
+            QTRY_VERIFY2(hasToolTip(), qPrintable(text));
+            QCOMPARE(row->property("isHovered").toBool(), isInRow);
+        }
+    }
+
     void aRemovedRowIsNotAccessible()
     {
         HomeFixture fixture(2);
