@@ -4,6 +4,7 @@
 #include "ui/dialogs/picturesfolder.h"
 
 #include <QtCore/QFileInfo>
+#include <QtGui/QGuiApplication>
 #include <QtQuick/QQuickItem>
 
 #include <algorithm>
