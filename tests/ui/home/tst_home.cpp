@@ -118,9 +118,10 @@ private Q_SLOTS:
         QCOMPARE(fixture.delegate->properties(u"user_action"_s).value(u"ticket_id"_s), u"t1"_s);
         fixture.robot.waitForAnimations();
         fixture.clock->advance(std::chrono::minutes(5));
+        const QPointer<QQuickItem> editor = fixture.lastVisible("AutoSizingTextEditor_");
         fixture.robot.press(Qt::Key_Escape);
         QCoreApplication::processEvents();
-        QCOMPARE(fixture.lastVisible("AutoSizingTextEditor_")->opacity(), 1.0); // Slides out.
+        QVERIFY(!editor || editor->opacity() == 1); // Slides out.
         fixture.robot.waitForAnimations();
         fixture.robot.find(QAccessible::ListItem, u"5 %lld timeago_minutes"_s);
         for (const bool isFailing : {true, false}) {
