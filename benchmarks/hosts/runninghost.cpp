@@ -75,15 +75,6 @@ TicketPreviewDto preview(int index)
     return preview;
 }
 
-BrandingDto readableBranding()
-{
-    BrandingDto branding = test::sampleBranding();
-    branding.accentLight = QStringLiteral("#ffffff");
-    branding.chatBackgroundLight = QStringLiteral("#ffffff");
-    branding.bubbleAgentLight = QStringLiteral("#eeeeee");
-    return branding;
-}
-
 std::unique_ptr<UrlSession> makeSession(const QList<TicketPreviewDto> &tickets)
 {
     auto session = std::make_unique<test::ScriptedSession>();
@@ -107,6 +98,15 @@ QQuickItem *findList(QQuickItem *item)
 }
 
 } // namespace
+
+BrandingDto readableBranding()
+{
+    BrandingDto branding = test::sampleBranding();
+    branding.accentLight = QStringLiteral("#ffffff");
+    branding.chatBackgroundLight = QStringLiteral("#ffffff");
+    branding.bubbleAgentLight = QStringLiteral("#eeeeee");
+    return branding;
+}
 
 RunningHost::RunningHost(int tickets)
     : m_platform(makeSession(m_tickets))

@@ -11,6 +11,9 @@
 
 namespace tolvane::bench {
 
+/// The samples' branding, in colours that show texts.
+BrandingDto readableBranding();
+
 /// A host with a window that is shown, and a backend in the same process.
 class RunningHost
 {

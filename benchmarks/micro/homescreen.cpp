@@ -5,27 +5,15 @@
 #include "testing/process.h"
 
 #include <algorithm>
-#include <string>
-#include <utility>
 #include <vector>
 
 namespace tolvane::bench {
 
 namespace {
 
-/// A number that the host has printed, and its name.
-using Number = std::pair<std::string, double>;
-
 std::vector<Number> numbersOf(const QString &scenario)
 {
-    const QByteArray output = test::outputOf(QStringLiteral(TOLVANE_HOME_HOST), {scenario});
-    std::vector<Number> numbers;
-    for (const QByteArray &line : output.split('\n')) {
-        const QByteArrayList parts = line.split(':');
-        if (parts.size() == 2)
-            numbers.emplace_back(parts.at(0).toStdString(), parts.at(1).toDouble());
-    }
-    return numbers;
+    return numbersIn(test::outputOf(QStringLiteral(TOLVANE_HOME_HOST), {scenario}));
 }
 
 /// Records the slowest frame. Takes the minimum of two equal passes for each frame, because noise

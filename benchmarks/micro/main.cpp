@@ -6,6 +6,7 @@
 #include "conversation.h"
 #include "homescreen.h"
 #include "idle.h"
+#include "panel.h"
 #include "scrolling.h"
 
 #include <QtCore/QCommandLineParser>
@@ -80,6 +81,7 @@ int main(int argc, char **argv)
     measureScrolling(figures);
     measureHomeScreen(figures);
     measureConversation(figures);
+    measurePanel(figures);
     const std::vector<Outcome> outcomes = outcomesOf(figures);
     print(outcomes);
     return report(outcomes, options) ? EXIT_SUCCESS : EXIT_FAILURE;

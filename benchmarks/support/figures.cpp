@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "figures.h"
 
+#include <QtCore/QByteArrayList>
+
 #include <algorithm>
 #include <cmath>
 
@@ -55,6 +57,17 @@ Figure Figures::median(const std::string &name) const
         return nothing;
     const std::vector<double> values = sorted(found->second);
     return figureOf(values[values.size() / 2], values.back() - values.front());
+}
+
+std::vector<Number> numbersIn(const QByteArray &output)
+{
+    std::vector<Number> numbers;
+    for (const QByteArray &line : output.split('\n')) {
+        const QByteArrayList parts = line.split(':');
+        if (parts.size() == 2)
+            numbers.emplace_back(parts.at(0).toStdString(), parts.at(1).toDouble());
+    }
+    return numbers;
 }
 
 } // namespace tolvane::bench

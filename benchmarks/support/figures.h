@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtCore/QByteArray>
+
 #include <benchmark/benchmark.h>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tolvane::bench {
@@ -36,5 +39,11 @@ public:
 private:
     std::map<std::string, std::vector<double>> m_measurements;
 };
+
+/// A number that a program has printed, and its name.
+using Number = std::pair<std::string, double>;
+
+/// The numbers in lines "NAME: NUMBER".
+std::vector<Number> numbersIn(const QByteArray &output);
 
 } // namespace tolvane::bench
