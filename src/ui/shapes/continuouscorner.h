@@ -5,7 +5,17 @@
 
 #include <QtCore/QPointF>
 
+#include <vector>
+
 namespace tolvane {
+
+/// A point on the curve of a corner, and the outward unit normal there. The curve is around the
+/// origin with an extent of 1.
+struct CurvePoint
+{
+    QPointF position;
+    QPointF normal;
+};
 
 /// The corner of all rounded shapes in the library. Unlike the curvature of an arc, its curvature
 /// increases gradually.
@@ -23,11 +33,10 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT ContinuousCorner
     /// @param room half of the shorter side of the shape that has the corner
     static ContinuousCorner forRadius(qreal radius, qreal room);
 
-    /// A point of the superellipse around the origin, for an extent of 1. Angles from 0 to pi / 2
-    /// form one corner.
-    QPointF pointAt(qreal angle) const;
-    /// The outward unit normal at that point.
-    QPointF normalAt(qreal angle) const;
+    /// The number of chords that are closer to the curve than the tolerance.
+    int stepsFor(qreal tolerance) const;
+    /// The ends of the chords, clockwise, for the corner at the lower right.
+    std::vector<CurvePoint> curve(int steps) const;
 };
 
 } // namespace tolvane

@@ -29,9 +29,11 @@ struct Corner
 using Corners = std::array<Corner, 4>;
 
 /// In the order of rectangleCorners.
-Corners cornersOf(const RoundedShape &shape)
+/// @param pixel the size of a device pixel
+Corners cornersOf(const RoundedShape &shape, qreal pixel)
 {
-    constexpr int steps = 10;
+    // Less is not seen, and each point is two vertices for every rectangle in a frame.
+    const qreal tolerance = pixel / 8;
     const auto [topLeft, topRight, bottomLeft, bottomRight] = shape.radii;
     const bool isTopRound = topLeft > 0 || topRight > 0;
     const bool isBottomRound = bottomLeft > 0 || bottomRight > 0;
@@ -42,7 +44,7 @@ Corners cornersOf(const RoundedShape &shape)
         const bool isEdgeRound = corner.direction.y() < 0 ? isTopRound : isBottomRound;
         corners.at(at) = {.center = corner.positionIn(shape.target) - extent * corner.direction,
                           .extent = extent,
-                          .curve = shape.curve(corner, steps),
+                          .curve = shape.curve(corner, tolerance),
                           // A straight edge may adjoin another shape, without a gap between them.
                           .fading = {1.0, isEdgeRound ? 1.0 : 0.0}};
     }
@@ -109,8 +111,11 @@ struct OutlinePoint
 struct Outline
 {
     std::vector<OutlinePoint> points;
-    /// The number of points up to and including each corner.
-    std::array<std::size_t, 4> ends{};
+    /// Where the points of each corner begin and end.
+    std::array<std::size_t, 5> bounds{};
+
+    int first(std::size_t corner) const { return points.at(bounds.at(corner)).inside; }
+    int last(std::size_t corner) const { return points.at(bounds.at(corner + 1) - 1).inside; }
 };
 
 /// @param inset the distance from the shape's outline
@@ -127,22 +132,31 @@ Outline addOutline(Mesh &mesh, const Corners &corners, qreal inset, qreal pixel)
             outline.points.push_back({.inside = mesh.addVertex(edge - fading, true),
                                       .outside = mesh.addVertex(edge + fading, false)});
         }
-        outline.ends.at(at) = outline.points.size();
+        outline.bounds.at(at + 1) = outline.points.size();
     }
     return outline;
 }
 
-/// Downwards between the left and the right side: the corners are clockwise from the top left.
+/// The octagon between the ends of the corners, and what each corner adds to it. Triangles over the
+/// whole width for each point of a corner would take the renderer longer.
 void fill(Mesh &mesh, const Outline &outline)
 {
-    const auto &[points, ends] = outline;
-    const std::size_t topLeft = ends[0];
-    const std::size_t left = topLeft + points.size() - ends[2];
-    const std::size_t right = ends[2] - topLeft;
-    for (std::size_t at = 0; at < std::max(left, right); ++at) {
-        const std::size_t step = std::min(at, left - 1);
-        mesh.addIndex(points.at((points.size() + topLeft - 1 - step) % points.size()).inside);
-        mesh.addIndex(points.at(topLeft + std::min(at, right - 1)).inside);
+    // The corners are clockwise from the top left.
+    for (const int vertex : {outline.last(0), outline.first(1), outline.first(0), outline.last(1),
+                             outline.last(3), outline.first(2), outline.first(3), outline.last(2)})
+        mesh.addIndex(vertex);
+    for (std::size_t corner = 0; corner < rectangleCorners.size(); ++corner) {
+        std::size_t low = outline.bounds.at(corner);
+        std::size_t high = outline.bounds.at(corner + 1) - 1;
+        if (high < low + 2)
+            continue;
+        mesh.startStripAt(outline.points.at(low).inside);
+        for (; low < high; ++low, --high) {
+            mesh.addIndex(outline.points.at(low).inside);
+            mesh.addIndex(outline.points.at(high).inside);
+        }
+        if (low == high)
+            mesh.addIndex(outline.points.at(low).inside);
     }
 }
 
@@ -162,7 +176,7 @@ void fillAround(Mesh &mesh, const std::vector<OutlinePoint> &sides)
 Mesh meshOf(const RoundedShape &shape, const QColor &color, qreal pixel)
 {
     Mesh mesh(color);
-    const Corners corners = cornersOf(shape);
+    const Corners corners = cornersOf(shape, pixel);
     const Outline outer = addOutline(mesh, corners, 0, pixel);
     if (shape.rim > 0) {
         const Outline inner = addOutline(mesh, corners, shape.rim, -pixel);

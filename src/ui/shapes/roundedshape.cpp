@@ -4,7 +4,6 @@
 #include <QtGui/QPolygonF>
 
 #include <algorithm>
-#include <numbers>
 
 namespace tolvane {
 
@@ -30,6 +29,15 @@ std::array<qreal, 4> radiiIn(const QRectF &target, const Rounding &rounding)
     return radii;
 }
 
+/// Turned clockwise around the origin.
+QPointF turned(const QPointF &point, int quarters)
+{
+    constexpr std::array<int, 4> cosines = {1, 0, -1, 0};
+    const int cosine = cosines.at(std::size_t(quarters));
+    const int sine = cosines.at(std::size_t(quarters + 3) % 4);
+    return {cosine * point.x() - sine * point.y(), sine * point.x() + cosine * point.y()};
+}
+
 } // namespace
 
 bool RoundedShape::isRounded() const
@@ -43,27 +51,27 @@ ContinuousCorner RoundedShape::corner(std::size_t which) const
                                        std::min(target.width(), target.height()) / 2);
 }
 
-std::vector<CurvePoint> RoundedShape::curve(const RectangleCorner &corner, int steps) const
+std::vector<CurvePoint> RoundedShape::curve(const RectangleCorner &corner, qreal tolerance) const
 {
     const ContinuousCorner shape = this->corner(corner.index);
     if (shape.extent <= 0)
         return {{.position = corner.direction, .normal = corner.direction}};
-    std::vector<CurvePoint> points;
-    for (int step = 0; step <= steps; ++step) {
-        const qreal angle = (corner.quarter + qreal(step) / steps) * std::numbers::pi / 2;
-        points.push_back({.position = shape.pointAt(angle), .normal = shape.normalAt(angle)});
+    std::vector<CurvePoint> points = shape.curve(shape.stepsFor(tolerance));
+    for (CurvePoint &point : points) {
+        point = {.position = turned(point.position, corner.quarter),
+                 .normal = turned(point.normal, corner.quarter)};
     }
     return points;
 }
 
 std::vector<QPointF> RoundedShape::points(qreal inset) const
 {
-    constexpr int steps = 10;
+    constexpr qreal tolerance = 1.0 / 16;
     std::vector<QPointF> points;
     for (const RectangleCorner &corner : rectangleCorners) {
         const qreal extent = this->corner(corner.index).extent;
         const QPointF center = corner.positionIn(target) - extent * corner.direction;
-        for (const auto &[position, normal] : curve(corner, steps))
+        for (const auto &[position, normal] : curve(corner, tolerance))
             points.push_back(center + extent * position - inset * normal);
     }
     return points;
@@ -71,14 +79,14 @@ std::vector<QPointF> RoundedShape::points(qreal inset) const
 
 QPainterPath RoundedShape::outline(qreal factor) const
 {
-    constexpr int steps = 24;
+    constexpr qreal tolerance = 0.02;
     QPolygonF outline;
     QPolygonF inner;
     const QRectF rect(QPointF(), target.size());
     for (const RectangleCorner &corner : rectangleCorners) {
         const qreal extent = this->corner(corner.index).extent;
         const QPointF center = corner.positionIn(rect) - extent * corner.direction;
-        for (const CurvePoint &point : curve(corner, steps)) {
+        for (const CurvePoint &point : curve(corner, tolerance / factor)) {
             outline += (center + extent * point.position) * factor;
             inner += (center + extent * point.position - rim * point.normal) * factor;
         }

@@ -37,14 +37,6 @@ inline constexpr std::array rectangleCorners = {
     RectangleCorner{.index = 3, .direction = {1, 1}, .quarter = 0},
     RectangleCorner{.index = 2, .direction = {-1, 1}, .quarter = 1}};
 
-/// A point on the curve of a corner, and the outward normal there. The curve is around the origin
-/// with an extent of 1.
-struct CurvePoint
-{
-    QPointF position;
-    QPointF normal;
-};
-
 /// A part of a picture (`source`, in pixels of the picture), and the rounded rectangle that shows
 /// it (in coordinates of the item).
 struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
@@ -60,7 +52,8 @@ struct TOLVANE_VIEWS_AUTOTEST_EXPORT RoundedShape
     /// One of the corners, in the order of the radii.
     ContinuousCorner corner(std::size_t which) const;
     /// The points of the corner's curve, clockwise; a single one if the corner is not rounded.
-    std::vector<CurvePoint> curve(const RectangleCorner &corner, int steps) const;
+    /// @param tolerance how far it may differ from the curve, in the coordinates of the item
+    std::vector<CurvePoint> curve(const RectangleCorner &corner, qreal tolerance) const;
     /// Points on the outline, or inside it at the distance `inset`, clockwise from the top left.
     std::vector<QPointF> points(qreal inset) const;
     /// The outline, or the area of the rim, with its top left at the origin, scaled by the factor.
