@@ -74,16 +74,19 @@ constexpr std::array rules = {
     Rule{&Span::minutes, 1, "%lld timeago_minutes", true},
 };
 
-} // namespace
+QDateTime momentOf(const QString &timestamp)
+{
+    return isoDateTime(timestamp, IsoZone::BasicOffset);
+}
 
-QString timeAgoText(const QString &timestamp)
+QString invalidText()
+{
+    return platform().bundle->string(QStringLiteral("timeago_invalid"));
+}
+
+QString textFor(const Span &span)
 {
     const Bundle &bundle = *platform().bundle;
-    const QDateTime start = isoDateTime(timestamp, IsoZone::BasicOffset);
-    if (!start.isValid())
-        return bundle.string(QStringLiteral("timeago_invalid"));
-
-    const Span span = spanSince(start);
     const auto rule = std::ranges::find_if(
         rules, [&span](const Rule &each) { return span.*each.component >= each.minimum; });
     if (rule == rules.end())
@@ -92,23 +95,36 @@ QString timeAgoText(const QString &timestamp)
     return rule->isCounted ? bundle.string(key, span.*rule->component) : bundle.string(key);
 }
 
-QString spokenTimeAgoText(const QString &timestamp)
+QString dateTimeFor(const QDateTime &moment)
 {
-    const QDateTime start = isoDateTime(timestamp, IsoZone::BasicOffset);
-    const QString age = timeAgoText(timestamp);
-    const bool isOld = start.isValid() && spanSince(start).days >= week;
-    return isOld ? age + QStringLiteral(", ") + dateTimeText(timestamp) : age;
-}
-
-QString dateTimeText(const QString &timestamp)
-{
-    const QDateTime moment = isoDateTime(timestamp, IsoZone::BasicOffset);
-    if (!moment.isValid())
-        return {};
     const QDateTime local = moment.toTimeZone(deviceTimeZone());
     const QLocale locale = platform().bundle->locale();
     return locale.toString(local.date(), QLocale::LongFormat) + QLatin1Char(' ') +
            locale.toString(local.time(), QLocale::ShortFormat);
+}
+
+} // namespace
+
+QString timeAgoText(const QString &timestamp)
+{
+    const QDateTime start = momentOf(timestamp);
+    return start.isValid() ? textFor(spanSince(start)) : invalidText();
+}
+
+QString spokenTimeAgoText(const QString &timestamp)
+{
+    const QDateTime start = momentOf(timestamp);
+    if (!start.isValid())
+        return invalidText();
+    const Span span = spanSince(start);
+    const QString age = textFor(span);
+    return span.days >= week ? age + QStringLiteral(", ") + dateTimeFor(start) : age;
+}
+
+QString dateTimeText(const QString &timestamp)
+{
+    const QDateTime moment = momentOf(timestamp);
+    return moment.isValid() ? dateTimeFor(moment) : QString();
 }
 
 } // namespace tolvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "state/times/timeago.h"
 
 #include <QtCore/QObject>
 #include <QtQml/qqmlregistration.h>
@@ -29,6 +30,8 @@ public:
     {
         return platform().bundle->hostString(key);
     }
+    /// Date and time of a backend's timestamp; empty if it is invalid.
+    Q_INVOKABLE QString dateTime(const QString &timestamp) const { return dateTimeText(timestamp); }
 };
 
 } // namespace tolvane

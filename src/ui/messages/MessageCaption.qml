@@ -6,8 +6,8 @@ import Tolvane.Private
 Text {
     id: caption
 
-    /// Date and time of the message; empty for a message without a valid time.
-    property string time
+    /// The timestamp of the message; empty without one.
+    property string timestamp
 
     horizontalAlignment: Text.AlignLeft
     textFormat: Text.PlainText
@@ -19,6 +19,6 @@ Text {
 
     TimeToolTip {
         line: caption
-        time: caption.time
+        timestamp: caption.timestamp
     }
 }

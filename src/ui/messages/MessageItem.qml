@@ -13,7 +13,7 @@ Item {
     required property url picture
     required property formattedText content
     required property string caption
-    required property string time
+    required property string timestamp
     /// URLs.
     required property list<string> attachments
     required property string description
@@ -135,6 +135,6 @@ Item {
         horizontalAlignment: message.isCustomer ? Text.AlignRight : Text.AlignLeft
         visible: message.isLast
         text: message.caption
-        time: message.time
+        timestamp: message.timestamp
     }
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/messages/messagelistmodel.h"
 
-#include "state/times/timeago.h"
 #include "ui/markdown/emoji.h"
 #include "ui/messages/messagechunks.h"
 
@@ -90,8 +89,8 @@ QVariant MessageListModel::data(const QModelIndex &index, int role) const
         return QVariant::fromValue(formatted(row.text));
     case captionRole:
         return messagerow::caption(message);
-    case timeRole:
-        return dateTimeText(message.timestamp);
+    case timestampRole:
+        return message.timestamp;
     case attachmentsRole:
         return attachmentsOf(row);
     case descriptionRole:
@@ -127,7 +126,7 @@ QHash<int, QByteArray> MessageListModel::roleNames() const
                                                  {pictureRole, "picture"},
                                                  {contentRole, "content"},
                                                  {captionRole, "caption"},
-                                                 {timeRole, "time"},
+                                                 {timestampRole, "timestamp"},
                                                  {attachmentsRole, "attachments"},
                                                  {descriptionRole, "description"},
                                                  {isFirstRole, "isFirst"},

@@ -23,8 +23,8 @@ public:
         /// A FormattedText.
         contentRole,
         captionRole,
-        /// Date and time.
-        timeRole,
+        /// As received.
+        timestampRole,
         /// URLs as received; empty except for the message's first row.
         attachmentsRole,
         /// The whole message as one text for screen readers; empty except for the message's first

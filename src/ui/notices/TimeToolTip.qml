@@ -7,14 +7,14 @@ Loader {
     id: tip
 
     required property Text line
-    required property string time
+    required property string timestamp
 
     x: line.effectiveHorizontalAlignment === Text.AlignRight ? line.width - width : 0
     width: line.contentWidth
     height: line.height
-    active: hover.hovered && time.length > 0
+    active: hover.hovered
     sourceComponent: ToolTip {
-        text: tip.time
+        text: Strings.dateTime(tip.timestamp)
         isWanted: true
     }
 

@@ -14,7 +14,7 @@ Pressable {
     required property url picture
     required property string content
     required property string caption
-    required property string time
+    required property string timestamp
     required property bool isUnread
     required property string description
 
@@ -89,7 +89,7 @@ Pressable {
 
                 TimeToolTip {
                     line: age
-                    time: item.time
+                    timestamp: item.timestamp
                 }
             }
         }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/tickets/ticketlistmodel.h"
 
-#include "state/times/timeago.h"
 #include "state/unreadtickets.h"
 #include "ui/tickets/ticketrow.h"
 
@@ -25,8 +24,8 @@ QVariant TicketListModel::data(const QModelIndex &index, int role) const
         return ticketrow::singleLine(ticket.lastMessage.content);
     case captionRole:
         return ticketrow::caption(ticket);
-    case timeRole:
-        return dateTimeText(ticket.lastMessage.timestamp);
+    case timestampRole:
+        return ticket.lastMessage.timestamp;
     case isUnreadRole:
         return isUnread(ticket.lastMessage);
     case descriptionRole:
@@ -48,7 +47,7 @@ QHash<int, QByteArray> TicketListModel::roleNames() const
 {
     return {{previewRole, "preview"},   {iconRole, "icon"},
             {pictureRole, "picture"},   {contentRole, "content"},
-            {captionRole, "caption"},   {timeRole, "time"},
+            {captionRole, "caption"},   {timestampRole, "timestamp"},
             {isUnreadRole, "isUnread"}, {descriptionRole, "description"},
             {sectionRole, "section"}};
 }

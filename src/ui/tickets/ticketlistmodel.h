@@ -21,8 +21,8 @@ public:
         pictureRole,
         contentRole,
         captionRole,
-        /// Date and time of the last message.
-        timeRole,
+        /// As received.
+        timestampRole,
         isUnreadRole,
         /// The whole row as one text, for screen readers.
         descriptionRole,
