@@ -102,7 +102,7 @@ void flingThroughMessages(ConversationBackend &, int messageCount)
     auto *rows = list->findChild<AnchoredList *>();
     fling({.window = window,
            .flickable = rows->parentItem(),
-           .rows = rows,
+           .rows = rows->content(),
            .goToEnd =
                [rows] {
                    rows->setProperty("isMoving", false);

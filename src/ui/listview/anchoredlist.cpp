@@ -10,6 +10,7 @@ namespace tolvane {
 
 AnchoredList::AnchoredList(QQuickItem *parent)
     : QQuickItem(parent)
+    , m_content(new QQuickItem(this))
     , m_scrollAnimation([this] { polish(); })
 {
 }

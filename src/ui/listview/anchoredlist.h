@@ -58,6 +58,8 @@ class TOLVANE_VIEWS_AUTOTEST_EXPORT AnchoredList : public QQuickItem
     /// A row of the model, or -1.
     Q_PROPERTY(int currentIndex READ currentIndex WRITE setCurrentIndex NOTIFY currentIndexChanged)
     Q_PROPERTY(QQuickItem *currentItem READ currentItem NOTIFY currentIndexChanged)
+    /// The parent of the rows' items.
+    Q_PROPERTY(QQuickItem *content READ content CONSTANT)
 
 public:
     explicit AnchoredList(QQuickItem *parent = nullptr);
@@ -81,6 +83,7 @@ public:
     int currentIndex() const { return m_currentIndex; }
     void setCurrentIndex(int row);
     QQuickItem *currentItem() const { return itemAt(m_currentIndex); }
+    QQuickItem *content() const { return m_content; }
 
     /// @param duration in milliseconds; 0 scrolls immediately
     Q_INVOKABLE void scrollToEnd(int duration);
@@ -141,6 +144,7 @@ private:
     void beginScroll();
     void layoutRows();
     void animateRowChanges();
+    void placeRows(double contentY);
     void publishLayout(double contentY);
 
     // Items of rows.
@@ -168,6 +172,11 @@ private:
     bool m_isMoving = false;
     int m_currentIndex = -1;
 
+    /// Moves when the list scrolls. The rows do not move in it, so that the renderer keeps their
+    /// vertices and draws many rows at once.
+    QQuickItem *const m_content;
+    /// The position of the top of `m_content`: near the viewport, as vertices are floats.
+    double m_contentTop = 0;
     RowOffsets m_offsets;
     /// For each row, the number of the first layout after its insertion; -1 for initial rows.
     std::vector<int> m_insertionLayouts;

@@ -98,7 +98,7 @@ ItemPointer AnchoredList::createItem(int row)
     }
     QQmlContext *context = component->creationContext();
     QVariantMap properties = roleValues(row);
-    properties[QStringLiteral("parent")] = QVariant::fromValue(this);
+    properties[QStringLiteral("parent")] = QVariant::fromValue(m_content);
     properties[QStringLiteral("width")] = width();
     QObject *object =
         component->createWithInitialProperties(properties, context ? context : qmlContext(this));

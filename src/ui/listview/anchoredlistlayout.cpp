@@ -56,6 +56,7 @@ void AnchoredList::geometryChange(const QRectF &newGeometry, const QRectF &oldGe
 {
     QQuickItem::geometryChange(newGeometry, oldGeometry);
     if (newGeometry.width() != oldGeometry.width()) {
+        m_content->setWidth(newGeometry.width());
         for (const auto &row : m_rows) {
             if (row)
                 row->item()->setWidth(newGeometry.width());
@@ -160,14 +161,23 @@ void AnchoredList::layoutRows()
     if (!m_scrollAnimation.isActive() && !m_isMoving)
         m_isAtEnd = contentY >= maxContentY() - 0.5;
     animateRowChanges();
+    std::erase_if(m_leaving, [](const LeavingRow &leaving) { return !leaving.row->isMoving(); });
+    placeRows(contentY);
+    publishLayout(contentY);
+}
+
+void AnchoredList::placeRows(double contentY)
+{
+    constexpr double farthest = 10'000;
+    if (std::abs(contentY - m_contentTop) > farthest)
+        m_contentTop = contentY;
+    m_content->setY(m_contentTop - contentY);
     for (std::size_t at = 0; at < m_rows.size(); ++at) {
         if (m_rows[at])
-            m_rows[at]->place(positionOf(m_firstRow + int(at)) - contentY);
+            m_rows[at]->place(positionOf(m_firstRow + int(at)) - m_contentTop);
     }
-    std::erase_if(m_leaving, [](const LeavingRow &leaving) { return !leaving.row->isMoving(); });
     for (const LeavingRow &leaving : m_leaving)
-        leaving.row->place(leaving.position - contentY);
-    publishLayout(contentY);
+        leaving.row->place(leaving.position - m_contentTop);
 }
 
 void AnchoredList::animateRowChanges()

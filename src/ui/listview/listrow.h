@@ -38,7 +38,7 @@ public:
     ItemPointer takeItem();
     double height() const { return m_item->implicitHeight(); }
 
-    /// Sets the position, from the top of the viewport. An animation adds its shift to it.
+    /// Sets the position in the parent of the rows. An animation adds its shift to it.
     void place(double y);
     /// The present distance from the position.
     double shift() const { return m_shift; }
