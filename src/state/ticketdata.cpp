@@ -117,6 +117,10 @@ TicketData::State TicketData::state() const
 
 void TicketData::setTicket(TicketDto ticket)
 {
+    const bool isSameList = m_ticket &&
+                            m_ticket->messages.constData() == ticket.messages.constData() &&
+                            m_ticket->messages.size() == ticket.messages.size();
+    m_messagesGeneration += !isSameList;
     // Destroying thousands of messages would block the main thread.
     auto replaced = std::exchange(m_ticket, std::move(ticket));
     m_messageIds.reset();

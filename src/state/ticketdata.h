@@ -35,6 +35,9 @@ public:
     bool hasAttemptedFetch() const { return m_hasAttemptedFetch; }
     const std::optional<TicketPreviewDto> &preview() const { return m_preview; }
     const std::optional<TicketDto> &ticket() const { return m_ticket; }
+    /// Changes when the list of messages is replaced by another one. A message that is added at its
+    /// end does not change it.
+    int messagesGeneration() const { return m_messagesGeneration; }
     const ErrorPtr &fetchError() const { return m_fetchError; }
     const ErrorPtr &sendError() const { return m_sendError; }
 
@@ -114,6 +117,7 @@ private:
     std::optional<TicketPreviewDto> m_preview;
     int m_stateUpdates = 0;
     std::optional<TicketDto> m_ticket;
+    int m_messagesGeneration = 0;
     /// Of the ticket's messages; absent until many messages have arrived.
     std::optional<QSet<QString>> m_messageIds;
     int m_messageSearches = 0;

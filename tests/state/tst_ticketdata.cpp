@@ -218,6 +218,9 @@ private Q_SLOTS:
     {
         TicketFixture fixture;
         fixture.run(fixture.store->fetchTicket());
+        const int generation = fixture.store->messagesGeneration();
+        fixture.run(fixture.store->silentFetchTicket());
+        fixture.session->requests.clear();
         const MessageDto reply = makeMessage(u"r"_s, words::aiAgent);
         fixture.notify(reply);
         fixture.notify(reply);
@@ -233,11 +236,13 @@ private Q_SLOTS:
         for (int i = 0; i < 20; ++i)
             fixture.notify(makeMessage(QString::number(i), words::aiAgent));
         fixture.clock->advance(500ms);
-        QCOMPARE(fixture.session->requests.size(), 1);
+        QCOMPARE(fixture.session->requests.size(), 0);
+        QCOMPARE(fixture.store->messagesGeneration(), generation);
         fixture.fetched.messages += makeMessage(u"confirmed"_s);
         fixture.clock->advance(5s);
-        QCOMPARE(fixture.session->requests.size(), 2);
+        QCOMPARE(fixture.session->requests.size(), 1);
         QCOMPARE(fixture.messageIds(), QStringList({u"m1"_s, u"confirmed"_s}));
+        QVERIFY(fixture.store->messagesGeneration() != generation);
     }
 
     void aMessageBeforeTheTicketIsFetched()

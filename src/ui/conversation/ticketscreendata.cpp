@@ -62,7 +62,8 @@ void TicketScreenData::updateTicket()
     if (!m_ticketData->fetchError())
         m_backOff.succeeded();
     if (m_ticketData->ticket())
-        m_messages.setMessages(m_ticketData->ticket()->messages);
+        m_messages.setMessages(m_ticketData->ticket()->messages,
+                               m_ticketData->messagesGeneration());
     if (m_ticketData->preview())
         m_preview.setMessages({m_ticketData->preview()->lastMessage});
     m_title = ticketheader::title(*m_ticketData);

@@ -8,19 +8,12 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 
-#include <algorithm>
+#include <span>
 #include <utility>
 
 namespace tolvane {
 
 namespace {
-
-bool hasNewMessage(const QList<MessageDto> &messages, const QList<MessageDto> &before)
-{
-    return !before.isEmpty() && messages.size() > before.size() &&
-           messages.constLast().id != before.constLast().id &&
-           !messagerow::isCustomer(messages.constLast());
-}
 
 /// For a row without a text, in microseconds.
 constexpr int rowCost = 100;
@@ -32,32 +25,34 @@ QStringList attachmentsOf(const MessageRow &row)
 
 } // namespace
 
-void MessageListModel::setMessages(const QList<MessageDto> &messages)
+void MessageListModel::setMessages(const QList<MessageDto> &messages, std::optional<int> generation)
 {
-    // Copies share their data. Otherwise the lists usually begin with the same messages.
-    const bool isCopy =
-        messages.constData() == m_messages.constData() && messages.size() == m_messages.size();
-    const qsizetype same = isCopy
-                               ? messages.size()
-                               : std::ranges::mismatch(messages, m_messages).in1 - messages.begin();
-    if (same == messages.size() && same == m_messages.size())
+    const bool isContinued = generation && m_generation == generation;
+    m_generation = generation;
+    const Kept kept = isContinued ? Kept{m_count, records().size()} : keptOf(messages);
+    if (kept.messages == messages.size() && kept.messages == m_count)
         return;
-    const QList<MessageDto> before = std::exchange(m_messages, messages);
-    replaceAfter(firstRowOf(same),
-                 messagerow::rowsOf(std::span(messages).subspan(std::size_t(same))));
+    const QString lastId = m_count > 0 ? records().constLast().message.id : QString();
+    const qsizetype countBefore = std::exchange(m_count, messages.size());
+    replaceAfter(kept.rows,
+                 messagerow::rowsOf(std::span(messages).subspan(std::size_t(kept.messages))));
     Q_EMIT messagesChanged();
-    if (hasNewMessage(messages, before))
+    if (countBefore > 0 && m_count > countBefore && messages.constLast().id != lastId &&
+        !messagerow::isCustomer(messages.constLast()))
         Q_EMIT messageArrived(messagerow::description(messages.constLast()));
 }
 
-qsizetype MessageListModel::firstRowOf(qsizetype message) const
+MessageListModel::Kept MessageListModel::keptOf(const QList<MessageDto> &messages) const
 {
-    qsizetype row = 0;
-    for (; row < records().size(); ++row) {
-        if (records().at(row).isFirst && message-- == 0)
-            break;
+    Kept kept;
+    while (kept.messages < messages.size() && kept.rows < records().size() &&
+           records().at(kept.rows).message == messages.at(kept.messages)) {
+        ++kept.messages;
+        do
+            ++kept.rows;
+        while (kept.rows < records().size() && !records().at(kept.rows).isFirst);
     }
-    return row;
+    return kept;
 }
 
 void MessageListModel::refreshAges()

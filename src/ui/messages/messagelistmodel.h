@@ -6,6 +6,8 @@
 #include "ui/markdown/inlinemarkdown.h"
 #include "ui/messages/messagerow.h"
 
+#include <optional>
+
 namespace tolvane {
 
 /// The messages of a ticket as rows, in the ticket's order. Expensive data, such as the formatted
@@ -41,8 +43,9 @@ public:
 
     using RecordListModel::RecordListModel;
 
-    /// Returns at once if the list is an implicitly shared copy of the previous one.
-    void setMessages(const QList<MessageDto> &messages);
+    /// @param generation of the list: as long as it stays, messages have only been added at the
+    ///     end, and the others are not compared. Without one all messages are compared.
+    void setMessages(const QList<MessageDto> &messages, std::optional<int> generation = {});
 
     /// Makes views read the ages of the messages again.
     Q_INVOKABLE void refreshAges();
@@ -60,11 +63,19 @@ Q_SIGNALS:
     void messageArrived(const QString &description);
 
 private:
-    /// Returns the number of rows if there is no such message.
-    qsizetype firstRowOf(qsizetype message) const;
+    /// What a new list and the rows have in common at their beginning.
+    struct Kept
+    {
+        qsizetype messages = 0;
+        qsizetype rows = 0;
+    };
+
+    Kept keptOf(const QList<MessageDto> &messages) const;
     const FormattedText &formatted(const QString &source) const;
 
-    QList<MessageDto> m_messages;
+    // Not the list itself: sharing it would make the store copy it to add a message.
+    qsizetype m_count = 0;
+    std::optional<int> m_generation;
     /// The result of the last formatted(): views read the roles of a row one after another.
     mutable QString m_formattedSource;
     mutable FormattedText m_formatted;

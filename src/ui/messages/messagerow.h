@@ -43,3 +43,5 @@ TOLVANE_VIEWS_AUTOTEST_EXPORT QString description(const MessageDto &message);
 } // namespace messagerow
 
 } // namespace tolvane
+
+Q_DECLARE_TYPEINFO(tolvane::MessageRow, Q_RELOCATABLE_TYPE);
