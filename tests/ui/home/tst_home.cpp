@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The home screen, used by mouse, wheel and keyboard.
+#include "state/times/timeago.h"
 #include "testing/ui/accessibletree.h"
 #include "testing/ui/screens.h"
 #include "testing/ui/uirobot.h"
@@ -192,7 +193,7 @@ private Q_SLOTS:
         const QQuickItem *age = fixture.find(row->property("caption").toString());
         const QQuickItem *close = fixture.lastVisible("IconButton_");
         for (const auto &[item, text, isInRow] :
-             {std::tuple(age, row->property("time").toString(), true),
+             {std::tuple(age, dateTimeText(row->property("timestamp").toString()), true),
               {close, close->property("name").toString() + u" (Esc)"_s, false}}) {
             fixture.robot.moveTo(item->mapToScene({10, item->height() / 2}).toPoint());
             const auto hasToolTip = [&] {
