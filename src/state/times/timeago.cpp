@@ -18,6 +18,8 @@ namespace {
 constexpr qint64 minute = 60;
 constexpr qint64 hour = 60 * minute;
 constexpr qint64 day = 24 * hour;
+/// In days.
+constexpr qint64 week = 7;
 
 /// The moment `days` later at the same time of day, or the end of the gap if that time does not
 /// occur, for which Qt 6.4's addDays() is wrong.
@@ -52,7 +54,11 @@ Span spanBetween(const QDateTime &start, const QDateTime &end, const QTimeZone &
 Span spanSince(const QDateTime &start)
 {
     const QDateTime now = platform().clock->now();
-    return start < now ? spanBetween(start, now, deviceTimeZone()) : Span();
+    if (start >= now)
+        return {};
+    // The calendar differs by a day at most, and is not needed for ages beyond a week.
+    const qint64 days = start.secsTo(now) / day;
+    return days > week ? Span{.days = days} : spanBetween(start, now, deviceTimeZone());
 }
 
 /// The text for a duration with at least `minimum` of a component.
@@ -63,8 +69,6 @@ struct Rule
     const char *key;
     bool isCounted;
 };
-
-constexpr qint64 week = 7;
 
 // The first matching text is used.
 constexpr std::array rules = {
