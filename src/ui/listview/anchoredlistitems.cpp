@@ -28,6 +28,10 @@ bool AnchoredList::provideRow(int row)
         QMetaObject::invokeMethod(this, &AnchoredList::polish, Qt::QueuedConnection);
         return false;
     }
+    // Queued: a frame may call updatePolish() several times.
+    if (m_spentCost == 0 && cost > 0)
+        QMetaObject::invokeMethod(
+            this, [this] { m_spentCost = 0; }, Qt::QueuedConnection);
     m_spentCost += cost;
     rowSlot(row) = createRow(row);
     return true;

@@ -68,7 +68,6 @@ void AnchoredList::geometryChange(const QRectF &newGeometry, const QRectF &oldGe
 
 void AnchoredList::updatePolish()
 {
-    m_spentCost = 0;
     if (isComponentComplete() && width() > 0 && height() > 0)
         layoutRows();
 }

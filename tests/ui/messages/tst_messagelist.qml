@@ -195,6 +195,7 @@ Rectangle {
                 const seenAt = topOf(row)
                 list.rows.scrollBy(-150, 0)
                 list.rows.ensurePolished()
+                wait(0) // Each frame may create further rows.
                 most = Math.max(most, rowItemCount())
                 verifyNoGaps()
                 if (list.rows.indexOf(row) >= 0)
