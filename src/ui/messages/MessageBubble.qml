@@ -27,14 +27,16 @@ Item {
     signal hovered(Text text, bool isHovered)
     signal pressed()
 
-    // The text is laid out with the maximum width, and the bubble is as wide as its longest line. For
-    // rich text, Qt reports only the width without wrapping, which needs a second layout.
-    readonly property bool isSurelyWrapped: content.text.length > 4000
+    // The text is laid out with the maximum width, and the bubble of a whole message is as wide as its
+    // longest line. For rich text, Qt reports only the width without wrapping, which needs a second
+    // layout.
+    readonly property bool isWhole: isFirst && isLast
+    readonly property bool isSurelyWrapped: !isWhole || content.text.length > 4000
     readonly property real textWidth: !content.isRich ? label.contentWidth
                                       : isSurelyWrapped ? label.width
                                                         : Math.min(label.implicitWidth, label.width)
 
-    width: isFirst && isLast ? Math.ceil(textWidth) + 2 * Metrics.Padding : maximumWidth
+    width: isWhole ? Math.ceil(textWidth) + 2 * Metrics.Padding : maximumWidth
     height: Math.ceil(label.contentHeight) + 2 * Metrics.Padding
 
     BubbleBackground {
