@@ -89,7 +89,7 @@ const Requirement requirements[] = {
      "memory of a long conversation", nullptr, "the limits of the caches, and the records"},
     {"frames per idle second that the panel adds", "frames", 0, "idle frames with the panel",
      nullptr, "a count"},
-    {"opening the panel / the full form", "ms", 1, "opening the panel", "opening the full form",
+    {"opening the panel / the full form", "ms", 1.05, "opening the panel", "opening the full form",
      nullptr},
     {"host's frame, a conversation scrolls in the panel / stands still", "ms", 1.2,
      "host's frame with a scrolled panel", "host's frame with a still panel", nullptr},
