@@ -42,6 +42,8 @@ else()
   target_compile_options(tolvane_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     "$<$<CXX_COMPILER_ID:Clang>:${clang_warnings}>"
+    # GCC 14 warns of an empty std::optional that is moved, in optimised builds.
+    $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_GREATER_EQUAL:$<CXX_COMPILER_VERSION>,13>>:-Wno-maybe-uninitialized>
     $<$<BOOL:${TOLVANE_WARNINGS_AS_ERRORS}>:-Werror>)
 endif()
 
