@@ -50,7 +50,7 @@ struct Row
 constexpr Row rows[] = {
     {"opening a conversation, main thread", "ms", Growth::Flat, "open", "first frame"},
     {"one more message, its frame", "ms", Growth::Flat, "append", "frame with one more message"},
-    {"quiet poll of messages, main thread", "ms", Growth::Flat, "poll", "quiet poll"},
+    {"unchanged poll of messages, main thread", "ms", Growth::Flat, "poll", "unchanged poll"},
     {"fling through messages, median frame", "ms", Growth::Flat, "fling",
      "median frame of a fling through the conversation"},
     {"opening a list of tickets, main thread", "ms", Growth::Flat, "tickets", "opening"},
