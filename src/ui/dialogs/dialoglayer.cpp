@@ -47,7 +47,7 @@ QObject *openDialogIn(const QQuickItem &parent)
     return dialog == items.rend() ? nullptr : (*dialog)->parent();
 }
 
-/// The open dialog in a window of its own, which it has from Qt 6.8 on; null if there is none.
+/// Finds a dialog that is open in a window of its own, as from Qt 6.8 on; otherwise returns null.
 QObject *openDialogAbove(const QQuickWindow &window)
 {
     for (QWindow *each : QGuiApplication::topLevelWindows()) {

@@ -6,7 +6,7 @@
 namespace tolvane {
 
 /// The soft shadow of a rounded rectangle, around it and a little below its edge. What casts the
-/// shadow covers the rest. There is none with the software renderer.
+/// shadow covers the rest. The software renderer draws no shadow.
 class RoundedShadow : public tolvane::RoundedItem
 {
     Q_OBJECT
