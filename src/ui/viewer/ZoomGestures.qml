@@ -21,23 +21,66 @@ Item {
         onTranslationChanged: if (active) gestures.dragTo(translation)
         onActiveChanged: {
             if (active) {
-                drag.continuesPinch = true
+                remaining.drags = false
                 return
             }
             gestures.imageState.pinchEnded()
             gestures.imageState.dragEnded()
+            remaining.drags = firstFinger.active || secondFinger.active
         }
+    }
+
+    // After a pinch, the remaining finger drags. A DragHandler, which has not received its press, may
+    // ignore it.
+    QtObject {
+        id: remaining
+
+        property bool drags: false
+        property PointHandler finger
+        property point start
+
+        function update(handler: PointHandler) {
+            if (!drags)
+                return
+            const position = handler.point.position
+            if (finger === handler) {
+                gestures.dragTo(Qt.point(position.x - start.x, position.y - start.y))
+                return
+            }
+            end()
+            finger = handler
+            start = position
+        }
+
+        function end() {
+            finger = null
+            gestures.imageState.dragEnded()
+        }
+
+        onDragsChanged: if (!drags) end()
+    }
+
+    PointHandler {
+        id: firstFinger
+
+        onPointChanged: remaining.update(firstFinger)
+        onActiveChanged: if (!active && !secondFinger.active) remaining.drags = false
+    }
+
+    PointHandler {
+        id: secondFinger
+
+        onPointChanged: remaining.update(secondFinger)
+        onActiveChanged: if (!active && !firstFinger.active) remaining.drags = false
     }
 
     DragHandler {
         id: drag
 
-        // After a pinch, the remaining finger starts a drag at its current position: the handler has
-        // not received its press.
-        property bool continuesPinch: false
         property bool isSwipe: false
         property point start
 
+        enabled: !remaining.drags
         target: null
         dragThreshold: gestures.imageState.minDragDistance
         onCentroidChanged: {
@@ -51,18 +94,14 @@ Item {
         }
         onActiveChanged: {
             if (active) {
-                start = continuesPinch ? centroid.position : centroid.pressPosition
-                isSwipe = !continuesPinch && !gestures.imageState.isZoomedIn
+                start = centroid.pressPosition
+                isSwipe = !gestures.imageState.isZoomedIn
             } else if (isSwipe) {
                 gestures.swipeEnded()
             } else {
                 gestures.imageState.dragEnded()
             }
         }
-    }
-
-    PointHandler {
-        onActiveChanged: if (active) drag.continuesPinch = false
     }
 
     function dragTo(translation) {

@@ -113,8 +113,16 @@ private Q_SLOTS:
         QTRY_COMPARE(fixture.state->shownOffset(), QPointF(0, 75));
     }
 
+    void fingersPinchAndDragAtOnce_data()
+    {
+        QTest::addColumn<int>("remaining");
+        QTest::newRow("first") << 0;
+        QTest::newRow("second") << 1;
+    }
+
     void fingersPinchAndDragAtOnce()
     {
+        QFETCH(const int, remaining);
         ImageViewerFixture fixture;
         auto fingers = QTest::touchEvent(&fixture.window, fixture.screen.get(), false);
         // A frame delivers only the last position.
@@ -122,7 +130,8 @@ private Q_SLOTS:
             fingers.move(0, left).move(1, right).commit();
             QTest::qWait(20);
         };
-        fingers.press(0, QPoint(150, 150)).press(1, QPoint(250, 150)).commit();
+        fingers.press(0, QPoint(150, 150)).commit();
+        fingers.stationary(0).press(1, QPoint(250, 150)).commit();
         for (int step = 1; step <= 10; ++step)
             move({150 - 10 * step, 150}, {250 + 10 * step, 150});
         const double scale = fixture.state->scale();
@@ -133,18 +142,19 @@ private Q_SLOTS:
         QCOMPARE(fixture.state->scale(), scale);
         QCOMPARE(fixture.state->offset().x(), 40.0);
 
-        fingers.stationary(0).release(1, QPoint(390, 150)).commit();
+        const QPoint position(remaining == 0 ? 90 : 390, 150);
+        fingers.stationary(remaining).release(1 - remaining, QPoint(480, 300) - position).commit();
         QTRY_VERIFY(!fixture.state->isDragging());
         QCOMPARE(fixture.state->offset().x(), 40.0);
         // The remaining finger continues the drag.
         for (int step = 1; step <= 10; ++step) {
-            fingers.move(0, QPoint(90 - 5 * step, 150)).commit();
+            fingers.move(remaining, position - QPoint(5 * step, 0)).commit();
             QTest::qWait(20);
         }
         QVERIFY(fixture.state->isDragging());
         const double left = fixture.state->offset().x();
         QVERIFY2(left >= -10 && left < 30, qPrintable(QString::number(left)));
-        fingers.release(0, QPoint(40, 150)).commit();
+        fingers.release(remaining, position - QPoint(50, 0)).commit();
         QTRY_VERIFY(!fixture.state->isDragging());
         QVERIFY(fixture.hasControls());
     }
