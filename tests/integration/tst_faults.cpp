@@ -195,13 +195,18 @@ private Q_SLOTS:
         fixture.compose();
         fixture.delegate->events.clear();
         fixture.proxy.clearRequests();
-        failTheNext(fixture, *operation, *expected->fault);
+        fixture.proxy.chooseFault = [&](const ServedRequest &request) -> const Fault & {
+            return isOf(*operation, request) ? *expected->fault : faults::none;
+        };
 
         fixture.network->timeout = expected->timeout;
         fixture.run(operation->run(fixture));
         fixture.network->timeout = 60s;
+        fixture.proxy.chooseFault = nullptr;
         QCOMPARE(operation->failure(fixture), failure);
-        QCOMPARE(count(fixture, *operation), 1); // No request is repeated automatically.
+        // No request is repeated automatically, but Qt 6.11 repeats a GET when a connection breaks.
+        if (QT_VERSION < QT_VERSION_CHECK(6, 11, 0) || operation->sends)
+            QCOMPARE(count(fixture, *operation), 1);
         const bool isSent = operation->sends && failure.isEmpty();
         QCOMPARE(fixture.ticket->message(), isSent ? QString() : question);
         QCOMPARE(fixture.ticket->attachments(), isSent ? QList<AttachmentDto>() : QList{label});
@@ -242,12 +247,15 @@ private:
         fixture.compose();
         if (pictures == 0)
             fixture.ticket->setAttachments({});
-        fixture.proxy.chooseFault = [&loss, &search, wasLost = false, hasFailed = false](
-                                        const ServedRequest &request) mutable -> const Fault & {
+        bool wasLost = false;
+        bool searchFails = true;
+        fixture.proxy.chooseFault = [&](const ServedRequest &request) -> const Fault & {
             if (request.method == "POST" && !std::exchange(wasLost, true))
                 return loss;
-            if (request.method == "GET" && !std::exchange(hasFailed, true))
+            if (request.method == "GET" && searchFails) {
+                searchFails = fails;
                 return search;
+            }
             return faults::none;
         };
         const auto sender = std::make_shared<MessageSender>(fixture.ticket);
@@ -257,6 +265,7 @@ private:
         fixture.run(send(sender, error));
         QCOMPARE(FaultFixture::nameOf(error), fails ? u"NSURLErrorDomain -1005"_s : QString());
         QCOMPARE(fixture.ticket->message(), fails ? question : QString());
+        searchFails = false;
         if (fails) // The customer presses once more.
             fixture.run(send(sender, error));
         QVERIFY(!error && fixture.ticket->message().isEmpty());
@@ -267,17 +276,6 @@ private:
     static bool isOf(const Operation &operation, const ServedRequest &request)
     {
         return request.method == operation.method && request.target.startsWith(operation.path);
-    }
-
-    static void failTheNext(FaultFixture &fixture, const Operation &operation, const Fault &fault)
-    {
-        fixture.proxy.chooseFault = [&operation, &fault, isDone = false](
-                                        const ServedRequest &request) mutable -> const Fault & {
-            if (isDone || !isOf(operation, request))
-                return faults::none;
-            isDone = true;
-            return fault;
-        };
     }
 
     static qsizetype count(const FaultFixture &fixture, const Operation &operation)
