@@ -181,7 +181,7 @@ Reply compose(Host &host, Arguments arguments)
     const auto files = arguments.optionalList("attachments");
     QList<AttachmentDto> attachments;
     const QJsonArray given = files.value_or(QJsonArray());
-    for (const auto &file : given)
+    for (const auto file : given)
         attachments.append(attachmentFromJson(file.toObject()));
     // All arguments are checked before the first change: a rejected request changes nothing.
     if (message)
