@@ -36,7 +36,9 @@ QtObject {
         hovered = null
     }
 
-    function update(view: SelectableText) {
+    // As in signals: Qt 6.8 may free a parameter's type that is written in QML, and crash.
+    function update(item: Item) {
+        const view = item as SelectableText
         const isSelected = view.selectedText.length > 0
         if (isSelected === (view === selected))
             return
