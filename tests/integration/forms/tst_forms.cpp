@@ -121,9 +121,10 @@ struct Desk : Screens
             {{u"source"_s, u"tolvane"_s}, {u"message"_s, tolvane::json::dictionary(message)}});
         // Screen readers read it.
         waitFor(u"the announcement"_s, [this] {
-            return QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-                       ? announced.contains(reply)
-                       : robot->canSee(QAccessible::AlertMessage, reply);
+            if constexpr (QT_VERSION >= QT_VERSION_CHECK(6, 8, 0))
+                return announced.contains(reply);
+            else
+                return robot->canSee(QAccessible::AlertMessage, reply);
         });
         copy();
         save(u"conversation"_s);
