@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 Fixture::Fixture()
 {
     auto installed = std::make_unique<Platform>(makeProductionPlatform());
-    installed->workers = std::make_unique<InlineExecutor>();
     installed->pictureWorkers = std::make_unique<InlineExecutor>();
     installed->pollingThread = makeMainExecutor();
     installed->notificationCenter =
@@ -25,6 +24,7 @@ Fixture::Fixture()
         service = std::move(replacement);
         return raw;
     };
+    workers = install(installed->workers, std::make_unique<InlineExecutor>());
     clock = install(installed->clock, std::make_unique<ManualClock>());
     preferences = install(installed->preferences, std::make_unique<MemoryPreferences>());
     session = install(installed->urlSession, std::make_unique<ScriptedSession>());

@@ -21,6 +21,7 @@ public:
     /// Sets the API key like a host, but without loading the settings.
     void setKey(const QString &key = QStringLiteral("secret-key"));
 
+    InlineExecutor *workers;
     ManualClock *clock;
     MemoryPreferences *preferences;
     ScriptedSession *session;

@@ -151,11 +151,23 @@ struct RecordingDelegate final : TolvaneAnalyticsDelegate
     QList<TolvaneAnalyticsEvent> events;
 };
 
+/// Processes all pending events, including those that they post, up to a limit.
+void settle();
+
 /// Runs work synchronously in post(), in place of the worker pool.
 class InlineExecutor final : public Executor
 {
 public:
-    void post(std::function<void()> work) override { work(); }
+    void post(std::function<void()> work) override { isHeld ? void(held += work) : work(); }
+    void run(qsizetype index)
+    {
+        held.takeAt(index)();
+        settle();
+    }
+
+    /// While true, work waits for run().
+    bool isHeld = false;
+    QList<std::function<void()>> held;
 };
 
 /// Posts broadcasts and records them.
@@ -176,8 +188,5 @@ private:
 
 /// A log that appends to `lines`.
 std::unique_ptr<LogSink> makeCapturingSink(std::shared_ptr<LogLines> lines);
-
-/// Processes all pending events, including those that they post, up to a limit.
-void settle();
 
 } // namespace tolvane::test

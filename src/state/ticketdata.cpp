@@ -6,8 +6,8 @@
 #include "backend/apiclient.h"
 #include "base/errors.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/destroyonworker.h"
 #include "platform/logger.h"
-#include "platform/platform.h"
 #include "state/notifications.h"
 #include "state/unreadtickets.h"
 
@@ -30,17 +30,6 @@ TicketDto provisionalTicket(const TicketPreviewDto &preview)
             .schedules = {}};
 }
 
-/// The fetched ticket, sharing the known list of messages if it is equal, so that views detect an
-/// unchanged list at once. Comparing thousands of messages takes time.
-QFuture<TicketDto> sharingEqualMessages(TicketDto fetched, const QList<MessageDto> &known)
-{
-    return platform().workers->run([fetched = std::move(fetched), known]() mutable {
-        if (fetched.messages == known)
-            fetched.messages = known;
-        return std::move(fetched);
-    });
-}
-
 void track(const QString &name, const QVariantMap &properties)
 {
     TolvaneAnalyticsManager::shared().track(name, properties);
@@ -48,9 +37,17 @@ void track(const QString &name, const QVariantMap &properties)
 
 } // namespace
 
+DerivedMessages::~DerivedMessages() = default;
+
 TicketData::TicketData(std::optional<TicketPreviewDto> preview)
     : m_preview(std::move(preview))
 {
+}
+
+TicketData::~TicketData()
+{
+    if (m_ticket && m_ticket->messages.size() > smallList)
+        destroyOnWorker(*std::move(m_ticket));
 }
 
 void TicketData::setNewTicket(bool newTicket)
@@ -113,89 +110,6 @@ TicketData::State TicketData::state() const
     if (m_ticket)
         return State::loaded(*m_ticket);
     return m_hasAttemptedFetch || m_newTicket ? State::empty() : State::loading();
-}
-
-void TicketData::setTicket(TicketDto ticket)
-{
-    const bool isSameList = m_ticket &&
-                            m_ticket->messages.constData() == ticket.messages.constData() &&
-                            m_ticket->messages.size() == ticket.messages.size();
-    m_messagesGeneration += !isSameList;
-    // Destroying thousands of messages would block the main thread.
-    auto replaced = std::exchange(m_ticket, std::move(ticket));
-    m_messageIds.reset();
-    m_messageSearches = 0;
-    if (replaced)
-        platform().workers->post([old = std::make_shared<TicketDto>(*std::move(replaced))] {});
-}
-
-QCoro::Task<> TicketData::fetchTicket(std::optional<QString> ticketId, std::stop_token stop)
-{
-    return fetch(std::move(ticketId), Fetch::visible, std::move(stop));
-}
-
-QCoro::Task<> TicketData::silentFetchTicket(std::optional<QString> ticketId, std::stop_token stop)
-{
-    return fetch(std::move(ticketId), Fetch::silent, std::move(stop));
-}
-
-QCoro::Task<> TicketData::fetch(std::optional<QString> wanted, Fetch kind, std::stop_token stop)
-{
-    const auto self = shared_from_this();
-    const std::optional<QString> id = wanted ? wanted : ticketId();
-    if (!id)
-        co_return;
-    beginFetching(kind);
-    const int stateUpdates = m_stateUpdates;
-    bool isFetched = false;
-    try {
-        const APIClient client = APIClient::live();
-        TicketDto fetched = co_await client.getTicket(*id);
-        if (m_ticket) {
-            QFuture<TicketDto> compared =
-                sharingEqualMessages(std::move(fetched), m_ticket->messages);
-            fetched = co_await awaitFuture(compared);
-        }
-        if (stop.stop_requested())
-            throw UrlError(UrlError::cancelled);
-        setTicket(std::move(fetched));
-        // The response may be older than an update that arrived while it was on its way.
-        if (m_stateUpdates != stateUpdates)
-            m_ticket->state = m_preview->state;
-        // Fetching has marked the messages as read.
-        UnreadTickets::shared()->markRead(m_ticket->id);
-        isFetched = true;
-        if (kind == Fetch::visible) {
-            track(TolvaneAnalyticsEvent::Chat::ticketViewed,
-                  {{QStringLiteral("message_count"), m_ticket->messages.size()},
-                   {QStringLiteral("ticket_state"), m_ticket->state},
-                   {Keys::ticketId, m_ticket->id}});
-        }
-    } catch (...) {
-        m_fetchError = currentError();
-        const QString phrase = QStringLiteral("Error fetching ticket: ");
-        if (kind == Fetch::visible)
-            reportFailure(phrase, QStringLiteral("fetchTicket"), *m_fetchError);
-        else
-            logFailure(phrase, *m_fetchError);
-    }
-    const bool wasVisible = kind == Fetch::visible && std::exchange(m_isFetchingTicket, false);
-    if (isFetched)
-        Q_EMIT ticketChanged();
-    else
-        Q_EMIT errorsChanged();
-    if (wasVisible)
-        Q_EMIT busyChanged();
-}
-
-void TicketData::beginFetching(Fetch kind)
-{
-    const bool isFirst = !std::exchange(m_hasAttemptedFetch, true);
-    const bool isVisible = kind == Fetch::visible && !std::exchange(m_isFetchingTicket, true);
-    if (std::exchange(m_fetchError, nullptr))
-        Q_EMIT errorsChanged();
-    if (isFirst || isVisible)
-        Q_EMIT busyChanged();
 }
 
 bool TicketData::hasMessage(const QString &id)
@@ -265,18 +179,6 @@ void TicketData::onMessageNotification(const NotificationCenter::UserInfo &userI
     m_refresh.request_stop();
     m_refresh = std::stop_source();
     detach(refreshLater(message->ticketId, m_refresh.get_token()));
-}
-
-QCoro::Task<> TicketData::refreshLater(QString ticketId, std::stop_token stop)
-{
-    const auto self = shared_from_this();
-    try {
-        co_await awaitFuture(platform().clock->sleep(std::chrono::seconds(1), stop));
-    } catch (const CancellationError &) {
-        co_return;
-    }
-    if (!stop.stop_requested())
-        co_await silentFetchTicket(ticketId);
 }
 
 void TicketData::onStateUpdateNotification(const NotificationCenter::UserInfo &userInfo)

@@ -8,14 +8,34 @@
 #include <tolvane/loadingstate.h>
 
 #include <QCoroTask>
+#include <QtCore/QFuture>
 #include <QtCore/QObject>
 #include <QtCore/QSet>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stop_token>
 
 namespace tolvane {
+
+/// What a view needs of the messages of a ticket. A worker creates it, since there may be
+/// thousands.
+struct TOLVANE_PRIVATE_EXPORT DerivedMessages
+{
+    /// A list of messages, see TicketData::messagesGeneration().
+    struct List
+    {
+        int generation = 0;
+        qsizetype count = 0;
+    };
+
+    DerivedMessages() = default;
+    virtual ~DerivedMessages();
+
+    List before;
+    List after;
+};
 
 /// One open conversation: the draft, the ticket as last fetched, and the preview of the ticket list
 /// until then. A running operation keeps the store alive. Failures are kept in fetchError() and
@@ -29,6 +49,7 @@ public:
     using State = LoadingState<TicketDto>;
 
     explicit TicketData(std::optional<TicketPreviewDto> preview);
+    ~TicketData() override;
 
     bool isFetchingTicket() const { return m_isFetchingTicket; }
     bool isSendingMessage() const { return m_isSendingMessage; }
@@ -38,6 +59,13 @@ public:
     /// Changes when the list of messages is replaced by another one. A message that is added at its
     /// end does not change it.
     int messagesGeneration() const { return m_messagesGeneration; }
+    /// Derives what a view needs of a list of messages, and of the list before it.
+    using Derivation = std::function<std::shared_ptr<DerivedMessages>(
+        const QList<MessageDto> &before, const QList<MessageDto> &after)>;
+    /// Called on a worker for fetched lists, except for short ones, and before anybody sees them.
+    void setDerivation(Derivation derive) { m_derive = std::move(derive); }
+    /// The result for the list that ticketChanged() announces; null if there is none.
+    const DerivedMessages *derivedMessages() const { return m_derived.get(); }
     const ErrorPtr &fetchError() const { return m_fetchError; }
     const ErrorPtr &sendError() const { return m_sendError; }
 
@@ -96,10 +124,17 @@ Q_SIGNALS:
 
 private:
     enum class Fetch { visible, silent };
+    struct Compared
+    {
+        TicketDto ticket;
+        std::shared_ptr<DerivedMessages> derived;
+    };
 
     QCoro::Task<> fetch(std::optional<QString> ticketId, Fetch kind, std::stop_token stop);
     QCoro::Task<> refreshLater(QString ticketId, std::stop_token stop);
     void beginFetching(Fetch kind);
+    QFuture<Compared> compare(TicketDto fetched) const;
+    void setFetched(Compared fetched);
     void setTicket(TicketDto ticket);
     bool hasMessage(const QString &id);
     void appendMessage(const MessageDto &message);
@@ -118,6 +153,8 @@ private:
     int m_stateUpdates = 0;
     std::optional<TicketDto> m_ticket;
     int m_messagesGeneration = 0;
+    Derivation m_derive;
+    std::shared_ptr<DerivedMessages> m_derived;
     /// Of the ticket's messages; absent until many messages have arrived.
     std::optional<QSet<QString>> m_messageIds;
     int m_messageSearches = 0;

@@ -4,9 +4,11 @@
 #include "analytics/reporting.h"
 #include "backend/apiclient.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/destroyonworker.h"
 #include "platform/logger.h"
-#include "platform/platform.h"
 #include "state/unreadtickets.h"
+
+#include <utility>
 
 namespace tolvane {
 
@@ -18,7 +20,9 @@ void TicketsData::setState(State state)
 
 QCoro::Task<> TicketsData::load()
 {
-    m_lastValue = m_state.value();
+    auto replaced = std::exchange(m_lastValue, m_state.value());
+    if (replaced && replaced->size() > smallList)
+        destroyOnWorker(*std::move(replaced));
     setState(State::loading());
     return fetch(QStringLiteral("Error fetching tickets: "));
 }
@@ -50,13 +54,45 @@ QCoro::Task<> TicketsData::fetch(QString failurePhrase)
     try {
         const APIClient client = APIClient::live();
         Tickets tickets = co_await client.getTickets();
-        UnreadTickets::shared()->setTickets(tickets);
-        setState(tickets.isEmpty() ? State::empty() : State::loaded(std::move(tickets)));
+        const int arrival = ++m_arrivalCount;
+        UnreadTickets::shared()->beginList();
+        Arrival compared = co_await compare(std::move(tickets));
+        // A shorter list that arrived later may have been compared sooner.
+        if (arrival < m_lastApplied)
+            co_return;
+        m_lastApplied = arrival;
+        UnreadTickets::shared()->endList(std::move(compared.unread));
+        setTickets(std::move(compared.update));
     } catch (...) {
         const ErrorPtr error = currentError();
         logFailure(failurePhrase, *error);
+        m_lastApplied = ++m_arrivalCount;
         setState(State::error(error));
     }
+}
+
+/// Looks at each of the tickets, on a worker if there are many.
+QCoro::Task<TicketsData::Arrival> TicketsData::compare(Tickets fetched) const
+{
+    const qsizetype count = fetched.size() + m_tickets.size();
+    auto compared = [known = m_tickets, fetched = std::move(fetched)] {
+        return Arrival{listUpdate(known, fetched), UnreadTickets::unreadIn(fetched)};
+    };
+    if (count <= smallList)
+        co_return compared();
+    QFuture<Arrival> comparing = platform().workers->run(std::move(compared));
+    co_return co_await awaitFuture(comparing);
+}
+
+void TicketsData::setTickets(ListUpdate<TicketPreviewDto> update)
+{
+    m_update = std::move(update);
+    m_tickets = m_update.after;
+    setState(m_tickets.isEmpty() ? State::empty() : State::loaded(m_tickets));
+    // The next comparison begins with this list.
+    Tickets replaced = std::exchange(m_update, {}).before;
+    if (!replaced.isSharedWith(m_tickets) && replaced.size() > smallList)
+        destroyOnWorker(std::move(replaced));
 }
 
 QCoro::Task<> TicketsData::reloadLater(std::stop_token stop)

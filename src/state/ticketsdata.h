@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backend/wire/records.h"
+#include "base/listupdate.h"
 #include "base/privateexport.h"
 #include "platform/async/clock.h"
 
@@ -9,6 +10,7 @@
 
 #include <QCoroTask>
 #include <QtCore/QObject>
+#include <QtCore/QSet>
 
 #include <memory>
 #include <optional>
@@ -28,6 +30,9 @@ public:
     using State = LoadingState<Tickets>;
 
     const State &state() const { return m_state; }
+    /// From the list before to that of the state, when changed() announces a fetched list. Workers
+    /// have compared them.
+    const ListUpdate<TicketPreviewDto> &update() const { return m_update; }
     /// The list at the beginning of the last load().
     const std::optional<Tickets> &lastValue() const { return m_lastValue; }
 
@@ -47,11 +52,25 @@ Q_SIGNALS:
 private:
     static constexpr std::chrono::seconds minimumReloadInterval{1};
 
+    struct Arrival
+    {
+        ListUpdate<TicketPreviewDto> update;
+        QSet<QString> unread;
+    };
+
     QCoro::Task<> fetch(QString failurePhrase);
+    QCoro::Task<Arrival> compare(Tickets fetched) const;
+    void setTickets(ListUpdate<TicketPreviewDto> update);
     QCoro::Task<> reloadLater(std::stop_token stop);
     void setState(State state);
 
     State m_state;
+    /// The last list that was fetched. It stays while another one is loaded, and after a failure.
+    Tickets m_tickets;
+    ListUpdate<TicketPreviewDto> m_update;
+    /// Responses that have arrived, and the latest one that has been applied.
+    int m_arrivalCount = 0;
+    int m_lastApplied = 0;
     std::optional<Tickets> m_lastValue = Tickets();
     std::stop_source m_reloadTask{std::nostopstate};
     std::optional<Clock::Instant> m_lastReloadTime;

@@ -5,7 +5,7 @@
 #include "backend/apiclient.h"
 #include "base/sharedinstance.h"
 #include "platform/async/awaitfuture.h"
-#include "platform/platform.h"
+#include "platform/destroyonworker.h"
 #include "state/notifications.h"
 
 #include <utility>
@@ -47,46 +47,67 @@ QCoro::Task<> UnreadTickets::refresh()
         co_return;
     try {
         const APIClient client = APIClient::live();
-        setTickets(co_await client.getTickets());
+        QList<TicketPreviewDto> tickets = co_await client.getTickets();
+        beginList();
+        QFuture<Ids> read =
+            platform().workers->run([tickets = std::move(tickets)] { return unreadIn(tickets); });
+        endList(co_await awaitFuture(read));
     } catch (...) {
         logFailure(QStringLiteral("Error fetching the unread count: "), *currentError());
     }
     m_isRefreshing = false;
 }
 
-void UnreadTickets::setTickets(const QList<TicketPreviewDto> &tickets)
+UnreadTickets::Ids UnreadTickets::unreadIn(const QList<TicketPreviewDto> &tickets)
 {
     Ids ids;
     for (const TicketPreviewDto &ticket : tickets) {
         if (isUnread(ticket.lastMessage))
             ids.insert(ticket.id);
     }
-    setIds(ids);
+    return ids;
+}
+
+void UnreadTickets::endList(Ids unread)
+{
+    const int before = count();
+    Ids replaced = std::exchange(m_ids, std::move(unread));
+    for (auto each = m_newer.cbegin(); each != m_newer.cend(); ++each)
+        apply(each.key(), each.value());
+    if (replaced.size() > smallList)
+        destroyOnWorker(std::move(replaced));
+    notifyIfOther(before);
 }
 
 void UnreadTickets::markRead(const QString &ticketId)
 {
-    Ids ids = m_ids;
-    ids.remove(ticketId);
-    setIds(ids);
+    setUnread(ticketId, false);
 }
 
 void UnreadTickets::setLastMessage(const QString &ticketId, const MessageDto &message)
 {
-    if (!isUnread(message)) {
-        markRead(ticketId);
-        return;
-    }
-    Ids ids = m_ids;
-    ids.insert(ticketId);
-    setIds(ids);
+    setUnread(ticketId, isUnread(message));
 }
 
-void UnreadTickets::setIds(const Ids &ids)
+void UnreadTickets::setUnread(const QString &ticketId, bool isUnread)
 {
     const int before = count();
-    m_ids = ids;
-    if (count() != before)
+    m_newer.insert(ticketId, isUnread);
+    apply(ticketId, isUnread);
+    notifyIfOther(before);
+}
+
+void UnreadTickets::apply(const QString &ticketId, bool isUnread)
+{
+    if (isUnread)
+        m_ids.insert(ticketId);
+    else
+        m_ids.remove(ticketId);
+}
+
+void UnreadTickets::notifyIfOther(int countBefore)
+{
+    if (count() != countBefore)
         Q_EMIT countChanged(count());
 }
 

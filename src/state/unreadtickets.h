@@ -6,6 +6,7 @@
 #include "platform/async/notificationcenter.h"
 
 #include <QCoroTask>
+#include <QtCore/QHash>
 #include <QtCore/QObject>
 #include <QtCore/QSet>
 
@@ -36,8 +37,13 @@ public:
     /// have no effect.
     QCoro::Task<> refresh();
 
-    /// A list has arrived; it replaces all known tickets.
-    void setTickets(const QList<TicketPreviewDto> &tickets);
+    using Ids = QSet<QString>;
+    /// The unread tickets of a list. Safe from any thread.
+    static Ids unreadIn(const QList<TicketPreviewDto> &tickets);
+    /// A list has arrived. What becomes known until endList() is newer than the list.
+    void beginList() { m_newer.clear(); }
+    /// Replaces all known tickets.
+    void endList(Ids unread);
     /// The customer has seen all messages of the ticket.
     void markRead(const QString &ticketId);
 
@@ -45,12 +51,14 @@ Q_SIGNALS:
     void countChanged(int count);
 
 private:
-    using Ids = QSet<QString>;
-
     void setLastMessage(const QString &ticketId, const MessageDto &message);
-    void setIds(const Ids &ids);
+    void setUnread(const QString &ticketId, bool isUnread);
+    void apply(const QString &ticketId, bool isUnread);
+    void notifyIfOther(int countBefore);
 
     Ids m_ids;
+    /// What has become known since the last list arrived.
+    QHash<QString, bool> m_newer;
     bool m_isRefreshing = false;
     std::vector<NotificationCenter::Observation> m_observations;
 };

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "backend/apierror.h"
 #include "platform/async/awaitfuture.h"
+#include "platform/platform.h"
+#include "state/notifications.h"
 #include "state/ticketsdata.h"
+#include "state/unreadtickets.h"
 #include "testing/samplerecords.h"
 
 #include <QtTest/QTest>
@@ -114,6 +117,29 @@ private Q_SLOTS:
         QCOMPARE(fixture.requestCount(), 2);
         fixture.clock->advance(10s);
         QCOMPARE(fixture.requestCount(), 2);
+    }
+
+    void theLatestOfTwoLongListsStays()
+    {
+        TicketListFixture fixture;
+        fixture.workers->isHeld = true;
+        fixture.rows_.fill(makePreview(), 300);
+        fixture.run(fixture.store->silentReload());
+        fixture.rows_.removeLast();
+        fixture.run(fixture.store->silentReload());
+        for (const qsizetype job : {0, 0, 1}) {
+            // Both lists are decoded. While they are compared, a message arrives.
+            if (job == 1)
+                platform().notificationCenter->post(
+                    notifications::didReceiveMessage,
+                    UserInfo::fromRecord(makeMessage(u"r"_s, words::aiAgent),
+                                         tolvane::json::dictionary<MessageDto>));
+            fixture.workers->run(job);
+        }
+        fixture.workers->run(0);
+        QCOMPARE(fixture.store->state().value(), fixture.rows_);
+        QCOMPARE(fixture.cases, QList<Case>{Case::loaded});
+        QCOMPARE(UnreadTickets::shared()->count(), 1);
     }
 
     void aFailedRefreshThrottlesUntilExactlyOneSecond()

@@ -27,6 +27,7 @@ void TicketScreenData::setDestination(const TolvaneDestination &destination)
     const TicketPreviewDto *preview = destination.preview();
     m_ticketData = std::make_shared<TicketData>(preview ? std::optional(*preview) : std::nullopt);
     m_ticketData->setNewTicket(!preview);
+    m_ticketData->setDerivation(&MessageListModel::derive);
     Drafts::shared()->follow(*m_ticketData);
     m_composer.emplace(m_ticketData);
     const TicketData *source = m_ticketData.get();
@@ -62,8 +63,8 @@ void TicketScreenData::updateTicket()
     if (!m_ticketData->fetchError())
         m_backOff.succeeded();
     if (m_ticketData->ticket())
-        m_messages.setMessages(m_ticketData->ticket()->messages,
-                               m_ticketData->messagesGeneration());
+        m_messages.setMessages(m_ticketData->ticket()->messages, m_ticketData->messagesGeneration(),
+                               m_ticketData->derivedMessages());
     if (m_ticketData->preview())
         m_preview.setMessages({m_ticketData->preview()->lastMessage});
     m_title = ticketheader::title(*m_ticketData);

@@ -149,9 +149,9 @@ void ScreenData::syncFromStore()
 {
     // Keeps the rows while a skeleton is shown, and thus the scroll position of the list.
     if (const auto tickets = m_ticketsData->state().value())
-        m_tickets.setTickets(*tickets);
+        m_tickets.setTickets(*tickets, m_ticketsData->update());
     else if (m_ticketsData->state().current() == TicketsData::State::Case::empty)
-        m_tickets.setTickets({});
+        m_tickets.setTickets({}, m_ticketsData->update());
     Q_EMIT ticketsChanged();
 }
 

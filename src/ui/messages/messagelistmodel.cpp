@@ -18,6 +18,12 @@ namespace {
 /// For a row without a text, in microseconds.
 constexpr int rowCost = 100;
 
+struct DerivedRows final : DerivedMessages
+{
+    QList<MessageRow> rows;
+    ListSteps steps;
+};
+
 QStringList attachmentsOf(const MessageRow &row)
 {
     return row.isFirst ? row.message.attachments.value_or(QStringList()) : QStringList();
@@ -25,34 +31,45 @@ QStringList attachmentsOf(const MessageRow &row)
 
 } // namespace
 
-void MessageListModel::setMessages(const QList<MessageDto> &messages, std::optional<int> generation)
+std::shared_ptr<DerivedMessages> MessageListModel::derive(const QList<MessageDto> &before,
+                                                          const QList<MessageDto> &after)
 {
-    const bool isContinued = generation && m_generation == generation;
-    m_generation = generation;
-    const Kept kept = isContinued ? Kept{m_count, records().size()} : keptOf(messages);
-    if (kept.messages == messages.size() && kept.messages == m_count)
-        return;
+    auto derived = std::make_shared<DerivedRows>();
+    derived->rows = messagerow::rowsOf(after);
+    derived->steps = listUpdate(messagerow::rowsOf(before), derived->rows).steps;
+    return derived;
+}
+
+bool MessageListModel::fits(const DerivedMessages *derived, std::optional<int> generation) const
+{
+    return derived && derived->after.generation == generation && derived->before.count == m_count &&
+           (m_count == 0 || derived->before.generation == m_generation);
+}
+
+void MessageListModel::setMessages(const QList<MessageDto> &messages, std::optional<int> generation,
+                                   const DerivedMessages *derived)
+{
     const QString lastId = m_count > 0 ? records().constLast().message.id : QString();
-    const qsizetype countBefore = std::exchange(m_count, messages.size());
-    replaceAfter(kept.rows,
-                 messagerow::rowsOf(std::span(messages).subspan(std::size_t(kept.messages))));
+    const qsizetype countBefore = m_count;
+    bool isChanged = false;
+    if (fits(derived, generation)) {
+        const auto &fitting = static_cast<const DerivedRows &>(*derived);
+        isChanged = apply(fitting.rows, fitting.steps);
+        m_count = derived->after.count;
+    } else if (!generation || m_generation != generation) {
+        isChanged = replace(messagerow::rowsOf(messages));
+        m_count = messages.size();
+    }
+    m_generation = generation;
+    append(messagerow::rowsOf(std::span(messages).subspan(std::size_t(m_count))));
+    isChanged = isChanged || m_count < messages.size();
+    m_count = messages.size();
+    if (!isChanged)
+        return;
     Q_EMIT messagesChanged();
     if (countBefore > 0 && m_count > countBefore && messages.constLast().id != lastId &&
         !messagerow::isCustomer(messages.constLast()))
         Q_EMIT messageArrived(messagerow::description(messages.constLast()));
-}
-
-MessageListModel::Kept MessageListModel::keptOf(const QList<MessageDto> &messages) const
-{
-    Kept kept;
-    while (kept.messages < messages.size() && kept.rows < records().size() &&
-           records().at(kept.rows).message == messages.at(kept.messages)) {
-        ++kept.messages;
-        do
-            ++kept.rows;
-        while (kept.rows < records().size() && !records().at(kept.rows).isFirst);
-    }
-    return kept;
 }
 
 void MessageListModel::refreshAges()
@@ -64,14 +81,14 @@ void MessageListModel::refreshAges()
 void MessageListModel::copy(int row) const
 {
     if (row >= 0 && row < rowCount())
-        QGuiApplication::clipboard()->setText(records().at(row).message.content);
+        QGuiApplication::clipboard()->setText(record(row).message.content);
 }
 
 QVariant MessageListModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const MessageRow &row = records().at(index.row());
+    const MessageRow &row = record(index.row());
     const MessageDto &message = row.message;
     switch (role) {
     case isCustomerRole:

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "base/privateexport.h"
+#include "state/ticketdata.h"
 #include "ui/kit/recordlistmodel.h"
 #include "ui/markdown/inlinemarkdown.h"
 #include "ui/messages/messagerow.h"
 
+#include <memory>
 #include <optional>
 
 namespace tolvane {
@@ -45,7 +47,14 @@ public:
 
     /// @param generation of the list: as long as it stays, messages have only been added at the
     ///     end, and the others are not compared. Without one all messages are compared.
-    void setMessages(const QList<MessageDto> &messages, std::optional<int> generation = {});
+    /// @param derived the result of derive() for this list; if it fits the rows, the messages are
+    ///     not compared again
+    void setMessages(const QList<MessageDto> &messages, std::optional<int> generation = {},
+                     const DerivedMessages *derived = nullptr);
+
+    /// The rows of a list, and the steps from those of the list before. Safe from any thread.
+    static std::shared_ptr<DerivedMessages> derive(const QList<MessageDto> &before,
+                                                   const QList<MessageDto> &after);
 
     /// Makes views read the ages of the messages again.
     Q_INVOKABLE void refreshAges();
@@ -63,14 +72,7 @@ Q_SIGNALS:
     void messageArrived(const QString &description);
 
 private:
-    /// What a new list and the rows have in common at their beginning.
-    struct Kept
-    {
-        qsizetype messages = 0;
-        qsizetype rows = 0;
-    };
-
-    Kept keptOf(const QList<MessageDto> &messages) const;
+    bool fits(const DerivedMessages *derived, std::optional<int> generation) const;
     const FormattedText &formatted(const QString &source) const;
 
     // Not the list itself: sharing it would make the store copy it to add a message.

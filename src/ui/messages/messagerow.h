@@ -27,6 +27,7 @@ struct MessageRow
 /// The texts of the rows. Main thread.
 namespace messagerow {
 
+/// Safe from any thread.
 QList<MessageRow> rowsOf(std::span<const MessageDto> messages);
 
 bool isCustomer(const MessageDto &message);

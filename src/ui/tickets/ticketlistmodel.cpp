@@ -8,11 +8,20 @@
 
 namespace tolvane {
 
+void TicketListModel::setTickets(const TicketsData::Tickets &tickets,
+                                 const ListUpdate<TicketPreviewDto> &update)
+{
+    if (update.before.isSharedWith(records()) && update.after.isSharedWith(tickets))
+        apply(tickets, update.steps);
+    else
+        replace(tickets);
+}
+
 QVariant TicketListModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const TicketPreviewDto &ticket = records().at(index.row());
+    const TicketPreviewDto &ticket = record(index.row());
     switch (role) {
     case previewRole:
         return QVariant::fromValue(ticket);

@@ -32,7 +32,9 @@ public:
 
     using RecordListModel::RecordListModel;
 
-    void setTickets(const TicketsData::Tickets &tickets) { replace(tickets); }
+    /// @param update from the list before; if it fits, the lists are not compared again
+    void setTickets(const TicketsData::Tickets &tickets,
+                    const ListUpdate<TicketPreviewDto> &update = {});
 
     /// Makes views read the ages of messages and the drafts again, which are not part of tickets.
     void updateTexts();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "platform/async/awaitfuture.h"
 #include "testing/samplerecords.h"
 #include "ui/markdown/inlinemarkdown.h"
 #include "ui/messages/messagechunks.h"
@@ -117,6 +118,42 @@ private Q_SLOTS:
             half += messages.at(at);
         model.setMessages(half);
         QCOMPARE(model.rowCount(), half.size());
+    }
+
+    void workersCompareLongLists()
+    {
+        Fixture fixture;
+        fixture.setKey();
+        fixture.workers->isHeld = true;
+        TicketDto fetched = makeTicket(messagesOf(1, 300));
+        fixture.session->handler = [&](const UrlRequest &) {
+            return test::json(tolvane::json::encode(fetched));
+        };
+        const auto store = std::make_shared<TicketData>(makePreview());
+        store->setDerivation(&MessageListModel::derive);
+        MessageListModel model;
+        QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+        connect(store.get(), &TicketData::ticketChanged, &model, [&] {
+            model.setMessages(store->ticket()->messages, store->messagesGeneration(),
+                              store->derivedMessages());
+        });
+        for (const QByteArray steps : {"change", "change push", "", "push", "change push"}) {
+            if (steps.contains("change"))
+                fetched.messages[5].content += u'x';
+            detach(store->silentFetchTicket());
+            settle();
+            fixture.workers->run(0); // Decodes the ticket. It is not compared yet.
+            if (steps.contains("push")) {
+                store->onMessageNotification(UserInfo::fromRecord(
+                    makeMessage(u"p"_s), tolvane::json::dictionary<MessageDto>));
+                QCOMPARE(textsIn(model).constLast(), u"text of p"_s);
+            }
+            while (!fixture.workers->held.isEmpty())
+                fixture.workers->run(0);
+            QCOMPARE(store->ticket(), fetched);
+            QCOMPARE(textsIn(model).value(5), fetched.messages.at(5).content);
+        }
+        QCOMPARE(removed.count(), 3); // The pushed messages, which the fetched tickets lack.
     }
 
     void longMessagesTakeSeveralRows()
