@@ -159,8 +159,8 @@ void flingThroughPlainList(ConversationBackend &, int messageCount)
 
 void openConversation(ConversationBackend &backend, int messageCount)
 {
-    const double memory = privateMebibytes();
     ConversationFixture fixture(backend, messageCount);
+    const double memory = privateMebibytes(); // The backend's messages are not the library's.
     report(fixture.open(), QStringLiteral("first frame"), messageCount);
     test::wait(1000ms);
     report(privateMebibytes() - memory, QStringLiteral("memory"), messageCount);
