@@ -6,6 +6,7 @@
 #include "conversation.h"
 #include "homescreen.h"
 #include "idle.h"
+#include "linking.h"
 #include "panel.h"
 #include "scrolling.h"
 
@@ -77,6 +78,7 @@ int main(int argc, char **argv)
     Figures figures;
     benchmark::RunSpecifiedBenchmarks(&figures);
     measureIdle(figures);
+    measureLinking(figures);
     measureAllocations(figures);
     measureScrolling(figures);
     measureHomeScreen(figures);

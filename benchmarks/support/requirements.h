@@ -5,12 +5,14 @@
 
 #include <QtCore/QString>
 
+#include <optional>
 #include <vector>
 
 namespace tolvane::bench {
 
 /// A limit on the ratio of two figures of one run, subject / baseline. Without a baseline the limit
-/// applies to the subject itself, and the requirement has a reason for that.
+/// applies to the subject itself, and the requirement has a reason for that. A run fails beyond a
+/// limit; a goal is what is aimed at.
 struct Requirement
 {
     const char *name;
@@ -21,6 +23,7 @@ struct Requirement
     const char *subject;
     const char *baseline;
     const char *reason;
+    std::optional<double> goal = {};
 };
 
 /// The result of one run for one requirement.
