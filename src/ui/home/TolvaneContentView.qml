@@ -183,20 +183,29 @@ FocusScope {
                 width: parent.width - 2 * x
                 height: parent.height - Metrics.SmallPadding
                 loadingState: home.screen.state
+                loading: TolvaneListSkeletonView { }
+                // The others by URL: their types are loaded when they are shown.
                 content: Item {
-                    implicitHeight: home.screen.isStale ? stale.implicitHeight : 0
+                    implicitHeight: stale.implicitHeight
 
-                    RetryLine {
+                    Loader {
                         id: stale
 
                         width: parent.width
-                        visible: home.screen.isStale
-                        text: Strings.string("ticket_list_stale")
-                        onRetryRequested: home.screen.load()
+                        active: home.screen.isStale
+                        Component.onCompleted: setSource(Qt.resolvedUrl("../notices/RetryLine.qml"), {
+                            text: Strings.string("ticket_list_stale")
+                        })
+                    }
+                    Connections {
+                        target: stale.item
+                        ignoreUnknownSignals: true
+
+                        function onRetryRequested() {
+                            home.screen.load()
+                        }
                     }
                 }
-                loading: TolvaneListSkeletonView { }
-                // Both by URL: their types are loaded when they are shown.
                 empty: Loader {
                     Component.onCompleted: setSource(Qt.resolvedUrl("TolvaneEmptyContentView.qml"), {
                         visibleHeight: Qt.binding(() => home.noticeHeight)

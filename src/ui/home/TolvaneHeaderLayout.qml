@@ -14,8 +14,8 @@ Item {
     required property int logoRadius
 
     /// The largest text size up to `titleSize` at which the second line, the longer one, fits; at
-    /// least 16.
-    readonly property int fittingSize: Math.max(16, Math.min(titleSize, Math.floor(
+    /// least 16. Before the width is known, it must not load a font for the least size.
+    readonly property int fittingSize: width <= 0 ? titleSize : Math.max(16, Math.min(titleSize, Math.floor(
                                            availableTextWidth / question.advanceWidth * question.font.pixelSize)))
     /// Fixed, because some fonts have a larger line height, which does not fit into the collapsed
     /// header.

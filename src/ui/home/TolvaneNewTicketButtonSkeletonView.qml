@@ -26,15 +26,15 @@ Item {
             RedactedText {
                 width: parent.width
                 text: "Start a new conversation"
-                font.pixelSize: Theme.callout
-                font.weight: Font.DemiBold
+                pixelSize: Theme.callout
+                isBold: true
                 maximumLineCount: 1
                 tint: Theme.fontBasicColor
             }
             RedactedText {
                 width: parent.width
                 text: "We're here to help"
-                font.pixelSize: Theme.footnote
+                pixelSize: Theme.footnote
                 maximumLineCount: 1
                 tint: Theme.secondaryColor
             }

@@ -14,12 +14,12 @@ Item {
     readonly property bool isHovered: area.containsMouse || hover.hovered
     readonly property alias isPressed: area.pressed
     readonly property alias focusRing: ring
-    property bool hasMenu: false
+    property alias acceptedButtons: area.acceptedButtons
 
     /// Emitted before clicked() if a pointer has pressed the item.
     signal tapped()
     signal clicked()
-    /// Emitted, if `hasMenu` is true, when a right click or a key asks for the context menu.
+    /// Emitted, if the right button is accepted, when it or a key asks for the context menu.
     signal menuRequested(point position)
 
     activeFocusOnTab: enabled
@@ -31,7 +31,7 @@ Item {
     Keys.onEnterPressed: clicked()
     Keys.onSpacePressed: clicked()
     Keys.onPressed: event => {
-        if (!hasMenu || !Keyboard.opensMenu(event.key, event.modifiers))
+        if (!(acceptedButtons & Qt.RightButton) || !Keyboard.opensMenu(event.key, event.modifiers))
             return
         event.accepted = true
         menuRequested(Qt.point(width / 2, height / 2))
@@ -56,7 +56,6 @@ Item {
         anchors.fill: pressable.surface
         hoverEnabled: true
         cursorShape: Qt.PointingHandCursor
-        acceptedButtons: pressable.hasMenu ? Qt.LeftButton | Qt.RightButton : Qt.LeftButton
         onClicked: mouse => {
             if (mouse.button === Qt.RightButton) {
                 pressable.menuRequested(Qt.point(mouse.x, mouse.y))

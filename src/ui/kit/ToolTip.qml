@@ -33,30 +33,33 @@ Item {
         }
     }
 
-    Rectangle {
+    // Not before it is shown: its font is one that the screen may not need.
+    Loader {
         id: box
 
         parent: tip.isShown ? tip.anchorItem.Window.contentItem : tip
         z: 2000002
-        width: label.width + 16
-        height: label.height + 8
-        radius: 6
-        color: Theme.isDark ? "#f2f2f2" : "#262629"
-        visible: tip.isShown
+        active: tip.isShown
+        sourceComponent: Rectangle {
+            implicitWidth: label.width + 16
+            implicitHeight: label.height + 8
+            radius: 6
+            color: Theme.isDark ? "#f2f2f2" : "#262629"
 
-        Text {
-            id: label
+            Text {
+                id: label
 
-            anchors.centerIn: parent
-            width: Math.min(implicitWidth, 280)
-            text: tip.text
-            textFormat: Text.PlainText
-            wrapMode: Text.Wrap
-            maximumLineCount: 6
-            elide: Text.ElideRight
-            font.pixelSize: Theme.caption
-            color: Theme.isDark ? "#262629" : "#f2f2f2"
-            Accessible.ignored: true
+                anchors.centerIn: parent
+                width: Math.min(implicitWidth, 280)
+                text: tip.text
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+                maximumLineCount: 6
+                elide: Text.ElideRight
+                font.pixelSize: Theme.caption
+                color: Theme.isDark ? "#262629" : "#f2f2f2"
+                Accessible.ignored: true
+            }
         }
     }
 }

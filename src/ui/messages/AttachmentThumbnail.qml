@@ -29,7 +29,7 @@ Pressable {
     visible: !isEmpty
     name: Strings.string("accessibility_attachment").replace("%1", index + 1)
                                                     .replace("%2", totalCount)
-    hasMenu: true
+    acceptedButtons: Qt.LeftButton | Qt.RightButton
     focusRing.radius: cornerRadius + 2
     focusRing.tint: Theme.fontBasicColor
     onClicked: open()

@@ -23,15 +23,15 @@ RoundedRectangle {
         RedactedText {
             width: parent.width
             text: "Ticket subject line goes here"
-            font.pixelSize: Theme.callout
-            font.weight: Font.DemiBold
+            pixelSize: Theme.callout
+            isBold: true
             maximumLineCount: 1
             tint: row.tint
         }
         RedactedText {
             width: parent.width
             text: "This is a preview of the last message in the conversation that spans two lines"
-            font.pixelSize: Theme.footnote
+            pixelSize: Theme.footnote
             maximumLineCount: 2
             tint: row.tint
         }
@@ -39,7 +39,7 @@ RoundedRectangle {
             width: parent.width
             // With a letter in the icon's place, which every font has.
             text: "O 2 hours ago"
-            font.pixelSize: Theme.caption
+            pixelSize: Theme.caption
             maximumLineCount: 1
             tint: row.tint
         }

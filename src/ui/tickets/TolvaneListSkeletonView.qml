@@ -23,8 +23,8 @@ Item {
             width: parent.width
             height: implicitHeight + Metrics.SmallSpacing
             text: "Your conversations"
-            font.pixelSize: Theme.footnote
-            font.bold: true
+            pixelSize: Theme.footnote
+            isBold: true
             maximumLineCount: 1
             tint: Theme.fontBasicColor
         }
