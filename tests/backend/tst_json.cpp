@@ -103,7 +103,7 @@ private Q_SLOTS:
                    return with;
                }();
         QTest::newRow("the last of duplicate keys wins")
-            << message(",'attachments':['a','😀\\n\\'é']"_j) << with;
+            << message(",'attachments':['x'],'attachments':['a','😀\\n\\'é']"_j) << with;
         with = plain;
         with.sender.name = QString();
         QTest::newRow("empty name")

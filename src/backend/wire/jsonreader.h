@@ -10,9 +10,12 @@
 #include <QtCore/QList>
 #include <QtCore/QString>
 
+#include <array>
 #include <bitset>
 #include <optional>
 #include <simdjson.h>
+#include <string_view>
+#include <utility>
 
 namespace tolvane::json {
 
@@ -98,37 +101,92 @@ constexpr bool isOptional = false;
 template <typename T>
 constexpr bool isOptional<std::optional<T>> = true;
 
+/// The fields of a record as an array, to find one by its key.
+template <Record T>
+class FieldReaders
+{
+public:
+    static constexpr std::size_t count = std::tuple_size_v<decltype(fieldsOf<T>)>;
+
+    struct Reader
+    {
+        std::string_view key;
+        bool isRequired;
+        void (*reset)(T &record);
+        void (*read)(const Element &element, T &record, const CodingPath &path);
+    };
+
+    static const Reader &at(std::size_t index) { return readers[index]; }
+
+    /// The index of the field with this key, or `count`. The search begins at an index, because
+    /// servers mostly write the fields in the order of the table.
+    static std::size_t indexOf(std::string_view key, std::size_t expected)
+    {
+        for (std::size_t index = expected; index < count; ++index) {
+            if (readers[index].key == key)
+                return index;
+        }
+        for (std::size_t index = 0; index < expected; ++index) {
+            if (readers[index].key == key)
+                return index;
+        }
+        return count;
+    }
+
+private:
+    template <std::size_t index>
+    static auto &valueIn(T &record)
+    {
+        return record.*std::get<index>(fieldsOf<T>).member;
+    }
+    template <std::size_t index>
+    using Value = std::remove_cvref_t<decltype(valueIn<index>(std::declval<T &>()))>;
+
+    template <std::size_t index>
+    static void resetField(T &record)
+    {
+        valueIn<index>(record) = Value<index>();
+    }
+    template <std::size_t index>
+    static void readFieldAt(const Element &element, T &record, const CodingPath &path)
+    {
+        readField(element, valueIn<index>(record), path);
+    }
+    template <std::size_t... index>
+    static constexpr auto make(std::index_sequence<index...>)
+    {
+        return std::array{Reader{std::get<index>(fieldsOf<T>).key, !isOptional<Value<index>>,
+                                 &resetField<index>, &readFieldAt<index>}...};
+    }
+
+    static constexpr std::array<Reader, count> readers = make(std::make_index_sequence<count>());
+};
+
 template <Record T>
 TOLVANE_AUTOTEST_EXPORT void read(const Element &element, T &record, const CodingPath &path)
 {
+    using Readers = FieldReaders<T>;
     simdjson::dom::object object;
     if (element.get(object))
         throwMismatch(path, "an object");
-    std::bitset<std::tuple_size_v<decltype(fieldsOf<T>)>> seen;
+    std::bitset<Readers::count> seen;
+    std::size_t expected = 0;
     for (const auto [key, value] : object) {
-        std::size_t index = 0;
-        // The fold with "or" stops at the field with this key.
-        const auto take = [&, key = key, value = value](const auto &field) {
-            if (field.key != key) {
-                ++index;
-                return false;
-            }
-            // Duplicate keys: the last one wins and replaces the value entirely.
-            if (seen.test(index))
-                record.*field.member = std::remove_cvref_t<decltype(record.*field.member)>();
-            readField(value, record.*field.member, CodingPath(path, field.key));
-            seen.set(index);
-            return true;
-        };
-        std::apply([&take](const auto &...fields) { (take(fields) || ...); }, fieldsOf<T>);
+        const std::size_t index = Readers::indexOf(key, expected);
+        if (index == Readers::count)
+            continue;
+        expected = index + 1;
+        const auto &field = Readers::at(index);
+        // Duplicate keys: the last one wins and replaces the value entirely.
+        if (seen.test(index))
+            field.reset(record);
+        field.read(value, record, CodingPath(path, field.key));
+        seen.set(index);
     }
-    std::size_t index = 0;
-    forEachField<T>([&](const auto &field) {
-        using Value = std::remove_cvref_t<decltype(record.*field.member)>;
-        if (!isOptional<Value> && !seen.test(index))
-            throwMissing(CodingPath(path, field.key));
-        ++index;
-    });
+    for (std::size_t index = 0; index < Readers::count; ++index) {
+        if (!seen.test(index) && Readers::at(index).isRequired)
+            throwMissing(CodingPath(path, Readers::at(index).key));
+    }
 }
 
 } // namespace tolvane::json
