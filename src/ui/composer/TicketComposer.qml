@@ -114,17 +114,28 @@ FocusScope {
         }
     }
 
-    Rectangle {
+    Item {
         id: bar
+
+        readonly property real radius: measures.cornerRadius(editor.height)
 
         y: strip.y + strip.height
         width: view.width
         height: editor.height + 2 * measures.editorVerticalPadding
-        radius: measures.cornerRadius(editor.height)
-        // Nearly opaque, so that the text is legible over content that scrolls below.
-        color: Qt.alpha(Qt.tint(Theme.chatBackgroundColor, Qt.alpha(Theme.fontBasicColor, 0.07)), 0.92)
-        border.width: 1
-        border.color: Qt.alpha(Theme.fontBasicColor, 0.12)
+
+        RoundedRectangle {
+            anchors.fill: parent
+            anchors.margins: 1
+            radius: bar.radius - 1
+            // Nearly opaque, so that the text is legible over content that scrolls below.
+            color: Qt.alpha(Qt.tint(Theme.chatBackgroundColor, Qt.alpha(Theme.fontBasicColor, 0.07)), 0.92)
+        }
+        RoundedRectangle {
+            anchors.fill: parent
+            radius: bar.radius
+            rim: 1
+            color: Qt.alpha(Theme.fontBasicColor, 0.12)
+        }
 
         // A press beside the editor focuses it, and does not reach the items behind the bar.
         MouseArea {

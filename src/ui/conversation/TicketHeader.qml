@@ -71,7 +71,7 @@ Item {
                 lineHeight: Math.ceil(font.pixelSize * 1.3)
                 Accessible.ignored: true
             }
-            Rectangle {
+            RoundedRectangle {
                 anchors.verticalCenter: parent.verticalCenter
                 width: 8
                 height: 8

@@ -23,12 +23,18 @@ IconButton {
         EasedAnimation { }
     }
 
-    Rectangle {
+    RoundedRectangle {
+        z: -1
+        anchors.fill: parent
+        anchors.margins: 1
+        radius: width / 2
+        color: Qt.tint(Theme.chatBackgroundColor, Qt.alpha(Theme.fontBasicColor, 0.08))
+    }
+    RoundedRectangle {
         z: -1
         anchors.fill: parent
         radius: width / 2
-        color: Qt.tint(Theme.chatBackgroundColor, Qt.alpha(Theme.fontBasicColor, 0.08))
-        border.width: 1
-        border.color: Qt.alpha(Theme.fontBasicColor, 0.25)
+        rim: 1
+        color: Qt.alpha(Theme.fontBasicColor, 0.25)
     }
 }
