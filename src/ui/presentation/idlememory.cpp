@@ -10,6 +10,7 @@
 
 #include <QtCore/QPointer>
 #include <QtGui/QGuiApplication>
+#include <QtQuick/QQuickWindow>
 
 #include <stop_token>
 
@@ -21,7 +22,7 @@ namespace {
 class Release final : public QObject
 {
 public:
-    explicit Release(QQuickWindow *window)
+    explicit Release(QWindow *window)
         : QObject(qGuiApp)
         , m_window(window)
     {
@@ -53,12 +54,12 @@ private:
         deleteViewsEngine();
         ImageCache::shared().removeDecoded();
         IconCache::shared().clear();
-        if (m_window)
-            m_window->releaseResources();
+        if (auto *window = qobject_cast<QQuickWindow *>(m_window.data()))
+            window->releaseResources();
         deleteLater();
     }
 
-    QPointer<QQuickWindow> m_window;
+    QPointer<QWindow> m_window;
     std::stop_source m_stop;
 };
 
@@ -75,7 +76,7 @@ void keep()
     delete pending();
 }
 
-void releaseLater(QQuickWindow *window)
+void releaseLater(QWindow *window)
 {
     keep();
     pending() = new Release(window);

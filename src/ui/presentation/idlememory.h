@@ -3,7 +3,7 @@
 
 #include "base/privateexport.h"
 
-#include <QtQuick/QQuickWindow>
+#include <QtGui/QWindow>
 
 #include <chrono>
 
@@ -21,8 +21,8 @@ void keep();
 
 /// To be called when the messenger has closed. Releases everything after that time, or as soon as
 /// the system suspends the application.
-/// @param window the host's window that showed the messenger, if any
-void releaseLater(QQuickWindow *window);
+/// @param window the host's window that showed the messenger, if any; it may be in its destruction
+void releaseLater(QWindow *window);
 
 } // namespace idlememory
 

@@ -229,7 +229,7 @@ void TolvaneViewController::viewDidDisappear()
     m_messengerWindow.close();
     if (m_previousFocusItem && hadFocus && !m_hostItem)
         m_previousFocusItem->forceActiveFocus();
-    idlememory::releaseLater(qobject_cast<QQuickWindow *>(host.data()));
+    idlememory::releaseLater(host);
     postDidChangeState(false);
     deleteLater();
 }
