@@ -46,7 +46,9 @@ FocusScope {
                     destination: page.destination,
                     navigation: page.screen.navigation,
                     messageData: page.screen.attachmentSelection,
-                    knownTicketIds: page.screen.isListKnown ? page.screen.ticketIds : null,
+                    // Only a new conversation needs them, and there may be thousands.
+                    knownTicketIds: page.destination.kind === "newTicket" && page.screen.isListKnown
+                                    ? page.screen.ticketIds : null,
                     isOnTop: Qt.binding(() => page.isOnTop),
                     focus: true
                 })
