@@ -79,7 +79,7 @@ struct KeyboardFixture : Screens
                 equal = focus.rect == before ? equal + 1 : 0;
                 return focus.id != 0 && equal > 2 && isInWindow(focus);
             },
-            1000);
+            3000);
         return focus;
     }
 
