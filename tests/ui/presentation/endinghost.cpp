@@ -5,6 +5,8 @@
 #include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QRasterWindow>
+#include <QtQml/QQmlComponent>
+#include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
 
@@ -30,20 +32,29 @@ struct EndingDelegate final : TolvaneAnalyticsDelegate
     std::function<void()> end;
 };
 
+std::unique_ptr<QWindow> windowOf(QByteArrayView kind, QQmlEngine &engine)
+{
+    if (kind == "raster")
+        return std::make_unique<QRasterWindow>();
+    if (kind == "quick")
+        return std::make_unique<QQuickWindow>();
+    QQmlComponent component(&engine);
+    // A type with properties of its own is a QQuickWindow for qobject_cast, even in ~QWindow.
+    component.setData("import QtQuick; Window { property int number }", QUrl());
+    return std::unique_ptr<QWindow>(qobject_cast<QWindow *>(component.create()));
+}
+
 } // namespace
 
 /// Opens the messenger, and ends the process in the way that the first argument names, some
-/// milliseconds after the messenger has appeared. Hosts with "raster" as the third argument have a
-/// window without Qt Quick.
+/// milliseconds after the messenger has appeared. The third argument is the kind of the window:
+/// "raster" has no Qt Quick, "qml" is written in QML.
 int main(int argc, char **argv)
 {
     QGuiApplication app(argc, argv);
     const QByteArray way = argv[1];
-    std::unique_ptr<QWindow> window;
-    if (QByteArrayView(argv[3]) == "raster")
-        window = std::make_unique<QRasterWindow>();
-    else
-        window = std::make_unique<QQuickWindow>();
+    QQmlEngine engine;
+    std::unique_ptr<QWindow> window = windowOf(argv[3], engine);
     window->resize(400, 600);
     window->show();
     const auto delegate = std::make_shared<EndingDelegate>();

@@ -56,6 +56,7 @@ private Q_SLOTS:
                 QTest::addRow("%s, %s", way, window)
                     << QString::fromLatin1(way) << QString::fromLatin1(window);
         }
+        QTest::newRow("window first, qml") << u"window first"_s << u"qml"_s;
         QTest::newRow("moved item") << u"moved item"_s << u"quick"_s;
     }
 
