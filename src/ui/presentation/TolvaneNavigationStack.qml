@@ -79,15 +79,43 @@ FocusScope {
         }
     }
 
-    TolvaneContentView {
+    // By URL, since a conversation that opens first needs neither this view nor its types. They are
+    // loaded a second later, usually before the customer goes back.
+    Loader {
+        id: home
+
+        readonly property bool isOnTop: stack.pathLength === 0
+
+        function load() {
+            if (status === Loader.Null) {
+                setSource(Qt.resolvedUrl("../home/TolvaneContentView.qml"), {
+                    screen: stack.screen,
+                    focus: true,
+                    isOnTop: Qt.binding(() => home.isOnTop)
+                })
+            }
+        }
+
         x: stack.xOf(0)
         width: parent.width
         height: parent.height
         visible: stack.coveredFraction(0) < 1
-        screen: stack.screen
-        focus: stack.pathLength === 0
+        focus: isOnTop
         enabled: isOnTop
-        isOnTop: stack.pathLength === 0
+        onVisibleChanged: {
+            if (visible)
+                load()
+        }
+        Component.onCompleted: {
+            if (stack.coveredFraction(0) < 1)
+                load()
+        }
+    }
+
+    Timer {
+        interval: 1000
+        running: home.status === Loader.Null
+        onTriggered: home.load()
     }
 
     Repeater {
