@@ -13,6 +13,15 @@ namespace {
 // The cache key of a null image.
 constexpr qint64 nullImageKey = 0;
 
+void dispose(QQuickItem *item)
+{
+    if (!item)
+        return;
+    item->setParentItem(nullptr);
+    // Deferred: the item may be emitting the signal that replaces it.
+    item->deleteLater();
+}
+
 } // namespace
 
 AsyncImage::AsyncImage(QQuickItem *parent, const std::optional<QSizeF> &thumbnailSize)
@@ -52,6 +61,8 @@ void AsyncImage::setPlaceholder(QQmlComponent *placeholder)
     if (m_placeholder == placeholder)
         return;
     m_placeholder = placeholder;
+    dispose(m_placeholderItem);
+    m_placeholderItem = nullptr;
     if (m_shownImageKey == nullImageKey)
         show({});
     Q_EMIT placeholderChanged();
@@ -122,11 +133,14 @@ void AsyncImage::updateShownItem()
 void AsyncImage::show(const QImage &picture)
 {
     m_shownImageKey = picture.cacheKey();
-    if (picture.isNull())
-        replaceItem(createItem(m_placeholder ? *m_placeholder : defaultPlaceholder(), {}));
-    else
+    if (!picture.isNull()) {
         replaceItem(m_content ? createItem(*m_content, {{QStringLiteral("image"), picture}})
                               : nullptr);
+        return;
+    }
+    if (!m_placeholderItem)
+        m_placeholderItem = createItem(m_placeholder ? *m_placeholder : defaultPlaceholder(), {});
+    replaceItem(m_placeholderItem);
 }
 
 QQuickItem *AsyncImage::createItem(QQmlComponent &component, const QVariantMap &properties)
@@ -169,12 +183,14 @@ void AsyncImage::replaceItem(QQuickItem *item)
 {
     if (m_item) {
         m_item->disconnect(this);
-        m_item->setParentItem(nullptr);
-        // Deferred: the item may be emitting the signal that replaces it.
-        m_item->deleteLater();
+        if (m_item == m_placeholderItem)
+            m_item->setVisible(false);
+        else
+            dispose(m_item);
     }
     m_item = item;
     if (item) {
+        item->setVisible(true);
         item->setParent(this);
         item->setParentItem(this);
         connect(item, &QQuickItem::implicitWidthChanged, this, &AsyncImage::syncGeometry);

@@ -87,6 +87,9 @@ private:
     QPointer<QQmlComponent> m_content;
     QPointer<QQmlComponent> m_placeholder;
     QPointer<QQuickItem> m_item;
+    /// The shown or hidden placeholder. It is kept for the next URL, because it takes longer to
+    /// create than the content, and the items of rows are reused.
+    QPointer<QQuickItem> m_placeholderItem;
     /// The cache key of the shown picture; empty before anything is shown.
     std::optional<qint64> m_shownImageKey;
     bool m_isPresent = false;

@@ -156,6 +156,7 @@ private Q_SLOTS:
         fixture.root->setProperty("url", otherAddress);
         QCOMPARE(fixture.middle(), QColor(Qt::blue)); // The abandoned load has filled the caches.
         QCOMPARE(fixture.session->requests.size(), 2);
+        QCOMPARE(fixture.placeholders(), 1); // Creating one takes longer than all else.
     }
 
     void aPressLoadsABrokenPictureAgain()
