@@ -51,7 +51,7 @@ Pressable {
             brokenSize: Metrics.SmallNoticeIconSize
             retriesOnPress: false
 
-            Rectangle {
+            RoundedRectangle {
                 z: -1
                 anchors.fill: parent
                 radius: cell.cornerRadius
@@ -64,7 +64,7 @@ Pressable {
     Loader {
         anchors.fill: parent
         active: cell.remainingCount > 0
-        sourceComponent: Rectangle {
+        sourceComponent: RoundedRectangle {
             radius: cell.cornerRadius
             color: "#99000000"
 
