@@ -79,13 +79,16 @@ FocusScope {
         onTriggered: view.isAnimated = true
     }
 
-    RetryLine {
+    // Created when it is shown, because of its fonts.
+    Loader {
         id: failure
 
         width: view.width
-        visible: view.hasFailed
-        text: Strings.string("composer_send_failed").arg(view.composer.sendErrorText)
-        onRetryRequested: view.send()
+        active: view.hasFailed
+        sourceComponent: RetryLine {
+            text: Strings.string("composer_send_failed").arg(view.composer.sendErrorText)
+            onRetryRequested: view.send()
+        }
     }
 
     Item {
