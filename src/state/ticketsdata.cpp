@@ -12,6 +12,13 @@
 
 namespace tolvane {
 
+TicketsData::~TicketsData()
+{
+    m_state = State::idle(); // It shares the list.
+    if (m_tickets.size() > smallList)
+        destroyOnWorker(std::pair(std::move(m_tickets), std::move(m_lastValue)));
+}
+
 void TicketsData::setState(State state)
 {
     m_state = std::move(state);

@@ -29,6 +29,9 @@ public:
     using Tickets = QList<TicketPreviewDto>;
     using State = LoadingState<Tickets>;
 
+    TicketsData() = default;
+    ~TicketsData() override;
+
     const State &state() const { return m_state; }
     /// From the list before to that of the state, when changed() announces a fetched list. Workers
     /// have compared them.
