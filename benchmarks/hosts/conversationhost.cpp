@@ -113,7 +113,8 @@ void flingThroughMessages(ConversationBackend &, int messageCount)
           QStringLiteral("the conversation"), messageCount);
 }
 
-/// The same with a minimal list: rows as high as the messages, with texts only.
+/// The same with a minimal list: rows as high as the messages, with the same texts and nothing
+/// else.
 void flingThroughPlainList(ConversationBackend &, int messageCount)
 {
     constexpr const char *page = R"(
@@ -138,7 +139,7 @@ void flingThroughPlainList(ConversationBackend &, int messageCount)
                 Text {
                     x: 16
                     y: text.height + 52
-                    text: "5 days ago"
+                    text: "More than a week ago · " + (parent.index % 2 ? "Ines" : "You")
                     textFormat: Text.PlainText
                     font.pixelSize: 12
                 }
