@@ -70,11 +70,11 @@ void opening()
     RunningHost host(20);
     initialize();
     test::wait(2000ms);
-    const double before = privateMebibytes().sum();
+    const double before = privateMebibytes();
     report("first open", open(host));
     host.waitForList();
     test::wait(3000ms);
-    report("presentation's memory", privateMebibytes().sum() - before);
+    report("presentation's memory", privateMebibytes() - before);
     close(host);
     for (int round = 0; round < 5; ++round) {
         test::wait(200ms);
@@ -83,7 +83,7 @@ void opening()
         close(host);
     }
     test::wait(idlememory::keptFor + 1s);
-    report("memory after closing", privateMebibytes().sum() - before);
+    report("memory after closing", privateMebibytes() - before);
 }
 
 /// The same with a minimal interface of the host, in an engine of its own.
@@ -91,13 +91,13 @@ void openingPlain()
 {
     RunningHost host(20);
     test::wait(2000ms);
-    const double memory = privateMebibytes().sum();
+    const double memory = privateMebibytes();
     const double began = now();
     QQmlEngine engine;
     std::unique_ptr<QQuickItem> view = host.showPlain(engine);
     report("first plain view", nextFrame(host.window()) - began);
     test::wait(3000ms);
-    report("plain view's memory", privateMebibytes().sum() - memory);
+    report("plain view's memory", privateMebibytes() - memory);
     view.reset();
     for (int round = 0; round < 5; ++round) {
         test::wait(200ms);

@@ -30,8 +30,6 @@ int main(int argc, char **argv)
 #endif
     const double time = tolvane::bench::processMilliseconds();
     std::printf("start-up, %s: %f\n", subject, time);
-    const tolvane::bench::PrivateMemory memory = tolvane::bench::privateMebibytes();
-    std::printf("changed memory, %s: %f\n", subject, memory.changed);
-    std::printf("private memory, %s: %f\n", subject, memory.sum());
+    std::printf("memory after start-up, %s: %f\n", subject, tolvane::bench::privateMebibytes());
     return 0;
 }

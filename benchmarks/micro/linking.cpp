@@ -22,8 +22,7 @@ void measureLinking(Figures &figures)
                (starts.*figure)(what + ", not linked").value;
     };
     figures.record("start-up that linking adds", added(&Figures::minimum, "start-up"));
-    figures.record("changed memory that linking adds", added(&Figures::median, "changed memory"));
-    figures.record("private memory that linking adds", added(&Figures::median, "private memory"));
+    figures.record("memory that linking adds", added(&Figures::median, "memory after start-up"));
 }
 
 } // namespace tolvane::bench

@@ -36,36 +36,20 @@ inline double peakMebibytes()
     return peak.match(QString::fromUtf8(file.readAll())).captured(1).toDouble() / 1024;
 }
 
-/// The private memory of this process in MiB, without unused pages of the allocator.
-struct PrivateMemory
-{
-    /// Pages that are not in a file.
-    double changed = 0;
-    /// Pages of our own libraries. Those of other libraries become private and shared as other
-    /// processes start and end.
-    double ofOurLibraries = 0;
-
-    double sum() const { return changed + ofOurLibraries; }
-};
-
-inline PrivateMemory privateMebibytes()
+/// The memory of this process in MiB that is not in a file, without unused pages of the allocator.
+/// Pages of files become private and shared as other processes start and end.
+inline double privateMebibytes()
 {
     malloc_trim(0);
     QFile file(QStringLiteral("/proc/self/smaps"));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("Cannot read the memory usage");
-    PrivateMemory memory;
-    bool isOurs = false;
+    double kibibytes = 0;
     for (const QByteArray &line : file.readAll().split('\n')) {
-        const QByteArrayList words = line.simplified().split(' ');
-        if (words.size() > 4)
-            isOurs = line.contains("libTolvane");
-        else if (line.startsWith("Private_Dirty:"))
-            memory.changed += words.at(1).toDouble() / 1024;
-        else if (isOurs && line.startsWith("Private_Clean:"))
-            memory.ofOurLibraries += words.at(1).toDouble() / 1024;
+        if (line.startsWith("Private_Dirty:"))
+            kibibytes += line.simplified().split(' ').at(1).toDouble();
     }
-    return memory;
+    return kibibytes / 1024;
 }
 
 } // namespace tolvane::bench
