@@ -68,7 +68,7 @@ private:
 template <typename Action>
 double mainThreadTime(const Action &action)
 {
-    constexpr auto longEnough = 500ms;
+    constexpr auto longEnough = 150ms;
     const double start = threadMilliseconds();
     action();
     test::wait(longEnough);
