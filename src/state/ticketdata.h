@@ -64,7 +64,7 @@ public:
         const QList<MessageDto> &before, const QList<MessageDto> &after)>;
     /// Called on a worker for fetched lists, except for short ones, and before anybody sees them.
     void setDerivation(Derivation derive) { m_derive = std::move(derive); }
-    /// The result for the list that ticketChanged() announces; null if there is none.
+    /// The result for the list that ticketChanged() announces. Null for short and unchanged lists.
     const DerivedMessages *derivedMessages() const { return m_derived.get(); }
     const ErrorPtr &fetchError() const { return m_fetchError; }
     const ErrorPtr &sendError() const { return m_sendError; }
